@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Times the document core without a screen: bench_core FILE [open|serialise|select].
+// "open" ends as soon as the tree is filled and ready for commands, so that the whole process can be timed beside another program.
+#include "core/model/Serialise.h"
+#include "core/model/m_tvXML.h"
+#include "core/sync/Views.h"
+#include "platform/services/RealServices.h"
+#include "shell/frmMDIMain.h"
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <cstdio>
+
+namespace {
+
+class Nobody : public services::Prompts {
+public:
+    services::Answer MsgBox(const QString& text, services::Buttons, services::Icon, const QString&) override {
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+        return services::Answer::No;
+    }
+    QString OpenFileName(const QString&, const QString&) override { return {}; }
+    QString SaveFileName(const QString&, const QString&, const QString&) override { return {}; }
+    void Beep() override {}
+};
+
+class NoBar : public services::Progress {
+public:
+    void Begin(const QString&) override {}
+    bool Step(qint64, qint64) override { return true; }
+    void End() override {}
+};
+
+void Serialise(DocumentWindow& window) {
+    const auto root = window.tvXML.Nodes(1);
+    for (int round = 0; round < 5; ++round) {
+        QElapsedTimer timer;
+        timer.start();
+        const QString text = m_tvXML::GetTreeNodesXML(root, QStringLiteral("\t"));
+        const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
+        const double megabytes = static_cast<double>(text.size()) / 1e6;
+        std::printf("serialise: %.1f MB of text in %.3f s, %.0f MB/s\n", megabytes, seconds, megabytes / seconds);
+        if (!text.endsWith(u'>'))
+            std::puts("WRONG TEXT");
+    }
+}
+
+// The last child of the root element by its number, and its path: what a jump to the end of a large family costs.
+void Select(Application& app, DocumentWindow& window) {
+    const auto root = window.tvXML.Nodes(1);
+    auto element = root.LastChild();
+    const long number = m_tvXML::GetBeforeNodeNumber(app, element.LastChild());
+    for (int round = 0; round < 5; ++round) {
+        QElapsedTimer timer;
+        timer.start();
+        element.SetExpanded(true);
+        const auto last = m_tvXML::GetNodeByNumber(app, number, root);
+        window.tvXML.SetSelectedItem(last);
+        DoTree(window);
+        std::printf("select: child %d, %s in %.1f ms\n", last.Row() + 1, qPrintable(window.txtXPath.Text()),
+                    static_cast<double>(timer.nsecsElapsed()) / 1e6);
+        window.tvXML.SetSelectedItem(root);
+        DoTree(window);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication core(argc, argv);
+    if (argc < 2) {
+        std::puts("usage: bench_core FILE [open|serialise|select]");
+        return 2;
+    }
+    const QByteArray what = argc > 2 ? argv[2] : "open";
+    Nobody nobody;
+    NoBar noBar;
+    const auto settings = services::MakeIniSettings(QDir::tempPath() + QStringLiteral("/vantrel-bench.ini"));
+    const auto files = services::MakeFileSystem();
+    const auto http = services::MakeHttpClient();
+    const auto clock = services::MakeClock();
+    Application app(services::Services{nobody, noBar, *settings, *files, *http, *clock});
+    frmMDIMain frame(app);
+    frame.MDIForm_Load();
+    QElapsedTimer timer;
+    timer.start();
+    frame.MDIForm_Activate(QDir::current().absoluteFilePath(QString::fromLocal8Bit(argv[1])));
+    DocumentWindow* window = frame.ActiveForm();
+    if (!window || window->tvXML.Nodes.Count() < 3)
+        return 1;
+    std::printf("open: %d nodes in %.3f s\n", window->tvXML.Nodes.Count(),
+                static_cast<double>(timer.nsecsElapsed()) / 1e9);
+    std::fflush(stdout);
+    if (what == "open")
+        std::_Exit(0); // what the process frees on its way out is not part of opening
+    if (what == "serialise")
+        Serialise(*window);
+    if (what == "select")
+        Select(app, *window);
+    return 0;
+}

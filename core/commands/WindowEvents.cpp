@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/commands/WindowEvents.h"
+#include "core/model/Frame.h"
+#include "core/model/m_tvXML.h"
+#include "core/model/mXMLEdit.h"
+#include "core/sync/Files.h"
+#include "core/sync/TreeText.h"
+#include "core/sync/Views.h"
+
+namespace {
+
+using controls::TreeNode;
+
+// Qt key codes that the handlers look at.
+constexpr int kKeyReturn = Qt::Key_Return;
+constexpr int kKeyEnter = Qt::Key_Enter;
+
+bool IsArrow(int key) {
+    return key == Qt::Key_Left || key == Qt::Key_Up || key == Qt::Key_Right || key == Qt::Key_Down;
+}
+
+void ClearMessage(DocumentWindow& window) {
+    if (window.app.frame)
+        window.app.frame->StatusBar1().SetPanel(1, {});
+}
+
+void SetMenuSituation(DocumentWindow& window, MenuSituation situation) {
+    if (window.app.frame)
+        window.app.frame->SetMenuSituation(situation);
+}
+
+void tvXML_GotFocus(DocumentWindow& window) {
+    window.miPopupContext = kContextTree;
+    const bool root = m_tvXML::IsTreeRoot(window.tvXML.SelectedItem());
+    SetMenuSituation(window, root ? MenuSituation::TreeRoot : MenuSituation::TreeNode);
+}
+
+void tvXML_Click(DocumentWindow& window) {
+    ClearMessage(window);
+    window.mbKeyNavigation = false;
+    window.miPopupContext = kContextTree;
+    if (window.app.frame)
+        window.app.frame->SetToolBar();
+    const TreeNode node = window.tvXML.SelectedItem();
+    if (node && !node.TextView().isEmpty() && window.tbsXML.SelectedKey() == QStringLiteral("browserview"))
+        tbsXML_Click(window);
+}
+
+// Mouse up in the tree: menus and views follow the node.
+void tvXML_NodeClick(DocumentWindow& window) {
+    window.miPopupContext = kContextTree;
+    DoMenu(window);
+    const bool changed = window.bTreeChanged;
+    DoTree(window);
+    if (changed && window.tbsXML.SelectedKey() == QStringLiteral("browserview"))
+        tbsXML_Click(window);
+}
+
+// The root stays open.
+void tvXML_Collapse(TreeNode node) {
+    if (m_tvXML::IsTreeRoot(node))
+        node.SetExpanded(true);
+}
+
+void tvXML_KeyUp(DocumentWindow& window, int key) {
+    window.miPopupContext = kContextTree;
+    window.mbKeyNavigation = IsArrow(key);
+    if (window.mbKeyNavigation)
+        DoTree(window);
+}
+
+void ConnectTree(DocumentWindow& window) {
+    controls::TreeView& tree = window.tvXML;
+    tree.GotFocus.connect([&window] { tvXML_GotFocus(window); });
+    tree.LostFocus.connect([&window] { DoTree(window); });
+    tree.Click.connect([&window] { tvXML_Click(window); });
+    tree.NodeClick.connect([&window](TreeNode) { tvXML_NodeClick(window); });
+    tree.Expand.connect([&window](TreeNode) { window.miPopupContext = kContextTree; });
+    tree.Collapse.connect([](TreeNode node) { tvXML_Collapse(node); });
+    tree.KeyDown.connect([&window](int, int) { DoMenu(window); });
+    tree.KeyUp.connect([&window](int key, int) { tvXML_KeyUp(window, key); });
+}
+
+void ListView1_Attention(DocumentWindow& window) {
+    window.miPopupContext = kContextList;
+    SetMenuSituation(window, window.ListView1.SelectedItem() > 0 ? MenuSituation::ListSelected
+                                                                 : MenuSituation::ListUnselected);
+}
+
+// A double click on an element's row walks down to it.
+void ListView1_DblClick(DocumentWindow& window) {
+    const int row = window.ListView1.SelectedItem();
+    if (row == 0 || window.ListView1.Item(row).SmallIcon != 1)
+        return;
+    window.tvXML.SetSelectedItem(window.tvXML.Nodes.Find(window.ListView1.Item(row).Key));
+    DoTree(window);
+}
+
+void ConnectList(DocumentWindow& window) {
+    controls::ListView& list = window.ListView1;
+    list.GotFocus.connect([&window] { ListView1_Attention(window); });
+    list.Click.connect([&window] { ListView1_Attention(window); });
+    list.DblClick.connect([&window] { ListView1_DblClick(window); });
+    list.KeyUp.connect([&window](int key, int) {
+        if (key == kKeyReturn || key == kKeyEnter)
+            window.tvXML.SetFocus();
+        if (window.app.frame)
+            ShowNodePath(window, window.app.frame->StatusBar1());
+        window.miPopupContext = kContextList;
+    });
+}
+
+void TextChanged(DocumentWindow& window, bool secondPane) {
+    if (window.brtxtXML2Focus == secondPane && !window.bControlChange && window.bLoaded)
+        window.bTextChanged = true;
+}
+
+void ConnectPane(DocumentWindow& window, controls::RichTextBox& pane, bool second) {
+    pane.Change.connect([&window, second] { TextChanged(window, second); });
+    pane.GotFocus.connect([&window, second] {
+        window.brtxtXML2Focus = second;
+        window.miPopupContext = kContextText;
+        SetMenuSituation(window, window.TextInUse().SelLength() > 0 ? MenuSituation::TextSelected
+                                                                    : MenuSituation::TextUnselected);
+    });
+    pane.LostFocus.connect([&window, second] {
+        if (window.brtxtXML2Focus == second)
+            LeaveTextView(window);
+    });
+    pane.KeyDown.connect([&window](int, int) { window.miPopupContext = kContextText; });
+    pane.KeyUp.connect([&window](int, int) { ShowCursorPosition(window); });
+    pane.Click.connect([&window] {
+        window.miPopupContext = kContextText;
+        SelectNodeAtCaret(window);
+        ShowCursorPosition(window);
+    });
+}
+
+} // namespace
+
+void Form_Load(DocumentWindow& window) {
+    const Options& options = window.app.options;
+    window.rtxtXML.SetFont(options.TextName, options.TextSize);
+    window.rtxtXML2.SetFont(options.TextName, options.TextSize);
+    window.ListView1.ColumnHeaders = {QStringLiteral("Name"), QStringLiteral("Value"), QStringLiteral("Text")};
+    window.pctSplitText.SetVisible(false);
+    window.chtAna.SetVisible(false);
+    window.pctLHSplit.SetVisible(false);
+    ConnectTree(window);
+    ConnectList(window);
+    ConnectPane(window, window.rtxtXML, false);
+    ConnectPane(window, window.rtxtXML2, true);
+    window.tbsXML.Click.connect([&window] { tbsXML_Click(window); });
+    window.txtXPath.KeyUp.connect([&window](int key, int) {
+        if (key == kKeyReturn || key == kKeyEnter)
+            SelectTreeNodeByPath(window, window.txtXPath.Text());
+    });
+}
+
+void Form_Activate(DocumentWindow& window) {
+    Application& app = window.app;
+    if (app.frame)
+        app.frame->SetFormActivatedMenu(window);
+    SetVSplitPosition(window, window.msngVSplit);
+    if (app.frame)
+        app.frame->SetToolBar();
+    ExpandRoot(window);
+    if (window.tvXML.Nodes.Count() > 0) {
+        app.CurrentFileName = window.tvXML.Nodes(1).Text();
+        window.SetCaption(app.CurrentFileName);
+    }
+    if (app.frame)
+        app.frame->cmbAddress().SetText(mXMLEdit::IsLocalPath(window.Caption) ? window.Caption : QString());
+}
+
+void Form_Unload(DocumentWindow& window, bool& cancel) {
+    Application& app = window.app;
+    window.bUnloading = true;
+    if (app.frame && app.frame->FormCount() <= 1)
+        app.frame->SetMenuSituation(MenuSituation::NoForm);
+    SaveXMLFile(window, false, false);
+    if (window.bCancelSave) {
+        window.bCancelSave = false;
+        window.bUnloading = false;
+        cancel = true;
+        if (app.frame) // the window stays, and so does its menu
+            app.frame->SetFormActivatedMenu(window);
+        return;
+    }
+    if (app.frame) {
+        app.frame->cmbAddress().SetText(app.CurrentFileName);
+        if (mXMLEdit::GetAddressType(window.Caption) > 0) {
+            app.frame->UpdateFileMenu(window.Caption);
+            app.frame->AddToList(window.Caption);
+        }
+    }
+    if (!window.msTempFile.isEmpty())
+        mXMLEdit::DeleteFileIfExists(app, window.msTempFile);
+}

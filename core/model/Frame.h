@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/model/FetchedText.h"
+#include "platform/text/Fault.h"
+#include <QString>
+
+namespace controls {
+class StatusBar;
+class ComboBox;
+} // namespace controls
+struct DocumentWindow;
+
+/// Each situation of the active window that has its own state of menus and toolbars.
+enum class MenuSituation {
+    NoForm,
+    TreeRoot,
+    TreeNode,
+    ListSelected,
+    ListUnselected,
+    TextSelected,
+    TextUnselected,
+    TableSelected,
+    TableUnselected,
+    ViewWithoutEditing ///< browser and schema views: the edit menus are disabled
+};
+
+/// What document windows ask of the frame. The frame implements it; nobody below includes the frame itself.
+class Frame {
+public:
+    virtual ~Frame() = default;
+    virtual DocumentWindow* ActiveForm() = 0; ///< null without a window
+    virtual controls::StatusBar& StatusBar1() = 0; ///< panel 1: messages, panel 2: line and position
+    virtual controls::ComboBox& cmbAddress() = 0;
+
+    virtual void ErrorReportBox(const text::Fault& fault, const QString& routineName) = 0;
+
+    /// Makes a window with the text, or a new document for an empty one; a blank name gets "new", a number and the
+    /// extension of the kind. An open document of the same name is brought to the front instead.
+    virtual void NewXMLFile(const FetchedText& text, const QString& fileName) = 0;
+    virtual void NewSXMLFile(const FetchedText& text, const QString& fileName) = 0;
+
+    virtual void SetMenuSituation(MenuSituation situation) = 0;
+    /// The menu state that goes with the kind of the window that has become active.
+    virtual void SetFormActivatedMenu(DocumentWindow& window) = 0;
+    virtual void SetToolBar() = 0; ///< toolbars by the view in force
+
+    virtual void UpdateFileMenu(const QString& name) = 0; ///< puts a name in front of the recent files
+    virtual void AddToList(const QString& name) = 0;      ///< adds a name to the address box
+    virtual int FormCount() = 0;                          ///< open document windows
+};

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/model/Serialise.h"
+#include "core/model/m_tvXML.h"
+#include "platform/text/TextTools.h"
+
+namespace m_tvXML {
+
+namespace {
+
+using controls::TreeNode;
+using text::CompactView;
+
+enum Kind { kRoot = 0, kElement = 1, kText = 3, kInstruction = 7, kComment = 8 };
+
+// The text is written twice: once to learn its length, then into a text of exactly that length. So a document of any size costs
+// one allocation and no growing.
+class LengthSink {
+public:
+    void put(CompactView piece) { length_ += piece.length; }
+    void put(QStringView piece) { length_ += piece.size(); }
+    void repeat(QStringView piece, int times) { length_ += piece.size() * times; }
+    qsizetype length() const { return length_; }
+
+private:
+    qsizetype length_ = 0;
+};
+
+class TextSink {
+public:
+    explicit TextSink(qsizetype length) : text_(length, Qt::Uninitialized), at_(begin()) {}
+    void put(CompactView piece) { at_ = piece.copyTo(at_); }
+    void put(QStringView piece) { at_ = std::copy_n(piece.utf16(), piece.size(), at_); }
+    void repeat(QStringView piece, int times) {
+        for (int i = 0; i < times; ++i)
+            put(piece);
+    }
+    QString take() { return std::move(text_); }
+
+private:
+    char16_t* begin() { return reinterpret_cast<char16_t*>(text_.data()); }
+    QString text_;
+    char16_t* at_;
+};
+
+CompactView WithoutTrailingBlanks(CompactView view) {
+    while (view.length > 0 && view.at(view.length - 1) == u' ')
+        --view.length;
+    return view;
+}
+
+bool IsText(TreeNode node) {
+    return GetKeyType(node) == kText;
+}
+
+template <typename Sink> class Writer {
+public:
+    Writer(Sink& sink, QStringView unit) : sink_(sink), unit_(unit) {}
+
+    // Walks without recursion: a document may be deeper than the stack.
+    void write(TreeNode top) {
+        TreeNode node = top;
+        int level = GetNodeLevel(top);
+        bool opening = true;
+        while (true) {
+            if (opening) {
+                const int kind = GetKeyType(node);
+                open(node, kind, level);
+                if ((kind == kElement || kind == kRoot) && node.Child()) {
+                    node = node.Child();
+                    level += kind == kRoot ? 0 : 1;
+                    continue;
+                }
+            }
+            lineBreakBehind(node);
+            if (node == top)
+                return;
+            if (const TreeNode next = node.Next()) {
+                node = next;
+                opening = true;
+                continue;
+            }
+            node = node.Parent();
+            const bool root = GetKeyType(node) == kRoot;
+            level -= root ? 0 : 1;
+            if (!root)
+                close(node, level);
+            opening = false;
+        }
+    }
+
+private:
+    void open(TreeNode node, int kind, int level) {
+        switch (kind) {
+        case kComment:
+            sink_.put(u"<!--");
+            sink_.put(node.TagView());
+            sink_.put(u"-->");
+            break;
+        case kInstruction:
+            sink_.put(u"<?");
+            sink_.put(node.TextView());
+            sink_.put(u" ");
+            sink_.put(node.TagView());
+            sink_.put(u"?>");
+            break;
+        case kText:
+            sink_.put(node.TagView());
+            break;
+        case kElement:
+            openElement(node, level);
+            break;
+        default:
+            break; // CDATA sections, document types and the like are left out
+        }
+    }
+
+    void openElement(TreeNode node, int level) {
+        const TreeNode before = node.Previous();
+        if (!before || !IsText(before))
+            indent(level);
+        sink_.put(u"<");
+        const CompactView tag = WithoutTrailingBlanks(node.TagView());
+        if (tag.isEmpty()) {
+            sink_.put(WithoutTrailingBlanks(node.TextView()));
+        } else {
+            sink_.put(node.TextView());
+            sink_.put(u" ");
+            sink_.put(tag);
+        }
+        sink_.put(u">");
+        const TreeNode child = node.Child();
+        if (!child) {
+            sink_.put(u"</");
+            sink_.put(node.TextView());
+            sink_.put(u">");
+        } else if (!IsText(child)) {
+            sink_.put(u"\r\n");
+        }
+    }
+
+    void close(TreeNode node, int level) {
+        if (!IsText(node.LastChild())) {
+            sink_.put(u"\r\n");
+            indent(level);
+        }
+        sink_.put(u"</");
+        sink_.put(node.TextView());
+        sink_.put(u">");
+    }
+
+    void lineBreakBehind(TreeNode node) {
+        if (IsText(node))
+            return;
+        const TreeNode next = node.Next();
+        if (next && !IsText(next))
+            sink_.put(u"\r\n");
+    }
+
+    void indent(int level) { sink_.repeat(unit_, level - 1); }
+
+    Sink& sink_;
+    QStringView unit_;
+};
+
+} // namespace
+
+QString GetTreeNodesXML(TreeNode node, const QString& indentUnit) {
+    if (!node)
+        return {};
+    LengthSink length;
+    Writer<LengthSink>(length, indentUnit).write(node);
+    TextSink sink(length.length());
+    Writer<TextSink>(sink, indentUnit).write(node);
+    return sink.take();
+}
+
+qsizetype GetTextPositionByNodeNum(const QString& text, long number) {
+    if (number <= 0 || text::IsBlank(text))
+        return 0;
+    qsizetype at = text.indexOf(u'<');
+    for (long count = 0; at >= 0; at = text.indexOf(u'<', at + 1)) {
+        const bool endTag = at + 1 < text.size() && text[at + 1] == u'/';
+        if (!endTag && ++count == number)
+            return at + 1;
+    }
+    return 0;
+}
+
+long GetNodeNumByTextPosition(const QString& text, qsizetype position) {
+    if (position <= 0)
+        return 0;
+    const QStringView before = QStringView(text).left(position);
+    long number = 0;
+    for (qsizetype at = before.indexOf(u'<'); at >= 0; at = before.indexOf(u'<', at + 1)) {
+        const bool endTag = at + 1 < before.size() && before[at + 1] == u'/';
+        number += endTag ? 0 : 1;
+    }
+    return number;
+}
+
+} // namespace m_tvXML

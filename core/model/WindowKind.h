@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "platform/controls/Controls.h"
+#include <QString>
+#include <vector>
+
+struct DocumentWindow;
+
+/// All that differs between the two kinds of document window, at a glance.
+struct WindowKind {
+    QString Name;      ///< "frmXMLEdit" or "frmSXMLEdit", as faults report it
+    QString extension; ///< of new documents, with the dot: ".xml" or ".xsd"
+    bool schema;       ///< designs schemas: the schema menus are offered
+    std::vector<controls::TabStrip::Tab> tabs;
+};

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/model/Frame.h"
+#include "core/model/mXMLEdit.h"
+#include "core/sync/Files.h"
+#include "core/sync/TreeText.h"
+#include "platform/text/TextTools.h"
+#include "textview/fill/FillText.h"
+
+// The save cycle.
+
+namespace {
+
+using services::Answer;
+using services::Buttons;
+using services::Icon;
+
+// Brings tree and text together. True when the tree had changes that the text didn't show while the window is closing: the user is then
+// asked whatever the comparison with the opened text would say.
+bool BringTogether(DocumentWindow& window) {
+    if (window.miCurrentView != kViewTree && window.miCurrentView != kViewList) {
+        LeaveTextView(window);
+        return false;
+    }
+    if (window.bTextChanged)
+        LeaveTextView(window);
+    if (!window.bTreeChanged)
+        return false;
+    const controls::TreeNode selected = window.tvXML.SelectedItem();
+    TreeChangeTextView(window);
+    if (selected)
+        window.tvXML.SetSelectedItem(selected);
+    return window.bUnloading;
+}
+
+bool NothingToSave(DocumentWindow& window, bool bSaveAs) {
+    return !window.app.lastParseError && !bSaveAs && window.rtxtXML.Text() == window.msOpenText;
+}
+
+bool WantsSaving(DocumentWindow& window) {
+    const Answer answer =
+        window.app.services.prompts.MsgBox(QStringLiteral("This XML file has been changed. Do you want to save it?"),
+                                           Buttons::YesNoCancel, Icon::Question);
+    window.bCancelSave = answer == Answer::Cancel;
+    return answer == Answer::Yes;
+}
+
+QString AskSaveFileName(DocumentWindow& window) {
+    return window.app.services.prompts.SaveFileName(
+        QStringLiteral("Save As"),
+        QStringLiteral("XML File (*.xml)|*.xml|Schema File (*.xsd)|*.xsd|All files (*.*)|*.*"), window.Caption);
+}
+
+void TakeName(DocumentWindow& window, const QString& name) {
+    if (window.tvXML.Nodes.Count() > 0) {
+        controls::TreeNode root = window.tvXML.Nodes(window.Caption);
+        root.SetText(name);
+        root.SetKey(name);
+    }
+    window.SetCaption(name);
+    window.app.CurrentFileName = name;
+    if (window.app.frame)
+        window.app.frame->cmbAddress().SetText(name);
+}
+
+bool MayReplace(DocumentWindow& window, const QString& name) {
+    return window.app.services.prompts.MsgBox(name + QStringLiteral(" already exists. Do you want to replace it?"),
+                                              Buttons::YesNo, Icon::None,
+                                              QStringLiteral("Save file ...")) == Answer::Yes;
+}
+
+// The user may have let the declaration be changed on the way to the file: text and tree follow.
+// False when the user declined another encoding: that is no saving, and a closing window stays.
+bool Write(DocumentWindow& window, const QString& fileName) {
+    QString text = window.rtxtXML.Text();
+    if (mXMLEdit::WriteText(window.app, text, fileName, &window.fileForm) == mXMLEdit::SaveOutcome::Declined) {
+        window.bCancelSave = window.bUnloading;
+        return false;
+    }
+    if (text != window.rtxtXML.Text()) {
+        ChangeText(window, text, window.TextInUse().TextRTF());
+        window.bQuietParse = true;
+        XMLToTree(window, text, 0);
+    }
+    return true;
+}
+
+} // namespace
+
+void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck) try {
+    if (!bSkipCheck) {
+        const bool ask = BringTogether(window);
+        if (!ask && NothingToSave(window, bSaveAs))
+            return;
+    }
+    if (window.bUnloading && !WantsSaving(window))
+        return;
+    if (mXMLEdit::IsLocalPath(window.Caption) && !bSaveAs) {
+        if (!Write(window, window.Caption))
+            return;
+        if (window.app.frame)
+            window.app.frame->cmbAddress().SetText(window.app.CurrentFileName);
+    } else {
+        const QString name = AskSaveFileName(window);
+        if (name.isEmpty())
+            return;
+        const bool exists = mXMLEdit::FileExist(window.app, name);
+        TakeName(window, name);
+        if (exists && !MayReplace(window, name))
+            return;
+        if (!Write(window, name))
+            return;
+    }
+    // Whether the file was written isn't looked at: a refused write has told the user, and the window counts as saved.
+    window.bTextChanged = false;
+    window.msOpenText = window.rtxtXML.Text();
+} catch (const text::Fault& fault) {
+    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".SaveXMLFile"));
+}
+
+void SaveAs(DocumentWindow& window) {
+    SaveXMLFile(window, true, false);
+}

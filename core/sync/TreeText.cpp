@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/sync/TreeText.h"
+#include "core/model/Serialise.h"
+#include "core/model/m_tvXML.h"
+#include "core/model/mXMLEdit.h"
+#include "core/sync/Views.h"
+#include "platform/text/TextTools.h"
+#include "textview/fill/FillText.h"
+
+namespace {
+
+using controls::TreeNode;
+
+QString MakerComment() {
+    return QStringLiteral("edited with Vantrel v2.0 by Orvane (https://vantrel.example/)");
+}
+
+bool ShowsTextView(DocumentWindow& window) {
+    return window.tbsXML.SelectedKey() == QStringLiteral("textview");
+}
+
+// The bad text is shown as it came, the tree stays; a window without a document gets the default tree.
+void ShowBadText(DocumentWindow& window, const QString& text, const xml::ParsedDocument* document) {
+    Application& app = window.app;
+    if (window.tvXML.Nodes.Count() < 2)
+        AddTreeRoot(window, true);
+    TreeNode root = window.tvXML.Nodes(1);
+    if (root.Text() != app.CurrentFileName)
+        root.SetText(app.CurrentFileName);
+    if (window.rtxtXML.Text().isEmpty()) {
+        window.bControlChange = true;
+        window.rtxtXML.SetText(text);
+        window.rtxtXML2.SetText(text);
+        SetTreeXMLColor(window);
+        window.bControlChange = false;
+    }
+    window.tbsXML.Select(QStringLiteral("textview"));
+    if (document)
+        mXMLEdit::PointToErrorPos(app, document->parseError());
+}
+
+void FillTree(DocumentWindow& window, const xml::ParsedDocument& document) {
+    const controls::TreeUpdate update(window.tvXML);
+    AddTreeRoot(window, false);
+    m_tvXML::XMLChildNodesToTree(window.app, &window, document.document(), window.app.CurrentFileName, window.tvXML);
+}
+
+void SelectByNumber(DocumentWindow& window, long number) {
+    TreeNode node = m_tvXML::GetNodeByNumber(window.app, number, window.tvXML.Nodes(window.app.CurrentFileName));
+    window.tvXML.SetSelectedItem(node);
+    if (node)
+        node.SetExpanded(true);
+}
+
+QString TreeAsText(DocumentWindow& window) {
+    // A text node may hold a lone line feed; the text view writes every line end as CR LF.
+    return text::ToCrLf(m_tvXML::GetTreeNodesXML(window.tvXML.Nodes(window.Caption), QStringLiteral("\t")));
+}
+
+} // namespace
+
+void AddTreeRoot(DocumentWindow& window, bool withDefaults) {
+    Application& app = window.app;
+    controls::TreeView& tree = window.tvXML;
+    const controls::TreeUpdate update(tree);
+    tree.Nodes.Clear();
+    const TreeNode root = tree.Nodes.Add({}, 0, app.CurrentFileName, app.CurrentFileName, QStringLiteral("xmlroot"),
+                                         QStringLiteral("openxmlroot"));
+    if (withDefaults) {
+        const QString instruction = QStringLiteral("processinginstruction");
+        TreeNode declaration = tree.Nodes.Add(root, controls::tvwChild, m_tvXML::GetDistinctElementKey(app, 7),
+                                              QStringLiteral("xml"), instruction, instruction);
+        declaration.SetTag(QStringLiteral("version=\"1.0\" encoding=\"%1\"").arg(app.options.Encoding));
+        const QString comment = QStringLiteral("comment");
+        TreeNode maker = tree.Nodes.Add(root, controls::tvwChild, m_tvXML::GetDistinctElementKey(app, 8),
+                                        QStringLiteral("#comment"), comment, comment);
+        maker.SetTag(MakerComment());
+        tree.SetSelectedItem(root);
+    }
+}
+
+ParsedRoot XMLToTree(DocumentWindow& window, const QString& text, long selectNumber) try {
+    ParsedRoot root;
+    if (text::Trim(text).isEmpty()) {
+        AddTreeRoot(window, false);
+        return root;
+    }
+    if (!mXMLEdit::LoadXMLDocFromString(window.app, text, root.document, window.bQuietParse)) {
+        ShowBadText(window, text, root.document.get());
+        root.document.reset();
+    } else {
+        root.element = root.document->documentElement();
+        FillTree(window, *root.document);
+        if (ShowsTextView(window) || window.rtxtXML.Text().isEmpty())
+            TreeChangeTextView(window);
+        SelectByNumber(window, selectNumber);
+    }
+    window.bQuietParse = false;
+    return root;
+} catch (const text::Fault& fault) {
+    window.bQuietParse = false;
+    ErrorReportBox(window.app, fault, QStringLiteral("m_tvXML@XMLToTree"));
+    return {};
+}
+
+void TreeToTextView(DocumentWindow& window) try {
+    if (window.tvXML.Nodes.Count() >= 2 && !text::Trim(window.Caption).isEmpty())
+        SetRichText(window, TreeAsText(window));
+} catch (const text::Fault& fault) {
+    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".TreeToTextView"));
+}
+
+void TreeChangeTextView(DocumentWindow& window) try {
+    if (IsAddingNewNode(window))
+        return;
+    window.bTreeChanged = false;
+    controls::RichTextBox& target = window.TextInUse();
+    if (window.tvXML.Nodes.Count() < 2) {
+        ChangeText(window, {}, target.TextRTF());
+        return;
+    }
+    const TreeNode selected = window.tvXML.SelectedItem();
+    if (!text::Trim(window.Caption).isEmpty()) {
+        const QString xml = TreeAsText(window);
+        // The text is tried even where it will be taken anyway: status panel and last parse error tell how it stands.
+        const bool valid = mXMLEdit::ValidateXML(window.app, xml, true);
+        if ((valid || !text::Trim(xml).isEmpty()) && target.Text() != xml)
+            ChangeText(window, xml, target.TextRTF());
+    }
+    if (selected)
+        window.tvXML.SetSelectedItem(selected);
+    window.bControlChange = false;
+} catch (const text::Fault& fault) {
+    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".TreeChangeTextView"));
+}
+
+bool IsAddingNewNode(DocumentWindow& window) {
+    const TreeNode selected = window.tvXML.SelectedItem();
+    if (!selected)
+        return false;
+    for (TreeNode child = selected.Child(); child; child = child.Next()) {
+        if (child.TextView().isEmpty())
+            return true;
+    }
+    return false;
+}

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/ControlEvents.h"
+#include <QApplication>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QTimer>
+
+namespace {
+
+bool KeepsFocus(Qt::FocusReason reason) {
+    return reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
+}
+
+/// Takes the mouse press that is about to be delivered.
+class PressEater : public QObject {
+public:
+    explicit PressEater(QObject* parent) : QObject(parent) {
+        qApp->installEventFilter(this);
+        QTimer::singleShot(0, this, [this] { deleteLater(); });
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        return event->type() == QEvent::MouseButtonPress;
+    }
+};
+
+/// Notices a dialog that opens while it lives: the windows behind one are told that they are blocked.
+class DialogWatch : public QObject {
+public:
+    DialogWatch() { qApp->installEventFilter(this); }
+    bool seen = false;
+    bool eventFilter(QObject*, QEvent* event) override {
+        seen = seen || event->type() == QEvent::WindowBlocked;
+        return false;
+    }
+};
+
+} // namespace
+
+ControlEvents::ControlEvents(QWidget& widget, QObject* parent) : QObject(parent) {
+    widget.installEventFilter(this);
+}
+
+bool ControlEvents::eventFilter(QObject*, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        if (!std::exchange(hasFocus_, true) && gotFocus)
+            gotFocus();
+        break;
+    case QEvent::FocusOut:
+        pressed_.clear();
+        if (!KeepsFocus(static_cast<QFocusEvent*>(event)->reason()))
+            FocusOut();
+        break;
+    case QEvent::KeyPress: {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        pressed_.insert(key->key());
+        if (keyDown)
+            keyDown(key->key(), static_cast<int>(key->modifiers()));
+        break;
+    }
+    case QEvent::KeyRelease: {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool known = key->isAutoRepeat() ? pressed_.contains(key->key()) : pressed_.remove(key->key());
+        if (known && keyUp)
+            keyUp(key->key(), static_cast<int>(key->modifiers()));
+        break;
+    }
+    default:
+        break;
+    }
+    return false;
+}
+
+// A box that opens while a mouse press moves the focus has taken that press: without this the click would go on and, say,
+// hide the very text whose fault the box was about.
+void ControlEvents::FocusOut() {
+    if (!std::exchange(hasFocus_, false) || !lostFocus)
+        return;
+    const bool byMouse = QApplication::mouseButtons() != Qt::NoButton;
+    const DialogWatch dialogs;
+    lostFocus();
+    if (byMouse && dialogs.seen)
+        new PressEater(qApp);
+}

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "desktop/DocumentView.h"
+#include <QMdiSubWindow>
+
+/// The frame around a document's widgets. Its X only asks: the window goes when the document does.
+class DocumentSubWindow : public QMdiSubWindow {
+    Q_OBJECT
+public:
+    explicit DocumentSubWindow(DocumentWindow& window);
+    DocumentWindow* Window() const { return window_; } ///< null once detached
+    DocumentView& View() const { return *view_; }
+    void Detach();
+
+Q_SIGNALS:
+    void closeWanted();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    DocumentWindow* window_;
+    DocumentView* view_;
+};

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/DocumentView.h"
+#include "core/sync/Views.h"
+#include "desktop/BrowserAdapter.h"
+#include "desktop/LineAdapter.h"
+#include "desktop/ListAdapter.h"
+#include "desktop/TabAdapter.h"
+#include "desktop/TextAdapter.h"
+#include "desktop/TreeAdapter.h"
+#include "desktop/Twips.h"
+#include "ui_frmXMLEdit.h"
+
+struct DocumentView::Adapters {
+    Adapters(DocumentWindow& window, const Ui::frmXMLEdit& ui, const QHash<QString, QWidget*>& pages)
+        : tree(window.tvXML, *ui.tvXML, nullptr),
+          list(window.ListView1, {*ui.listview, *ui.ListView1, *ui.ListView1Icons}, nullptr),
+          text(window.rtxtXML, *ui.rtxtXML, nullptr), text2(window.rtxtXML2, *ui.rtxtXML2, nullptr),
+          path(window.txtXPath, *ui.txtXPath, nullptr), browser(window.IE, *ui.browserview, nullptr),
+          tabs(window.tbsXML, *ui.tbsXML, *ui.pages, pages, nullptr) {}
+    TreeAdapter tree;
+    ListAdapter list;
+    TextAdapter text, text2;
+    LineAdapter path;
+    BrowserAdapter browser;
+    TabAdapter tabs;
+};
+
+DocumentView::DocumentView(DocumentWindow& window, QWidget* parent)
+    : QWidget(parent), window_(&window), ui_(std::make_unique<Ui::frmXMLEdit>()) {
+    ui_->setupUi(this);
+    setObjectName(window.kind.Name);
+    MakeAdapters();
+    ConnectLayout();
+}
+
+DocumentView::~DocumentView() = default;
+
+void DocumentView::MakeAdapters() {
+    const QHash<QString, QWidget*> pages{
+        {QStringLiteral("listview"), ui_->listview},       {QStringLiteral("textview"), ui_->textview},
+        {QStringLiteral("tableview"), ui_->tableview},     {QStringLiteral("browserview"), ui_->browserview},
+        {QStringLiteral("compactview"), ui_->compactview}, {QStringLiteral("schema"), ui_->txtSchema},
+    };
+    adapters_ = std::make_unique<Adapters>(*window_, *ui_, pages);
+}
+
+void DocumentView::ConnectLayout() {
+    ui_->pctSplit->setStretchFactor(0, 0);
+    ui_->pctSplit->setStretchFactor(1, 1);
+    const int left = ToPixels(window_->msngVSplit);
+    ui_->pctSplit->setSizes({left, std::max(width() - left, left)});
+    connect(ui_->pctSplit, &QSplitter::splitterMoved, this, [this](int position) {
+        if (window_)
+            SetVSplitPosition(*window_, ToTwips(position));
+    });
+
+    const auto showSecondPane = [this] {
+        if (window_)
+            ui_->rtxtXML2->setVisible(window_->pctSplitText.Visible());
+    };
+    showSecondPane();
+    Listen(window_->pctSplitText.changed, this, showSecondPane);
+
+    const auto showSchema = [this] {
+        if (window_)
+            ui_->txtSchema->setPlainText(window_->txtSchema.Text());
+    };
+    showSchema();
+    Listen(window_->txtSchema.changed, this, showSchema);
+    Listen(window_->txtSchema.focusRequested, this, [this] { ui_->txtSchema->setFocus(Qt::OtherFocusReason); });
+
+    for (QAbstractItemView* view : {static_cast<QAbstractItemView*>(ui_->tvXML),
+                                    static_cast<QAbstractItemView*>(ui_->ListView1),
+                                    static_cast<QAbstractItemView*>(ui_->ListView1Icons)}) {
+        view->setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(view, &QWidget::customContextMenuRequested, this, [this, view](const QPoint& place) {
+            Q_EMIT contextMenuWanted(view->viewport()->mapToGlobal(place));
+        });
+    }
+}
+
+void DocumentView::Detach() {
+    adapters_.reset();
+    window_ = nullptr;
+}
+
+QWidget* DocumentView::Page() const {
+    QWidget* page = ui_->pages->currentWidget();
+    if (page == ui_->listview)
+        return ui_->listview->currentWidget();
+    return page == ui_->textview ? ui_->rtxtXML : page;
+}
+
+void DocumentView::FocusFirst() {
+    if (ui_->pages->currentWidget() == ui_->textview)
+        Page()->setFocus(Qt::OtherFocusReason);
+    else
+        ui_->tvXML->setFocus(Qt::OtherFocusReason);
+}
+
+std::vector<QWidget*> DocumentView::Panes() const {
+    return {ui_->tvXML, ui_->txtXPath, ui_->tbsXML, Page()};
+}

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/ListAdapter.h"
+#include "desktop/Glyphs.h"
+#include "desktop/Twips.h"
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+ListAdapter::ListAdapter(controls::ListView& model, const ListWidgets& widgets, QObject* parent)
+    : QObject(parent), model_(model), widgets_(widgets), rows_(model, RowIcon), selection_(&rows_),
+      reportEvents_(widgets.report, this), iconEvents_(widgets.icons, this) {
+    connect(&rows_, &QAbstractItemModel::rowsAboutToBeRemoved, this, [this] { ++updating_; });
+    connect(&rows_, &QAbstractItemModel::modelAboutToBeReset, this, [this] { ++updating_; });
+    ConnectView(widgets.report);
+    ConnectView(widgets.icons);
+    reportEvents_.Bind(model);
+    iconEvents_.Bind(model);
+    const auto followed = [this] {
+        --updating_;
+        ShowSelected();
+    };
+    connect(&rows_, &QAbstractItemModel::rowsRemoved, this, followed);
+    connect(&rows_, &QAbstractItemModel::modelReset, this, followed);
+    connect(&selection_, &QItemSelectionModel::selectionChanged, this, &ListAdapter::UserSelected);
+    connect(&selection_, &QItemSelectionModel::currentChanged, this,
+            [this] { UserSelected(QItemSelection(), QItemSelection()); });
+
+    Listen(model.selectionChanged, this, [this] { ShowSelected(); });
+    Listen(model.viewChanged, this, [this] { ShowView(); });
+    Listen(model.focusRequested, this, [this] { Shown().setFocus(Qt::OtherFocusReason); });
+    ShowColumns();
+    ShowView();
+    ShowSelected();
+}
+
+QAbstractItemView& ListAdapter::Shown() const {
+    if (model_.View() == controls::lvwReport)
+        return widgets_.report;
+    return widgets_.icons;
+}
+
+void ListAdapter::ConnectView(QAbstractItemView& view) {
+    view.setModel(&rows_);
+    const std::unique_ptr<QItemSelectionModel> own(view.selectionModel());
+    view.setSelectionModel(&selection_);
+    view.viewport()->installEventFilter(this);
+    connect(&view, &QAbstractItemView::doubleClicked, this, [this] { model_.DblClick(); });
+}
+
+// --- the user's acts -------------------------------------------------------------------------------------
+
+void ListAdapter::UserSelected(const QItemSelection& selected, const QItemSelection& deselected) {
+    if (updating_ > 0)
+        return;
+    const QScopedValueRollback guard(updating_, updating_ + 1);
+    const auto take = [this](const QItemSelection& ranges, bool on) {
+        for (const QItemSelectionRange& range : ranges)
+            for (int row = range.top(); row <= range.bottom(); ++row)
+                model_.SetSelected(row + 1, on);
+    };
+    const int current = selection_.currentIndex().isValid() ? selection_.currentIndex().row() + 1 : 0;
+    if (current != model_.SelectedItem()) {
+        model_.SetSelectedItem(current);
+        if (current > 0) // it may be current without being selected
+            model_.SetSelected(current, selection_.isRowSelected(current - 1, {}));
+    }
+    take(deselected, false);
+    take(selected, true);
+}
+
+bool ListAdapter::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonRelease && watched == Shown().viewport())
+        MouseReleased(static_cast<QMouseEvent*>(event)->pos());
+    return false;
+}
+
+void ListAdapter::MouseReleased(const QPoint& place) {
+    model_.ItemClick(Shown().indexAt(place).row() + 1);
+    model_.Click();
+}
+
+// --- the model's changes -----------------------------------------------------------------------------------
+
+void ListAdapter::ShowSelected() {
+    if (updating_ > 0)
+        return;
+    const QScopedValueRollback guard(updating_, updating_ + 1);
+    QItemSelection selection;
+    const int last = rows_.columnCount() - 1;
+    for (int i = 1, end = model_.Count(); i <= end; ++i)
+        if (model_.Item(i).Selected)
+            selection.append(QItemSelectionRange(rows_.index(i - 1, 0), rows_.index(i - 1, last)));
+    selection_.select(selection, QItemSelectionModel::ClearAndSelect);
+    const int current = model_.SelectedItem();
+    const QModelIndex index = current > 0 ? rows_.index(current - 1, 0) : QModelIndex();
+    selection_.setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    if (index.isValid())
+        Shown().scrollTo(index);
+}
+
+void ListAdapter::ShowView() {
+    const bool hadFocus = widgets_.report.hasFocus() || widgets_.icons.hasFocus();
+    const bool large = model_.View() == controls::lvwIcon;
+    widgets_.icons.setViewMode(large ? QListView::IconMode : QListView::ListMode);
+    widgets_.icons.setMovement(QListView::Static);
+    widgets_.icons.setWrapping(true);
+    widgets_.icons.setIconSize(large ? QSize(32, 32) : QSize(16, 16));
+    widgets_.icons.setGridSize(large ? QSize(96, 72) : QSize());
+    widgets_.icons.setFlow(model_.View() == controls::lvwList ? QListView::TopToBottom : QListView::LeftToRight);
+    widgets_.pages.setCurrentWidget(&Shown());
+    if (hadFocus)
+        Shown().setFocus(Qt::OtherFocusReason);
+}
+
+void ListAdapter::ShowColumns() {
+    QHeaderView& header = *widgets_.report.header();
+    for (int i = 0; i < header.count(); ++i)
+        header.resizeSection(i, ToPixels(model_.ColumnWidths[static_cast<std::size_t>(i)]));
+    header.setStretchLastSection(true);
+}

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/MenuAdapter.h"
+#include "desktop/Listen.h"
+#include "desktop/ThemeIcons.h"
+#include <QKeySequence>
+
+QMenu* MenuAdapter::Fill(const std::vector<std::unique_ptr<controls::MenuItem>>& items, QMenuBar& bar) {
+    QMenu* menu = nullptr;
+    for (const auto& item : items) {
+        const bool inBar = item != items.back();
+        menu = new QMenu(&bar);
+        menu->setObjectName(item->Name);
+        FillMenu(*item, *menu);
+        Follow(*item, *menu->menuAction());
+        if (inBar)
+            bar.addMenu(menu);
+    }
+    return menu;
+}
+
+void MenuAdapter::FillMenu(const controls::MenuItem& item, QMenu& menu) {
+    menu.setToolTipsVisible(false);
+    for (const auto& entry : item.Items) {
+        if (entry->separator) {
+            menu.addSeparator();
+        } else if (!entry->Items.empty()) {
+            auto* sub = new QMenu(&menu);
+            sub->setObjectName(entry->Name);
+            FillMenu(*entry, *sub);
+            Follow(*entry, *sub->menuAction());
+            menu.addMenu(sub);
+        } else {
+            menu.addAction(MakeAction(*entry, &menu));
+        }
+    }
+}
+
+QAction* MenuAdapter::MakeAction(controls::MenuItem& item, QObject* owner) {
+    auto* action = new QAction(owner);
+    action->setObjectName(item.Name);
+    action->setMenuRole(QAction::NoRole);
+    if (!item.Icon.isEmpty())
+        action->setIcon(QIcon::fromTheme(item.Icon));
+    action->setShortcut(QKeySequence(item.Shortcut, QKeySequence::PortableText));
+    connect(action, &QAction::triggered, this, [&item] { item.Click(); });
+    Follow(item, *action);
+    return action;
+}
+
+void MenuAdapter::Follow(controls::MenuItem& item, QAction& action) {
+    const auto show = [&item, &action] {
+        // The caption of a recent file is a file name: it has no mnemonic.
+        QString text = item.Caption();
+        if (item.Index > 0)
+            text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+        action.setText(text);
+        action.setEnabled(item.Usable());
+        action.setVisible(item.Visible());
+    };
+    show();
+    Listen(item.changed, &action, show);
+}

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/QtPrompts.h"
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+
+using services::Answer;
+using services::Buttons;
+
+namespace {
+
+// A box shows so much of a text, and breaks words that are longer: a line of millions of characters would stop it.
+constexpr qsizetype kLongestText = 4000;
+constexpr int kLongestWord = 80;
+
+QString ForBox(const QString& text) {
+    QString shown = text.left(kLongestText);
+    if (shown.size() < text.size())
+        shown += QChar(0x2026);
+    shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    QString broken;
+    int word = 0;
+    for (const QChar unit : shown) {
+        word = unit.isSpace() ? 0 : word + 1;
+        if (word > kLongestWord && !unit.isLowSurrogate()) {
+            broken += QChar(0x200B); // a place to break, without width
+            word = 0;
+        }
+        broken += unit;
+    }
+    return broken;
+}
+
+QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
+    switch (buttons) {
+    case Buttons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Buttons::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+QMessageBox::Icon IconOf(services::Icon icon) {
+    switch (icon) {
+    case services::Icon::Information:
+        return QMessageBox::Information;
+    case services::Icon::Question:
+        return QMessageBox::Question;
+    case services::Icon::Exclamation:
+        return QMessageBox::Warning;
+    case services::Icon::Critical:
+        return QMessageBox::Critical;
+    case services::Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+Answer AnswerOf(int button) {
+    switch (button) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    case QMessageBox::Cancel:
+        return Answer::Cancel;
+    default:
+        return Answer::Ok;
+    }
+}
+
+QString Ask(QFileDialog& dialog, QString& folder) {
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    if (!folder.isEmpty())
+        dialog.setDirectory(folder);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    folder = dialog.directory().absolutePath();
+    return dialog.selectedFiles().constFirst();
+}
+
+} // namespace
+
+Answer QtPrompts::MsgBox(const QString& text, Buttons buttons, services::Icon icon, const QString& title) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ForBox(text));
+    box.setWindowTitle(title);
+    box.setIcon(IconOf(icon));
+    box.setStandardButtons(ButtonsOf(buttons));
+    box.setDefaultButton(buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes);
+    const auto escape = buttons == Buttons::YesNoCancel ? QMessageBox::Cancel
+                        : buttons == Buttons::YesNo     ? QMessageBox::No
+                                                        : QMessageBox::Ok;
+    box.setEscapeButton(escape);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return AnswerOf(box.exec());
+}
+
+QString QtPrompts::OpenFileName(const QString& title, const QString& filter) {
+    QFileDialog dialog(QApplication::activeWindow(), title);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilters(NameFilters(filter));
+    return Ask(dialog, folder_);
+}
+
+// Whether an existing file may be replaced is asked by the one who saves.
+QString QtPrompts::SaveFileName(const QString& title, const QString& filter, const QString& suggested) {
+    QFileDialog dialog(QApplication::activeWindow(), title);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setNameFilters(NameFilters(filter));
+    const QFileInfo given(suggested);
+    QString folder = given.isAbsolute() ? given.absolutePath() : folder_;
+    if (!suggested.isEmpty())
+        dialog.selectFile(given.fileName());
+    const QString name = Ask(dialog, folder);
+    if (!name.isEmpty())
+        folder_ = folder;
+    return name;
+}
+
+void QtPrompts::Beep() {
+    QApplication::beep();
+}
+
+QStringList QtPrompts::NameFilters(const QString& filter) {
+    const QStringList parts = filter.split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QStringList patterns = parts[i + 1].split(QLatin1Char(';'), Qt::SkipEmptyParts);
+        patterns.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
+        filters += QStringLiteral("%1 (%2)").arg(parts[i], patterns.join(QLatin1Char(' ')));
+    }
+    return filters;
+}

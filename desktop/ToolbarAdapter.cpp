@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/ToolbarAdapter.h"
+#include "desktop/Glyphs.h"
+#include "desktop/Listen.h"
+#include "desktop/ThemeIcons.h"
+#include <QMenu>
+#include <QToolButton>
+
+namespace {
+
+// Buttons that insert a character's entity show the character.
+QIcon ButtonIcon(const controls::ToolButton& button) {
+    static const QHash<QString, QString> signs{
+        {QStringLiteral("quote"), QStringLiteral("\"")},
+        {QStringLiteral("apostraphe"), QStringLiteral("'")},
+        {QStringLiteral("lt"), QStringLiteral("<")},
+        {QStringLiteral("gt"), QStringLiteral(">")},
+        {QStringLiteral("amp"), QStringLiteral("&")},
+    };
+    const auto sign = signs.constFind(button.Key);
+    return sign != signs.constEnd() ? SignIcon(*sign) : ThemeIcon(button.Icon, button.ToolTip);
+}
+
+} // namespace
+
+ToolbarAdapter::ToolbarAdapter(controls::Toolbar& model, QToolBar& widget, QObject* parent)
+    : QObject(parent), widget_(widget) {
+    widget.setObjectName(model.Name);
+    widget.setWindowTitle(model.Caption);
+    for (const auto& button : model.Buttons)
+        Add(*button);
+}
+
+void ToolbarAdapter::Add(controls::ToolButton& button) {
+    auto* action = new QAction(&widget_);
+    action->setObjectName(button.Key);
+    action->setIcon(ButtonIcon(button));
+    QString text = button.ToolTip;
+    action->setText(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
+    action->setToolTip(button.ToolTip);
+    const auto show = [&button, action] { action->setEnabled(button.Usable()); };
+    show();
+    Listen(button.changed, action, show);
+    connect(action, &QAction::triggered, this, [&button] { button.Click(); });
+    widget_.addAction(action);
+
+    auto* widget = qobject_cast<QToolButton*>(widget_.widgetForAction(action));
+    if (!widget)
+        return;
+    widget->setAccessibleName(button.ToolTip);
+    widget->setFocusPolicy(Qt::TabFocus);
+    if (button.ButtonMenus.empty())
+        return;
+    auto* menu = new QMenu(widget);
+    for (const auto& entry : button.ButtonMenus)
+        connect(menu->addAction(entry.Caption), &QAction::triggered, this,
+                [&button, key = entry.Key] { button.ButtonMenuClick(key); });
+    widget->setMenu(menu);
+    widget->setPopupMode(QToolButton::InstantPopup);
+}

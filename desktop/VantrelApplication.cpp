@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/VantrelApplication.h"
+#include <new>
+
+bool VantrelApplication::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const text::Fault& fault) {
+        if (faulted)
+            faulted(fault);
+    } catch (const std::bad_alloc&) {
+        if (outOfMemory)
+            outOfMemory();
+    }
+    return false;
+}

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/model/Application.h"
+#include "desktop/GivenNames.h"
+#include "desktop/MainWindow.h"
+#include "desktop/QtProgress.h"
+#include "desktop/QtPrompts.h"
+#include "desktop/ThemeIcons.h"
+#include "desktop/VantrelApplication.h"
+#include "platform/services/RealServices.h"
+#include "shell/frmMDIMain.h"
+#include <cstdlib>
+#include <unistd.h>
+
+namespace {
+
+// The web engine refuses to start its sandbox for root; for everybody else the sandbox stays.
+void PrepareWebEngine() {
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    if (geteuid() == 0)
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+}
+
+// For measuring: VANTREL_MEASURE=frame ends the program when the frame has been painted, =document when the given documents have
+// been, without the time that tidying up takes.
+void EndIfMeasured(const char* moment) {
+    if (qgetenv("VANTREL_MEASURE") != moment)
+        return;
+    QCoreApplication::processEvents();
+    std::_Exit(0);
+}
+
+// The first name is the command line's; the frame takes it when it has been painted.
+void OpenGivenNames(frmMDIMain& frame, const QStringList& names) {
+    if (names.isEmpty())
+        return;
+    frame.MDIForm_Activate(names.constFirst());
+    for (const QString& name : names.mid(1))
+        frame.OpenNamed(name);
+}
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    PrepareWebEngine();
+    VantrelApplication qt(argumentCount, arguments);
+    QApplication::setApplicationName(QStringLiteral("vantrel"));
+    ChooseIconTheme();
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("text-xml")));
+
+    QtPrompts prompts;
+    QtProgress progress;
+    const auto settings = services::MakeIniSettings();
+    const auto files = services::MakeFileSystem();
+    const auto http = services::MakeHttpClient();
+    const auto clock = services::MakeClock();
+    Application app({prompts, progress, *settings, *files, *http, *clock});
+    frmMDIMain frame(app);
+    frame.MDIForm_Load();
+    qt.faulted = [&frame](const text::Fault& fault) { frame.ErrorReportBox(fault, QStringLiteral("main")); };
+    qt.outOfMemory = [&prompts] {
+        prompts.MsgBox(QStringLiteral("Not enough memory for this."), services::Buttons::Ok, services::Icon::Critical,
+                       QStringLiteral("Vantrel"));
+    };
+
+    MainWindow window(frame);
+    const QStringList names = CommandLineNames(QApplication::arguments().mid(1));
+    QObject::connect(&window, &MainWindow::painted, &window, [&] {
+        EndIfMeasured("frame");
+        OpenGivenNames(frame, names);
+        EndIfMeasured("document");
+    });
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/models/ListModel.h"
+#include "desktop/models/OneLine.h"
+#include <QPointer>
+#include <utility>
+
+namespace desktop {
+
+namespace {
+constexpr int kColumns = 3;
+} // namespace
+
+ListModel::ListModel(controls::ListView& list, IconOf iconOf, QObject* parent)
+    : QAbstractTableModel(parent), list_(list), iconOf_(std::move(iconOf)) {
+    Follow();
+}
+
+void ListModel::Follow() {
+    const QPointer<ListModel> self(this); // the list outlives the model
+    const auto whileAlive = [self](auto act) {
+        return [self, act](auto... args) {
+            if (self)
+                act(*self, args...);
+        };
+    };
+    list_.aboutToReset.connect(whileAlive([](ListModel& model) {
+        model.beginResetModel();
+        model.replacing_ = true;
+    }));
+    list_.reset.connect(whileAlive([](ListModel& model) {
+        model.replacing_ = false;
+        model.endResetModel();
+    }));
+    list_.aboutToInsert.connect(
+        whileAlive([](ListModel& model, int row) { model.beginInsertRows({}, row, row); }));
+    list_.inserted.connect(whileAlive([](ListModel& model, int) { model.endInsertRows(); }));
+    list_.aboutToRemove.connect(
+        whileAlive([](ListModel& model, int row) { model.beginRemoveRows({}, row, row); }));
+    list_.removed.connect(whileAlive([](ListModel& model, int) { model.endRemoveRows(); }));
+    list_.changed.connect(whileAlive([](ListModel& model, int row) {
+        Q_EMIT model.dataChanged(model.index(row - 1, 0), model.index(row - 1, kColumns - 1));
+    }));
+}
+
+int ListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() || replacing_ ? 0 : list_.Count();
+}
+
+int ListModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : kColumns;
+}
+
+QVariant ListModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= rowCount())
+        return {};
+    const controls::ListItem& item = list_.Item(index.row() + 1);
+    const int column = index.column();
+    if (role == Qt::DisplayRole)
+        return OneLine(QStringView(column == 0 ? item.Text : item.Sub[static_cast<std::size_t>(column - 1)]));
+    return role == Qt::DecorationRole && column == 0 && iconOf_ ? iconOf_(item.SmallIcon) : QVariant();
+}
+
+QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    return list_.ColumnHeaders.value(section);
+}
+
+} // namespace desktop

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "nodes/fill/ShowListView.h"
+#include "core/model/m_tvXML.h"
+
+namespace {
+
+using controls::TreeNode;
+
+// Kinds of rows; they are the node types.
+enum Kind { kRoot = 0, kElement = 1, kAttribute = 2, kText = 3, kCData = 4, kInstruction = 7, kComment = 8 };
+
+TreeNode FirstTextChild(TreeNode node) {
+    TreeNode child = node.Child();
+    while (child && m_tvXML::GetKeyType(child) != kText)
+        child = child.Next();
+    return child;
+}
+
+void AddAllSubNodesToListView(DocumentWindow& window, TreeNode node) {
+    const int type = m_tvXML::GetKeyType(node);
+    if (type != kElement && !m_tvXML::IsTreeRoot(node))
+        return;
+    for (TreeNode child = node.Child(); child; child = child.Next()) {
+        const int kind = m_tvXML::GetKeyType(child);
+        const TreeNode firstText = FirstTextChild(child);
+        window.ListView1.Add(0, child.Key(), kind == kText ? QStringLiteral("Node Text") : child.Text(), kind,
+                             child.Tag(), firstText ? firstText.Tag() : QString());
+    }
+}
+
+void AddAttributeRows(DocumentWindow& window, TreeNode node) {
+    QStringList names;
+    QStringList values;
+    m_tvXML::GetAllAttributesNameAndValue(node.Tag(), names, values);
+    const QString key = node.Key();
+    for (int i = 0; i < names.size(); ++i) {
+        const QString rowKey = key + u'/' + names[i];
+        if (window.ListView1.IndexOf(rowKey) > 0)
+            continue; // a Tag that a probe let through may name an attribute twice
+        window.ListView1.SetItemTag(window.ListView1.Add(0, rowKey, names[i], kAttribute, values[i]), key);
+    }
+}
+
+void AddAllPropertiesToListView(DocumentWindow& window, TreeNode node) {
+    if (m_tvXML::IsTreeRoot(node))
+        return;
+    const auto own = [&](const QString& name, int kind) {
+        window.ListView1.Add(0, node.Key(), name, kind, node.Tag());
+    };
+    switch (m_tvXML::GetKeyType(node)) {
+    case kElement:
+        AddAttributeRows(window, node);
+        break;
+    case kText:
+        own(QStringLiteral("Node Text"), kText);
+        break;
+    case kCData:
+        own(QStringLiteral("CDATA"), kCData);
+        break;
+    case kInstruction:
+        own(QStringLiteral("xml version"), kInstruction);
+        break;
+    case kComment:
+        own(QStringLiteral("comment"), kComment);
+        break;
+    default:
+        window.app.services.prompts.MsgBox(QStringLiteral("This version can not support this xml node type"));
+    }
+}
+
+} // namespace
+
+void ShowListView(DocumentWindow& window) {
+    controls::ListView& list = window.ListView1;
+    const QString selectedKey = list.SelectedItem() > 0 ? list.Item(list.SelectedItem()).Key : QString();
+    const TreeNode node = window.tvXML.SelectedItem();
+    list.BeginUpdate();
+    list.Clear();
+    list.Tag = node ? node.Key() : QString();
+    if (node) {
+        AddAllSubNodesToListView(window, node);
+        AddAllPropertiesToListView(window, node);
+    }
+    list.ClearSelected();
+    list.SetSelectedItem(selectedKey.isEmpty() ? 0 : list.IndexOf(selectedKey));
+    list.EndUpdate();
+}
+
+QString GetFirstNodeText(TreeNode node, QString& key) {
+    const TreeNode child = node ? FirstTextChild(node) : TreeNode();
+    key = child ? child.Key() : QString();
+    return child ? child.Tag() : QString();
+}

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "platform/controls/Event.h"
+#include <QString>
+#include <QStringList>
+#include <memory>
+#include <vector>
+
+// The small controls: each holds its state, tells its widget through `changed`, and raises the user's acts as events.
+// A setter that changes nothing announces nothing.
+namespace controls {
+
+/// One line of text.
+class TextBox {
+public:
+    const QString& Text() const { return text_; }
+    void SetText(const QString& text);
+    bool Enabled() const { return enabled_; }
+    void SetEnabled(bool enabled);
+    bool Visible() const { return visible_; }
+    void SetVisible(bool visible);
+    QString Tag;
+    void UserTyped(const QString& text); ///< sets the text and raises Change
+    Event<> Change;
+    Event<int, int> KeyDown, KeyUp; ///< Qt key code, Qt modifiers
+    Event<> GotFocus, LostFocus;
+    Event<> changed, focusRequested;
+    void SetFocus() { focusRequested(); }
+
+private:
+    QString text_;
+    bool enabled_ = true, visible_ = true;
+};
+
+/// A text with a list of offers.
+class ComboBox {
+public:
+    const QString& Text() const { return text_; }
+    void SetText(const QString& text);
+    const QStringList& Items() const { return items_; }
+    void AddItem(const QString& text, int position = -1); ///< 0-based position, -1: behind the last
+    void Clear();
+    int ListIndex() const; ///< 0-based, -1 when no item is chosen
+    void SetListIndex(int index); ///< also sets the text; out of range: no effect
+    void UserTyped(const QString& text); ///< sets the text and raises Change
+    void UserChose(int index);           ///< sets text and index and raises Click
+    Event<> Change, Click;
+    Event<int, int> KeyUp;
+    Event<> changed; ///< text or items
+
+private:
+    QString text_;
+    QStringList items_;
+    int index_ = -1;
+};
+
+/// Tabs with key and caption; one is selected.
+class TabStrip {
+public:
+    struct Tab {
+        QString Key, Caption;
+    };
+    void SetTabs(std::vector<Tab> tabs); ///< selects the first without raising Click
+    const std::vector<Tab>& Tabs() const { return tabs_; }
+    const QString& SelectedKey() const; ///< empty without tabs
+    int SelectedIndex() const { return selected_; } ///< 0-based
+    /// Selects a tab; raises Click when it is another one, whether program or user did it. Unknown key: Fault 35601.
+    void Select(const QString& key);
+    Event<> Click;
+    Event<> changed;
+
+private:
+    std::vector<Tab> tabs_;
+    int selected_ = 0;
+};
+
+/// A menu entry with its submenu. Built once from data; found by name.
+class MenuItem {
+public:
+    QString Name;     ///< the control's name; empty for a separator
+    QString Shortcut; ///< portable text such as "Ctrl+S"; empty for none
+    QString Icon;     ///< name in the icon theme; may be empty
+    int Index = 0;    ///< number in an array of entries with one name, else 0
+    bool separator = false;
+    bool HasCommand = false; ///< something answers when it is chosen
+    std::vector<std::unique_ptr<MenuItem>> Items;
+
+    const QString& Caption() const { return caption_; }
+    void SetCaption(const QString& caption);
+    bool Enabled() const { return enabled_; }
+    void SetEnabled(bool enabled);
+    bool Visible() const { return visible_; }
+    void SetVisible(bool visible);
+    /// What the user sees: enabled, and something answers (or it opens a submenu).
+    bool Usable() const { return enabled_ && (HasCommand || !Items.empty()); }
+    Event<> Click;
+    Event<> changed;
+
+private:
+    QString caption_;
+    bool enabled_ = true, visible_ = true;
+};
+
+/// A toolbar button, with drop-down entries where it has any.
+class ToolButton {
+public:
+    QString Key, ToolTip, Icon;
+    struct Entry {
+        QString Key, Caption;
+    };
+    std::vector<Entry> ButtonMenus;
+    bool HasCommand = false;
+    bool Enabled() const { return enabled_; }
+    void SetEnabled(bool enabled);
+    bool Usable() const { return enabled_ && HasCommand; }
+    Event<> Click;
+    Event<QString> ButtonMenuClick; ///< key of the entry
+    Event<> changed;
+
+private:
+    bool enabled_ = true;
+};
+
+class Toolbar {
+public:
+    QString Name;
+    QString Caption; ///< shown where toolbars are listed
+    std::vector<std::unique_ptr<ToolButton>> Buttons;
+    ToolButton& Button(const QString& key) const; ///< throws Fault 35601
+};
+
+/// Panels with texts, counted from 1.
+class StatusBar {
+public:
+    explicit StatusBar(int panels = 2) : texts_(panels) {}
+    QString Panel(int panel) const;                  ///< throws Fault 35600
+    void SetPanel(int panel, const QString& text);   ///< throws Fault 35600
+    int Count() const { return static_cast<int>(texts_.size()); }
+    Event<int> changed;
+
+private:
+    QStringList texts_;
+};
+
+/// A page view: told where to go, and shown once its tab is.
+class WebBrowser {
+public:
+    const QString& LocationURL() const { return location_; }
+    void Navigate(const QString& location); ///< a local path or an address; always announces, also for the same place
+    void SetFocus() { focusRequested(); }
+    Event<> navigated, focusRequested;
+
+private:
+    QString location_;
+};
+
+/// A part of a window that stands in front of its fellows or not.
+class Pane {
+public:
+    bool Visible() const { return visible_; }
+    void SetVisible(bool visible);
+    void ZOrder() { broughtToFront(); }
+    void SetFocus() { focusRequested(); }
+    Event<> changed, broughtToFront, focusRequested;
+
+private:
+    bool visible_ = true;
+};
+
+} // namespace controls

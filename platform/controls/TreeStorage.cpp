@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/controls/TreeStorage.h"
+#include "platform/controls/Faults.h"
+
+namespace controls {
+
+namespace {
+// Replaced texts stay in the pool until they are this much, and half of it.
+constexpr std::size_t kWasteWorthCompacting = 64u << 20;
+} // namespace
+
+bool TreeView::Storage::isLiving(const TreeNode& node) {
+    if (!node.tree_)
+        return false;
+    const Storage& storage = *node.tree_->storage_;
+    return node.generation_ == storage.generation && (storage.nodes.at(node.slot_).flags & kRemoved) == 0;
+}
+
+TreeView::Storage& TreeView::Storage::of(const TreeNode& node) {
+    if (!isLiving(node))
+        Throw(text::kFaultNothing);
+    return *node.tree_->storage_;
+}
+
+std::uint32_t TreeView::Storage::slotOrNone(const TreeNode& node) const {
+    if (!node.tree_)
+        return 0;
+    if (&of(node) != this)
+        Throw(text::kFaultBadCall);
+    return node.slot_;
+}
+
+TreeNode TreeView::Storage::handle(std::uint32_t slot) const {
+    return slot != 0 ? TreeNode(&tree, slot, generation) : TreeNode();
+}
+
+// A node doesn't carry its own number, but its neighbour does: the sibling before it, else the parent.
+std::uint32_t TreeView::Storage::slotOf(const TreeNodeData* data) const {
+    if (!data || (data->flags & kRemoved) != 0)
+        return 0;
+    return data->previous != 0 ? nodes.at(data->previous).next : nodes.at(data->parent).firstChild;
+}
+
+std::uint32_t TreeView::Storage::link(std::uint32_t parent, std::uint32_t before) {
+    const std::uint32_t slot = nodes.add();
+    TreeNodeData& node = nodes.at(slot);
+    TreeNodeData& family = nodes.at(parent);
+    node.parent = parent;
+    node.next = before;
+    node.previous = before != 0 ? nodes.at(before).previous : family.lastChild;
+    (node.previous != 0 ? nodes.at(node.previous).next : family.firstChild) = slot;
+    (before != 0 ? nodes.at(before).previous : family.lastChild) = slot;
+    ++family.children;
+    order.append();
+    rows.inserted(slot);
+    return slot;
+}
+
+void TreeView::Storage::unlink(std::uint32_t slot) {
+    rows.aboutToRemove(slot);
+    const TreeNodeData& node = nodes.at(slot);
+    TreeNodeData& family = nodes.at(node.parent);
+    (node.previous != 0 ? nodes.at(node.previous).next : family.firstChild) = node.next;
+    (node.next != 0 ? nodes.at(node.next).previous : family.lastChild) = node.previous;
+    --family.children;
+}
+
+// Every node of an unlinked tree, parents first. Walks along the links: a tree may be deeper than the stack.
+void TreeView::Storage::dispose(std::uint32_t top) {
+    std::uint32_t slot = top;
+    while (true) {
+        TreeNodeData& node = nodes.at(slot);
+        keys.remove(slot);
+        order.remove(slot);
+        countWaste(node.tag);
+        if ((node.flags & kOwnText) != 0)
+            countWaste(node.text);
+        node.flags |= kRemoved;
+        if (slot == selected)
+            selected = 0;
+        if (node.firstChild != 0) {
+            slot = node.firstChild;
+            continue;
+        }
+        while (slot != top && nodes.at(slot).next == 0)
+            slot = nodes.at(slot).parent;
+        if (slot == top)
+            return;
+        slot = nodes.at(slot).next;
+    }
+}
+
+void TreeView::Storage::remove(std::uint32_t top) {
+    const TreeNodeData& node = nodes.at(top);
+    const bool hadSelection = selected != 0;
+    if (node.parent == 0 && nodes.at(0).children == 1) {
+        removeAll(hadSelection);
+        return;
+    }
+    const std::uint32_t successor = node.next != 0       ? node.next
+                                    : node.previous != 0 ? node.previous
+                                                         : node.parent;
+    const TreeNode parent = handle(node.parent);
+    const bool told = !quiet() && (tree.aboutToRemove.isConnected() || tree.removed.isConnected());
+    const int row = told ? static_cast<int>(rows.rowOf(top)) : 0;
+    if (told)
+        tree.aboutToRemove(parent, row, row);
+    unlink(top);
+    dispose(top);
+    const bool selectionLost = hadSelection && selected == 0;
+    if (selectionLost)
+        selected = successor;
+    compactIfWasteful();
+    if (told)
+        tree.removed(parent, row, row);
+    if (selectionLost && !quiet())
+        tree.selectionChanged(handle(selected));
+}
+
+void TreeView::Storage::removeAll(bool hadSelection) {
+    if (!quiet())
+        tree.aboutToRemove(TreeNode(), 0, 0);
+    wipe();
+    if (quiet())
+        return;
+    tree.removed(TreeNode(), 0, 0);
+    if (hadSelection)
+        tree.selectionChanged(TreeNode());
+}
+
+void TreeView::Storage::wipe() {
+    nodes.clear();
+    order.clear();
+    keys.clear();
+    rows.clear();
+    pool.clear();
+    names.clear();
+    selected = 0;
+    wasted_ = 0;
+    ++generation;
+}
+
+void TreeView::Storage::setText(std::uint32_t slot, Ref ref, bool own) {
+    TreeNodeData& node = nodes.at(slot);
+    if ((node.flags & kOwnText) != 0)
+        countWaste(node.text);
+    node.text = ref;
+    node.flags = static_cast<std::uint8_t>(own ? node.flags | kOwnText : node.flags & ~kOwnText);
+    compactIfWasteful();
+    if (!quiet())
+        tree.changed(handle(slot));
+}
+
+void TreeView::Storage::setTag(std::uint32_t slot, Ref ref) {
+    TreeNodeData& node = nodes.at(slot);
+    if (node.text == node.tag && (node.flags & kOwnText) == 0)
+        node.flags |= kOwnText; // the text had the tag's storage and has it alone now
+    else
+        countWaste(node.tag);
+    node.tag = ref;
+    compactIfWasteful();
+    if (!quiet())
+        tree.changed(handle(slot));
+}
+
+void TreeView::Storage::select(std::uint32_t slot) {
+    if (selected == slot)
+        return;
+    selected = slot;
+    if (!quiet())
+        tree.selectionChanged(handle(slot));
+}
+
+void TreeView::Storage::countWaste(Ref ref) {
+    if (ref == 0)
+        return;
+    const text::CompactView view = pool.view(ref);
+    wasted_ += (view.wide ? std::size_t{view.length} * 2 : view.length) + 8;
+}
+
+// Not within an update: whoever fills the tree holds numbers of names.
+void TreeView::Storage::compactIfWasteful() {
+    if (!quiet() && wasted_ > kWasteWorthCompacting && wasted_ > pool.bytes() / 2)
+        compact();
+}
+
+void TreeView::Storage::compact() {
+    text::StringPool fresh;
+    QHash<Ref, Ref> newNumbers;
+    for (Ref& name : names) {
+        const Ref old = name;
+        name = fresh.add(pool.view(old));
+        newNumbers.insert(old, name);
+    }
+    for (std::uint32_t slot = 1; slot < nodes.end(); ++slot) {
+        TreeNodeData& node = nodes.at(slot);
+        if ((node.flags & kRemoved) != 0)
+            continue;
+        const Ref text = node.text, tag = node.tag;
+        node.tag = tag != 0 ? fresh.add(pool.view(tag)) : 0;
+        if (text == tag)
+            node.text = node.tag;
+        else if (const auto name = newNumbers.constFind(text); name != newNumbers.constEnd())
+            node.text = *name;
+        else if (text != 0)
+            node.text = fresh.add(pool.view(text));
+    }
+    pool = std::move(fresh);
+    wasted_ = 0;
+}
+
+std::size_t TreeView::Storage::bytes() const {
+    std::size_t named = static_cast<std::size_t>(names.capacity()) * (sizeof(QString) + sizeof(Ref));
+    for (auto name = names.keyBegin(); name != names.keyEnd(); ++name)
+        named += static_cast<std::size_t>(name->capacity()) * sizeof(QChar);
+    return nodes.bytes() + order.bytes() + keys.bytes() + pool.bytes() + named;
+}
+
+} // namespace controls

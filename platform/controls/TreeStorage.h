@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "platform/controls/FamilyRows.h"
+#include "platform/controls/KeyTable.h"
+#include "platform/controls/NodeOrder.h"
+#include "platform/controls/NodeStore.h"
+#include "platform/controls/TreeView.h"
+
+namespace controls {
+
+/// All that a tree holds. Its routines change the nodes and announce it.
+struct TreeView::Storage {
+    using Ref = text::StringPool::Ref;
+
+    explicit Storage(TreeView& owner) : tree(owner) {}
+
+    /// The storage that a handle belongs to; throws Fault 91 for nothing and for a removed node.
+    static Storage& of(const TreeNode& node);
+    static bool isLiving(const TreeNode& node);
+    /// Slot of a handle of this tree, 0 for nothing; throws Fault 91 for a removed node and 5 for one of
+    /// another tree.
+    std::uint32_t slotOrNone(const TreeNode& node) const;
+    TreeNode handle(std::uint32_t slot) const;
+    std::uint32_t slotOf(const TreeNodeData* data) const; ///< 0 for null and for a removed node
+    bool quiet() const { return updates > 0; }
+
+    /// Adds a node without key, text and pictures; `before` 0: behind the last child. No announcement.
+    std::uint32_t link(std::uint32_t parent, std::uint32_t before);
+    void remove(std::uint32_t top);
+    void wipe(); ///< no node is left and all memory is given back; no announcement
+
+    void setText(std::uint32_t slot, Ref ref, bool own);
+    void setTag(std::uint32_t slot, Ref ref);
+    void select(std::uint32_t slot);
+    std::size_t bytes() const;
+
+    TreeView& tree;
+    NodeStore nodes;
+    NodeOrder order;
+    KeyTable keys{nodes};
+    FamilyRows rows{nodes};
+    text::StringPool pool;
+    QHash<QString, Ref> names; ///< interned
+    std::uint32_t selected = 0;
+    std::uint32_t generation = 1; ///< of the nodes; handles made before wipe() carry an earlier one
+    int updates = 0;
+
+    void compactIfWasteful();
+
+private:
+    void unlink(std::uint32_t slot);
+    void dispose(std::uint32_t top);
+    void removeAll(bool hadSelection);
+    void countWaste(Ref ref);
+    void compact();
+
+    std::size_t wasted_ = 0; ///< bytes in the pool that no node uses any more, about
+};
+
+} // namespace controls

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/controls/TreeView.h"
+#include "platform/controls/Faults.h"
+#include "platform/controls/TreeStorage.h"
+
+namespace controls {
+
+TreeView::TreeView() : storage_(std::make_unique<Storage>(*this)) {}
+
+TreeView::~TreeView() = default;
+
+TreeNode TreeView::SelectedItem() const {
+    return storage_->handle(storage_->selected);
+}
+
+void TreeView::SetSelectedItem(TreeNode node) {
+    storage_->select(storage_->slotOrNone(node));
+}
+
+void TreeView::BeginUpdate() {
+    if (storage_->updates++ == 0)
+        aboutToReset();
+}
+
+void TreeView::EndUpdate() {
+    if (storage_->updates == 0 || --storage_->updates > 0)
+        return;
+    storage_->compactIfWasteful();
+    reset();
+}
+
+text::StringPool::Ref TreeView::InternText(const QString& text) {
+    if (text.isEmpty())
+        return 0;
+    const auto known = storage_->names.constFind(text);
+    if (known != storage_->names.constEnd())
+        return *known;
+    const text::StringPool::Ref ref = storage_->pool.add(QStringView(text));
+    storage_->names.insert(text, ref);
+    return ref;
+}
+
+int TreeView::ImageIndex(const QString& image) const {
+    if (image.isEmpty())
+        return 0;
+    const qsizetype place = ImageList.indexOf(image) + 1;
+    // A node keeps the place in one byte.
+    if (place == 0 || place > 255)
+        Throw(text::kFaultNotFound);
+    return static_cast<int>(place);
+}
+
+TreeNode TreeView::AppendChild(TreeNode parent, std::uint8_t kind, std::uint32_t serial,
+                               text::StringPool::Ref text, int image, int selectedImage) {
+    const qsizetype pictures = std::min<qsizetype>(ImageList.size(), 255);
+    if (!storage_->quiet() || kind == kOddKey)
+        Throw(text::kFaultBadCall);
+    if (image < 0 || image > pictures || selectedImage < 0 || selectedImage > pictures)
+        Throw(text::kFaultNotFound);
+    const std::uint32_t parentSlot = storage_->slotOrNone(parent);
+    if (!storage_->keys.claim(storage_->nodes.end(), kind, serial))
+        Throw(text::kFaultKeyNotUnique);
+    const std::uint32_t slot = storage_->link(parentSlot, 0);
+    TreeNodeData& node = storage_->nodes.at(slot);
+    node.kind = kind;
+    node.serial = serial;
+    node.text = text;
+    node.image = static_cast<std::uint8_t>(image);
+    node.selectedImage = static_cast<std::uint8_t>(selectedImage);
+    return storage_->handle(slot);
+}
+
+void TreeView::SetTag(TreeNode node, text::CompactView tag) {
+    if (&Storage::of(node) != storage_.get())
+        Throw(text::kFaultBadCall);
+    if (!(node.TagView() == tag))
+        storage_->setTag(node.slot_, storage_->pool.add(tag));
+}
+
+void TreeView::SetTextFromTag(TreeNode node, std::uint32_t length) {
+    if (&Storage::of(node) != storage_.get())
+        Throw(text::kFaultBadCall);
+    const text::CompactView tag = node.TagView();
+    if (tag.length <= length) {
+        const text::StringPool::Ref ref = storage_->nodes.at(node.slot_).tag;
+        if (node.TextId() != ref && !(node.TextView() == tag))
+            storage_->setText(node.slot_, ref, false);
+        return;
+    }
+    text::CompactBuilder shortened;
+    shortened.append(text::CompactView{tag.data, length, tag.wide});
+    shortened.append("...", 3);
+    if (!(node.TextView() == shortened.view()))
+        storage_->setText(node.slot_, storage_->pool.add(shortened.view()), true);
+}
+
+TreeNode TreeView::NodeOf(const TreeNodeData* data) const {
+    return storage_->handle(storage_->slotOf(data));
+}
+
+TreeNode TreeView::ChildAt(TreeNode parent, int row) const {
+    const std::uint32_t family = storage_->slotOrNone(parent);
+    return row < 0 ? TreeNode()
+                   : storage_->handle(storage_->rows.childAt(family, static_cast<std::uint32_t>(row)));
+}
+
+int TreeView::TopCount() const {
+    return static_cast<int>(storage_->nodes.at(0).children);
+}
+
+std::size_t TreeView::bytes() const {
+    return storage_->bytes();
+}
+
+} // namespace controls

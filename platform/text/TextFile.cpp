@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/text/TextFile.h"
+#include "platform/text/Encodings.h"
+#include "platform/text/LineEnds.h"
+#include "platform/text/TextCoder.h"
+#include <optional>
+
+namespace text {
+
+namespace {
+
+constexpr qsizetype kDeclarationBytes = 1024;
+
+Code KnownCode(const char* name) {
+    return FindCode(QString::fromLatin1(name)).value_or(Code{});
+}
+
+/// Compares what an encoder makes of the text, piece by piece, with the bytes that the text came from.
+class RewriteCheck {
+public:
+    RewriteCheck(const Code& code, QByteArrayView bytes) : encoder_(MakeEncoder(code)), rest_(bytes) {}
+    void Append(const char16_t* units, std::size_t length) {
+        same_ =
+            same_ && encoder_->Append(QStringView(units, static_cast<qsizetype>(length))) < 0 && Compare();
+    }
+    bool Finish() {
+        encoder_->Finish();
+        return same_ && Compare() && rest_.isEmpty();
+    }
+
+private:
+    bool Compare() {
+        const QByteArrayView made = encoder_->Drain();
+        if (!rest_.startsWith(made))
+            return false;
+        rest_ = rest_.sliced(made.size());
+        return true;
+    }
+    std::unique_ptr<Encoder> encoder_;
+    QByteArrayView rest_;
+    bool same_ = true;
+};
+
+/// Reads the bytes strictly in this code; nothing when they don't fit.
+std::optional<Decoded> ReadAs(const Code& code, const QByteArray& bytes, qsizetype markSize) {
+    const QByteArrayView body = QByteArrayView(bytes).sliced(markSize);
+    const bool twoBytes = code.kind == Code::Kind::Utf16Le || code.kind == Code::Kind::Utf16Be;
+    LineEndReader reader(twoBytes ? body.size() / 2 : body.size());
+    const bool doubtful = code.kind == Code::Kind::Utf7 || code.kind == Code::Kind::Other;
+    std::optional<RewriteCheck> check;
+    if (doubtful)
+        check.emplace(code, body);
+    const Fit fit = DecodeBytes(code, body, [&](const char16_t* units, std::size_t length) {
+        reader.Append(units, length);
+        if (check)
+            check->Append(units, length);
+    });
+    if (fit == Fit::No)
+        return std::nullopt;
+    Decoded result;
+    result.text = reader.Finish(result.form.lineEnds);
+    result.form.encoding = QString::fromLatin1(code.name);
+    result.form.declared = DeclaredEncoding(result.text);
+    result.form.mark = markSize > 0;
+    if (fit == Fit::Halves || (check && !check->Finish())) {
+        result.form.originalBytes = std::make_shared<const QByteArray>(bytes);
+        result.form.originalText = result.text;
+    }
+    return result;
+}
+
+/// The code whose byte-order mark the bytes start with.
+std::optional<Code> MarkedCode(const QByteArray& bytes) {
+    // The mark of UTF-32LE starts like the one of UTF-16LE.
+    for (const char* name : {"UTF-32LE", "UTF-32BE", "UTF-8", "UTF-16LE", "UTF-16BE"}) {
+        Code code = KnownCode(name);
+        const bool whole = code.kind != Code::Kind::Other || bytes.size() % 4 == 0;
+        if (whole && bytes.startsWith(MarkOf(code)))
+            return code;
+    }
+    return std::nullopt;
+}
+
+/// A code of two or four bytes a character, recognised by the "<" in front.
+std::optional<Code> WideCode(const QByteArray& bytes) {
+    if (bytes.startsWith(QByteArray("<\0\0\0", 4)))
+        return KnownCode("UTF-32LE");
+    if (bytes.startsWith(QByteArray("\0\0\0<", 4)))
+        return KnownCode("UTF-32BE");
+    if (bytes.startsWith(QByteArray("<\0", 2)))
+        return KnownCode("UTF-16LE");
+    if (bytes.startsWith(QByteArray("\0<", 2)))
+        return KnownCode("UTF-16BE");
+    return std::nullopt;
+}
+
+/// The label of a declaration in bytes that hold ASCII characters as single bytes.
+QString LabelIn(QByteArrayView bytes) {
+    return DeclaredEncoding(QString::fromLatin1(bytes.first(std::min(bytes.size(), kDeclarationBytes))));
+}
+
+/// The last resorts, of which Latin-1 takes anything.
+Decoded ReadUndeclared(const QByteArray& bytes, qsizetype markSize) {
+    if (std::optional<Decoded> result = ReadAs(KnownCode("UTF-8"), bytes, markSize))
+        return *std::move(result);
+    if (const std::optional<Code> locale = LocaleCode()) {
+        if (std::optional<Decoded> result = ReadAs(*locale, bytes, markSize))
+            return *std::move(result);
+    }
+    return ReadAs(KnownCode("ISO-8859-1"), bytes, markSize).value_or(Decoded{});
+}
+
+/// Reads by the declaration, or without one. A mark of UTF-8 is kept aside, as it would spoil the text.
+Decoded ReadByDeclaration(const QByteArray& bytes, qsizetype markSize) {
+    const QString label = LabelIn(QByteArrayView(bytes).sliced(markSize));
+    const std::optional<Code> declared = label.isEmpty() ? std::nullopt : FindCode(label);
+    if (declared) {
+        std::optional<Decoded> result = ReadAs(*declared, bytes, markSize);
+        // A code in which the declaration itself reads differently can't be meant.
+        if (result && result->form.declared == label)
+            return *std::move(result);
+    }
+    Decoded result = ReadUndeclared(bytes, markSize);
+    if (!label.isEmpty()) {
+        result.warning =
+            (declared ? QStringLiteral("The bytes of the file aren't in the declared encoding \"%1\"; "
+                                       "it was read as %2.")
+                      : QStringLiteral("The declared encoding \"%1\" isn't known; the file was read "
+                                       "as %2."))
+                .arg(label, result.form.encoding);
+    }
+    return result;
+}
+
+/// What to tell about a declaration that names another code than the one that the first bytes gave away.
+QString Contradiction(const Decoded& read, const Code& code) {
+    const QString& label = read.form.declared;
+    const std::optional<Code> declared = FindCode(label);
+    if (label.isEmpty() || (declared && SameFamily(*declared, code)))
+        return {};
+    return QStringLiteral("The declared encoding is \"%1\", but the first bytes of the file say %2, as which "
+                          "it was read.")
+        .arg(label, read.form.encoding);
+}
+
+/// Whether the text has what a file in this code has in front.
+bool NeedsMark(const Code& code, const FileForm& form) {
+    if (QString::fromLatin1(code.name) == form.encoding)
+        return form.mark || code.markAlways;
+    return !code.byteCompatible;
+}
+
+/// The code to write a text in.
+Code CodeFor(const QString& text, const FileForm& form) {
+    const QString label = DeclaredEncoding(text);
+    return FindCode(label == form.declared ? form.encoding : label).value_or(Code{Code::Kind::Utf8, "UTF-8"});
+}
+
+} // namespace
+
+Decoded Decode(const QByteArray& bytes) {
+    const std::optional<Code> marked = MarkedCode(bytes);
+    if (const std::optional<Code> code = marked ? marked : WideCode(bytes)) {
+        const qsizetype markSize = marked ? MarkOf(*code).size() : 0;
+        if (std::optional<Decoded> result = ReadAs(*code, bytes, markSize)) {
+            result->warning = Contradiction(*result, *code);
+            return *std::move(result);
+        }
+    }
+    const bool spoiled = marked && marked->kind == Code::Kind::Utf8;
+    Decoded result = ReadByDeclaration(bytes, spoiled ? MarkOf(*marked).size() : 0);
+    if (marked) {
+        result.warning =
+            QStringLiteral("The file starts with the mark of %1, but its bytes aren't in that code; "
+                           "it was read as %2.")
+                .arg(QString::fromLatin1(marked->name), result.form.encoding);
+    }
+    return result;
+}
+
+Encoded Encode(const QString& text, const FileForm& form) {
+    Encoded result;
+    if (form.originalBytes && text == form.originalText) {
+        result.bytes = *form.originalBytes;
+        result.encoding = form.encoding;
+        result.mark = form.mark;
+        return result;
+    }
+    const Code code = CodeFor(text, form);
+    result.encoding = QString::fromLatin1(code.name);
+    result.mark = NeedsMark(code, form);
+    const std::unique_ptr<Encoder> encoder = MakeEncoder(code);
+    encoder->Reserve(text.size() + text.size() / 16);
+    if (result.mark)
+        encoder->AppendBytes(MarkOf(code));
+    WriteLineEnds(text, form.lineEnds, [&](QStringView piece, qsizetype position) {
+        const qsizetype bad = encoder->Append(piece);
+        if (bad >= 0)
+            result.badPosition = position + bad;
+        return bad < 0;
+    });
+    encoder->Finish();
+    if (result.badPosition < 0)
+        result.bytes = encoder->Take();
+    return result;
+}
+
+bool KnowsEncoding(const QString& label) {
+    return FindCode(label).has_value();
+}
+
+} // namespace text

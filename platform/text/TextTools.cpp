@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/text/TextTools.h"
+#include "platform/text/LineEnds.h"
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+namespace text {
+
+namespace {
+
+bool IsDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
+
+/// Length of the decimal number that `text` starts with: sign, digits, point, digits, exponent; 0 without a
+/// digit.
+qsizetype NumberLength(QStringView text) {
+    qsizetype at = 0;
+    const auto digits = [&] {
+        const qsizetype from = at;
+        while (at < text.size() && IsDigit(text[at]))
+            ++at;
+        return at - from;
+    };
+    const auto sign = [&] {
+        if (at < text.size() && (text[at] == u'+' || text[at] == u'-'))
+            ++at;
+    };
+    sign();
+    qsizetype count = digits();
+    if (at < text.size() && text[at] == u'.') {
+        ++at;
+        count += digits();
+    }
+    if (count == 0)
+        return 0;
+    const qsizetype mantissa = at;
+    if (at < text.size() && (text[at] == u'E' || text[at] == u'e')) {
+        ++at;
+        sign();
+        if (digits() == 0)
+            return mantissa;
+    }
+    return at;
+}
+
+bool IsLineEnd(QChar c) {
+    return c == u'\r' || c == u'\n';
+}
+
+/// Val rounded to a whole number (halves to the even one), 0 when Integer can't hold it.
+template <typename Integer> int ValInteger(QStringView text) {
+    const double value = std::nearbyint(Val(text));
+    const bool fits =
+        value >= std::numeric_limits<Integer>::min() && value <= std::numeric_limits<Integer>::max();
+    return fits ? static_cast<int>(value) : 0;
+}
+
+const char16_t* Units(const QChar* p) {
+    return reinterpret_cast<const char16_t*>(p);
+}
+
+/// Number of line ends that lack their CR or their LF.
+qsizetype CountHalfLineEnds(QStringView text) {
+    qsizetype count = 0;
+    for (qsizetype at = text.indexOf(u'\n'); at >= 0; at = text.indexOf(u'\n', at + 1))
+        count += at == 0 || text[at - 1] != u'\r';
+    for (qsizetype at = text.indexOf(u'\r'); at >= 0; at = text.indexOf(u'\r', at + 1))
+        count += at + 1 == text.size() || text[at + 1] != u'\n';
+    return count;
+}
+
+} // namespace
+
+double Val(QStringView text) {
+    qsizetype at = 0;
+    while (at < text.size() && (text[at] == u' ' || text[at] == u'\t' || IsLineEnd(text[at])))
+        ++at;
+    const QStringView rest = text.sliced(at);
+    const QStringView number = rest.first(NumberLength(rest));
+    if (number.isEmpty())
+        return 0;
+    bool ok = false;
+    const double value = number.toString().toDouble(&ok); // always with a point, whatever the locale
+    return ok || std::isinf(value) ? value : 0;
+}
+
+int ValInt16(QStringView text) {
+    return ValInteger<std::int16_t>(text);
+}
+
+int ValInt32(QStringView text) {
+    return ValInteger<std::int32_t>(text);
+}
+
+QString Str(double number) {
+    if (number == 0)
+        return QStringLiteral("0"); // also for the negative zero
+    constexpr int kDigits = 15;
+    return QString::number(number, 'G', kDigits);
+}
+
+QString Mid(const QString& text, qsizetype start, qsizetype length) {
+    if (length < 0)
+        return text.mid(std::max<qsizetype>(start - 1, 0));
+    return text.mid(start - 1, length);
+}
+
+qsizetype InStr(const QString& text, const QString& what, qsizetype start) {
+    const qsizetype from = std::max<qsizetype>(start, 1) - 1;
+    if (from >= text.size())
+        return 0;
+    return text.indexOf(what, from) + 1;
+}
+
+qsizetype InStrRev(const QString& text, const QString& what, qsizetype start) {
+    const qsizetype from = (start < 0 ? text.size() : std::min(start, text.size())) - 1;
+    if (from < 0)
+        return 0;
+    return text.lastIndexOf(what, from) + 1;
+}
+
+QString RTrim(const QString& text) {
+    qsizetype end = text.size();
+    while (end > 0 && text[end - 1] == u' ')
+        --end;
+    return end == text.size() ? text : text.first(end); // shared: the text may be a whole document
+}
+
+QString Trim(const QString& text) {
+    qsizetype start = 0;
+    while (start < text.size() && text[start] == u' ')
+        ++start;
+    return RTrim(start == 0 ? text : text.sliced(start));
+}
+
+bool IsBlank(QStringView text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar c) { return c == u' ' || c == u'\t' || IsLineEnd(c); });
+}
+
+QString ToCrLf(const QString& text) {
+    const qsizetype missing = CountHalfLineEnds(text);
+    if (missing == 0)
+        return text;
+    QString result(text.size() + missing, Qt::Uninitialized);
+    QChar* out = result.data();
+    const QChar* p = text.constData();
+    const QChar* const end = p + text.size();
+    while (p != end) {
+        const QChar* stop = p + (FindLineEnd(Units(p), Units(end)) - Units(p));
+        out = std::copy(p, stop, out);
+        if (stop == end)
+            break;
+        *out++ = u'\r';
+        *out++ = u'\n';
+        p = stop + (*stop == u'\r' && stop + 1 != end && stop[1] == u'\n' ? 2 : 1);
+    }
+    return result;
+}
+
+} // namespace text

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include <QString>
+#include <QStringView>
+
+// The few text helpers whose exact manner the commands rely on. Positions are 1-based and count 16-bit units.
+namespace text {
+
+/// The number at the front of a text: leading blanks are passed over, reading stops at the first character that
+/// can't belong to a decimal number; nothing readable gives 0.
+double Val(QStringView text);
+/// Val as a 16-bit or 32-bit integer; a value outside the range gives 0.
+int ValInt16(QStringView text);
+int ValInt32(QStringView text);
+/// General decimal text of a number, without a leading blank: "3", "0.5", "1E+20".
+QString Str(double number);
+/// Part of a text from 1-based `start`, `length` characters or to the end; out of range gives what there is.
+QString Mid(const QString& text, qsizetype start, qsizetype length = -1);
+/// 1-based position of `what` in `text` at or behind 1-based `start`; 0 when it isn't there.
+qsizetype InStr(const QString& text, const QString& what, qsizetype start = 1);
+/// 1-based position of the last occurrence that starts at or before `start` (-1: the end); 0 when not there.
+qsizetype InStrRev(const QString& text, const QString& what, qsizetype start = -1);
+/// Without blanks (U+0020 only) at both ends, and at the right end.
+QString Trim(const QString& text);
+QString RTrim(const QString& text);
+/// Whether a text holds nothing but blanks, tabs and line ends.
+bool IsBlank(QStringView text);
+/// Every line end (CR LF, CR alone, LF alone) as CR LF. A text that has only CR LF comes back shared, not copied.
+QString ToCrLf(const QString& text);
+
+} // namespace text

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/xml/ErrorReport.h"
+#include <libxml/xmlerror.h>
+#include <limits>
+
+namespace xml {
+
+namespace {
+
+/// The last `needle` that starts before `place`; `place` itself when there is none.
+qsizetype LastBefore(QStringView text, QStringView needle, qsizetype place) {
+    const qsizetype found = place > 0 ? text.lastIndexOf(needle, place - 1) : -1;
+    return found < 0 ? place : found;
+}
+
+/// The start of the reference that ends at the place.
+qsizetype ReferenceBefore(QStringView text, qsizetype place) {
+    const qsizetype entity = LastBefore(text, u"&", place);
+    const qsizetype parameter = LastBefore(text, u"%", place);
+    return entity == place ? parameter : parameter == place ? entity : std::max(entity, parameter);
+}
+
+bool IsBlank(QChar c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'; }
+
+/// The parser stands behind an attribute's value; its name starts here.
+qsizetype NameOfAttributeBefore(QStringView text, qsizetype place, qsizetype nameLength) {
+    qsizetype at = place - 1;
+    if (at < 1 || (text[at] != u'"' && text[at] != u'\''))
+        return place;
+    at = text.lastIndexOf(text[at], at - 1) - 1;
+    while (at > 0 && (IsBlank(text[at]) || text[at] == u'='))
+        --at;
+    const qsizetype start = at + 1 - nameLength;
+    return start < 0 ? place : start;
+}
+
+/// The library counts "]]>" from the start of the run of text that holds it.
+qsizetype CDataEndFrom(QStringView text, qsizetype place) {
+    const qsizetype found = text.indexOf(u"]]>", std::max<qsizetype>(place - 2, 0));
+    return found < 0 ? place : found;
+}
+
+/// The two hyphens stand right at or before the place.
+qsizetype HyphensNear(QStringView text, qsizetype place) {
+    const qsizetype found = text.indexOf(u"--", std::max<qsizetype>(place - 2, 0));
+    return found < 0 || found > place + 1 ? place : found;
+}
+
+/// A number reference is judged when it was read to its end, a wrong digit where it stands.
+qsizetype NumberReference(QStringView text, qsizetype place) {
+    return place > 0 && text[place - 1] == u';' ? LastBefore(text, u"&", place) : place;
+}
+
+bool IsNoticedBehind(const Complaint& complaint) {
+    switch (complaint.code) {
+    case XML_ERR_TAG_NAME_MISMATCH:
+    case XML_ERR_ATTRIBUTE_REDEFINED:
+    case XML_ERR_RESERVED_XML_NAME:
+    case XML_ERR_ENTITY_LOOP:
+    case XML_ERR_UNPARSED_ENTITY:
+    case XML_ERR_INVALID_CHAR:
+    case kErrorUndeclaredEntity:
+    case kErrorExternalEntity:
+    case kErrorExpansion:
+    case kErrorDepth:
+    case kErrorManyAttributes:
+    case kErrorDefaults:
+    case kErrorManyNames:
+    case kErrorParameterEntity:
+    case kErrorReservedTarget:
+        return true;
+    default:
+        return complaint.inEntity;
+    }
+}
+
+/// The place that is to blame when the text did not just end.
+qsizetype PlaceOfKind(QStringView text, const Complaint& complaint) {
+    const qsizetype place = complaint.place;
+    if (complaint.inEntity)
+        return ReferenceBefore(text, place);
+    switch (complaint.code) {
+    case XML_ERR_TAG_NAME_MISMATCH:
+        return std::min(LastBefore(text, u"</", place) + 2, text.size() - 1);
+    case XML_ERR_ATTRIBUTE_REDEFINED:
+        return NameOfAttributeBefore(text, place, complaint.name.size());
+    case XML_ERR_RESERVED_XML_NAME:
+    case kErrorReservedTarget:
+        return std::min(LastBefore(text, u"<?", place) + 2, text.size() - 1);
+    case kErrorUndeclaredEntity:
+    case kErrorExternalEntity:
+    case kErrorExpansion:
+    case XML_ERR_ENTITY_LOOP:
+    case XML_ERR_UNPARSED_ENTITY:
+    case kErrorParameterEntity:
+        return ReferenceBefore(text, place);
+    case kErrorDepth:
+    case kErrorManyNames:
+    case kErrorManyAttributes:
+    case kErrorDefaults:
+        return place < text.size() && text[place] == u'<' ? place : LastBefore(text, u"<", place);
+    case XML_ERR_MISPLACED_CDATA_END:
+        return CDataEndFrom(text, place);
+    case XML_ERR_HYPHEN_IN_COMMENT:
+        return HyphensNear(text, place);
+    case XML_ERR_INVALID_CHAR:
+        return NumberReference(text, place);
+    default:
+        return place;
+    }
+}
+
+} // namespace
+
+bool IsForbiddenCharacter(QStringView text, qsizetype place) {
+    if (place < 0 || place >= text.size())
+        return false;
+    const char16_t unit = text[place].unicode();
+    if (unit < 0x20)
+        return unit != u'\t' && unit != u'\n' && unit != u'\r';
+    if (QChar::isHighSurrogate(unit))
+        return place + 1 >= text.size() || !text[place + 1].isLowSurrogate();
+    if (QChar::isLowSurrogate(unit))
+        return place == 0 || !text[place - 1].isHighSurrogate();
+    return unit >= 0xFFFE;
+}
+
+bool IsPrematureEnd(QStringView text, const Complaint& complaint) {
+    return complaint.place >= text.size() && !IsNoticedBehind(complaint);
+}
+
+qsizetype ErrorPlace(QStringView text, const Complaint& complaint) {
+    if (text.isEmpty())
+        return -1;
+    qsizetype place = complaint.place;
+    if (complaint.sentence.isEmpty() && !IsPrematureEnd(text, complaint) && !IsForbiddenCharacter(text, place))
+        place = PlaceOfKind(text, complaint);
+    place = std::clamp<qsizetype>(place, 0, text.size() - 1);
+    // Never the second half of a character.
+    if (text[place].isLowSurrogate() && place > 0 && text[place - 1].isHighSurrogate())
+        --place;
+    return place;
+}
+
+} // namespace xml

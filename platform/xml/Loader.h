@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "platform/xml/AttributeRules.h"
+#include "platform/xml/DocumentStore.h"
+#include "platform/xml/EntityBudget.h"
+#include "platform/xml/ErrorReport.h"
+#include "platform/xml/NameCache.h"
+#include "platform/xml/TagSizeGuard.h"
+#include "platform/xml/Utf8Feed.h"
+#include <QStringView>
+#include <libxml/parser.h>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace xml {
+
+/// Parses one text into a store. The parser calls back event by event; the first thing that is wrong ends it.
+class Loader {
+public:
+    explicit Loader(DocumentStore& store) : store_(store), names_(store) {}
+
+    /// The complaint, or nothing when the text was well-formed. Throws when memory runs out.
+    std::optional<Complaint> load(const QString& text);
+
+private:
+    friend struct LoaderEvents;
+
+    /// An element that is not closed yet (or the document).
+    struct Open {
+        std::uint32_t id;
+        std::uint32_t lastChild;
+        bool preserve; ///< white space counts here
+    };
+
+    void parse(QStringView text);
+    int read(char* buffer, int room);
+    bool inTag() const;
+    bool isDeclarationTooLong();
+
+    // Events. They may throw; LoaderEvents catches before the library's own frames.
+    void startElement(const xmlChar* name, const xmlChar** attributes);
+    void endElement();
+    void characters(const xmlChar* text, int length);
+    void cdata(const xmlChar* text, int length);
+    void comment(const xmlChar* text);
+    void instruction(const xmlChar* target, const xmlChar* data);
+    void documentType(const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId);
+    void declareAttribute(const xmlChar* element, const xmlChar* attribute, int type, const xmlChar* value);
+    void declareEntity(const xmlChar* name, int type, const xmlChar* publicId, const xmlChar* systemId, xmlChar* content);
+    void declareOther(); ///< what needs no keeping
+    void declareUnparsed(const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId, const xmlChar* notation);
+    xmlEntityPtr entity(const xmlChar* name);
+    xmlEntityPtr parameterEntity(const xmlChar* name);
+    void libraryError(const xmlError& error);
+
+    std::uint32_t addNode(NodeType type, std::uint32_t nameId);
+    void addValueNode(NodeType type, std::uint32_t nameId, const char* value, std::size_t length);
+    void addAttributes(std::uint32_t id, std::uint32_t nameId, const xmlChar** attributes);
+    void addDefaults(const ElementRules& rules);
+    text::StringPool::Ref attributeValue(const ElementRules* rules, std::uint32_t nameId, const char* value);
+    void flushText();
+    bool inDocumentType() const { return context_->inSubset != 0; }
+    bool isJustDeclared(const xmlChar* name);
+
+    unsigned long byte() const;
+    void fail(int code, const QString& name = {});
+    void failNow(Complaint complaint);
+
+    DocumentStore& store_;
+    NameCache names_;
+    AttributeRules rules_;
+    EntityBudget budget_;
+    Utf8Feed* feed_ = nullptr;
+    TagSizeGuard* tags_ = nullptr;
+    xmlParserCtxt* context_ = nullptr;
+    std::vector<Open> open_;
+    std::vector<Attribute> scratch_; ///< the attributes of the element at hand
+    std::vector<std::uint32_t> writtenIn_; ///< by attribute name: the element that it was last met in; see addDefaults
+    std::string text_; ///< the text that is not yet a node
+    std::string declared_; ///< the entity that was declared last, until it was asked for once
+    unsigned long declarationByte_ = 0; ///< where the last declaration or long string in the document type ended
+    std::optional<Complaint> complaint_;
+    unsigned long complaintByte_ = 0; ///< where the parser stood then
+    bool outOfMemory_ = false;
+    bool stopped_ = false;
+};
+
+} // namespace xml

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/xml/ParsedDocument.h"
+#include "platform/xml/DocumentStore.h"
+#include "platform/xml/ErrorReport.h"
+#include "platform/xml/Loader.h"
+#include "platform/xml/XPathTree.h"
+#include <algorithm>
+#include <exception>
+
+namespace xml {
+
+namespace {
+
+/// The failure that no place in the text is to blame for.
+ParseError MemoryError(const QString& url) {
+    ParseError error;
+    error.errorCode = kErrorMemory;
+    error.url = url;
+    try {
+        error.reason = QStringLiteral("There is not enough memory to take this text apart.\r\n");
+    } catch (const std::exception&) {
+        error.reason.clear(); // the code alone must do
+    }
+    return error;
+}
+
+} // namespace
+
+ParsedDocument::ParsedDocument() = default;
+ParsedDocument::~ParsedDocument() = default;
+
+bool ParsedDocument::loadXML(const QString& text, const QString& url) {
+    storage_.reset();
+    error_ = {};
+    try {
+        auto storage = std::make_unique<Storage>();
+        if (const auto complaint = Loader(*storage).load(text))
+            error_ = MakeParseError(text, *complaint, url);
+        else
+            storage_ = std::move(storage);
+    } catch (const std::exception&) {
+        error_ = MemoryError(url);
+    }
+    return error_.errorCode == 0;
+}
+
+Node ParsedDocument::document() const { return storage_ ? Node(this, 0) : Node(); }
+
+Node ParsedDocument::documentElement() const { return storage_ ? Node(this, storage_->rootId) : Node(); }
+
+std::size_t ParsedDocument::nodeCount() const { return storage_ ? storage_->nodeCount - 1 : 0; }
+
+const QString& ParsedDocument::name(std::uint32_t nameId) const { return storage_->names[nameId]; }
+
+std::uint32_t ParsedDocument::nameCount() const {
+    return storage_ ? static_cast<std::uint32_t>(storage_->names.size()) : 0;
+}
+
+text::CompactView ParsedDocument::view(text::StringPool::Ref ref) const {
+    return storage_ ? storage_->texts.view(ref) : text::CompactView();
+}
+
+std::vector<Node> ParsedDocument::selectNodes(const QString& xpath, QString* error) const {
+    std::vector<Node> nodes;
+    if (error)
+        error->clear();
+    if (!storage_)
+        return nodes;
+    if (!storage_->xpathTree)
+        storage_->xpathTree = XPathTree::Make(*storage_);
+    if (!storage_->xpathTree) {
+        if (error)
+            *error = QStringLiteral("There is not enough memory to search this document.");
+        return nodes;
+    }
+    for (const std::uint32_t id : storage_->xpathTree->select(xpath, error))
+        nodes.push_back(Node(this, id));
+    return nodes;
+}
+
+Node ParsedDocument::selectSingleNode(const QString& xpath, QString* error) const {
+    const std::vector<Node> nodes = selectNodes(xpath, error);
+    return nodes.empty() ? Node() : nodes.front();
+}
+
+} // namespace xml

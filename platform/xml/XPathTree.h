@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "platform/xml/DocumentStore.h"
+#include <QString>
+#include <deque>
+#include <libxml/tree.h>
+#include <memory>
+#include <vector>
+
+namespace xml {
+
+/// The parser library's own tree of a document, which its XPath engine works on. It takes many times the memory of
+/// the document, so it is made only when a path is asked for.
+/// A name a:b is given the namespace "prefix:a", whatever is declared, so that prefixes match as they are written.
+class XPathTree {
+public:
+    /// nullptr when memory runs out.
+    static std::unique_ptr<XPathTree> Make(const DocumentStore& store);
+    ~XPathTree();
+    XPathTree(const XPathTree&) = delete;
+    XPathTree& operator=(const XPathTree&) = delete;
+
+    /// Numbers of the nodes that the path selects, ascending, each once; for an attribute its element's. On a wrong
+    /// path, one that yields no nodes by its nature, or one that takes too long: nothing, and `error` (if given) is set.
+    std::vector<std::uint32_t> select(const QString& path, QString* error) const;
+
+private:
+    struct Name {
+        const xmlChar* local;
+        xmlNs* space;
+    };
+
+    explicit XPathTree(const DocumentStore& store) : store_(store) {}
+
+    bool build();
+    bool addNode(std::uint32_t id, std::vector<xmlNode*>& path);
+    xmlNode* makeNode(const NodeRecord& record);
+    bool addAttributes(xmlNode* element, const NodeRecord& record);
+    const Name& name(std::uint32_t nameId);
+    xmlNs* spaceOf(const QByteArray& prefix);
+    QByteArray valueOf(text::StringPool::Ref ref) const { return store_.texts.view(ref).toString().toUtf8(); }
+
+    struct FreeDocument {
+        void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
+    };
+
+    const DocumentStore& store_;
+    std::deque<xmlNs> spaces_; ///< the tree points to them, so they must outlive it
+    std::unique_ptr<xmlDoc, FreeDocument> document_;
+    std::vector<Name> names_;
+};
+
+} // namespace xml

@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/model/Application.h"
+
+/// Section of the options in the settings store.
+inline constexpr auto kOptionsSection = "AppInternal";
+
+/// Reads the options in force from the settings store; what is missing or unusable gets its default.
+/// A missing `Debug` is written as "0", so that a user who is asked to switch it on finds it in the file.
+void ReadSettings(Application& app);

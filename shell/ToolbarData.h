@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "platform/controls/Controls.h"
+#include <memory>
+#include <vector>
+
+/// The five toolbars in the order of the bands of the cool bar, their buttons enabled and without commands.
+std::vector<std::unique_ptr<controls::Toolbar>> BuildToolbars();

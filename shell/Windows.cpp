@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The document windows: making, opening, bringing to the front, saving, closing.
+#include "core/commands/WindowEvents.h"
+#include "core/sync/Files.h"
+#include "core/sync/TreeText.h"
+#include "core/sync/Views.h"
+#include "platform/text/TextTools.h"
+#include "shell/frmMDIMain.h"
+#include "textview/fill/FillText.h"
+#include <algorithm>
+
+DocumentWindow* frmMDIMain::ActiveForm() {
+    return windowOrder_.empty() ? nullptr : windowOrder_.front();
+}
+
+int frmMDIMain::FormCount() {
+    return static_cast<int>(forms_.size());
+}
+
+std::vector<DocumentWindow*> frmMDIMain::Forms() const {
+    std::vector<DocumentWindow*> windows;
+    for (const Opened& opened : forms_)
+        windows.push_back(opened.window);
+    return windows;
+}
+
+// --- making and opening ---------------------------------------------------------------------------------
+
+template <typename Form> DocumentWindow& frmMDIMain::MakeForm(const QString& name) {
+    auto form = std::make_unique<Form>(app_);
+    DocumentWindow& window = form->window;
+    // From here on it is the active form: the load asks for it, though nobody sees the window yet.
+    forms_.push_back({std::move(form), &window});
+    BringToFront(window);
+    window.SetCaption(name);
+    return window;
+}
+
+void frmMDIMain::FillWindow(DocumentWindow& window, const FetchedText& text) {
+    window.fileForm = text.form;
+    if (text.text.isEmpty()) {
+        AddTreeRoot(window, true);
+        window.bTreeChanged = true;
+        DoTree(window);
+        window.msOpenText.clear(); // a document that was never saved counts as changed
+    } else {
+        SetRichText(window, text.text);
+        XMLToTree(window, text.text, 0);
+        if (!text::IsBlank(window.rtxtXML.Text()))
+            window.msOpenText = window.rtxtXML.Text();
+        ShowNodePath(window, statusBar_);
+    }
+    window.bLoaded = true;
+}
+
+template <typename Form> void frmMDIMain::NewFile(const FetchedText& text, const QString& fileName) {
+    QString name = fileName;
+    if (text::IsBlank(fileName)) {
+        name = QStringLiteral("new%1%2").arg(++newDocuments_).arg(Form::Kind().extension);
+    } else {
+        bool found = false;
+        HaveSameNameForm(fileName, true, found);
+        if (found)
+            return;
+    }
+    FinishTextEdit();
+    app_.CurrentFileName = name;
+    DocumentWindow& window = MakeForm<Form>(name);
+    FillWindow(window, text);
+    formAdded(&window);
+    AnnounceActive();
+}
+
+void frmMDIMain::NewXMLFile(const FetchedText& text, const QString& fileName) {
+    NewFile<frmXMLEdit>(text, fileName);
+}
+
+void frmMDIMain::NewSXMLFile(const FetchedText& text, const QString& fileName) {
+    NewFile<frmSXMLEdit>(text, fileName);
+}
+
+void frmMDIMain::OpenNamed(const QString& name) try {
+    app_.CurrentFileName = name;
+    DocumentWindow* form = nullptr;
+    OpenFile(app_, name, form);
+} catch (const text::Fault& fault) {
+    ErrorReportBox(fault, QStringLiteral("frmMDIMain@OpenNamed"));
+}
+
+void frmMDIMain::HaveSameNameForm(const QString& name, bool bringToFront, bool& result) {
+    result = false;
+    for (auto opened = forms_.rbegin(); opened != forms_.rend(); ++opened) {
+        if (opened->window->Tag != name)
+            continue;
+        result = true;
+        if (bringToFront)
+            ActivateForm(opened->window);
+        return;
+    }
+}
+
+void frmMDIMain::mnuFileNew_Click() {
+    NewXMLFile(FetchedText(), {});
+}
+
+void frmMDIMain::mnuNewschema_Click() {
+    NewSXMLFile(FetchedText(), {});
+}
+
+void frmMDIMain::mnuFileMRU_Click(int index) {
+    const QString name = Menu(QStringLiteral("mnuFileMRU"), index).Caption();
+    app_.CurrentFileName = name;
+    if (name.isEmpty())
+        return;
+    OpenNamed(name);
+    GetRecentFiles();
+}
+
+// --- order ----------------------------------------------------------------------------------------------
+
+// A text that was typed reaches its tree before another document is in hand: the tree's root takes the name
+// in hand.
+void frmMDIMain::FinishTextEdit() {
+    DocumentWindow* active = ActiveForm();
+    if (!active || !active->bTextChanged)
+        return;
+    const QString name = std::exchange(app_.CurrentFileName, active->Caption);
+    LeaveTextView(*active);
+    app_.CurrentFileName = name;
+}
+
+void frmMDIMain::BringToFront(DocumentWindow& window) {
+    std::erase(windowOrder_, &window);
+    windowOrder_.insert(windowOrder_.begin(), &window);
+}
+
+void frmMDIMain::AnnounceActive() {
+    DocumentWindow* active = ActiveForm();
+    if (active)
+        Form_Activate(*active);
+    else
+        SetMenuSituation(MenuSituation::NoForm);
+    activeFormChanged(active);
+}
+
+void frmMDIMain::ActivateForm(DocumentWindow* window) {
+    if (!window || window == ActiveForm())
+        return;
+    FinishTextEdit();
+    BringToFront(*window);
+    AnnounceActive();
+}
+
+void frmMDIMain::NextWindow() {
+    if (windowOrder_.size() < 2)
+        return;
+    FinishTextEdit();
+    std::rotate(windowOrder_.begin(), windowOrder_.begin() + 1, windowOrder_.end());
+    AnnounceActive();
+}
+
+// --- saving ---------------------------------------------------------------------------------------------
+
+void frmMDIMain::mnuFileSave_Click() {
+    if (DocumentWindow* window = ActiveForm())
+        SaveXMLFile(*window, false, false);
+}
+
+void frmMDIMain::mnuFileSaveAs_Click() {
+    if (DocumentWindow* window = ActiveForm())
+        SaveAs(*window);
+}
+
+// The list has one empty entry from the start and nothing joins it, so no window is saved: who asks for all
+// files at once keeps deciding window by window.
+void frmMDIMain::mnuFileSaveAll_Click() {
+    for (DocumentWindow* window : windowList_)
+        if (window)
+            SaveXMLFile(*window, false, false);
+}
+
+// --- closing --------------------------------------------------------------------------------------------
+
+bool frmMDIMain::CloseForm(DocumentWindow* window) {
+    if (!window || window->bUnloading)
+        return false;
+    // The routines of closing ask for the active form and its name.
+    ActivateForm(window);
+    bool cancel = false;
+    Form_Unload(*window, cancel);
+    if (cancel) {
+        SetToolBar(); // the closing may have set it for no window already
+        return false;
+    }
+    Forget(*window);
+    AnnounceActive();
+    return true;
+}
+
+void frmMDIMain::Forget(DocumentWindow& window) {
+    std::erase(windowOrder_, &window);
+    formRemoved(&window);
+    std::erase_if(forms_, [&](const Opened& opened) { return opened.window == &window; });
+}
+
+void frmMDIMain::mnuFileClose_Click() {
+    CloseForm(ActiveForm());
+}
+
+// A Cancel keeps the window, and the loop comes back to it: the question ends with the user's Yes or No.
+void frmMDIMain::mnuCloseAll_Click() {
+    while (DocumentWindow* window = ActiveForm())
+        CloseForm(window);
+}
+
+bool frmMDIMain::QueryUnload() {
+    while (DocumentWindow* window = ActiveForm())
+        if (!CloseForm(window))
+            return false;
+    return true;
+}
+
+// Ends at once: unsaved changes are given up, and nothing is asked.
+void frmMDIMain::mnuFileExit_Click() {
+    ended();
+}

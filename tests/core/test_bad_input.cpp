@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/sync/Views.h"
+#include "tests/support/LoopbackServer.h"
+#include "tests/support/TestApp.h"
+#include <QDir>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+// Whatever is opened, the program answers clearly, stays usable, and changes and loses nothing.
+namespace {
+
+using services::Answer;
+using test::TestApp;
+
+constexpr char kBadName[] = "Bad file name! Do you want to create new xml file with name: ";
+
+// Another document that must survive everything, and proof that the program still works.
+class BadInput : public ::testing::Test {
+protected:
+    BadInput() { app.OpenText(QStringLiteral("bystander.xml"), "<by>stander</by>"); }
+
+    void ExpectUsable(int forms) {
+        EXPECT_EQ(app.frame().FormCount(), forms);
+        EXPECT_EQ(app.folder.Read(QStringLiteral("bystander.xml")), "<by>stander</by>");
+        const std::size_t boxes = app.prompts.boxes.size();
+        DocumentWindow& good = app.OpenText(QStringLiteral("good.xml"), "<good/>");
+        EXPECT_EQ(good.tvXML.Nodes(1).Child().Text(), QStringLiteral("good"));
+        EXPECT_EQ(app.prompts.boxes.size(), boxes);
+    }
+
+    // A text whose parse fails: opened with the parse box, shown as it is, its file untouched.
+    DocumentWindow& OpenBad(const QByteArray& bytes) {
+        app.prompts.AllowAnyBox();
+        DocumentWindow& window = app.OpenText(QStringLiteral("bad.xml"), bytes);
+        const QString title = app.prompts.boxes.empty() ? QString() : app.prompts.boxes.back().title;
+        EXPECT_EQ(title, QStringLiteral("This is not valid XML"));
+        EXPECT_EQ(app.folder.Read(QStringLiteral("bad.xml")), bytes);
+        EXPECT_EQ(window.tbsXML.SelectedKey(), QStringLiteral("textview"));
+        return window;
+    }
+
+    TestApp app;
+};
+
+TEST_F(BadInput, MissingFile) {
+    app.prompts.Answer({Answer::Ok, Answer::No});
+    const QString name = app.folder.Path(QStringLiteral("missing"));
+    app.frame().OpenNamed(name);
+    EXPECT_EQ(app.prompts.Texts(), (QStringList{QStringLiteral("Can not find ") + name,
+                                                QString::fromLatin1(kBadName) + name + QStringLiteral(".xml ?")}));
+    EXPECT_EQ(app.app().CurrentFileName, app.folder.Path(QStringLiteral("bystander.xml")));
+    ExpectUsable(1);
+}
+
+TEST_F(BadInput, FolderDeviceAndPipe) {
+    const QString folder = app.folder.Path(QStringLiteral("folder.xml"));
+    QDir().mkdir(folder);
+    const QString pipe = app.folder.Path(QStringLiteral("pipe.xml"));
+    ASSERT_EQ(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+    for (const QString& name : {folder, pipe, QStringLiteral("/dev/zero")}) {
+        app.prompts.Answer({Answer::Ok, Answer::No});
+        app.frame().OpenNamed(name);
+        EXPECT_TRUE(app.prompts.Texts().last().startsWith(QString::fromLatin1(kBadName))) << name.toStdString();
+    }
+    EXPECT_EQ(app.prompts.boxes.size(), 6U);
+    ExpectUsable(1);
+}
+
+TEST_F(BadInput, UnreadableFile) {
+    if (geteuid() == 0)
+        GTEST_SKIP() << "root may read everything";
+    const QString name = app.folder.Write(QStringLiteral("secret.xml"), "<a/>");
+    QFile::setPermissions(name, {});
+    app.prompts.Answer(Answer::No);
+    app.frame().OpenNamed(name);
+    EXPECT_TRUE(app.prompts.Texts().last().startsWith(QString::fromLatin1(kBadName)));
+    ExpectUsable(1);
+}
+
+TEST_F(BadInput, AFileThatVanishesIsWrittenAgainOnSave) {
+    app.OpenText(QStringLiteral("gone.xml"), "<a/>");
+    QFile::remove(app.folder.Path(QStringLiteral("gone.xml")));
+    app.EditText(QStringLiteral("<a>new</a>"));
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(app.folder.Read(QStringLiteral("gone.xml")), "<a>new</a>");
+    ExpectUsable(2);
+}
+
+TEST_F(BadInput, EmptyAndBlankFiles) {
+    for (const char* text : {"", "   "}) {
+        DocumentWindow& window = app.OpenText(QStringLiteral("empty%1.xml").arg(qstrlen(text)), text);
+        EXPECT_EQ(window.tvXML.Nodes(1).Text(), window.Caption);
+    }
+    EXPECT_TRUE(app.prompts.boxes.empty());
+    ExpectUsable(3);
+}
+
+TEST_F(BadInput, BytesThatAreNoText) {
+    const std::vector<QByteArray> files{QByteArray("\xFF\xFF\xFF<a/>"), QByteArray("<a>\0</a>", 8),
+                                        QByteArray(100, '\xFF'),
+                                        QByteArray("\xFF\xFE<\0a\0>\0\x00\xD8<\0/\0a\0>\0", 18)};
+    for (const QByteArray& bytes : files) {
+        DocumentWindow& window = OpenBad(bytes);
+        app.prompts.AllowAnyBox();
+        EXPECT_TRUE(app.frame().CloseForm(&window)); // No at the question on saving
+        EXPECT_EQ(app.folder.Read(QStringLiteral("bad.xml")), bytes);
+    }
+    ExpectUsable(1);
+}
+
+TEST_F(BadInput, WrongDeclarationAndMarkAgainstIt) {
+    const std::vector<QByteArray> files{
+        QByteArray("<?xml version=\"1.0\" encoding=\"utf-16\"?><a/>"),
+        QByteArray("<?xml version=\"1.0\" encoding=\"no-such-code\"?><a>\xC3\xA9</a>"),
+        QByteArray("<?xml version=\"1.0\" encoding=\"utf-8\"?><a>\xE9</a>"),
+        QByteArray("\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"iso-8859-1\"?><a>\xC3\xA9</a>")};
+    app.prompts.AllowAnyBox();
+    for (const QByteArray& bytes : files) {
+        DocumentWindow& window = app.OpenText(QStringLiteral("odd.xml"), bytes);
+        EXPECT_EQ(window.tvXML.Nodes(1).LastChild().Text(), QStringLiteral("a")) << bytes.toStdString();
+        app.prompts.Choose(app.folder.Path(QStringLiteral("odd-copy.xml")));
+        app.prompts.onBox = nullptr;
+        app.prompts.AllowAnyBox(Answer::Yes);
+        app.ChooseMenu(QStringLiteral("mnuFileSaveAs"));
+        EXPECT_EQ(app.folder.Read(QStringLiteral("odd-copy.xml")), bytes);
+        app.frame().CloseForm(&app.window());
+    }
+}
+
+TEST_F(BadInput, EntitiesThatExplode) {
+    QByteArray laughs = "<?xml version=\"1.0\"?><!DOCTYPE l [<!ENTITY l0 \"lol\">";
+    for (int i = 1; i < 10; ++i) {
+        const QByteArray before = "&l" + QByteArray::number(i - 1) + ";";
+        laughs += "<!ENTITY l" + QByteArray::number(i) + " \"" + before.repeated(10) + "\">";
+    }
+    OpenBad(laughs + "]><l>&l9;</l>");
+    OpenBad(laughs + "]><l a=\"&l9;\"/>");
+    ExpectUsable(2);
+}
+
+TEST_F(BadInput, EntitiesThatPointOutside) {
+    const QString secret = app.folder.Write(QStringLiteral("secret.txt"), "TOP-SECRET");
+    test::LoopbackServer server([](const QByteArray&) { return QByteArray("HTTP/1.0 200 OK\r\n\r\nTOP-SECRET"); });
+    for (const QString& target : {QStringLiteral("file://") + secret, server.Url(QStringLiteral("/secret"))}) {
+        const QByteArray uri = target.toUtf8();
+        DocumentWindow& window = OpenBad("<!DOCTYPE a [<!ENTITY e SYSTEM \"" + uri + "\">]><a>&e;</a>");
+        EXPECT_FALSE(app.prompts.Texts().join(QString()).contains(QStringLiteral("TOP-SECRET")));
+        app.frame().CloseForm(&window);
+    }
+    // A type definition elsewhere isn't read, and doesn't hinder.
+    DocumentWindow& window = app.OpenText(
+        QStringLiteral("dtd.xml"), "<!DOCTYPE a SYSTEM \"" + server.Url(QStringLiteral("/x.dtd")).toUtf8() + "\"><a/>");
+    EXPECT_EQ(window.tvXML.Nodes(1).LastChild().Text(), QStringLiteral("a"));
+    EXPECT_EQ(server.Requests(), 0);
+}
+
+TEST_F(BadInput, HundredThousandLevels) {
+    QByteArray deep;
+    for (int i = 0; i < 100000; ++i)
+        deep += "<d>";
+    for (int i = 0; i < 100000; ++i)
+        deep += "</d>";
+    OpenBad(deep);
+    ExpectUsable(2);
+}
+
+TEST_F(BadInput, OneLineOfFiftyMegabytes) {
+    const QByteArray line = "<a>" + QByteArray(50'000'000, 'x') + "</a>";
+    DocumentWindow& window = app.OpenText(QStringLiteral("line.xml"), line);
+    EXPECT_EQ(window.tvXML.Nodes(1).Child().Child().Tag().size(), 50'000'000);
+    EXPECT_LT(window.tvXML.Nodes(1).Child().Child().Text().size(), 100);
+    OpenBad(line + "<");
+    EXPECT_EQ(app.prompts.boxes.back().text.size() < 2000, true);
+}
+
+TEST_F(BadInput, ServersThatMisbehave) {
+    using Server = test::LoopbackServer;
+    struct Case {
+        const char* name;
+        Server::Answerer answer;
+    };
+    const std::vector<Case> cases{
+        {"closes at once", [](const QByteArray&) { return QByteArray(); }},
+        {"closes early", [](const QByteArray&) { return QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 99\r\n\r\n<a"); }},
+        {"circle", [](const QByteArray&) { return QByteArray("HTTP/1.1 302 Found\r\nLocation: /again\r\nContent-Length: 0\r\n\r\n"); }},
+        {"500", [](const QByteArray&) { return QByteArray("HTTP/1.1 500 Oops\r\nContent-Length: 0\r\n\r\n"); }},
+        {"noise", [](const QByteArray&) { return QByteArray("\x01\x02 no http at all\r\n\r\n"); }}};
+    for (const Case& c : cases) {
+        Server server(c.answer);
+        app.prompts.AllowAnyBox(Answer::No);
+        const std::size_t before = app.prompts.boxes.size();
+        app.EnterAddress(server.Url(QStringLiteral("/x.xml")));
+        ASSERT_GT(app.prompts.boxes.size(), before) << c.name;
+        EXPECT_TRUE(app.prompts.Texts().last().startsWith(QString::fromLatin1(kBadName))) << c.name;
+    }
+    ExpectUsable(1);
+}
+
+TEST_F(BadInput, AServerThatNeverAnswersCanBeCancelled) {
+    test::LoopbackServer server(nullptr); // takes the connection and stays silent
+    app.progress.cancelAtStep = app.progress.steps + 3;
+    app.EnterAddress(server.Url(QStringLiteral("/x.xml")));
+    EXPECT_TRUE(app.prompts.boxes.empty()); // who cancels isn't asked anything
+    EXPECT_EQ(app.app().CurrentFileName, app.folder.Path(QStringLiteral("bystander.xml")));
+    app.progress.cancelAtStep = -1;
+    ExpectUsable(1);
+}
+
+TEST_F(BadInput, AGoodServerIsRead) {
+    test::LoopbackServer server([](const QByteArray& request) {
+        if (request.startsWith("GET /moved"))
+            return QByteArray("HTTP/1.1 301 Moved\r\nLocation: /x.xml\r\nContent-Length: 0\r\n\r\n");
+        return QByteArray("HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\nContent-Length: 13\r\n\r\n<a>\xC3\xA9\xC3\xA9</a>\r\n");
+    });
+    app.EnterAddress(server.Url(QStringLiteral("/moved")));
+    DocumentWindow& window = app.window();
+    EXPECT_EQ(window.tvXML.Nodes(1).Child().Child().Tag(), QString::fromUtf8("éé"));
+    EXPECT_EQ(app.frame().cmbAddress().Text(), QString()); // the box shows local names
+    // An address is never written to: Save asks for a name.
+    app.EditText(QStringLiteral("<a>changed</a>"));
+    app.prompts.Choose({});
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(app.prompts.dialogs.size(), 1U);
+}
+
+} // namespace

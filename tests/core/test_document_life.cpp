@@ -1,0 +1,321 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/model/m_tvXML.h"
+#include "core/sync/Files.h"
+#include "core/sync/Views.h"
+#include "tests/support/TestApp.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+using controls::TreeNode;
+using services::Answer;
+using test::TestApp;
+
+constexpr char kOrder[] = "<order id=\"7\"><item>Tee</item><item>Milch</item></order>\n";
+
+TEST(Opening, ShowsTheDocumentAsItsFileHasIt) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    EXPECT_EQ(window.rtxtXML.Text().toStdString(), "<order id=\"7\"><item>Tee</item><item>Milch</item></order>\r\n");
+    EXPECT_EQ(window.msOpenText, window.rtxtXML.Text());
+    EXPECT_TRUE(window.bLoaded);
+    EXPECT_EQ(window.Caption, app.folder.Path(QStringLiteral("order.xml")));
+    EXPECT_EQ(window.tvXML.Nodes(1).Key(), window.Caption);
+    EXPECT_TRUE(window.tvXML.Nodes(1).Expanded());
+    EXPECT_EQ(window.tvXML.SelectedItem(), window.tvXML.Nodes(1));
+    // The list shows the root's children.
+    ASSERT_EQ(window.ListView1.Count(), 1);
+    EXPECT_EQ(window.ListView1.Item(1).Text, QStringLiteral("order"));
+    EXPECT_EQ(window.ListView1.Item(1).Sub[0], QStringLiteral("id=\"7\""));
+    EXPECT_EQ(app.frame().cmbAddress().Text(), window.Caption);
+}
+
+TEST(Opening, BadTextIsShownWithItsErrorSelected) {
+    TestApp app;
+    app.prompts.Answer(Answer::Ok);
+    DocumentWindow& window = app.OpenText(QStringLiteral("bad.xml"), "<a>\n<b></c>\n</a>");
+    ASSERT_EQ(app.prompts.boxes.size(), 1U);
+    const test::Box& box = app.prompts.boxes[0];
+    EXPECT_EQ(box.title, QStringLiteral("This is not valid XML"));
+    EXPECT_EQ(box.icon, services::Icon::Critical);
+    const QStringList lines = box.text.split(QStringLiteral("\r\n"));
+    ASSERT_EQ(lines.size(), 8); // the reason ends its line itself
+    EXPECT_EQ(lines[1], QStringLiteral("FilePos:11"));
+    EXPECT_EQ(lines[2], QStringLiteral("Line:2"));
+    EXPECT_EQ(lines[3], QStringLiteral("LinePos:6"));
+    EXPECT_EQ(lines[6], QStringLiteral("SrcText:<b></c>"));
+    EXPECT_EQ(lines[7], QStringLiteral("Url:"));
+    EXPECT_EQ(window.tbsXML.SelectedKey(), QStringLiteral("textview"));
+    EXPECT_EQ(window.rtxtXML.SelText(), QStringLiteral("c"));
+    EXPECT_EQ(app.frame().StatusBar1().Panel(2), QStringLiteral("Ln 2 , Col 6"));
+    EXPECT_EQ(window.tvXML.Nodes(1).Children(), 2); // a declaration and a comment stand in
+    EXPECT_EQ(window.rtxtXML2.Text(), window.rtxtXML.Text());
+}
+
+TEST(Opening, AFailedReloadLeavesTheWindowAlone) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    const QString text = window.rtxtXML.Text();
+    app.prompts.Answer(Answer::Ok);
+    DocumentWindow* form = &window;
+    OpenFile(app.app(), app.folder.Path(QStringLiteral("gone.xml")), form);
+    EXPECT_EQ(app.prompts.Texts().last(),
+              QStringLiteral("Can not find ") + app.folder.Path(QStringLiteral("gone.xml")));
+    EXPECT_EQ(window.rtxtXML.Text(), text);
+    EXPECT_EQ(window.tvXML.Nodes.Count(), 6);
+    EXPECT_EQ(app.app().CurrentFileName, window.Caption);
+}
+
+TEST(Opening, WhatIsNoAddressIsANewDocumentOfThatName) {
+    TestApp app;
+    app.frame().OpenNamed(QStringLiteral("plain.xml"));
+    EXPECT_EQ(app.window().Caption, QStringLiteral("plain.xml"));
+    EXPECT_EQ(app.window().tvXML.Nodes(1).Child().Tag(), QStringLiteral("version=\"1.0\" encoding=\"UTF-8\""));
+}
+
+TEST(TextView, AnEditReachesTheTreeOnLeaving) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    app.EditText(QStringLiteral("<order><item>Kaffee</item></order>"));
+    EXPECT_EQ(window.tvXML.Nodes(1).Child().Child().Child().Tag(), QStringLiteral("Kaffee"));
+    EXPECT_FALSE(window.bTextChanged);
+    // The text view still shows, so it takes the tree's form of the text.
+    EXPECT_EQ(window.rtxtXML.Text().toStdString(), "<order>\r\n\t<item>Kaffee</item>\r\n</order>");
+    EXPECT_EQ(window.rtxtXML2.Text(), window.rtxtXML.Text());
+}
+
+TEST(TextView, ABadEditKeepsTheTreeAndIsReportedOnce) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    app.prompts.Answer(Answer::Ok);
+    app.EditText(QStringLiteral("<order><item></order>"));
+    EXPECT_EQ(window.tvXML.Nodes.Count(), 6);
+    EXPECT_EQ(window.rtxtXML.Text(), QStringLiteral("<order><item></order>"));
+    window.rtxtXML.LostFocus();
+    EXPECT_EQ(app.prompts.boxes.size(), 1U);
+}
+
+TEST(TextView, AClickOnAnotherTabCountsAsLeaving) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    window.tbsXML.Select(QStringLiteral("textview"));
+    window.rtxtXML.GotFocus();
+    window.rtxtXML.UserSelected(0, window.rtxtXML.Text().size());
+    window.rtxtXML.Type(QStringLiteral("<order><x/></order>"));
+    window.tbsXML.Select(QStringLiteral("listview"));
+    EXPECT_EQ(window.tvXML.Nodes(1).Child().Child().Text(), QStringLiteral("x"));
+    // A bad text holds the user in the text view, with one box.
+    window.tbsXML.Select(QStringLiteral("textview"));
+    window.rtxtXML.UserSelected(0, 1);
+    app.prompts.Answer(Answer::Ok);
+    window.rtxtXML.Type(QStringLiteral("<<"));
+    window.tbsXML.Select(QStringLiteral("listview"));
+    EXPECT_EQ(window.tbsXML.SelectedKey(), QStringLiteral("textview"));
+    EXPECT_EQ(app.prompts.boxes.size(), 1U);
+}
+
+TEST(TextView, CaretAndTreeFollowEachOther) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    const TreeNode second = window.tvXML.Nodes(1).Child().LastChild();
+    app.ClickNode(second);
+    window.tbsXML.Select(QStringLiteral("textview"));
+    EXPECT_EQ(window.rtxtXML.SelStart(), window.rtxtXML.Text().lastIndexOf(QStringLiteral("<item>")));
+    EXPECT_EQ(window.rtxtXML.SelLength(), 1);
+    window.rtxtXML.UserSelected(window.rtxtXML.Text().indexOf(QStringLiteral("Tee")), 0);
+    window.rtxtXML.Click();
+    EXPECT_EQ(window.tvXML.SelectedItem(), window.tvXML.Nodes(1).Child().Child());
+}
+
+TEST(TextView, EmptyingItClearsTheTree) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    app.EditText({});
+    EXPECT_EQ(window.tvXML.Nodes.Count(), 1);
+    EXPECT_TRUE(app.prompts.boxes.empty());
+}
+
+TEST(Views, TabsShowWhatTheyAreFor) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    const std::vector<std::pair<const char*, int>> views{
+        {"textview", kViewText}, {"tableview", kViewTable}, {"browserview", kViewBrowser}, {"schema", kViewSchema},
+        {"listview", kViewList}};
+    for (const auto& [key, view] : views) {
+        window.tbsXML.Select(QString::fromLatin1(key));
+        EXPECT_EQ(window.miCurrentView, view) << key;
+    }
+    EXPECT_FALSE(window.rtxtXML.TabStop);
+    const QString preview = window.IE.LocationURL();
+    ASSERT_TRUE(preview.endsWith(QStringLiteral("tempbv_forVantrel.xml")));
+    EXPECT_TRUE(app.app().services.files.Exists(preview));
+    app.frame().CloseForm(&window);
+    EXPECT_FALSE(app.app().services.files.Exists(preview));
+}
+
+TEST(NodePaths, LeadThereAndBack) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(
+        QStringLiteral("p.xml"), "<p:a xmlns:p=\"u\"><!--one--><b/><!--two--><b>x<c/>x<c/></b><?pi data?></p:a>");
+    const TreeNode root = window.tvXML.Nodes(1);
+    const std::vector<const char*> paths{"/p:a[1]/b[2]/c[2]", "/p:a[1]/comment()[2]", "/p:a[1]/b[2]/text()[2]",
+                                         "/p:a[1]/b[1]", "/p:a[1]"};
+    for (const char* path : paths) {
+        window.txtXPath.UserTyped(QString::fromLatin1(path));
+        window.txtXPath.KeyUp(Qt::Key_Return, 0);
+        EXPECT_EQ(GetXPath(window.tvXML.SelectedItem()).toStdString(), path);
+    }
+    EXPECT_EQ(GetXPath(root), QString());
+    EXPECT_EQ(GetXPath(root.Child().LastChild()).toStdString(), "/p:a[1]/"); // an instruction adds nothing
+    app.prompts.Answer(Answer::Ok);
+    window.txtXPath.UserTyped(QStringLiteral("/nowhere["));
+    window.txtXPath.KeyUp(Qt::Key_Enter, 0);
+    EXPECT_EQ(app.prompts.Texts().last(), QStringLiteral("Can not find any node by path:/nowhere["));
+}
+
+TEST(Saving, UnchangedAndChanged) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(app.folder.Read(QStringLiteral("order.xml")), QByteArray(kOrder));
+    app.EditText(QStringLiteral("<order>\r\n\t<item>Kaffee</item>\r\n</order>"));
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    // The file has LF line ends, and keeps them.
+    EXPECT_EQ(app.folder.Read(QStringLiteral("order.xml")), "<order>\n\t<item>Kaffee</item>\n</order>");
+    EXPECT_EQ(window.msOpenText, window.rtxtXML.Text());
+    EXPECT_TRUE(app.prompts.boxes.empty());
+}
+
+TEST(Saving, ATreeChangeIsSavedFromAnyView) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    for (const char* tab : {"listview", "browserview"}) {
+        window.tbsXML.Select(QString::fromLatin1(tab));
+        TreeNode text = window.tvXML.Nodes(1).Child().Child().Child();
+        text.SetTag(QStringLiteral("from ") + QString::fromLatin1(tab));
+        window.bTreeChanged = true;
+        DoTree(window);
+        app.ChooseMenu(QStringLiteral("mnuFileSave"));
+        EXPECT_TRUE(app.folder.Read(QStringLiteral("order.xml")).contains(QByteArray("from ") + tab)) << tab;
+    }
+}
+
+TEST(Saving, ClosingAsksOnlyAfterAChange) {
+    TestApp app;
+    DocumentWindow* window = &app.OpenText(QStringLiteral("order.xml"), kOrder);
+    EXPECT_TRUE(app.frame().CloseForm(window));
+    EXPECT_TRUE(app.prompts.boxes.empty());
+
+    window = &app.OpenText(QStringLiteral("order.xml"), kOrder);
+    app.EditText(QStringLiteral("<order/>"));
+    app.prompts.Answer({Answer::Cancel, Answer::No});
+    EXPECT_FALSE(app.frame().CloseForm(window));
+    EXPECT_EQ(app.frame().ActiveForm(), window);
+    EXPECT_TRUE(app.frame().CloseForm(window));
+    EXPECT_EQ(app.prompts.boxes[0].text,
+              QStringLiteral("This XML file has been changed. Do you want to save it?"));
+    EXPECT_EQ(app.prompts.boxes[0].buttons, services::Buttons::YesNoCancel);
+    EXPECT_EQ(app.folder.Read(QStringLiteral("order.xml")), QByteArray(kOrder));
+
+    window = &app.OpenText(QStringLiteral("order.xml"), kOrder);
+    app.EditText(QStringLiteral("<order></order>"));
+    app.prompts.Answer(Answer::Yes);
+    EXPECT_TRUE(app.frame().CloseForm(window));
+    EXPECT_EQ(app.folder.Read(QStringLiteral("order.xml")), "<order></order>");
+}
+
+TEST(Saving, ATextThatDoesNotParseAsksOnClosingEvenUnchanged) {
+    TestApp app;
+    app.prompts.Answer({Answer::Ok, Answer::No});
+    DocumentWindow& window = app.OpenText(QStringLiteral("bad.xml"), "<a>");
+    EXPECT_TRUE(app.frame().CloseForm(&window));
+    EXPECT_EQ(app.prompts.boxes.size(), 2U);
+}
+
+TEST(Saving, SaveAsRenamesWindowAndRoot) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    const QString copy = app.folder.Path(QStringLiteral("copy.xml"));
+    app.prompts.Choose(copy);
+    app.ChooseMenu(QStringLiteral("mnuFileSaveAs"));
+    EXPECT_EQ(app.folder.Read(QStringLiteral("copy.xml")), QByteArray(kOrder));
+    EXPECT_EQ(window.Caption, copy);
+    EXPECT_EQ(window.tvXML.Nodes(1).Key(), copy);
+    EXPECT_EQ(window.tvXML.Nodes(1).Text(), copy);
+    EXPECT_EQ(app.app().CurrentFileName, copy);
+    EXPECT_EQ(app.frame().cmbAddress().Text(), copy);
+
+    const QString other = app.folder.Write(QStringLiteral("other.xml"), "<keep/>");
+    app.prompts.Choose(other);
+    app.prompts.Answer(Answer::No);
+    app.ChooseMenu(QStringLiteral("mnuFileSaveAs"));
+    EXPECT_EQ(app.prompts.boxes.back().title, QStringLiteral("Save file ..."));
+    EXPECT_EQ(app.prompts.boxes.back().text, other + QStringLiteral(" already exists. Do you want to replace it?"));
+    EXPECT_EQ(app.folder.Read(QStringLiteral("other.xml")), "<keep/>");
+
+    app.prompts.Choose({});
+    app.ChooseMenu(QStringLiteral("mnuFileSaveAs")); // a cancelled dialog ends it without a word
+    EXPECT_EQ(app.prompts.boxes.size(), 1U);
+}
+
+TEST(Saving, ANewDocumentAsksForItsName) {
+    TestApp app;
+    app.ChooseMenu(QStringLiteral("mnuFileNew"));
+    EXPECT_EQ(app.window().Caption, QStringLiteral("new1.xml"));
+    EXPECT_EQ(app.frame().cmbAddress().Text(), QString());
+    const QString name = app.folder.Path(QStringLiteral("first.xml"));
+    app.prompts.Choose(name);
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(app.prompts.dialogs.back().title, QStringLiteral("Save As"));
+    const QByteArray bytes = app.folder.Read(QStringLiteral("first.xml"));
+    EXPECT_TRUE(bytes.startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<!--edited with Vantrel v2.0 by Orvane ("))
+        << bytes.toStdString();
+}
+
+TEST(Saving, KeepsEncodingMarkAndLineEnds) {
+    TestApp app;
+    for (const char* name : {"addresses-gb2312.xml", "museum-utf16.xml", "poems-utf8.xml", "orders.xml",
+                             "catalogue-doctype-cdata.xml"}) {
+        QFile sample(QStringLiteral(VANTREL_SOURCE_DIR "/samples/") + QString::fromLatin1(name));
+        ASSERT_TRUE(sample.open(QIODevice::ReadOnly));
+        const QByteArray bytes = sample.readAll();
+        app.OpenText(QString::fromLatin1(name), bytes);
+        const QString copy = app.folder.Path(QStringLiteral("copy-") + QString::fromLatin1(name));
+        app.prompts.Choose(copy);
+        app.ChooseMenu(QStringLiteral("mnuFileSaveAs"));
+        EXPECT_EQ(app.folder.Read(QStringLiteral("copy-") + QString::fromLatin1(name)), bytes) << name;
+    }
+}
+
+TEST(Saving, ACharacterThatTheEncodingCantHoldIsAskedFor) {
+    TestApp app;
+    const QByteArray latin = "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>\r\n<a>caf\xE9</a>";
+    DocumentWindow& window = app.OpenText(QStringLiteral("latin.xml"), latin);
+    const QString edited = QString(window.rtxtXML.Text()).replace(QStringLiteral("caf"), QString::fromUtf8("中文 caf"));
+    app.EditText(edited);
+    app.prompts.Answer(Answer::No);
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(app.folder.Read(QStringLiteral("latin.xml")), latin);
+
+    app.EditText(edited + QStringLiteral(" "));
+    app.prompts.Answer(Answer::Yes);
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(QString::fromUtf8(app.folder.Read(QStringLiteral("latin.xml"))),
+              QString::fromUtf8("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<a>中文 café</a>"));
+    EXPECT_EQ(window.tvXML.Nodes(1).Child().Tag(), QStringLiteral("version=\"1.0\" encoding=\"UTF-8\""));
+}
+
+TEST(Saving, ARefusedWriteLeavesTheFileAndTellsWhy) {
+    TestApp app;
+    app.OpenText(QStringLiteral("order.xml"), kOrder);
+    QFile::setPermissions(app.folder.Path(QStringLiteral("order.xml")), QFileDevice::ReadOwner);
+    app.EditText(QStringLiteral("<order/>"));
+    app.prompts.Answer(Answer::Ok);
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_TRUE(app.prompts.Texts().last().endsWith(
+        QStringLiteral("\r\nPlease check file attributes (Read-only, etc).")));
+    EXPECT_EQ(app.prompts.boxes.back().icon, services::Icon::Exclamation);
+    EXPECT_EQ(app.folder.Read(QStringLiteral("order.xml")), QByteArray(kOrder));
+}
+
+} // namespace

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/controls/Controls.h"
+#include "platform/controls/RichTextBox.h"
+#include "platform/text/Fault.h"
+#include <gtest/gtest.h>
+
+namespace controls {
+void PrintTo(const ColourRun& run, std::ostream* out) {
+    *out << run.start << ':' << run.colour;
+}
+bool operator==(const ColourRun& a, const ColourRun& b) {
+    return a.start == b.start && a.colour == b.colour;
+}
+} // namespace controls
+
+namespace {
+
+using namespace controls;
+using Runs = std::vector<ColourRun>;
+
+TEST(RichText, whatever_is_written_has_whole_line_ends) {
+    RichTextBox box;
+    box.SetText(QStringLiteral("<a>\n<b/>\r</a>"));
+    EXPECT_EQ(box.Text(), QStringLiteral("<a>\r\n<b/>\r\n</a>"));
+    box.SetSelStart(4); // between the two units of a line end
+    box.SetSelLength(2);
+    box.SetSelText(QStringLiteral("\n"));
+    EXPECT_EQ(box.Text(), QStringLiteral("<a>\r\nb/>\r\n</a>"));
+    EXPECT_EQ(box.SelStart(), 5);
+    box.SetSelStart(4);
+    box.Type(QStringLiteral("x"));
+    EXPECT_EQ(box.Text(), QStringLiteral("<a>x\r\nb/>\r\n</a>"));
+    box.UserEdited([] { return QStringLiteral("one\ntwo"); });
+    EXPECT_EQ(box.Text(), QStringLiteral("one\r\ntwo"));
+}
+
+TEST(RichText, a_selection_is_cut_to_the_text) {
+    RichTextBox box;
+    box.SetText(QStringLiteral("<a/>"));
+    box.SetSelStart(-3);
+    EXPECT_EQ(box.SelStart(), 0);
+    box.SetSelStart(1);
+    box.SetSelLength(99);
+    EXPECT_EQ(box.SelText(), QStringLiteral("a/>"));
+    box.UserSelected(2, 50); // told before the text got shorter
+    box.UserEdited([] { return QStringLiteral("<b"); });
+    EXPECT_EQ(box.SelText(), QString());
+    box.SetSelText(QStringLiteral("/>"));
+    EXPECT_EQ(box.Text(), QStringLiteral("<b/>"));
+    EXPECT_EQ(box.SelStart(), 4);
+}
+
+TEST(RichText, a_users_text_is_fetched_once_and_only_when_asked_for) {
+    RichTextBox box;
+    int fetched = 0, changes = 0;
+    box.Change.connect([&] { ++changes; });
+    for (int key = 0; key < 3; ++key) {
+        box.UserEdited([&] {
+            ++fetched;
+            return QStringLiteral("abc");
+        });
+        box.UserSelected(key, 0);
+    }
+    EXPECT_EQ(fetched, 0);
+    EXPECT_EQ(box.Text() + box.Text(), QStringLiteral("abcabc"));
+    EXPECT_EQ(fetched, 1);
+    EXPECT_EQ(changes, 3);
+}
+
+TEST(RichText, announcements_follow_what_really_changed) {
+    RichTextBox box;
+    QStringList log;
+    box.contentReplaced.connect([&] { log << QStringLiteral("content"); });
+    box.textReplaced.connect([&](qsizetype at, qsizetype removed, const QString& piece) {
+        log << QStringLiteral("%1-%2+%3").arg(at).arg(removed).arg(piece);
+    });
+    box.Change.connect([&] { log << QStringLiteral("change"); });
+    box.selectionChanged.connect([&] { log << QStringLiteral("selection"); });
+    box.SetText(QStringLiteral("<a/>"));
+    box.SetText(QStringLiteral("<a/>"));
+    box.SetSelStart(1);
+    box.SetSelLength(1);
+    box.SetSelText(QStringLiteral("b"));
+    box.SetTextRTF({QStringLiteral("<b/>"), {{0, 0xff}}}); // new colours are no new text
+    EXPECT_EQ(log.join(u','), QStringLiteral("content,change,selection,selection,1-1+b,change,content"));
+}
+
+TEST(RichText, colours_move_along_with_an_edit) {
+    RichTextBox box;
+    auto colour = [&] { box.SetTextRTF({QStringLiteral("<a>text</a>"), {{0, 1}, {1, 2}, {3, 3}, {7, 1}}}); };
+    colour();
+    box.SetSelStart(3);
+    box.SetSelText(QStringLiteral("::")); // takes the colour before it
+    EXPECT_EQ(box.TextRTF().runs, (Runs{{0, 1}, {1, 2}, {5, 3}, {9, 1}}));
+    colour();
+    box.SetSelStart(3);
+    box.SetSelLength(4);
+    box.SetSelText(QStringLiteral("longer")); // takes the colour of what it replaces
+    EXPECT_EQ(box.TextRTF().runs, (Runs{{0, 1}, {1, 2}, {3, 3}, {9, 1}}));
+    colour();
+    box.SetSelStart(2);
+    box.SetSelLength(6);
+    box.SetSelText(QString());
+    EXPECT_EQ(box.TextRTF().runs, (Runs{{0, 1}, {1, 2}, {2, 1}}));
+    colour();
+    box.UserEdited([] { return QStringLiteral("<a>long text</a>"); });
+    EXPECT_EQ(box.TextRTF().runs, (Runs{{0, 1}, {1, 2}, {8, 3}, {12, 1}}));
+    box.SetTextRTF(
+        {QStringLiteral("a\nb\r\nc"), {{2, 1}, {5, 2}}}); // written line ends take their colours along
+    EXPECT_EQ(box.TextRTF().runs, (Runs{{3, 1}, {6, 2}}));
+}
+
+TEST(SmallControls, a_chosen_entry_stays_chosen_and_typing_ends_it) {
+    ComboBox box;
+    box.AddItem(QStringLiteral("UTF-8"));
+    box.AddItem(QStringLiteral("UTF-16"));
+    box.UserChose(1);
+    box.AddItem(QStringLiteral("ASCII"), 0);
+    EXPECT_EQ(box.ListIndex(), 2);
+    box.SetListIndex(3);
+    EXPECT_EQ(box.Text(), QStringLiteral("UTF-16"));
+    box.UserTyped(QStringLiteral("UTF"));
+    EXPECT_EQ(box.ListIndex(), -1);
+}
+
+TEST(SmallControls, tabs_and_panels_announce_another_value_only) {
+    TabStrip tabs;
+    tabs.SetTabs({{QStringLiteral("listview"), QString()}, {QStringLiteral("textview"), QString()}});
+    QStringList clicks;
+    tabs.Click.connect([&] { clicks << tabs.SelectedKey(); });
+    tabs.Select(QStringLiteral("listview"));
+    tabs.Select(QStringLiteral("textview"));
+    EXPECT_EQ(clicks, QStringList{QStringLiteral("textview")});
+    EXPECT_THROW(tabs.Select(QStringLiteral("browser")), text::Fault);
+
+    StatusBar bar;
+    int told = 0;
+    bar.changed.connect([&](int panel) { told += panel; });
+    bar.SetPanel(2, QStringLiteral("Ln 1"));
+    bar.SetPanel(2, QStringLiteral("Ln 1"));
+    EXPECT_EQ(told, 2);
+    EXPECT_THROW(bar.SetPanel(3, QString()), text::Fault);
+}
+
+} // namespace

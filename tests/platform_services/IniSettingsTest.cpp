@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/services/RealServices.h"
+#include "tests/platform_services/Folder.h"
+
+using services::MakeIniSettings;
+
+namespace {
+
+const QString kSection = QStringLiteral("AppInternal");
+using Pairs = std::vector<std::pair<QString, QString>>;
+
+} // namespace
+
+TEST(IniSettings, AnyTextComesBackAsItWasSaved) {
+    const test::Folder folder;
+    const QString path = folder.Path(u"settings.ini"_qs);
+    QStringList values = {QString(),
+                          u" "_qs,
+                          u"  leading and trailing\t "_qs,
+                          u"a=b;c#d [e]"_qs,
+                          u"[AppInternal]"_qs,
+                          u"one\r\ntwo\nthree\r"_qs,
+                          u"c:\\new\\readme\\u0041.xml"_qs,
+                          u"\\"_qs,
+                          u"悔多少步:"_qs,
+                          u"\u00a0\u2028"_qs,
+                          QString(QChar(0xD800)) + u"x"_qs,
+                          QString(QChar(0)) + u"\x7f"_qs,
+                          u"\uFEFF"_qs,
+                          QString::fromUtf8("😀"),
+                          u"\"quoted\""_qs,
+                          QString(100'000, u'x')};
+    auto store = MakeIniSettings(path);
+    for (qsizetype i = 0; i < values.size(); ++i) {
+        store->Save(kSection, u"Key%1"_qs.arg(i), values[i]);
+        store->Save(u"By value"_qs, values[i] + u"k"_qs, QString::number(i)); // names may hold anything too
+        store->Save(u"["_qs + values[i] + u"]"_qs, u"k"_qs, values[i]);
+    }
+    store = MakeIniSettings(path);
+    for (qsizetype i = 0; i < values.size(); ++i) {
+        EXPECT_EQ(store->Get(kSection, u"Key%1"_qs.arg(i), u"none"_qs), values[i]) << i;
+        EXPECT_EQ(store->Get(u"By value"_qs, values[i] + u"k"_qs), QString::number(i)) << i;
+        EXPECT_EQ(store->Get(u"["_qs + values[i] + u"]"_qs, u"k"_qs, u"none"_qs), values[i]) << i;
+    }
+    EXPECT_EQ(store->GetAll(kSection).size(), static_cast<std::size_t>(values.size()));
+    EXPECT_EQ(store->Get(u"Other"_qs, u"Key1"_qs, u"fallback"_qs), u"fallback"_qs);
+    EXPECT_EQ(store->Get(kSection, u"key1"_qs, u"fallback"_qs), u"fallback"_qs);
+}
+
+TEST(IniSettings, ASectionComesInTheOrderOfTheFile) {
+    const test::Folder folder;
+    const QString path = folder.Path(u"settings.ini"_qs);
+    const QString recent = u"Recent Files"_qs;
+    auto store = MakeIniSettings(path);
+    EXPECT_EQ(store->GetAll(recent), Pairs());
+    store->Save(recent, u"RecentFile2"_qs, u"/b.xml"_qs);
+    store->Save(kSection, u"Steps"_qs, u"16"_qs);
+    store->Save(recent, u"RecentFile10"_qs, u"/c.xml"_qs);
+    store->Save(recent, u"RecentFile1"_qs, u"/a.xml"_qs);
+    store->Save(recent, u"RecentFile2"_qs, u"/B.xml"_qs);
+    const Pairs expected = {{u"RecentFile2"_qs, u"/B.xml"_qs},
+                            {u"RecentFile10"_qs, u"/c.xml"_qs},
+                            {u"RecentFile1"_qs, u"/a.xml"_qs}};
+    EXPECT_EQ(store->GetAll(recent), expected);
+    EXPECT_EQ(MakeIniSettings(path)->GetAll(recent), expected);
+}
+
+TEST(IniSettings, LinesOfOthersStayAsTheyAre) {
+    const test::Folder folder;
+    const QByteArray others = "; my notes\n[Other]\nKey = Value \\x\nno pair\n\n";
+    const QString path =
+        folder.Write(u"settings.ini"_qs, others + "[AppInternal]\nSteps = 8 \n\n[Last]\nz=1");
+    const auto store = MakeIniSettings(path);
+    EXPECT_EQ(store->Get(kSection, u"Steps"_qs), u"8"_qs);
+    EXPECT_EQ(store->Get(u"Other"_qs, u"Key"_qs), u"Value \\x"_qs);
+    store->Save(kSection, u"Debug"_qs, u"1"_qs);
+    EXPECT_EQ(folder.Read(u"settings.ini"_qs),
+              others + "[AppInternal]\nSteps = 8 \nDebug=1\n\n[Last]\nz=1\n");
+}
+
+TEST(IniSettings, TwoProgramsThatWriteByTurnsKeepEachOthersKeys) {
+    const test::Folder folder;
+    const QString path = folder.Path(u"settings.ini"_qs);
+    const auto first = MakeIniSettings(path);
+    const auto second = MakeIniSettings(path);
+    first->Save(kSection, u"A"_qs, u"1"_qs);
+    second->Save(kSection, u"B"_qs, u"2"_qs);
+    first->Save(kSection, u"C"_qs, u"3"_qs);
+    EXPECT_EQ(first->Get(kSection, u"B"_qs), u"2"_qs);
+    EXPECT_EQ(second->GetAll(kSection), (Pairs{{u"A"_qs, u"1"_qs}, {u"B"_qs, u"2"_qs}, {u"C"_qs, u"3"_qs}}));
+}
+
+TEST(IniSettings, ADamagedFileIsReadAsFarAsItGoes) {
+    const test::Folder folder;
+    QByteArray noise;
+    for (int i = 0; i < 5000; ++i)
+        noise += static_cast<char>(i * i >> 3);
+    const QByteArray whole =
+        "[AppInternal]\nSteps=16\nTextName=Courier New\nnote=\\u12\n[Recent Files]\nRecentFile1=/a.xml\n";
+    for (const QByteArray& bytes :
+         {noise, whole + noise, QByteArray("[\n]\n[]\n=\n=x\n\\\n"), QByteArray(9, '\0')}) {
+        const auto store = MakeIniSettings(folder.Write(u"settings.ini"_qs, bytes));
+        store->Save(kSection, u"Added"_qs, u"yes"_qs);
+        EXPECT_EQ(store->Get(kSection, u"Added"_qs), u"yes"_qs);
+        EXPECT_EQ(MakeIniSettings(folder.Path(u"settings.ini"_qs))->Get(kSection, u"Added"_qs), u"yes"_qs);
+        if (bytes.startsWith(whole)) {
+            EXPECT_EQ(store->Get(kSection, u"Steps"_qs), u"16"_qs);
+        }
+    }
+    for (qsizetype length = 0; length < whole.size(); ++length) {
+        const auto store = MakeIniSettings(folder.Write(u"settings.ini"_qs, whole.first(length)));
+        EXPECT_EQ(store->Get(kSection, u"Steps"_qs, u"16"_qs).left(1), length == 20 ? QString() : u"1"_qs)
+            << length;
+        store->Save(kSection, u"Steps"_qs, u"9"_qs);
+        EXPECT_EQ(store->Get(kSection, u"Steps"_qs), u"9"_qs) << length;
+    }
+}
+
+TEST(IniSettings, FailuresToWriteAreSilentAndLeaveTheFileWhole) {
+    const test::Folder folder;
+    const QString path = folder.Write(u"settings.ini"_qs, "[AppInternal]\nSteps=8\n", 0444);
+    const auto store = MakeIniSettings(path);
+    store->Save(kSection, u"Steps"_qs, u"9"_qs);
+    EXPECT_EQ(store->Get(kSection, u"Steps"_qs), u"8"_qs);
+    EXPECT_EQ(folder.Read(u"settings.ini"_qs), "[AppInternal]\nSteps=8\n");
+    const auto nowhere = MakeIniSettings(u"/proc/none/settings.ini"_qs);
+    nowhere->Save(kSection, u"Steps"_qs, u"9"_qs);
+    EXPECT_EQ(nowhere->Get(kSection, u"Steps"_qs, u"16"_qs), u"16"_qs);
+}
+
+TEST(IniSettings, AFileThatCanNotBeReadIsNotWrittenOver) {
+    const test::Folder folder;
+    const QString path = folder.Write(u"settings.ini"_qs, "[AppInternal]\nSteps=8\n", 0222);
+    chmod(folder.Native(QString()).constData(), 0777);
+    {
+        const test::OrdinaryUser user;
+        const auto store = MakeIniSettings(path);
+        store->Save(kSection, u"Debug"_qs, u"1"_qs);
+    }
+    chmod(folder.Native(u"settings.ini"_qs).constData(), 0644);
+    EXPECT_EQ(folder.Read(u"settings.ini"_qs), "[AppInternal]\nSteps=8\n");
+}
+
+TEST(IniSettings, StandsUnderTheUsersConfigurationFolderAndMakesIt) {
+    const test::Folder folder;
+    const QByteArray old = qgetenv("XDG_CONFIG_HOME");
+    qputenv("XDG_CONFIG_HOME", folder.Native(u"config"_qs));
+    MakeIniSettings()->Save(kSection, u"Steps"_qs, u"9"_qs);
+    old.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", old);
+    EXPECT_EQ(folder.Read(u"config/vantrel/vantrel.ini"_qs), "[AppInternal]\nSteps=9\n");
+}

@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Several documents at once: names, order, saving, closing, ending.
+#include "tests/support/TestApp.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+using services::Answer;
+using test::TestApp;
+
+const QString kEdited = QStringLiteral("<a>edited</a>");
+
+/// The captions of the windows that became active, in order; "-" for none.
+struct ActiveLog {
+    explicit ActiveLog(frmMDIMain& frame) {
+        frame.activeFormChanged.connect([this](DocumentWindow* window) {
+            names << (window ? window->Caption.section(QLatin1Char('/'), -1) : QStringLiteral("-"));
+        });
+    }
+    QStringList names;
+};
+
+TEST(Windows, AnOpenFileIsBroughtToTheFrontInsteadOfOpenedAgain) {
+    TestApp t;
+    int added = 0;
+    t.frame().formAdded.connect([&](DocumentWindow*) { ++added; });
+    DocumentWindow& a = t.OpenText(QStringLiteral("a.xml"), "<a/>");
+    t.OpenText(QStringLiteral("b.xml"), "<b/>");
+    t.frame().OpenNamed(t.folder.Path(QStringLiteral("a.xml")));
+    EXPECT_EQ(t.frame().ActiveForm(), &a);
+    EXPECT_EQ(t.app().CurrentFileName, a.Caption);
+    EXPECT_EQ(added, 2);
+    t.frame().OpenNamed(t.folder.Path(QStringLiteral("./a.xml"))); // another spelling is another document
+    EXPECT_EQ(added, 3);
+}
+
+TEST(Windows, NewDocumentsAreCountedTogetherAndNumbersAreNotUsedAgain) {
+    TestApp t;
+    t.prompts.Answer(Answer::No); // a document without a root element doesn't parse, so closing it asks
+    QStringList names;
+    for (const char* entry : {"mnuFileNew", "mnuNewschema", "mnuFileClose", "mnuFileNew"}) {
+        t.ChooseMenu(QLatin1String(entry));
+        names << t.window().Caption;
+    }
+    t.PressButton(QStringLiteral("tbFileEdit"), QStringLiteral("newfile"));
+    names << t.window().Caption;
+    EXPECT_EQ(names,
+              QStringList({QStringLiteral("new1.xml"), QStringLiteral("new2.xsd"), QStringLiteral("new1.xml"),
+                           QStringLiteral("new3.xml"), QStringLiteral("new4.xml")}));
+}
+
+TEST(Windows, ALoadingWindowIsTheActiveFormButIsAnnouncedOnlyWhenItIsFilled) {
+    TestApp t;
+    t.OpenText(QStringLiteral("good.xml"), "<a/>");
+    const ActiveLog log(t.frame());
+    QString whileTold;
+    t.prompts.onBox = [&](const test::Box&) {
+        whileTold = t.window().Caption;
+        EXPECT_FALSE(t.window().bLoaded);
+        EXPECT_EQ(log.names, QStringList());
+    };
+    t.frame().formAdded.connect([](DocumentWindow* window) { EXPECT_TRUE(window->bLoaded); });
+    t.prompts.Answer(Answer::Ok); // "This is not valid XML"
+    DocumentWindow& bad = t.OpenText(QStringLiteral("bad.xml"), "<a><b></a>");
+    EXPECT_EQ(whileTold, bad.Caption);
+    EXPECT_EQ(log.names, QStringList(QStringLiteral("bad.xml")));
+}
+
+TEST(Windows, ClosingShowsTheWindowThatWasActiveBefore) {
+    TestApp t;
+    DocumentWindow& a = t.OpenText(QStringLiteral("a.xml"), "<a/>");
+    t.OpenText(QStringLiteral("b.xml"), "<b/>");
+    t.OpenText(QStringLiteral("c.xml"), "<c/>");
+    t.frame().ActivateForm(&a);
+    const ActiveLog log(t.frame());
+    t.frame().formRemoved.connect([&](DocumentWindow* gone) { EXPECT_NE(t.frame().ActiveForm(), gone); });
+    while (t.frame().ActiveForm())
+        t.ChooseMenu(QStringLiteral("mnuFileClose"));
+    EXPECT_EQ(log.names,
+              QStringList({QStringLiteral("c.xml"), QStringLiteral("b.xml"), QStringLiteral("-")}));
+    EXPECT_EQ(t.frame().FormCount(), 0);
+}
+
+TEST(Windows, BackAndForwardBothSendTheActiveWindowBehindTheOthers) {
+    TestApp t;
+    for (const char* name : {"a.xml", "b.xml", "c.xml"})
+        t.OpenText(QLatin1String(name), "<a/>");
+    const ActiveLog log(t.frame());
+    for (const char* key : {"back", "back", "forward"})
+        t.PressButton(QStringLiteral("tbNavigate"), QLatin1String(key));
+    EXPECT_EQ(log.names,
+              QStringList({QStringLiteral("b.xml"), QStringLiteral("a.xml"), QStringLiteral("c.xml")}));
+}
+
+TEST(Windows, ATypedTextReachesItsOwnTreeWhenAnotherDocumentOpens) {
+    TestApp t;
+    DocumentWindow& a = t.OpenText(QStringLiteral("a.xml"), "<a/>");
+    a.tbsXML.Select(QStringLiteral("textview"));
+    a.rtxtXML.UserSelected(0, a.rtxtXML.Text().size());
+    a.rtxtXML.Type(QStringLiteral("<fresh/>"));
+    t.ChooseMenu(QStringLiteral("mnuFileNew")); // by its key: the text still has the focus
+    a.rtxtXML.LostFocus();
+    const controls::TreeNode root = a.tvXML.Nodes(1);
+    EXPECT_EQ(root.Key(), a.Caption);
+    EXPECT_EQ(root.Child().Text(), QStringLiteral("fresh"));
+    EXPECT_EQ(t.app().CurrentFileName, QStringLiteral("new1.xml"));
+}
+
+TEST(Windows, ClosingAChangedDocumentAsksAndFollowsTheAnswer) {
+    TestApp t;
+    t.OpenText(QStringLiteral("a.xml"), "<a>old</a>");
+    t.EditText(kEdited);
+    t.prompts.Answer(Answer::Cancel);
+    t.ChooseMenu(QStringLiteral("mnuFileClose"));
+    ASSERT_EQ(t.frame().FormCount(), 1);
+    EXPECT_TRUE(t.frame().Menu(QStringLiteral("mnuFileSave")).Usable()); // the menu of a window is back
+    EXPECT_EQ(t.prompts.boxes.back().text,
+              QStringLiteral("This XML file has been changed. Do you want to save it?"));
+    EXPECT_EQ(t.prompts.boxes.back().buttons, services::Buttons::YesNoCancel);
+
+    t.prompts.Answer(Answer::No);
+    t.ChooseMenu(QStringLiteral("mnuFileClose"));
+    EXPECT_EQ(t.frame().FormCount(), 0);
+    EXPECT_EQ(t.folder.Read(QStringLiteral("a.xml")), "<a>old</a>");
+
+    t.frame().OpenNamed(t.folder.Path(QStringLiteral("a.xml")));
+    t.EditText(kEdited);
+    t.prompts.Answer(Answer::Yes);
+    t.ChooseMenu(QStringLiteral("mnuFileClose"));
+    EXPECT_EQ(t.frame().FormCount(), 0);
+    EXPECT_EQ(t.folder.Read(QStringLiteral("a.xml")), kEdited.toUtf8());
+}
+
+TEST(Windows, CloseAllComesBackToAWindowThatWasKept) {
+    TestApp t;
+    t.OpenText(QStringLiteral("a.xml"), "<a/>");
+    t.OpenText(QStringLiteral("b.xml"), "<b/>");
+    t.EditText(kEdited);
+    t.prompts.Answer({Answer::Cancel, Answer::Cancel, Answer::No});
+    t.ChooseMenu(QStringLiteral("mnuCloseAll"));
+    EXPECT_EQ(t.prompts.boxes.size(), 3u);
+    EXPECT_EQ(t.frame().FormCount(), 0);
+}
+
+TEST(Windows, TheFramesCloseButtonStopsAtAWindowThatIsKept) {
+    TestApp t;
+    t.OpenText(QStringLiteral("a.xml"), "<a/>");
+    t.OpenText(QStringLiteral("b.xml"), "<b/>");
+    t.EditText(kEdited);
+    t.prompts.Answer(Answer::Cancel);
+    EXPECT_FALSE(t.frame().QueryUnload());
+    EXPECT_EQ(t.frame().FormCount(), 2);
+    t.prompts.Answer(Answer::No);
+    EXPECT_TRUE(t.frame().QueryUnload());
+    EXPECT_EQ(t.frame().FormCount(), 0);
+}
+
+TEST(Windows, ExitEndsWithoutAskingAndWithoutSaving) {
+    TestApp t;
+    t.OpenText(QStringLiteral("a.xml"), "<a/>");
+    t.EditText(kEdited);
+    int ended = 0;
+    t.frame().ended.connect([&] { ++ended; });
+    t.ChooseMenu(QStringLiteral("mnuFileExit"));
+    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(t.folder.Read(QStringLiteral("a.xml")), "<a/>");
+}
+
+TEST(Windows, SaveWritesTheActiveWindowAndSaveAllWritesNone) {
+    TestApp t;
+    t.OpenText(QStringLiteral("a.xml"), "<a/>");
+    t.EditText(kEdited);
+    t.ChooseMenu(QStringLiteral("mnuFileSaveAll"));
+    EXPECT_EQ(t.folder.Read(QStringLiteral("a.xml")), "<a/>");
+    t.PressButton(QStringLiteral("tbFileEdit"), QStringLiteral("savefile"));
+    EXPECT_EQ(t.folder.Read(QStringLiteral("a.xml")), kEdited.toUtf8());
+}
+
+} // namespace

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/ScriptedPrompts.h"
+#include <gtest/gtest.h>
+
+namespace test {
+
+using services::Buttons;
+
+ScriptedPrompts::~ScriptedPrompts() {
+    EXPECT_TRUE(answers_.empty()) << answers_.size() << " prepared answers were not asked for";
+    EXPECT_TRUE(fileNames_.empty()) << fileNames_.size() << " prepared file names were not asked for";
+}
+
+void ScriptedPrompts::Answer(std::initializer_list<services::Answer> answers) {
+    answers_.insert(answers_.end(), answers);
+}
+
+void ScriptedPrompts::AllowAnyBox(services::Answer fallback) {
+    anyBox_ = true;
+    fallback_ = fallback;
+}
+
+void ScriptedPrompts::ForgetUnused() {
+    answers_.clear();
+    fileNames_.clear();
+}
+
+QStringList ScriptedPrompts::Texts() const {
+    QStringList texts;
+    for (const Box& box : boxes)
+        texts << box.text;
+    return texts;
+}
+
+services::Answer ScriptedPrompts::MsgBox(const QString& text, Buttons buttons, services::Icon icon,
+                                         const QString& title) {
+    boxes.push_back({text, buttons, icon, title});
+    if (onBox)
+        onBox(boxes.back());
+    if (!answers_.empty()) {
+        const auto answer = answers_.front();
+        answers_.pop_front();
+        return answer;
+    }
+    if (!anyBox_)
+        ADD_FAILURE() << "unexpected message box \"" << title.toStdString() << "\": " << text.toStdString();
+    return buttons == Buttons::Ok ? services::Answer::Ok : fallback_;
+}
+
+QString ScriptedPrompts::NextName(const FileDialog& dialog) {
+    dialogs.push_back(dialog);
+    if (fileNames_.empty()) {
+        ADD_FAILURE() << "unexpected file dialog \"" << dialog.title.toStdString() << "\"";
+        return {};
+    }
+    const QString name = fileNames_.front();
+    fileNames_.pop_front();
+    return name;
+}
+
+QString ScriptedPrompts::OpenFileName(const QString& title, const QString& filter) {
+    return NextName({false, title, filter, {}});
+}
+
+QString ScriptedPrompts::SaveFileName(const QString& title, const QString& filter, const QString& suggested) {
+    return NextName({true, title, filter, suggested});
+}
+
+} // namespace test

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "platform/services/Services.h"
+#include <QString>
+#include <deque>
+#include <functional>
+#include <initializer_list>
+#include <vector>
+
+namespace test {
+
+/// A message box as the user saw it.
+struct Box {
+    QString text;
+    services::Buttons buttons;
+    services::Icon icon;
+    QString title;
+};
+
+/// A file dialog as the user saw it.
+struct FileDialog {
+    bool save;
+    QString title;
+    QString filter;
+    QString suggested; ///< save dialogs only
+};
+
+/// The person before the screen: records every box and dialog and answers from queues. One that no answer was
+/// prepared for fails the test (and gets Ok, No or an empty name); so does an answer that nobody asked for.
+class ScriptedPrompts : public services::Prompts {
+public:
+    ~ScriptedPrompts() override;
+
+    // --- preparing -----------------------------------------------------------------------------------
+    /// Answers for the next boxes, in order; one each, also for a box with OK alone.
+    void Answer(std::initializer_list<services::Answer> answers);
+    void Answer(services::Answer answer) { Answer({answer}); }
+    /// Names for the next file dialogs, in order; an empty name cancels.
+    void Choose(const QString& fileName) { fileNames_.push_back(fileName); }
+    /// From now on boxes without an answer don't fail the test: they get `fallback` (OK boxes get Ok).
+    void AllowAnyBox(services::Answer fallback = services::Answer::No);
+    /// Runs while a box is open, before it is answered.
+    std::function<void(const Box&)> onBox;
+    /// Drops answers and names that weren't asked for, so that they don't fail the test.
+    void ForgetUnused();
+
+    // --- looking back ----------------------------------------------------------------------------------
+    std::vector<Box> boxes;
+    std::vector<FileDialog> dialogs;
+    int beeps = 0;
+    /// The texts of all boxes so far.
+    QStringList Texts() const;
+
+    // --- services::Prompts -------------------------------------------------------------------------------
+    services::Answer MsgBox(const QString& text, services::Buttons buttons, services::Icon icon,
+                            const QString& title) override;
+    QString OpenFileName(const QString& title, const QString& filter) override;
+    QString SaveFileName(const QString& title, const QString& filter, const QString& suggested) override;
+    void Beep() override { ++beeps; }
+
+private:
+    QString NextName(const FileDialog& dialog);
+    std::deque<services::Answer> answers_;
+    std::deque<QString> fileNames_;
+    bool anyBox_ = false;
+    services::Answer fallback_ = services::Answer::No;
+};
+
+/// Records the progress of blocking work; can cancel it.
+class ScriptedProgress : public services::Progress {
+public:
+    int cancelAtStep = -1; ///< 0-based step over all work that says "cancel"; -1: never
+    std::vector<QString> begun;
+    int steps = 0;
+    int ended = 0;
+
+    void Begin(const QString& what) override { begun.push_back(what); }
+    bool Step(qint64, qint64) override { return steps++ != cancelAtStep; }
+    void End() override { ++ended; }
+};
+
+} // namespace test
