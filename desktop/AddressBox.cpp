@@ -8,8 +8,9 @@ AddressBox::AddressBox(controls::ComboBox& model, QComboBox& widget, QObject* pa
     : QObject(parent), model_(model), widget_(widget), events_(widget, this) {
     widget.setEditable(true);
     widget.setInsertPolicy(QComboBox::NoInsert);
-    widget.setDuplicatesEnabled(true); // else Enter on a known address counts as a choice, besides the key
     widget.setCompleter(nullptr);
+    // A known address that is only typed, or left standing, would count as a choice.
+    disconnect(widget.lineEdit(), &QLineEdit::editingFinished, &widget, nullptr);
     events_.keyUp = [this](int key, int modifiers) { model_.KeyUp(key, modifiers); };
     widget.installEventFilter(this);
     Listen(model.changed, this, [this] { Show(); });

@@ -17,12 +17,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QShortcut>
 #include <QTimer>
 #include <QToolButton>
 
 MainWindow::MainWindow(frmMDIMain& frame) : frame_(frame), ui_(std::make_unique<Ui::frmMDIMain>()) {
     ui_->setupUi(this);
+    resize(size().boundedTo(screen()->availableSize() * 0.95));
     MakeBars();
     MakeShortcuts();
     FollowFrame();

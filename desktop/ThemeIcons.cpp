@@ -2,7 +2,7 @@
 #include "desktop/ThemeIcons.h"
 #include "desktop/Glyphs.h"
 #include <QApplication>
-#include <QDir>
+#include <QFile>
 #include <QPalette>
 
 namespace {
@@ -19,13 +19,20 @@ bool HasTheme(const QString& name) {
 void ChooseIconTheme() {
     const QPalette palette = QApplication::palette();
     const bool dark = palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-    const QString breeze = dark ? QStringLiteral("breeze-dark") : QStringLiteral("breeze");
-    const QString ours = HasTheme(breeze) ? breeze : QStringLiteral("Adwaita");
+    const auto suited = [dark](const QString& name) {
+        for (const QString& twin : {name + QStringLiteral("-dark"), name + QStringLiteral("-Dark")})
+            if (dark && HasTheme(twin))
+                return twin;
+        return name;
+    };
+    QString ours = suited(QStringLiteral("breeze"));
+    if (!HasTheme(ours))
+        ours = QStringLiteral("Adwaita");
     QIcon::setFallbackThemeName(ours);
-    const QString desktops = QIcon::themeName();
     // "hicolor" is the bare ground that themes stand on, and no theme of its own.
-    if (desktops.isEmpty() || desktops == QLatin1String("hicolor") || !HasTheme(desktops))
-        QIcon::setThemeName(ours);
+    const QString desktops = QIcon::themeName();
+    const bool none = desktops.isEmpty() || desktops == QLatin1String("hicolor") || !HasTheme(desktops);
+    QIcon::setThemeName(none ? ours : suited(desktops));
 }
 
 QIcon ThemeIcon(const QString& name, const QString& caption) {

@@ -24,6 +24,7 @@ bool EncodeOrAsk(Application& app, QString& text, text::FileForm& form, text::En
         return false;
     text = text::WithDeclaredEncoding(text, QStringLiteral("UTF-8"));
     form.encoding = QStringLiteral("UTF-8");
+    form.mark = false;
     form.declared = text::DeclaredEncoding(text);
     encoded = text::Encode(text, form);
     if (encoded.badPosition < 0)
@@ -41,6 +42,7 @@ void Remember(const QString& text, const text::Encoded& encoded, text::FileForm&
         return;
     }
     form.encoding = encoded.encoding;
+    form.mark = encoded.mark;
     form.declared = text::DeclaredEncoding(text);
 }
 

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/Serialise.h"
 #include "core/model/m_tvXML.h"
+#include "platform/controls/TreeCursor.h"
 #include "platform/text/TextTools.h"
 
 namespace m_tvXML {
 
 namespace {
 
-using controls::TreeNode;
+using controls::TreeCursor;
 using text::CompactView;
 
 enum Kind { kRoot = 0, kElement = 1, kText = 3, kInstruction = 7, kComment = 8 };
@@ -48,8 +49,13 @@ CompactView WithoutTrailingBlanks(CompactView view) {
     return view;
 }
 
-bool IsText(TreeNode node) {
-    return GetKeyType(node) == kText;
+// The root's key is a name, which says no kind.
+int KindOf(TreeCursor node) {
+    return std::max(node.kind(), 0);
+}
+
+bool IsText(TreeCursor node) {
+    return node.kind() == kText;
 }
 
 template <typename Sink> class Writer {
@@ -57,16 +63,15 @@ public:
     Writer(Sink& sink, QStringView unit) : sink_(sink), unit_(unit) {}
 
     // Walks without recursion: a document may be deeper than the stack.
-    void write(TreeNode top) {
-        TreeNode node = top;
-        int level = GetNodeLevel(top);
+    void write(TreeCursor top, int level) {
+        TreeCursor node = top;
         bool opening = true;
         while (true) {
             if (opening) {
-                const int kind = GetKeyType(node);
+                const int kind = KindOf(node);
                 open(node, kind, level);
-                if ((kind == kElement || kind == kRoot) && node.Child()) {
-                    node = node.Child();
+                if ((kind == kElement || kind == kRoot) && node.firstChild()) {
+                    node = node.firstChild();
                     level += kind == kRoot ? 0 : 1;
                     continue;
                 }
@@ -74,13 +79,13 @@ public:
             lineBreakBehind(node);
             if (node == top)
                 return;
-            if (const TreeNode next = node.Next()) {
+            if (const TreeCursor next = node.next()) {
                 node = next;
                 opening = true;
                 continue;
             }
-            node = node.Parent();
-            const bool root = GetKeyType(node) == kRoot;
+            node = node.parent();
+            const bool root = KindOf(node) == kRoot;
             level -= root ? 0 : 1;
             if (!root)
                 close(node, level);
@@ -89,22 +94,22 @@ public:
     }
 
 private:
-    void open(TreeNode node, int kind, int level) {
+    void open(TreeCursor node, int kind, int level) {
         switch (kind) {
         case kComment:
             sink_.put(u"<!--");
-            sink_.put(node.TagView());
+            sink_.put(node.tag());
             sink_.put(u"-->");
             break;
         case kInstruction:
             sink_.put(u"<?");
-            sink_.put(node.TextView());
+            sink_.put(node.text());
             sink_.put(u" ");
-            sink_.put(node.TagView());
+            sink_.put(node.tag());
             sink_.put(u"?>");
             break;
         case kText:
-            sink_.put(node.TagView());
+            sink_.put(node.tag());
             break;
         case kElement:
             openElement(node, level);
@@ -114,44 +119,44 @@ private:
         }
     }
 
-    void openElement(TreeNode node, int level) {
-        const TreeNode before = node.Previous();
+    void openElement(TreeCursor node, int level) {
+        const TreeCursor before = node.previous();
         if (!before || !IsText(before))
             indent(level);
         sink_.put(u"<");
-        const CompactView tag = WithoutTrailingBlanks(node.TagView());
+        const CompactView tag = WithoutTrailingBlanks(node.tag());
         if (tag.isEmpty()) {
-            sink_.put(WithoutTrailingBlanks(node.TextView()));
+            sink_.put(WithoutTrailingBlanks(node.text()));
         } else {
-            sink_.put(node.TextView());
+            sink_.put(node.text());
             sink_.put(u" ");
             sink_.put(tag);
         }
         sink_.put(u">");
-        const TreeNode child = node.Child();
+        const TreeCursor child = node.firstChild();
         if (!child) {
             sink_.put(u"</");
-            sink_.put(node.TextView());
+            sink_.put(node.text());
             sink_.put(u">");
         } else if (!IsText(child)) {
             sink_.put(u"\r\n");
         }
     }
 
-    void close(TreeNode node, int level) {
-        if (!IsText(node.LastChild())) {
+    void close(TreeCursor node, int level) {
+        if (!IsText(node.lastChild())) {
             sink_.put(u"\r\n");
             indent(level);
         }
         sink_.put(u"</");
-        sink_.put(node.TextView());
+        sink_.put(node.text());
         sink_.put(u">");
     }
 
-    void lineBreakBehind(TreeNode node) {
+    void lineBreakBehind(TreeCursor node) {
         if (IsText(node))
             return;
-        const TreeNode next = node.Next();
+        const TreeCursor next = node.next();
         if (next && !IsText(next))
             sink_.put(u"\r\n");
     }
@@ -164,13 +169,15 @@ private:
 
 } // namespace
 
-QString GetTreeNodesXML(TreeNode node, const QString& indentUnit) {
+QString GetTreeNodesXML(controls::TreeNode node, const QString& indentUnit) {
     if (!node)
         return {};
+    const TreeCursor top(node);
+    const int level = GetNodeLevel(node);
     LengthSink length;
-    Writer<LengthSink>(length, indentUnit).write(node);
+    Writer<LengthSink>(length, indentUnit).write(top, level);
     TextSink sink(length.length());
-    Writer<TextSink>(sink, indentUnit).write(node);
+    Writer<TextSink>(sink, indentUnit).write(top, level);
     return sink.take();
 }
 

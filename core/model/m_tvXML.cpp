@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/m_tvXML.h"
 #include "core/model/DocumentWindow.h"
+#include "platform/controls/TreeCursor.h"
 #include "platform/text/TextTools.h"
 
 namespace m_tvXML {
@@ -10,20 +11,18 @@ namespace {
 constexpr int kElement = 1;
 constexpr int kText = 3;
 
-// The node behind `node` in document order that lies below `top`; nothing at the end.
-TreeNode NextBelow(TreeNode node, TreeNode top) {
-    if (const TreeNode child = node.Child())
-        return child;
-    while (node != top) {
-        if (const TreeNode next = node.Next())
-            return next;
-        node = node.Parent();
-    }
-    return {};
+using controls::TreeCursor;
+
+bool IsNumbered(TreeCursor node) {
+    return node.kind() != kText;
 }
 
-bool IsNumbered(TreeNode node) {
-    return GetKeyType(node) != kText;
+// Numbered nodes below a place.
+long NumberedBelow(TreeCursor top) {
+    long number = 0;
+    for (TreeCursor below = top.firstChild(); below; below = below.nextBelow(top))
+        number += IsNumbered(below) ? 1 : 0;
+    return number;
 }
 
 } // namespace
@@ -86,25 +85,17 @@ bool HaveElementNodeAtXMLRootLevel(DocumentWindow& window) {
 }
 
 long GetAllChildNodeNumber(TreeNode node) {
-    if (!node)
-        return 0;
-    long number = 0;
-    for (TreeNode below = node.Child(); below; below = NextBelow(below, node))
-        number += IsNumbered(below) ? 1 : 0;
-    return number;
+    return node ? NumberedBelow(TreeCursor(node)) : 0;
 }
 
 long GetBeforeNodeNumber(Application& app, TreeNode node) {
     long number = 0;
-    while (node) {
-        ++number;
-        for (TreeNode before = node.Previous(); before; before = before.Previous()) {
-            if (IsNumbered(before))
-                number += 1 + GetAllChildNodeNumber(before);
-        }
-        node = node.Parent();
-        if (node && node.KeyKind() < 0 && node.Key() == app.CurrentFileName)
+    for (TreeCursor at = node ? TreeCursor(node) : TreeCursor(); at; at = at.parent()) {
+        if (number > 0 && at.kind() < 0 && at.node().Key() == app.CurrentFileName)
             break;
+        ++number;
+        for (TreeCursor before = at.previous(); before; before = before.previous())
+            number += IsNumbered(before) ? 1 + NumberedBelow(before) : 0;
     }
     return number;
 }
@@ -112,12 +103,13 @@ long GetBeforeNodeNumber(Application& app, TreeNode node) {
 TreeNode GetNodeByNumber(Application& app, long number, TreeNode node) {
     if (!node)
         return {};
-    for (TreeNode below = node.Child(); below; below = NextBelow(below, node)) {
+    const TreeCursor top(node);
+    for (TreeCursor below = top.firstChild(); below; below = below.nextBelow(top)) {
         if (!IsNumbered(below))
             continue;
         if (++app.NodeWalkCounter >= number) {
             app.NodeWalkCounter = 0;
-            return below;
+            return below.node();
         }
     }
     return {};

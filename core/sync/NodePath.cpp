@@ -4,29 +4,28 @@
 #include "core/model/mXMLEdit.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
+#include "platform/controls/TreeCursor.h"
 #include "platform/text/TextTools.h"
 
 // The path of a node, and the way back from a path to the node.
 
 namespace {
 
+using controls::TreeCursor;
 using controls::TreeNode;
 
 enum Kind { kElement = 1, kText = 3, kComment = 8 };
 
-bool SameText(TreeNode a, TreeNode b) {
-    return a.TextId() == b.TextId() || a.TextView() == b.TextView();
+bool SameText(TreeCursor a, TreeCursor b) {
+    return a.textId() == b.textId() || a.text() == b.text();
 }
 
 // Siblings of the same Text up to the node and with it. A text counts by its shown, perhaps shortened, form.
 int GetSameNodeOrder(TreeNode node) {
+    const TreeCursor place(node);
     int order = 0;
-    for (TreeNode sibling = node.FirstSibling(); sibling; sibling = sibling.Next()) {
-        if (SameText(sibling, node))
-            ++order;
-        if (sibling == node)
-            break;
-    }
+    for (TreeCursor sibling = place; sibling; sibling = sibling.previous())
+        order += SameText(sibling, place) ? 1 : 0;
     return order;
 }
 

@@ -175,6 +175,8 @@ public:
 private:
     friend class TreeNode;
     friend class TreeNodes;
+    friend class TreeCursor;
+    friend class TreeFiller;
     struct Storage;
     std::unique_ptr<Storage> storage_;
 };

@@ -25,7 +25,7 @@ std::optional<char16_t> UnitAt(const QString& text, qsizetype at) {
 }
 
 QString Unescaped(const QByteArray& bytes) {
-    const QString text = QString::fromUtf8(bytes);
+    QString text = QString::fromUtf8(bytes);
     if (!text.contains(u'\\'))
         return text;
     QString plain;

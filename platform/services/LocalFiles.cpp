@@ -37,7 +37,7 @@ FileResult OpenRegular(const QByteArray& path, FileHandle& handle, qint64& size)
     struct stat info {};
     if (stat(path.constData(), &info) != 0)
         return FailureOf(errno);
-    if (const FileResult result = CheckKind(info); !result)
+    if (FileResult result = CheckKind(info); !result)
         return result;
     // Another kind of file may have taken the name meanwhile: opening must not wait for it, and it is looked
     // at again.

@@ -127,7 +127,7 @@ std::optional<Code> FindCode(const QString& label) {
 }
 
 std::optional<Code> LocaleCode() {
-    const std::optional<Code> code = FindCode(QString::fromLatin1(nl_langinfo(CODESET)));
+    std::optional<Code> code = FindCode(QString::fromLatin1(nl_langinfo(CODESET)));
     if (!code || (code->kind != Code::Kind::Other && code->kind != Code::Kind::Latin1))
         return std::nullopt;
     return code;

@@ -19,7 +19,7 @@ struct Code {
 std::optional<Code> FindCode(const QString& label);
 /// The code of the user's locale, when it isn't one that is tried anyway.
 std::optional<Code> LocaleCode();
-/// The byte-order mark in this code; the one of UTF-8 for a code of bytes.
+/// The byte-order mark in this code, which must be one of Unicode's.
 QByteArray MarkOf(const Code& code);
 /// Whether both are the same code, whatever the byte order.
 bool SameFamily(const Code& a, const Code& b);

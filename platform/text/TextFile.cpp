@@ -41,6 +41,11 @@ private:
     bool same_ = true;
 };
 
+void KeepOriginal(Decoded& result, const QByteArray& bytes) {
+    result.form.originalBytes = std::make_shared<const QByteArray>(bytes);
+    result.form.originalText = result.text;
+}
+
 /// Reads the bytes strictly in this code; nothing when they don't fit.
 std::optional<Decoded> ReadAs(const Code& code, const QByteArray& bytes, qsizetype markSize) {
     const QByteArrayView body = QByteArrayView(bytes).sliced(markSize);
@@ -62,10 +67,8 @@ std::optional<Decoded> ReadAs(const Code& code, const QByteArray& bytes, qsizety
     result.form.encoding = QString::fromLatin1(code.name);
     result.form.declared = DeclaredEncoding(result.text);
     result.form.mark = markSize > 0;
-    if (fit == Fit::Halves || (check && !check->Finish())) {
-        result.form.originalBytes = std::make_shared<const QByteArray>(bytes);
-        result.form.originalText = result.text;
-    }
+    if (fit == Fit::Halves || (check && !check->Finish()))
+        KeepOriginal(result, bytes);
     return result;
 }
 
@@ -110,7 +113,7 @@ Decoded ReadUndeclared(const QByteArray& bytes, qsizetype markSize) {
     return ReadAs(KnownCode("ISO-8859-1"), bytes, markSize).value_or(Decoded{});
 }
 
-/// Reads by the declaration, or without one. A mark of UTF-8 is kept aside, as it would spoil the text.
+/// Reads by the declaration, or without one.
 Decoded ReadByDeclaration(const QByteArray& bytes, qsizetype markSize) {
     const QString label = LabelIn(QByteArrayView(bytes).sliced(markSize));
     const std::optional<Code> declared = label.isEmpty() ? std::nullopt : FindCode(label);
@@ -143,11 +146,12 @@ QString Contradiction(const Decoded& read, const Code& code) {
         .arg(label, read.form.encoding);
 }
 
-/// Whether the text has what a file in this code has in front.
+/// Whether a text in this code gets a mark in front.
 bool NeedsMark(const Code& code, const FileForm& form) {
-    if (QString::fromLatin1(code.name) == form.encoding)
-        return form.mark || code.markAlways;
-    return !code.byteCompatible;
+    if (QString::fromLatin1(code.name) != form.encoding)
+        return !code.byteCompatible;
+    const bool canHaveOne = code.kind == Code::Kind::Utf8 || !code.byteCompatible;
+    return code.markAlways || (form.mark && canHaveOne);
 }
 
 /// The code to write a text in.
@@ -169,6 +173,11 @@ Decoded Decode(const QByteArray& bytes) {
     }
     const bool spoiled = marked && marked->kind == Code::Kind::Utf8;
     Decoded result = ReadByDeclaration(bytes, spoiled ? MarkOf(*marked).size() : 0);
+    if (spoiled) {
+        // A mark that says the wrong thing would only spoil the text. It goes once the text is changed.
+        result.form.mark = false;
+        KeepOriginal(result, bytes);
+    }
     if (marked) {
         result.warning =
             QStringLiteral("The file starts with the mark of %1, but its bytes aren't in that code; "

@@ -10,8 +10,9 @@ namespace xml {
 
 /// What the document type declaration says of the attributes of one element.
 struct ElementRules {
-    std::vector<Attribute> defaults;               ///< in the order of the declarations
-    std::unordered_map<std::uint32_t, bool> known; ///< by attribute name: whether it is of a type other than CDATA
+    std::vector<Attribute> defaults; ///< in the order of the declarations
+    std::unordered_map<std::uint32_t, bool>
+        known; ///< by attribute name: whether it is of a type other than CDATA
 
     /// Blanks around and between the words of such an attribute are no part of its value.
     bool isTokens(std::uint32_t attribute) const {
@@ -25,9 +26,10 @@ class AttributeRules {
 public:
     bool isEmpty() const { return rules_.empty(); }
 
-    /// Takes a declaration; `value` is the default or nullptr. The first declaration of an attribute counts, later
-    /// ones are passed over.
-    void add(std::uint32_t element, std::uint32_t attribute, bool tokens, const text::StringPool::Ref* value) {
+    /// Takes a declaration; `value` is the default or nullptr. The first declaration of an attribute counts,
+    /// later ones are passed over.
+    void add(std::uint32_t element, std::uint32_t attribute, bool tokens,
+             const text::StringPool::Ref* value) {
         ElementRules& rules = rules_[element];
         if (rules.known.emplace(attribute, tokens).second && value)
             rules.defaults.push_back(Attribute{attribute, *value});

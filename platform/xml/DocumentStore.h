@@ -10,7 +10,8 @@ namespace xml {
 
 class XPathTree;
 
-/// One node, 20 bytes. Nodes are numbered in document order, so the first child of a node, if it has any, is the next number.
+/// One node, 20 bytes. Nodes are numbered in document order, so the first child of a node, if it has any, is
+/// the next number.
 struct NodeRecord {
     std::uint32_t parent;
     std::uint32_t next;      ///< next sibling; 0: none (number 0 is the document node, nobody's sibling)
@@ -23,7 +24,8 @@ struct NodeRecord {
 /// What a parsed document is made of.
 struct DocumentStore {
     // Names that every document has, in this order.
-    static constexpr std::uint32_t kDocumentName = 0, kTextName = 1, kCommentName = 2, kCDataName = 3, kXmlSpaceName = 4;
+    static constexpr std::uint32_t kDocumentName = 0, kTextName = 1, kCommentName = 2, kCDataName = 3,
+                                   kXmlSpaceName = 4;
 
     DocumentStore();
     ~DocumentStore();

@@ -7,16 +7,16 @@ namespace xml {
 /// Bounds what the entities of a document may expand to, so that a short text cannot fill the memory.
 class EntityBudget {
 public:
-    /// The budget for a text of so many units: room for honest documents that write every character of a kind as an
-    /// entity, and little more than the text itself for all others.
+    /// The budget for a text of so many units: room for honest documents that write every character of a kind
+    /// as an entity, and little more than the text itself for all others.
     void start(std::size_t textLength) {
         left_ = kFree + kPerUnit * textLength;
         lastPlace_ = 0;
         parameters_ = 0;
     }
 
-    /// Takes off one reference to a content of that length; `place` is where the outermost reference ends in the text.
-    /// False when the budget is spent.
+    /// Takes off one reference to a content of that length; `place` is where the outermost reference ends in
+    /// the text. False when the budget is spent.
     bool charge(std::size_t contentLength, std::size_t place) {
         // Entities inside entities each need a parser of their own, and their number can explode.
         const std::size_t cost = contentLength + (place == lastPlace_ ? kNestedCost : kDirectCost);
@@ -24,8 +24,8 @@ public:
         return take(cost);
     }
 
-    /// Takes off one reference inside the document type declaration. These cost far more time than others: the parser
-    /// library compares each name of a list with all before it.
+    /// Takes off one reference inside the document type declaration. These cost far more time than others:
+    /// the parser library compares each name of a list with all before it.
     bool chargeParameter(std::size_t contentLength) {
         parameters_ += contentLength + kNestedCost;
         return parameters_ <= kMaxParameters;

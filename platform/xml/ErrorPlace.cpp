@@ -20,7 +20,9 @@ qsizetype ReferenceBefore(QStringView text, qsizetype place) {
     return entity == place ? parameter : parameter == place ? entity : std::max(entity, parameter);
 }
 
-bool IsBlank(QChar c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'; }
+bool IsBlank(QChar c) {
+    return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n';
+}
 
 /// The parser stands behind an attribute's value; its name starts here.
 qsizetype NameOfAttributeBefore(QStringView text, qsizetype place, qsizetype nameLength) {
@@ -49,6 +51,14 @@ qsizetype HyphensNear(QStringView text, qsizetype place) {
 /// A number reference is judged when it was read to its end, a wrong digit where it stands.
 qsizetype NumberReference(QStringView text, qsizetype place) {
     return place > 0 && text[place - 1] == u';' ? LastBefore(text, u"&", place) : place;
+}
+
+/// In an end tag without a name the library passes over the blanks.
+qsizetype MissingEndTagName(QStringView text, qsizetype place) {
+    qsizetype at = place;
+    while (at > 0 && IsBlank(text[at - 1]))
+        --at;
+    return text.left(at).endsWith(u"</") ? at : place;
 }
 
 bool IsNoticedBehind(const Complaint& complaint) {
@@ -82,6 +92,8 @@ qsizetype PlaceOfKind(QStringView text, const Complaint& complaint) {
     switch (complaint.code) {
     case XML_ERR_TAG_NAME_MISMATCH:
         return std::min(LastBefore(text, u"</", place) + 2, text.size() - 1);
+    case XML_ERR_GT_REQUIRED:
+        return MissingEndTagName(text, place);
     case XML_ERR_ATTRIBUTE_REDEFINED:
         return NameOfAttributeBefore(text, place, complaint.name.size());
     case XML_ERR_RESERVED_XML_NAME:
@@ -133,7 +145,8 @@ qsizetype ErrorPlace(QStringView text, const Complaint& complaint) {
     if (text.isEmpty())
         return -1;
     qsizetype place = complaint.place;
-    if (complaint.sentence.isEmpty() && !IsPrematureEnd(text, complaint) && !IsForbiddenCharacter(text, place))
+    if (complaint.sentence.isEmpty() && !IsPrematureEnd(text, complaint) &&
+        !IsForbiddenCharacter(text, place))
         place = PlaceOfKind(text, complaint);
     place = std::clamp<qsizetype>(place, 0, text.size() - 1);
     // Never the second half of a character.

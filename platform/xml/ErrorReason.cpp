@@ -9,7 +9,8 @@ namespace {
 constexpr qsizetype kLongestName = 80; // of a name or character run that is quoted in a sentence
 
 QString Quoted(QStringView name) {
-    const QString shown = name.size() <= kLongestName ? name.toString() : name.left(kLongestName).toString() + QChar(0x2026);
+    const QString shown =
+        name.size() <= kLongestName ? name.toString() : name.left(kLongestName).toString() + QChar(0x2026);
     return u'\'' + shown + u'\'';
 }
 
@@ -36,7 +37,9 @@ QStringView NameAt(QStringView text, qsizetype place) {
     return text.mid(place, end - place);
 }
 
-QString EntityName(QStringView text, qsizetype place) { return Quoted(NameAt(text, place + 1)); }
+QString EntityName(QStringView text, qsizetype place) {
+    return Quoted(NameAt(text, place + 1));
+}
 
 /// What is missing at the end of the text.
 QString EndReason(const Complaint& complaint) {
@@ -48,22 +51,25 @@ QString EndReason(const Complaint& complaint) {
     case XML_ERR_CDATA_NOT_FINISHED:
         return QStringLiteral("The text ends inside a CDATA section: ']]>' is missing.");
     case XML_ERR_ATTRIBUTE_NOT_FINISHED:
-        return QStringLiteral("The text ends inside an attribute value: the closing quotation mark is missing.");
+        return QStringLiteral(
+            "The text ends inside an attribute value: the closing quotation mark is missing.");
     case XML_ERR_DOCTYPE_NOT_FINISHED:
         return QStringLiteral("The text ends inside the document type declaration.");
     case XML_ERR_ENTITYREF_SEMICOL_MISSING:
         return QStringLiteral("The text ends inside an entity reference: ';' is missing.");
     case XML_ERR_TAG_NOT_FINISHED:
-        return QStringLiteral("The element %1 is not closed: its end tag is missing.").arg(Quoted(complaint.name));
+        return QStringLiteral("The element %1 is not closed: its end tag is missing.")
+            .arg(Quoted(complaint.name));
     case XML_ERR_DOCUMENT_EMPTY:
         return QStringLiteral("The document has no root element.");
     default:
         break;
     }
-    return complaint.name.isEmpty() ? QStringLiteral("The text ends inside a tag or another piece of markup.")
-                                    : QStringLiteral("The text ends inside a tag or another piece of markup; the element "
-                                                     "%1 is not closed.")
-                                          .arg(Quoted(complaint.name));
+    return complaint.name.isEmpty()
+               ? QStringLiteral("The text ends inside a tag or another piece of markup.")
+               : QStringLiteral("The text ends inside a tag or another piece of markup; the element "
+                                "%1 is not closed.")
+                     .arg(Quoted(complaint.name));
 }
 
 QString ReferenceReason(QStringView text, const Complaint& complaint, qsizetype place) {
@@ -91,7 +97,8 @@ QString NoNameReason(QStringView text, qsizetype place) {
     const QChar before = place > 0 ? text[place - 1] : QChar();
     const QChar found = text[place];
     if (before == u'&')
-        return QStringLiteral("The character '&' must start a reference; for the character itself write '&amp;'.");
+        return QStringLiteral(
+            "The character '&' must start a reference; for the character itself write '&amp;'.");
     if (before == u'<' && found == u'/')
         return QStringLiteral("This end tag has no start tag.");
     if (before == u'<' && found == u'!')
@@ -101,12 +108,16 @@ QString NoNameReason(QStringView text, qsizetype place) {
     return QStringLiteral("A name cannot start with %1.").arg(Shown(text, place));
 }
 
+QString NoEndTagName(const Complaint& complaint) {
+    return QStringLiteral("The end tag of %1 lacks its name.").arg(Quoted(complaint.name));
+}
+
 QString TagReason(QStringView text, const Complaint& complaint, qsizetype place) {
     const QString found = Shown(text, place);
     switch (complaint.code) {
     case XML_ERR_TAG_NAME_MISMATCH:
         return NameAt(text, place).isEmpty()
-                   ? QStringLiteral("The end tag of %1 lacks its name.").arg(Quoted(complaint.name))
+                   ? NoEndTagName(complaint)
                    : QStringLiteral("The end tag %1 does not match the start tag %2.")
                          .arg(Quoted(NameAt(text, place)), Quoted(complaint.name));
     case XML_ERR_ATTRIBUTE_REDEFINED:
@@ -114,7 +125,8 @@ QString TagReason(QStringView text, const Complaint& complaint, qsizetype place)
     case XML_ERR_LT_IN_ATTRIBUTE:
         return QStringLiteral("The character '<' cannot stand in an attribute value; write '&lt;'.");
     case XML_ERR_ATTRIBUTE_WITHOUT_VALUE:
-        return QStringLiteral("The attribute %1 has no value: '=' is missing before %2.").arg(Quoted(complaint.name), found);
+        return QStringLiteral("The attribute %1 has no value: '=' is missing before %2.")
+            .arg(Quoted(complaint.name), found);
     case XML_ERR_ATTRIBUTE_NOT_STARTED:
         return QStringLiteral("An attribute value must start with a quotation mark, not with %1.").arg(found);
     case XML_ERR_ATTRIBUTE_NOT_FINISHED:
@@ -124,6 +136,8 @@ QString TagReason(QStringView text, const Complaint& complaint, qsizetype place)
     case XML_ERR_NAME_REQUIRED:
         return NoNameReason(text, place);
     case XML_ERR_GT_REQUIRED:
+        if (text.left(place).endsWith(u"</"))
+            return NoEndTagName(complaint);
         return QStringLiteral("The tag is not closed: '>' is missing before %1.").arg(found);
     default:
         return {};
@@ -133,7 +147,8 @@ QString TagReason(QStringView text, const Complaint& complaint, qsizetype place)
 QString ContentReason(QStringView text, const Complaint& complaint, qsizetype place) {
     switch (complaint.code) {
     case XML_ERR_ENTITYREF_SEMICOL_MISSING:
-        return QStringLiteral("An entity reference lacks its ';' before %1; for the character '&' write '&amp;'.")
+        return QStringLiteral(
+                   "An entity reference lacks its ';' before %1; for the character '&' write '&amp;'.")
             .arg(Shown(text, place));
     case XML_ERR_MISPLACED_CDATA_END:
         return QStringLiteral("The characters ']]>' cannot stand in a text; write ']]&gt;'.");
@@ -145,14 +160,16 @@ QString ContentReason(QStringView text, const Complaint& complaint, qsizetype pl
     case XML_ERR_INVALID_HEX_CHARREF:
     case XML_ERR_INVALID_DEC_CHARREF:
     case XML_ERR_INVALID_CHARREF:
-        return QStringLiteral("A number reference has %1 where a digit or ';' should stand.").arg(Shown(text, place));
+        return QStringLiteral("A number reference has %1 where a digit or ';' should stand.")
+            .arg(Shown(text, place));
     case XML_ERR_RESERVED_XML_NAME:
         return QStringLiteral("An XML declaration can stand only at the very start of the document.");
     case kErrorReservedTarget:
         return QStringLiteral("The name %1 is reserved; a processing instruction cannot have it.")
             .arg(Quoted(complaint.name));
     case XML_ERR_PI_NOT_STARTED:
-        return QStringLiteral("A processing instruction must start with a name, not with %1.").arg(Shown(text, place));
+        return QStringLiteral("A processing instruction must start with a name, not with %1.")
+            .arg(Shown(text, place));
     case kErrorDepth:
         return QStringLiteral("The elements are nested too deep: more than 5000 levels.");
     case kErrorManyAttributes:
@@ -182,7 +199,8 @@ QString OutsideReason(QStringView text, const Complaint& complaint, qsizetype pl
     if (rest.startsWith(u"</"))
         return QStringLiteral("This end tag has no start tag.");
     if (rest.startsWith(u'<'))
-        return QStringLiteral("Only one root element is allowed, and no markup but comments and instructions behind it.");
+        return QStringLiteral(
+            "Only one root element is allowed, and no markup but comments and instructions behind it.");
     return QStringLiteral("Text is not allowed behind the root element.");
 }
 

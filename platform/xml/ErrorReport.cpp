@@ -13,10 +13,12 @@ int Number(qsizetype value) {
     return static_cast<int>(std::min<qsizetype>(value, std::numeric_limits<int>::max()));
 }
 
-bool IsLineEnd(QChar c) { return c == u'\r' || c == u'\n'; }
+bool IsLineEnd(QChar c) {
+    return c == u'\r' || c == u'\n';
+}
 
-/// Number of line ends before `place`, CR LF being one, and the start of the place's line. The character of a line
-/// end belongs to the line that it ends.
+/// Number of line ends before `place`, CR LF being one, and the start of the place's line. The character of a
+/// line end belongs to the line that it ends.
 struct Line {
     qsizetype number = 1;
     qsizetype start = 0;

@@ -9,9 +9,13 @@ namespace xml {
 
 namespace {
 
-xmlParserInputPtr LoadNothing(const char*, const char*, xmlParserCtxtPtr) { return nullptr; }
+xmlParserInputPtr LoadNothing(const char*, const char*, xmlParserCtxtPtr) {
+    return nullptr;
+}
 
 void Ignore(void*, xmlErrorPtr) {}
+
+void PrintNothing(void*, const char*, ...) {}
 
 /// The loader of external entities is one for the whole process; the library has no other place for it.
 void SetUpOnce() {
@@ -29,8 +33,15 @@ LibXmlScope::LibXmlScope(xmlStructuredErrorFunc handler, void* context) {
     handler_ = xmlStructuredError;
     context_ = xmlStructuredErrorContext;
     xmlSetStructuredErrorFunc(context, handler ? handler : Ignore);
+    // A few messages of the path engine go round the structured handler.
+    printer_ = xmlGenericError;
+    printerContext_ = xmlGenericErrorContext;
+    xmlSetGenericErrorFunc(nullptr, PrintNothing);
 }
 
-LibXmlScope::~LibXmlScope() { xmlSetStructuredErrorFunc(context_, handler_); }
+LibXmlScope::~LibXmlScope() {
+    xmlSetStructuredErrorFunc(context_, handler_);
+    xmlSetGenericErrorFunc(printerContext_, printer_);
+}
 
 } // namespace xml

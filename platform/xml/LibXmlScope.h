@@ -16,6 +16,8 @@ public:
 private:
     xmlStructuredErrorFunc handler_;
     void* context_;
+    xmlGenericErrorFunc printer_;
+    void* printerContext_;
 };
 
 } // namespace xml

@@ -14,7 +14,9 @@ namespace {
 constexpr std::size_t kMaxDepth = 5000;
 constexpr std::size_t kMaxNames = 500'000; // the parser library finds names ever slower, the more there are
 
-const char* Chars(const xmlChar* text) { return reinterpret_cast<const char*>(text); }
+const char* Chars(const xmlChar* text) {
+    return reinterpret_cast<const char*>(text);
+}
 
 bool IsBlankText(const std::string& text) {
     return std::all_of(text.begin(), text.end(),
@@ -127,7 +129,8 @@ void Loader::libraryError(const xmlError& error) {
         complaint.code = XML_ERR_DOCTYPE_NOT_FINISHED; // all that the library has to say at its end
     complaint.inEntity = error.ctxt != context_ || context_->inputNr > 1;
     complaint.message = QString::fromUtf8(error.message);
-    const bool namesAttribute = error.code == XML_ERR_ATTRIBUTE_REDEFINED || error.code == XML_ERR_ATTRIBUTE_WITHOUT_VALUE;
+    const bool namesAttribute =
+        error.code == XML_ERR_ATTRIBUTE_REDEFINED || error.code == XML_ERR_ATTRIBUTE_WITHOUT_VALUE;
     if (namesAttribute)
         complaint.name = QString::fromUtf8(error.str1);
     else if (open_.size() > 1)

@@ -47,9 +47,11 @@ private:
     void instruction(const xmlChar* target, const xmlChar* data);
     void documentType(const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId);
     void declareAttribute(const xmlChar* element, const xmlChar* attribute, int type, const xmlChar* value);
-    void declareEntity(const xmlChar* name, int type, const xmlChar* publicId, const xmlChar* systemId, xmlChar* content);
+    void declareEntity(const xmlChar* name, int type, const xmlChar* publicId, const xmlChar* systemId,
+                       xmlChar* content);
     void declareOther(); ///< what needs no keeping
-    void declareUnparsed(const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId, const xmlChar* notation);
+    void declareUnparsed(const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId,
+                         const xmlChar* notation);
     xmlEntityPtr entity(const xmlChar* name);
     xmlEntityPtr parameterEntity(const xmlChar* name);
     void libraryError(const xmlError& error);
@@ -76,10 +78,12 @@ private:
     xmlParserCtxt* context_ = nullptr;
     std::vector<Open> open_;
     std::vector<Attribute> scratch_; ///< the attributes of the element at hand
-    std::vector<std::uint32_t> writtenIn_; ///< by attribute name: the element that it was last met in; see addDefaults
-    std::string text_; ///< the text that is not yet a node
+    std::vector<std::uint32_t>
+        writtenIn_;        ///< by attribute name: the element that it was last met in; see addDefaults
+    std::string text_;     ///< the text that is not yet a node
     std::string declared_; ///< the entity that was declared last, until it was asked for once
-    unsigned long declarationByte_ = 0; ///< where the last declaration or long string in the document type ended
+    unsigned long declarationByte_ =
+        0; ///< where the last declaration or long string in the document type ended
     std::optional<Complaint> complaint_;
     unsigned long complaintByte_ = 0; ///< where the parser stood then
     bool outOfMemory_ = false;

@@ -8,21 +8,29 @@ namespace xml {
 
 namespace {
 
-const char* Chars(const xmlChar* text) { return reinterpret_cast<const char*>(text); }
+const char* Chars(const xmlChar* text) {
+    return reinterpret_cast<const char*>(text);
+}
 
 constexpr std::size_t kMaxDeclaration = 65'536; // bytes; no list of names in a real document comes near
 
-QString Text(const xmlChar* text) { return QString::fromUtf8(Chars(text)); }
+QString Text(const xmlChar* text) {
+    return QString::fromUtf8(Chars(text));
+}
 
 bool IsParameter(int type) {
     return type == XML_INTERNAL_PARAMETER_ENTITY || type == XML_EXTERNAL_PARAMETER_ENTITY;
 }
 
-std::size_t Length(const xmlChar* text) { return text ? std::strlen(Chars(text)) : 0; }
+std::size_t Length(const xmlChar* text) {
+    return text ? std::strlen(Chars(text)) : 0;
+}
 
 } // namespace
 
-void Loader::declareOther() { declarationByte_ = byte(); }
+void Loader::declareOther() {
+    declarationByte_ = byte();
+}
 
 /// Asked at each read. Texts in quotes, comments and instructions may be as long as they like.
 bool Loader::isDeclarationTooLong() {
@@ -38,7 +46,8 @@ void Loader::documentType(const xmlChar* name, const xmlChar* publicId, const xm
     declareOther();
 }
 
-void Loader::declareAttribute(const xmlChar* element, const xmlChar* attribute, int type, const xmlChar* value) {
+void Loader::declareAttribute(const xmlChar* element, const xmlChar* attribute, int type,
+                              const xmlChar* value) {
     declareOther();
     text::StringPool::Ref ref = 0;
     if (value)
@@ -46,7 +55,8 @@ void Loader::declareAttribute(const xmlChar* element, const xmlChar* attribute, 
     rules_.add(names_.id(element), names_.id(attribute), type != XML_ATTRIBUTE_CDATA, value ? &ref : nullptr);
 }
 
-text::StringPool::Ref Loader::attributeValue(const ElementRules* rules, std::uint32_t nameId, const char* value) {
+text::StringPool::Ref Loader::attributeValue(const ElementRules* rules, std::uint32_t nameId,
+                                             const char* value) {
     if (!rules || !rules->isTokens(nameId))
         return store_.texts.addUtf8(value, std::strlen(value));
     const std::string joined = JoinedTokens(value);

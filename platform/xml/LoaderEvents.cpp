@@ -29,8 +29,8 @@ void LoaderEvents::Error(void* loader, xmlError* error) {
 }
 
 // The library's first generation of events is used on purpose: it gives attributes in the order of the text,
-// namespace declarations among them, and leaves prefixes alone. With the mark of the second generation the library
-// would insist on its element events.
+// namespace declarations among them, and leaves prefixes alone. With the mark of the second generation the
+// library would insist on its element events.
 xmlSAXHandler LoaderEvents::Handlers() {
     xmlSAXHandler h = {};
     h.initialized = 1;
@@ -43,7 +43,9 @@ xmlSAXHandler LoaderEvents::Handlers() {
         Do(l, [=](Loader& s) { s.characters(text, length); });
     };
     h.ignorableWhitespace = h.characters; // the same function: the library then makes no guesses about blanks
-    h.cdataBlock = [](void* l, const xmlChar* text, int length) { Do(l, [=](Loader& s) { s.cdata(text, length); }); };
+    h.cdataBlock = [](void* l, const xmlChar* text, int length) {
+        Do(l, [=](Loader& s) { s.cdata(text, length); });
+    };
     h.comment = [](void* l, const xmlChar* text) { Do(l, [=](Loader& s) { s.comment(text); }); };
     h.processingInstruction = [](void* l, const xmlChar* target, const xmlChar* data) {
         Do(l, [=](Loader& s) { s.instruction(target, data); });
@@ -51,20 +53,22 @@ xmlSAXHandler LoaderEvents::Handlers() {
     h.internalSubset = [](void* l, const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId) {
         Do(l, [=](Loader& s) { s.documentType(name, publicId, systemId); });
     };
-    h.attributeDecl = [](void* l, const xmlChar* element, const xmlChar* attribute, int type, int, const xmlChar* value,
-                         xmlEnumerationPtr choices) {
+    h.attributeDecl = [](void* l, const xmlChar* element, const xmlChar* attribute, int type, int,
+                         const xmlChar* value, xmlEnumerationPtr choices) {
         xmlFreeEnumeration(choices);
         Do(l, [=](Loader& s) { s.declareAttribute(element, attribute, type, value); });
     };
-    h.entityDecl = [](void* l, const xmlChar* name, int type, const xmlChar* publicId, const xmlChar* systemId,
-                      xmlChar* content) {
+    h.entityDecl = [](void* l, const xmlChar* name, int type, const xmlChar* publicId,
+                      const xmlChar* systemId, xmlChar* content) {
         Do(l, [=](Loader& s) { s.declareEntity(name, type, publicId, systemId, content); });
     };
     h.unparsedEntityDecl = [](void* l, const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId,
                               const xmlChar* notation) {
         Do(l, [=](Loader& s) { s.declareUnparsed(name, publicId, systemId, notation); });
     };
-    h.elementDecl = [](void* l, const xmlChar*, int, xmlElementContentPtr) { Do(l, [](Loader& s) { s.declareOther(); }); };
+    h.elementDecl = [](void* l, const xmlChar*, int, xmlElementContentPtr) {
+        Do(l, [](Loader& s) { s.declareOther(); });
+    };
     h.notationDecl = [](void* l, const xmlChar*, const xmlChar*, const xmlChar*) {
         Do(l, [](Loader& s) { s.declareOther(); });
     };

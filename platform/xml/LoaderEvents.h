@@ -4,8 +4,8 @@
 
 namespace xml {
 
-/// The parser library's callbacks for a Loader: plain functions that hand on to it, let no exception through the
-/// library's frames, and hand on nothing once the parse is lost.
+/// The parser library's callbacks for a Loader: plain functions that hand on to it, let no exception through
+/// the library's frames, and hand on nothing once the parse is lost.
 struct LoaderEvents {
     static xmlSAXHandler Handlers();
     static int Read(void* loader, char* buffer, int room);

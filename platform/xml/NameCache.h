@@ -6,7 +6,8 @@
 
 namespace xml {
 
-/// Numbers of names by the address that the parser gives for a name: it keeps each name once, for the whole parse.
+/// Numbers of names by the address that the parser gives for a name: it keeps each name once, for the whole
+/// parse.
 class NameCache {
 public:
     explicit NameCache(DocumentStore& store) : store_(store), slots_(1024) {}

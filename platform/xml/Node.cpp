@@ -29,15 +29,25 @@ QString TypeString(int type) {
 
 } // namespace
 
-int Node::nodeType() const { return isNothing() ? 0 : static_cast<int>(document_->storage_->nodes[id_].type); }
+int Node::nodeType() const {
+    return isNothing() ? 0 : static_cast<int>(document_->storage_->nodes[id_].type);
+}
 
-QString Node::nodeTypeString() const { return TypeString(nodeType()); }
+QString Node::nodeTypeString() const {
+    return TypeString(nodeType());
+}
 
-QString Node::nodeName() const { return isNothing() ? QString() : document_->name(nameId()); }
+QString Node::nodeName() const {
+    return isNothing() ? QString() : document_->name(nameId());
+}
 
-std::uint32_t Node::nameId() const { return isNothing() ? 0 : document_->storage_->nodes[id_].name; }
+std::uint32_t Node::nameId() const {
+    return isNothing() ? 0 : document_->storage_->nodes[id_].name;
+}
 
-QString Node::nodeValue() const { return valueView().toString(); }
+QString Node::nodeValue() const {
+    return valueView().toString();
+}
 
 text::CompactView Node::valueView() const {
     if (isNothing() || nodeType() == ELEMENT)
@@ -45,7 +55,9 @@ text::CompactView Node::valueView() const {
     return document_->view(document_->storage_->nodes[id_].value);
 }
 
-bool Node::hasChildNodes() const { return !firstChild().isNothing(); }
+bool Node::hasChildNodes() const {
+    return !firstChild().isNothing();
+}
 
 Node Node::firstChild() const {
     if (isNothing())

@@ -44,13 +44,21 @@ bool ParsedDocument::loadXML(const QString& text, const QString& url) {
     return error_.errorCode == 0;
 }
 
-Node ParsedDocument::document() const { return storage_ ? Node(this, 0) : Node(); }
+Node ParsedDocument::document() const {
+    return storage_ ? Node(this, 0) : Node();
+}
 
-Node ParsedDocument::documentElement() const { return storage_ ? Node(this, storage_->rootId) : Node(); }
+Node ParsedDocument::documentElement() const {
+    return storage_ ? Node(this, storage_->rootId) : Node();
+}
 
-std::size_t ParsedDocument::nodeCount() const { return storage_ ? storage_->nodeCount - 1 : 0; }
+std::size_t ParsedDocument::nodeCount() const {
+    return storage_ ? storage_->nodeCount - 1 : 0;
+}
 
-const QString& ParsedDocument::name(std::uint32_t nameId) const { return storage_->names[nameId]; }
+const QString& ParsedDocument::name(std::uint32_t nameId) const {
+    return storage_->names[nameId];
+}
 
 std::uint32_t ParsedDocument::nameCount() const {
     return storage_ ? static_cast<std::uint32_t>(storage_->names.size()) : 0;

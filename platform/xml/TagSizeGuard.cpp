@@ -31,8 +31,8 @@ qsizetype TagSizeGuard::oneTooMany(qsizetype end) const {
     return -1;
 }
 
-// A tag holds one '<' only, so only a long way from one to the next can hide one; in most texts these are rare and
-// few characters are looked at.
+// A tag holds one '<' only, so only a long way from one to the next can hide one; in most texts these are
+// rare and few characters are looked at.
 void TagSizeGuard::findNext() {
     constexpr qsizetype kStep = static_cast<qsizetype>(kMaxAttributes) * kShortestAttribute;
     limit_ = -1;

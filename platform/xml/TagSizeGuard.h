@@ -4,12 +4,12 @@
 
 namespace xml {
 
-/// Attributes that one element may have. The parser library compares each attribute with all before it, so a tag
-/// with a million of them would not end.
+/// Attributes that one element may have. The parser library compares each attribute with all before it, so a
+/// tag with a million of them would not end.
 inline constexpr std::size_t kMaxAttributes = 10'000;
 
-/// Finds places that look like a tag with more than kMaxAttributes attributes. What stands in a comment or a CDATA
-/// section looks the same: the parser's state must tell them apart.
+/// Finds places that look like a tag with more than kMaxAttributes attributes. What stands in a comment or a
+/// CDATA section looks the same: the parser's state must tell them apart.
 class TagSizeGuard {
 public:
     explicit TagSizeGuard(QStringView text) : text_(text) { findNext(); }

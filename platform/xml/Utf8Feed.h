@@ -24,8 +24,8 @@ public:
     /// The 0-based unit that stands at the given byte of what was fed; the text's size for its end.
     qsizetype place(unsigned long byte) const;
 
-    /// The first character that cannot be UTF-8 or that the parser would take for the end (half of a pair, U+0000);
-    /// the parser got the byte 01 for it and nothing behind it. -1: none was met.
+    /// The first character that cannot be UTF-8 or that the parser would take for the end (half of a pair,
+    /// U+0000); the parser got the byte 01 for it and nothing behind it. -1: none was met.
     qsizetype badPlace() const { return badPlace_; }
 
 private:

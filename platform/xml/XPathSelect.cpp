@@ -11,11 +11,12 @@ namespace xml {
 
 namespace {
 
-constexpr unsigned long kFreeSteps = 20'000'000; // of the engine, for any path
-constexpr unsigned long kStepsPerNode = 100;
-constexpr int kStepsSpent = static_cast<int>(XML_XPATH_EXPRESSION_OK) + static_cast<int>(XPATH_OP_LIMIT_EXCEEDED);
-constexpr int kMaxNesting = 200;         // brackets in brackets; the engine calls itself for each
-constexpr qsizetype kMaxPath = 20'000;   // units; the engine calls itself for each step
+constexpr unsigned long kFreeSteps = 5'000'000; // of the engine, for any path
+constexpr unsigned long kStepsPerNode = 30;
+constexpr int kStepsSpent =
+    static_cast<int>(XML_XPATH_EXPRESSION_OK) + static_cast<int>(XPATH_OP_LIMIT_EXCEEDED);
+constexpr int kMaxNesting = 200;       // brackets in brackets; the engine calls itself for each
+constexpr qsizetype kMaxPath = 20'000; // units; the engine calls itself for each step
 
 template <auto Free> struct FreeWith {
     template <typename T> void operator()(T* object) const { Free(object); }
@@ -24,7 +25,9 @@ using Context = std::unique_ptr<xmlXPathContext, FreeWith<xmlXPathFreeContext>>;
 using Compiled = std::unique_ptr<xmlXPathCompExpr, FreeWith<xmlXPathFreeCompExpr>>;
 using Result = std::unique_ptr<xmlXPathObject, FreeWith<xmlXPathFreeObject>>;
 
-const xmlChar* Bytes(const QByteArray& text) { return reinterpret_cast<const xmlChar*>(text.constData()); }
+const xmlChar* Bytes(const QByteArray& text) {
+    return reinterpret_cast<const xmlChar*>(text.constData());
+}
 
 bool IsNameCharacter(QChar c) {
     return c.isLetterOrNumber() || c.isSurrogate() || c.isMark() || c == u'_' || c == u'-' || c == u'.';
@@ -56,10 +59,29 @@ bool IsTooDeep(QStringView path) {
     return deepest > kMaxNesting || path.size() > kMaxPath;
 }
 
+/// The paths that a union is made of. The engine joins two sets by comparing each node with each.
+QStringList Branches(const QString& path) {
+    QStringList branches;
+    qsizetype start = 0;
+    int depth = 0;
+    OutsideStrings(path, [&](QChar c, qsizetype at) {
+        if (c == u'(' || c == u'[')
+            ++depth;
+        else if (c == u')' || c == u']')
+            --depth;
+        if (c != u'|' || depth != 0)
+            return;
+        branches << path.mid(start, at - start);
+        start = at + 1;
+    });
+    return branches << path.mid(start);
+}
+
 /// Makes each prefix of the path known, also those that the document lacks: they just select nothing.
 void RegisterPrefixes(xmlXPathContext* context, QStringView path) {
     OutsideStrings(path, [&](QChar c, qsizetype colon) {
-        const bool axis = (colon + 1 < path.size() && path[colon + 1] == u':') || (colon > 0 && path[colon - 1] == u':');
+        const bool axis =
+            (colon + 1 < path.size() && path[colon + 1] == u':') || (colon > 0 && path[colon - 1] == u':');
         if (c != u':' || axis)
             return;
         qsizetype start = colon;
@@ -76,12 +98,12 @@ void KeepComplaint(void* user, xmlErrorPtr error) {
     auto& words = *static_cast<QString*>(user);
     if (!words.isEmpty())
         return;
-    words = error->code == kStepsSpent
-                ? QStringLiteral("The path takes too long to evaluate.")
-                : QString::fromUtf8(error->message).simplified();
+    words = error->code == kStepsSpent ? QStringLiteral("The path takes too long to evaluate.")
+                                       : QString::fromUtf8(error->message).simplified();
 }
 
-/// The number of the node that a result entry stands for: an attribute stands for its element. False: for none.
+/// The number of the node that a result entry stands for: an attribute stands for its element. False: for
+/// none.
 bool NumberOf(const xmlNode* node, std::uint32_t& id) {
     if (node->type == XML_NAMESPACE_DECL)
         return false;
@@ -91,16 +113,26 @@ bool NumberOf(const xmlNode* node, std::uint32_t& id) {
     return true;
 }
 
-std::vector<std::uint32_t> Numbers(const xmlNodeSet* set) {
-    std::vector<std::uint32_t> ids;
+void AddNumbers(const xmlNodeSet* set, std::vector<std::uint32_t>& ids) {
     for (int i = 0; set && i < set->nodeNr; ++i) {
         std::uint32_t id = 0;
         if (NumberOf(set->nodeTab[i], id))
             ids.push_back(id);
     }
-    std::sort(ids.begin(), ids.end());
-    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
-    return ids;
+}
+
+/// Evaluates a path without a union on top. Empty when that went well, else words for what is wrong.
+QString Evaluate(xmlXPathContext* context, const QString& path, std::vector<std::uint32_t>& ids) {
+    const Compiled compiled(xmlXPathCtxtCompile(context, Bytes(path.toUtf8())));
+    if (!compiled)
+        return QStringLiteral("The path is not a path of XPath.");
+    const Result result(xmlXPathCompiledEval(compiled.get(), context));
+    if (!result)
+        return QStringLiteral("The path cannot be evaluated.");
+    if (result->type != XPATH_NODESET)
+        return QStringLiteral("The path yields a value and not nodes.");
+    AddNumbers(result->nodesetval, ids);
+    return {};
 }
 
 } // namespace
@@ -125,15 +157,15 @@ std::vector<std::uint32_t> XPathTree::select(const QString& path, QString* error
     context->userData = &complaint;
     context->opLimit = kFreeSteps + kStepsPerNode * store_.nodeCount;
     RegisterPrefixes(context.get(), path);
-    const Compiled compiled(xmlXPathCtxtCompile(context.get(), Bytes(path.toUtf8())));
-    if (!compiled)
-        return fail(QStringLiteral("The path is not a path of XPath."));
-    const Result result(xmlXPathCompiledEval(compiled.get(), context.get()));
-    if (!result)
-        return fail(QStringLiteral("The path cannot be evaluated."));
-    if (result->type != XPATH_NODESET)
-        return fail(QStringLiteral("The path yields a value and not nodes."));
-    return Numbers(result->nodesetval);
+    std::vector<std::uint32_t> ids;
+    for (const QString& branch : Branches(path)) {
+        const QString words = Evaluate(context.get(), branch, ids);
+        if (!words.isEmpty())
+            return fail(words);
+    }
+    std::sort(ids.begin(), ids.end());
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
+    return ids;
 }
 
 } // namespace xml

@@ -10,7 +10,9 @@ namespace xml {
 
 namespace {
 
-const xmlChar* Bytes(const QByteArray& text) { return reinterpret_cast<const xmlChar*>(text.constData()); }
+const xmlChar* Bytes(const QByteArray& text) {
+    return reinterpret_cast<const xmlChar*>(text.constData());
+}
 
 /// Links a node behind its parent's last child. The library's own routine would join neighbouring texts.
 void Append(xmlNode* parent, xmlNode* node) {
@@ -60,7 +62,9 @@ bool XPathTree::addNode(std::uint32_t id, std::vector<xmlNode*>& path) {
     const NodeRecord& record = store_.nodes[id];
     if (record.type == DOCUMENT_TYPE)
         return true; // XPath knows none
-    const auto numberOf = [](const xmlNode* node) { return reinterpret_cast<std::uintptr_t>(node->_private); };
+    const auto numberOf = [](const xmlNode* node) {
+        return reinterpret_cast<std::uintptr_t>(node->_private);
+    };
     while (path.size() > 1 && numberOf(path.back()) != record.parent)
         path.pop_back();
     xmlNode* node = makeNode(record);

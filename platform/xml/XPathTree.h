@@ -9,9 +9,9 @@
 
 namespace xml {
 
-/// The parser library's own tree of a document, which its XPath engine works on. It takes many times the memory of
-/// the document, so it is made only when a path is asked for.
-/// A name a:b is given the namespace "prefix:a", whatever is declared, so that prefixes match as they are written.
+/// The parser library's own tree of a document, which its XPath engine works on. It takes many times the
+/// memory of the document, so it is made only when a path is asked for. A name a:b is given the namespace
+/// "prefix:a", whatever is declared, so that prefixes match as they are written.
 class XPathTree {
 public:
     /// nullptr when memory runs out.
@@ -20,8 +20,9 @@ public:
     XPathTree(const XPathTree&) = delete;
     XPathTree& operator=(const XPathTree&) = delete;
 
-    /// Numbers of the nodes that the path selects, ascending, each once; for an attribute its element's. On a wrong
-    /// path, one that yields no nodes by its nature, or one that takes too long: nothing, and `error` (if given) is set.
+    /// Numbers of the nodes that the path selects, ascending, each once; for an attribute its element's. On a
+    /// wrong path, one that yields no nodes by its nature, or one that takes too long: nothing, and `error`
+    /// (if given) is set.
     std::vector<std::uint32_t> select(const QString& path, QString* error) const;
 
 private:

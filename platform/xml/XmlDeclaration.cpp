@@ -6,7 +6,9 @@ namespace xml {
 
 namespace {
 
-bool IsBlank(QChar c) { return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n'; }
+bool IsBlank(QChar c) {
+    return c == u' ' || c == u'\t' || c == u'\r' || c == u'\n';
+}
 
 bool IsLabelCharacter(QChar c) {
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') ||
@@ -62,20 +64,23 @@ bool Reader::readAssignment(QStringView& value) {
     ++at_;
     skipBlanks();
     if (at_ >= text_.size() || (text_[at_] != u'"' && text_[at_] != u'\''))
-        return fail(XML_ERR_STRING_NOT_STARTED, at_, "In the XML declaration a value does not start with a quotation mark.");
+        return fail(XML_ERR_STRING_NOT_STARTED, at_,
+                    "In the XML declaration a value does not start with a quotation mark.");
     const QChar quote = text_[at_++];
     const qsizetype from = at_;
     while (at_ < text_.size() && text_[at_] != quote && text_[at_] != u'<' && text_[at_] != u'>')
         ++at_;
     if (at_ >= text_.size() || text_[at_] != quote)
-        return fail(XML_ERR_STRING_NOT_CLOSED, at_, "In the XML declaration a value lacks its closing quotation mark.");
+        return fail(XML_ERR_STRING_NOT_CLOSED, at_,
+                    "In the XML declaration a value lacks its closing quotation mark.");
     value = text_.mid(from, at_ - from);
     ++at_;
     return true;
 }
 
 /// One of `version`, `encoding`, `standalone`; true also when it is not there and not wanted.
-bool Reader::readSetting(QStringView name, bool wanted, bool (*good)(QStringView), int code, const char* what) {
+bool Reader::readSetting(QStringView name, bool wanted, bool (*good)(QStringView), int code,
+                         const char* what) {
     const qsizetype before = at_;
     const bool blanks = skipBlanks();
     if (!text_.mid(at_).startsWith(name)) {
@@ -85,7 +90,8 @@ bool Reader::readSetting(QStringView name, bool wanted, bool (*good)(QStringView
         return true;
     }
     if (!blanks)
-        return fail(XML_ERR_SPACE_REQUIRED, at_, "In the XML declaration a blank is missing between two values.");
+        return fail(XML_ERR_SPACE_REQUIRED, at_,
+                    "In the XML declaration a blank is missing between two values.");
     at_ += name.size();
     QStringView value;
     if (!readAssignment(value))
@@ -106,9 +112,10 @@ bool Reader::read() {
         return false;
     skipBlanks();
     if (!text_.mid(at_).startsWith(u"?>"))
-        return fail(XML_ERR_XMLDECL_NOT_FINISHED, at_,
-                    "The XML declaration holds something other than version, encoding and standalone, in this order, "
-                    "or lacks its '?>'.");
+        return fail(
+            XML_ERR_XMLDECL_NOT_FINISHED, at_,
+            "The XML declaration holds something other than version, encoding and standalone, in this order, "
+            "or lacks its '?>'.");
     at_ += 2;
     return true;
 }

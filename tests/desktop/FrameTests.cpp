@@ -76,9 +76,8 @@ TEST_F(FrameWindow, DroppedFilesAreOpenedAlsoOverTheTextEditor) {
     QWidget& over = *t.Text().viewport();
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, {});
     QApplication::sendEvent(&over, &enter);
-    EXPECT_FALSE(enter.isAccepted());
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, {});
-    QApplication::sendEvent(t.main.get(), &drop);
+    QApplication::sendEvent(&over, &drop);
     EXPECT_TRUE(drop.isAccepted());
     QCoreApplication::processEvents();
     ASSERT_EQ(t.frame().FormCount(), 3);

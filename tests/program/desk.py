@@ -1,0 +1,125 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""A screen with a window manager, and the program on it: keys and clicks go in through the window system."""
+import contextlib
+import os
+import re
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+PATIENCE = 8  # seconds until something that must come counts as missing
+
+
+def wait_for(what, condition):
+    """The condition's first true value; fails when it doesn't come."""
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        value = condition()
+        if value:
+            return value
+        time.sleep(0.05)
+    raise AssertionError(f"waited in vain for {what}")
+
+
+class Desk:
+    """An own X server, home folder and temporary folder; all of it goes with the object."""
+
+    def __init__(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="vantrel-program-"))
+        home = self.folder / "home"
+        runtime = self.folder / "runtime"
+        home.mkdir()
+        runtime.mkdir(mode=0o700)
+        self.children = []
+        try:
+            self.open_screen(home, runtime)
+        except BaseException:
+            self.close()
+            raise
+
+    def open_screen(self, home, runtime):
+        reading, writing = os.pipe()
+        self.start(["Xvfb", "-displayfd", str(writing), "-screen", "0", "1280x900x24", "-nolisten", "tcp", "-noreset"],
+                   os.environ, pass_fds=[writing])
+        os.close(writing)
+        with os.fdopen(reading) as number:
+            display = number.readline().strip()
+        assert display, "Xvfb didn't start"
+        self.environment = {
+            **os.environ, "DISPLAY": f":{display}", "HOME": str(home), "XDG_RUNTIME_DIR": str(runtime),
+            "XDG_CONFIG_HOME": str(home / "config"), "XDG_DATA_HOME": str(home / "data"), "XDG_CACHE_HOME": str(home / "cache"),
+            "TMPDIR": str(self.folder), "QT_QPA_PLATFORM": "xcb", "LC_ALL": "C.UTF-8",
+        }
+        self.start(["openbox"], self.environment)
+        # The window manager is ready once it has put its mark on the root window.
+        wait_for("the window manager", lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
+
+    def start(self, command, environment, **more):
+        child = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                 stderr=subprocess.DEVNULL, **more)
+        self.children.append(child)
+        return child
+
+    def run(self, *command):
+        done = subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+        return done.stdout.decode(errors="replace").strip()
+
+    def close(self):
+        for child in reversed(self.children):
+            if child.poll() is None:
+                child.send_signal(signal.SIGKILL)
+            child.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    # --- what a person does and sees -----------------------------------------------------------------------
+    def titles(self):
+        """Titles of the visible windows, by window."""
+        found = {}
+        for window in self.run("xdotool", "search", "--onlyvisible", "--name", ".").split():
+            title = self.run("xdotool", "getwindowname", window)
+            if title:
+                found[window] = title
+        return found
+
+    def window(self, title):
+        """Waits for a window whose title matches whole, brings it to the front, and gives its number."""
+        def matching():
+            return [window for window, name in self.titles().items() if re.fullmatch(title, name)]
+        window = wait_for(f"a window {title!r}", matching)[0]
+        self.run("xdotool", "windowactivate", "--sync", window)
+        return window
+
+    def keys(self, *keys):
+        self.run("xdotool", "key", "--clearmodifiers", *keys)
+
+    def type(self, text):
+        self.run("xdotool", "type", "--delay", "5", text)
+
+    def click(self, window, x, y):
+        """Clicks into a window; negative places count from its right or bottom edge."""
+        shape = dict(line.split("=") for line in self.run("xdotool", "getwindowgeometry", "--shell", window).splitlines())
+        x += int(shape["WIDTH"]) if x < 0 else 0
+        y += int(shape["HEIGHT"]) if y < 0 else 0
+        self.run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
+
+    def colours(self, window, area):
+        """How many colours a part of a window shows; `area` as WIDTHxHEIGHT+X+Y."""
+        count = self.run("import", "-window", window, "-crop", area, "-format", "%k", "info:")
+        return int(count) if count.isdigit() else 0
+
+
+@contextlib.contextmanager
+def desk():
+    one = Desk()
+    try:
+        yield one
+    except BaseException:
+        picture = os.path.abspath("program-test-failed.png")
+        one.run("import", "-window", "root", picture)
+        print(f"the screen at that moment: {picture}")
+        raise
+    finally:
+        one.close()
