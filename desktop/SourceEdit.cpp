@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/SourceEdit.h"
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -10,6 +11,8 @@
 namespace {
 // Lines above the selection when it is shown high in the view.
 constexpr int kLinesAbove = 3;
+// Larger texts take so long to fill in that the pointer says so.
+constexpr qsizetype kFilledAtOnce = 4'000'000;
 } // namespace
 
 SourceEdit::SourceEdit(QWidget* parent) : QPlainTextEdit(parent) {
@@ -32,7 +35,12 @@ SourceEdit::SourceEdit(QWidget* parent) : QPlainTextEdit(parent) {
 
 void SourceEdit::Fill(const QString& text) {
     const QScopedValueRollback program(byProgram_, true);
+    const bool slow = text.size() > kFilledAtOnce;
+    if (slow)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     setPlainText(text_.Load(text));
+    if (slow)
+        QGuiApplication::restoreOverrideCursor();
 }
 
 void SourceEdit::ReplaceText(qsizetype start, qsizetype removed, const QString& text) {

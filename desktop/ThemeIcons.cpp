@@ -30,9 +30,9 @@ void ChooseIconTheme() {
         ours = QStringLiteral("Adwaita");
     QIcon::setFallbackThemeName(ours);
     // "hicolor" is the bare ground that themes stand on, and no theme of its own.
-    const QString desktops = QIcon::themeName();
-    const bool none = desktops.isEmpty() || desktops == QLatin1String("hicolor") || !HasTheme(desktops);
-    QIcon::setThemeName(none ? ours : suited(desktops));
+    const QString given = QIcon::themeName();
+    const bool none = given.isEmpty() || given == QLatin1String("hicolor") || !HasTheme(given);
+    QIcon::setThemeName(none ? ours : suited(given));
 }
 
 QIcon ThemeIcon(const QString& name, const QString& caption) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/xml/ParsedDocument.h"
+#include "platform/xml/DirectPath.h"
 #include "platform/xml/DocumentStore.h"
 #include "platform/xml/ErrorReport.h"
 #include "platform/xml/Loader.h"
@@ -22,6 +23,18 @@ ParseError MemoryError(const QString& url) {
         error.reason.clear(); // the code alone must do
     }
     return error;
+}
+
+std::vector<std::uint32_t> Select(DocumentStore& store, const QString& path, QString* error) {
+    if (auto ids = SelectDirectly(store, path))
+        return std::move(*ids);
+    if (!store.xpathTree)
+        store.xpathTree = XPathTree::Make(store);
+    if (store.xpathTree)
+        return store.xpathTree->select(path, error);
+    if (error)
+        *error = QStringLiteral("There is not enough memory to search this document.");
+    return {};
 }
 
 } // namespace
@@ -69,19 +82,12 @@ text::CompactView ParsedDocument::view(text::StringPool::Ref ref) const {
 }
 
 std::vector<Node> ParsedDocument::selectNodes(const QString& xpath, QString* error) const {
-    std::vector<Node> nodes;
     if (error)
         error->clear();
     if (!storage_)
-        return nodes;
-    if (!storage_->xpathTree)
-        storage_->xpathTree = XPathTree::Make(*storage_);
-    if (!storage_->xpathTree) {
-        if (error)
-            *error = QStringLiteral("There is not enough memory to search this document.");
-        return nodes;
-    }
-    for (const std::uint32_t id : storage_->xpathTree->select(xpath, error))
+        return {};
+    std::vector<Node> nodes;
+    for (const std::uint32_t id : Select(*storage_, xpath, error))
         nodes.push_back(Node(this, id));
     return nodes;
 }

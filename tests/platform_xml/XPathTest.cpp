@@ -50,9 +50,29 @@ TEST(XPath, GivesNodesOnceInDocumentOrderAndElementsForAttributes) {
     EXPECT_EQ(Selected("//book[@id='1|2'] | //comment()"), "'note'");
 }
 
+/// Paths of plain steps go a way of their own; written in long form they go through the engine. Both must
+/// agree.
+TEST(XPath, PlainStepsSelectWhatTheEngineSelects) {
+    const std::pair<const char*, const char*> paths[] = {
+        {"/s:list/book", "/child::s:list/child::book"},
+        {"/s:list[1]/*", "/child::s:list[1]/child::*"},
+        {"/s:list/*[2]", "/child::s:list/child::*[2]"},
+        {"/s:list/book[1]/text()", "/child::s:list/child::book[1]/child::text()"},
+        {"/s:list/book[1]/text()[2]", "/child::s:list/child::book[1]/child::text()[2]"},
+        {"/s:list/*/book[1]", "/child::s:list/child::*/child::book[1]"},
+        {"/s:list/comment()[1]", "/child::s:list/child::comment()[1]"},
+        {"/s:list/book[0]", "/child::s:list/child::book[0]"},
+        {"/list", "/child::list"},
+    };
+    for (const auto& [plain, engine] : paths)
+        EXPECT_EQ(Selected(plain), Selected(engine)) << plain;
+    EXPECT_EQ(Selected("/s:list/nobody:book[1]/book[1]"), "book3");
+    EXPECT_EQ(Selected("/s:list/book[1]/text()[2]"), "' & more'");
+}
+
 TEST(XPath, TellsAWrongPathFromOneThatSelectsNothing) {
-    for (const char* path :
-         {"//book[", "", "  ", "count(//book)", "//book/fly()", "$x", "//book |", "x:f()", "document('a')"})
+    for (const char* path : {"//book[", "", "  ", "count(//book)", "//book/fly()", "$x", "//book |", "x:f()",
+                             "document('a')", "/a[", "/a//", "/1a", "/a[1]x"})
         EXPECT_EQ(Selected(path), "error") << path;
     EXPECT_EQ(Selected("//nothing"), "");
 }

@@ -51,7 +51,7 @@ def main():
 
         def page_colours():
             # Asked by title each time: the window is made anew when it first shows a page of the web engine.
-            return person.colours(person.window(title), "600x300+330+200")
+            return person.colours(person.find(title), "600x300+330+160")
 
         person.keys("F6", "F6", "Right", "shift+F6", "Right")  # the text takes the focus on the way
         wait_for("the empty table page", lambda: page_colours() == 1)

@@ -10,7 +10,7 @@ import tempfile
 import time
 from pathlib import Path
 
-PATIENCE = 8  # seconds until something that must come counts as missing
+PATIENCE = 30  # seconds until something that must come counts as missing
 
 
 def wait_for(what, condition):
@@ -64,7 +64,12 @@ class Desk:
         return child
 
     def run(self, *command):
-        done = subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+        """What a command prints; nothing when it doesn't end, as one that waits for a window that is gone."""
+        try:
+            done = subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                                  check=False, timeout=PATIENCE)
+        except subprocess.TimeoutExpired:
+            return ""
         return done.stdout.decode(errors="replace").strip()
 
     def close(self):
@@ -84,11 +89,15 @@ class Desk:
                 found[window] = title
         return found
 
-    def window(self, title):
-        """Waits for a window whose title matches whole, brings it to the front, and gives its number."""
+    def find(self, title):
+        """Waits for a window whose title matches whole; its number."""
         def matching():
             return [window for window, name in self.titles().items() if re.fullmatch(title, name)]
-        window = wait_for(f"a window {title!r}", matching)[0]
+        return wait_for(f"a window {title!r}", matching)[0]
+
+    def window(self, title):
+        """The same, and brings it to the front."""
+        window = self.find(title)
         self.run("xdotool", "windowactivate", "--sync", window)
         return window
 
