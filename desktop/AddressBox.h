@@ -5,8 +5,8 @@
 #include <QComboBox>
 #include <QObject>
 
-/// An editable combo box on a ComboBox control. Only a choice from the open list counts as one: neither the wheel nor the arrow
-/// keys, since a choice opens a document.
+/// An editable combo box on a ComboBox control. Only a choice from the open list counts as one: neither the
+/// wheel nor the arrow keys, since a choice opens a document.
 class AddressBox : public QObject {
 public:
     AddressBox(controls::ComboBox& model, QComboBox& widget, QObject* parent);

@@ -40,7 +40,8 @@ void BrowserAdapter::MakeView() {
     const auto make = reinterpret_cast<MakePageView>(module.resolve(kMakePageView));
     if (!make) {
         failed_ = true;
-        auto* message = new QLabel(QStringLiteral("The browser view can't be loaded: ") + module.errorString(), &page_);
+        auto* message =
+            new QLabel(QStringLiteral("The browser view can't be loaded: ") + module.errorString(), &page_);
         message->setTextFormat(Qt::PlainText);
         message->setWordWrap(true);
         message->setAlignment(Qt::AlignCenter);

@@ -18,9 +18,7 @@ public:
         qApp->installEventFilter(this);
         QTimer::singleShot(0, this, [this] { deleteLater(); });
     }
-    bool eventFilter(QObject*, QEvent* event) override {
-        return event->type() == QEvent::MouseButtonPress;
-    }
+    bool eventFilter(QObject*, QEvent* event) override { return event->type() == QEvent::MouseButtonPress; }
 };
 
 /// Notices a dialog that opens while it lives: the windows behind one are told that they are blocked.
@@ -71,8 +69,8 @@ bool ControlEvents::eventFilter(QObject*, QEvent* event) {
     return false;
 }
 
-// A box that opens while a mouse press moves the focus has taken that press: without this the click would go on and, say,
-// hide the very text whose fault the box was about.
+// A box that opens while a mouse press moves the focus has taken that press: without this the click would go
+// on and, say, hide the very text whose fault the box was about.
 void ControlEvents::FocusOut() {
     if (!std::exchange(hasFocus_, false) || !lostFocus)
         return;

@@ -7,8 +7,8 @@
 #include <functional>
 
 /// Watches a widget and hands its focus changes and keys to a control model.
-/// The focus counts as kept while a menu is open or another program or a dialog is in front. A key that was pressed elsewhere (the Enter
-/// that closed a box) raises nothing when it is released here.
+/// The focus counts as kept while a menu is open or another program or a dialog is in front. A key that was
+/// pressed elsewhere (the Enter that closed a box) raises nothing when it is released here.
 class ControlEvents : public QObject {
 public:
     ControlEvents(QWidget& widget, QObject* parent);

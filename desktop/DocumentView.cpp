@@ -67,11 +67,12 @@ void DocumentView::ConnectLayout() {
     };
     showSchema();
     Listen(window_->txtSchema.changed, this, showSchema);
-    Listen(window_->txtSchema.focusRequested, this, [this] { ui_->txtSchema->setFocus(Qt::OtherFocusReason); });
+    Listen(window_->txtSchema.focusRequested, this,
+           [this] { ui_->txtSchema->setFocus(Qt::OtherFocusReason); });
 
-    for (QAbstractItemView* view : {static_cast<QAbstractItemView*>(ui_->tvXML),
-                                    static_cast<QAbstractItemView*>(ui_->ListView1),
-                                    static_cast<QAbstractItemView*>(ui_->ListView1Icons)}) {
+    for (QAbstractItemView* view :
+         {static_cast<QAbstractItemView*>(ui_->tvXML), static_cast<QAbstractItemView*>(ui_->ListView1),
+          static_cast<QAbstractItemView*>(ui_->ListView1Icons)}) {
         view->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(view, &QWidget::customContextMenuRequested, this, [this, view](const QPoint& place) {
             Q_EMIT contextMenuWanted(view->viewport()->mapToGlobal(place));

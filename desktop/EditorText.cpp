@@ -48,7 +48,8 @@ QString EditorText::Insert(const QString& text) {
     if (IsPlain(text))
         return text;
     QString clean = text;
-    // A piece may hold the very characters that stand for others here; the document can't take them in any more.
+    // A piece may hold the very characters that stand for others here; the document can't take them in any
+    // more.
     for (QChar& unit : clean)
         if (std::find(standIns_.begin(), standIns_.end(), unit.unicode()) != standIns_.end())
             unit = QChar::ReplacementCharacter;
@@ -105,20 +106,22 @@ QString EditorText::CutAndReplace(QStringView text) {
 }
 
 QString EditorText::Read(const QString& raw, QStringView lineEnd) const {
-    QString result;
-    result.reserve(raw.size() + raw.size() / 16);
+    const auto ends = static_cast<qsizetype>(std::count(raw.begin(), raw.end(), QChar(kSeparator)));
+    QString result(raw.size() + ends * (lineEnd.size() - 1), Qt::Uninitialized);
+    QChar* out = result.data();
     bool marked = false;
     for (const QChar unit : raw) {
         if (unit == QChar(kSeparator)) {
             if (!marked)
-                result += lineEnd;
+                out = std::copy(lineEnd.begin(), lineEnd.end(), out);
             marked = false;
             continue;
         }
         marked = unit == QChar(Mark());
         if (!marked)
-            result += QChar(Original(unit.unicode()));
+            *out++ = QChar(Original(unit.unicode()));
     }
+    result.truncate(out - result.constData());
     return result;
 }
 
@@ -142,7 +145,8 @@ void EditorText::Changed(const QTextDocument& document, int position, int remove
     marks_.insert(gap, fresh.begin(), fresh.end());
 }
 
-// Each separator before a position counts one more in the model, but for one behind a mark: it and its mark don't count.
+// Each separator before a position counts one more in the model, but for one behind a mark: it and its mark
+// don't count.
 qsizetype EditorText::ToModel(const QTextDocument& document, int position) const {
     qsizetype result = position + document.findBlock(position).blockNumber();
     for (const int mark : marks_) {

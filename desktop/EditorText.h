@@ -8,9 +8,10 @@
 class QTextDocument;
 
 /// The way between a control model's text and a text document, without loss, and between positions in both.
-/// The model has CR LF line ends that count two; the document separates blocks by one character. Three characters that a text may hold
-/// mean a block's end to the document, and a line of millions of characters would stop it: the former stand in the
-/// document as others that the text doesn't have, the latter is cut into several blocks, each but the last with a mark at its end.
+/// The model has CR LF line ends that count two; the document separates blocks by one character. Three
+/// characters that a text may hold mean a block's end to the document, and a line of millions of characters
+/// would stop it: the former stand in the document as others that the text doesn't have, the latter is cut
+/// into several blocks, each but the last with a mark at its end.
 class EditorText {
 public:
     /// What the document is filled with. Starts anew: the marks are forgotten.

@@ -4,9 +4,10 @@
 
 class QMimeData;
 
-/// Names of the documents that are dragged: paths of local files, and http and https addresses. Other things are passed over.
+/// Names of the documents that are dragged: paths of local files, and http and https addresses. Other things
+/// are passed over.
 QStringList DroppedNames(const QMimeData& data);
 
-/// Names to open for the arguments of the command line: paths are made absolute, addresses stay as they are, quotes around a name
-/// are taken off. Arguments that only together name a file are one name.
+/// Names to open for the arguments of the command line: paths are made absolute, addresses stay as they are,
+/// quotes around a name are taken off. Arguments that only together name a file are one name.
 QStringList CommandLineNames(const QStringList& arguments);

@@ -28,8 +28,8 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         const QPalette palette = QApplication::palette();
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const QColor ink = mode == QIcon::Selected ? palette.color(group, QPalette::HighlightedText)
-                                                   : Muted(palette, group);
+        const QColor ink =
+            mode == QIcon::Selected ? palette.color(group, QPalette::HighlightedText) : Muted(palette, group);
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         painter->translate(rect.topLeft());
@@ -52,7 +52,8 @@ private:
     QColor Muted(const QPalette& palette, QPalette::ColorGroup group) const {
         const QColor text = palette.color(group, QPalette::Text), own = palette.color(group, drawing_.role);
         const auto mean = [](int a, int b) { return (2 * a + 3 * b) / 5; };
-        return QColor(mean(text.red(), own.red()), mean(text.green(), own.green()), mean(text.blue(), own.blue()));
+        return QColor(mean(text.red(), own.red()), mean(text.green(), own.green()),
+                      mean(text.blue(), own.blue()));
     }
 
     // All in a square of 16 by 16.

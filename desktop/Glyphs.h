@@ -4,8 +4,8 @@
 #include <QString>
 #include <QVariant>
 
-// The pictures of nodes and rows, and of buttons that no icon theme knows. They are drawn, sharp at any size, in the colours of the palette in
-// force, so that they suit light and dark desktops alike.
+// The pictures of nodes and rows, and of buttons that no icon theme knows. They are drawn, sharp at any size,
+// in the colours of the palette in force, so that they suit light and dark desktops alike.
 
 /// The icon for a picture key of the tree's image list; an invalid variant for another key.
 QVariant NodeIcon(const QString& picture);

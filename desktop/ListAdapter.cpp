@@ -47,6 +47,12 @@ void ListAdapter::ConnectView(QAbstractItemView& view) {
     connect(&view, &QAbstractItemView::doubleClicked, this, [this] { model_.DblClick(); });
 }
 
+ListAdapter::~ListAdapter() {
+    ++updating_;
+    widgets_.report.setModel(nullptr);
+    widgets_.icons.setModel(nullptr);
+}
+
 // --- the user's acts -------------------------------------------------------------------------------------
 
 void ListAdapter::UserSelected(const QItemSelection& selected, const QItemSelection& deselected) {
@@ -106,7 +112,8 @@ void ListAdapter::ShowView() {
     widgets_.icons.setWrapping(true);
     widgets_.icons.setIconSize(large ? QSize(32, 32) : QSize(16, 16));
     widgets_.icons.setGridSize(large ? QSize(96, 72) : QSize());
-    widgets_.icons.setFlow(model_.View() == controls::lvwList ? QListView::TopToBottom : QListView::LeftToRight);
+    widgets_.icons.setFlow(model_.View() == controls::lvwList ? QListView::TopToBottom
+                                                              : QListView::LeftToRight);
     widgets_.pages.setCurrentWidget(&Shown());
     if (hadFocus)
         Shown().setFocus(Qt::OtherFocusReason);

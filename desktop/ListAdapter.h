@@ -8,7 +8,8 @@
 #include <QStackedWidget>
 #include <QTreeView>
 
-/// The list's widgets: a table with columns for the report view, another view for icons and names. Both share one selection.
+/// The list's widgets: a table with columns for the report view, another view for icons and names. Both share
+/// one selection.
 struct ListWidgets {
     QStackedWidget& pages;
     QTreeView& report;
@@ -19,6 +20,7 @@ struct ListWidgets {
 class ListAdapter : public QObject {
 public:
     ListAdapter(controls::ListView& model, const ListWidgets& widgets, QObject* parent);
+    ~ListAdapter() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -5,7 +5,8 @@
 #include <QPointer>
 #include <utility>
 
-/// Connects a routine to a control model's event for as long as `context` lives: a model may outlive its widget.
+/// Connects a routine to a control model's event for as long as `context` lives: a model may outlive its
+/// widget.
 template <typename... Args, typename Routine>
 void Listen(controls::Event<Args...>& event, QObject* context, Routine routine) {
     event.connect([guard = QPointer<QObject>(context), routine = std::move(routine)](Args... args) {

@@ -16,6 +16,7 @@
 #include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QShortcut>
@@ -115,7 +116,13 @@ void MainWindow::FollowFrame() {
     Listen(frame_.formAdded, this, [this](DocumentWindow* window) { FormAdded(window); });
     Listen(frame_.formRemoved, this, [this](DocumentWindow* window) { FormRemoved(window); });
     Listen(frame_.activeFormChanged, this, [this](DocumentWindow* window) { ActiveFormChanged(window); });
-    Listen(frame_.arranged, this, [this](int code) { Arrange(*ui_->MDIArea, code); });
+    Listen(frame_.arranged, this, [this](int code) {
+        // A window that changes its shape gives the focus to the next widget.
+        const QPointer<QWidget> focus = QApplication::focusWidget();
+        Arrange(*ui_->MDIArea, code);
+        if (focus)
+            focus->setFocus(Qt::OtherFocusReason);
+    });
     Listen(frame_.ended, this, [] { QCoreApplication::exit(0); });
     Listen(frame_.popup, this, [this](DocumentWindow*, int x, int y) {
         const bool atPointer = x < 0 || y < 0;
@@ -125,7 +132,8 @@ void MainWindow::FollowFrame() {
 
 DocumentSubWindow* MainWindow::SubWindow(const DocumentWindow* window) const {
     for (QMdiSubWindow* sub : ui_->MDIArea->subWindowList())
-        if (auto* candidate = qobject_cast<DocumentSubWindow*>(sub); candidate && candidate->Window() == window)
+        if (auto* candidate = qobject_cast<DocumentSubWindow*>(sub);
+            candidate && candidate->Window() == window)
             return window ? candidate : nullptr;
     return nullptr;
 }

@@ -3,5 +3,6 @@
 
 class QMdiArea;
 
-/// Places the document windows; `code` is an ArrangeCode. Minimised windows keep out of it, but for the last code.
+/// Places the document windows; `code` is an ArrangeCode. Minimised windows keep out of it, but for the last
+/// code.
 void Arrange(QMdiArea& area, int code);

@@ -8,12 +8,13 @@
 #include <memory>
 #include <vector>
 
-/// Menus on MenuItem controls: an action for each entry, named as the entry is, whose text and state follow it. An entry's shortcut
-/// is in force only while the entry can be used.
+/// Menus on MenuItem controls: an action for each entry, named as the entry is, whose text and state follow
+/// it. An entry's shortcut is in force only while the entry can be used.
 class MenuAdapter : public QObject {
 public:
     explicit MenuAdapter(QObject* parent) : QObject(parent) {}
-    /// Adds the entries to a menu bar; returns the last menu, which is a context menu and stands outside the bar.
+    /// Adds the entries to a menu bar; returns the last menu, which is a context menu and stands outside the
+    /// bar.
     QMenu* Fill(const std::vector<std::unique_ptr<controls::MenuItem>>& items, QMenuBar& bar);
 
 private:

@@ -5,8 +5,8 @@
 #include <QProgressDialog>
 #include <memory>
 
-/// A bar with a Cancel button that appears when work takes longer than half a second. It is modal: nothing else in the program
-/// takes part while it works.
+/// A bar with a Cancel button that appears when work takes longer than half a second. It is modal: nothing
+/// else in the program takes part while it works.
 class QtProgress : public services::Progress {
 public:
     void Begin(const QString& what) override;

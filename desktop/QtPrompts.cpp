@@ -9,7 +9,8 @@ using services::Buttons;
 
 namespace {
 
-// A box shows so much of a text, and breaks words that are longer: a line of millions of characters would stop it.
+// A box shows so much of a text, and breaks words that are longer: a line of millions of characters would
+// stop it.
 constexpr qsizetype kLongestText = 4000;
 constexpr int kLongestWord = 80;
 

@@ -13,7 +13,8 @@ public:
     QString SaveFileName(const QString& title, const QString& filter, const QString& suggested) override;
     void Beep() override;
 
-    /// "caption|pattern;pattern|caption|pattern" as name filters of a file dialog. "*.*" is every file, also one without a dot.
+    /// "caption|pattern;pattern|caption|pattern" as name filters of a file dialog. "*.*" is every file, also
+    /// one without a dot.
     static QStringList NameFilters(const QString& filter);
 
 private:

@@ -3,8 +3,9 @@
 #include "desktop/EditorText.h"
 #include <QPlainTextEdit>
 
-/// A plain text editor that gives back exactly the characters it was given, also over the clipboard. It keeps no history
-/// of its own: undoing is the document's business. Files that are dropped on it are left to the window around it.
+/// A plain text editor that gives back exactly the characters it was given, also over the clipboard. It keeps
+/// no history of its own: undoing is the document's business. Files that are dropped on it are left to the
+/// window around it.
 class SourceEdit : public QPlainTextEdit {
     Q_OBJECT
 public:

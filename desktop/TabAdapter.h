@@ -6,8 +6,8 @@
 #include <QStackedWidget>
 #include <QTabBar>
 
-/// A tab bar and the pages behind it on a TabStrip. A page is turned after the routines that a tab's selection starts have filled it, so
-/// that nothing is laid out twice.
+/// A tab bar and the pages behind it on a TabStrip. A page is turned after the routines that a tab's
+/// selection starts have filled it, so that nothing is laid out twice.
 class TabAdapter : public QObject {
 public:
     /// `pages`: the page of each tab key; a key without one shows the page that is shown.

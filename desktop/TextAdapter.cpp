@@ -19,7 +19,8 @@ TextAdapter::TextAdapter(controls::RichTextBox& model, SourceEdit& widget, QObje
     connect(&widget, &SourceEdit::userSelected, this, [this] { UserSelected(); });
     connect(&widget, &SourceEdit::userClicked, this, [this] { model_.Click(); });
     connect(&widget, &SourceEdit::userEdited, this, [this] {
-        model_.UserEdited([edit = QPointer<SourceEdit>(&widget_)] { return edit ? edit->Content() : QString(); });
+        model_.UserEdited(
+            [edit = QPointer<SourceEdit>(&widget_)] { return edit ? edit->Content() : QString(); });
     });
     ShowFont();
     if (widget.isVisible())

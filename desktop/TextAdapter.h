@@ -6,8 +6,8 @@
 
 class SourceEdit;
 
-/// A text editor on a RichTextBox. The editor is filled when it is first shown, since a large text takes seconds, and
-/// its text is fetched when somebody asks for it.
+/// A text editor on a RichTextBox. The editor is filled when it is first shown, since a large text takes
+/// seconds, and its text is fetched when somebody asks for it.
 class TextAdapter : public QObject {
 public:
     TextAdapter(controls::RichTextBox& model, SourceEdit& widget, QObject* parent);

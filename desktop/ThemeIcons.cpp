@@ -18,7 +18,8 @@ bool HasTheme(const QString& name) {
 
 void ChooseIconTheme() {
     const QPalette palette = QApplication::palette();
-    const bool dark = palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+    const bool dark =
+        palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
     const auto suited = [dark](const QString& name) {
         for (const QString& twin : {name + QStringLiteral("-dark"), name + QStringLiteral("-Dark")})
             if (dark && HasTheme(twin))

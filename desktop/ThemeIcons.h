@@ -3,8 +3,8 @@
 #include <QIcon>
 #include <QString>
 
-/// Chooses an icon theme where the desktop names none: one of those the program is installed with, dark or light as the palette is. Also
-/// the theme for icons that the desktop's own theme doesn't have.
+/// Chooses an icon theme where the desktop names none: one of those the program is installed with, dark or
+/// light as the palette is. Also the theme for icons that the desktop's own theme doesn't have.
 void ChooseIconTheme();
 
 /// The theme's icon by name; where no theme has it, the first letter of `caption` as a sign.

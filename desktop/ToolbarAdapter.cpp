@@ -11,10 +11,8 @@ namespace {
 // Buttons that insert a character's entity show the character.
 QIcon ButtonIcon(const controls::ToolButton& button) {
     static const QHash<QString, QString> signs{
-        {QStringLiteral("quote"), QStringLiteral("\"")},
-        {QStringLiteral("apostraphe"), QStringLiteral("'")},
-        {QStringLiteral("lt"), QStringLiteral("<")},
-        {QStringLiteral("gt"), QStringLiteral(">")},
+        {QStringLiteral("quote"), QStringLiteral("\"")}, {QStringLiteral("apostraphe"), QStringLiteral("'")},
+        {QStringLiteral("lt"), QStringLiteral("<")},     {QStringLiteral("gt"), QStringLiteral(">")},
         {QStringLiteral("amp"), QStringLiteral("&")},
     };
     const auto sign = signs.constFind(button.Key);

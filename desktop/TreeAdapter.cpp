@@ -11,8 +11,8 @@ using controls::TreeNode;
 TreeAdapter::TreeAdapter(controls::TreeView& model, QTreeView& widget, QObject* parent)
     : QObject(parent), model_(model), widget_(widget), rows_(model, NodeIcon), events_(widget, this) {
     events_.Bind(model, widget);
-    // The model's "about to" announcements must reach this object before the widget, and the others behind it: while rows go, the widget
-    // selects a neighbour by itself.
+    // The model's "about to" announcements must reach this object before the widget, and the others behind
+    // it: while rows go, the widget selects a neighbour by itself.
     connect(&rows_, &QAbstractItemModel::rowsAboutToBeRemoved, this, [this] { ++updating_; });
     connect(&rows_, &QAbstractItemModel::modelAboutToBeReset, this, [this] { ++updating_; });
     widget.setModel(&rows_);
@@ -21,14 +21,17 @@ TreeAdapter::TreeAdapter(controls::TreeView& model, QTreeView& widget, QObject* 
     widget.viewport()->installEventFilter(this);
     ConnectRows();
 
-    connect(widget.selectionModel(), &QItemSelectionModel::currentChanged, this, &TreeAdapter::CurrentChanged);
+    connect(widget.selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &TreeAdapter::CurrentChanged);
     connect(&widget, &QTreeView::expanded, this, [this](const QModelIndex& i) { ExpandedByWidget(i, true); });
-    connect(&widget, &QTreeView::collapsed, this, [this](const QModelIndex& i) { ExpandedByWidget(i, false); });
+    connect(&widget, &QTreeView::collapsed, this,
+            [this](const QModelIndex& i) { ExpandedByWidget(i, false); });
     connect(&widget, &QTreeView::doubleClicked, this, [this] { model_.DblClick(); });
 
     Listen(model.selectionChanged, this, [this](const TreeNode&) { ShowSelected(); });
     Listen(model.expandedChanged, this, [this](const TreeNode& node) { ShowExpanded(node); });
-    Listen(model.ensureVisible, this, [this](const TreeNode& node) { widget_.scrollTo(rows_.IndexOf(node)); });
+    Listen(model.ensureVisible, this,
+           [this](const TreeNode& node) { widget_.scrollTo(rows_.IndexOf(node)); });
     RestoreExpanded();
     ShowSelected();
 }
@@ -43,6 +46,11 @@ void TreeAdapter::ConnectRows() {
         RestoreExpanded();
         ShowSelected();
     });
+}
+
+TreeAdapter::~TreeAdapter() {
+    ++updating_;
+    widget_.setModel(nullptr);
 }
 
 // --- the user's acts -------------------------------------------------------------------------------------

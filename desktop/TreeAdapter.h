@@ -10,6 +10,7 @@
 class TreeAdapter : public QObject {
 public:
     TreeAdapter(controls::TreeView& model, QTreeView& widget, QObject* parent);
+    ~TreeAdapter() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -25,6 +26,6 @@ private:
     QTreeView& widget_;
     desktop::TreeModel rows_;
     ControlEvents events_;
-    int updating_ = 0;       ///< the widget follows the model: its signals aren't the user's
-    bool moved_ = false;     ///< the mouse selected another node since it was pressed
+    int updating_ = 0;   ///< the widget follows the model: its signals aren't the user's
+    bool moved_ = false; ///< the mouse selected another node since it was pressed
 };

@@ -4,8 +4,8 @@
 #include <QApplication>
 #include <functional>
 
-/// The widget application with a net under its event loop: a failure that no routine's error exit caught is reported instead of
-/// ending the program.
+/// The widget application with a net under its event loop: a failure that no routine's error exit caught is
+/// reported instead of ending the program.
 class VantrelApplication : public QApplication {
 public:
     VantrelApplication(int& argumentCount, char** arguments) : QApplication(argumentCount, arguments) {}

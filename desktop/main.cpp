@@ -20,8 +20,8 @@ void PrepareWebEngine() {
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
 }
 
-// For measuring: VANTREL_MEASURE=frame ends the program when the frame has been painted, =document when the given documents have
-// been, without the time that tidying up takes.
+// For measuring: VANTREL_MEASURE=frame ends the program when the frame has been painted, =document when the
+// given documents have been, without the time that tidying up takes.
 void EndIfMeasured(const char* moment) {
     if (qgetenv("VANTREL_MEASURE") != moment)
         return;
@@ -58,8 +58,8 @@ int main(int argumentCount, char** arguments) {
     frame.MDIForm_Load();
     qt.faulted = [&frame](const text::Fault& fault) { frame.ErrorReportBox(fault, QStringLiteral("main")); };
     qt.outOfMemory = [&prompts] {
-        prompts.MsgBox(QStringLiteral("Not enough memory for this."), services::Buttons::Ok, services::Icon::Critical,
-                       QStringLiteral("Vantrel"));
+        prompts.MsgBox(QStringLiteral("Not enough memory for this."), services::Buttons::Ok,
+                       services::Icon::Critical, QStringLiteral("Vantrel"));
     };
 
     MainWindow window(frame);

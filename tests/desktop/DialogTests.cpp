@@ -48,9 +48,10 @@ TEST(MessageBoxes, MarkupIsShownAsItIsAndAnEndlessLineFitsTheScreen) {
 }
 
 TEST(FileDialogs, FiltersKeepTheirCaptionAndStarDotStarMeansEveryFile) {
-    EXPECT_EQ(QtPrompts::NameFilters(QStringLiteral("XML File (*.xml)|*.xml|Two|*.a;*.b|All Files (*.*)|*.*")),
-              QStringList({QStringLiteral("XML File (*.xml) (*.xml)"), QStringLiteral("Two (*.a *.b)"),
-                           QStringLiteral("All Files (*.*) (*)")}));
+    EXPECT_EQ(
+        QtPrompts::NameFilters(QStringLiteral("XML File (*.xml)|*.xml|Two|*.a;*.b|All Files (*.*)|*.*")),
+        QStringList({QStringLiteral("XML File (*.xml) (*.xml)"), QStringLiteral("Two (*.a *.b)"),
+                     QStringLiteral("All Files (*.*) (*)")}));
     EXPECT_TRUE(QtPrompts::NameFilters(QString()).isEmpty());
 }
 

@@ -15,7 +15,8 @@ QString Hard(int unit) {
 // What a text document by itself would change or take for the end of a line, between ordinary letters.
 QString AwkwardText() {
     QString text = QStringLiteral("<a>no\u00A0break");
-    for (const int unit : {0x2028, 0x2029, 0xFDD0, 0xFDD1, 0xFDD2, 0xFDD3, 0xFDD5, 0xFFFC, 0xFFFE, 0x0000, 0x000B, 0xD83D, 0xE000})
+    for (const int unit : {0x2028, 0x2029, 0xFDD0, 0xFDD1, 0xFDD2, 0xFDD3, 0xFDD5, 0xFFFC, 0xFFFE, 0x0000,
+                           0x000B, 0xD83D, 0xE000})
         text += Hard(unit) + QStringLiteral("|\r\n");
     return text + QStringLiteral("\U0001F600</a>");
 }
@@ -58,7 +59,8 @@ TEST(EditorText, AVeryLongLineIsCutForTheEyeOnly) {
     for (QTextBlock block = edit.document()->begin(); block.isValid(); block = block.next())
         EXPECT_LE(block.length(), EditorText::kLongestLine + 3);
     EXPECT_EQ(edit.Content(), text);
-    for (const qsizetype at : {qsizetype(0), qsizetype(5), qsizetype(4999), qsizetype(5005), qsizetype(9999), text.size() - 4}) {
+    for (const qsizetype at :
+         {qsizetype(0), qsizetype(5), qsizetype(4999), qsizetype(5005), qsizetype(9999), text.size() - 4}) {
         edit.Select(at, 2);
         EXPECT_EQ(edit.SelectionStart(), at);
     }

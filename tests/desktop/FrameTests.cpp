@@ -123,7 +123,8 @@ TEST_F(FrameWindow, F6WalksThroughAllPanesAndBackToTheTree) {
         if (seen.last() == QLatin1String("tvXML"))
             break;
     }
-    EXPECT_EQ(seen.mid(0, 3), QStringList({QStringLiteral("txtXPath"), QStringLiteral("tbsXML"), QStringLiteral("ListView1")}));
+    EXPECT_EQ(seen.mid(0, 3), QStringList({QStringLiteral("txtXPath"), QStringLiteral("tbsXML"),
+                                           QStringLiteral("ListView1")}));
     EXPECT_TRUE(seen.contains(QStringLiteral("cmbAddress")));
     EXPECT_EQ(seen.last(), QStringLiteral("tvXML"));
 }

@@ -13,7 +13,8 @@
 
 namespace test {
 
-/// The application with its real widgets on a screen that nobody sees. Acts go in as events of the window system.
+/// The application with its real widgets on a screen that nobody sees. Acts go in as events of the window
+/// system.
 class ShownApp : public TestApp {
 public:
     ShownApp() : main(std::make_unique<MainWindow>(frame())) {
@@ -25,7 +26,8 @@ public:
     /// A widget of the active document, by its control's name.
     template <typename Widget> Widget& Find(const QString& name) {
         QWidget* form = QApplication::focusWidget();
-        while (form && form->objectName() != QLatin1String("frmXMLEdit") && form->objectName() != QLatin1String("frmSXMLEdit"))
+        while (form && form->objectName() != QLatin1String("frmXMLEdit") &&
+               form->objectName() != QLatin1String("frmSXMLEdit"))
             form = form->parentWidget();
         auto* found = (form ? form : main.get())->findChild<Widget*>(name);
         if (!found)
@@ -47,16 +49,21 @@ public:
             if (tabs[i].Key == key)
                 return Click(bar, bar.tabRect(static_cast<int>(i)).center());
     }
-    void ClickTreeRow(const QModelIndex& index) { Click(*Tree().viewport(), Tree().visualRect(index).center()); }
+    void ClickTreeRow(const QModelIndex& index) {
+        Click(*Tree().viewport(), Tree().visualRect(index).center());
+    }
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(main->windowHandle(), key, modifiers);
         QCoreApplication::processEvents();
     }
     void Type(const QString& text) {
         for (const QChar unit : text)
-            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, QString(unit), {});
+            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, QString(unit),
+                                {});
     }
-    QString SelectedNode() { return window().tvXML.SelectedItem() ? window().tvXML.SelectedItem().Text() : QString(); }
+    QString SelectedNode() {
+        return window().tvXML.SelectedItem() ? window().tvXML.SelectedItem().Text() : QString();
+    }
 
     std::unique_ptr<MainWindow> main;
 };

@@ -9,7 +9,9 @@ using test::ShownApp;
 
 struct TreeAndList : ::testing::Test {
     ShownApp t;
-    TreeAndList() { t.OpenText(QStringLiteral("shop.xml"), "<shop><pen colour='red'/><ink>blue</ink></shop>"); }
+    TreeAndList() {
+        t.OpenText(QStringLiteral("shop.xml"), "<shop><pen colour='red'/><ink>blue</ink></shop>");
+    }
     QLineEdit& Path() { return t.Find<QLineEdit>(QStringLiteral("txtXPath")); }
 };
 
