@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Times the document core without a screen: bench_core FILE [open|serialise|select].
-// "open" ends as soon as the tree is filled and ready for commands, so that the whole process can be timed beside another program.
+// "open" ends as soon as the tree is filled and ready for commands, so that the whole process can be timed
+// beside another program.
 #include "core/model/Serialise.h"
 #include "core/model/m_tvXML.h"
 #include "core/sync/Views.h"
@@ -39,13 +40,15 @@ void Serialise(DocumentWindow& window) {
         const QString text = m_tvXML::GetTreeNodesXML(root, QStringLiteral("\t"));
         const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
         const double megabytes = static_cast<double>(text.size()) / 1e6;
-        std::printf("serialise: %.1f MB of text in %.3f s, %.0f MB/s\n", megabytes, seconds, megabytes / seconds);
+        std::printf("serialise: %.1f MB of text in %.3f s, %.0f MB/s\n", megabytes, seconds,
+                    megabytes / seconds);
         if (!text.endsWith(u'>'))
             std::puts("WRONG TEXT");
     }
 }
 
-// The last child of the root element by its number, and its path: what a jump to the end of a large family costs.
+// The last child of the root element by its number, and its path: what a jump to the end of a large family
+// costs.
 void Select(Application& app, DocumentWindow& window) {
     const auto root = window.tvXML.Nodes(1);
     auto element = root.LastChild();

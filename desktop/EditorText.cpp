@@ -159,6 +159,24 @@ qsizetype EditorText::ToModel(const QTextDocument& document, int position) const
     return result;
 }
 
+EditorText::LinePlace EditorText::LineOf(const QTextDocument& document, int position) const {
+    QTextBlock block = document.findBlock(position);
+    qsizetype line = block.blockNumber();
+    for (const int mark : marks_) {
+        if (mark >= position)
+            break;
+        line -= mark + 1 < position && document.characterAt(mark + 1) == QChar(kSeparator) ? 1 : 0;
+    }
+    const auto goesOn = [this](const QTextBlock& before) {
+        const int last = before.position() + before.length() - 2;
+        return before.isValid() && before.length() > 1 &&
+               std::binary_search(marks_.begin(), marks_.end(), last);
+    };
+    while (goesOn(block.previous()))
+        block = block.previous();
+    return {line, ToModel(document, position) - ToModel(document, block.position())};
+}
+
 int EditorText::ToDocument(const QTextDocument& document, qsizetype position) const {
     // The last block that starts at or before the position.
     int low = 0, high = document.blockCount() - 1;

@@ -25,6 +25,11 @@ public:
     void Changed(const QTextDocument& document, int position, int removed, int added);
 
     qsizetype ToModel(const QTextDocument& document, int position) const;
+    /// Line (from 0) and distance from its start at a position; lines that were cut count as one.
+    struct LinePlace {
+        qsizetype line, offset;
+    };
+    LinePlace LineOf(const QTextDocument& document, int position) const;
     /// A position between CR and LF is that of the line's end; one beyond the text is the end.
     int ToDocument(const QTextDocument& document, qsizetype position) const;
 

@@ -59,6 +59,10 @@ qsizetype SourceEdit::SelectionStart() const {
     return text_.ToModel(*document(), textCursor().selectionStart());
 }
 
+EditorText::LinePlace SourceEdit::CaretLine() const {
+    return text_.LineOf(*document(), textCursor().selectionStart());
+}
+
 qsizetype SourceEdit::SelectionLength() const {
     return text_.ToModel(*document(), textCursor().selectionEnd()) - SelectionStart();
 }

@@ -18,6 +18,7 @@ public:
 
     qsizetype SelectionStart() const;
     qsizetype SelectionLength() const;
+    EditorText::LinePlace CaretLine() const; ///< of the selection's start
     /// Selects and scrolls as little as needed.
     void Select(qsizetype start, qsizetype length);
     /// Scrolls so that the selection stands high in the view.

@@ -22,6 +22,10 @@ TextAdapter::TextAdapter(controls::RichTextBox& model, SourceEdit& widget, QObje
         model_.UserEdited(
             [edit = QPointer<SourceEdit>(&widget_)] { return edit ? edit->Content() : QString(); });
     });
+    model.caretSource = [edit = QPointer<SourceEdit>(&widget)] {
+        const EditorText::LinePlace place = edit ? edit->CaretLine() : EditorText::LinePlace{0, 0};
+        return controls::TextPlace{place.line + 1, place.offset + 1};
+    };
     ShowFont();
     if (widget.isVisible())
         Fill();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/commands/WindowEvents.h"
 #include "core/model/Frame.h"
-#include "core/model/m_tvXML.h"
 #include "core/model/mXMLEdit.h"
+#include "core/model/m_tvXML.h"
 #include "core/sync/Files.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
@@ -142,7 +142,8 @@ void Form_Load(DocumentWindow& window) {
     const Options& options = window.app.options;
     window.rtxtXML.SetFont(options.TextName, options.TextSize);
     window.rtxtXML2.SetFont(options.TextName, options.TextSize);
-    window.ListView1.ColumnHeaders = {QStringLiteral("Name"), QStringLiteral("Value"), QStringLiteral("Text")};
+    window.ListView1.ColumnHeaders = {QStringLiteral("Name"), QStringLiteral("Value"),
+                                      QStringLiteral("Text")};
     window.pctSplitText.SetVisible(false);
     window.chtAna.SetVisible(false);
     window.pctLHSplit.SetVisible(false);

@@ -35,12 +35,13 @@ struct Application {
     Frame* frame = nullptr; ///< set by the frame as long as it lives
     Options options;
 
-    QString CurrentFileName;           ///< the name of the document in hand
+    QString CurrentFileName;            ///< the name of the document in hand
     std::int32_t ElementKeyCounter = 0; ///< never reset, so a key is never used twice in a run
-    long NodeWalkCounter = 0;          ///< see GetNodeByNumber
+    long NodeWalkCounter = 0;           ///< see GetNodeByNumber
     /// Nothing after a successful parse, the error after a failed one.
     std::optional<xml::ParseError> lastParseError;
 };
 
-/// What a routine's error exit calls: the frame's report under the routine's name. Shows a box only when Debug is on.
+/// What a routine's error exit calls: the frame's report under the routine's name. Shows a box only when
+/// Debug is on.
 void ErrorReportBox(Application& app, const text::Fault& fault, const QString& routineName);

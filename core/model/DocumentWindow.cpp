@@ -3,15 +3,30 @@
 
 namespace {
 
-// The pictures that nodes name, in the order of the control's list. The kinds without an "open" form can't be shown in the tree.
+// The pictures that nodes name, in the order of the control's list. The kinds without an "open" form can't be
+// shown in the tree.
 const QStringList& ImageKeys() {
-    static const QStringList keys{"element",        "attribute",      "text",
-                                  "cdatasection",   "entity",         "entityreference",
-                                  "processinginstruction", "comment", "document",
-                                  "documenttype",   "documentfragment", "xmlroot",
-                                  "openxmlroot",    "openprocessinginstruction", "opencomment",
-                                  "openelement",    "opentext",       "opendocumenttype",
-                                  "opencdatasection", "xmlrootelement", "openxmlrootelement"};
+    static const QStringList keys{"element",
+                                  "attribute",
+                                  "text",
+                                  "cdatasection",
+                                  "entity",
+                                  "entityreference",
+                                  "processinginstruction",
+                                  "comment",
+                                  "document",
+                                  "documenttype",
+                                  "documentfragment",
+                                  "xmlroot",
+                                  "openxmlroot",
+                                  "openprocessinginstruction",
+                                  "opencomment",
+                                  "openelement",
+                                  "opentext",
+                                  "opendocumenttype",
+                                  "opencdatasection",
+                                  "xmlrootelement",
+                                  "openxmlrootelement"};
     return keys;
 }
 

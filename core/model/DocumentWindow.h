@@ -35,8 +35,8 @@ inline constexpr int kContextTable = 3;
 inline constexpr int kContextText = 4;
 inline constexpr int kContextCompact = 7;
 
-/// The controls and the state of one open document. The document lives in the nodes of tvXML and nowhere else.
-/// No behaviour: routines take a DocumentWindow&.
+/// The controls and the state of one open document. The document lives in the nodes of tvXML and nowhere
+/// else. No behaviour: routines take a DocumentWindow&.
 struct DocumentWindow {
     DocumentWindow(Application& application, const WindowKind& windowKind);
     DocumentWindow(const DocumentWindow&) = delete;

@@ -16,7 +16,9 @@ using services::Icon;
 // Shows a bar while something is fetched; the bar appears by itself once it takes long.
 class Fetching {
 public:
-    Fetching(Application& app, const QString& what) : progress_(app.services.progress) { progress_.Begin(what); }
+    Fetching(Application& app, const QString& what) : progress_(app.services.progress) {
+        progress_.Begin(what);
+    }
     ~Fetching() { progress_.End(); }
     Fetching(const Fetching&) = delete;
     Fetching& operator=(const Fetching&) = delete;
@@ -92,13 +94,16 @@ bool GetHttpData(Application& app, const QString& url, FetchedText& fetched) try
     }
     if (answer.cannotLocate) {
         if (app.frame)
-            app.frame->StatusBar1().SetPanel(1, QStringLiteral("The system cannot locate the resource specified!"));
+            app.frame->StatusBar1().SetPanel(
+                1, QStringLiteral("The system cannot locate the resource specified!"));
         return false;
     }
-    // The status isn't looked at: what a server sends with an error is shown as it came. Without any status there was no answer.
+    // The status isn't looked at: what a server sends with an error is shown as it came. Without any status
+    // there was no answer.
     if (!answer.ok && answer.status < 400)
         throw text::Fault(text::kFaultBadCall, answer.error);
-    if (text::IsBlank(QString::fromLatin1(answer.body.left(4096))) && text::IsBlank(QString::fromLatin1(answer.body))) {
+    if (text::IsBlank(QString::fromLatin1(answer.body.left(4096))) &&
+        text::IsBlank(QString::fromLatin1(answer.body))) {
         app.services.prompts.MsgBox(QStringLiteral("It's not a valid request."));
         return false;
     }

@@ -28,14 +28,14 @@ enum class MenuSituation {
 class Frame {
 public:
     virtual ~Frame() = default;
-    virtual DocumentWindow* ActiveForm() = 0; ///< null without a window
+    virtual DocumentWindow* ActiveForm() = 0;      ///< null without a window
     virtual controls::StatusBar& StatusBar1() = 0; ///< panel 1: messages, panel 2: line and position
     virtual controls::ComboBox& cmbAddress() = 0;
 
     virtual void ErrorReportBox(const text::Fault& fault, const QString& routineName) = 0;
 
-    /// Makes a window with the text, or a new document for an empty one; a blank name gets "new", a number and the
-    /// extension of the kind. An open document of the same name is brought to the front instead.
+    /// Makes a window with the text, or a new document for an empty one; a blank name gets "new", a number
+    /// and the extension of the kind. An open document of the same name is brought to the front instead.
     virtual void NewXMLFile(const FetchedText& text, const QString& fileName) = 0;
     virtual void NewSXMLFile(const FetchedText& text, const QString& fileName) = 0;
 

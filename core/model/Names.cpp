@@ -39,13 +39,13 @@ bool IsLocalPath(const QString& name) {
 
 bool IsBinaryFile(const QString& name) {
     static const QSet<QString> extensions{
-        QStringLiteral("exe"), QStringLiteral("bin"),  QStringLiteral("dll"), QStringLiteral("gif"),
-        QStringLiteral("tiff"), QStringLiteral("bmp"), QStringLiteral("cur"), QStringLiteral("wav"),
-        QStringLiteral("avi"), QStringLiteral("midi"), QStringLiteral("frx"), QStringLiteral("doc"),
-        QStringLiteral("ocx"), QStringLiteral("db"),   QStringLiteral("zip"), QStringLiteral("mdb"),
-        QStringLiteral("jpg"), QStringLiteral("jpeg"), QStringLiteral("ico"), QStringLiteral("isu"),
-        QStringLiteral("reg"), QStringLiteral("drv"),  QStringLiteral("oca"), QStringLiteral("hlp"),
-        QStringLiteral("ime"), QStringLiteral("tbl"),  QStringLiteral("vxd"), QStringLiteral("ttf")};
+        QStringLiteral("exe"),  QStringLiteral("bin"),  QStringLiteral("dll"), QStringLiteral("gif"),
+        QStringLiteral("tiff"), QStringLiteral("bmp"),  QStringLiteral("cur"), QStringLiteral("wav"),
+        QStringLiteral("avi"),  QStringLiteral("midi"), QStringLiteral("frx"), QStringLiteral("doc"),
+        QStringLiteral("ocx"),  QStringLiteral("db"),   QStringLiteral("zip"), QStringLiteral("mdb"),
+        QStringLiteral("jpg"),  QStringLiteral("jpeg"), QStringLiteral("ico"), QStringLiteral("isu"),
+        QStringLiteral("reg"),  QStringLiteral("drv"),  QStringLiteral("oca"), QStringLiteral("hlp"),
+        QStringLiteral("ime"),  QStringLiteral("tbl"),  QStringLiteral("vxd"), QStringLiteral("ttf")};
     return extensions.contains(text::Trim(GetExtName(name)).toLower());
 }
 

@@ -20,8 +20,8 @@ DocumentWindow* ActiveForm(Application& app) {
 
 } // namespace
 
-bool LoadXMLDocFromString(Application& app, const QString& text, std::shared_ptr<xml::ParsedDocument>& document,
-                          bool quiet) try {
+bool LoadXMLDocFromString(Application& app, const QString& text,
+                          std::shared_ptr<xml::ParsedDocument>& document, bool quiet) try {
     if (text.isEmpty())
         return false;
     document = std::make_shared<xml::ParsedDocument>();
@@ -70,7 +70,8 @@ void PointToErrorPos(Application& app, const xml::ParseError& error) {
     if (!active)
         return;
     const qsizetype place = error.filepos - 1;
-    // The two panes differ for an error without a place: the first selects the first character, the second the second one.
+    // The two panes differ for an error without a place: the first selects the first character, the second
+    // the second one.
     if (active->brtxtXML2Focus)
         active->rtxtXML2.SetSelStart(std::abs(place));
     else
@@ -98,9 +99,10 @@ void Delay(Application& app, int milliseconds) {
 
 void LoadEncoding(controls::ComboBox& combo) {
     static const QStringList labels{
-        QStringLiteral("UTF-7"),   QStringLiteral("UTF-8"), QStringLiteral("UTF-16"),    QStringLiteral("GB2312"),
-        QStringLiteral("8859-1"),  QStringLiteral("8859-2"), QStringLiteral("ASCII"),    QStringLiteral("ISO-646"),
-        QStringLiteral("850"),     QStringLiteral("1252"),  QStringLiteral("1255"),      QStringLiteral("SHIFT-JIS"),
+        QStringLiteral("UTF-7"),    QStringLiteral("UTF-8"),   QStringLiteral("UTF-16"),
+        QStringLiteral("GB2312"),   QStringLiteral("8859-1"),  QStringLiteral("8859-2"),
+        QStringLiteral("ASCII"),    QStringLiteral("ISO-646"), QStringLiteral("850"),
+        QStringLiteral("1252"),     QStringLiteral("1255"),    QStringLiteral("SHIFT-JIS"),
         QStringLiteral("MS-KANJI"), QStringLiteral("BIG5")};
     for (int i = 0; i < labels.size(); ++i)
         combo.AddItem(labels[i], i);

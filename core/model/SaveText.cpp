@@ -11,13 +11,15 @@ using services::Answer;
 using services::Buttons;
 using services::Icon;
 
-// Where the code can't hold a character, the user decides: UTF-8 with a declaration that says so, or no writing.
+// Where the code can't hold a character, the user decides: UTF-8 with a declaration that says so, or no
+// writing.
 bool EncodeOrAsk(Application& app, QString& text, text::FileForm& form, text::Encoded& encoded) {
     encoded = text::Encode(text, form);
     if (encoded.badPosition < 0)
         return true;
     const QString question =
-        QStringLiteral("The encoding %1 can not hold the character at position %2. Do you want to save as UTF-8?")
+        QStringLiteral(
+            "The encoding %1 can not hold the character at position %2. Do you want to save as UTF-8?")
             .arg(encoded.encoding)
             .arg(encoded.badPosition + 1);
     if (app.services.prompts.MsgBox(question, Buttons::YesNo, Icon::Question) != Answer::Yes)
@@ -29,9 +31,10 @@ bool EncodeOrAsk(Application& app, QString& text, text::FileForm& form, text::En
     encoded = text::Encode(text, form);
     if (encoded.badPosition < 0)
         return true;
-    app.services.prompts.MsgBox(QStringLiteral("The character at position %1 is half of a pair and can not be saved.")
-                                    .arg(encoded.badPosition + 1),
-                                Buttons::Ok, Icon::Exclamation);
+    app.services.prompts.MsgBox(
+        QStringLiteral("The character at position %1 is half of a pair and can not be saved.")
+            .arg(encoded.badPosition + 1),
+        Buttons::Ok, Icon::Exclamation);
     return false;
 }
 
@@ -67,7 +70,8 @@ SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, 
     const QString target = fileName.isEmpty() ? QStringLiteral("tmp.$$$") : fileName;
     const services::FileResult result = app.services.files.Replace(target, encoded.bytes);
     if (!result) {
-        app.services.prompts.MsgBox(result.description + QStringLiteral("\r\nPlease check file attributes (Read-only, etc)."),
+        app.services.prompts.MsgBox(result.description +
+                                        QStringLiteral("\r\nPlease check file attributes (Read-only, etc)."),
                                     Buttons::Ok, Icon::Exclamation);
         return SaveOutcome::Refused;
     }
@@ -93,8 +97,8 @@ bool CopyFileTo(Application& app, const QString& source, const QString& target) 
         return true; // a file copied on itself is there already
     if (FileExist(app, name)) {
         const QString question = name + QStringLiteral(" already exists. Do you want to replace it?");
-        if (app.services.prompts.MsgBox(question, Buttons::YesNo, Icon::None, QStringLiteral("Copy file ...")) !=
-            Answer::Yes)
+        if (app.services.prompts.MsgBox(question, Buttons::YesNo, Icon::None,
+                                        QStringLiteral("Copy file ...")) != Answer::Yes)
             return false;
     }
     const services::FileResult result = app.services.files.Copy(source, name);

@@ -13,8 +13,8 @@ using text::CompactView;
 
 enum Kind { kRoot = 0, kElement = 1, kText = 3, kInstruction = 7, kComment = 8 };
 
-// The text is written twice: once to learn its length, then into a text of exactly that length. So a document of any size costs
-// one allocation and no growing.
+// The text is written twice: once to learn its length, then into a text of exactly that length. So a document
+// of any size costs one allocation and no growing.
 class LengthSink {
 public:
     void put(CompactView piece) { length_ += piece.length; }

@@ -13,14 +13,15 @@ struct DocumentWindow;
 /// Fetching and parsing, and the file helpers.
 namespace mXMLEdit {
 
-/// 1: local file, 2: web address, -1: neither. Trims first. A single letter and ":" is a drive, an absolute POSIX path is a file;
-/// relative and network paths are not files to this routine.
+/// 1: local file, 2: web address, -1: neither. Trims first. A single letter and ":" is a drive, an absolute
+/// POSIX path is a file; relative and network paths are not files to this routine.
 int GetAddressType(const QString& address);
 /// Whether a name is a local path that can be written: a drive path or an absolute POSIX path.
 bool IsLocalPath(const QString& name);
 
-/// Fetches by the address type. True with an untouched `fetched` for a name that is neither file nor web address: it is then an
-/// empty document. False after a message when nothing could be fetched or the user cancelled.
+/// Fetches by the address type. True with an untouched `fetched` for a name that is neither file nor web
+/// address: it is then an empty document. False after a message when nothing could be fetched or the user
+/// cancelled.
 bool GetData(Application& app, const QString& address, FetchedText& fetched);
 bool GetFileData(Application& app, const QString& path, FetchedText& fetched);
 bool GetHttpData(Application& app, const QString& url, FetchedText& fetched);
@@ -28,13 +29,16 @@ bool GetHttpData(Application& app, const QString& url, FetchedText& fetched);
 /// By the extension only; the file isn't looked at.
 bool IsBinaryFile(const QString& name);
 
-/// Parses. An empty text does nothing and yields false with `document` untouched. A failure is kept as the last parse error and reported: quiet by
-/// a beep and status panel 1, else in a box. `document` is set in both cases, so that the caller can point at the error.
-bool LoadXMLDocFromString(Application& app, const QString& text, std::shared_ptr<xml::ParsedDocument>& document, bool quiet);
+/// Parses. An empty text does nothing and yields false with `document` untouched. A failure is kept as the
+/// last parse error and reported: quiet by a beep and status panel 1, else in a box. `document` is set in
+/// both cases, so that the caller can point at the error.
+bool LoadXMLDocFromString(Application& app, const QString& text,
+                          std::shared_ptr<xml::ParsedDocument>& document, bool quiet);
 /// Whether a text parses; reports as a quiet or loud load does. False and no report for an empty text.
 bool ValidateXML(Application& app, const QString& text, bool quiet);
 
-/// The seven lines of the report. While the active window shows its text view, the caret goes to the error too.
+/// The seven lines of the report. While the active window shows its text view, the caret goes to the error
+/// too.
 QString GetXMLParseErrorString(Application& app, const xml::ParseError& error);
 /// Shows line and place in status panel 2 and selects the character at the error in the text view in use.
 void PointToErrorPos(Application& app, const xml::ParseError& error);
@@ -63,15 +67,18 @@ enum class SaveOutcome {
     Declined ///< by the user, who didn't want another encoding; nothing was tried
 };
 
-/// Writes a text, replacing the file whole or not at all; an empty name writes "tmp.$$$" in the current folder. `form` tells how the file
-/// writes its text (null: by the text's declaration, else UTF-8) and is brought up to date after a write. A refused write leaves the old
-/// file as it was. Where the code can't hold a character the user is asked: Yes saves as UTF-8 with the declaration changed to say
-/// so, and `text` then takes that change.
+/// Writes a text, replacing the file whole or not at all; an empty name writes "tmp.$$$" in the current
+/// folder. `form` tells how the file writes its text (null: by the text's declaration, else UTF-8) and is
+/// brought up to date after a write. A refused write leaves the old file as it was. Where the code can't hold
+/// a character the user is asked: Yes saves as UTF-8 with the declaration changed to say so, and `text` then
+/// takes that change.
 SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, text::FileForm* form);
 /// The same as a plain answer: true when it was written.
-bool SaveStringToFile(Application& app, QString& text, const QString& fileName, text::FileForm* form = nullptr);
+bool SaveStringToFile(Application& app, QString& text, const QString& fileName,
+                      text::FileForm* form = nullptr);
 
-/// Copies a file; a target ending in a separator is a folder. Asks before replacing another file; false on No or failure.
+/// Copies a file; a target ending in a separator is a folder. Asks before replacing another file; false on No
+/// or failure.
 bool CopyFileTo(Application& app, const QString& source, const QString& target);
 
 } // namespace mXMLEdit

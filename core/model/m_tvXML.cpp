@@ -123,7 +123,8 @@ QString Truncate(const QString& text, int length) {
 
 void SetTextNodeDisplay(Application& app, TreeNode node) {
     if (node)
-        node.Owner()->SetTextFromTag(node, static_cast<std::uint32_t>(std::max(app.options.TreeNodeTextShowLength, 0)));
+        node.Owner()->SetTextFromTag(
+            node, static_cast<std::uint32_t>(std::max(app.options.TreeNodeTextShowLength, 0)));
 }
 
 QString GetPureName(const QString& name, QString& prefix) {

@@ -16,8 +16,9 @@ using controls::TreeNode;
 /// A new key "<nodeType>serial". The serial is the process-wide counter after adding 1.
 QString GetDistinctElementKey(Application& app, int nodeType);
 
-/// The node type that a key names: the number between the first "<" and the first ">" behind it, 0 for any other text. A "=" behind
-/// the first position cuts everything up to and including the last one first. A list row's key works too.
+/// The node type that a key names: the number between the first "<" and the first ">" behind it, 0 for any
+/// other text. A "=" behind the first position cuts everything up to and including the last one first. A list
+/// row's key works too.
 int GetKeyType(const QString& key);
 /// The same for a node's key, without making a text of it.
 int GetKeyType(TreeNode node);
@@ -38,8 +39,9 @@ long GetAllChildNodeNumber(TreeNode node);
 /// The node's own number; 0 for nothing.
 long GetBeforeNodeNumber(Application& app, TreeNode node);
 /// The node with a number, searched below `node` (the tree root); nothing when the walk runs out.
-/// The walk counts in the process-wide NodeWalkCounter: a hit sets it back to 0, a miss leaves it where it stood, so
-/// the search after a miss starts from that stale value and stops earlier than a fresh one would. Commands rely on it as it is.
+/// The walk counts in the process-wide NodeWalkCounter: a hit sets it back to 0, a miss leaves it where it
+/// stood, so the search after a miss starts from that stale value and stops earlier than a fresh one would.
+/// Commands rely on it as it is.
 TreeNode GetNodeByNumber(Application& app, long number, TreeNode node);
 
 /// A text longer than `length` cut to it, with "..." behind.
@@ -47,12 +49,13 @@ QString Truncate(const QString& text, int length);
 /// Shows a text node's Tag, cut to the length of the options, as its Text.
 void SetTextNodeDisplay(Application& app, TreeNode node);
 
-/// Local part of a qualified name: what stands behind the first ":"; the part before it goes to `prefix`, which stays as it was for a
-/// name without ":". Empty for a blank name.
+/// Local part of a qualified name: what stands behind the first ":"; the part before it goes to `prefix`,
+/// which stays as it was for a name without ":". Empty for a blank name.
 QString GetPureName(const QString& name, QString& prefix);
 
 /// Takes an element's Tag apart; the one reader of this format. Values stay escaped.
-/// The result is where its loop over the pieces between quotes ends: the number of pieces, or 0 for an empty Tag.
+/// The result is where its loop over the pieces between quotes ends: the number of pieces, or 0 for an empty
+/// Tag.
 int GetAllAttributesNameAndValue(const QString& tag, QStringList& names, QStringList& values);
 
 } // namespace m_tvXML

@@ -34,10 +34,11 @@ void AttributesInto(CompactBuilder& out, xml::Node element) {
 // One copy of a document: names and pictures are looked up once, and nothing is made per node but the node.
 class Copier {
 public:
-    Copier(Application& app, DocumentWindow* active, const xml::ParsedDocument& document, controls::TreeView& tree,
-           TreeNode parent)
+    Copier(Application& app, DocumentWindow* active, const xml::ParsedDocument& document,
+           controls::TreeView& tree, TreeNode parent)
         : app_(app), document_(document), tree_(tree), fill_(tree, parent), atRoot_(IsTreeRoot(parent)),
-          ownTree_(active && &active->tvXML == &tree), rootStands_(active && HaveElementNodeAtXMLRootLevel(*active)),
+          ownTree_(active && &active->tvXML == &tree),
+          rootStands_(active && HaveElementNodeAtXMLRootLevel(*active)),
           shownLength_(static_cast<std::uint32_t>(std::max(app.options.TreeNodeTextShowLength, 0))) {
         names_.resize(document.nameCount(), 0);
     }
@@ -53,7 +54,8 @@ public:
             const TreeFiller::Slot added = add(node, parent);
             if (top && ownTree_ && node.nodeType() == xml::ELEMENT)
                 rootStands_ = true;
-            const xml::Node child = added != 0 && node.nodeType() == xml::ELEMENT ? node.firstChild() : xml::Node();
+            const xml::Node child =
+                added != 0 && node.nodeType() == xml::ELEMENT ? node.firstChild() : xml::Node();
             if (child) {
                 node = child;
                 parent = added;
@@ -72,7 +74,8 @@ public:
     }
 
 private:
-    // A document has one root element and no text beside it. Looked at only once, from the moment the root element stands.
+    // A document has one root element and no text beside it. Looked at only once, from the moment the root
+    // element stands.
     bool endsWalk(int nodeType) {
         if (!atRoot_ || rootChecked_ || !rootStands_)
             return false;
@@ -139,7 +142,8 @@ private:
     TreeFiller fill_;
     bool atRoot_;
     bool rootChecked_ = false;
-    bool ownTree_;    // the tree is the active window's: what is added counts for the next look at its root level
+    bool
+        ownTree_; // the tree is the active window's: what is added counts for the next look at its root level
     bool rootStands_; // the active window's document has its root element
     std::uint32_t shownLength_;
     TreeFiller::Slot last_ = 0;
@@ -150,8 +154,8 @@ private:
 
 } // namespace
 
-void XMLChildNodesToTree(Application& app, DocumentWindow* active, xml::Node domNode, const QString& parentKey,
-                         controls::TreeView& tree) try {
+void XMLChildNodesToTree(Application& app, DocumentWindow* active, xml::Node domNode,
+                         const QString& parentKey, controls::TreeView& tree) try {
     if (!domNode)
         return;
     const TreeNode parent = parentKey.isEmpty() ? TreeNode() : tree.Nodes(parentKey);

@@ -5,11 +5,13 @@
 
 // Opening and saving documents.
 
-/// Opens a name (path or address) into `form`, or into a new window when `form` is null; on return `form` is the window that shows
-/// the document, null when none came about. What can't be fetched leads to the question whether to make a new document.
+/// Opens a name (path or address) into `form`, or into a new window when `form` is null; on return `form` is
+/// the window that shows the document, null when none came about. What can't be fetched leads to the question
+/// whether to make a new document.
 void OpenFile(Application& app, const QString& fileName, DocumentWindow*& form);
 
-/// Saves the text view's text. `bSaveAs` asks for a name always; a name that isn't a local path leads to the dialog too.
-/// `bSkipCheck` leaves out bringing tree and text together. While the window is closing it asks first; Cancel sets bCancelSave.
+/// Saves the text view's text. `bSaveAs` asks for a name always; a name that isn't a local path leads to the
+/// dialog too. `bSkipCheck` leaves out bringing tree and text together. While the window is closing it asks
+/// first; Cancel sets bCancelSave.
 void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck);
 void SaveAs(DocumentWindow& window);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/Frame.h"
-#include "core/model/m_tvXML.h"
 #include "core/model/mXMLEdit.h"
+#include "core/model/m_tvXML.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
 #include "platform/controls/TreeCursor.h"
@@ -43,7 +43,8 @@ QString GetThisNodeXPath(TreeNode node) {
     }
 }
 
-// One step on the way from a parsed document's root to a node: its kind and name, and its place among siblings that agree in both.
+// One step on the way from a parsed document's root to a node: its kind and name, and its place among
+// siblings that agree in both.
 struct Step {
     int type;
     QString name;
@@ -138,10 +139,7 @@ void SelectTreeNodeByPath(DocumentWindow& window, const QString& path) try {
 void ShowCursorPosition(DocumentWindow& window) {
     if (!window.app.frame)
         return;
-    const controls::RichTextBox& target = window.TextInUse();
-    const QStringView before = QStringView(target.Text()).left(target.SelStart());
-    const qsizetype lineEnd = before.lastIndexOf(u'\n');
-    const qsizetype line = before.count(u'\n') + 1;
-    const qsizetype column = before.size() - lineEnd;
-    window.app.frame->StatusBar1().SetPanel(2, QStringLiteral("Ln %1 , Col %2").arg(line).arg(column));
+    const controls::TextPlace place = window.TextInUse().CaretPlace();
+    window.app.frame->StatusBar1().SetPanel(
+        2, QStringLiteral("Ln %1 , Col %2").arg(place.line).arg(place.column));
 }

@@ -38,9 +38,10 @@ bool MakeNewInstead(Application& app, const QString& fileName) {
     const bool schema = IsSchemaName(fileName);
     const bool keepsName = schema || mXMLEdit::GetExtName(fileName).toLower() == QStringLiteral("xml");
     const QString name = keepsName ? fileName : fileName + QStringLiteral(".xml");
-    const QString question = (schema ? QStringLiteral("Bad file name! Do you want to create new schema file with name: ")
-                                     : QStringLiteral("Bad file name! Do you want to create new xml file with name: ")) +
-                             name + QStringLiteral(" ?");
+    const QString question =
+        (schema ? QStringLiteral("Bad file name! Do you want to create new schema file with name: ")
+                : QStringLiteral("Bad file name! Do you want to create new xml file with name: ")) +
+        name + QStringLiteral(" ?");
     if (app.services.prompts.MsgBox(question, Buttons::YesNo, Icon::Question) != Answer::Yes)
         return false;
     if (schema)
@@ -53,7 +54,8 @@ bool MakeNewInstead(Application& app, const QString& fileName) {
 // After a failure the name in hand is again that of the document that the user sees.
 void NameAfterFailure(Application& app, const QString& fileName, DocumentWindow* form) {
     DocumentWindow* active = app.frame->ActiveForm();
-    app.CurrentFileName = active && active->tvXML.Nodes.Count() > 0 ? active->tvXML.Nodes(1).Text() : fileName;
+    app.CurrentFileName =
+        active && active->tvXML.Nodes.Count() > 0 ? active->tvXML.Nodes(1).Text() : fileName;
     if (form)
         form->SetCaption(app.CurrentFileName);
 }

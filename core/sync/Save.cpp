@@ -14,8 +14,8 @@ using services::Answer;
 using services::Buttons;
 using services::Icon;
 
-// Brings tree and text together. True when the tree had changes that the text didn't show while the window is closing: the user is then
-// asked whatever the comparison with the opened text would say.
+// Brings tree and text together. True when the tree had changes that the text didn't show while the window is
+// closing: the user is then asked whatever the comparison with the opened text would say.
 bool BringTogether(DocumentWindow& window) {
     if (window.miCurrentView != kViewTree && window.miCurrentView != kViewList) {
         LeaveTextView(window);
@@ -37,9 +37,9 @@ bool NothingToSave(DocumentWindow& window, bool bSaveAs) {
 }
 
 bool WantsSaving(DocumentWindow& window) {
-    const Answer answer =
-        window.app.services.prompts.MsgBox(QStringLiteral("This XML file has been changed. Do you want to save it?"),
-                                           Buttons::YesNoCancel, Icon::Question);
+    const Answer answer = window.app.services.prompts.MsgBox(
+        QStringLiteral("This XML file has been changed. Do you want to save it?"), Buttons::YesNoCancel,
+        Icon::Question);
     window.bCancelSave = answer == Answer::Cancel;
     return answer == Answer::Yes;
 }
@@ -47,7 +47,8 @@ bool WantsSaving(DocumentWindow& window) {
 QString AskSaveFileName(DocumentWindow& window) {
     return window.app.services.prompts.SaveFileName(
         QStringLiteral("Save As"),
-        QStringLiteral("XML File (*.xml)|*.xml|Schema File (*.xsd)|*.xsd|All files (*.*)|*.*"), window.Caption);
+        QStringLiteral("XML File (*.xml)|*.xml|Schema File (*.xsd)|*.xsd|All files (*.*)|*.*"),
+        window.Caption);
 }
 
 void TakeName(DocumentWindow& window, const QString& name) {
@@ -63,16 +64,17 @@ void TakeName(DocumentWindow& window, const QString& name) {
 }
 
 bool MayReplace(DocumentWindow& window, const QString& name) {
-    return window.app.services.prompts.MsgBox(name + QStringLiteral(" already exists. Do you want to replace it?"),
-                                              Buttons::YesNo, Icon::None,
-                                              QStringLiteral("Save file ...")) == Answer::Yes;
+    return window.app.services.prompts.MsgBox(
+               name + QStringLiteral(" already exists. Do you want to replace it?"), Buttons::YesNo,
+               Icon::None, QStringLiteral("Save file ...")) == Answer::Yes;
 }
 
 // The user may have let the declaration be changed on the way to the file: text and tree follow.
 // False when the user declined another encoding: that is no saving, and a closing window stays.
 bool Write(DocumentWindow& window, const QString& fileName) {
     QString text = window.rtxtXML.Text();
-    if (mXMLEdit::WriteText(window.app, text, fileName, &window.fileForm) == mXMLEdit::SaveOutcome::Declined) {
+    if (mXMLEdit::WriteText(window.app, text, fileName, &window.fileForm) ==
+        mXMLEdit::SaveOutcome::Declined) {
         window.bCancelSave = window.bUnloading;
         return false;
     }
@@ -110,7 +112,8 @@ void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck) try {
         if (!Write(window, name))
             return;
     }
-    // Whether the file was written isn't looked at: a refused write has told the user, and the window counts as saved.
+    // Whether the file was written isn't looked at: a refused write has told the user, and the window counts
+    // as saved.
     window.bTextChanged = false;
     window.msOpenText = window.rtxtXML.Text();
 } catch (const text::Fault& fault) {

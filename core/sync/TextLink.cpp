@@ -5,19 +5,21 @@
 #include "core/sync/Views.h"
 #include "textview/fill/FillText.h"
 
-// The text view and the tree find each other: leaving an edited text, the caret on a node, the node at a caret.
+// The text view and the tree find each other: leaving an edited text, the caret on a node, the node at a
+// caret.
 
 namespace {
 
 using controls::TreeNode;
 
-// The caret jumps this far beyond a node before it goes there, so that the node comes to stand high in the view.
+// The caret jumps this far beyond a node before it goes there, so that the node comes to stand high in the
+// view.
 constexpr qsizetype kJumpBeyond = 800;
 
 struct PaneSelections {
     explicit PaneSelections(DocumentWindow& w)
-        : window(w), start1(w.rtxtXML.SelStart()), length1(w.rtxtXML.SelLength()), start2(w.rtxtXML2.SelStart()),
-          length2(w.rtxtXML2.SelLength()) {}
+        : window(w), start1(w.rtxtXML.SelStart()), length1(w.rtxtXML.SelLength()),
+          start2(w.rtxtXML2.SelStart()), length2(w.rtxtXML2.SelLength()) {}
     void restore() const {
         window.rtxtXML.SetSelStart(start1);
         window.rtxtXML.SetSelLength(length1);
@@ -42,11 +44,13 @@ void BringPanesTogether(DocumentWindow& window) {
 void BuildTreeFromText(DocumentWindow& window, TreeNode selected) {
     const PaneSelections selections(window);
     const QString text = window.TextInUse().Text();
-    // The text stands for the last parsed one after this whether it parsed or not: leaving the same bad text again is quiet.
+    // The text stands for the last parsed one after this whether it parsed or not: leaving the same bad text
+    // again is quiet.
     if (window.bTextChanged && text != window.msLastParsedText) {
         BringPanesTogether(window);
         const long number = m_tvXML::GetNodeNumByTextPosition(text, window.TextInUse().SelStart());
-        window.bTextChanged = false; // before the parse: a failed one shows the text view, which looks at the flag again
+        window.bTextChanged =
+            false; // before the parse: a failed one shows the text view, which looks at the flag again
         window.msLastParsedText = text;
         const ParsedRoot root = XMLToTree(window, text, number);
         if (root.document)
@@ -61,7 +65,8 @@ void BuildTreeFromText(DocumentWindow& window, TreeNode selected) {
 void LeaveTextView(DocumentWindow& window) try {
     const TreeNode selected = window.tvXML.SelectedItem();
     if (window.TextInUse().Text().isEmpty()) {
-        // Only a text that the user emptied clears the tree; an empty view may also be one that was never filled.
+        // Only a text that the user emptied clears the tree; an empty view may also be one that was never
+        // filled.
         if (window.bTextChanged) {
             BringPanesTogether(window);
             window.bTextChanged = false;

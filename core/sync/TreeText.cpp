@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/sync/TreeText.h"
 #include "core/model/Serialise.h"
-#include "core/model/m_tvXML.h"
 #include "core/model/mXMLEdit.h"
+#include "core/model/m_tvXML.h"
 #include "core/sync/Views.h"
 #include "platform/text/TextTools.h"
 #include "textview/fill/FillText.h"
@@ -42,11 +42,13 @@ void ShowBadText(DocumentWindow& window, const QString& text, const xml::ParsedD
 void FillTree(DocumentWindow& window, const xml::ParsedDocument& document) {
     const controls::TreeUpdate update(window.tvXML);
     AddTreeRoot(window, false);
-    m_tvXML::XMLChildNodesToTree(window.app, &window, document.document(), window.app.CurrentFileName, window.tvXML);
+    m_tvXML::XMLChildNodesToTree(window.app, &window, document.document(), window.app.CurrentFileName,
+                                 window.tvXML);
 }
 
 void SelectByNumber(DocumentWindow& window, long number) {
-    TreeNode node = m_tvXML::GetNodeByNumber(window.app, number, window.tvXML.Nodes(window.app.CurrentFileName));
+    TreeNode node =
+        m_tvXML::GetNodeByNumber(window.app, number, window.tvXML.Nodes(window.app.CurrentFileName));
     window.tvXML.SetSelectedItem(node);
     if (node)
         node.SetExpanded(true);
@@ -64,12 +66,13 @@ void AddTreeRoot(DocumentWindow& window, bool withDefaults) {
     controls::TreeView& tree = window.tvXML;
     const controls::TreeUpdate update(tree);
     tree.Nodes.Clear();
-    const TreeNode root = tree.Nodes.Add({}, 0, app.CurrentFileName, app.CurrentFileName, QStringLiteral("xmlroot"),
-                                         QStringLiteral("openxmlroot"));
+    const TreeNode root = tree.Nodes.Add({}, 0, app.CurrentFileName, app.CurrentFileName,
+                                         QStringLiteral("xmlroot"), QStringLiteral("openxmlroot"));
     if (withDefaults) {
         const QString instruction = QStringLiteral("processinginstruction");
-        TreeNode declaration = tree.Nodes.Add(root, controls::tvwChild, m_tvXML::GetDistinctElementKey(app, 7),
-                                              QStringLiteral("xml"), instruction, instruction);
+        TreeNode declaration =
+            tree.Nodes.Add(root, controls::tvwChild, m_tvXML::GetDistinctElementKey(app, 7),
+                           QStringLiteral("xml"), instruction, instruction);
         declaration.SetTag(QStringLiteral("version=\"1.0\" encoding=\"%1\"").arg(app.options.Encoding));
         const QString comment = QStringLiteral("comment");
         TreeNode maker = tree.Nodes.Add(root, controls::tvwChild, m_tvXML::GetDistinctElementKey(app, 8),
@@ -122,7 +125,8 @@ void TreeChangeTextView(DocumentWindow& window) try {
     const TreeNode selected = window.tvXML.SelectedItem();
     if (!text::Trim(window.Caption).isEmpty()) {
         const QString xml = TreeAsText(window);
-        // The text is tried even where it will be taken anyway: status panel and last parse error tell how it stands.
+        // The text is tried even where it will be taken anyway: status panel and last parse error tell how it
+        // stands.
         const bool valid = mXMLEdit::ValidateXML(window.app, xml, true);
         if ((valid || !text::Trim(xml).isEmpty()) && target.Text() != xml)
             ChangeText(window, xml, target.TextRTF());

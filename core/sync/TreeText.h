@@ -7,25 +7,28 @@
 
 // Text to tree and tree to text.
 
-/// What XMLToTree hands back: the root element, nothing when the text was empty or bad, and the document it lives in.
+/// What XMLToTree hands back: the root element, nothing when the text was empty or bad, and the document it
+/// lives in.
 struct ParsedRoot {
     std::shared_ptr<xml::ParsedDocument> document;
     xml::Node element;
 };
 
-/// Empties the tree and makes its root under the current file name; with defaults a declaration and a comment below it.
+/// Empties the tree and makes its root under the current file name; with defaults a declaration and a comment
+/// below it.
 void AddTreeRoot(DocumentWindow& window, bool withDefaults);
 
-/// Copies a text into the tree, whole: new nodes, new keys. A text that doesn't parse leaves the tree as it is (a tree without a
-/// document gets the default one), shows the text view and selects the character at the error.
-/// `selectNumber` is the number of the node to select (0: the first one).
+/// Copies a text into the tree, whole: new nodes, new keys. A text that doesn't parse leaves the tree as it
+/// is (a tree without a document gets the default one), shows the text view and selects the character at the
+/// error. `selectNumber` is the number of the node to select (0: the first one).
 ParsedRoot XMLToTree(DocumentWindow& window, const QString& text, long selectNumber);
 
 namespace m_tvXML {
-/// Adds the children of `domNode` below the node with `parentKey` (empty: as top nodes). Below the tree root, a second root element or
-/// root-level text ends the walk; this is looked at only once a call, from the moment a root element stands.
-void XMLChildNodesToTree(Application& app, DocumentWindow* active, xml::Node domNode, const QString& parentKey,
-                         controls::TreeView& tree);
+/// Adds the children of `domNode` below the node with `parentKey` (empty: as top nodes). Below the tree root,
+/// a second root element or root-level text ends the walk; this is looked at only once a call, from the
+/// moment a root element stands.
+void XMLChildNodesToTree(Application& app, DocumentWindow* active, xml::Node domNode,
+                         const QString& parentKey, controls::TreeView& tree);
 /// name="value" pairs joined by one blank, values escaped; empty for nothing.
 QString GenerateAttributeString(xml::Node domNode);
 /// The values of the direct text children, joined.

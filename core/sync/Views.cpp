@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/sync/Views.h"
 #include "core/model/Frame.h"
-#include "core/model/m_tvXML.h"
 #include "core/model/mXMLEdit.h"
+#include "core/model/m_tvXML.h"
 #include "core/sync/TreeText.h"
 #include "nodes/fill/ShowListView.h"
 #include "platform/text/TextTools.h"
@@ -73,7 +73,8 @@ void ShowSchemaText(DocumentWindow& window) {
 } // namespace
 
 void tbsXML_Click(DocumentWindow& window) try {
-    // A tab strip may be clicked without taking the focus from the text: an edited text reaches the tree all the same.
+    // A tab strip may be clicked without taking the focus from the text: an edited text reaches the tree all
+    // the same.
     if (window.miCurrentView == kViewText && window.bTextChanged)
         LeaveTextView(window);
     if (window.app.frame)
@@ -134,10 +135,12 @@ void ExpandRoot(DocumentWindow& window) {
     DoTree(window);
 }
 
-void m_tvXML::DisplayAtIE(Application& app, const QString& text, QString& tempFile, controls::WebBrowser& ie) try {
+void m_tvXML::DisplayAtIE(Application& app, const QString& text, QString& tempFile,
+                          controls::WebBrowser& ie) try {
     // One name serves all windows: a later preview overwrites an earlier one.
     tempFile = app.services.files.TemporaryFolder() + QStringLiteral("/tempbv_forVantrel.xml");
-    // A preview is nobody's document: it is written in a code that holds every character, and no question is asked.
+    // A preview is nobody's document: it is written in a code that holds every character, and no question is
+    // asked.
     QString page = text.isEmpty() ? QStringLiteral("<html><body></body></html>")
                                   : text::WithDeclaredEncoding(text, QStringLiteral("UTF-8"));
     if (mXMLEdit::SaveStringToFile(app, page, tempFile))

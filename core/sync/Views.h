@@ -14,9 +14,11 @@ void DoMenu(DocumentWindow& window);
 /// Opens and selects the root, if there is one.
 void ExpandRoot(DocumentWindow& window);
 
-/// Writes the path of the current node into txtXPath, and the place of the caret into status panel 2 while the text view shows.
+/// Writes the path of the current node into txtXPath, and the place of the caret into status panel 2 while
+/// the text view shows.
 void ShowNodePath(DocumentWindow& window, controls::StatusBar& statusBar);
-/// Path of a node, each step with its 1-based place among the siblings of the same Text; empty for the tree root.
+/// Path of a node, each step with its 1-based place among the siblings of the same Text; empty for the tree
+/// root.
 QString GetXPath(controls::TreeNode node);
 /// Selects the node at a path: what Enter in txtXPath does. A path that selects nothing gets a message.
 void SelectTreeNodeByPath(DocumentWindow& window, const QString& path);
@@ -24,7 +26,8 @@ void SelectTreeNodeByPath(DocumentWindow& window, const QString& path);
 void ShowCursorPosition(DocumentWindow& window);
 
 namespace m_tvXML {
-/// Writes the text (an empty page for none) into the preview's file, whose name goes to `tempFile`, and shows it.
+/// Writes the text (an empty page for none) into the preview's file, whose name goes to `tempFile`, and shows
+/// it.
 void DisplayAtIE(Application& app, const QString& text, QString& tempFile, controls::WebBrowser& ie);
 } // namespace m_tvXML
 

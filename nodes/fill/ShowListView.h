@@ -3,8 +3,8 @@
 #include "core/model/DocumentWindow.h"
 #include <QString>
 
-/// Fills the list with the current node's children and, below them, its attributes (or, for a leaf, its own content). A row that was
-/// selected stays selected if its key is still there.
+/// Fills the list with the current node's children and, below them, its attributes (or, for a leaf, its own
+/// content). A row that was selected stays selected if its key is still there.
 void ShowListView(DocumentWindow& window);
 
 /// The Tag of a node's first text child; empty without one. `key` takes that child's key.

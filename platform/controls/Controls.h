@@ -6,8 +6,8 @@
 #include <memory>
 #include <vector>
 
-// The small controls: each holds its state, tells its widget through `changed`, and raises the user's acts as events.
-// A setter that changes nothing announces nothing.
+// The small controls: each holds its state, tells its widget through `changed`, and raises the user's acts as
+// events. A setter that changes nothing announces nothing.
 namespace controls {
 
 /// One line of text.
@@ -40,8 +40,8 @@ public:
     const QStringList& Items() const { return items_; }
     void AddItem(const QString& text, int position = -1); ///< 0-based position, -1: behind the last
     void Clear();
-    int ListIndex() const; ///< 0-based, -1 when no item is chosen
-    void SetListIndex(int index); ///< also sets the text; out of range: no effect
+    int ListIndex() const;               ///< 0-based, -1 when no item is chosen
+    void SetListIndex(int index);        ///< also sets the text; out of range: no effect
     void UserTyped(const QString& text); ///< sets the text and raises Change
     void UserChose(int index);           ///< sets text and index and raises Click
     Event<> Change, Click;
@@ -62,9 +62,10 @@ public:
     };
     void SetTabs(std::vector<Tab> tabs); ///< selects the first without raising Click
     const std::vector<Tab>& Tabs() const { return tabs_; }
-    const QString& SelectedKey() const; ///< empty without tabs
+    const QString& SelectedKey() const;             ///< empty without tabs
     int SelectedIndex() const { return selected_; } ///< 0-based
-    /// Selects a tab; raises Click when it is another one, whether program or user did it. Unknown key: Fault 35601.
+    /// Selects a tab; raises Click when it is another one, whether program or user did it. Unknown key: Fault
+    /// 35601.
     void Select(const QString& key);
     Event<> Click;
     Event<> changed;
@@ -133,8 +134,8 @@ public:
 class StatusBar {
 public:
     explicit StatusBar(int panels = 2) : texts_(panels) {}
-    QString Panel(int panel) const;                  ///< throws Fault 35600
-    void SetPanel(int panel, const QString& text);   ///< throws Fault 35600
+    QString Panel(int panel) const;                ///< throws Fault 35600
+    void SetPanel(int panel, const QString& text); ///< throws Fault 35600
     int Count() const { return static_cast<int>(texts_.size()); }
     Event<int> changed;
 
@@ -146,7 +147,8 @@ private:
 class WebBrowser {
 public:
     const QString& LocationURL() const { return location_; }
-    void Navigate(const QString& location); ///< a local path or an address; always announces, also for the same place
+    void Navigate(
+        const QString& location); ///< a local path or an address; always announces, also for the same place
     void SetFocus() { focusRequested(); }
     Event<> navigated, focusRequested;
 

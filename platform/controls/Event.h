@@ -7,13 +7,16 @@
 
 namespace controls {
 
-/// What a control model announces. Listeners are called in the order they were added; one added while the event runs is
-/// called from the next time on. A listener may destroy the control that raises the event: the rest are then not called.
+/// What a control model announces. Listeners are called in the order they were added; one added while the
+/// event runs is called from the next time on. A listener may destroy the control that raises the event: the
+/// rest are then not called.
 template <typename... Args> class Event {
 public:
     using Listener = std::function<void(Args...)>;
 
-    void connect(Listener listener) { listeners_->push_back(std::make_shared<Listener>(std::move(listener))); }
+    void connect(Listener listener) {
+        listeners_->push_back(std::make_shared<Listener>(std::move(listener)));
+    }
     void disconnectAll() { listeners_ = std::make_shared<List>(); }
     bool isConnected() const { return !listeners_->empty(); }
 

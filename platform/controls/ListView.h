@@ -29,8 +29,10 @@ enum ListViewStyle { lvwIcon = 0, lvwSmallIcon = 1, lvwList = 2, lvwReport = 3 }
 class ListView {
 public:
     // --- items ---------------------------------------------------------------------------------------
-    /// Adds a row behind the others (index 0) or at 1-based `index`; returns its 1-based index. Throws Fault 35602 for a key that exists.
-    int Add(int index, const QString& key, const QString& text, int icon, const QString& sub1 = {}, const QString& sub2 = {});
+    /// Adds a row behind the others (index 0) or at 1-based `index`; returns its 1-based index. Throws Fault
+    /// 35602 for a key that exists.
+    int Add(int index, const QString& key, const QString& text, int icon, const QString& sub1 = {},
+            const QString& sub2 = {});
     void Clear();
     int Count() const;
     const ListItem& Item(int index) const;          ///< throws Fault 35600
@@ -42,7 +44,8 @@ public:
     void SetItemTag(int index, const QString& tag);
     void SetSelected(int index, bool selected);
     void ClearSelected();
-    int SelectedItem() const; ///< 1-based index of the current row, 0 for none (also after that row was removed)
+    int
+    SelectedItem() const; ///< 1-based index of the current row, 0 for none (also after that row was removed)
     void SetSelectedItem(int index); ///< also selects it; 0 takes the current row away
 
     QString Tag;
@@ -52,7 +55,8 @@ public:
     QStringList ColumnHeaders;
     bool TabStop = true;
 
-    /// Within an update nothing is announced but one aboutToReset at the start of the outermost and one reset at its end.
+    /// Within an update nothing is announced but one aboutToReset at the start of the outermost and one reset
+    /// at its end.
     void BeginUpdate();
     void EndUpdate();
 

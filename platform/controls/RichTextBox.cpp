@@ -178,6 +178,13 @@ void RichTextBox::SetFont(const QString& name, double size) {
     fontChanged();
 }
 
+TextPlace RichTextBox::CaretPlace() const {
+    if (source_ && caretSource)
+        return caretSource();
+    const QStringView before = QStringView(Text()).left(selStart_);
+    return {before.count(u'\n') + 1, before.size() - before.lastIndexOf(u'\n')};
+}
+
 void RichTextBox::UserEdited(std::function<QString()> source) {
     source_ = std::move(source);
     Change();

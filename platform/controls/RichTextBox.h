@@ -14,16 +14,22 @@ struct ColourRun {
     std::uint32_t colour;
 };
 
+/// A place in lines: both numbers from 1, the column in 16-bit units.
+struct TextPlace {
+    qsizetype line = 1;
+    qsizetype column = 1;
+};
+
 /// The whole content of a rich text at one moment. Its text is shared, so keeping one costs nothing.
 struct RichContent {
     QString text;
     std::vector<ColourRun> runs;
 };
 
-/// Multi-line text. Its line ends are CR LF whatever is written to it, as the widget of the platform does. Positions are 0-based
-/// and count 16-bit units, a line end counting two.
-/// While the user types, the widget holds the newest text and the model fetches it when it is asked for (SetTextSource): a key
-/// press in a text of 100 MB must not copy it.
+/// Multi-line text. Its line ends are CR LF whatever is written to it, as the widget of the platform does.
+/// Positions are 0-based and count 16-bit units, a line end counting two. While the user types, the widget
+/// holds the newest text and the model fetches it when it is asked for (SetTextSource): a key press in a text
+/// of 100 MB must not copy it.
 class RichTextBox {
 public:
     const QString& Text() const;
@@ -36,7 +42,11 @@ public:
     void SetSelStart(qsizetype start);   ///< cut to the text; ends the selection
     void SetSelLength(qsizetype length); ///< cut to the text
     QString SelText() const;
-    void SetSelText(const QString& text); ///< replaces the selection; the caret stands behind it
+    /// Line and column of the selection's start. While the widget holds the newest text it answers, and
+    /// nothing is fetched.
+    TextPlace CaretPlace() const;
+    std::function<TextPlace()> caretSource; ///< set by the widget
+    void SetSelText(const QString& text);   ///< replaces the selection; the caret stands behind it
 
     QString FontName() const { return fontName_; }
     double FontSize() const { return fontSize_; }
@@ -48,10 +58,11 @@ public:
     void SetFocus() { focusRequested(); }
 
     // --- user's acts -----------------------------------------------------------------------------------
-    /// The user changed the text in the widget: `source` fetches it when needed; raises Change. Colours move along with the
-    /// text around the changed piece.
+    /// The user changed the text in the widget: `source` fetches it when needed; raises Change. Colours move
+    /// along with the text around the changed piece.
     void UserEdited(std::function<QString()> source);
-    /// The user moved the caret or selection; the text stays. Taken as told, so that the text needn't be fetched.
+    /// The user moved the caret or selection; the text stays. Taken as told, so that the text needn't be
+    /// fetched.
     void UserSelected(qsizetype start, qsizetype length);
     /// A user's edit without a widget (tests): replaces the selection by `text` and raises Change.
     void Type(const QString& text);

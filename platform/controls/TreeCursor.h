@@ -4,8 +4,9 @@
 
 namespace controls {
 
-/// A place in a tree for reading whole documents: what a handle checks on each use is checked here once, when the cursor is made.
-/// Good as long as the tree isn't changed. A cursor may stand on nothing; its kind is then 0 and its texts are empty.
+/// A place in a tree for reading whole documents: what a handle checks on each use is checked here once, when
+/// the cursor is made. Good as long as the tree isn't changed. A cursor may stand on nothing; its kind is
+/// then 0 and its texts are empty.
 class TreeCursor {
 public:
     TreeCursor() = default;

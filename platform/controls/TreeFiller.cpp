@@ -13,8 +13,8 @@ TreeFiller::TreeFiller(TreeView& tree, TreeNode parent)
     tree.storage_->rows.clear();
 }
 
-TreeFiller::Slot TreeFiller::append(Slot parent, std::uint8_t kind, std::uint32_t serial, text::StringPool::Ref text,
-                                    int image, int selectedImage) {
+TreeFiller::Slot TreeFiller::append(Slot parent, std::uint8_t kind, std::uint32_t serial,
+                                    text::StringPool::Ref text, int image, int selectedImage) {
     TreeView::Storage& storage = *tree_.storage_;
     if (image < 0 || image > pictures_ || selectedImage < 0 || selectedImage > pictures_)
         Throw(text::kFaultNotFound);

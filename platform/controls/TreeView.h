@@ -14,23 +14,25 @@ namespace controls {
 
 class TreeView;
 
-/// One node as the tree stores it. Made for millions: 44 bytes, no strings of its own. Its address stays the same as long
-/// as the node lives, so an item model can carry it. Only TreeView reads and writes it.
+/// One node as the tree stores it. Made for millions: 44 bytes, no strings of its own. Its address stays the
+/// same as long as the node lives, so an item model can carry it. Only TreeView reads and writes it.
 struct TreeNodeData {
     std::uint32_t parent, next, previous, firstChild, lastChild; ///< slots; 0 is none
-    std::uint32_t children;     ///< number of direct children
-    mutable std::uint32_t row;  ///< 0-based place among its siblings, good while the parent's rows are in order
-    std::uint32_t serial;       ///< packed key: the number behind ">"; else number of the key in the table of odd keys
+    std::uint32_t children;                                      ///< number of direct children
+    mutable std::uint32_t
+        row; ///< 0-based place among its siblings, good while the parent's rows are in order
+    std::uint32_t
+        serial; ///< packed key: the number behind ">"; else number of the key in the table of odd keys
     text::StringPool::Ref text;
     text::StringPool::Ref tag;
-    std::uint8_t kind;          ///< packed key: the number in "<>"; kOddKey when the key has another shape
-    std::uint8_t image;         ///< 1-based place in the image list
+    std::uint8_t kind;  ///< packed key: the number in "<>"; kOddKey when the key has another shape
+    std::uint8_t image; ///< 1-based place in the image list
     std::uint8_t selectedImage;
     mutable std::uint8_t flags;
 };
 
-/// A handle on a node; may be "nothing". It costs 16 bytes and is passed by value. Using a handle of a removed
-/// node, or of nothing, throws Fault 91.
+/// A handle on a node; may be "nothing". It costs 16 bytes and is passed by value. Using a handle of a
+/// removed node, or of nothing, throws Fault 91.
 class TreeNode {
 public:
     TreeNode() = default;
@@ -52,7 +54,7 @@ public:
     void SetExpanded(bool expanded);
     bool Selected() const;
     void SetSelected(bool selected); ///< true makes it the SelectedItem
-    void EnsureVisible(); ///< expands the ancestors and raises TreeView::ensureVisible
+    void EnsureVisible();            ///< expands the ancestors and raises TreeView::ensureVisible
 
     // Relatives: nothing where there is none.
     TreeNode Parent() const;
@@ -72,7 +74,8 @@ public:
     int KeyKind() const;
     text::CompactView TextView() const;
     text::CompactView TagView() const;
-    /// A number that two nodes share exactly when their texts were set by the same interned name (element names).
+    /// A number that two nodes share exactly when their texts were set by the same interned name (element
+    /// names).
     text::StringPool::Ref TextId() const;
     const TreeNodeData* Data() const; ///< stable address; null for nothing
     TreeView* Owner() const { return tree_; }
@@ -93,18 +96,21 @@ enum TreeRelationship { tvwLast = 1, tvwNext = 2, tvwPrevious = 3, tvwChild = 4 
 class TreeNodes {
 public:
     explicit TreeNodes(TreeView& tree) : tree_(tree) {}
-    /// Adds a node and returns it. `relative` nothing: a top node, behind the others. 4: last child of `relative`; 2: directly behind it;
-    /// 3: directly before it; 1: behind its last sibling. Throws Fault 35602 for a key that exists, 35603 for an empty key,
-    /// 35601 for a picture that isn't in the image list (an empty picture key is no picture).
-    TreeNode Add(TreeNode relative, int relationship, const QString& key, const QString& text, const QString& image = {},
-                 const QString& selectedImage = {});
-    /// Looks a node up in constant time; throws Fault 35601 for an unknown key, 35600 for an index outside 1 to Count.
+    /// Adds a node and returns it. `relative` nothing: a top node, behind the others. 4: last child of
+    /// `relative`; 2: directly behind it; 3: directly before it; 1: behind its last sibling. Throws Fault
+    /// 35602 for a key that exists, 35603 for an empty key, 35601 for a picture that isn't in the image list
+    /// (an empty picture key is no picture).
+    TreeNode Add(TreeNode relative, int relationship, const QString& key, const QString& text,
+                 const QString& image = {}, const QString& selectedImage = {});
+    /// Looks a node up in constant time; throws Fault 35601 for an unknown key, 35600 for an index outside 1
+    /// to Count.
     TreeNode operator()(const QString& key) const;
     TreeNode operator()(int index) const;
     TreeNode Find(const QString& key) const; ///< as above, but nothing for an unknown key
     int Count() const;
-    /// Removes a node and its descendants; the cost is the size of what is removed. The selection, if it was in there, goes to
-    /// the next sibling, else the previous one, else the parent. Throws as the look-up does.
+    /// Removes a node and its descendants; the cost is the size of what is removed. The selection, if it was
+    /// in there, goes to the next sibling, else the previous one, else the parent. Throws as the look-up
+    /// does.
     void Remove(const QString& key);
     void Remove(int index);
     void Remove(TreeNode node);
@@ -130,45 +136,49 @@ public:
     bool TabStop = true;
 
     // --- user's acts, raised by the widget or a test -------------------------------------------------
-    Event<TreeNode> NodeClick;              ///< the selection was changed by the user (SelectedItem is set already)
+    Event<TreeNode> NodeClick; ///< the selection was changed by the user (SelectedItem is set already)
     Event<> Click;
     Event<> DblClick;
-    Event<int, int> KeyDown, KeyUp;         ///< Qt key code, Qt modifiers
-    Event<TreeNode> Expand, Collapse;       ///< after the user opened or closed a node (Expanded is set already)
+    Event<int, int> KeyDown, KeyUp;   ///< Qt key code, Qt modifiers
+    Event<TreeNode> Expand, Collapse; ///< after the user opened or closed a node (Expanded is set already)
     Event<> GotFocus, LostFocus;
-    Event<> focusRequested;                 ///< SetFocus was called
+    Event<> focusRequested; ///< SetFocus was called
     void SetFocus() { focusRequested(); }
 
     // --- announcements for the widget ----------------------------------------------------------------
-    Event<> aboutToReset, reset;                                  ///< the whole tree is replaced
-    Event<TreeNode, int, int> aboutToInsert, inserted;            ///< parent (nothing: top level), first and last row
-    Event<TreeNode, int, int> aboutToRemove, removed;             ///< likewise
-    Event<TreeNode> changed;                                      ///< text, picture or tag of one node
+    Event<> aboutToReset, reset;                       ///< the whole tree is replaced
+    Event<TreeNode, int, int> aboutToInsert, inserted; ///< parent (nothing: top level), first and last row
+    Event<TreeNode, int, int> aboutToRemove, removed;  ///< likewise
+    Event<TreeNode> changed;                           ///< text, picture or tag of one node
     Event<TreeNode> expandedChanged;
-    Event<TreeNode> selectionChanged;                             ///< the new SelectedItem, may be nothing
+    Event<TreeNode> selectionChanged; ///< the new SelectedItem, may be nothing
     Event<TreeNode> ensureVisible;
 
-    /// Within an update the tree announces nothing but aboutToReset at the start of the outermost and reset at its end.
+    /// Within an update the tree announces nothing but aboutToReset at the start of the outermost and reset
+    /// at its end.
     void BeginUpdate();
     void EndUpdate();
 
     // --- bulk filling: used where a whole document is copied in --------------------------------------
-    /// Number of a name in the pool; the same name always gives the same number, so element names are shared. Numbers are
-    /// good until the tree is emptied or the update ends.
+    /// Number of a name in the pool; the same name always gives the same number, so element names are shared.
+    /// Numbers are good until the tree is emptied or the update ends.
     text::StringPool::Ref InternText(const QString& text);
     /// 1-based place of a picture in the list; throws Fault 35601 when it isn't there; 0 for an empty key.
     int ImageIndex(const QString& image) const;
-    /// Adds a last child with the key "<kind>serial" and text by interned number (or any pool number). Only within an update. The
-    /// key must be new; that is checked and throws Fault 35602.
-    TreeNode AppendChild(TreeNode parent, std::uint8_t kind, std::uint32_t serial, text::StringPool::Ref text, int image,
-                         int selectedImage);
+    /// Adds a last child with the key "<kind>serial" and text by interned number (or any pool number). Only
+    /// within an update. The key must be new; that is checked and throws Fault 35602.
+    TreeNode AppendChild(TreeNode parent, std::uint8_t kind, std::uint32_t serial, text::StringPool::Ref text,
+                         int image, int selectedImage);
     void SetTag(TreeNode node, text::CompactView tag);
-    /// Sets the text to the first `length` characters of the tag, and "..." if the tag is longer; a text equal to the tag shares its storage.
+    /// Sets the text to the first `length` characters of the tag, and "..." if the tag is longer; a text
+    /// equal to the tag shares its storage.
     void SetTextFromTag(TreeNode node, std::uint32_t length);
 
     // --- for item models -------------------------------------------------------------------------------
-    TreeNode NodeOf(const TreeNodeData* data) const;    ///< from a stable address
-    TreeNode ChildAt(TreeNode parent, int row) const;   ///< `parent` nothing: top level; nothing when out of range. Constant time when rows are asked in order or repeatedly
+    TreeNode NodeOf(const TreeNodeData* data) const; ///< from a stable address
+    TreeNode ChildAt(TreeNode parent,
+                     int row) const; ///< `parent` nothing: top level; nothing when out of range. Constant
+                                     ///< time when rows are asked in order or repeatedly
     int TopCount() const;
     std::size_t bytes() const; ///< memory held
 

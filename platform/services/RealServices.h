@@ -6,8 +6,8 @@
 // The real things, but for Prompts and Progress, which need a screen and stand in the desktop.
 namespace services {
 
-/// An INI file; `path` empty: vantrel/vantrel.ini under the user's configuration folder. Read anew when the file changed; written whole
-/// or not at all; keys of other programs stay.
+/// An INI file; `path` empty: vantrel/vantrel.ini under the user's configuration folder. Read anew when the
+/// file changed; written whole or not at all; keys of other programs stay.
 std::unique_ptr<SettingsStore> MakeIniSettings(const QString& path = {});
 std::unique_ptr<FileSystem> MakeFileSystem();
 std::unique_ptr<HttpClient> MakeHttpClient(); ///< needs a QCoreApplication

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-// What the program asks of the machine and of the person before it. Small interfaces: the real things stand beside them, and a
-// test scripts only what waits for a person.
+// What the program asks of the machine and of the person before it. Small interfaces: the real things stand
+// beside them, and a test scripts only what waits for a person.
 namespace services {
 
 enum class Buttons { Ok, YesNo, YesNoCancel };
@@ -23,7 +23,8 @@ public:
     virtual ~Prompts() = default;
     virtual Answer MsgBox(const QString& text, Buttons buttons = Buttons::Ok, Icon icon = Icon::None,
                           const QString& title = QStringLiteral("Vantrel")) = 0;
-    /// File names come back absolute; empty when cancelled. `filter` is "caption|pattern;pattern|caption|pattern".
+    /// File names come back absolute; empty when cancelled. `filter` is
+    /// "caption|pattern;pattern|caption|pattern".
     virtual QString OpenFileName(const QString& title, const QString& filter) = 0;
     virtual QString SaveFileName(const QString& title, const QString& filter, const QString& suggested) = 0;
     virtual void Beep() = 0;
@@ -34,13 +35,14 @@ class Progress {
 public:
     virtual ~Progress() = default;
     virtual void Begin(const QString& what) = 0;
-    /// `done` of `total` (total 0: unknown). Handles waiting events of the bar alone. False when the user cancelled.
+    /// `done` of `total` (total 0: unknown). Handles waiting events of the bar alone. False when the user
+    /// cancelled.
     virtual bool Step(qint64 done, qint64 total) = 0;
     virtual void End() = 0;
 };
 
-/// Settings by section and key with text values, kept for the user. Failures to write are silent to the caller and
-/// leave the stored file whole.
+/// Settings by section and key with text values, kept for the user. Failures to write are silent to the
+/// caller and leave the stored file whole.
 class SettingsStore {
 public:
     virtual ~SettingsStore() = default;
@@ -62,16 +64,20 @@ struct FileResult {
 class FileSystem {
 public:
     virtual ~FileSystem() = default;
-    /// Reads a regular file whole; devices, pipes and sockets are BadName, folders and missing files NotFound. `step` is called about
-    /// every 4 MB with bytes read and total and stops the reading (Cancelled) by returning false.
-    virtual FileResult Read(const QString& path, QByteArray& bytes, const std::function<bool(qint64, qint64)>& step = {}) = 0;
-    /// Replaces or makes a file whole or not at all: written beside it, flushed, renamed. Follows a symbolic link to its target. Access rights
-    /// stay as they were; a file without any write permission bit, or that this user may not write, is ReadOnly.
+    /// Reads a regular file whole; devices, pipes and sockets are BadName, folders and missing files
+    /// NotFound. `step` is called about every 4 MB with bytes read and total and stops the reading
+    /// (Cancelled) by returning false.
+    virtual FileResult Read(const QString& path, QByteArray& bytes,
+                            const std::function<bool(qint64, qint64)>& step = {}) = 0;
+    /// Replaces or makes a file whole or not at all: written beside it, flushed, renamed. Follows a symbolic
+    /// link to its target. Access rights stay as they were; a file without any write permission bit, or that
+    /// this user may not write, is ReadOnly.
     virtual FileResult Replace(const QString& path, const QByteArray& bytes) = 0;
     virtual bool Exists(const QString& path) = 0; ///< a file, not a folder
     virtual bool Delete(const QString& path) = 0; ///< true when it existed and is gone
     virtual FileResult Copy(const QString& source, const QString& target) = 0;
-    virtual QString TemporaryFolder() = 0; ///< the user's own, mode 0700, made on first use; without a trailing separator
+    virtual QString
+    TemporaryFolder() = 0; ///< the user's own, mode 0700, made on first use; without a trailing separator
 };
 
 struct HttpAnswer {

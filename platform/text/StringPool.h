@@ -49,8 +49,8 @@ private:
     bool isWide_ = false;
 };
 
-/// Texts by the million: each is stored once in large blocks and named by a 32-bit number. Texts are never freed
-/// one by one; `clear` frees all. The same Ref may be used by several owners. Ref 0 is the empty text.
+/// Texts by the million: each is stored once in large blocks and named by a 32-bit number. Texts are never
+/// freed one by one; `clear` frees all. The same Ref may be used by several owners. Ref 0 is the empty text.
 class StringPool {
 public:
     using Ref = std::uint32_t;
@@ -72,8 +72,8 @@ public:
 private:
     unsigned char* reserve(std::size_t payloadBytes, Ref& ref);
 
-    // Storage is cut in sections of one size; a text larger than a section gets several neighbouring ones in one
-    // allocation, so that a Ref is always section number and offset (in units of four bytes).
+    // Storage is cut in sections of one size; a text larger than a section gets several neighbouring ones in
+    // one allocation, so that a Ref is always section number and offset (in units of four bytes).
     std::vector<std::unique_ptr<unsigned char[]>> blocks_;
     std::vector<unsigned char*> sections_;
     std::size_t used_ = 0; ///< bytes used in the last section

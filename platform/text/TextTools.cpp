@@ -143,8 +143,8 @@ bool IsBlank(QStringView text) {
 
 namespace {
 
-// Whether each LF stands behind a CR and each CR before an LF. Counted in blocks without a branch inside, which the compiler turns
-// into vectors: large texts pass through here each time they change hands.
+// Whether each LF stands behind a CR and each CR before an LF. Counted in blocks without a branch inside,
+// which the compiler turns into vectors: large texts pass through here each time they change hands.
 bool HasOnlyCrLf(QStringView text) {
     constexpr qsizetype kBlock = 4096;
     const char16_t* units = text.utf16();

@@ -6,8 +6,8 @@
 // The few text helpers whose exact manner the commands rely on. Positions are 1-based and count 16-bit units.
 namespace text {
 
-/// The number at the front of a text: leading blanks are passed over, reading stops at the first character that
-/// can't belong to a decimal number; nothing readable gives 0.
+/// The number at the front of a text: leading blanks are passed over, reading stops at the first character
+/// that can't belong to a decimal number; nothing readable gives 0.
 double Val(QStringView text);
 /// Val as a 16-bit or 32-bit integer; a value outside the range gives 0.
 int ValInt16(QStringView text);
@@ -25,7 +25,8 @@ QString Trim(const QString& text);
 QString RTrim(const QString& text);
 /// Whether a text holds nothing but blanks, tabs and line ends.
 bool IsBlank(QStringView text);
-/// Every line end (CR LF, CR alone, LF alone) as CR LF. A text that has only CR LF comes back shared, not copied.
+/// Every line end (CR LF, CR alone, LF alone) as CR LF. A text that has only CR LF comes back shared, not
+/// copied.
 QString ToCrLf(const QString& text);
 
 } // namespace text

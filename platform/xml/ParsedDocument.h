@@ -14,23 +14,34 @@ class ParsedDocument;
 /// What the parser disliked. Positions count 16-bit units of the very text that was given.
 struct ParseError {
     int errorCode = 0; ///< 0: no error; else one stable number per kind of error
-    int filepos = 0;   ///< 1-based place of the offending character in the whole text (its last character at a premature end)
-    int line = 0;      ///< 1-based; CR LF, CR and LF each end one line
-    int linepos = 0;   ///< 1-based place in the line
-    QString reason;    ///< one readable sentence, ending in CR LF
-    QString srcText;   ///< the line with the error, without its line end; cut around the error when longer than 400
-    QString url;       ///< empty for a text that was handed over as such
+    int filepos = 0; ///< 1-based place of the offending character in the whole text (its last character at a
+                     ///< premature end)
+    int line = 0;    ///< 1-based; CR LF, CR and LF each end one line
+    int linepos = 0; ///< 1-based place in the line
+    QString reason;  ///< one readable sentence, ending in CR LF
+    QString
+        srcText; ///< the line with the error, without its line end; cut around the error when longer than 400
+    QString url; ///< empty for a text that was handed over as such
 };
 
 // Node types as the W3C DOM numbers them.
 enum NodeType : std::uint8_t {
-    ELEMENT = 1, ATTRIBUTE = 2, TEXT = 3, CDATA_SECTION = 4, ENTITY_REFERENCE = 5, ENTITY = 6,
-    PROCESSING_INSTRUCTION = 7, COMMENT = 8, DOCUMENT = 9, DOCUMENT_TYPE = 10, DOCUMENT_FRAGMENT = 11
+    ELEMENT = 1,
+    ATTRIBUTE = 2,
+    TEXT = 3,
+    CDATA_SECTION = 4,
+    ENTITY_REFERENCE = 5,
+    ENTITY = 6,
+    PROCESSING_INSTRUCTION = 7,
+    COMMENT = 8,
+    DOCUMENT = 9,
+    DOCUMENT_TYPE = 10,
+    DOCUMENT_FRAGMENT = 11
 };
 
 /// One attribute of an element, in document order, namespace declarations among them.
 struct Attribute {
-    std::uint32_t nameId;     ///< see ParsedDocument::name
+    std::uint32_t nameId;        ///< see ParsedDocument::name
     text::StringPool::Ref value; ///< see ParsedDocument::view; unescaped
 };
 
@@ -43,17 +54,19 @@ public:
     bool operator==(const Node&) const = default;
 
     int nodeType() const;
-    QString nodeTypeString() const; ///< "element", "text", "cdatasection", "processinginstruction", "comment", "documenttype", "document"
-    QString nodeName() const;       ///< the name as written with its prefix, "#text", "#comment", "#cdata-section", "#document", the target, the document type's name
-    QString nodeValue() const;      ///< text, comment, CDATA or instruction data; empty for the others
-    std::uint32_t nameId() const;   ///< number of nodeName in the document's names
+    QString nodeTypeString() const; ///< "element", "text", "cdatasection", "processinginstruction",
+                                    ///< "comment", "documenttype", "document"
+    QString nodeName() const; ///< the name as written with its prefix, "#text", "#comment", "#cdata-section",
+                              ///< "#document", the target, the document type's name
+    QString nodeValue() const;    ///< text, comment, CDATA or instruction data; empty for the others
+    std::uint32_t nameId() const; ///< number of nodeName in the document's names
     text::CompactView valueView() const;
     bool hasChildNodes() const;
     Node firstChild() const;
     Node nextSibling() const;
     Node parentNode() const;
     int attributeCount() const;
-    const Attribute* attributes() const; ///< attributeCount entries
+    const Attribute* attributes() const;             ///< attributeCount entries
     QString getAttribute(const QString& name) const; ///< value, empty without such an attribute
     const ParsedDocument* ownerDocument() const { return document_; }
 
@@ -64,11 +77,12 @@ private:
     std::uint32_t id_ = 0;
 };
 
-/// A text taken apart. Strict XML 1.0 well-formedness; the encoding named in the declaration is ignored, since a text is
-/// decoded already; a prefix without a declaration is not an error. White-space-only text is dropped unless xml:space="preserve"
-/// is in scope. The XML declaration is a processing instruction "xml". Internal entities are resolved, external ones and
-/// DTDs are never fetched: a reference to one is a parse error, because its content could not be kept.
-/// Entity expansion and depth (5000 levels) are bounded: a text beyond them is refused with a parse error.
+/// A text taken apart. Strict XML 1.0 well-formedness; the encoding named in the declaration is ignored,
+/// since a text is decoded already; a prefix without a declaration is not an error. White-space-only text is
+/// dropped unless xml:space="preserve" is in scope. The XML declaration is a processing instruction "xml".
+/// Internal entities are resolved, external ones and DTDs are never fetched: a reference to one is a parse
+/// error, because its content could not be kept. Entity expansion and depth (5000 levels) are bounded: a text
+/// beyond them is refused with a parse error.
 class ParsedDocument {
 public:
     ParsedDocument();
@@ -77,7 +91,8 @@ public:
     ParsedDocument& operator=(const ParsedDocument&) = delete;
 
     /// Takes the text apart. `url` is only reported back in the parse error.
-    /// False on an ill-formed text: parseError() tells why and the document is empty. An exception never leaves it.
+    /// False on an ill-formed text: parseError() tells why and the document is empty. An exception never
+    /// leaves it.
     bool loadXML(const QString& text, const QString& url = {});
     const ParseError& parseError() const { return error_; }
 
@@ -89,9 +104,10 @@ public:
     std::uint32_t nameCount() const;
     text::CompactView view(text::StringPool::Ref ref) const;
 
-    /// The nodes an XPath 1.0 expression selects from the document node, in document order. A prefix in the path matches the same
-    /// prefix as written in the document, and a name without a prefix matches a name without one, whatever namespace is
-    /// declared. Attributes yield their element. A wrong expression gives an empty list and fills `error` if given.
+    /// The nodes an XPath 1.0 expression selects from the document node, in document order. A prefix in the
+    /// path matches the same prefix as written in the document, and a name without a prefix matches a name
+    /// without one, whatever namespace is declared. Attributes yield their element. A wrong expression gives
+    /// an empty list and fills `error` if given.
     std::vector<Node> selectNodes(const QString& xpath, QString* error = nullptr) const;
     Node selectSingleNode(const QString& xpath, QString* error = nullptr) const;
 

@@ -47,8 +47,9 @@ TEST_F(BadInput, MissingFile) {
     app.prompts.Answer({Answer::Ok, Answer::No});
     const QString name = app.folder.Path(QStringLiteral("missing"));
     app.frame().OpenNamed(name);
-    EXPECT_EQ(app.prompts.Texts(), (QStringList{QStringLiteral("Can not find ") + name,
-                                                QString::fromLatin1(kBadName) + name + QStringLiteral(".xml ?")}));
+    EXPECT_EQ(app.prompts.Texts(),
+              (QStringList{QStringLiteral("Can not find ") + name,
+                           QString::fromLatin1(kBadName) + name + QStringLiteral(".xml ?")}));
     EXPECT_EQ(app.app().CurrentFileName, app.folder.Path(QStringLiteral("bystander.xml")));
     ExpectUsable(1);
 }
@@ -61,7 +62,8 @@ TEST_F(BadInput, FolderDeviceAndPipe) {
     for (const QString& name : {folder, pipe, QStringLiteral("/dev/zero")}) {
         app.prompts.Answer({Answer::Ok, Answer::No});
         app.frame().OpenNamed(name);
-        EXPECT_TRUE(app.prompts.Texts().last().startsWith(QString::fromLatin1(kBadName))) << name.toStdString();
+        EXPECT_TRUE(app.prompts.Texts().last().startsWith(QString::fromLatin1(kBadName)))
+            << name.toStdString();
     }
     EXPECT_EQ(app.prompts.boxes.size(), 6U);
     ExpectUsable(1);
@@ -141,16 +143,19 @@ TEST_F(BadInput, EntitiesThatExplode) {
 
 TEST_F(BadInput, EntitiesThatPointOutside) {
     const QString secret = app.folder.Write(QStringLiteral("secret.txt"), "TOP-SECRET");
-    test::LoopbackServer server([](const QByteArray&) { return QByteArray("HTTP/1.0 200 OK\r\n\r\nTOP-SECRET"); });
-    for (const QString& target : {QStringLiteral("file://") + secret, server.Url(QStringLiteral("/secret"))}) {
+    test::LoopbackServer server(
+        [](const QByteArray&) { return QByteArray("HTTP/1.0 200 OK\r\n\r\nTOP-SECRET"); });
+    for (const QString& target :
+         {QStringLiteral("file://") + secret, server.Url(QStringLiteral("/secret"))}) {
         const QByteArray uri = target.toUtf8();
         DocumentWindow& window = OpenBad("<!DOCTYPE a [<!ENTITY e SYSTEM \"" + uri + "\">]><a>&e;</a>");
         EXPECT_FALSE(app.prompts.Texts().join(QString()).contains(QStringLiteral("TOP-SECRET")));
         app.frame().CloseForm(&window);
     }
     // A type definition elsewhere isn't read, and doesn't hinder.
-    DocumentWindow& window = app.OpenText(
-        QStringLiteral("dtd.xml"), "<!DOCTYPE a SYSTEM \"" + server.Url(QStringLiteral("/x.dtd")).toUtf8() + "\"><a/>");
+    DocumentWindow& window =
+        app.OpenText(QStringLiteral("dtd.xml"),
+                     "<!DOCTYPE a SYSTEM \"" + server.Url(QStringLiteral("/x.dtd")).toUtf8() + "\"><a/>");
     EXPECT_EQ(window.tvXML.Nodes(1).LastChild().Text(), QStringLiteral("a"));
     EXPECT_EQ(server.Requests(), 0);
 }
@@ -182,9 +187,14 @@ TEST_F(BadInput, ServersThatMisbehave) {
     };
     const std::vector<Case> cases{
         {"closes at once", [](const QByteArray&) { return QByteArray(); }},
-        {"closes early", [](const QByteArray&) { return QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 99\r\n\r\n<a"); }},
-        {"circle", [](const QByteArray&) { return QByteArray("HTTP/1.1 302 Found\r\nLocation: /again\r\nContent-Length: 0\r\n\r\n"); }},
-        {"500", [](const QByteArray&) { return QByteArray("HTTP/1.1 500 Oops\r\nContent-Length: 0\r\n\r\n"); }},
+        {"closes early",
+         [](const QByteArray&) { return QByteArray("HTTP/1.1 200 OK\r\nContent-Length: 99\r\n\r\n<a"); }},
+        {"circle",
+         [](const QByteArray&) {
+             return QByteArray("HTTP/1.1 302 Found\r\nLocation: /again\r\nContent-Length: 0\r\n\r\n");
+         }},
+        {"500",
+         [](const QByteArray&) { return QByteArray("HTTP/1.1 500 Oops\r\nContent-Length: 0\r\n\r\n"); }},
         {"noise", [](const QByteArray&) { return QByteArray("\x01\x02 no http at all\r\n\r\n"); }}};
     for (const Case& c : cases) {
         Server server(c.answer);
@@ -211,7 +221,8 @@ TEST_F(BadInput, AGoodServerIsRead) {
     test::LoopbackServer server([](const QByteArray& request) {
         if (request.startsWith("GET /moved"))
             return QByteArray("HTTP/1.1 301 Moved\r\nLocation: /x.xml\r\nContent-Length: 0\r\n\r\n");
-        return QByteArray("HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\nContent-Length: 13\r\n\r\n<a>\xC3\xA9\xC3\xA9</a>\r\n");
+        return QByteArray("HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\nContent-Length: "
+                          "13\r\n\r\n<a>\xC3\xA9\xC3\xA9</a>\r\n");
     });
     app.EnterAddress(server.Url(QStringLiteral("/moved")));
     DocumentWindow& window = app.window();

@@ -16,7 +16,8 @@ constexpr char kOrder[] = "<order id=\"7\"><item>Tee</item><item>Milch</item></o
 TEST(Opening, ShowsTheDocumentAsItsFileHasIt) {
     TestApp app;
     DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
-    EXPECT_EQ(window.rtxtXML.Text().toStdString(), "<order id=\"7\"><item>Tee</item><item>Milch</item></order>\r\n");
+    EXPECT_EQ(window.rtxtXML.Text().toStdString(),
+              "<order id=\"7\"><item>Tee</item><item>Milch</item></order>\r\n");
     EXPECT_EQ(window.msOpenText, window.rtxtXML.Text());
     EXPECT_TRUE(window.bLoaded);
     EXPECT_EQ(window.Caption, app.folder.Path(QStringLiteral("order.xml")));
@@ -70,7 +71,8 @@ TEST(Opening, WhatIsNoAddressIsANewDocumentOfThatName) {
     TestApp app;
     app.frame().OpenNamed(QStringLiteral("plain.xml"));
     EXPECT_EQ(app.window().Caption, QStringLiteral("plain.xml"));
-    EXPECT_EQ(app.window().tvXML.Nodes(1).Child().Tag(), QStringLiteral("version=\"1.0\" encoding=\"UTF-8\""));
+    EXPECT_EQ(app.window().tvXML.Nodes(1).Child().Tag(),
+              QStringLiteral("version=\"1.0\" encoding=\"UTF-8\""));
 }
 
 TEST(TextView, AnEditReachesTheTreeOnLeaving) {
@@ -138,9 +140,11 @@ TEST(TextView, EmptyingItClearsTheTree) {
 TEST(Views, TabsShowWhatTheyAreFor) {
     TestApp app;
     DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
-    const std::vector<std::pair<const char*, int>> views{
-        {"textview", kViewText}, {"tableview", kViewTable}, {"browserview", kViewBrowser}, {"schema", kViewSchema},
-        {"listview", kViewList}};
+    const std::vector<std::pair<const char*, int>> views{{"textview", kViewText},
+                                                         {"tableview", kViewTable},
+                                                         {"browserview", kViewBrowser},
+                                                         {"schema", kViewSchema},
+                                                         {"listview", kViewList}};
     for (const auto& [key, view] : views) {
         window.tbsXML.Select(QString::fromLatin1(key));
         EXPECT_EQ(window.miCurrentView, view) << key;
@@ -155,11 +159,12 @@ TEST(Views, TabsShowWhatTheyAreFor) {
 
 TEST(NodePaths, LeadThereAndBack) {
     TestApp app;
-    DocumentWindow& window = app.OpenText(
-        QStringLiteral("p.xml"), "<p:a xmlns:p=\"u\"><!--one--><b/><!--two--><b>x<c/>x<c/></b><?pi data?></p:a>");
+    DocumentWindow& window =
+        app.OpenText(QStringLiteral("p.xml"),
+                     "<p:a xmlns:p=\"u\"><!--one--><b/><!--two--><b>x<c/>x<c/></b><?pi data?></p:a>");
     const TreeNode root = window.tvXML.Nodes(1);
-    const std::vector<const char*> paths{"/p:a[1]/b[2]/c[2]", "/p:a[1]/comment()[2]", "/p:a[1]/b[2]/text()[2]",
-                                         "/p:a[1]/b[1]", "/p:a[1]"};
+    const std::vector<const char*> paths{"/p:a[1]/b[2]/c[2]", "/p:a[1]/comment()[2]",
+                                         "/p:a[1]/b[2]/text()[2]", "/p:a[1]/b[1]", "/p:a[1]"};
     for (const char* path : paths) {
         window.txtXPath.UserTyped(QString::fromLatin1(path));
         window.txtXPath.KeyUp(Qt::Key_Return, 0);
@@ -250,7 +255,8 @@ TEST(Saving, SaveAsRenamesWindowAndRoot) {
     app.prompts.Answer(Answer::No);
     app.ChooseMenu(QStringLiteral("mnuFileSaveAs"));
     EXPECT_EQ(app.prompts.boxes.back().title, QStringLiteral("Save file ..."));
-    EXPECT_EQ(app.prompts.boxes.back().text, other + QStringLiteral(" already exists. Do you want to replace it?"));
+    EXPECT_EQ(app.prompts.boxes.back().text,
+              other + QStringLiteral(" already exists. Do you want to replace it?"));
     EXPECT_EQ(app.folder.Read(QStringLiteral("other.xml")), "<keep/>");
 
     app.prompts.Choose({});
@@ -268,7 +274,8 @@ TEST(Saving, ANewDocumentAsksForItsName) {
     app.ChooseMenu(QStringLiteral("mnuFileSave"));
     EXPECT_EQ(app.prompts.dialogs.back().title, QStringLiteral("Save As"));
     const QByteArray bytes = app.folder.Read(QStringLiteral("first.xml"));
-    EXPECT_TRUE(bytes.startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<!--edited with Vantrel v2.0 by Orvane ("))
+    EXPECT_TRUE(bytes.startsWith(
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<!--edited with Vantrel v2.0 by Orvane ("))
         << bytes.toStdString();
 }
 
@@ -291,7 +298,8 @@ TEST(Saving, ACharacterThatTheEncodingCantHoldIsAskedFor) {
     TestApp app;
     const QByteArray latin = "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>\r\n<a>caf\xE9</a>";
     DocumentWindow& window = app.OpenText(QStringLiteral("latin.xml"), latin);
-    const QString edited = QString(window.rtxtXML.Text()).replace(QStringLiteral("caf"), QString::fromUtf8("中文 caf"));
+    const QString edited =
+        QString(window.rtxtXML.Text()).replace(QStringLiteral("caf"), QString::fromUtf8("中文 caf"));
     app.EditText(edited);
     app.prompts.Answer(Answer::No);
     app.ChooseMenu(QStringLiteral("mnuFileSave"));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/Serialise.h"
-#include "core/model/m_tvXML.h"
 #include "core/model/mXMLEdit.h"
+#include "core/model/m_tvXML.h"
 #include "core/sync/TreeText.h"
 #include "tests/support/TestApp.h"
 #include <gtest/gtest.h>
@@ -16,9 +16,9 @@ QString Serialised(DocumentWindow& window) {
 }
 
 TEST(NodeKeys, TypeIsReadFromAnyKey) {
-    const std::vector<std::pair<const char*, int>> keys{{"<1>42", 1},   {"<10>7", 10},   {"abc", 0},
-                                                        {"", 0},        {"<1>12/id", 1}, {"a=<3>9", 3},
-                                                        {"=<8>1", 8},   {"/tmp/a<b.xml", 0}, {"x=<1>=<7>2", 7}};
+    const std::vector<std::pair<const char*, int>> keys{{"<1>42", 1}, {"<10>7", 10},       {"abc", 0},
+                                                        {"", 0},      {"<1>12/id", 1},     {"a=<3>9", 3},
+                                                        {"=<8>1", 8}, {"/tmp/a<b.xml", 0}, {"x=<1>=<7>2", 7}};
     for (const auto& [key, type] : keys)
         EXPECT_EQ(m_tvXML::GetKeyType(QString::fromLatin1(key)), type) << key;
 }
@@ -116,7 +116,8 @@ TEST(Serialiser, ItsOwnTextComesBackUnchanged) {
     for (const char* name : {"orders.xml", "book.xml", "namespaces.xml", "poems-utf8.xml", "orders.xsd"}) {
         app.frame().OpenNamed(QStringLiteral(VANTREL_SOURCE_DIR "/samples/") + QString::fromLatin1(name));
         const QString once = Serialised(app.window());
-        DocumentWindow& again = app.OpenText(QStringLiteral("again-") + QString::fromLatin1(name), once.toUtf8());
+        DocumentWindow& again =
+            app.OpenText(QStringLiteral("again-") + QString::fromLatin1(name), once.toUtf8());
         const QString twice = Serialised(again);
         EXPECT_EQ(once, twice) << name;
         // Node numbers are the places of "<" in this text, as long as none stands inside a comment.
@@ -143,9 +144,16 @@ TEST(Serialiser, DeepDocumentsNeedNoDeepStack) {
 }
 
 TEST(Fetching, AddressTypesAndNames) {
-    const std::vector<std::pair<const char*, int>> addresses{
-        {"  http://h/x.xml ", 2}, {"HTTP://h/x.xml", 2}, {"https://h", 2}, {"ftp://h/x", -1}, {"x.xml", -1},
-        {"a:b", 1},               {"1:b", -1},           {"c:\\x.xml", 1}, {"/home/u/x.xml", 1}, {"", -1}};
+    const std::vector<std::pair<const char*, int>> addresses{{"  http://h/x.xml ", 2},
+                                                             {"HTTP://h/x.xml", 2},
+                                                             {"https://h", 2},
+                                                             {"ftp://h/x", -1},
+                                                             {"x.xml", -1},
+                                                             {"a:b", 1},
+                                                             {"1:b", -1},
+                                                             {"c:\\x.xml", 1},
+                                                             {"/home/u/x.xml", 1},
+                                                             {"", -1}};
     for (const auto& [address, type] : addresses)
         EXPECT_EQ(mXMLEdit::GetAddressType(QString::fromLatin1(address)), type) << address;
     EXPECT_TRUE(mXMLEdit::IsBinaryFile(QStringLiteral("c:\\dir\\x.EXE")));
@@ -154,7 +162,8 @@ TEST(Fetching, AddressTypesAndNames) {
     EXPECT_EQ(mXMLEdit::GetFSFolderName(QStringLiteral("c:\\dir\\x.xml")), QStringLiteral("c:\\dir"));
     EXPECT_EQ(mXMLEdit::GetFSFileName(QStringLiteral("/a/b/x.xml")), QStringLiteral("x.xml"));
     EXPECT_EQ(mXMLEdit::convertStringToXML(QStringLiteral("a<b&c")), QStringLiteral("a&lt;b&amp;c"));
-    EXPECT_EQ(mXMLEdit::convertStringToXML(QStringLiteral("&lt;'\"")), QStringLiteral("&amp;lt;&apos;&quot;"));
+    EXPECT_EQ(mXMLEdit::convertStringToXML(QStringLiteral("&lt;'\"")),
+              QStringLiteral("&amp;lt;&apos;&quot;"));
 }
 
 } // namespace

@@ -60,10 +60,19 @@ class Desk:
         wait_for("the window manager", lambda: "window id" in self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
 
     def start(self, command, environment, **more):
-        child = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                 stderr=subprocess.DEVNULL, **more)
+        with (self.folder / "said.txt").open("ab") as said:
+            child = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL, stdout=said,
+                                     stderr=subprocess.STDOUT, **more)
         self.children.append(child)
         return child
+
+    def report(self):
+        """What helps to understand a failure: the screen, and what the programs said."""
+        picture = Path(tempfile.gettempdir()) / "vantrel-program-test-failed.png"
+        self.run("import", "-window", "root", str(picture))
+        print(f"the screen at that moment: {picture}")
+        print((self.folder / "said.txt").read_text(errors="replace")[-8000:])
+        print("ended already:", [child.args[0] for child in self.children if child.poll() is not None])
 
     def run(self, *command):
         """What a command prints; nothing when it doesn't end, as one that waits for a window that is gone."""
@@ -128,9 +137,7 @@ def desk():
     try:
         yield one
     except BaseException:
-        picture = os.path.abspath("program-test-failed.png")
-        one.run("import", "-window", "root", picture)
-        print(f"the screen at that moment: {picture}")
+        one.report()
         raise
     finally:
         one.close()

@@ -4,7 +4,8 @@
 namespace {
 
 struct Selection {
-    explicit Selection(const controls::RichTextBox& pane) : start(pane.SelStart()), length(pane.SelLength()) {}
+    explicit Selection(const controls::RichTextBox& pane)
+        : start(pane.SelStart()), length(pane.SelLength()) {}
     void restore(controls::RichTextBox& pane) const {
         pane.SetSelStart(start);
         pane.SetSelLength(length);
