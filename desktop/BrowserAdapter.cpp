@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QLibrary>
+#include <QTimer>
 
 BrowserAdapter::BrowserAdapter(controls::WebBrowser& model, QWidget& page, QObject* parent)
     : QObject(parent), model_(model), page_(page) {
@@ -48,6 +49,14 @@ void BrowserAdapter::MakeView() {
         page_.layout()->addWidget(message);
         return;
     }
+    // The engine's surface makes the window system build the top window anew, and a window manager may put that elsewhere: once it
+    // has, the window goes back to its place.
+    constexpr int kPlacedByThen = 300;
+    QWidget* top = page_.window();
+    QTimer::singleShot(kPlacedByThen, top, [top, place = top->pos()] {
+        if (!top->isMaximized() && !top->isFullScreen() && top->pos() != place)
+            top->move(place);
+    });
     view_ = make(&page_);
     page_.layout()->addWidget(view_);
     page_.setFocusProxy(view_);
