@@ -8,6 +8,11 @@ target_compile_options(vantrel_flags INTERFACE -Wall -Wextra -Wconversion -Wshad
 if(VANTREL_WERROR)
   target_compile_options(vantrel_flags INTERFACE -Werror)
 endif()
+if(CMAKE_INTERPROCEDURAL_OPTIMIZATION)
+  # Seen from the whole program the compiler takes an impossible size in Qt's hash for a possible one.
+  target_compile_options(vantrel_flags INTERFACE -Wno-alloc-size-larger-than)
+  target_link_options(vantrel_flags INTERFACE -Wno-alloc-size-larger-than)
+endif()
 target_compile_definitions(vantrel_flags INTERFACE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_STRICT_ITERATORS)
 target_include_directories(vantrel_flags INTERFACE ${CMAKE_SOURCE_DIR})
 if(VANTREL_SANITIZE)
