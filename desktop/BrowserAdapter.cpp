@@ -49,8 +49,8 @@ void BrowserAdapter::MakeView() {
         page_.layout()->addWidget(message);
         return;
     }
-    // The engine's surface makes the window system build the top window anew, and a window manager may put that elsewhere: once it
-    // has, the window goes back to its place.
+    // The engine's surface makes the window system build the top window anew, and a window manager may put
+    // that elsewhere: once it has, the window goes back to its place.
     constexpr int kPlacedByThen = 300;
     QWidget* top = page_.window();
     QTimer::singleShot(kPlacedByThen, top, [top, place = top->pos()] {
