@@ -48,6 +48,7 @@ void frmMDIMain::FillWindow(DocumentWindow& window, const FetchedText& text) {
         XMLToTree(window, text.text, 0);
         if (!text::IsBlank(window.rtxtXML.Text()))
             window.msOpenText = window.rtxtXML.Text();
+        window.msLastParsedText = window.rtxtXML.Text();
         ShowNodePath(window, statusBar_);
     }
     window.bLoaded = true;

@@ -30,6 +30,7 @@ void Reload(DocumentWindow& window, const QString& fileName, const FetchedText& 
     if (app.frame)
         ShowNodePath(window, app.frame->StatusBar1());
     window.msOpenText = window.rtxtXML.Text();
+    window.msLastParsedText = window.rtxtXML.Text();
     window.bLoaded = true;
 }
 

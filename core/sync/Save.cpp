@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/Frame.h"
 #include "core/model/mXMLEdit.h"
+#include "core/model/m_tvXML.h"
 #include "core/sync/Files.h"
 #include "core/sync/TreeText.h"
+#include "core/sync/Views.h"
 #include "platform/text/TextTools.h"
 #include "textview/fill/FillText.h"
 
@@ -81,7 +83,13 @@ bool Write(DocumentWindow& window, const QString& fileName) {
     if (text != window.rtxtXML.Text()) {
         ChangeText(window, text, window.TextInUse().TextRTF());
         window.bQuietParse = true;
-        XMLToTree(window, text, 0);
+        const long number = m_tvXML::GetBeforeNodeNumber(window.app, window.tvXML.SelectedItem());
+        const bool root = m_tvXML::IsTreeRoot(window.tvXML.SelectedItem());
+        XMLToTree(window, text, number);
+        if (root)
+            window.tvXML.SetSelectedItem(window.tvXML.Nodes(1));
+        window.msLastParsedText = text;
+        DoTree(window);
     }
     return true;
 }
@@ -103,6 +111,7 @@ void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck) try {
             window.app.frame->cmbAddress().SetText(window.app.CurrentFileName);
     } else {
         const QString name = AskSaveFileName(window);
+        window.bCancelSave = window.bUnloading; // a closing window whose user backs out from here stays
         if (name.isEmpty())
             return;
         const bool exists = mXMLEdit::FileExist(window.app, name);
@@ -111,6 +120,7 @@ void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck) try {
             return;
         if (!Write(window, name))
             return;
+        window.bCancelSave = false;
     }
     // Whether the file was written isn't looked at: a refused write has told the user, and the window counts
     // as saved.

@@ -44,10 +44,11 @@ void BringPanesTogether(DocumentWindow& window) {
 void BuildTreeFromText(DocumentWindow& window, TreeNode selected) {
     const PaneSelections selections(window);
     const QString text = window.TextInUse().Text();
+    if (window.bTextChanged)
+        BringPanesTogether(window);
     // The text stands for the last parsed one after this whether it parsed or not: leaving the same bad text
     // again is quiet.
     if (window.bTextChanged && text != window.msLastParsedText) {
-        BringPanesTogether(window);
         const long number = m_tvXML::GetNodeNumByTextPosition(text, window.TextInUse().SelStart());
         window.bTextChanged =
             false; // before the parse: a failed one shows the text view, which looks at the flag again
@@ -55,8 +56,10 @@ void BuildTreeFromText(DocumentWindow& window, TreeNode selected) {
         const ParsedRoot root = XMLToTree(window, text, number);
         if (root.document)
             selections.restore();
-    } else if (selected) {
-        window.tvXML.SetSelectedItem(selected);
+    } else {
+        window.bTextChanged = false; // edited, and back at what the tree shows
+        if (selected)
+            window.tvXML.SetSelectedItem(selected);
     }
 }
 

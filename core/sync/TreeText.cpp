@@ -66,6 +66,8 @@ void AddTreeRoot(DocumentWindow& window, bool withDefaults) {
     controls::TreeView& tree = window.tvXML;
     const controls::TreeUpdate update(tree);
     tree.Nodes.Clear();
+    window.ListView1.Tag
+        .clear(); // its rows carry keys that are gone, also where the root's own key comes back
     const TreeNode root = tree.Nodes.Add({}, 0, app.CurrentFileName, app.CurrentFileName,
                                          QStringLiteral("xmlroot"), QStringLiteral("openxmlroot"));
     if (withDefaults) {
@@ -130,6 +132,7 @@ void TreeChangeTextView(DocumentWindow& window) try {
         const bool valid = mXMLEdit::ValidateXML(window.app, xml, true);
         if ((valid || !text::Trim(xml).isEmpty()) && target.Text() != xml)
             ChangeText(window, xml, target.TextRTF());
+        window.msLastParsedText = target.Text(); // now the two say the same
     }
     if (selected)
         window.tvXML.SetSelectedItem(selected);

@@ -75,8 +75,11 @@ void ShowSchemaText(DocumentWindow& window) {
 void tbsXML_Click(DocumentWindow& window) try {
     // A tab strip may be clicked without taking the focus from the text: an edited text reaches the tree all
     // the same.
-    if (window.miCurrentView == kViewText && window.bTextChanged)
+    if (window.miCurrentView == kViewText && window.bTextChanged) {
         LeaveTextView(window);
+        if (window.tbsXML.SelectedKey() == QStringLiteral("textview"))
+            return; // it doesn't parse: the text view is back already, with the error selected
+    }
     if (window.app.frame)
         window.app.frame->StatusBar1().SetPanel(2, {});
     window.chtAna.SetVisible(false);

@@ -114,6 +114,27 @@ TEST(TextView, AClickOnAnotherTabCountsAsLeaving) {
     window.tbsXML.Select(QStringLiteral("listview"));
     EXPECT_EQ(window.tbsXML.SelectedKey(), QStringLiteral("textview"));
     EXPECT_EQ(app.prompts.boxes.size(), 1U);
+    EXPECT_EQ(window.rtxtXML.SelStart(), 1); // the second "<" is the error
+}
+
+TEST(TextView, TheListFollowsATreeThatWasBuiltAnew) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    app.EditText(QStringLiteral("<invoice/>"));
+    app.ClickNode(window.tvXML.Nodes(1));
+    window.tbsXML.Select(QStringLiteral("listview"));
+    ASSERT_EQ(window.ListView1.Count(), 1);
+    EXPECT_EQ(window.ListView1.Item(1).Text, QStringLiteral("invoice"));
+    EXPECT_TRUE(window.tvXML.Nodes.Find(window.ListView1.Item(1).Key));
+}
+
+TEST(TextView, AnEditThatWasTakenBackLeavesTheTreeAlone) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("c.xml"), "<a><![CDATA[kept]]></a>");
+    const QString text = window.rtxtXML.Text();
+    app.EditText(text);
+    EXPECT_EQ(window.rtxtXML.Text(), text);
+    EXPECT_FALSE(window.bTextChanged);
 }
 
 TEST(TextView, CaretAndTreeFollowEachOther) {
@@ -227,6 +248,16 @@ TEST(Saving, ClosingAsksOnlyAfterAChange) {
     app.prompts.Answer(Answer::Yes);
     EXPECT_TRUE(app.frame().CloseForm(window));
     EXPECT_EQ(app.folder.Read(QStringLiteral("order.xml")), "<order></order>");
+}
+
+TEST(Saving, BackingOutOfTheDialogKeepsAClosingWindow) {
+    TestApp app;
+    app.ChooseMenu(QStringLiteral("mnuFileNew"));
+    DocumentWindow* window = &app.window();
+    app.prompts.Answer(Answer::Yes);
+    app.prompts.Choose({});
+    EXPECT_FALSE(app.frame().CloseForm(window));
+    EXPECT_EQ(app.frame().ActiveForm(), window);
 }
 
 TEST(Saving, ATextThatDoesNotParseAsksOnClosingEvenUnchanged) {

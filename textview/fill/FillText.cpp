@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/fill/FillText.h"
+#include <QScopedValueRollback>
 
 namespace {
 
@@ -20,11 +21,10 @@ controls::RichTextBox& OtherPane(DocumentWindow& window) {
 } // namespace
 
 void SetRichText(DocumentWindow& window, const QString& text) {
-    window.bControlChange = true;
+    const QScopedValueRollback ownWriting(window.bControlChange, true);
     window.TextInUse().SetText(text);
     window.miTextSizeLevel = GetTextSizeLevel(text.size());
     SetTreeXMLColor(window);
-    window.bControlChange = false;
 }
 
 void SetTreeXMLColor(DocumentWindow& window) {
@@ -53,7 +53,7 @@ void ChangeText(DocumentWindow& window, const QString& newText, const controls::
     record.WholeText = true;
     record.OldRTF = oldRTF;
 
-    window.bControlChange = true;
+    const QScopedValueRollback ownWriting(window.bControlChange, true);
     const Selection first(window.rtxtXML);
     const Selection second(window.rtxtXML2);
     window.TextInUse().SetText(newText);
@@ -61,7 +61,6 @@ void ChangeText(DocumentWindow& window, const QString& newText, const controls::
     record.NewRTF = window.TextInUse().TextRTF();
     first.restore(window.rtxtXML);
     second.restore(window.rtxtXML2);
-    window.bControlChange = false;
     ++window.UndoPos;
 }
 
