@@ -95,9 +95,17 @@ void frmMDIMain::HaveSameNameForm(const QString& name, bool bringToFront, bool& 
             continue;
         result = true;
         if (bringToFront)
-            ActivateForm(opened->window);
+            ShowForm(*opened->window);
         return;
     }
+}
+
+// A window that is the active one already may be minimised: the skin is told all the same.
+void frmMDIMain::ShowForm(DocumentWindow& window) {
+    if (&window == ActiveForm())
+        activeFormChanged(&window);
+    else
+        ActivateForm(&window);
 }
 
 void frmMDIMain::mnuFileNew_Click() {
@@ -153,8 +161,11 @@ void frmMDIMain::ActivateForm(DocumentWindow* window) {
 }
 
 void frmMDIMain::NextWindow() {
-    if (windowOrder_.size() < 2)
+    if (windowOrder_.size() < 2) {
+        if (!windowOrder_.empty())
+            ShowForm(*windowOrder_.front());
         return;
+    }
     FinishTextEdit();
     std::rotate(windowOrder_.begin(), windowOrder_.begin() + 1, windowOrder_.end());
     AnnounceActive();

@@ -114,6 +114,7 @@ private:
         AnyForm form;
         DocumentWindow* window;
     };
+    void ShowForm(DocumentWindow& window); ///< to the front, and restored when it is minimised
     template <typename Form> void NewFile(const FetchedText& text, const QString& fileName);
     template <typename Form> DocumentWindow& MakeForm(const QString& name);
     void FillWindow(DocumentWindow& window, const FetchedText& text);

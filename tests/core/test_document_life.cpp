@@ -67,6 +67,19 @@ TEST(Opening, AFailedReloadLeavesTheWindowAlone) {
     EXPECT_EQ(app.app().CurrentFileName, window.Caption);
 }
 
+TEST(Opening, TheActiveDocumentAgainIsShownAgain) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    int shown = 0; // it may be minimised, which only the skin knows
+    app.frame().activeFormChanged.connect(
+        [&](DocumentWindow* active) { shown += active == &window ? 1 : 0; });
+    app.frame().OpenNamed(window.Caption);
+    EXPECT_EQ(shown, 1);
+    app.frame().NextWindow();
+    EXPECT_EQ(shown, 2);
+    EXPECT_EQ(app.frame().FormCount(), 1);
+}
+
 TEST(Opening, WhatIsNoAddressIsANewDocumentOfThatName) {
     TestApp app;
     app.frame().OpenNamed(QStringLiteral("plain.xml"));
