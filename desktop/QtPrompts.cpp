@@ -34,6 +34,8 @@ QString ForBox(const QString& text) {
 
 QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
     switch (buttons) {
+    case Buttons::OkCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
     case Buttons::YesNo:
         return QMessageBox::Yes | QMessageBox::No;
     case Buttons::YesNoCancel:
@@ -92,10 +94,11 @@ Answer QtPrompts::MsgBox(const QString& text, Buttons buttons, services::Icon ic
     box.setWindowTitle(title);
     box.setIcon(IconOf(icon));
     box.setStandardButtons(ButtonsOf(buttons));
-    box.setDefaultButton(buttons == Buttons::Ok ? QMessageBox::Ok : QMessageBox::Yes);
-    const auto escape = buttons == Buttons::YesNoCancel ? QMessageBox::Cancel
-                        : buttons == Buttons::YesNo     ? QMessageBox::No
-                                                        : QMessageBox::Ok;
+    const bool withOk = buttons == Buttons::Ok || buttons == Buttons::OkCancel;
+    box.setDefaultButton(withOk ? QMessageBox::Ok : QMessageBox::Yes);
+    const auto escape = buttons == Buttons::Ok      ? QMessageBox::Ok
+                        : buttons == Buttons::YesNo ? QMessageBox::No
+                                                    : QMessageBox::Cancel;
     box.setEscapeButton(escape);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     return AnswerOf(box.exec());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/TreeAdapter.h"
 #include "desktop/Glyphs.h"
+#include "desktop/LabelDelegate.h"
 #include <QApplication>
 #include <QHeaderView>
 #include <QMouseEvent>
@@ -34,6 +35,13 @@ TreeAdapter::TreeAdapter(controls::TreeView& model, QTreeView& widget, QObject* 
            [this](const TreeNode& node) { widget_.scrollTo(rows_.IndexOf(node)); });
     RestoreExpanded();
     ShowSelected();
+    ConnectLabels();
+}
+
+void TreeAdapter::ConnectLabels() {
+    widget_.setItemDelegate(new LabelDelegate(this, [this] { model_.CancelLabelEdit(); }));
+    Listen(model_.labelEditStarted, this,
+           [this](const TreeNode& node) { widget_.edit(rows_.IndexOf(node)); });
 }
 
 void TreeAdapter::ConnectRows() {

@@ -15,6 +15,7 @@ public:
 
 private:
     void ConnectRows();
+    void ConnectLabels();
     void CurrentChanged(const QModelIndex& current);
     void ExpandedByWidget(const QModelIndex& index, bool expanded);
     void MouseReleased(const QPoint& place);

@@ -3,6 +3,7 @@
 #include "shell/Commands.h"
 #include "core/model/m_tvXML.h"
 #include "core/sync/Views.h"
+#include "shell/NodeCommands.h"
 #include "shell/frmMDIMain.h"
 
 namespace {
@@ -31,19 +32,17 @@ void ShowView(frmMDIMain& frame, const QString& key) {
             return window->tbsXML.Select(key);
 }
 
-void GoToParentNode(DocumentWindow& window) {
-    const controls::TreeNode node = window.tvXML.SelectedItem();
-    if (!node || m_tvXML::IsTreeRoot(node))
-        return;
-    node.Parent().SetSelected(true);
-    DoTree(window);
-}
-
 void mnuHelpAbout_Click(frmMDIMain& frame, int) {
     frame.MessageBox(QStringLiteral("Vantrel\r\nVersion 2.0\r\nOrvane\r\n\r\n"
                                     "This program is free software under the GNU General Public License,\r\n"
                                     "version 3 or later. It comes with no warranty."),
                      QStringLiteral("关于Vantrel"));
+}
+
+/// A new element stands beside the current node, or below it where it can't stand beside.
+void NewElement(frmMDIMain& frame, int) {
+    const bool beside = frame.Menu(QStringLiteral("mnuNewNode")).Enabled();
+    frame.RunMenuCommand(beside ? QStringLiteral("mnuNewNode") : QStringLiteral("mnuNewCNode"));
 }
 
 struct MenuCommand {
@@ -84,7 +83,7 @@ constexpr ButtonCommand kButtonCommands[] = {
     {"tbFileEdit", "openfile", OnFrame<&frmMDIMain::OpenXMLFile>},
     {"tbFileEdit", "savefile", OnFrame<&frmMDIMain::mnuFileSave_Click>},
     {"tbFileEdit", "listview", nullptr},
-    {"tbListEdit", "uponelevel", OnWindow<GoToParentNode>},
+    {"tbListEdit", "newelement", NewElement},
     {"tbNavigate", "go", OnFrame<&frmMDIMain::cmbAddress_Click>},
     // Both show the next window: there is no history to walk.
     {"tbNavigate", "back", OnFrame<&frmMDIMain::NextWindow>},
@@ -108,35 +107,67 @@ void SetListViewStyle(frmMDIMain& frame, const QString& key) {
 }
 
 /// The command with its error exit.
-std::function<void()> Handler(frmMDIMain& frame, Run run, int index, const QString& name) {
-    return [&frame, run, index, name] {
+template <typename Act> std::function<void()> Handler(frmMDIMain& frame, Act act, const QString& name) {
+    return [&frame, act, name] {
         try {
-            run(frame, index);
+            act();
         } catch (const text::Fault& fault) {
             frame.ErrorReportBox(fault, QStringLiteral("frmMDIMain@") + name);
         }
     };
 }
 
+/// `act` is given the entry's number in its array.
+template <typename Act> void ConnectEntries(frmMDIMain& frame, const char* name, Act act) {
+    for (controls::MenuItem* item : frame.MenuEntries()) {
+        if (item->Name != QLatin1String(name))
+            continue;
+        item->HasCommand = true;
+        item->Click.connect(Handler(
+            frame, [act, index = item->Index] { act(index); }, item->Name + QStringLiteral("_Click")));
+    }
+}
+
+template <typename Act> void ConnectButton(frmMDIMain& frame, const char* toolbar, const char* key, Act act) {
+    controls::ToolButton& button = frame.ToolbarByName(QLatin1String(toolbar)).Button(QLatin1String(key));
+    button.HasCommand = true;
+    button.Click.connect(Handler(frame, act, QLatin1String(toolbar) + QStringLiteral("_ButtonClick")));
+}
+
+void ConnectNodeCommands(frmMDIMain& frame) {
+    for (const NodeCommand& command : NodeCommands()) {
+        const auto act = [&frame, run = command.run] {
+            if (DocumentWindow* window = frame.ActiveForm())
+                run(*window);
+        };
+        for (const char* entry : command.entries) {
+            if (entry)
+                ConnectEntries(frame, entry, [act](int) { act(); });
+        }
+        if (command.button)
+            ConnectButton(frame, command.toolbar, command.button, act);
+    }
+}
+
 } // namespace
 
 void ConnectCommands(frmMDIMain& frame) {
-    for (const MenuCommand& command : kMenuCommands) {
-        const QString name = QLatin1String(command.name);
-        for (controls::MenuItem* item : frame.MenuEntries()) {
-            if (item->Name != name)
-                continue;
-            item->HasCommand = true;
-            item->Click.connect(Handler(frame, command.run, item->Index, name + QStringLiteral("_Click")));
-        }
-    }
+    for (const MenuCommand& command : kMenuCommands)
+        ConnectEntries(frame, command.name, [&frame, run = command.run](int index) { run(frame, index); });
     for (const ButtonCommand& command : kButtonCommands) {
-        const QString toolbar = QLatin1String(command.toolbar);
-        controls::ToolButton& button = frame.ToolbarByName(toolbar).Button(QLatin1String(command.key));
+        if (command.run) {
+            ConnectButton(frame, command.toolbar, command.key,
+                          [&frame, run = command.run] { run(frame, 0); });
+            continue;
+        }
+        controls::ToolButton& button =
+            frame.ToolbarByName(QLatin1String(command.toolbar)).Button(QLatin1String(command.key));
         button.HasCommand = true;
-        if (command.run)
-            button.Click.connect(Handler(frame, command.run, 0, toolbar + QStringLiteral("_ButtonClick")));
-        else
-            button.ButtonMenuClick.connect([&frame](const QString& key) { SetListViewStyle(frame, key); });
+        button.ButtonMenuClick.connect([&frame](const QString& key) { SetListViewStyle(frame, key); });
     }
+    ConnectNodeCommands(frame);
+}
+
+void frmMDIMain::RunMenuCommand(const QString& entry) {
+    Menu(entry).Click();
 }

@@ -72,6 +72,7 @@ public:
     void SetMenuSituation(MenuSituation situation) override;
     void SetFormActivatedMenu(DocumentWindow& window) override;
     void SetToolBar() override;
+    void RunMenuCommand(const QString& entry) override;
     void UpdateFileMenu(const QString& name) override;
     void AddToList(const QString& name) override;
 
@@ -119,7 +120,7 @@ private:
     template <typename Form> DocumentWindow& MakeForm(const QString& name);
     void FillWindow(DocumentWindow& window, const FetchedText& text);
     void BringToFront(DocumentWindow& window); ///< without events
-    void FinishTextEdit();
+    void LeaveActiveForm();
     void Forget(DocumentWindow& window); ///< takes a window out of both lists and destroys it
     void AnnounceActive();               ///< Form_Activate of the window in front, then activeFormChanged
     void IndexMenu(controls::MenuItem& item);

@@ -6,6 +6,7 @@
 #include "core/sync/Files.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
+#include "nodes/TreeCommands.h"
 
 namespace {
 
@@ -62,11 +63,56 @@ void tvXML_Collapse(TreeNode node) {
         node.SetExpanded(true);
 }
 
-void tvXML_KeyUp(DocumentWindow& window, int key) {
+bool ShowsTab(DocumentWindow& window, const char* key) {
+    return window.tbsXML.SelectedKey() == QLatin1String(key);
+}
+
+// Enter brings a changed tree into the views that are slow to follow.
+void ShowChangedTree(DocumentWindow& window) {
+    if (!window.bTreeChanged)
+        return;
+    if (ShowsTab(window, "browserview") && window.tvXML.SelectedItem())
+        tbsXML_Click(window);
+    else if (ShowsTab(window, "textview"))
+        DoTree(window);
+}
+
+void RunMenuCommand(DocumentWindow& window, const char* entry) {
+    if (window.app.frame)
+        window.app.frame->RunMenuCommand(QLatin1String(entry));
+}
+
+void tvXML_KeyUp(DocumentWindow& window, int key, int modifiers) {
+    constexpr int kPause = 10; // milliseconds
     window.miPopupContext = kContextTree;
     window.mbKeyNavigation = IsArrow(key);
+    const bool control = (modifiers & static_cast<int>(Qt::ControlModifier)) != 0;
     if (window.mbKeyNavigation)
         DoTree(window);
+    else if (key == Qt::Key_Delete)
+        RunMenuCommand(window, "mnuDeleteP");
+    else if (control && key == Qt::Key_C)
+        RunMenuCommand(window, "mnuCopyP");
+    else if (control && key == Qt::Key_X)
+        RunMenuCommand(window, "mnuCutP");
+    else if (control && key == Qt::Key_V)
+        RunMenuCommand(window, "mnuPasteP");
+    else if (key == kKeyReturn || key == kKeyEnter)
+        ShowChangedTree(window);
+    mXMLEdit::Delay(window.app, kPause);
+}
+
+// The node has its new name: text, list and page follow at once.
+void tvXML_LabelEdited(DocumentWindow& window) {
+    if (ShowsTab(window, "browserview"))
+        ShowChangedTree(window);
+    DoTree(window);
+}
+
+void BeforeLabelEdit(DocumentWindow& window, bool& cancel) {
+    if (!window.kind.renamesNodes && !m_tvXML::IsTreeRoot(window.tvXML.SelectedItem()))
+        cancel = true;
+    tvXML_BeforeLabelEdit(window, cancel);
 }
 
 void ConnectTree(DocumentWindow& window) {
@@ -78,7 +124,12 @@ void ConnectTree(DocumentWindow& window) {
     tree.Expand.connect([&window](TreeNode) { window.miPopupContext = kContextTree; });
     tree.Collapse.connect([](TreeNode node) { tvXML_Collapse(node); });
     tree.KeyDown.connect([&window](int, int) { DoMenu(window); });
-    tree.KeyUp.connect([&window](int key, int) { tvXML_KeyUp(window, key); });
+    tree.KeyUp.connect([&window](int key, int modifiers) { tvXML_KeyUp(window, key, modifiers); });
+    tree.BeforeLabelEdit.connect([&window](bool& cancel) { BeforeLabelEdit(window, cancel); });
+    tree.AfterLabelEdit.connect([&window](TreeNode node, bool& cancel, QString& newString) {
+        tvXMLAfterLabelEdit(window, node, cancel, newString);
+    });
+    tree.LabelEdited.connect([&window] { tvXML_LabelEdited(window); });
 }
 
 void ListView1_Attention(DocumentWindow& window) {

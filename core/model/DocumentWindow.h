@@ -33,6 +33,7 @@ inline constexpr int kContextTree = 1;
 inline constexpr int kContextList = 2;
 inline constexpr int kContextTable = 3;
 inline constexpr int kContextText = 4;
+inline constexpr int kContextTreeNode = 6; ///< the tree, as the delete command sees it
 inline constexpr int kContextCompact = 7;
 
 /// The controls and the state of one open document. The document lives in the nodes of tvXML and nowhere

@@ -44,6 +44,10 @@ public:
     virtual void SetFormActivatedMenu(DocumentWindow& window) = 0;
     virtual void SetToolBar() = 0; ///< toolbars by the view in force
 
+    /// Runs the command of a menu entry, as a key of a view asks for it; whether the entry is enabled isn't
+    /// looked at. Nothing happens for an entry without a command.
+    virtual void RunMenuCommand(const QString& entry) = 0;
+
     virtual void UpdateFileMenu(const QString& name) = 0; ///< puts a name in front of the recent files
     virtual void AddToList(const QString& name) = 0;      ///< adds a name to the address box
     virtual int FormCount() = 0;                          ///< open document windows

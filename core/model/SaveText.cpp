@@ -89,7 +89,8 @@ bool SaveStringToFile(Application& app, QString& text, const QString& fileName, 
     return WriteText(app, text, fileName, form) == SaveOutcome::Written;
 }
 
-bool CopyFileTo(Application& app, const QString& source, const QString& target) try {
+bool CopyFileTo(Application& app, const QString& source, const QString& target,
+                services::FileResult* failure) try {
     QString name = target;
     if (name.endsWith(u'\\') || name.endsWith(u'/'))
         name += GetFSFileName(source);
@@ -102,9 +103,11 @@ bool CopyFileTo(Application& app, const QString& source, const QString& target) 
             return false;
     }
     const services::FileResult result = app.services.files.Copy(source, name);
-    if (!result)
+    if (!result && !failure)
         throw text::Fault(75, result.description);
-    return true;
+    if (failure)
+        *failure = result;
+    return static_cast<bool>(result);
 } catch (const text::Fault& fault) {
     ErrorReportBox(app, fault, QStringLiteral("mXMLEdit@CopyFileTo"));
     return false;

@@ -11,5 +11,6 @@ struct WindowKind {
     QString Name;      ///< "frmXMLEdit" or "frmSXMLEdit", as faults report it
     QString extension; ///< of new documents, with the dot: ".xml" or ".xsd"
     bool schema;       ///< designs schemas: the schema menus are offered
+    bool renamesNodes; ///< labels of the tree can be edited, not the tree root's alone
     std::vector<controls::TabStrip::Tab> tabs;
 };

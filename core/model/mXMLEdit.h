@@ -78,7 +78,8 @@ bool SaveStringToFile(Application& app, QString& text, const QString& fileName,
                       text::FileForm* form = nullptr);
 
 /// Copies a file; a target ending in a separator is a folder. Asks before replacing another file; false on No
-/// or failure.
-bool CopyFileTo(Application& app, const QString& source, const QString& target);
+/// or failure. A failure goes to the error report, or into `failure` where the caller tells the user itself.
+bool CopyFileTo(Application& app, const QString& source, const QString& target,
+                services::FileResult* failure = nullptr);
 
 } // namespace mXMLEdit

@@ -11,6 +11,11 @@ namespace {
 
 using controls::TreeNode;
 
+constexpr int kElement = 1;
+
+// Units of a text that is parsed after each change of the tree.
+constexpr qsizetype kTriedAtOnce = 4'000'000;
+
 QString MakerComment() {
     return QStringLiteral("edited with Vantrel v2.0 by Orvane (https://vantrel.example/)");
 }
@@ -128,8 +133,9 @@ void TreeChangeTextView(DocumentWindow& window) try {
     if (!text::Trim(window.Caption).isEmpty()) {
         const QString xml = TreeAsText(window);
         // The text is tried even where it will be taken anyway: status panel and last parse error tell how it
-        // stands.
-        const bool valid = mXMLEdit::ValidateXML(window.app, xml, true);
+        // stands. With a large one that would hold up each command for a second or more: saving tries it.
+        const bool tried = xml.size() <= kTriedAtOnce;
+        const bool valid = tried && mXMLEdit::ValidateXML(window.app, xml, true);
         if ((valid || !text::Trim(xml).isEmpty()) && target.Text() != xml)
             ChangeText(window, xml, target.TextRTF());
         window.msLastParsedText = target.Text(); // now the two say the same
@@ -145,6 +151,9 @@ bool IsAddingNewNode(DocumentWindow& window) {
     const TreeNode selected = window.tvXML.SelectedItem();
     if (!selected)
         return false;
+    // A new element is selected itself while it gets its name.
+    if (m_tvXML::GetKeyType(selected) == kElement && selected.TextView().isEmpty())
+        return true;
     for (TreeNode child = selected.Child(); child; child = child.Next()) {
         if (child.TextView().isEmpty())
             return true;

@@ -39,7 +39,7 @@ QString GetXmlNodeAllNodeText(xml::Node domNode);
 void TreeToTextView(DocumentWindow& window);
 /// Brings the text up to date after a change in the tree, with one undo step if it differs.
 void TreeChangeTextView(DocumentWindow& window);
-/// A label edit of a new node is under way: the selected node has a child without a name.
+/// A new node is under way: the selected node, or a child of it, has no name or text yet.
 bool IsAddingNewNode(DocumentWindow& window);
 
 /// Leaving the text view in use: an edited text is parsed and the tree built anew from it.

@@ -6,6 +6,7 @@ const WindowKind& frmXMLEdit::Kind() {
     static const WindowKind kind{QStringLiteral("frmXMLEdit"),
                                  QStringLiteral(".xml"),
                                  false,
+                                 true,
                                  {{QStringLiteral("listview"), QStringLiteral("List View")},
                                   {QStringLiteral("textview"), QStringLiteral("Text View")},
                                   {QStringLiteral("tableview"), QStringLiteral("Table View")},

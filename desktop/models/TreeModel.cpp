@@ -99,18 +99,31 @@ int TreeModel::columnCount(const QModelIndex&) const {
 }
 
 QVariant TreeModel::data(const QModelIndex& index, int role) const {
-    if (role != Qt::DisplayRole && role != Qt::DecorationRole)
+    if (role != Qt::DisplayRole && role != Qt::DecorationRole && role != Qt::EditRole)
         return {};
     const TreeNode node = NodeAt(index);
     if (node.IsNothing())
         return {};
+    if (role == Qt::EditRole)
+        return node.Text();
     if (role == Qt::DisplayRole)
         return OneLine(node.TextView());
     return iconOf_ ? iconOf_(node.Selected() ? node.SelectedImage() : node.Image()) : QVariant();
 }
 
 Qt::ItemFlags TreeModel::flags(const QModelIndex& index) const {
-    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    const TreeNode edited = tree_.LabelEditNode();
+    return edited && NodeAt(index) == edited ? flags | Qt::ItemIsEditable : flags;
+}
+
+bool TreeModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable))
+        return false;
+    tree_.EndLabelEdit(value.toString());
+    return true;
 }
 
 } // namespace desktop

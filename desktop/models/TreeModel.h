@@ -24,9 +24,11 @@ public:
     QModelIndex parent(const QModelIndex& index) const override;
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
-    /// Display: the node's text on one line. Decoration: its picture, the other one while it is the selected
-    /// node.
+    /// Display: the node's text on one line. Edit: the whole text. Decoration: its picture, the other one
+    /// while it is the selected node.
     QVariant data(const QModelIndex& index, int role) const override;
+    /// Takes the text of the node whose label is being edited.
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:

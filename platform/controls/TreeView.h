@@ -135,6 +135,24 @@ public:
     void SetSelectedItem(TreeNode node);
     bool TabStop = true;
 
+    // --- label editing -------------------------------------------------------------------------------
+    /// Lets the user edit the selected node's Text. BeforeLabelEdit may refuse; false then, without a
+    /// selected node, or while another label is being edited.
+    bool StartLabelEdit();
+    TreeNode LabelEditNode() const { return labelEdit_; } ///< nothing when no label is being edited
+    /// The user finished: AfterLabelEdit may change the new text or refuse it, then the node takes it and
+    /// LabelEdited is raised. The same text again is no edit, unless it is empty. Nothing happens for a node
+    /// that was removed meanwhile.
+    void EndLabelEdit(const QString& text);
+    /// The user gave up: the text stays. A node that has none yet ends as one edited to an empty text, so
+    /// that the program can name it.
+    void CancelLabelEdit();
+    Event<bool&> BeforeLabelEdit;          ///< cancel
+    Event<TreeNode, bool&, QString&> AfterLabelEdit; ///< the node, cancel, new text
+    Event<> LabelEdited;
+    Event<TreeNode> labelEditStarted; ///< for the widget
+    Event<> labelEditEnded;
+
     // --- user's acts, raised by the widget or a test -------------------------------------------------
     Event<TreeNode> NodeClick; ///< the selection was changed by the user (SelectedItem is set already)
     Event<> Click;
@@ -189,6 +207,7 @@ private:
     friend class TreeFiller;
     struct Storage;
     std::unique_ptr<Storage> storage_;
+    TreeNode labelEdit_;
 };
 
 /// An update of a tree as long as it lives.

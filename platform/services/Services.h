@@ -13,7 +13,7 @@
 // beside them, and a test scripts only what waits for a person.
 namespace services {
 
-enum class Buttons { Ok, YesNo, YesNoCancel };
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class Icon { None, Information, Question, Exclamation, Critical };
 enum class Answer { Ok, Yes, No, Cancel };
 

@@ -6,6 +6,7 @@ const WindowKind& frmSXMLEdit::Kind() {
     static const WindowKind kind{QStringLiteral("frmSXMLEdit"),
                                  QStringLiteral(".xsd"),
                                  true,
+                                 false,
                                  {{QStringLiteral("listview"), QStringLiteral("List View")},
                                   {QStringLiteral("compactview"), QStringLiteral("Compact View")},
                                   {QStringLiteral("textview"), QStringLiteral("Text View")},

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/model/Validate.h"
+#include "core/model/Frame.h"
+#include "core/model/mXMLEdit.h"
+#include "core/model/m_tvXML.h"
+#include "platform/controls/Controls.h"
+
+namespace m_tvXML {
+
+namespace {
+
+using mXMLEdit::ValidateXML;
+using services::Buttons;
+using services::Icon;
+
+QString PureName(const QString& name) {
+    QString prefix;
+    return GetPureName(name, prefix);
+}
+
+// The parser's report on the last failed probe.
+QString Complaint(Application& app) {
+    return app.lastParseError ? mXMLEdit::GetXMLParseErrorString(app, *app.lastParseError) : QString();
+}
+
+bool Probe(Application& app, const QString& document, const QString& title) {
+    if (ValidateXML(app, document, true))
+        return true;
+    app.services.prompts.MsgBox(Complaint(app), Buttons::Ok, Icon::Critical, title);
+    return false;
+}
+
+} // namespace
+
+bool ValidateNodeName(Application& app, const QString& name) {
+    if (name.isEmpty())
+        return false;
+    if (ValidateXML(app, u'<' + PureName(name) + QStringLiteral("/>"), true))
+        return true;
+    app.services.prompts.MsgBox(
+        QStringLiteral("Sample:Abc\r\nXML node name ::= (Letter | '_' | ':') (Letter | Digit | '.' | '-' | "
+                       "'_' | ':' | CombiningChar | Extender)"),
+        Buttons::Ok, Icon::Information, QStringLiteral("XML node name fomula"));
+    return false;
+}
+
+bool ValidateNodeAttributeName(Application& app, const QString& attributeName, const QString& nodeName) {
+    return Probe(app, u'<' + PureName(nodeName) + u' ' + PureName(attributeName) + QStringLiteral("=\"\"/>"),
+                 QStringLiteral("This is not a validate attribute name"));
+}
+
+bool ValidateNodeAttributes(Application& app, const QString& attributes, const QString& nodeName,
+                            bool showBox) {
+    const QString document = u'<' + PureName(nodeName) + u' ' + attributes + QStringLiteral(" />");
+    if (showBox)
+        return Probe(app, document, QStringLiteral("This is not valid attributes"));
+    if (ValidateXML(app, document, true))
+        return true;
+    if (app.frame)
+        app.frame->StatusBar1().SetPanel(1, Complaint(app));
+    return false;
+}
+
+bool ValidateNodeText(Application& app, const QString& text, const QString& nodeName) {
+    const QString name = PureName(nodeName);
+    const QString probe = u'<' + name + u'>' + text + QStringLiteral("</") + name + u'>';
+    // A text that closes its node and opens it again reads as two nodes, which is no document of its own.
+    if (text.contains(QStringLiteral("</") + name)) {
+        const QString wrapped = QStringLiteral("<temp>") + probe + QStringLiteral("</temp>");
+        if (xml::ParsedDocument().loadXML(wrapped))
+            return ValidateXML(app, wrapped, true);
+    }
+    return Probe(app, probe, QStringLiteral("This is not a validate node text"));
+}
+
+bool ValidateNodeAttributeValue(Application& app, const QString& value, const QString& nodeName,
+                                const QString& attributeName) {
+    return Probe(app,
+                 u'<' + PureName(nodeName) + u' ' + attributeName + QStringLiteral("=\"") + value +
+                     QStringLiteral("\"/>"),
+                 QStringLiteral("This is not a validate attribute value"));
+}
+
+int GetSelTextType(Application& app, const QString& text) {
+    if (!text.contains(u'<'))
+        return ValidateNodeAttributes(app, text, QStringLiteral("temp"), true) ? kSelTextAttributes
+                                                                               : kSelTextNothing;
+    if (ValidateXML(app, text, true))
+        return kSelTextDocument;
+    const QString wrapped = QStringLiteral("<temp> ") + text + QStringLiteral(" </temp>");
+    return ValidateXML(app, wrapped, true) ? kSelTextFragment : kSelTextNothing;
+}
+
+} // namespace m_tvXML

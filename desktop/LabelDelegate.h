@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include <QStyledItemDelegate>
+#include <functional>
+
+/// Edits a label in place. The editor is wide enough to type in from the start and takes a text of any
+/// length; Esc and other ways of giving up are told to `givenUp`.
+class LabelDelegate : public QStyledItemDelegate {
+public:
+    explicit LabelDelegate(QObject* parent, std::function<void()> givenUp);
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override;
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const override;
+};

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/model/Frame.h"
+#include "core/model/Validate.h"
+#include "core/model/mXMLEdit.h"
+#include "core/model/m_tvXML.h"
+#include "nodes/TreeCommands.h"
+#include "platform/text/TextTools.h"
+
+// Renaming nodes by their labels, and the document by its tree root's.
+
+namespace {
+
+using controls::TreeNode;
+
+constexpr int kAttribute = 2;
+constexpr int kText = 3;
+constexpr int kInstruction = 7;
+
+// The file goes along with the name. A document that has no file yet has nothing to copy, and a No at the
+// question on replacing takes the name without copying. False when the system refused: the user knows why.
+bool CopyFileAlong(Application& app, const QString& oldName, const QString& newName) {
+    if (!mXMLEdit::IsLocalPath(newName) || !mXMLEdit::FileExist(app, oldName))
+        return true;
+    services::FileResult failure;
+    mXMLEdit::CopyFileTo(app, oldName, newName, &failure);
+    if (failure)
+        return true;
+    app.services.prompts.MsgBox(newName + QStringLiteral("\r\n") + failure.description, services::Buttons::Ok,
+                                services::Icon::Exclamation, QStringLiteral("Copy file ..."));
+    return false;
+}
+
+// A folder stands for the document's own file name in it: a document can't be saved under a folder's name.
+QString FullName(const QString& name, const QString& oldName) {
+    const bool folder = name.endsWith(u'\\') || name.endsWith(u'/');
+    return folder && mXMLEdit::IsLocalPath(name) ? name + mXMLEdit::GetFSFileName(oldName) : name;
+}
+
+} // namespace
+
+void EditTreeNode(DocumentWindow& window) {
+    const TreeNode node = window.tvXML.SelectedItem();
+    if (!node)
+        return;
+    const int kind = m_tvXML::GetKeyType(node);
+    if (kind != kAttribute && kind != kInstruction)
+        window.tvXML.StartLabelEdit();
+}
+
+void tvXML_BeforeLabelEdit(DocumentWindow& window, bool& cancel) {
+    const int kind = m_tvXML::GetKeyType(window.tvXML.SelectedItem());
+    cancel = cancel || kind == kAttribute || kind == kText || kind == kInstruction;
+}
+
+void tvXMLAfterLabelEdit(DocumentWindow& window, TreeNode node, bool& cancel, QString& newString) try {
+    if (m_tvXML::IsTreeRoot(node)) {
+        cancel = !ChangeTreeRootText(window, newString);
+        newString = node.Text();
+        return;
+    }
+    if (!m_tvXML::ValidateNodeName(window.app, newString))
+        newString = QStringLiteral("Unnamed");
+    window.bTreeChanged = true;
+} catch (const text::Fault& fault) {
+    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".tvXML_AfterLabelEdit"));
+}
+
+bool ChangeTreeRootText(DocumentWindow& window, const QString& name) try {
+    if (text::Trim(name).size() <= 1 || window.tvXML.Nodes.Count() == 0)
+        return false;
+    Application& app = window.app;
+    TreeNode root = window.tvXML.Nodes(1);
+    const QString oldName = root.Key();
+    const QString newName = FullName(text::Trim(name), oldName);
+    const TreeNode owner = window.tvXML.Nodes.Find(newName);
+    if (owner && owner != root) // a name that looks like a key of this tree
+        return false;
+    if (!CopyFileAlong(app, oldName, newName))
+        return false;
+    root.SetText(newName);
+    app.CurrentFileName = newName;
+    window.SetCaption(newName);
+    root.SetKey(newName);
+    if (app.frame)
+        app.frame->cmbAddress().SetText(newName);
+    return true;
+} catch (const text::Fault& fault) {
+    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".ChangeTreeRootText"));
+    return false;
+}

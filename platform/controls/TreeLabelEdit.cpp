@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/controls/TreeView.h"
+#include <utility>
+
+namespace controls {
+
+bool TreeView::StartLabelEdit() {
+    const TreeNode node = SelectedItem();
+    if (!node || labelEdit_)
+        return false;
+    bool cancel = false;
+    BeforeLabelEdit(cancel);
+    if (cancel || !node)
+        return false;
+    TreeNode shown = node;
+    shown.EnsureVisible();
+    labelEdit_ = node;
+    labelEditStarted(node);
+    return true;
+}
+
+void TreeView::EndLabelEdit(const QString& text) {
+    TreeNode node = std::exchange(labelEdit_, {});
+    labelEditEnded();
+    if (!node || (!text.isEmpty() && node.TextView() == QStringView(text)))
+        return;
+    bool cancel = false;
+    QString newText = text;
+    AfterLabelEdit(node, cancel, newText);
+    if (cancel || !node) // the answer to a message may have closed the document's node
+        return;
+    node.SetText(newText);
+    LabelEdited();
+}
+
+void TreeView::CancelLabelEdit() {
+    if (labelEdit_ && labelEdit_.TextView().isEmpty()) {
+        EndLabelEdit({});
+        return;
+    }
+    labelEdit_ = {};
+    labelEditEnded();
+}
+
+} // namespace controls

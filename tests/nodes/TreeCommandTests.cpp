@@ -1,0 +1,350 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Commands on the nodes of the tree, chosen from the menu or by keys as a user does.
+#include "core/model/m_tvXML.h"
+#include "core/sync/TreeText.h"
+#include "tests/support/TestApp.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+using controls::TreeNode;
+using services::Answer;
+using test::TestApp;
+
+constexpr char kBook[] = "<?xml version=\"1.0\"?>\n<book lang=\"de\"><title>Tee</title><chapter/><chapter "
+                         "n=\"2\">x<b/></chapter></book>";
+
+/// The nodes below a node, as "name(children)"; texts in quotes.
+QString Shape(TreeNode node) {
+    QStringList children;
+    for (TreeNode child = node.Child(); child; child = child.Next()) {
+        const int kind = m_tvXML::GetKeyType(child);
+        QString one = kind == 3   ? u'\'' + child.Tag() + u'\''
+                      : kind == 8 ? QStringLiteral("--") + child.Tag()
+                                  : child.Text();
+        if (child.Child())
+            one += u'(' + Shape(child) + u')';
+        children << one;
+    }
+    return children.join(u' ');
+}
+
+struct Tree : testing::Test {
+    TestApp t;
+    DocumentWindow* w = nullptr;
+
+    void Open(const char* text = kBook) { w = &t.OpenText(QStringLiteral("book.xml"), text); }
+    TreeNode Root() { return w->tvXML.Nodes(1); }
+    TreeNode Element() {
+        TreeNode found;
+        m_tvXML::HaveElementNode(Root().Child(), found);
+        return found;
+    }
+    std::string Nodes() { return Shape(Root()).toStdString(); }
+    std::string Text() { return w->rtxtXML.Text().toStdString(); }
+    void Key(int key, int modifiers = 0) {
+        w->tvXML.KeyDown(key, modifiers);
+        w->tvXML.KeyUp(key, modifiers);
+    }
+    /// Types a label into the open editor and ends it with Enter.
+    void Name(const char* name) {
+        ASSERT_TRUE(w->tvXML.LabelEditNode());
+        w->tvXML.EndLabelEdit(QString::fromUtf8(name));
+        Key(Qt::Key_Return);
+    }
+};
+
+TEST_F(Tree, ANewElementStandsBehindTheCurrentOneAndIsNamedAtOnce) {
+    Open();
+    t.ClickNode(Element().Child().Next());
+    t.ChooseMenu(QStringLiteral("mnuNewNode"));
+    EXPECT_EQ(Text().find("<>"), std::string::npos) << "a node without a name doesn't reach the text";
+    Name("note");
+    EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter note chapter('x' b))");
+    EXPECT_EQ(w->tvXML.SelectedItem().Image(), QStringLiteral("element"));
+    EXPECT_EQ(w->tvXML.SelectedItem().SelectedImage(), QStringLiteral("openelement"));
+    EXPECT_NE(Text().find("<note></note>"), std::string::npos);
+    EXPECT_EQ(w->txtXPath.Text(), QStringLiteral("/book[1]/note[1]"));
+    EXPECT_EQ(w->UndoPos, 1);
+}
+
+TEST_F(Tree, AnElementAtTheTopIsTheFirstAndOnlyOne) {
+    Open();
+    t.ClickNode(Root());
+    EXPECT_FALSE(t.frame().Menu(QStringLiteral("mnuNewNode")).Usable());
+    t.prompts.Answer({Answer::Cancel, Answer::Ok});
+    t.frame().RunMenuCommand(QStringLiteral("mnuNewNodeP"));
+    ASSERT_EQ(t.prompts.boxes.size(), 1U);
+    EXPECT_EQ(t.prompts.boxes[0].text,
+              QStringLiteral("You already have one root node! Do you want to create a child node?"));
+    EXPECT_EQ(t.prompts.boxes[0].buttons, services::Buttons::OkCancel);
+    EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter chapter('x' b))");
+    // The document's first node was selected meanwhile: with OK it gets the child.
+    t.frame().RunMenuCommand(QStringLiteral("mnuNewNodeP"));
+    Name("odd");
+    EXPECT_EQ(Nodes(), "xml(odd) book(title('Tee') chapter chapter('x' b))");
+}
+
+TEST_F(Tree, AnEmptyDocumentGetsItsRootElement) {
+    t.ChooseMenu(QStringLiteral("mnuFileNew"));
+    w = &t.window();
+    t.ClickNode(Root());
+    t.ChooseMenu(QStringLiteral("mnuNewCNode"));
+    Name("orders");
+    EXPECT_EQ(Element().Text(), QStringLiteral("orders"));
+    t.prompts.Answer(Answer::Ok);
+    t.ClickNode(Root());
+    t.frame().RunMenuCommand(QStringLiteral("mnuNewCNodeP"));
+    EXPECT_EQ(t.prompts.Texts(), QStringList{QStringLiteral("You already have one root node!")});
+}
+
+TEST_F(Tree, ANewChildComesLast) {
+    Open();
+    t.prompts.AllowAnyBox();
+    t.ClickNode(Element());
+    t.ChooseMenu(QStringLiteral("mnuNewCNode"));
+    Name("");
+    EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter chapter('x' b) Unnamed)");
+    EXPECT_TRUE(t.prompts.boxes.empty()) << "an empty name is replaced without a word";
+    w->tvXML.SetSelectedItem(Element());
+    t.ChooseMenu(QStringLiteral("mnuNewCNode"));
+    w->tvXML.CancelLabelEdit();
+    EXPECT_EQ(Element().LastChild().Text(), QStringLiteral("Unnamed")) << "Esc leaves no node without a name";
+}
+
+TEST_F(Tree, TextsGoIntoElementsOnly) {
+    Open();
+    const std::string before = Nodes();
+    t.ClickNode(Root().Child()); // the declaration
+    t.frame().RunMenuCommand(QStringLiteral("mnuNewNodeTextP"));
+    EXPECT_EQ(Nodes(), before);
+    t.ClickNode(Element()); // at the top a text goes into the root element
+    t.frame().RunMenuCommand(QStringLiteral("mnuNewNodeTextP"));
+    EXPECT_EQ(Element().LastChild().Key().left(3), QStringLiteral("<3>"));
+    t.ClickNode(Element().Child()); // elsewhere behind the node, and its parent is selected
+    t.frame().RunMenuCommand(QStringLiteral("mnuNewNodeTextP"));
+    EXPECT_EQ(Nodes(), "xml book(title('Tee') '' chapter chapter('x' b) '')");
+    EXPECT_EQ(w->tvXML.SelectedItem(), Element());
+    EXPECT_TRUE(IsAddingNewNode(*w)) << "a text without content waits for it";
+    EXPECT_TRUE(t.prompts.boxes.empty());
+}
+
+TEST_F(Tree, ACommentMayStandBesideTheRootElement) {
+    Open();
+    t.ClickNode(Root());
+    t.ChooseMenu(QStringLiteral("mnuNewComment"));
+    EXPECT_EQ(Nodes(), "xml -- book(title('Tee') chapter chapter('x' b))");
+    EXPECT_EQ(w->tvXML.SelectedItem().Text(), QStringLiteral("#comment"));
+    EXPECT_NE(Text().find("<!---->"), std::string::npos);
+}
+
+TEST_F(Tree, AWrongNameBecomesUnnamed) {
+    Open();
+    t.prompts.AllowAnyBox();
+    t.ClickNode(Element());
+    t.ChooseMenu(QStringLiteral("mnuEditName"));
+    Name("1a");
+    EXPECT_EQ(Element().Text(), QStringLiteral("Unnamed"));
+    EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("XML node name fomula"));
+    EXPECT_NE(Text().find("</Unnamed>"), std::string::npos);
+    // Names that break markup, or are only odd, never reach the document.
+    for (const QString& hostile :
+         {QStringLiteral("a\r\nb"), QString(1'000'000, u'<'), QString(QChar(0xD800)), QString(QChar(u'\0')),
+          QString::fromUtf8("\xE2\x80\x8F"
+                            "a"),
+          QStringLiteral("a/><b")}) {
+        w->tvXML.StartLabelEdit();
+        w->tvXML.EndLabelEdit(hostile + u'!');
+        EXPECT_EQ(Element().Text(), QStringLiteral("Unnamed"));
+    }
+    // Two spellings of one letter are two names, and both are kept as typed.
+    for (const char* name : {"caf\xC3\xA9", "cafe\xCC\x81"}) {
+        w->tvXML.StartLabelEdit();
+        w->tvXML.EndLabelEdit(QString::fromUtf8(name));
+        EXPECT_EQ(Element().Text().toStdString(), name);
+        EXPECT_NE(Text().find(name), std::string::npos);
+    }
+}
+
+TEST_F(Tree, LabelsOfTextsAndInstructionsCannotBeEdited) {
+    Open();
+    for (const TreeNode node : {Root().Child(), Element().Child().Child()}) {
+        w->tvXML.SetSelectedItem(node);
+        w->miPopupContext = kContextTree;
+        t.frame().RunMenuCommand(QStringLiteral("mnuEditP"));
+        EXPECT_FALSE(w->tvXML.LabelEditNode());
+    }
+}
+
+TEST_F(Tree, TheRootsLabelRenamesTheDocument) {
+    Open();
+    const QString old = w->Caption;
+    const QByteArray bytes = t.folder.Read(QStringLiteral("book.xml"));
+    t.ClickNode(Root());
+    const auto rename = [&](const QString& name) {
+        t.ChooseMenu(QStringLiteral("mnuEditName"));
+        w->tvXML.EndLabelEdit(name);
+    };
+    rename(QStringLiteral("x"));
+    EXPECT_EQ(Root().Text(), old) << "one character is no name";
+
+    t.prompts.Answer(Answer::Ok); // the folder isn't there: the user is told, and the old name stays
+    rename(t.folder.Path(QStringLiteral("missing/copy.xml")));
+    EXPECT_EQ(w->Caption, old);
+    EXPECT_EQ(Root().Text(), old);
+    EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("Copy file ..."));
+
+    const QString copy = t.folder.Path(QStringLiteral("copy.xml"));
+    rename(copy);
+    EXPECT_EQ(t.folder.Read(QStringLiteral("copy.xml")), bytes);
+    EXPECT_EQ(t.folder.Read(QStringLiteral("book.xml")), bytes);
+    for (const QString& name :
+         {Root().Text(), Root().Key(), w->Caption, t.app().CurrentFileName, t.frame().cmbAddress().Text()})
+        EXPECT_EQ(name, copy);
+
+    const QString third = t.folder.Write(QStringLiteral("third.xml"), "<mine/>");
+    t.prompts.Answer(Answer::No);
+    rename(third);
+    EXPECT_EQ(t.prompts.boxes.back().text,
+              third + QStringLiteral(" already exists. Do you want to replace it?"));
+    EXPECT_EQ(t.folder.Read(QStringLiteral("third.xml")), QByteArray("<mine/>")) << "the name alone is taken";
+    EXPECT_EQ(w->Caption, third);
+
+    rename(QStringLiteral("http://example.org/a.xml"));
+    EXPECT_EQ(w->Caption, QStringLiteral("http://example.org/a.xml"));
+    rename(w->tvXML.Nodes(1).Child().Key()); // would be another node's key
+    EXPECT_EQ(w->Caption, QStringLiteral("http://example.org/a.xml"));
+}
+
+TEST_F(Tree, DeletingSelectsTheFirstElementThatIsLeft) {
+    Open();
+    const TreeNode second = Element().Child().Next();
+    t.ClickNode(second);
+    t.ChooseMenu(QStringLiteral("mnuDelete"));
+    EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter('x' b))");
+    EXPECT_EQ(w->tvXML.SelectedItem(), Element().Child());
+    EXPECT_EQ(w->UndoPos, 1);
+
+    t.ClickNode(Element().Child().Child()); // the only child: its parent is selected
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(w->tvXML.SelectedItem(), Element().Child());
+    EXPECT_EQ(Nodes(), "xml book(title chapter('x' b))");
+    EXPECT_NE(Text().find("<title></title>"), std::string::npos);
+
+    t.ClickNode(Root());
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(Nodes(), "xml book(title chapter('x' b))") << "the tree root stays";
+}
+
+TEST_F(Tree, EverythingCanBeDeletedAndAddedAnew) {
+    Open();
+    while (Root().Child()) {
+        t.ClickNode(Root().LastChild());
+        Key(Qt::Key_Delete);
+    }
+    EXPECT_EQ(Text(), "");
+    EXPECT_EQ(w->tvXML.SelectedItem(), Root());
+    for (const char* entry : {"mnuNewNodeTextP", "mnuMoveUP", "mnuMoveDown", "mnuDeleteP"})
+        t.frame().RunMenuCommand(QLatin1String(entry));
+    EXPECT_EQ(Nodes(), "");
+    t.frame().RunMenuCommand(QStringLiteral("mnuNewNodeP"));
+    Name("again");
+    EXPECT_EQ(Text(), "<again></again>");
+}
+
+TEST_F(Tree, CommandsWithoutASelectionDoNothing) {
+    Open();
+    w->tvXML.SetSelectedItem({});
+    w->miPopupContext = kContextTree;
+    const std::string before = Nodes();
+    for (const char* entry : {"mnuNewNodeP", "mnuNewCNodeP", "mnuNewNodeTextP", "mnuNewCommentP",
+                              "mnuDeleteP", "mnuEditP", "mnuMoveUP", "mnuMoveDown"})
+        t.frame().RunMenuCommand(QLatin1String(entry));
+    EXPECT_EQ(Nodes(), before);
+    EXPECT_TRUE(t.prompts.boxes.empty());
+}
+
+TEST_F(Tree, AMoveIsACopyWithNewKeysAndTwoStepsOfTheText) {
+    Open();
+    TreeNode chapter = Element().LastChild();
+    const QString key = chapter.Key();
+    chapter.SetExpanded(true);
+    t.ClickNode(chapter);
+    t.ChooseMenu(QStringLiteral("mnuMoveUP"));
+    EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter('x' b) chapter)");
+    const TreeNode moved = w->tvXML.SelectedItem();
+    EXPECT_EQ(moved, Element().Child().Next());
+    EXPECT_NE(moved.Key(), key);
+    EXPECT_EQ(moved.Tag(), QStringLiteral("n=\"2\""));
+    EXPECT_TRUE(moved.Expanded());
+    EXPECT_EQ(moved.LastChild().SelectedImage(), QStringLiteral("openelement"));
+    EXPECT_EQ(w->UndoPos, 2);
+    EXPECT_EQ(w->miPopupContext, kContextTree);
+
+    t.ClickNode(Element().Child());
+    t.ChooseMenu(QStringLiteral("mnuMoveUP"));
+    t.ClickNode(Element().LastChild());
+    t.ChooseMenu(QStringLiteral("mnuMoveDown"));
+    EXPECT_EQ(w->UndoPos, 2) << "at the ends nothing moves";
+    t.ClickNode(Element()); // nothing passes the declaration, nor does it leave its place
+    t.ChooseMenu(QStringLiteral("mnuMoveUP"));
+    t.ClickNode(Root().Child());
+    t.ChooseMenu(QStringLiteral("mnuMoveDown"));
+    EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter('x' b) chapter)");
+}
+
+TEST_F(Tree, ANodeChangesItsLevel) {
+    Open();
+    t.ClickNode(Element().LastChild());
+    t.PressButton(QStringLiteral("tbListEdit"), QStringLiteral("movedownlevel"));
+    EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter(chapter('x' b)))");
+    t.PressButton(QStringLiteral("tbListEdit"), QStringLiteral("moveuplevel"));
+    EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter chapter('x' b))");
+    t.PressButton(QStringLiteral("tbListEdit"), QStringLiteral("moveuplevel"));
+    EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter chapter('x' b))") << "no second root element";
+}
+
+// The views that show follow each command.
+TEST_F(Tree, ListTextAndBrowserFollow) {
+    Open();
+    t.ClickNode(Element());
+    ASSERT_EQ(w->ListView1.Count(), 4);
+    t.ClickNode(Element().LastChild());
+    Key(Qt::Key_Delete);
+    t.ClickNode(Element());
+    EXPECT_EQ(w->ListView1.Count(), 3);
+
+    w->tbsXML.Select(QStringLiteral("browserview"));
+    int shown = 0;
+    w->IE.navigated.connect([&shown] { ++shown; });
+    t.ClickNode(Element().LastChild());
+    const int before = shown;
+    Key(Qt::Key_Delete);
+    EXPECT_GT(shown, before);
+
+    w->tbsXML.Select(QStringLiteral("textview"));
+    t.ClickNode(Element());
+    w->tvXML.StartLabelEdit();
+    w->tvXML.EndLabelEdit(QStringLiteral("novel"));
+    EXPECT_NE(w->rtxtXML.Text().indexOf(QStringLiteral("<novel lang=\"de\">")), -1);
+    EXPECT_EQ(w->rtxtXML.Text(), w->rtxtXML2.Text());
+}
+
+TEST_F(Tree, TheRootStaysOpen) {
+    Open();
+    Root().SetExpanded(false);
+    w->tvXML.Collapse(Root());
+    EXPECT_TRUE(Root().Expanded());
+}
+
+TEST(SchemaTree, OnlyTheDocumentsNameIsALabelToEdit) {
+    TestApp t;
+    DocumentWindow& w =
+        t.OpenText(QStringLiteral("a.xsd"), "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\"/>");
+    w.tvXML.SetSelectedItem(w.tvXML.Nodes(1).Child());
+    EXPECT_FALSE(w.tvXML.StartLabelEdit());
+    w.tvXML.SetSelectedItem(w.tvXML.Nodes(1));
+    EXPECT_TRUE(w.tvXML.StartLabelEdit());
+}
+
+} // namespace
