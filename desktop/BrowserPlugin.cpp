@@ -49,6 +49,7 @@ public:
             settings.setAttribute(attribute, false);
         view_.setPage(&page_);
         view_.setContextMenuPolicy(Qt::NoContextMenu);
+        view_.setAcceptDrops(false); // a dropped file is opened by the frame
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(&view_);

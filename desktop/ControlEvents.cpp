@@ -52,8 +52,12 @@ bool ControlEvents::eventFilter(QObject*, QEvent* event) {
     case QEvent::KeyPress: {
         const auto* key = static_cast<QKeyEvent*>(event);
         pressed_.insert(key->key());
-        if (keyDown)
-            keyDown(key->key(), static_cast<int>(key->modifiers()));
+        if (keyDown) {
+            int code = key->key();
+            keyDown(code, static_cast<int>(key->modifiers()));
+            if (code != key->key())
+                return true;
+        }
         break;
     }
     case QEvent::KeyRelease: {

@@ -13,14 +13,16 @@ class ControlEvents : public QObject {
 public:
     ControlEvents(QWidget& widget, QObject* parent);
     std::function<void()> gotFocus, lostFocus;
-    std::function<void(int key, int modifiers)> keyDown, keyUp;
+    /// A handler that uses a key up changes its code, and the widget doesn't get it.
+    std::function<void(int& key, int modifiers)> keyDown;
+    std::function<void(int key, int modifiers)> keyUp;
 
     /// Raises the events that a control has.
     template <typename Control> void Bind(Control& control) {
         gotFocus = [&control] { control.GotFocus(); };
         lostFocus = [&control] { control.LostFocus(); };
         if constexpr (requires { control.KeyDown; })
-            keyDown = [&control](int key, int modifiers) { control.KeyDown(key, modifiers); };
+            keyDown = [&control](int& key, int modifiers) { control.KeyDown(key, modifiers); };
         keyUp = [&control](int key, int modifiers) { control.KeyUp(key, modifiers); };
     }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/DocumentSubWindow.h"
+#include "core/model/mXMLEdit.h"
 #include "desktop/Glyphs.h"
 #include "desktop/Listen.h"
 #include <QAction>
@@ -10,19 +11,28 @@ DocumentSubWindow::DocumentSubWindow(DocumentWindow& window)
     : window_(&window), view_(new DocumentView(window, this)) {
     setWidget(view_);
     setAttribute(Qt::WA_DeleteOnClose, false);
-    setWindowIcon(NodeIcon(QStringLiteral("xmlroot")).value<QIcon>());
+    setWindowIcon(DocumentIcon());
     // The frame's own menu has the keys; two owners of one key would stop it.
     if (systemMenu())
         for (QAction* action : systemMenu()->actions())
             action->setShortcuts(QList<QKeySequence>());
-    const auto showCaption = [this] {
-        if (!window_)
-            return;
-        QString title = window_->Caption; // "[*]" means something else to a title
-        setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
-    };
-    showCaption();
-    Listen(window.captionChanged, this, showCaption);
+    ShowCaption();
+    Listen(window.captionChanged, this, [this] { ShowCaption(); });
+}
+
+// A minimised window has room for the file's name alone.
+void DocumentSubWindow::ShowCaption() {
+    if (!window_)
+        return;
+    QString title = isMinimized() ? mXMLEdit::GetFSFileName(window_->Caption) : window_->Caption;
+    // "[*]" means something else to a title.
+    setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
+}
+
+void DocumentSubWindow::changeEvent(QEvent* event) {
+    QMdiSubWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange)
+        ShowCaption();
 }
 
 void DocumentSubWindow::Detach() {

@@ -17,8 +17,11 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
+    void ShowCaption();
+
     DocumentWindow* window_;
     DocumentView* view_;
 };

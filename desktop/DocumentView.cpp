@@ -4,9 +4,11 @@
 #include "desktop/BrowserAdapter.h"
 #include "desktop/LineAdapter.h"
 #include "desktop/ListAdapter.h"
+#include "desktop/ListEditing.h"
 #include "desktop/TabAdapter.h"
 #include "desktop/TextAdapter.h"
 #include "desktop/TreeAdapter.h"
+#include "desktop/TreeTip.h"
 #include "desktop/Twips.h"
 #include "ui_frmXMLEdit.h"
 
@@ -14,11 +16,13 @@ struct DocumentView::Adapters {
     Adapters(DocumentWindow& window, const Ui::frmXMLEdit& ui, const QHash<QString, QWidget*>& pages)
         : tree(window.tvXML, *ui.tvXML, nullptr),
           list(window.ListView1, {*ui.listview, *ui.ListView1, *ui.ListView1Icons}, nullptr),
-          text(window.rtxtXML, *ui.rtxtXML, nullptr), text2(window.rtxtXML2, *ui.rtxtXML2, nullptr),
-          path(window.txtXPath, *ui.txtXPath, nullptr), browser(window.IE, *ui.browserview, nullptr),
+          cells(window, *ui.ListView1), text(window.rtxtXML, *ui.rtxtXML, nullptr),
+          text2(window.rtxtXML2, *ui.rtxtXML2, nullptr), path(window.txtXPath, *ui.txtXPath, nullptr),
+          browser(window.IE, *ui.browserview, nullptr),
           tabs(window.tbsXML, *ui.tbsXML, *ui.pages, pages, nullptr) {}
     TreeAdapter tree;
     ListAdapter list;
+    ListEditing cells;
     TextAdapter text, text2;
     LineAdapter path;
     BrowserAdapter browser;
@@ -31,6 +35,7 @@ DocumentView::DocumentView(DocumentWindow& window, QWidget* parent)
     setObjectName(window.kind.Name);
     MakeAdapters();
     ConnectLayout();
+    new TreeTip(*ui_->tvXML, window.app.options);
 }
 
 DocumentView::~DocumentView() = default;
@@ -89,7 +94,9 @@ QWidget* DocumentView::Page() const {
     QWidget* page = ui_->pages->currentWidget();
     if (page == ui_->listview)
         return ui_->listview->currentWidget();
-    return page == ui_->textview ? ui_->rtxtXML : page;
+    if (page != ui_->textview)
+        return page;
+    return window_ && window_->brtxtXML2Focus && !ui_->rtxtXML2->isHidden() ? ui_->rtxtXML2 : ui_->rtxtXML;
 }
 
 void DocumentView::FocusFirst() {
@@ -100,5 +107,10 @@ void DocumentView::FocusFirst() {
 }
 
 std::vector<QWidget*> DocumentView::Panes() const {
-    return {ui_->tvXML, ui_->txtXPath, ui_->tbsXML, Page()};
+    std::vector<QWidget*> panes{ui_->tvXML, ui_->txtXPath, ui_->tbsXML};
+    if (ui_->pages->currentWidget() == ui_->textview && !ui_->rtxtXML2->isHidden())
+        panes.insert(panes.end(), {ui_->rtxtXML, ui_->rtxtXML2});
+    else
+        panes.push_back(Page());
+    return panes;
 }

@@ -9,6 +9,10 @@
 
 namespace {
 
+const QString kMinimise = QStringLiteral("minimise");
+const QString kRestore = QStringLiteral("restore");
+const QString kClose = QStringLiteral("close");
+
 enum class Frame { Square, Round, Sheet, None };
 
 /// What is drawn for one picture.
@@ -17,8 +21,26 @@ struct Drawing {
     Frame frame = Frame::Square;
     QPalette::ColorRole role = QPalette::Text; ///< colour of frame and sign
     bool open = false;                         ///< the frame is filled
+    bool plus = false;                         ///< with a plus: what makes a new one
     bool operator==(const Drawing&) const = default;
 };
+
+/// Signs that are drawn by lines instead of letters.
+const QHash<QString, QList<QPolygonF>>& Lines() {
+    static const QHash<QString, QList<QPolygonF>> lines{
+        {QStringLiteral("<>"), {{{6.7, 5.5}, {4.2, 8}, {6.7, 10.5}}, {{9.3, 5.5}, {11.8, 8}, {9.3, 10.5}}}},
+        {QStringLiteral("</>"),
+         {{{4.5, 4.5}, {1.2, 8}, {4.5, 11.5}},
+          {{11.5, 4.5}, {14.8, 8}, {11.5, 11.5}},
+          {{9.4, 3.5}, {6.6, 12.5}}}},
+        {kMinimise, {{{4, 11.5}, {12, 11.5}}}},
+        {kRestore,
+         {{{6.5, 6}, {6.5, 3.5}, {12.5, 3.5}, {12.5, 9.5}, {10, 9.5}},
+          {{3.5, 6.5}, {9.5, 6.5}, {9.5, 12.5}, {3.5, 12.5}, {3.5, 6.5}}}},
+        {kClose, {{{4, 4}, {12, 12}}, {{12, 4}, {4, 12}}}},
+    };
+    return lines;
+}
 
 class GlyphEngine : public QIconEngine {
 public:
@@ -27,13 +49,17 @@ public:
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         const QPalette palette = QApplication::palette();
-        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const QColor ink =
-            mode == QIcon::Selected ? palette.color(group, QPalette::HighlightedText) : Muted(palette, group);
+        const QColor ink = mode == QIcon::Selected
+                               ? palette.color(QPalette::Active, QPalette::HighlightedText)
+                               : Muted(palette);
         painter->save();
+        if (mode == QIcon::Disabled)
+            painter->setOpacity(kDisabledOpacity);
         painter->setRenderHint(QPainter::Antialiasing);
         painter->translate(rect.topLeft());
         painter->scale(rect.width() / 16.0, rect.height() / 16.0);
+        if (drawing_.plus)
+            PaintPlus(*painter, ink);
         PaintFrame(*painter, ink);
         PaintSign(*painter, ink);
         painter->restore();
@@ -49,8 +75,9 @@ public:
 
 private:
     // A palette's own link colours are loud on so small a thing.
-    QColor Muted(const QPalette& palette, QPalette::ColorGroup group) const {
-        const QColor text = palette.color(group, QPalette::Text), own = palette.color(group, drawing_.role);
+    QColor Muted(const QPalette& palette) const {
+        const QColor text = palette.color(QPalette::Active, QPalette::Text),
+                     own = palette.color(QPalette::Active, drawing_.role);
         const auto mean = [](int a, int b) { return (2 * a + 3 * b) / 5; };
         return QColor(mean(text.red(), own.red()), mean(text.green(), own.green()),
                       mean(text.blue(), own.blue()));
@@ -88,9 +115,9 @@ private:
     void PaintSign(QPainter& painter, const QColor& ink) const {
         painter.setPen(QPen(ink, 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter.setBrush(Qt::NoBrush);
-        if (drawing_.sign == QLatin1String("<>")) {
-            painter.drawPolyline(QPolygonF{{6.7, 5.5}, {4.2, 8}, {6.7, 10.5}});
-            painter.drawPolyline(QPolygonF{{9.3, 5.5}, {11.8, 8}, {9.3, 10.5}});
+        if (const auto lines = Lines().constFind(drawing_.sign); lines != Lines().constEnd()) {
+            for (const QPolygonF& line : *lines)
+                painter.drawPolyline(line);
             return;
         }
         QFont font = QApplication::font();
@@ -98,6 +125,17 @@ private:
         font.setPixelSize(drawing_.frame == Frame::None ? 13 : drawing_.sign.size() > 1 ? 8 : 10);
         painter.setFont(font);
         painter.drawText(QRectF(0, 0, 16, 16), Qt::AlignCenter, drawing_.sign);
+    }
+
+    // In the lower right corner, with some air around it; what comes behind it stays out of there.
+    static void PaintPlus(QPainter& painter, const QColor& ink) {
+        painter.setPen(QPen(ink, 1.6));
+        painter.drawLine(QPointF(13, 10.2), QPointF(13, 15.8));
+        painter.drawLine(QPointF(10.2, 13), QPointF(15.8, 13));
+        QPainterPath rest, corner;
+        rest.addRect(0, 0, 16, 16);
+        corner.addRect(9.2, 9.2, 7, 7);
+        painter.setClipPath(rest.subtracted(corner));
     }
 
     Drawing drawing_;
@@ -168,6 +206,30 @@ QVariant RowIcon(int kind) {
     }
 }
 
+QIcon NewNodeIcon(const QString& picture) {
+    auto drawing = DrawingOf(picture);
+    if (!drawing)
+        return {};
+    drawing->plus = true;
+    return MakeIcon(*drawing);
+}
+
 QIcon SignIcon(const QString& sign) {
-    return MakeIcon({sign, Frame::None, QPalette::ButtonText, false});
+    return MakeIcon({sign, Frame::None, QPalette::ButtonText});
+}
+
+QIcon DocumentIcon() {
+    return MakeIcon({QStringLiteral("<>"), Frame::Sheet, QPalette::Text});
+}
+
+QIcon TitleIcon(TitleButton button) {
+    switch (button) {
+    case TitleButton::Minimise:
+        return SignIcon(kMinimise);
+    case TitleButton::Restore:
+        return SignIcon(kRestore);
+    case TitleButton::Close:
+        break;
+    }
+    return SignIcon(kClose);
 }

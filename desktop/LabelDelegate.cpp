@@ -16,10 +16,20 @@ LabelDelegate::LabelDelegate(QObject* parent, std::function<void()> givenUp) : Q
             });
 }
 
+void LabelDelegate::Finish() {
+    const QPointer<QWidget> editor = editor_;
+    if (!editor)
+        return;
+    Q_EMIT commitData(editor);
+    if (editor)
+        Q_EMIT closeEditor(editor, NoHint);
+}
+
 QWidget* LabelDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex&) const {
     auto editor = std::make_unique<QLineEdit>(parent);
     editor->setMaxLength(std::numeric_limits<int>::max());
     editor->setFrame(true);
+    editor_ = editor.get();
     return editor.release();
 }
 

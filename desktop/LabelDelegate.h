@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include <QPointer>
 #include <QStyledItemDelegate>
 #include <functional>
 
@@ -8,8 +9,13 @@
 class LabelDelegate : public QStyledItemDelegate {
 public:
     explicit LabelDelegate(QObject* parent, std::function<void()> givenUp);
+    /// Hands in what was typed so far and closes the editor, if one is open.
+    void Finish();
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
+
+private:
+    mutable QPointer<QWidget> editor_;
 };

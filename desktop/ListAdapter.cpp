@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/ListAdapter.h"
 #include "desktop/Glyphs.h"
+#include "desktop/LabelDelegate.h"
 #include "desktop/Twips.h"
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
@@ -28,6 +30,11 @@ ListAdapter::ListAdapter(controls::ListView& model, const ListWidgets& widgets, 
     Listen(model.selectionChanged, this, [this] { ShowSelected(); });
     Listen(model.viewChanged, this, [this] { ShowView(); });
     Listen(model.focusRequested, this, [this] { Shown().setFocus(Qt::OtherFocusReason); });
+    auto* const labels = new LabelDelegate(this, [this] { model_.CancelLabelEdit(); });
+    widgets.report.setItemDelegateForColumn(0, labels);
+    widgets.icons.setItemDelegate(labels);
+    Listen(model.labelEditFinish, labels, [labels] { labels->Finish(); });
+    Listen(model.labelEditStarted, this, [this](int row) { Shown().edit(rows_.index(row - 1, 0)); });
     ShowColumns();
     ShowView();
     ShowSelected();
@@ -43,6 +50,7 @@ void ListAdapter::ConnectView(QAbstractItemView& view) {
     view.setModel(&rows_);
     const std::unique_ptr<QItemSelectionModel> own(view.selectionModel());
     view.setSelectionModel(&selection_);
+    view.installEventFilter(this);
     view.viewport()->installEventFilter(this);
     connect(&view, &QAbstractItemView::doubleClicked, this, [this] { model_.DblClick(); });
 }
@@ -65,7 +73,8 @@ void ListAdapter::UserSelected(const QItemSelection& selected, const QItemSelect
                 model_.SetSelected(row + 1, on);
     };
     const int current = selection_.currentIndex().isValid() ? selection_.currentIndex().row() + 1 : 0;
-    if (current != model_.SelectedItem()) {
+    const bool onlyCursor = model_.SelectedItem() == 0 && !selection_.hasSelection();
+    if (current != model_.SelectedItem() && !onlyCursor) {
         model_.SetSelectedItem(current);
         if (current > 0) // it may be current without being selected
             model_.SetSelected(current, selection_.isRowSelected(current - 1, {}));
@@ -74,7 +83,19 @@ void ListAdapter::UserSelected(const QItemSelection& selected, const QItemSelect
     take(selected, true);
 }
 
+// A view that gets the focus puts its cursor on the first row without selecting it. To the list nothing is
+// current then, and the first Down is to select that row instead of passing it over.
+void ListAdapter::KeyPressed(const QKeyEvent& event) {
+    const bool plain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (event.key() != Qt::Key_Down || !plain || model_.SelectedItem() > 0 || selection_.hasSelection())
+        return;
+    const QScopedValueRollback guard(updating_, updating_ + 1);
+    selection_.clearCurrentIndex();
+}
+
 bool ListAdapter::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && watched == &Shown())
+        KeyPressed(*static_cast<QKeyEvent*>(event));
     if (event->type() == QEvent::MouseButtonRelease && watched == Shown().viewport())
         MouseReleased(static_cast<QMouseEvent*>(event)->pos());
     return false;
@@ -93,9 +114,13 @@ void ListAdapter::ShowSelected() {
     const QScopedValueRollback guard(updating_, updating_ + 1);
     QItemSelection selection;
     const int last = rows_.columnCount() - 1;
-    for (int i = 1, end = model_.Count(); i <= end; ++i)
-        if (model_.Item(i).Selected)
-            selection.append(QItemSelectionRange(rows_.index(i - 1, 0), rows_.index(i - 1, last)));
+    const std::vector<int> selected = model_.SelectedRows();
+    for (std::size_t from = 0, to = 0; from < selected.size(); from = to) {
+        for (to = from + 1; to < selected.size() && selected[to] == selected[to - 1] + 1; ++to) {
+        }
+        selection.append(
+            QItemSelectionRange(rows_.index(selected[from] - 1, 0), rows_.index(selected[to - 1] - 1, last)));
+    }
     selection_.select(selection, QItemSelectionModel::ClearAndSelect);
     const int current = model_.SelectedItem();
     const QModelIndex index = current > 0 ? rows_.index(current - 1, 0) : QModelIndex();

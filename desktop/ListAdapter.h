@@ -27,6 +27,7 @@ private:
     QAbstractItemView& Shown() const;
     void ConnectView(QAbstractItemView& view);
     void UserSelected(const QItemSelection& selected, const QItemSelection& deselected);
+    void KeyPressed(const QKeyEvent& event);
     void MouseReleased(const QPoint& place);
     void ShowSelected();
     void ShowView();

@@ -169,6 +169,8 @@ void MainWindow::FormRemoved(DocumentWindow* window) {
 }
 
 void MainWindow::ActiveFormChanged(DocumentWindow* window) {
+    if (clicked_)
+        return;
     const QScopedValueRollback guard(following_, true);
     DocumentSubWindow* sub = SubWindow(window);
     if (!sub)
@@ -181,8 +183,10 @@ void MainWindow::ActiveFormChanged(DocumentWindow* window) {
 // The area tells of null when another program is in front: the document stays the active one.
 void MainWindow::SubWindowActivated(QMdiSubWindow* window) {
     const auto* sub = qobject_cast<DocumentSubWindow*>(window);
-    if (!following_ && sub && sub->Window() && sub->Window() != frame_.ActiveForm())
-        frame_.ActivateForm(sub->Window());
+    if (following_ || !sub || !sub->Window() || sub->Window() == frame_.ActiveForm())
+        return;
+    const QScopedValueRollback guard(clicked_, true);
+    frame_.ActivateForm(sub->Window());
 }
 
 void MainWindow::ShowPopup(const QPoint& globalPlace) {
@@ -201,9 +205,17 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->setAccepted(frame_.QueryUnload());
 }
 
+// A file manager proposes to move a file, and takes it away when that is accepted: a drop only opens it.
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!DroppedNames(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    if (DroppedNames(*event->mimeData()).isEmpty())
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void MainWindow::dragMoveEvent(QDragMoveEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {

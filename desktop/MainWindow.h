@@ -27,6 +27,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
@@ -47,5 +48,6 @@ private:
     QMenu* popup_ = nullptr;
     QComboBox* address_ = nullptr;
     bool following_ = false; ///< the frame changes its windows: the area's signals aren't the user's
+    bool clicked_ = false;   ///< the frame follows a click: the area shows the window already, an icon as one
     bool painted_ = false;
 };

@@ -39,8 +39,7 @@ QAction* MenuAdapter::MakeAction(controls::MenuItem& item, QObject* owner) {
     auto* action = new QAction(owner);
     action->setObjectName(item.Name);
     action->setMenuRole(QAction::NoRole);
-    if (!item.Icon.isEmpty())
-        action->setIcon(QIcon::fromTheme(item.Icon));
+    action->setIcon(ThemeIcon(item.Icon));
     action->setShortcut(QKeySequence(item.Shortcut, QKeySequence::PortableText));
     connect(action, &QAction::triggered, this, [&item] { item.Click(); });
     Follow(item, *action);

@@ -3,6 +3,8 @@
 #include "desktop/Glyphs.h"
 #include <QApplication>
 #include <QFile>
+#include <QIconEngine>
+#include <QPainter>
 #include <QPalette>
 
 namespace {
@@ -13,6 +15,41 @@ bool HasTheme(const QString& name) {
         return QFile::exists(path + QLatin1Char('/') + name + QStringLiteral("/index.theme"));
     });
 }
+
+/// A theme's icon that is pale where it can't be chosen.
+class PalingEngine : public QIconEngine {
+public:
+    explicit PalingEngine(QIcon icon) : icon_(std::move(icon)) {}
+    QIconEngine* clone() const override { return new PalingEngine(*this); }
+    QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State state) override {
+        return icon_.actualSize(size, QIcon::Normal, state);
+    }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
+        const double before = painter->opacity();
+        if (mode == QIcon::Disabled)
+            painter->setOpacity(before * kDisabledOpacity);
+        icon_.paint(painter, rect, Qt::AlignCenter, mode == QIcon::Disabled ? QIcon::Normal : mode, state);
+        painter->setOpacity(before);
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        return scaledPixmap(size, mode, state, 1);
+    }
+
+    /// `size` in the screen's own pixels, `scale` of them to a pixel of the program's.
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal scale) override {
+        QPixmap pixmap(size);
+        pixmap.setDevicePixelRatio(scale);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(), (QSizeF(size) / scale).toSize()), mode, state);
+        return pixmap;
+    }
+
+private:
+    QIcon icon_;
+};
 
 } // namespace
 
@@ -36,7 +73,7 @@ void ChooseIconTheme() {
     QIcon::setThemeName(none ? ours : suited(given));
 }
 
-QIcon ThemeIcon(const QString& name, const QString& caption) {
+QIcon ThemeIcon(const QString& name) {
     const QIcon icon = name.isEmpty() ? QIcon() : QIcon::fromTheme(name);
-    return icon.isNull() ? SignIcon(caption.left(1)) : icon;
+    return icon.isNull() ? QIcon() : QIcon(new PalingEngine(icon));
 }

@@ -7,5 +7,5 @@
 /// light as the palette is. Also the theme for icons that the desktop's own theme doesn't have.
 void ChooseIconTheme();
 
-/// The theme's icon by name; where no theme has it, the first letter of `caption` as a sign.
-QIcon ThemeIcon(const QString& name, const QString& caption);
+/// The theme's icon by name, pale where it can't be chosen; null where no theme has it.
+QIcon ThemeIcon(const QString& name);

@@ -8,15 +8,34 @@
 
 namespace {
 
-// Buttons that insert a character's entity show the character.
-QIcon ButtonIcon(const controls::ToolButton& button) {
+const QHash<QString, QString>& Signs() {
     static const QHash<QString, QString> signs{
         {QStringLiteral("quote"), QStringLiteral("\"")}, {QStringLiteral("apostraphe"), QStringLiteral("'")},
         {QStringLiteral("lt"), QStringLiteral("<")},     {QStringLiteral("gt"), QStringLiteral(">")},
-        {QStringLiteral("amp"), QStringLiteral("&")},
+        {QStringLiteral("amp"), QStringLiteral("&")},    {QStringLiteral("closetag"), QStringLiteral("</>")},
     };
-    const auto sign = signs.constFind(button.Key);
-    return sign != signs.constEnd() ? SignIcon(*sign) : ThemeIcon(button.Icon, button.ToolTip);
+    return signs;
+}
+
+/// The node that a button makes, by its picture in the tree.
+const QHash<QString, QString>& NewNodes() {
+    static const QHash<QString, QString> nodes{
+        {QStringLiteral("newelement"), QStringLiteral("element")},
+        {QStringLiteral("newattribute"), QStringLiteral("attribute")},
+        {QStringLiteral("newcomment"), QStringLiteral("comment")},
+        {QStringLiteral("newtext"), QStringLiteral("text")},
+    };
+    return nodes;
+}
+
+// What no icon theme has a picture for is drawn: what a button writes, or the node that it makes.
+QIcon ButtonIcon(const controls::ToolButton& button) {
+    if (const auto sign = Signs().constFind(button.Key); sign != Signs().constEnd())
+        return SignIcon(*sign);
+    if (const auto node = NewNodes().constFind(button.Key); node != NewNodes().constEnd())
+        return NewNodeIcon(*node);
+    const QIcon icon = ThemeIcon(button.Icon);
+    return icon.isNull() ? SignIcon(button.ToolTip.left(1)) : icon;
 }
 
 } // namespace

@@ -39,7 +39,9 @@ TreeAdapter::TreeAdapter(controls::TreeView& model, QTreeView& widget, QObject* 
 }
 
 void TreeAdapter::ConnectLabels() {
-    widget_.setItemDelegate(new LabelDelegate(this, [this] { model_.CancelLabelEdit(); }));
+    auto* const labels = new LabelDelegate(this, [this] { model_.CancelLabelEdit(); });
+    widget_.setItemDelegate(labels);
+    Listen(model_.labelEditFinish, labels, [labels] { labels->Finish(); });
     Listen(model_.labelEditStarted, this,
            [this](const TreeNode& node) { widget_.edit(rows_.IndexOf(node)); });
 }

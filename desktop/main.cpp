@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/Application.h"
+#include "desktop/FrameStyle.h"
 #include "desktop/GivenNames.h"
 #include "desktop/MainWindow.h"
 #include "desktop/QtProgress.h"
@@ -44,6 +45,7 @@ int main(int argumentCount, char** arguments) {
     PrepareWebEngine();
     VantrelApplication qt(argumentCount, arguments);
     QApplication::setApplicationName(QStringLiteral("vantrel"));
+    QApplication::setStyle(new FrameStyle); // the application owns it
     ChooseIconTheme();
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("text-xml")));
 

@@ -2,6 +2,7 @@
 #include "core/model/m_tvXML.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
+#include "nodes/ListEditor.h"
 #include "nodes/TreeCommands.h"
 
 // Adding nodes to the tree.
@@ -38,6 +39,16 @@ TreeNode BelowTheRoot(DocumentWindow& window, TreeNode selected) {
 void EditNewName(DocumentWindow& window, TreeNode node) {
     if (!window.tvXML.StartLabelEdit() && node && node.TextView().isEmpty())
         node.SetText(QStringLiteral("Unnamed"));
+}
+
+// The list that shows the new node lets its value be typed at once.
+void EditInList(DocumentWindow& window, int row) {
+    if (window.tbsXML.SelectedKey() != QStringLiteral("listview") || row < 1 ||
+        row > window.ListView1.Count())
+        return;
+    window.ListView1.ClearSelected();
+    window.ListView1.SetSelectedItem(row);
+    EditListViewAttribute(window);
 }
 
 void Report(DocumentWindow& window, const text::Fault& fault, const char* routine) {
@@ -124,8 +135,10 @@ QString AddNewTreeNodeText(DocumentWindow& window, bool noEdit, bool asChild, co
             window.tvXML.SetSelectedItem(selected.Parent());
         window.bTreeChanged = true;
         TreeChangeTextView(window);
-        if (!noEdit)
+        if (!noEdit) {
             DoTree(window);
+            EditInList(window, window.ListView1.IndexOf(key));
+        }
     } catch (const text::Fault& fault) {
         Report(window, fault, "AddNewTreeNodeText");
     }
@@ -147,6 +160,7 @@ QString AddNewTreeCommentNode(DocumentWindow& window, bool noEdit, const QString
         if (!noEdit) {
             window.tvXML.SetSelectedItem(added);
             DoTree(window);
+            EditInList(window, 1);
         }
     } catch (const text::Fault& fault) {
         Report(window, fault, "AddNewTreeCommentNode");

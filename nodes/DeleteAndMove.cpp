@@ -3,6 +3,7 @@
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
 #include "nodes/CopyNodes.h"
+#include "nodes/ListCommands.h"
 #include "nodes/TreeCommands.h"
 
 // Deleting nodes, and moving them among their siblings.
@@ -96,14 +97,25 @@ void SetNodeAsChild(DocumentWindow& window) try {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".SetNodeAsChild"));
 }
 
-void MoveUp(DocumentWindow& window) {
-    MoveUpDownOneNodeAtTree(window, true);
+namespace {
+
+void MoveUpOrDown(DocumentWindow& window, bool up) {
+    if (window.miPopupContext == kContextList) {
+        MoveUpDownOneItemAtListView(window, up);
+        return;
+    }
+    MoveUpDownOneNodeAtTree(window, up);
     window.miPopupContext = kContextTree;
 }
 
+} // namespace
+
+void MoveUp(DocumentWindow& window) {
+    MoveUpOrDown(window, true);
+}
+
 void MoveDown(DocumentWindow& window) {
-    MoveUpDownOneNodeAtTree(window, false);
-    window.miPopupContext = kContextTree;
+    MoveUpOrDown(window, false);
 }
 
 void GoBackToTreeUpLevel(DocumentWindow& window) {

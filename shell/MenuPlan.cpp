@@ -21,6 +21,15 @@ void MenuPlan::DisableAllMenuItem() {
             states_[item->Name] = false;
 }
 
+void MenuPlan::EnableAllPopupItem() {
+    for (const auto& item : frame_.Menu(QStringLiteral("mnuPopup")).Items) {
+        if (item->separator)
+            continue;
+        states_[item->Name] = true;
+        shown_[item->Name] = true;
+    }
+}
+
 void MenuPlan::Enable(std::initializer_list<const char*> names) {
     for (const char* name : names)
         states_[QLatin1String(name)] = true;

@@ -12,6 +12,7 @@ public:
 
     void EnableAllMenuItem();  ///< but for the entries that insert schema elements
     void DisableAllMenuItem(); ///< likewise
+    void EnableAllPopupItem(); ///< the context menu's entries, which a situation may have hidden: shown again
     void Set(const QString& name, bool enabled) { states_[name] = enabled; }
     void Enable(std::initializer_list<const char*> names);
     void Disable(std::initializer_list<const char*> names);

@@ -135,6 +135,7 @@ void SetSchemaFormActivatedMenu(MenuPlan& plan) {
 
 void CommonStep(MenuPlan& plan, const DocumentWindow& window) {
     plan.EnableAllMenuItem();
+    plan.EnableAllPopupItem();
     if (window.kind.schema)
         SetSchemaFormActivatedMenu(plan);
     else
@@ -168,6 +169,22 @@ void EnableMenuSTreeRootSelected(MenuPlan& plan, const Target& target) {
         plan.ShowSchemaMenuItem(QStringLiteral("mnuNewSSchema"));
 }
 
+/// The situation of a window that nobody has touched since it came to the front: that of the tree, or of the
+/// view beside it when that was in use last.
+MenuSituation SituationOf(DocumentWindow& window) {
+    if (window.miCurrentView == kViewBrowser || window.miCurrentView == kViewSchema)
+        return MenuSituation::ViewWithoutEditing;
+    if (window.miPopupContext == 0 || window.miPopupContext == kContextTree)
+        return m_tvXML::IsTreeRoot(window.tvXML.SelectedItem()) ? MenuSituation::TreeRoot
+                                                                : MenuSituation::TreeNode;
+    if (window.miCurrentView == kViewText)
+        return window.TextInUse().SelLength() > 0 ? MenuSituation::TextSelected
+                                                  : MenuSituation::TextUnselected;
+    if (window.miCurrentView == kViewTable)
+        return MenuSituation::TableUnselected;
+    return window.ListView1.SelectedItem() > 0 ? MenuSituation::ListSelected : MenuSituation::ListUnselected;
+}
+
 } // namespace
 
 void frmMDIMain::SetMenuSituation(MenuSituation situation) {
@@ -190,7 +207,5 @@ void frmMDIMain::SetMenuSituation(MenuSituation situation) {
 }
 
 void frmMDIMain::SetFormActivatedMenu(DocumentWindow& window) {
-    MenuPlan plan(*this);
-    CommonStep(plan, window);
-    plan.Apply();
+    SetMenuSituation(SituationOf(window));
 }

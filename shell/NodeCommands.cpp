@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/NodeCommands.h"
 #include "core/sync/Views.h"
+#include "nodes/ListCommands.h"
+#include "nodes/ListEditor.h"
 #include "nodes/TreeCommands.h"
 
 namespace {
@@ -56,6 +58,11 @@ void NewTreeNodeText(DocumentWindow& window) {
 void NewTreeCommentNode(DocumentWindow& window) {
     AddNewTreeCommentNode(window);
 }
+// The list takes the attribute, and the keys.
+void NewAttribute(DocumentWindow& window) {
+    window.ListView1.SetFocus();
+    AddNewListViewAttribute(window);
+}
 void DeleteInTree(DocumentWindow& window) {
     DeleteTreeNode(window);
     DoTree(window);
@@ -65,18 +72,23 @@ void DeleteInTree(DocumentWindow& window) {
 // -------------------------------------------------------------------------------------------
 
 // Elements, texts and comments that are added from the table go beside the current node of the tree.
-constexpr Forms kNewNode{.tree = NewTreeNode, .table = NewTreeNode};
-constexpr Forms kNewChild{.tree = NewTreeSubNode, .table = NewTreeSubNode};
-constexpr Forms kNewText{.tree = NewTreeNodeText, .table = NewTreeNodeText};
-constexpr Forms kNewComment{.tree = NewTreeCommentNode, .table = NewTreeCommentNode};
-constexpr Forms kDelete{.tree = DeleteInTree};
-constexpr Forms kRename{.tree = EditTreeNode};
+constexpr Forms kNewNode{.tree = NewTreeNode, .list = AddNewListViewNode, .table = NewTreeNode};
+constexpr Forms kNewChild{.tree = NewTreeSubNode, .list = AddNewListViewChildNode, .table = NewTreeSubNode};
+constexpr Forms kNewText{.tree = NewTreeNodeText, .list = AddNewListViewNodeText, .table = NewTreeNodeText};
+constexpr Forms kNewComment{
+    .tree = NewTreeCommentNode, .list = AddNewListViewCommentNode, .table = NewTreeCommentNode};
+constexpr Forms kNewAttribute{.tree = NewAttribute, .list = AddNewListViewAttribute};
+constexpr Forms kDelete{.tree = DeleteInTree, .list = DeleteListViewItems};
+constexpr Forms kRename{.tree = EditTreeNode, .list = EditListViewItemName};
+constexpr Forms kEditValue{.tree = EditListViewAttribute, .list = EditListViewAttribute};
 
 constexpr NodeCommand kCommands[] = {
     {{"mnuNewNode", "mnuNewNodeP"}, nullptr, nullptr, ByContext<kNewNode>},
     {{"mnuNewCNode", "mnuNewCNodeP"}, nullptr, nullptr, ByContext<kNewChild>},
     {{"mnuNewNodeText", "mnuNewNodeTextP"}, "tbListEdit", "newtext", ByContext<kNewText>},
     {{"mnuNewComment", "mnuNewCommentP"}, "tbListEdit", "newcomment", ByContext<kNewComment>},
+    {{"mnuNewAttr", "mnuNewAttrP"}, "tbListEdit", "newattribute", ByContext<kNewAttribute>},
+    {{"mnuEditValue", "mnuEditAttrP"}, nullptr, nullptr, ByContext<kEditValue>},
     {{"mnuDelete", "mnuDeleteP"}, "tbCommonEdit", "delete", ByContext<kDelete>},
     {{"mnuEditName", "mnuEditP"}, nullptr, nullptr, ByContext<kRename>},
     {{"mnuMoveUP"}, "tbListEdit", "moveup", MoveUp},

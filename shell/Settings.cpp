@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Settings.h"
 #include "platform/text/TextTools.h"
+#include <QCoreApplication>
 
 namespace {
 
@@ -44,6 +45,12 @@ void ReadLengths(const Reader& reader, Options& options) {
         options.TreeNodeTextShowLength = kDefaultToolTipLength;
 }
 
+QString ApplicationFolder() {
+    const QString folder = text::Trim(QCoreApplication::applicationDirPath());
+    const bool complete = folder.isEmpty() || folder.endsWith(u'/') || folder.endsWith(u'\\');
+    return complete ? folder : folder + u'/';
+}
+
 } // namespace
 
 void ReadSettings(Application& app) {
@@ -65,4 +72,5 @@ void ReadSettings(Application& app) {
     if (debug.isEmpty())
         store.Save(QLatin1String(kOptionsSection), QStringLiteral("Debug"), QStringLiteral("0"));
     options.Debug = debug == QLatin1String("1");
+    options.ApplicationFolder = ApplicationFolder();
 }

@@ -29,11 +29,11 @@ constexpr ButtonRow kCommonEdit[] = {
 };
 
 constexpr ButtonRow kListEdit[] = {
-    {"uponelevel", "Go To Parent Node", "go-up"},
-    {"newelement", "New Element", "list-add"},
-    {"newattribute", "New Attribute", "bookmark-new"},
-    {"newcomment", "New Comment", "insert-text"},
-    {"newtext", "New Node Text", "format-text-bold"},
+    {"uponelevel", "Go To Parent Node", "go-parent-folder"},
+    {"newelement", "New Element", ""},
+    {"newattribute", "New Attribute", ""},
+    {"newcomment", "New Comment", ""},
+    {"newtext", "New Node Text", ""},
     {"moveup", "Move Up", "arrow-up"},
     {"movedown", "Move Down", "arrow-down"},
     {"moveuplevel", "Set Node As Parent", "format-indent-less"},
@@ -43,7 +43,7 @@ constexpr ButtonRow kListEdit[] = {
 
 // The key "apostraphe" is spelled so.
 constexpr ButtonRow kTextEdit[] = {
-    {"closetag", "Close Tag", "insert-object"},
+    {"closetag", "Close Tag", ""},
     {"validate", "Validate XML", "dialog-ok-apply"},
     {"quote", "&quot;", ""},
     {"apostraphe", "&apos;", ""},

@@ -46,7 +46,17 @@ bool CanGoUp(const DocumentWindow& window) {
     return node && !m_tvXML::IsTreeRoot(node);
 }
 
+void SetEntities(frmMDIMain& frame, bool enabled) {
+    controls::Toolbar& entities = frame.ToolbarByName(QStringLiteral("tbTextEdit"));
+    for (const char* key : {"quote", "apostraphe", "lt", "gt", "amp"})
+        entities.Button(QLatin1String(key)).SetEnabled(enabled);
+}
+
 } // namespace
+
+void frmMDIMain::EnableEntitiesToolbar() {
+    SetEntities(*this, true);
+}
 
 void frmMDIMain::SetToolBar() {
     const DocumentWindow* window = ActiveForm();
@@ -70,9 +80,7 @@ void frmMDIMain::SetToolBar() {
         .SetEnabled(list && (Menu(QStringLiteral("mnuNewCNode")).Enabled() ||
                              Menu(QStringLiteral("mnuNewNode")).Enabled()));
 
-    controls::Toolbar& entities = ToolbarByName(QStringLiteral("tbTextEdit"));
-    for (const char* key : {"quote", "apostraphe", "lt", "gt", "amp"})
-        entities.Button(QLatin1String(key)).SetEnabled(textView);
+    SetEntities(*this, textView || (window && window->mbIsEditValue));
 
     // "go" is enabled by the address alone.
     controls::Toolbar& navigate = ToolbarByName(QStringLiteral("tbNavigate"));

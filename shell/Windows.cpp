@@ -7,6 +7,7 @@
 #include "platform/text/TextTools.h"
 #include "shell/frmMDIMain.h"
 #include "textview/fill/FillText.h"
+#include <QScopeGuard>
 #include <algorithm>
 
 DocumentWindow* frmMDIMain::ActiveForm() {
@@ -64,12 +65,27 @@ template <typename Form> void frmMDIMain::NewFile(const FetchedText& text, const
         if (found)
             return;
     }
-    FinishTextEdit();
-    app_.CurrentFileName = name;
-    DocumentWindow& window = MakeForm<Form>(name);
-    FillWindow(window, text);
-    formAdded(&window);
+    LeaveActiveForm();
+    const QString before = std::exchange(app_.CurrentFileName, name);
+    DocumentWindow* window = nullptr;
+    // A window that didn't come about goes again, and the one before it is in hand as if nothing had been
+    // tried: nobody sees the half-made one, but a save would ask for the active form.
+    auto brokenOff = qScopeGuard([&] {
+        app_.CurrentFileName = before;
+        if (!window)
+            return;
+        Forget(*window);
+        if (DocumentWindow* active = ActiveForm())
+            SetFormActivatedMenu(*active);
+        else
+            SetMenuSituation(MenuSituation::NoForm);
+        activeFormChanged(ActiveForm());
+    });
+    window = &MakeForm<Form>(name);
+    FillWindow(*window, text);
+    formAdded(window);
     AnnounceActive();
+    brokenOff.dismiss();
 }
 
 void frmMDIMain::NewXMLFile(const FetchedText& text, const QString& fileName) {
@@ -127,11 +143,16 @@ void frmMDIMain::mnuFileMRU_Click(int index) {
 
 // --- order ----------------------------------------------------------------------------------------------
 
-// A text that was typed reaches its tree before another document is in hand: the tree's root takes the name
-// in hand.
-void frmMDIMain::FinishTextEdit() {
+// The message on the document in hand doesn't stay for the next one. A text that was typed reaches its tree
+// before another document is in hand, since the tree's root takes the name in hand; what that has to say is
+// still to be read.
+void frmMDIMain::LeaveActiveForm() {
+    statusBar_.SetPanel(1, {});
     DocumentWindow* active = ActiveForm();
-    if (!active || !active->bTextChanged)
+    if (!active)
+        return;
+    FinishEdits(*active);
+    if (!active->bTextChanged)
         return;
     const QString name = std::exchange(app_.CurrentFileName, active->Caption);
     LeaveTextView(*active);
@@ -145,17 +166,22 @@ void frmMDIMain::BringToFront(DocumentWindow& window) {
 
 void frmMDIMain::AnnounceActive() {
     DocumentWindow* active = ActiveForm();
-    if (active)
+    statusBar_.SetPanel(2, {});
+    if (active) {
         Form_Activate(*active);
-    else
+        SetFormActivatedMenu(*active); // the root is the current node now
+        if (active->miCurrentView == kViewText)
+            ShowCursorPosition(*active);
+    } else {
         SetMenuSituation(MenuSituation::NoForm);
+    }
     activeFormChanged(active);
 }
 
 void frmMDIMain::ActivateForm(DocumentWindow* window) {
     if (!window || window == ActiveForm())
         return;
-    FinishTextEdit();
+    LeaveActiveForm();
     BringToFront(*window);
     AnnounceActive();
 }
@@ -166,7 +192,7 @@ void frmMDIMain::NextWindow() {
             ShowForm(*windowOrder_.front());
         return;
     }
-    FinishTextEdit();
+    LeaveActiveForm();
     std::rotate(windowOrder_.begin(), windowOrder_.begin() + 1, windowOrder_.end());
     AnnounceActive();
 }
@@ -174,13 +200,17 @@ void frmMDIMain::NextWindow() {
 // --- saving ---------------------------------------------------------------------------------------------
 
 void frmMDIMain::mnuFileSave_Click() {
-    if (DocumentWindow* window = ActiveForm())
+    if (DocumentWindow* window = ActiveForm()) {
+        FinishEdits(*window);
         SaveXMLFile(*window, false, false);
+    }
 }
 
 void frmMDIMain::mnuFileSaveAs_Click() {
-    if (DocumentWindow* window = ActiveForm())
+    if (DocumentWindow* window = ActiveForm()) {
+        FinishEdits(*window);
         SaveAs(*window);
+    }
 }
 
 // The list has one empty entry from the start and nothing joins it, so no window is saved: who asks for all
@@ -200,11 +230,10 @@ bool frmMDIMain::CloseForm(DocumentWindow* window) {
     ActivateForm(window);
     bool cancel = false;
     Form_Unload(*window, cancel);
-    if (cancel) {
-        SetToolBar(); // the closing may have set it for no window already
+    if (cancel)
         return false;
-    }
     Forget(*window);
+    statusBar_.SetPanel(1, {}); // it was about the window that is gone
     AnnounceActive();
     return true;
 }

@@ -72,6 +72,7 @@ public:
     void SetMenuSituation(MenuSituation situation) override;
     void SetFormActivatedMenu(DocumentWindow& window) override;
     void SetToolBar() override;
+    void EnableEntitiesToolbar() override;
     void RunMenuCommand(const QString& entry) override;
     void UpdateFileMenu(const QString& name) override;
     void AddToList(const QString& name) override;

@@ -6,6 +6,8 @@
 #include "core/sync/Files.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
+#include "nodes/ListCommands.h"
+#include "nodes/ListEditor.h"
 #include "nodes/TreeCommands.h"
 
 namespace {
@@ -147,18 +149,60 @@ void ListView1_DblClick(DocumentWindow& window) {
     DoTree(window);
 }
 
+struct ListKey {
+    int key;
+    bool control;
+    void (*run)(DocumentWindow&);
+};
+template <int view> void ShowAs(DocumentWindow& window) {
+    SetListViewStyle(window, view);
+}
+constexpr ListKey kListKeys[] = {
+    {Qt::Key_Tab, false, EditListViewAttribute},    {Qt::Key_Right, false, EditListViewAttribute},
+    {Qt::Key_Delete, false, DeleteListViewItems},   {Qt::Key_A, true, SelectAllAtListView},
+    {Qt::Key_Q, true, ShowAs<controls::lvwReport>}, {Qt::Key_W, true, ShowAs<controls::lvwIcon>},
+    {Qt::Key_E, true, ShowAs<controls::lvwList>},   {Qt::Key_R, true, ShowAs<controls::lvwSmallIcon>},
+};
+
+void ListView1_KeyUp(DocumentWindow& window, int key, int modifiers) {
+    const bool control = (modifiers & static_cast<int>(Qt::ControlModifier)) != 0;
+    for (const ListKey& one : kListKeys) {
+        if (one.key == key && one.control == control)
+            one.run(window);
+    }
+    if (key == kKeyReturn || key == kKeyEnter)
+        window.tvXML.SetFocus();
+    if (window.app.frame)
+        ShowNodePath(window, window.app.frame->StatusBar1());
+    window.miPopupContext = kContextList;
+}
+
 void ConnectList(DocumentWindow& window) {
     controls::ListView& list = window.ListView1;
     list.GotFocus.connect([&window] { ListView1_Attention(window); });
     list.Click.connect([&window] { ListView1_Attention(window); });
     list.DblClick.connect([&window] { ListView1_DblClick(window); });
-    list.KeyUp.connect([&window](int key, int) {
-        if (key == kKeyReturn || key == kKeyEnter)
-            window.tvXML.SetFocus();
-        if (window.app.frame)
-            ShowNodePath(window, window.app.frame->StatusBar1());
+    list.MouseDown.connect([&window] {
         window.miPopupContext = kContextList;
+        window.mbKeyNavigation = false;
     });
+    list.CellClick.connect([&window](int row, int column) {
+        const controls::ListView& cells = window.ListView1;
+        ShowListViewTextBox(window, cells.ColumnLeft(column) + 1, cells.ItemTop(row) + 1);
+    });
+    list.KeyUp.connect([&window](int key, int modifiers) { ListView1_KeyUp(window, key, modifiers); });
+    list.BeforeLabelEdit.connect([&window](bool& cancel) { ListView1_BeforeLabelEdit(window, cancel); });
+    list.AfterLabelEdit.connect([&window](int row, bool& cancel, QString& newString) {
+        ListView1_AfterLabelEdit(window, row, cancel, newString);
+    });
+    controls::TextBox& editor = window.txtListView;
+    editor.KeyDown.connect(
+        [&window](int& key, int modifiers) { txtListView_KeyDown(window, key, modifiers); });
+    editor.Change.connect([&window] { txtListView_Change(window); });
+    editor.GotFocus.connect([&window] { txtListView_GotFocus(window); });
+    editor.LostFocus.connect([&window] { txtListView_LostFocus(window); });
+    window.tmList.Tick.connect([&window] { tmList_Timer(window); });
+    window.cmdPop.Click.connect([&window] { RunMenuCommand(window, "mnuEditPopupEditNode"); });
 }
 
 void TextChanged(DocumentWindow& window, bool secondPane) {
@@ -189,7 +233,15 @@ void ConnectPane(DocumentWindow& window, controls::RichTextBox& pane, bool secon
 
 } // namespace
 
+void FinishEdits(DocumentWindow& window) {
+    window.tvXML.FinishLabelEdit();
+    window.ListView1.FinishLabelEdit();
+    txtListView_LostFocus(window);
+}
+
 void Form_Load(DocumentWindow& window) {
+    window.txtListView.SetVisible(false);
+    window.cmdPop.SetVisible(false);
     const Options& options = window.app.options;
     window.rtxtXML.SetFont(options.TextName, options.TextSize);
     window.rtxtXML2.SetFont(options.TextName, options.TextSize);
@@ -230,6 +282,7 @@ void Form_Unload(DocumentWindow& window, bool& cancel) {
     window.bUnloading = true;
     if (app.frame && app.frame->FormCount() <= 1)
         app.frame->SetMenuSituation(MenuSituation::NoForm);
+    FinishEdits(window);
     SaveXMLFile(window, false, false);
     if (window.bCancelSave) {
         window.bCancelSave = false;

@@ -23,6 +23,7 @@ struct Options {
     QString TextName = QStringLiteral("Courier New");
     double TextSize = 10;
     bool Debug = false;
+    QString ApplicationFolder; ///< where the program lies, with a separator at the end; for the help file
 };
 
 /// All process-wide state, passed by reference, so that a test makes a fresh one.

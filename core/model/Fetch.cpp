@@ -31,8 +31,7 @@ private:
 };
 
 // A text that wasn't in the code it claims is shown all the same, and the user learns how it was read.
-void Take(Application& app, const QByteArray& bytes, FetchedText& fetched) {
-    text::Decoded decoded = text::Decode(bytes);
+void Take(Application& app, text::Decoded decoded, FetchedText& fetched) {
     fetched.text = std::move(decoded.text);
     fetched.form = std::move(decoded.form);
     if (!decoded.warning.isEmpty())
@@ -62,7 +61,7 @@ bool GetFileData(Application& app, const QString& path, FetchedText& fetched) tr
     }
     switch (result.error) {
     case FileError::None:
-        Take(app, bytes, fetched);
+        Take(app, text::Decode(bytes), fetched);
         return true;
     case FileError::BadName:
         app.services.prompts.MsgBox(path + QStringLiteral("is a bad file name."));
@@ -102,12 +101,12 @@ bool GetHttpData(Application& app, const QString& url, FetchedText& fetched) try
     // there was no answer.
     if (!answer.ok && answer.status < 400)
         throw text::Fault(text::kFaultBadCall, answer.error);
-    if (text::IsBlank(QString::fromLatin1(answer.body.left(4096))) &&
-        text::IsBlank(QString::fromLatin1(answer.body))) {
+    text::Decoded decoded = text::Decode(answer.body, answer.charset);
+    if (text::Trim(decoded.text).isEmpty()) {
         app.services.prompts.MsgBox(QStringLiteral("It's not a valid request."));
         return false;
     }
-    Take(app, answer.body, fetched);
+    Take(app, std::move(decoded), fetched);
     return true;
 } catch (const text::Fault& fault) {
     ErrorReportBox(app, fault, QStringLiteral("mXMLEdit.GetHttpData"));

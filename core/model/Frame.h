@@ -40,9 +40,12 @@ public:
     virtual void NewSXMLFile(const FetchedText& text, const QString& fileName) = 0;
 
     virtual void SetMenuSituation(MenuSituation situation) = 0;
-    /// The menu state that goes with the kind of the window that has become active.
+    /// The menu situation of the active window as it stands, by its kind and the view in use: for one that has
+    /// become active, or stays after all.
     virtual void SetFormActivatedMenu(DocumentWindow& window) = 0;
     virtual void SetToolBar() = 0; ///< toolbars by the view in force
+
+    virtual void EnableEntitiesToolbar() = 0; ///< an editor that takes entities has the focus
 
     /// Runs the command of a menu entry, as a key of a view asks for it; whether the entry is enabled isn't
     /// looked at. Nothing happens for an entry without a command.

@@ -62,7 +62,9 @@ QString GetFSFolderName(const QString& path) {
     const qsizetype separator = LastSeparator(path.left(end));
     if (separator < 0)
         return {};
-    return separator == 0 ? path.left(1) : path.left(separator);
+    // Without its separator the root of a drive would be the folder in hand on that drive.
+    const bool driveRoot = separator == 2 && path[1] == u':';
+    return separator == 0 || driveRoot ? path.left(separator + 1) : path.left(separator);
 }
 
 QString GetFSFileName(const QString& path) {

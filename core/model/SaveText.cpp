@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/mXMLEdit.h"
 #include "platform/text/TextFile.h"
+#include "platform/text/TextTools.h"
 
 // Text to file, and what else is done to files.
 namespace mXMLEdit {
@@ -11,31 +12,50 @@ using services::Answer;
 using services::Buttons;
 using services::Icon;
 
-// Where the code can't hold a character, the user decides: UTF-8 with a declaration that says so, or no
-// writing.
-bool EncodeOrAsk(Application& app, QString& text, text::FileForm& form, text::Encoded& encoded) {
-    encoded = text::Encode(text, form);
-    if (encoded.badPosition < 0)
-        return true;
-    const QString question =
+// The label of a declaration that names no code, as long as the user doesn't know of it: a file that came
+// with such a label was told of on opening, and keeps it. Empty for all others.
+QString NewUnknownLabel(const QString& text, const text::FileForm& form) {
+    const QString label = text::DeclaredEncoding(text);
+    return label == form.declared || text::KnowsEncoding(label) ? QString() : label;
+}
+
+// A half of a pair can't be saved in any code, so that another one is no way out.
+bool RefuseLoneHalf(Application& app, const QString& text, qsizetype position) {
+    const QStringView before = QStringView(text).first(position);
+    const qsizetype lineStart = before.lastIndexOf(u'\n') + 1;
+    app.services.prompts.MsgBox(
         QStringLiteral(
-            "The encoding %1 can not hold the character at position %2. Do you want to save as UTF-8?")
-            .arg(encoded.encoding)
-            .arg(encoded.badPosition + 1);
-    if (app.services.prompts.MsgBox(question, Buttons::YesNo, Icon::Question) != Answer::Yes)
+            "The character at line %1, position %2 is half of a pair and can not be saved. Nothing "
+            "was written.")
+            .arg(before.count(u'\n') + 1)
+            .arg(position - lineStart + 1),
+        Buttons::Ok, Icon::Exclamation);
+    return false;
+}
+
+// Where the declared code is no code or can't hold a character, the user decides: UTF-8 with a declaration
+// that says so, or no writing.
+bool EncodeOrAsk(Application& app, QString& text, text::FileForm& form, text::Encoded& encoded) {
+    const QString unknown = NewUnknownLabel(text, form);
+    encoded = text::Encode(text, form);
+    if (encoded.badPosition >= 0 && text::IsLoneHalf(text, encoded.badPosition))
+        return RefuseLoneHalf(app, text, encoded.badPosition);
+    if (unknown.isEmpty() && encoded.badPosition < 0)
+        return true;
+    const QString reason = unknown.isEmpty()
+                               ? QStringLiteral("The encoding %1 can not hold the character at position %2.")
+                                     .arg(encoded.encoding)
+                                     .arg(encoded.badPosition + 1)
+                               : QStringLiteral("The encoding %1 is not known.").arg(unknown);
+    if (app.services.prompts.MsgBox(reason + QStringLiteral(" Do you want to save as UTF-8?"), Buttons::YesNo,
+                                    Icon::Question) != Answer::Yes)
         return false;
     text = text::WithDeclaredEncoding(text, QStringLiteral("UTF-8"));
     form.encoding = QStringLiteral("UTF-8");
     form.mark = false;
     form.declared = text::DeclaredEncoding(text);
     encoded = text::Encode(text, form);
-    if (encoded.badPosition < 0)
-        return true;
-    app.services.prompts.MsgBox(
-        QStringLiteral("The character at position %1 is half of a pair and can not be saved.")
-            .arg(encoded.badPosition + 1),
-        Buttons::Ok, Icon::Exclamation);
-    return false;
+    return encoded.badPosition < 0 || RefuseLoneHalf(app, text, encoded.badPosition);
 }
 
 // After writing, the window's knowledge of its file is that of the bytes now on disk.

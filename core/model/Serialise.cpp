@@ -32,7 +32,7 @@ public:
     void put(CompactView piece) { at_ = piece.copyTo(at_); }
     void put(QStringView piece) { at_ = std::copy_n(piece.utf16(), piece.size(), at_); }
     void repeat(QStringView piece, int times) {
-        for (int i = 0; i < times; ++i)
+        for (int i = 0; i < times && !piece.isEmpty(); ++i)
             put(piece);
     }
     QString take() { return std::move(text_); }

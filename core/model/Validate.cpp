@@ -32,10 +32,36 @@ bool Probe(Application& app, const QString& document, const QString& title) {
 
 } // namespace
 
+QString NodeNameProbe(const QString& name) {
+    return u'<' + PureName(name) + QStringLiteral("/>");
+}
+
+QString NodeAttributesProbe(const QString& attributes, const QString& nodeName) {
+    return u'<' + PureName(nodeName) + u' ' + attributes + QStringLiteral(" />");
+}
+
+QString NodeTextProbe(const QString& text, const QString& nodeName) {
+    const QString name = PureName(nodeName);
+    return u'<' + name + u'>' + text + QStringLiteral("</") + name + u'>';
+}
+
+QString NodeAttributeValueProbe(const QString& value, const QString& nodeName, const QString& attributeName) {
+    return u'<' + PureName(nodeName) + u' ' + attributeName + QStringLiteral("=\"") + value +
+           QStringLiteral("\"/>");
+}
+
+void ComplainWhileTyping(Application& app, const QString& probe) {
+    if (!app.frame)
+        return;
+    xml::ParsedDocument document;
+    const bool fine = probe.isEmpty() || document.loadXML(probe);
+    app.frame->StatusBar1().SetPanel(1, fine ? QString() : document.parseError().reason.trimmed());
+}
+
 bool ValidateNodeName(Application& app, const QString& name) {
     if (name.isEmpty())
         return false;
-    if (ValidateXML(app, u'<' + PureName(name) + QStringLiteral("/>"), true))
+    if (ValidateXML(app, NodeNameProbe(name), true))
         return true;
     app.services.prompts.MsgBox(
         QStringLiteral("Sample:Abc\r\nXML node name ::= (Letter | '_' | ':') (Letter | Digit | '.' | '-' | "
@@ -51,7 +77,7 @@ bool ValidateNodeAttributeName(Application& app, const QString& attributeName, c
 
 bool ValidateNodeAttributes(Application& app, const QString& attributes, const QString& nodeName,
                             bool showBox) {
-    const QString document = u'<' + PureName(nodeName) + u' ' + attributes + QStringLiteral(" />");
+    const QString document = NodeAttributesProbe(attributes, nodeName);
     if (showBox)
         return Probe(app, document, QStringLiteral("This is not valid attributes"));
     if (ValidateXML(app, document, true))
@@ -62,10 +88,9 @@ bool ValidateNodeAttributes(Application& app, const QString& attributes, const Q
 }
 
 bool ValidateNodeText(Application& app, const QString& text, const QString& nodeName) {
-    const QString name = PureName(nodeName);
-    const QString probe = u'<' + name + u'>' + text + QStringLiteral("</") + name + u'>';
+    const QString probe = NodeTextProbe(text, nodeName);
     // A text that closes its node and opens it again reads as two nodes, which is no document of its own.
-    if (text.contains(QStringLiteral("</") + name)) {
+    if (text.contains(QStringLiteral("</") + PureName(nodeName))) {
         const QString wrapped = QStringLiteral("<temp>") + probe + QStringLiteral("</temp>");
         if (xml::ParsedDocument().loadXML(wrapped))
             return ValidateXML(app, wrapped, true);
@@ -75,9 +100,7 @@ bool ValidateNodeText(Application& app, const QString& text, const QString& node
 
 bool ValidateNodeAttributeValue(Application& app, const QString& value, const QString& nodeName,
                                 const QString& attributeName) {
-    return Probe(app,
-                 u'<' + PureName(nodeName) + u' ' + attributeName + QStringLiteral("=\"") + value +
-                     QStringLiteral("\"/>"),
+    return Probe(app, NodeAttributeValueProbe(value, nodeName, attributeName),
                  QStringLiteral("This is not a validate attribute value"));
 }
 

@@ -24,6 +24,15 @@ bool ValidateNodeText(Application& app, const QString& text, const QString& node
 bool ValidateNodeAttributeValue(Application& app, const QString& value, const QString& nodeName,
                                 const QString& attributeName);
 
+// The probes themselves, for complaints that come while the user types.
+QString NodeNameProbe(const QString& name);
+QString NodeAttributesProbe(const QString& attributes, const QString& nodeName);
+QString NodeTextProbe(const QString& text, const QString& nodeName);
+QString NodeAttributeValueProbe(const QString& value, const QString& nodeName, const QString& attributeName);
+/// Shows on status panel 1 what the parser dislikes of a probe, or nothing. No beep, no box, and the last
+/// parse error stays as it was: the text isn't finished yet. An empty probe clears the panel.
+void ComplainWhileTyping(Application& app, const QString& probe);
+
 /// What a piece of text is that is about to be dropped or pasted.
 enum SelTextType {
     kSelTextNothing = -1, ///< nothing usable; the user has been told

@@ -56,7 +56,7 @@ void FindEncoding(const QString& name, controls::ComboBox& combo);
 
 // File names. Both separators count.
 QString GetExtName(const QString& path);      ///< behind the last dot of the file name; empty without one
-QString GetFSFolderName(const QString& path); ///< the parent folder, without a separator at the end
+QString GetFSFolderName(const QString& path); ///< the parent folder; only a root ends in a separator
 QString GetFSFileName(const QString& path);   ///< behind the last separator
 bool FileExist(Application& app, const QString& path);
 bool DeleteFileIfExists(Application& app, const QString& path); ///< true when it existed and is gone
@@ -64,14 +64,15 @@ bool DeleteFileIfExists(Application& app, const QString& path); ///< true when i
 enum class SaveOutcome {
     Written,
     Refused, ///< by the system; the user has seen why
-    Declined ///< by the user, who didn't want another encoding; nothing was tried
+    Declined ///< another encoding was needed and not wanted, or no encoding would do; nothing was tried
 };
 
 /// Writes a text, replacing the file whole or not at all; an empty name writes "tmp.$$$" in the current
 /// folder. `form` tells how the file writes its text (null: by the text's declaration, else UTF-8) and is
 /// brought up to date after a write. A refused write leaves the old file as it was. Where the code can't hold
-/// a character the user is asked: Yes saves as UTF-8 with the declaration changed to say so, and `text` then
-/// takes that change.
+/// a character, or the declaration has come to name no known code, the user is asked: Yes saves as UTF-8 with
+/// the declaration changed to say so, and `text` then takes that change. Half of a surrogate pair fits no
+/// code: the user is told where it stands.
 SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, text::FileForm* form);
 /// The same as a plain answer: true when it was written.
 bool SaveStringToFile(Application& app, QString& text, const QString& fileName,

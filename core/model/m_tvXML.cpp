@@ -25,6 +25,20 @@ long NumberedBelow(TreeCursor top) {
     return number;
 }
 
+// The number that the digits in front make; 0 without one, and where 16 bits can't hold it.
+int NumberInFront(QStringView text) {
+    constexpr int kLargest = 32767;
+    int number = 0;
+    for (const QChar c : text) {
+        if (c < u'0' || c > u'9')
+            break;
+        number = number * 10 + (c.unicode() - u'0');
+        if (number > kLargest)
+            return 0;
+    }
+    return number;
+}
+
 } // namespace
 
 QString GetDistinctElementKey(Application& app, int nodeType) {
@@ -43,7 +57,7 @@ int GetKeyType(const QString& key) {
     const qsizetype close = rest.indexOf(u'>', open);
     if (close < 0)
         return 0;
-    return text::ValInt16(rest.mid(open + 1, close - open - 1));
+    return NumberInFront(rest.mid(open + 1, close - open - 1));
 }
 
 int GetKeyType(TreeNode node) {
@@ -148,8 +162,11 @@ int GetAllAttributesNameAndValue(const QString& tag, QStringList& names, QString
         const QString piece = text::Trim(pieces[i]);
         if (piece.isEmpty())
             continue;
-        names.append(piece.chopped(1));
-        values.append(i + 1 < pieces.size() ? pieces[i + 1] : QString());
+        const qsizetype place = i / 2;
+        names.resize(place + 1);
+        values.resize(place + 1);
+        names[place] = piece.chopped(1);
+        values[place] = pieces.value(i + 1);
     }
     return i;
 }

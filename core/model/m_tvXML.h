@@ -16,9 +16,9 @@ using controls::TreeNode;
 /// A new key "<nodeType>serial". The serial is the process-wide counter after adding 1.
 QString GetDistinctElementKey(Application& app, int nodeType);
 
-/// The node type that a key names: the number between the first "<" and the first ">" behind it, 0 for any
-/// other text. A "=" behind the first position cuts everything up to and including the last one first. A list
-/// row's key works too.
+/// The node type that a key names: the digits behind the first "<", if a ">" follows; 0 for any other text. A
+/// "=" behind the first position cuts everything up to and including the last one first. A list row's key
+/// works too.
 int GetKeyType(const QString& key);
 /// The same for a node's key, without making a text of it.
 int GetKeyType(TreeNode node);
@@ -53,9 +53,10 @@ void SetTextNodeDisplay(Application& app, TreeNode node);
 /// which stays as it was for a name without ":". Empty for a blank name.
 QString GetPureName(const QString& name, QString& prefix);
 
-/// Takes an element's Tag apart; the one reader of this format. Values stay escaped.
-/// The result is where its loop over the pieces between quotes ends: the number of pieces, or 0 for an empty
-/// Tag.
+/// Takes an element's Tag apart at its quotes; the one reader of this format. Values stay escaped. Name and
+/// value of the n-th pair stand at place n from 0; a pair without a name leaves its place empty, unless it is
+/// the last one. The result is where the loop over every second piece ends: 0 for an empty Tag, 2n + 2 for n
+/// pairs.
 int GetAllAttributesNameAndValue(const QString& tag, QStringList& names, QStringList& values);
 
 } // namespace m_tvXML

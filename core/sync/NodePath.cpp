@@ -131,7 +131,7 @@ void SelectTreeNodeByPath(DocumentWindow& window, const QString& path) try {
     if (found)
         SelectTreeNodeByDomNode(window, found);
     else
-        window.app.services.prompts.MsgBox(QStringLiteral("Can not find any node by path:") + path);
+        window.app.services.prompts.MsgBox(QStringLiteral("Can not find any node by path:"));
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".txtXPath_KeyUp"));
 }

@@ -5,6 +5,7 @@
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
 #include "textview/fill/FillText.h"
+#include <QScopeGuard>
 
 // Opening a document by its name.
 
@@ -22,6 +23,7 @@ bool IsSchemaName(const QString& fileName) {
 void Reload(DocumentWindow& window, const QString& fileName, const FetchedText& fetched) {
     Application& app = window.app;
     window.bLoaded = false;
+    const auto loaded = qScopeGuard([&window] { window.bLoaded = true; });
     app.CurrentFileName = fileName;
     window.SetCaption(fileName);
     window.fileForm = fetched.form;
@@ -31,7 +33,6 @@ void Reload(DocumentWindow& window, const QString& fileName, const FetchedText& 
         ShowNodePath(window, app.frame->StatusBar1());
     window.msOpenText = window.rtxtXML.Text();
     window.msLastParsedText = window.rtxtXML.Text();
-    window.bLoaded = true;
 }
 
 // What can't be fetched may become a new document of that name, if the user wants it.
@@ -64,22 +65,22 @@ void NameAfterFailure(Application& app, const QString& fileName, DocumentWindow*
 } // namespace
 
 void OpenFile(Application& app, const QString& fileName, DocumentWindow*& form) try {
+    // However the opening breaks off, a later save must go to the document that the user sees.
+    auto failed = qScopeGuard([&] { NameAfterFailure(app, fileName, form); });
     FetchedText fetched;
     if (mXMLEdit::GetData(app, fileName, fetched)) {
-        if (form) {
+        if (form)
             Reload(*form, fileName, fetched);
-            return;
-        }
-        if (IsSchemaName(fileName))
+        else if (IsSchemaName(fileName))
             app.frame->NewSXMLFile(fetched, fileName);
         else
             app.frame->NewXMLFile(fetched, fileName);
-        form = app.frame->ActiveForm();
+        failed.dismiss();
+        form = form ? form : app.frame->ActiveForm();
         return;
     }
     if (!form && !fetched.cancelled && MakeNewInstead(app, fileName))
         form = app.frame->ActiveForm();
-    NameAfterFailure(app, fileName, form);
 } catch (const text::Fault& fault) {
     ErrorReportBox(app, fault, QStringLiteral("mXMLEdit.OpenFile"));
 }

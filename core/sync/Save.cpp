@@ -19,21 +19,21 @@ using services::Icon;
 // Brings tree and text together. True when the tree had changes that the text didn't show while the window is
 // closing: the user is then asked whatever the comparison with the opened text would say.
 bool BringTogether(DocumentWindow& window) {
-    if (window.miCurrentView != kViewTree && window.miCurrentView != kViewList) {
-        LeaveTextView(window);
-        return false;
-    }
-    if (window.bTextChanged)
+    const bool onNodes = window.miCurrentView == kViewTree || window.miCurrentView == kViewList;
+    if (!onNodes || window.bTextChanged)
         LeaveTextView(window);
     if (!window.bTreeChanged)
         return false;
     const controls::TreeNode selected = window.tvXML.SelectedItem();
-    TreeChangeTextView(window);
+    TreeChangeTextView(window, true);
     if (selected)
         window.tvXML.SetSelectedItem(selected);
     return window.bUnloading;
 }
 
+// The last parse error belongs to the whole program, not to the window: while some text is known not to
+// parse, closing any window asks, an unchanged one too. Which text it was is not kept, and a needless
+// question loses nothing where a missing one might.
 bool NothingToSave(DocumentWindow& window, bool bSaveAs) {
     return !window.app.lastParseError && !bSaveAs && window.rtxtXML.Text() == window.msOpenText;
 }
@@ -53,6 +53,9 @@ QString AskSaveFileName(DocumentWindow& window) {
         window.Caption);
 }
 
+// The name is taken as soon as it is chosen, before the question whether a file of that name may be replaced:
+// after No the window keeps the new name with its text unwritten, and a later plain Save writes to it without
+// asking again. Odd, but kept: a window bears the name that its user chose last, written or not.
 void TakeName(DocumentWindow& window, const QString& name) {
     if (window.tvXML.Nodes.Count() > 0) {
         controls::TreeNode root = window.tvXML.Nodes(window.Caption);

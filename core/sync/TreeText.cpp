@@ -6,6 +6,7 @@
 #include "core/sync/Views.h"
 #include "platform/text/TextTools.h"
 #include "textview/fill/FillText.h"
+#include <QScopedValueRollback>
 
 namespace {
 
@@ -33,11 +34,10 @@ void ShowBadText(DocumentWindow& window, const QString& text, const xml::ParsedD
     if (root.Text() != app.CurrentFileName)
         root.SetText(app.CurrentFileName);
     if (window.rtxtXML.Text().isEmpty()) {
-        window.bControlChange = true;
+        const QScopedValueRollback ownWriting(window.bControlChange, true);
         window.rtxtXML.SetText(text);
         window.rtxtXML2.SetText(text);
         SetTreeXMLColor(window);
-        window.bControlChange = false;
     }
     window.tbsXML.Select(QStringLiteral("textview"));
     if (document)
@@ -120,8 +120,8 @@ void TreeToTextView(DocumentWindow& window) try {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".TreeToTextView"));
 }
 
-void TreeChangeTextView(DocumentWindow& window) try {
-    if (IsAddingNewNode(window))
+void TreeChangeTextView(DocumentWindow& window, bool withNewNode) try {
+    if (!withNewNode && IsAddingNewNode(window))
         return;
     window.bTreeChanged = false;
     controls::RichTextBox& target = window.TextInUse();

@@ -37,8 +37,9 @@ QString GetXmlNodeAllNodeText(xml::Node domNode);
 
 /// Fills the text view from the tree for the first time: no undo step.
 void TreeToTextView(DocumentWindow& window);
-/// Brings the text up to date after a change in the tree, with one undo step if it differs.
-void TreeChangeTextView(DocumentWindow& window);
+/// Brings the text up to date after a change in the tree, with one undo step if it differs. As long as a new
+/// node waits for its name or text nothing is done, unless `withNewNode` is set.
+void TreeChangeTextView(DocumentWindow& window, bool withNewNode = false);
 /// A new node is under way: the selected node, or a child of it, has no name or text yet.
 bool IsAddingNewNode(DocumentWindow& window);
 

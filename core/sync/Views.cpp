@@ -110,7 +110,8 @@ void DoTree(DocumentWindow& window) try {
     const QString tab = window.tbsXML.SelectedKey();
     if (tab == QStringLiteral("listview") && (changed || key != window.ListView1.Tag))
         ShowListView(window);
-    window.bTreeChanged = false;
+    // A change that waits with a new node for its name must not be forgotten: the text still lacks it.
+    window.bTreeChanged = changed && IsAddingNewNode(window);
     if (!node)
         return;
     const bool moved = key != window.TextInUse().Tag;
@@ -142,10 +143,11 @@ void m_tvXML::DisplayAtIE(Application& app, const QString& text, QString& tempFi
                           controls::WebBrowser& ie) try {
     // One name serves all windows: a later preview overwrites an earlier one.
     tempFile = app.services.files.TemporaryFolder() + QStringLiteral("/tempbv_forVantrel.xml");
-    // A preview is nobody's document: it is written in a code that holds every character, and no question is
-    // asked.
-    QString page = text.isEmpty() ? QStringLiteral("<html><body></body></html>")
-                                  : text::WithDeclaredEncoding(text, QStringLiteral("UTF-8"));
+    // A preview is nobody's document: it is written in a code that holds every character, halves of pairs
+    // give way to the sign for what can't be shown, and no question is asked.
+    QString page = text.isEmpty()
+                       ? QStringLiteral("<html><body></body></html>")
+                       : text::WithDeclaredEncoding(text::WithoutLoneHalves(text), QStringLiteral("UTF-8"));
     if (mXMLEdit::SaveStringToFile(app, page, tempFile))
         ie.Navigate(tempFile);
 } catch (const text::Fault& fault) {

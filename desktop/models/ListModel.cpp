@@ -55,9 +55,24 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
         return {};
     const controls::ListItem& item = list_.Item(index.row() + 1);
     const int column = index.column();
+    if (role == Qt::EditRole)
+        return column == 0 ? item.Text : item.Sub[static_cast<std::size_t>(column - 1)];
     if (role == Qt::DisplayRole)
         return OneLine(QStringView(column == 0 ? item.Text : item.Sub[static_cast<std::size_t>(column - 1)]));
     return role == Qt::DecorationRole && column == 0 && iconOf_ ? iconOf_(item.SmallIcon) : QVariant();
+}
+
+Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    const bool edited = index.isValid() && index.column() == 0 && index.row() + 1 == list_.LabelEditRow();
+    return edited ? flags | Qt::ItemIsEditable : flags;
+}
+
+bool ListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !(flags(index) & Qt::ItemIsEditable))
+        return false;
+    list_.EndLabelEdit(value.toString());
+    return true;
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -18,6 +18,9 @@ public:
     int columnCount(const QModelIndex& parent = {}) const override;
     /// Display: the cell's text on one line. Decoration: the row's icon, in the first column.
     QVariant data(const QModelIndex& index, int role) const override;
+    /// Takes the text of the row whose label is being edited.
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
     /// The list's column headers; empty where it has none.
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 

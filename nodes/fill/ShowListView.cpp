@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/fill/ShowListView.h"
 #include "core/model/m_tvXML.h"
+#include <memory>
 
 namespace {
 
@@ -16,16 +17,42 @@ TreeNode FirstTextChild(TreeNode node) {
     return child;
 }
 
+// Rows of children are made when they are looked at: a node may have a million of them.
+controls::ListItem RowOf(TreeNode child) {
+    if (!child) // removed meanwhile: the list is about to be filled anew
+        return {};
+    const int kind = m_tvXML::GetKeyType(child);
+    const TreeNode firstText = FirstTextChild(child);
+    return {child.Key(), kind == kText ? QStringLiteral("Node Text") : child.Text(), kind,
+            kind,        {child.Tag(), firstText ? firstText.Tag() : QString()},     {}};
+}
+
 void AddAllSubNodesToListView(DocumentWindow& window, TreeNode node) {
     const int type = m_tvXML::GetKeyType(node);
     if (type != kElement && !m_tvXML::IsTreeRoot(node))
         return;
-    for (TreeNode child = node.Child(); child; child = child.Next()) {
-        const int kind = m_tvXML::GetKeyType(child);
-        const TreeNode firstText = FirstTextChild(child);
-        window.ListView1.Add(0, child.Key(), kind == kText ? QStringLiteral("Node Text") : child.Text(), kind,
-                             child.Tag(), firstText ? firstText.Tag() : QString());
-    }
+    auto children = std::make_shared<std::vector<TreeNode>>();
+    children->reserve(static_cast<std::size_t>(node.Children()));
+    for (TreeNode child = node.Child(); child; child = child.Next())
+        children->push_back(child);
+    const auto find = [&tree = window.tvXML, children](const QString& key) -> qint64 {
+        const TreeNode child = tree.Nodes.Find(key);
+        const int row = child ? child.Row() : -1;
+        const auto size = static_cast<qint64>(children->size());
+        // A node that came or went since may have moved it by a row or more.
+        for (qint64 i = row; i >= 0 && i < size; ++i) {
+            if ((*children)[static_cast<std::size_t>(i)] == child)
+                return i;
+        }
+        for (qint64 i = std::min<qint64>(row, size) - 1; i >= 0; --i) {
+            if ((*children)[static_cast<std::size_t>(i)] == child)
+                return i;
+        }
+        return -1;
+    };
+    window.ListView1.Fill(
+        static_cast<std::uint32_t>(children->size()),
+        [children](std::uint32_t i) { return RowOf((*children)[i]); }, find);
 }
 
 void AddAttributeRows(DocumentWindow& window, TreeNode node) {

@@ -21,6 +21,8 @@ template <typename Value> void Set(Value& property, const Value& value, const Ev
 // --- TextBox -------------------------------------------------------------------------------------------
 
 void TextBox::SetText(const QString& text) {
+    selStart_ = std::min<qsizetype>(selStart_, text.size());
+    selLength_ = std::min<qsizetype>(selLength_, text.size() - selStart_);
     Set(text_, text, changed);
 }
 void TextBox::SetEnabled(bool enabled) {
@@ -33,6 +35,45 @@ void TextBox::SetVisible(bool visible) {
 void TextBox::UserTyped(const QString& text) {
     SetText(text);
     Change();
+}
+
+void TextBox::Move(const Bounds& place) {
+    Set(place_, place, moved);
+}
+
+void TextBox::UserSelected(qsizetype start, qsizetype length) {
+    selStart_ = std::clamp<qsizetype>(start, 0, text_.size());
+    selLength_ = std::clamp<qsizetype>(length, 0, text_.size() - selStart_);
+}
+
+void TextBox::Select(qsizetype start, qsizetype length) {
+    UserSelected(start, length);
+    selectionChanged();
+}
+
+void TextBox::SetSelText(const QString& text) {
+    QString fresh = text_;
+    fresh.replace(selStart_, selLength_, text);
+    const qsizetype behind = selStart_ + text.size();
+    SetText(fresh);
+    Select(behind, 0);
+    Change();
+}
+
+// --- CommandButton, Timer --------------------------------------------------------------------------------
+
+void CommandButton::SetEnabled(bool enabled) {
+    Set(enabled_, enabled, changed);
+}
+void CommandButton::SetVisible(bool visible) {
+    Set(visible_, visible, changed);
+}
+void CommandButton::Move(const Bounds& place) {
+    Set(place_, place, moved);
+}
+
+void Timer::SetEnabled(bool enabled) {
+    Set(enabled_, enabled, changed);
 }
 
 // --- ComboBox ------------------------------------------------------------------------------------------

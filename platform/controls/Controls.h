@@ -10,6 +10,12 @@
 // events. A setter that changes nothing announces nothing.
 namespace controls {
 
+/// Where a control that is laid over another one stands, in twips.
+struct Bounds {
+    double Left = 0, Top = 0, Width = 0, Height = 0;
+    bool operator==(const Bounds&) const = default;
+};
+
 /// One line of text.
 class TextBox {
 public:
@@ -19,17 +25,60 @@ public:
     void SetEnabled(bool enabled);
     bool Visible() const { return visible_; }
     void SetVisible(bool visible);
+    const Bounds& Place() const { return place_; }
+    void Move(const Bounds& place);
+    /// The selection, 0-based: the user's as the widget told it last.
+    qsizetype SelStart() const { return selStart_; }
+    qsizetype SelLength() const { return selLength_; }
+    void Select(qsizetype start, qsizetype length);
+    void UserSelected(qsizetype start, qsizetype length);
+    void SetSelText(const QString& text); ///< replaces the selection and stands behind it; raises Change
     QString Tag;
     void UserTyped(const QString& text); ///< sets the text and raises Change
     Event<> Change;
-    Event<int, int> KeyDown, KeyUp; ///< Qt key code, Qt modifiers
+    /// Qt key code, Qt modifiers; a handler that uses a key up sets its code to 0.
+    Event<int&, int> KeyDown;
+    Event<int, int> KeyUp;
     Event<> GotFocus, LostFocus;
-    Event<> changed, focusRequested;
+    Event<> changed, moved, selectionChanged, focusRequested;
     void SetFocus() { focusRequested(); }
 
 private:
     QString text_;
     bool enabled_ = true, visible_ = true;
+    Bounds place_;
+    qsizetype selStart_ = 0, selLength_ = 0;
+};
+
+class CommandButton {
+public:
+    QString Caption;
+    bool Enabled() const { return enabled_; }
+    void SetEnabled(bool enabled);
+    bool Visible() const { return visible_; }
+    void SetVisible(bool visible);
+    const Bounds& Place() const { return place_; }
+    void Move(const Bounds& place);
+    Event<> Click;
+    Event<> changed, moved;
+
+private:
+    bool enabled_ = true, visible_ = true;
+    Bounds place_;
+};
+
+/// Raises its event again and again while it is enabled.
+class Timer {
+public:
+    explicit Timer(int interval) : Interval(interval) {}
+    const int Interval; ///< milliseconds
+    bool Enabled() const { return enabled_; }
+    void SetEnabled(bool enabled);
+    Event<> Tick;
+    Event<> changed;
+
+private:
+    bool enabled_ = false;
 };
 
 /// A text with a list of offers.

@@ -1,33 +1,62 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/controls/ListView.h"
 #include "platform/controls/Faults.h"
+#include <algorithm>
 
 namespace controls {
 
 namespace {
 constexpr qint64 kStride = qint64{1} << 32; // room for rows that are put between two others
+
+// Filled rows get places by their numbers.
+qint64 PlaceOf(std::uint32_t number) {
+    return (qint64{number} + 1) * kStride;
+}
 } // namespace
 
-ListView::Row& ListView::At(int index) const {
+const ListView::Slot& ListView::At(int index) const {
     if (index < 1 || index > Count())
         Throw(text::kFaultOutOfBounds);
-    return *rows_[static_cast<std::size_t>(index - 1)];
+    return slots_[static_cast<std::size_t>(index - 1)];
+}
+
+ListView::Slot& ListView::At(int index) {
+    return const_cast<Slot&>(std::as_const(*this).At(index));
+}
+
+ListItem& ListView::ItemOf(const Slot& slot) const {
+    if (!slot.item)
+        slot.item = std::make_unique<ListItem>(make_(slot.number));
+    return *slot.item;
+}
+
+int ListView::IndexOfPlace(qint64 place) const {
+    const auto found = std::lower_bound(slots_.begin(), slots_.end(), place,
+                                        [](const Slot& one, qint64 wanted) { return one.place < wanted; });
+    return found != slots_.end() && found->place == place ? static_cast<int>(found - slots_.begin()) + 1 : 0;
 }
 
 // A place for a row at a 0-based position; all rows get new ones when no room is left there.
 qint64 ListView::PlaceBefore(std::size_t position) {
-    if (rows_.empty())
+    if (slots_.empty())
         return 0;
-    if (position == rows_.size())
-        return rows_.back()->place + kStride;
+    if (position == slots_.size())
+        return slots_.back().place + kStride;
     if (position == 0)
-        return rows_.front()->place - kStride;
-    const qint64 low = rows_[position - 1]->place, high = rows_[position]->place;
+        return slots_.front().place - kStride;
+    const qint64 low = slots_[position - 1].place, high = slots_[position].place;
     if (high - low > 1)
         return low + (high - low) / 2;
+    QHash<qint64, qint64> moved;
     qint64 place = 0;
-    for (const auto& row : rows_)
-        row->place = place += kStride;
+    for (Slot& slot : slots_) {
+        place += kStride;
+        moved.insert(slot.place, place);
+        slot.place = place;
+    }
+    for (qint64& known : placeByKey_)
+        known = moved.value(known);
+    renumbered_ = true;
     return PlaceBefore(position);
 }
 
@@ -35,68 +64,94 @@ int ListView::Add(int index, const QString& key, const QString& text, int icon, 
                   const QString& sub2) {
     if (index < 0 || index > Count() + 1)
         Throw(text::kFaultOutOfBounds);
-    if (!key.isEmpty() && byKey_.contains(key))
+    if (!key.isEmpty() && IndexOf(key) > 0)
         Throw(text::kFaultKeyNotUnique);
     const int position = index == 0 ? Count() : index - 1;
     if (!quiet())
         aboutToInsert(position);
-    auto row = std::make_unique<Row>();
-    static_cast<ListItem&>(*row) = {key, text, icon, icon, {sub1, sub2}, {}, false};
-    row->place = PlaceBefore(static_cast<std::size_t>(position));
+    Slot slot;
+    slot.item = std::make_unique<ListItem>(ListItem{key, text, icon, icon, {sub1, sub2}, {}});
+    slot.place = PlaceBefore(static_cast<std::size_t>(position));
     if (!key.isEmpty())
-        byKey_.insert(key, row.get());
+        placeByKey_.insert(key, slot.place);
     if (current_ > position)
         ++current_;
-    rows_.insert(rows_.begin() + position, std::move(row));
+    slots_.insert(slots_.begin() + position, std::move(slot));
     if (!quiet())
         inserted(position);
     return position + 1;
 }
 
+void ListView::Fill(std::uint32_t count, RowMaker make, RowFinder find) {
+    if (!slots_.empty())
+        Throw(text::kFaultBadCall);
+    if (!quiet())
+        aboutToReset();
+    make_ = std::move(make);
+    find_ = std::move(find);
+    renumbered_ = false;
+    slots_.resize(count);
+    for (std::uint32_t i = 0; i < count; ++i) {
+        slots_[i].number = i;
+        slots_[i].place = PlaceOf(i);
+    }
+    if (!quiet())
+        reset();
+}
+
 void ListView::Clear() {
-    if (rows_.empty())
+    if (slots_.empty())
         return;
     if (!quiet())
         aboutToReset();
-    byKey_.clear();
-    rows_.clear();
+    placeByKey_.clear();
+    slots_.clear();
+    make_ = {};
+    find_ = {};
     current_ = 0;
+    labelEdit_ = 0;
+    firstVisible_ = 1;
     if (!quiet())
         reset();
 }
 
 int ListView::Count() const {
-    return static_cast<int>(rows_.size());
+    return static_cast<int>(slots_.size());
 }
 
 const ListItem& ListView::Item(int index) const {
-    return At(index);
+    return ItemOf(At(index));
 }
 
 const ListItem& ListView::Item(const QString& key) const {
-    const Row* const row = byKey_.value(key, nullptr);
-    if (!row)
+    const int index = IndexOf(key);
+    if (index == 0)
         Throw(text::kFaultNotFound);
-    return *row;
+    return Item(index);
 }
 
 int ListView::IndexOf(const QString& key) const {
-    const Row* const row = byKey_.value(key, nullptr);
-    if (!row)
+    if (const auto known = placeByKey_.constFind(key); known != placeByKey_.constEnd())
+        return IndexOfPlace(*known);
+    const qint64 number = find_ ? find_(key) : -1;
+    if (number < 0)
         return 0;
-    const auto found =
-        std::lower_bound(rows_.begin(), rows_.end(), row->place,
-                         [](const std::unique_ptr<Row>& one, qint64 place) { return one->place < place; });
-    return static_cast<int>(found - rows_.begin()) + 1;
+    if (!renumbered_)
+        return IndexOfPlace(PlaceOf(static_cast<std::uint32_t>(number)));
+    const auto found = std::find_if(slots_.begin(), slots_.end(), [&](const Slot& slot) {
+        return slot.number == number && ItemOf(slot).Key == key;
+    });
+    return found == slots_.end() ? 0 : static_cast<int>(found - slots_.begin()) + 1;
 }
 
 void ListView::Remove(int index) {
-    const Row& row = At(index);
-    const bool selectionLost = row.Selected || current_ == index;
+    const Slot& slot = At(index);
+    const bool selectionLost = slot.selected || current_ == index;
     if (!quiet())
         aboutToRemove(index - 1);
-    byKey_.remove(row.Key);
-    rows_.erase(rows_.begin() + (index - 1));
+    if (slot.item)
+        placeByKey_.remove(slot.item->Key);
+    slots_.erase(slots_.begin() + (index - 1));
     if (current_ == index)
         current_ = 0;
     else if (current_ > index)
@@ -109,10 +164,10 @@ void ListView::Remove(int index) {
 }
 
 void ListView::SetText(int index, const QString& text) {
-    Row& row = At(index);
-    if (row.Text == text)
+    ListItem& item = ItemOf(At(index));
+    if (item.Text == text)
         return;
-    row.Text = text;
+    item.Text = text;
     if (!quiet())
         changed(index);
 }
@@ -120,7 +175,7 @@ void ListView::SetText(int index, const QString& text) {
 void ListView::SetSubItem(int index, int column, const QString& text) {
     if (column < 1 || column > 2)
         Throw(text::kFaultBadCall);
-    QString& cell = At(index).Sub[static_cast<std::size_t>(column - 1)];
+    QString& cell = ItemOf(At(index)).Sub[static_cast<std::size_t>(column - 1)];
     if (cell == text)
         return;
     cell = text;
@@ -130,20 +185,41 @@ void ListView::SetSubItem(int index, int column, const QString& text) {
 
 // A tag is not shown, so nothing is announced.
 void ListView::SetItemTag(int index, const QString& tag) {
-    At(index).Tag = tag;
+    ItemOf(At(index)).Tag = tag;
+}
+
+bool ListView::Selected(int index) const {
+    return At(index).selected;
 }
 
 void ListView::SetSelected(int index, bool selected) {
-    if (std::exchange(At(index).Selected, selected) != selected && !quiet())
+    if (std::exchange(At(index).selected, selected) != selected && !quiet())
+        selectionChanged();
+}
+
+void ListView::SelectAll() {
+    bool any = false;
+    for (Slot& slot : slots_)
+        any |= !std::exchange(slot.selected, true);
+    if (any && !quiet())
         selectionChanged();
 }
 
 void ListView::ClearSelected() {
     bool any = false;
-    for (const auto& row : rows_)
-        any |= std::exchange(row->Selected, false);
+    for (Slot& slot : slots_)
+        any |= std::exchange(slot.selected, false);
     if (any && !quiet())
         selectionChanged();
+}
+
+std::vector<int> ListView::SelectedRows() const {
+    std::vector<int> rows;
+    for (std::size_t i = 0; i < slots_.size(); ++i) {
+        if (slots_[i].selected)
+            rows.push_back(static_cast<int>(i) + 1);
+    }
+    return rows;
 }
 
 int ListView::SelectedItem() const {
@@ -153,7 +229,7 @@ int ListView::SelectedItem() const {
 void ListView::SetSelectedItem(int index) {
     bool different = index != current_;
     if (index != 0)
-        different |= !std::exchange(At(index).Selected, true);
+        different |= !std::exchange(At(index).selected, true);
     current_ = index;
     if (different && !quiet())
         selectionChanged();

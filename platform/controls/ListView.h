@@ -3,16 +3,17 @@
 #include "platform/controls/Event.h"
 #include <QHash>
 #include <QString>
+#include <QStringList>
 #include <array>
+#include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <vector>
 
 namespace controls {
 
-class ListView;
-
-/// One row. `SubItems` are the second and third column.
+/// One row. `Sub` are the second and third column.
 struct ListItem {
     QString Key;
     QString Text;
@@ -20,12 +21,12 @@ struct ListItem {
     int Icon = 0;
     std::array<QString, 2> Sub;
     QString Tag;
-    bool Selected = false;
 };
 
 enum ListViewStyle { lvwIcon = 0, lvwSmallIcon = 1, lvwList = 2, lvwReport = 3 };
 
-/// A table of rows. Rows are numbered from 1 in the commands' manner.
+/// A table of rows. Rows are numbered from 1 in the commands' manner. Geometry is in twips, from the left
+/// upper corner of the place where the rows stand.
 class ListView {
 public:
     // --- items ---------------------------------------------------------------------------------------
@@ -33,6 +34,12 @@ public:
     /// 35602 for a key that exists.
     int Add(int index, const QString& key, const QString& text, int icon, const QString& sub1 = {},
             const QString& sub2 = {});
+    /// Adds `count` rows behind the others, each made when it is first looked at: `make` is given its number
+    /// from 0. `find` tells the number of the row with a key, -1 for none; a row's key must not change.
+    /// Only for an empty list.
+    using RowMaker = std::function<ListItem(std::uint32_t number)>;
+    using RowFinder = std::function<qint64(const QString& key)>;
+    void Fill(std::uint32_t count, RowMaker make, RowFinder find);
     void Clear();
     int Count() const;
     const ListItem& Item(int index) const;          ///< throws Fault 35600
@@ -42,27 +49,59 @@ public:
     void SetText(int index, const QString& text);
     void SetSubItem(int index, int column, const QString& text); ///< column 1 or 2
     void SetItemTag(int index, const QString& tag);
+
+    // --- selection -----------------------------------------------------------------------------------
+    bool Selected(int index) const;
     void SetSelected(int index, bool selected);
+    void SelectAll();
     void ClearSelected();
-    int
-    SelectedItem() const; ///< 1-based index of the current row, 0 for none (also after that row was removed)
+    std::vector<int> SelectedRows() const; ///< in order
+    /// 1-based index of the current row, 0 for none (also after that row was removed).
+    int SelectedItem() const;
     void SetSelectedItem(int index); ///< also selects it; 0 takes the current row away
 
     QString Tag;
     int View() const { return view_; }
     void SetView(int view);
-    std::vector<double> ColumnWidths{2000, 6000, 4000}; ///< twips
     QStringList ColumnHeaders;
     bool TabStop = true;
+
+    // --- geometry: what the widget tells, and what follows from it --------------------------------------
+    std::vector<double> ColumnWidths{2000, 6000, 4000};
+    double RowHeight = 300;
+    double Width = 12000, Height = 6000;                  ///< of the place where rows are visible
+    int GetFirstVisible() const { return firstVisible_; } ///< 1-based row at the top
+    double Left() const { return left_; }                 ///< of each row: below 0 when scrolled to the right
+    void UserScrolled(int firstVisible, double left);
+    double ColumnLeft(int column) const; ///< 1-based column
+    double ItemTop(int index) const;
+    int HitTest(double x, double y) const; ///< the row at a point, 0 beside the rows
+    void EnsureVisible(int index);         ///< scrolls as little as possible
 
     /// Within an update nothing is announced but one aboutToReset at the start of the outermost and one reset
     /// at its end.
     void BeginUpdate();
     void EndUpdate();
 
+    // --- label editing: as in the tree -------------------------------------------------------------------
+    bool StartLabelEdit(); ///< of the current row
+    int LabelEditRow() const { return labelEdit_; }
+    void EndLabelEdit(const QString& text);
+    void CancelLabelEdit();
+    void FinishLabelEdit() {
+        if (labelEdit_ > 0)
+            labelEditFinish();
+    }
+    Event<bool&> BeforeLabelEdit;               ///< cancel
+    Event<int, bool&, QString&> AfterLabelEdit; ///< row, cancel, new text
+    Event<int> labelEditStarted;                ///< 1-based row; for the widget
+    Event<> labelEditFinish, labelEditEnded;
+
     // --- user's acts ---------------------------------------------------------------------------------
     Event<int> ItemClick; ///< 1-based row, 0 beside the rows
-    Event<> Click, DblClick;
+    /// A click on the value (column 2) or text (column 3) of the row that was current already.
+    Event<int, int> CellClick;
+    Event<> Click, DblClick, MouseDown;
     Event<int, int> KeyUp;
     Event<> GotFocus, LostFocus;
 
@@ -71,21 +110,35 @@ public:
     Event<int> aboutToInsert, inserted, aboutToRemove, removed; ///< 0-based row
     Event<int> changed;                                         ///< 1-based row
     Event<> selectionChanged, viewChanged;
+    Event<int> ensureVisible; ///< 1-based row
     Event<> focusRequested;
     void SetFocus() { focusRequested(); }
 
 private:
-    struct Row : ListItem {
-        qint64 place = 0; ///< grows from row to row, so that a row's index is found by halving
+    struct Slot {
+        qint64 place = 0;         ///< grows from row to row, so that a row's index is found by halving
+        std::uint32_t number = 0; ///< for the row maker
+        bool selected = false;
+        mutable std::unique_ptr<ListItem> item; ///< null as long as nobody looked
     };
-    Row& At(int index) const; ///< throws Fault 35600
+    const Slot& At(int index) const; ///< throws Fault 35600
+    Slot& At(int index);
+    ListItem& ItemOf(const Slot& slot) const;
+    int IndexOfPlace(qint64 place) const; ///< 0 when there is none
     qint64 PlaceBefore(std::size_t position);
     bool quiet() const { return updates_ > 0; }
-    std::deque<std::unique_ptr<Row>> rows_;
-    QHash<QString, const Row*> byKey_;
+
+    std::deque<Slot> slots_;
+    QHash<QString, qint64> placeByKey_; ///< rows that were added one by one
+    RowMaker make_;
+    RowFinder find_;
+    bool renumbered_ = false; ///< places no longer tell the numbers of filled rows
     int current_ = 0;
     int view_ = lvwReport;
     int updates_ = 0;
+    int labelEdit_ = 0;
+    int firstVisible_ = 1;
+    double left_ = 0;
 };
 
 } // namespace controls

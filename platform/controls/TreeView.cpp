@@ -50,33 +50,6 @@ int TreeView::ImageIndex(const QString& image) const {
     return static_cast<int>(place);
 }
 
-TreeNode TreeView::AppendChild(TreeNode parent, std::uint8_t kind, std::uint32_t serial,
-                               text::StringPool::Ref text, int image, int selectedImage) {
-    const qsizetype pictures = std::min<qsizetype>(ImageList.size(), 255);
-    if (!storage_->quiet() || kind == kOddKey)
-        Throw(text::kFaultBadCall);
-    if (image < 0 || image > pictures || selectedImage < 0 || selectedImage > pictures)
-        Throw(text::kFaultNotFound);
-    const std::uint32_t parentSlot = storage_->slotOrNone(parent);
-    if (!storage_->keys.claim(storage_->nodes.end(), kind, serial))
-        Throw(text::kFaultKeyNotUnique);
-    const std::uint32_t slot = storage_->link(parentSlot, 0);
-    TreeNodeData& node = storage_->nodes.at(slot);
-    node.kind = kind;
-    node.serial = serial;
-    node.text = text;
-    node.image = static_cast<std::uint8_t>(image);
-    node.selectedImage = static_cast<std::uint8_t>(selectedImage);
-    return storage_->handle(slot);
-}
-
-void TreeView::SetTag(TreeNode node, text::CompactView tag) {
-    if (&Storage::of(node) != storage_.get())
-        Throw(text::kFaultBadCall);
-    if (!(node.TagView() == tag))
-        storage_->setTag(node.slot_, storage_->pool.add(tag));
-}
-
 void TreeView::SetTextFromTag(TreeNode node, std::uint32_t length) {
     if (&Storage::of(node) != storage_.get())
         Throw(text::kFaultBadCall);

@@ -147,11 +147,16 @@ public:
     /// The user gave up: the text stays. A node that has none yet ends as one edited to an empty text, so
     /// that the program can name it.
     void CancelLabelEdit();
-    Event<bool&> BeforeLabelEdit;          ///< cancel
+    /// Ends an open edit as if the user had left it: the widget hands in what was typed so far.
+    void FinishLabelEdit() {
+        if (labelEdit_)
+            labelEditFinish();
+    }
+    Event<bool&> BeforeLabelEdit;                    ///< cancel
     Event<TreeNode, bool&, QString&> AfterLabelEdit; ///< the node, cancel, new text
     Event<> LabelEdited;
     Event<TreeNode> labelEditStarted; ///< for the widget
-    Event<> labelEditEnded;
+    Event<> labelEditFinish, labelEditEnded;
 
     // --- user's acts, raised by the widget or a test -------------------------------------------------
     Event<TreeNode> NodeClick; ///< the selection was changed by the user (SelectedItem is set already)
@@ -177,17 +182,12 @@ public:
     void BeginUpdate();
     void EndUpdate();
 
-    // --- bulk filling: used where a whole document is copied in --------------------------------------
+    // --- bulk filling: TreeFiller copies a whole document in -------------------------------------------
     /// Number of a name in the pool; the same name always gives the same number, so element names are shared.
     /// Numbers are good until the tree is emptied or the update ends.
     text::StringPool::Ref InternText(const QString& text);
     /// 1-based place of a picture in the list; throws Fault 35601 when it isn't there; 0 for an empty key.
     int ImageIndex(const QString& image) const;
-    /// Adds a last child with the key "<kind>serial" and text by interned number (or any pool number). Only
-    /// within an update. The key must be new; that is checked and throws Fault 35602.
-    TreeNode AppendChild(TreeNode parent, std::uint8_t kind, std::uint32_t serial, text::StringPool::Ref text,
-                         int image, int selectedImage);
-    void SetTag(TreeNode node, text::CompactView tag);
     /// Sets the text to the first `length` characters of the tag, and "..." if the tag is longer; a text
     /// equal to the tag shares its storage.
     void SetTextFromTag(TreeNode node, std::uint32_t length);

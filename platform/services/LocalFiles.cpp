@@ -58,6 +58,8 @@ FileResult ReadToEnd(int descriptor, qint64 size, QByteArray& bytes, const Step&
             const ssize_t more = read(descriptor, &probe, 1);
             if (more == 0)
                 break;
+            if (more < 0 && errno != EINTR)
+                return FailureOf(errno);
             if (more > 0) {
                 bytes.resize(used + kStepBytes);
                 bytes[used++] = probe;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/text/Iconv.h"
 #include "platform/text/TextCoder.h"
+#include "platform/text/TextTools.h"
 #include <QtEndian>
 #include <array>
 #include <cstring>
@@ -8,18 +9,6 @@
 namespace text {
 
 namespace {
-
-/// Place of the first half of a surrogate pair without its other half, or -1.
-qsizetype FindLoneHalf(QStringView piece) {
-    for (qsizetype i = 0; i < piece.size(); ++i) {
-        if (!piece[i].isSurrogate())
-            continue;
-        if (piece[i].isLowSurrogate() || i + 1 == piece.size() || !piece[i + 1].isLowSurrogate())
-            return i;
-        ++i;
-    }
-    return -1;
-}
 
 char* WriteUtf8(char32_t c, char* out) {
     const auto put = [&out](char32_t byte) { *out++ = static_cast<char>(byte); };

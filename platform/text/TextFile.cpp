@@ -102,6 +102,20 @@ QString LabelIn(QByteArrayView bytes) {
     return DeclaredEncoding(QString::fromLatin1(bytes.first(std::min(bytes.size(), kDeclarationBytes))));
 }
 
+/// Reads by what was said beside the bytes; nothing when that doesn't fit. A code of more than one byte a
+/// character would have been recognised by its first bytes; here it would take any bytes and give nonsense.
+std::optional<Decoded> ReadByCharset(const QString& charset, const QByteArray& bytes, qsizetype markSize) {
+    const std::optional<Code> code = FindCode(charset);
+    return code && code->byteCompatible ? ReadAs(*code, bytes, markSize) : std::nullopt;
+}
+
+/// The form of a text whose code nothing in it names: only UTF-8 needs no naming.
+void WriteAsUtf8(Decoded& read) {
+    read.form.encoding = QStringLiteral("UTF-8");
+    read.form.originalBytes.reset();
+    read.form.originalText.clear();
+}
+
 /// The last resorts, of which Latin-1 takes anything.
 Decoded ReadUndeclared(const QByteArray& bytes, qsizetype markSize) {
     if (std::optional<Decoded> result = ReadAs(KnownCode("UTF-8"), bytes, markSize))
@@ -114,7 +128,7 @@ Decoded ReadUndeclared(const QByteArray& bytes, qsizetype markSize) {
 }
 
 /// Reads by the declaration, or without one.
-Decoded ReadByDeclaration(const QByteArray& bytes, qsizetype markSize) {
+Decoded ReadByDeclaration(const QByteArray& bytes, qsizetype markSize, const QString& charset) {
     const QString label = LabelIn(QByteArrayView(bytes).sliced(markSize));
     const std::optional<Code> declared = label.isEmpty() ? std::nullopt : FindCode(label);
     if (declared) {
@@ -123,7 +137,14 @@ Decoded ReadByDeclaration(const QByteArray& bytes, qsizetype markSize) {
         if (result && result->form.declared == label)
             return *std::move(result);
     }
-    Decoded result = ReadUndeclared(bytes, markSize);
+    std::optional<Decoded> named = ReadByCharset(charset, bytes, markSize);
+    const bool byCharset = named.has_value();
+    Decoded result = byCharset ? *std::move(named) : ReadUndeclared(bytes, markSize);
+    if (label.isEmpty() && !charset.isEmpty() && !byCharset) {
+        result.warning = QStringLiteral("The bytes aren't in the encoding \"%1\" that the server named; they "
+                                        "were read as %2.")
+                             .arg(charset, result.form.encoding);
+    }
     if (!label.isEmpty()) {
         result.warning =
             (declared ? QStringLiteral("The bytes of the file aren't in the declared encoding \"%1\"; "
@@ -132,6 +153,8 @@ Decoded ReadByDeclaration(const QByteArray& bytes, qsizetype markSize) {
                                        "as %2."))
                 .arg(label, result.form.encoding);
     }
+    if (byCharset)
+        WriteAsUtf8(result);
     return result;
 }
 
@@ -162,7 +185,7 @@ Code CodeFor(const QString& text, const FileForm& form) {
 
 } // namespace
 
-Decoded Decode(const QByteArray& bytes) {
+Decoded Decode(const QByteArray& bytes, const QString& charset) {
     const std::optional<Code> marked = MarkedCode(bytes);
     if (const std::optional<Code> code = marked ? marked : WideCode(bytes)) {
         const qsizetype markSize = marked ? MarkOf(*code).size() : 0;
@@ -172,7 +195,7 @@ Decoded Decode(const QByteArray& bytes) {
         }
     }
     const bool spoiled = marked && marked->kind == Code::Kind::Utf8;
-    Decoded result = ReadByDeclaration(bytes, spoiled ? MarkOf(*marked).size() : 0);
+    Decoded result = ReadByDeclaration(bytes, spoiled ? MarkOf(*marked).size() : 0, charset);
     if (spoiled) {
         // A mark that says the wrong thing would only spoil the text. It goes once the text is changed.
         result.form.mark = false;

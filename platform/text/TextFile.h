@@ -40,10 +40,11 @@ struct Decoded {
 };
 
 /// Bytes to text: byte-order mark, else UTF-16 recognised by its first bytes, else the declared encoding,
-/// else UTF-8, else the locale's 8-bit code, else Latin-1, which takes any byte. Where the mark or the
-/// declared code doesn't fit the bytes the next in this order is used and `warning` says so. Never fails; no
-/// byte is lost.
-Decoded Decode(const QByteArray& bytes);
+/// else `charset` (what a server says beside the bytes, empty for nothing), else UTF-8, else the locale's
+/// 8-bit code, else Latin-1, which takes any byte. Where the mark, the declared code or the charset doesn't
+/// fit the bytes the next in this order is used and `warning` says so. Never fails; no byte is lost. A text
+/// read by its charset alone is written as UTF-8: a file has no place to say that charset.
+Decoded Decode(const QByteArray& bytes, const QString& charset = {});
 
 struct Encoded {
     QByteArray bytes;

@@ -141,6 +141,35 @@ bool IsBlank(QStringView text) {
                        [](QChar c) { return c == u' ' || c == u'\t' || IsLineEnd(c); });
 }
 
+qsizetype FindLoneHalf(QStringView text) {
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!text[i].isSurrogate())
+            continue;
+        if (text[i].isLowSurrogate() || i + 1 == text.size() || !text[i + 1].isLowSurrogate())
+            return i;
+        ++i;
+    }
+    return -1;
+}
+
+bool IsLoneHalf(QStringView text, qsizetype position) {
+    if (text[position].isLowSurrogate())
+        return position == 0 || !text[position - 1].isHighSurrogate();
+    const bool paired = position + 1 < text.size() && text[position + 1].isLowSurrogate();
+    return text[position].isHighSurrogate() && !paired;
+}
+
+QString WithoutLoneHalves(const QString& text) {
+    QString result = text;
+    for (qsizetype from = 0;;) {
+        const qsizetype lone = FindLoneHalf(QStringView(result).sliced(from));
+        if (lone < 0)
+            return result;
+        result[from + lone] = QChar::ReplacementCharacter;
+        from += lone + 1;
+    }
+}
+
 namespace {
 
 // Whether each LF stands behind a CR and each CR before an LF. Counted in blocks without a branch inside,

@@ -25,6 +25,12 @@ QString Trim(const QString& text);
 QString RTrim(const QString& text);
 /// Whether a text holds nothing but blanks, tabs and line ends.
 bool IsBlank(QStringView text);
+/// 0-based place of the first half of a surrogate pair that lacks its other half; -1 without one.
+qsizetype FindLoneHalf(QStringView text);
+/// Whether such a half stands at the 0-based `position`, which must be in the text.
+bool IsLoneHalf(QStringView text, qsizetype position);
+/// Each half of a pair that lacks its other half as U+FFFD. A text without one comes back shared.
+QString WithoutLoneHalves(const QString& text);
 /// Every line end (CR LF, CR alone, LF alone) as CR LF. A text that has only CR LF comes back shared, not
 /// copied.
 QString ToCrLf(const QString& text);

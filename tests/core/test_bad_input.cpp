@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
 #include "tests/support/LoopbackServer.h"
 #include "tests/support/TestApp.h"
 #include <QDir>
+#include <QTcpServer>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 // Whatever is opened, the program answers clearly, stays usable, and changes and loses nothing.
 namespace {
@@ -70,14 +71,59 @@ TEST_F(BadInput, FolderDeviceAndPipe) {
 }
 
 TEST_F(BadInput, UnreadableFile) {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "root may read everything";
-    const QString name = app.folder.Write(QStringLiteral("secret.xml"), "<a/>");
-    QFile::setPermissions(name, {});
-    app.prompts.Answer(Answer::No);
+    // A regular file whose reading fails, for root too: nothing lies at its beginning.
+    const QString name = QStringLiteral("/proc/self/mem");
+    app.app().options.Debug = true;
+    app.prompts.Answer({Answer::Ok, Answer::No});
     app.frame().OpenNamed(name);
-    EXPECT_TRUE(app.prompts.Texts().last().startsWith(QString::fromLatin1(kBadName)));
+    ASSERT_EQ(app.prompts.boxes.size(), 2U);
+    EXPECT_TRUE(app.prompts.boxes[0].text.startsWith(QStringLiteral("Module name:mXMLEdit.GetFileData\r\n")));
+    EXPECT_TRUE(app.prompts.boxes[1].text.startsWith(QString::fromLatin1(kBadName)));
     ExpectUsable(1);
+}
+
+TEST_F(BadInput, RunningOutOfMemoryWhileOpeningChangesNothing) {
+    const QString bystander = app.window().Caption;
+    // One breaks off while it is read, one while its window is filled; each has a box to show.
+    app.prompts.onBox = [](const test::Box&) { throw std::bad_alloc(); };
+    for (const char* text : {"<?xml version='1.0' encoding='none-such'?><a/>", "<a>"}) {
+        EXPECT_THROW(app.OpenText(QStringLiteral("large.xml"), text), std::bad_alloc) << text;
+        EXPECT_EQ(app.frame().FormCount(), 1) << text;
+        EXPECT_EQ(app.window().Caption, bystander) << text;
+        EXPECT_EQ(app.app().CurrentFileName, bystander) << text;
+    }
+    app.prompts.onBox = nullptr;
+    // And one while the skin makes its widgets.
+    bool full = true;
+    app.frame().formAdded.connect([&](DocumentWindow*) {
+        if (full)
+            throw std::bad_alloc();
+    });
+    EXPECT_THROW(app.frame().mnuFileNew_Click(), std::bad_alloc);
+    EXPECT_EQ(app.app().CurrentFileName, bystander);
+    full = false;
+    app.prompts.ForgetUnused();
+    ExpectUsable(1);
+    app.EditText(QStringLiteral("<good>new</good>"));
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(app.folder.Read(QStringLiteral("good.xml")), "<good>new</good>");
+    EXPECT_EQ(app.folder.Read(QStringLiteral("large.xml")), "<a>");
+}
+
+TEST_F(BadInput, EditsCountAfterMemoryRanOutWhileABadTextWasShown) {
+    DocumentWindow& window = app.window();
+    window.rtxtXML.SetText({});
+    bool full = true;
+    window.rtxtXML.Change.connect([&] {
+        if (full)
+            throw std::bad_alloc();
+    });
+    window.bQuietParse = true;
+    EXPECT_THROW(XMLToTree(window, QStringLiteral("<by>"), 0), std::bad_alloc);
+    full = false;
+    window.bTextChanged = false;
+    window.rtxtXML.Type(QStringLiteral("x"));
+    EXPECT_TRUE(window.bTextChanged);
 }
 
 TEST_F(BadInput, AFileThatVanishesIsWrittenAgainOnSave) {
@@ -205,6 +251,54 @@ TEST_F(BadInput, ServersThatMisbehave) {
         EXPECT_TRUE(app.prompts.Texts().last().startsWith(QString::fromLatin1(kBadName))) << c.name;
     }
     ExpectUsable(1);
+}
+
+TEST_F(BadInput, AnswersThatHoldNothing) {
+    QByteArray body;
+    test::LoopbackServer server(
+        [&](const QByteArray&) { return "HTTP/1.0 200 OK\r\nContent-Type: text/xml\r\n\r\n" + body; });
+    const QString url = server.Url(QStringLiteral("/x.xml"));
+    for (const QByteArray& blank : {QByteArray("  "), QByteArray("\xEF\xBB\xBF"), QByteArray("\xEF\xBB\xBF "),
+                                    QByteArray("\xFF\xFE \0", 4)}) {
+        body = blank;
+        app.prompts.Answer({Answer::Ok, Answer::No});
+        app.EnterAddress(url);
+        const QStringList texts = app.prompts.Texts();
+        ASSERT_GE(texts.size(), 2) << blank.toPercentEncoding().toStdString();
+        EXPECT_EQ(texts[texts.size() - 2], QStringLiteral("It's not a valid request."));
+    }
+    // Tabs and line ends are a text, though a bad one.
+    body = "\t\r\n";
+    app.prompts.Answer(Answer::Ok);
+    app.EnterAddress(url);
+    EXPECT_EQ(app.prompts.boxes.back().title, QStringLiteral("This is not valid XML"));
+    ExpectUsable(2);
+}
+
+TEST_F(BadInput, AServerThatIsNotThere) {
+    QTcpServer closed;
+    ASSERT_TRUE(closed.listen(QHostAddress::LocalHost));
+    const QString url = QStringLiteral("http://127.0.0.1:%1/x.xml").arg(closed.serverPort());
+    closed.close();
+    app.prompts.Answer(Answer::No);
+    app.EnterAddress(url);
+    EXPECT_EQ(app.frame().StatusBar1().Panel(1),
+              QStringLiteral("The system cannot locate the resource specified!"));
+    EXPECT_EQ(app.prompts.Texts(), QStringList{QString::fromLatin1(kBadName) + url + QStringLiteral(" ?")});
+    ExpectUsable(1);
+}
+
+TEST_F(BadInput, ACharsetThatOnlyTheServerNamed) {
+    test::LoopbackServer server([](const QByteArray&) {
+        return QByteArray(
+            "HTTP/1.0 200 OK\r\nContent-Type: text/xml; charset=\"gb2312\"\r\n\r\n<a>\xB1\xB1</a>");
+    });
+    app.EnterAddress(server.Url(QStringLiteral("/x.xml")));
+    EXPECT_EQ(app.window().tvXML.Nodes(1).Child().Child().Tag(), QString::fromUtf8("北"));
+    // The file that is made of it can't say so.
+    app.prompts.Choose(app.folder.Path(QStringLiteral("copy.xml")));
+    app.ChooseMenu(QStringLiteral("mnuFileSaveAs"));
+    EXPECT_EQ(app.folder.Read(QStringLiteral("copy.xml")), "<a>\xE5\x8C\x97</a>");
 }
 
 TEST_F(BadInput, AServerThatNeverAnswersCanBeCancelled) {

@@ -80,6 +80,12 @@ TEST(Opening, TheActiveDocumentAgainIsShownAgain) {
     EXPECT_EQ(app.frame().FormCount(), 1);
 }
 
+TEST(Opening, TheProgramKnowsTheFolderThatItLiesIn) {
+    TestApp app;
+    EXPECT_TRUE(QFile::exists(app.app().options.ApplicationFolder + QStringLiteral("core_tests")))
+        << app.app().options.ApplicationFolder.toStdString();
+}
+
 TEST(Opening, WhatIsNoAddressIsANewDocumentOfThatName) {
     TestApp app;
     app.frame().OpenNamed(QStringLiteral("plain.xml"));
@@ -209,7 +215,7 @@ TEST(NodePaths, LeadThereAndBack) {
     app.prompts.Answer(Answer::Ok);
     window.txtXPath.UserTyped(QStringLiteral("/nowhere["));
     window.txtXPath.KeyUp(Qt::Key_Enter, 0);
-    EXPECT_EQ(app.prompts.Texts().last(), QStringLiteral("Can not find any node by path:/nowhere["));
+    EXPECT_EQ(app.prompts.Texts().last(), QStringLiteral("Can not find any node by path:"));
 }
 
 TEST(Saving, UnchangedAndChanged) {
@@ -281,6 +287,21 @@ TEST(Saving, ATextThatDoesNotParseAsksOnClosingEvenUnchanged) {
     EXPECT_EQ(app.prompts.boxes.size(), 2U);
 }
 
+TEST(Saving, ABadTextInOneWindowMakesAnotherAskOnClosing) {
+    TestApp app;
+    DocumentWindow& good = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    app.prompts.Answer({Answer::Ok, Answer::No});
+    DocumentWindow& bad = app.OpenText(QStringLiteral("bad.xml"), "<a>");
+    EXPECT_TRUE(app.frame().CloseForm(&good));
+    ASSERT_EQ(app.prompts.boxes.size(), 2U);
+    EXPECT_EQ(app.prompts.boxes[1].text,
+              QStringLiteral("This XML file has been changed. Do you want to save it?"));
+    // A text that parses is what ends it, for the bad one too.
+    app.OpenText(QStringLiteral("fine.xml"), "<fine/>");
+    EXPECT_TRUE(app.frame().CloseForm(&bad));
+    EXPECT_EQ(app.prompts.boxes.size(), 2U);
+}
+
 TEST(Saving, SaveAsRenamesWindowAndRoot) {
     TestApp app;
     DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
@@ -302,10 +323,15 @@ TEST(Saving, SaveAsRenamesWindowAndRoot) {
     EXPECT_EQ(app.prompts.boxes.back().text,
               other + QStringLiteral(" already exists. Do you want to replace it?"));
     EXPECT_EQ(app.folder.Read(QStringLiteral("other.xml")), "<keep/>");
+    // The name was taken before the question.
+    EXPECT_EQ(window.Caption, other);
+    EXPECT_EQ(window.tvXML.Nodes(1).Key(), other);
+    EXPECT_EQ(app.app().CurrentFileName, other);
 
     app.prompts.Choose({});
     app.ChooseMenu(QStringLiteral("mnuFileSaveAs")); // a cancelled dialog ends it without a word
     EXPECT_EQ(app.prompts.boxes.size(), 1U);
+    EXPECT_EQ(window.Caption, other);
 }
 
 TEST(Saving, ANewDocumentAsksForItsName) {
@@ -355,6 +381,69 @@ TEST(Saving, ACharacterThatTheEncodingCantHoldIsAskedFor) {
     EXPECT_EQ(QString::fromUtf8(app.folder.Read(QStringLiteral("latin.xml"))),
               QString::fromUtf8("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<a>中文 café</a>"));
     EXPECT_EQ(window.tvXML.Nodes(1).Child().Tag(), QStringLiteral("version=\"1.0\" encoding=\"UTF-8\""));
+}
+
+TEST(Saving, TheListFollowsADeclarationThatSavingChanged) {
+    TestApp app;
+    DocumentWindow& window =
+        app.OpenText(QStringLiteral("latin.xml"), "<?xml version=\"1.0\" encoding=\"iso-8859-1\"?><a/>");
+    TreeNode comment = window.tvXML.Nodes.Add(
+        window.tvXML.Nodes(1), controls::tvwChild, m_tvXML::GetDistinctElementKey(app.app(), 8),
+        QStringLiteral("#comment"), QStringLiteral("comment"), QStringLiteral("opencomment"));
+    comment.SetTag(QString::fromUtf8("中文"));
+    window.bTreeChanged = true;
+    DoTree(window);
+    ASSERT_EQ(window.tbsXML.SelectedKey(), QStringLiteral("listview"));
+    app.prompts.Answer(Answer::Yes);
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    ASSERT_EQ(window.ListView1.Count(), 3);
+    EXPECT_EQ(window.ListView1.Item(1).Sub[0], QStringLiteral("version=\"1.0\" encoding=\"UTF-8\""));
+    for (int row = 1; row <= 3; ++row)
+        EXPECT_TRUE(window.tvXML.Nodes.Find(window.ListView1.Item(row).Key)) << row;
+}
+
+TEST(Saving, ADeclarationThatNamesNoCodeIsAskedForOnce) {
+    TestApp app;
+    const QByteArray before = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<a></a>";
+    app.OpenText(QStringLiteral("a.xml"), before);
+    app.EditText(QStringLiteral("<?xml version=\"1.0\" encoding=\"klingon\"?><a>x</a>"));
+    app.prompts.Answer({Answer::No, Answer::Yes});
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    ASSERT_EQ(app.prompts.Texts(), QStringList{QStringLiteral(
+                                       "The encoding klingon is not known. Do you want to save as UTF-8?")});
+    EXPECT_EQ(app.folder.Read(QStringLiteral("a.xml")), before);
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(app.folder.Read(QStringLiteral("a.xml")),
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<a>x</a>");
+    app.EditText(app.window().rtxtXML.Text() + QStringLiteral("<!--more-->"));
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(app.prompts.boxes.size(), 2U);
+}
+
+TEST(Saving, HalfOfAPairIsRefusedAndShownInThePreview) {
+    for (const char* code : {"UTF-8", "iso-8859-1"}) {
+        TestApp app;
+        const QByteArray before = QByteArray("<?xml version=\"1.0\" encoding=\"") + code + "\"?>\r\n<a></a>";
+        DocumentWindow& window = app.OpenText(QStringLiteral("a.xml"), before);
+        app.prompts.Answer({Answer::Ok, Answer::Ok, Answer::Yes, Answer::Ok});
+        app.EditText(
+            QString(window.rtxtXML.Text()).replace(QStringLiteral("<a>"), QStringLiteral("<a>\xD83D")));
+        app.ChooseMenu(QStringLiteral("mnuFileSave"));
+        const QString refused = QStringLiteral("The character at line 2, position 4 is half of a pair and "
+                                               "can not be saved. Nothing was written.");
+        ASSERT_EQ(app.prompts.boxes.size(), 2U) << code; // the parser's complaint, and this
+        EXPECT_EQ(app.prompts.boxes[1].text, refused) << code;
+        EXPECT_EQ(app.prompts.boxes[1].buttons, services::Buttons::Ok);
+        EXPECT_FALSE(app.frame().CloseForm(&window)); // Yes, save it
+        EXPECT_EQ(app.prompts.boxes.back().text, refused) << code;
+        EXPECT_EQ(app.folder.Read(QStringLiteral("a.xml")), before) << code;
+
+        window.tbsXML.Select(QStringLiteral("browserview"));
+        EXPECT_EQ(app.prompts.boxes.size(), 4U) << code;
+        QFile preview(window.IE.LocationURL());
+        ASSERT_TRUE(preview.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(preview.readAll().endsWith("<a>\xEF\xBF\xBD</a>")) << code;
+    }
 }
 
 TEST(Saving, ARefusedWriteLeavesTheFileAndTellsWhy) {

@@ -16,9 +16,10 @@ QString Serialised(DocumentWindow& window) {
 }
 
 TEST(NodeKeys, TypeIsReadFromAnyKey) {
-    const std::vector<std::pair<const char*, int>> keys{{"<1>42", 1}, {"<10>7", 10},       {"abc", 0},
-                                                        {"", 0},      {"<1>12/id", 1},     {"a=<3>9", 3},
-                                                        {"=<8>1", 8}, {"/tmp/a<b.xml", 0}, {"x=<1>=<7>2", 7}};
+    const std::vector<std::pair<const char*, int>> keys{
+        {"<1>42", 1},  {"<10>7", 10}, {"abc", 0},          {"", 0},           {"<1>12/id", 1},
+        {"a=<3>9", 3}, {"=<8>1", 8},  {"/tmp/a<b.xml", 0}, {"x=<1>=<7>2", 7}, {"<1e1>5", 1},
+        {"<3.9>5", 3}, {"< 8>5", 0},  {"<-1>5", 0},        {"<70000>5", 0}};
     for (const auto& [key, type] : keys)
         EXPECT_EQ(m_tvXML::GetKeyType(QString::fromLatin1(key)), type) << key;
 }
@@ -73,6 +74,10 @@ TEST(AttributeStrings, AreTakenApartAtTheQuotes) {
     EXPECT_EQ(values, (QStringList{QStringLiteral("1"), QStringLiteral("x &quot;y&quot;")}));
     EXPECT_EQ(m_tvXML::GetAllAttributesNameAndValue({}, names, values), 0);
     EXPECT_TRUE(names.isEmpty());
+    // A value without a name leaves its place empty.
+    EXPECT_EQ(m_tvXML::GetAllAttributesNameAndValue(QStringLiteral("\"lost\" b=\"2\""), names, values), 6);
+    EXPECT_EQ(names, (QStringList{QString(), QStringLiteral("b")}));
+    EXPECT_EQ(values, (QStringList{QString(), QStringLiteral("2")}));
 }
 
 TEST(Names, PrefixAndLengthRules) {
@@ -132,15 +137,19 @@ TEST(Serialiser, ItsOwnTextComesBackUnchanged) {
 }
 
 TEST(Serialiser, DeepDocumentsNeedNoDeepStack) {
+    constexpr int kLevels = 200'000; // far more frames than a stack holds
     TestApp app;
-    QByteArray text;
-    for (int i = 0; i < 2000; ++i)
-        text += "<d>";
-    for (int i = 0; i < 2000; ++i)
-        text += "</d>";
-    DocumentWindow& window = app.OpenText(QStringLiteral("deep.xml"), text);
-    EXPECT_EQ(window.tvXML.Nodes.Count(), 2001);
-    EXPECT_EQ(Serialised(window).count(QStringLiteral("<d>")), 2000);
+    DocumentWindow& window = app.OpenText(QStringLiteral("deep.xml"), "<d/>");
+    TreeNode deepest = window.tvXML.Nodes(1).Child();
+    for (int level = 2; level <= kLevels; ++level)
+        deepest = window.tvXML.Nodes.Add(deepest, controls::tvwChild,
+                                         m_tvXML::GetDistinctElementKey(app.app(), 1), QStringLiteral("d"),
+                                         QStringLiteral("element"), QStringLiteral("openelement"));
+    // Without an indentation, which at this depth would take gigabytes.
+    const QString text = m_tvXML::GetTreeNodesXML(window.tvXML.Nodes(1), {});
+    EXPECT_EQ(text.count(QStringLiteral("<d>")), kLevels);
+    EXPECT_TRUE(text.endsWith(QStringLiteral("</d>\r\n</d>")));
+    EXPECT_EQ(m_tvXML::GetBeforeNodeNumber(app.app(), deepest), kLevels);
 }
 
 TEST(Fetching, AddressTypesAndNames) {
@@ -160,6 +169,8 @@ TEST(Fetching, AddressTypesAndNames) {
     EXPECT_FALSE(mXMLEdit::IsBinaryFile(QStringLiteral("/exe/x.xml")));
     EXPECT_EQ(mXMLEdit::GetExtName(QStringLiteral("/a.b/file")), QString());
     EXPECT_EQ(mXMLEdit::GetFSFolderName(QStringLiteral("c:\\dir\\x.xml")), QStringLiteral("c:\\dir"));
+    EXPECT_EQ(mXMLEdit::GetFSFolderName(QStringLiteral("c:\\x.xml")), QStringLiteral("c:\\"));
+    EXPECT_EQ(mXMLEdit::GetFSFolderName(QStringLiteral("/x.xml")), QStringLiteral("/"));
     EXPECT_EQ(mXMLEdit::GetFSFileName(QStringLiteral("/a/b/x.xml")), QStringLiteral("x.xml"));
     EXPECT_EQ(mXMLEdit::convertStringToXML(QStringLiteral("a<b&c")), QStringLiteral("a&lt;b&amp;c"));
     EXPECT_EQ(mXMLEdit::convertStringToXML(QStringLiteral("&lt;'\"")),

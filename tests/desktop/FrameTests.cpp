@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The main window: menus, documents side by side, dropped files, the address box.
+#include "core/sync/Views.h"
 #include "tests/desktop/ShownApp.h"
 #include <QAction>
 #include <QComboBox>
@@ -53,18 +54,56 @@ TEST_F(FrameWindow, WindowOrderIsTheFramesAndTheActiveOneIsInFront) {
     EXPECT_EQ(Area().subWindowList().size(), 1);
 }
 
-TEST_F(FrameWindow, HorizontalTilesLieAboveEachOtherVerticalOnesSideBySide) {
+TEST_F(FrameWindow, TilesLieAboveEachOtherOrSideBySideAndFillTheFrame) {
     OpenTwo();
+    const QRect room = Area().viewport()->rect();
     const auto tiles = [&](const char* entry) {
         t.ChooseMenu(QLatin1String(entry));
-        return std::pair(Area().subWindowList().at(0)->geometry(), Area().subWindowList().at(1)->geometry());
+        const auto windows = Area().subWindowList();
+        return std::pair(windows.at(0)->geometry(), windows.at(1)->geometry());
     };
-    const auto [front, back] = tiles("mnuWindowTileHorizontal");
-    EXPECT_EQ(front.left(), back.left());
-    EXPECT_FALSE(front.intersects(back));
-    const auto [left, right] = tiles("mnuWindowTileVertical");
-    EXPECT_EQ(left.top(), right.top());
-    EXPECT_FALSE(left.intersects(right));
+    const auto [below, above] = tiles("mnuWindowTileHorizontal");
+    EXPECT_EQ(above | below, room);
+    EXPECT_EQ(above.width(), room.width());
+    EXPECT_EQ(above.bottom() + 1, below.top());
+    const auto [right, left] = tiles("mnuWindowTileVertical");
+    EXPECT_EQ(left | right, room);
+    EXPECT_EQ(left.height(), room.height());
+    EXPECT_EQ(left.right() + 1, right.left());
+}
+
+TEST_F(FrameWindow, CascadedWindowsShowTheirTitles) {
+    OpenTwo();
+    t.ChooseMenu(QStringLiteral("mnuWindowCascade"));
+    const QRect back = Area().subWindowList().at(0)->geometry(),
+                front = Area().subWindowList().at(1)->geometry();
+    EXPECT_TRUE(front.intersects(back));
+    EXPECT_GT(front.top(), back.top() + 10);
+    EXPECT_GT(front.left(), back.left());
+    EXPECT_EQ(front.size(), back.size());
+}
+
+TEST_F(FrameWindow, IconsAreArrangedInARowAtTheBottomAndNamedByTheirFiles) {
+    OpenTwo();
+    const auto windows = Area().subWindowList();
+    for (QMdiSubWindow* window : windows) {
+        Area().setActiveSubWindow(window); // as a click on its title does
+        EXPECT_FALSE(window->isMinimized());
+        window->showMinimized();
+    }
+    Area().setActiveSubWindow(windows.at(0));
+    ASSERT_TRUE(windows.at(0)->isMinimized()) << "a click on an icon's title doesn't open it";
+    for (QMdiSubWindow* window : windows)
+        window->move(70, 40); // where the user left it
+    t.ChooseMenu(QStringLiteral("mnuWindowArrangeIcons"));
+    QRect one = windows.at(0)->geometry(), two = windows.at(1)->geometry();
+    if (two.left() < one.left())
+        std::swap(one, two);
+    EXPECT_EQ(one.bottomLeft(), Area().viewport()->rect().bottomLeft());
+    EXPECT_EQ(two.bottomLeft(), one.bottomRight() + QPoint(1, 0));
+    EXPECT_EQ(windows.at(0)->windowTitle(), QStringLiteral("one.xml"));
+    windows.at(0)->showNormal();
+    EXPECT_EQ(windows.at(0)->windowTitle(), t.folder.Path(QStringLiteral("one.xml")));
 }
 
 TEST_F(FrameWindow, DroppedFilesAreOpenedAlsoOverTheTextEditor) {
@@ -74,11 +113,16 @@ TEST_F(FrameWindow, DroppedFilesAreOpenedAlsoOverTheTextEditor) {
     files.setUrls({QUrl::fromLocalFile(t.folder.Write(QStringLiteral("a b&c.xml"), "<two/>")),
                    QUrl::fromLocalFile(t.folder.Write(QStringLiteral("three.xsd"), "<three/>"))});
     QWidget& over = *t.Text().viewport();
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &files, Qt::LeftButton, {});
+    // A file manager may propose to move the files, and takes away what a program says it has moved.
+    const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(QPoint(5, 5), offered, &files, Qt::LeftButton, Qt::ShiftModifier);
+    ASSERT_EQ(enter.proposedAction(), Qt::MoveAction);
     QApplication::sendEvent(&over, &enter);
-    QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &files, Qt::LeftButton, {});
+    EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
+    QDropEvent drop(QPointF(5, 5), offered, &files, Qt::LeftButton, Qt::ShiftModifier);
     QApplication::sendEvent(&over, &drop);
     EXPECT_TRUE(drop.isAccepted());
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
     QCoreApplication::processEvents();
     ASSERT_EQ(t.frame().FormCount(), 3);
     EXPECT_EQ(t.frame().Forms().at(1)->Caption, t.folder.Path(QStringLiteral("a b&c.xml")));
@@ -87,20 +131,15 @@ TEST_F(FrameWindow, DroppedFilesAreOpenedAlsoOverTheTextEditor) {
 }
 
 TEST_F(FrameWindow, EnterInTheAddressBoxOpensOnceAlsoForAKnownName) {
-    const QString name = t.folder.Write(QStringLiteral("one.xml"), "<one/>");
-    t.frame().cmbAddress().AddItem(name);
-    int opened = 0;
-    t.frame().cmbAddress().Click.connect([&opened] { ++opened; });
+    const QString gone = t.folder.Path(QStringLiteral("gone.xml"));
+    t.frame().cmbAddress().AddItem(gone);
     t.Press(Qt::Key_L, Qt::ControlModifier);
-    auto& box = *t.main->findChild<QComboBox*>(QStringLiteral("cmbAddress"));
-    EXPECT_TRUE(box.hasFocus());
-    box.lineEdit()->clear();
-    for (const QChar unit : name)
-        QTest::sendKeyEvent(QTest::Click, &box, Qt::Key_unknown, QString(unit), {});
-    EXPECT_EQ(t.frame().cmbAddress().Text(), name);
-    QTest::keyClick(&box, Qt::Key_Return);
-    EXPECT_EQ(t.frame().FormCount(), 1);
-    EXPECT_EQ(opened, 0);
+    const auto& box = *t.main->findChild<QComboBox*>(QStringLiteral("cmbAddress"));
+    ASSERT_TRUE(box.hasFocus());
+    t.Type(gone);
+    t.prompts.Answer({services::Answer::Ok, services::Answer::No});
+    t.Press(Qt::Key_Return);
+    EXPECT_EQ(t.prompts.boxes.size(), 2U) << "an opening tells once and asks once whether to make the file";
 }
 
 TEST_F(FrameWindow, ClosingTheFrameStopsAtTheDocumentThatIsKept) {
@@ -127,6 +166,20 @@ TEST_F(FrameWindow, F6WalksThroughAllPanesAndBackToTheTree) {
                                            QStringLiteral("ListView1")}));
     EXPECT_TRUE(seen.contains(QStringLiteral("cmbAddress")));
     EXPECT_EQ(seen.last(), QStringLiteral("tvXML"));
+}
+
+TEST_F(FrameWindow, F6ComesByBothPanesOfASplitText) {
+    DocumentWindow& window = t.OpenText(QStringLiteral("one.xml"), "<one/>");
+    t.ClickTab(QStringLiteral("textview"));
+    SplitTextViewHalf(window);
+    const auto next = [this] {
+        t.Press(Qt::Key_F6);
+        return QApplication::focusWidget()->objectName();
+    };
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("rtxtXML"));
+    EXPECT_EQ(next(), QStringLiteral("rtxtXML2"));
+    t.Press(Qt::Key_F6, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("rtxtXML"));
 }
 
 } // namespace

@@ -47,8 +47,8 @@ TEST_F(TreeAndList, ListRowsAreSelectedBothWays) {
     auto& list = t.window().ListView1;
     t.Click(*t.List().viewport(), t.List().visualRect(t.List().model()->index(0, 0)).center());
     QTest::keyClick(&t.List(), Qt::Key_Down, Qt::ShiftModifier);
-    EXPECT_TRUE(list.Item(1).Selected);
-    EXPECT_TRUE(list.Item(2).Selected);
+    EXPECT_TRUE(list.Selected(1));
+    EXPECT_TRUE(list.Selected(2));
     list.ClearSelected();
     EXPECT_FALSE(t.List().selectionModel()->hasSelection());
     list.SetSelectedItem(2);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/controls/ListView.h"
-#include "platform/controls/TreeView.h"
+#include "platform/controls/TreeFiller.h"
 #include <gtest/gtest.h>
 
 // Sizes at which a recursion overflows the stack, and at which work that grows with the square never ends.
@@ -13,12 +13,14 @@ TEST(LargeTree, a_chain_deeper_than_any_stack_is_shown_and_removed) {
     TreeView tree;
     const TreeNode root = tree.Nodes.Add({}, 0, QStringLiteral("/deep.xml"), QString());
     tree.Nodes.Add({}, 0, QStringLiteral("/other.xml"), QString());
-    TreeNode last = root;
     {
         const TreeUpdate update(tree);
+        TreeFiller filler(tree, root);
+        TreeFiller::Slot slot = filler.top();
         for (std::uint32_t i = 1; i <= kDepth; ++i)
-            last = tree.AppendChild(last, 1, i, 0, 0, 0);
+            slot = filler.append(slot, 1, i, 0, 0, 0);
     }
+    TreeNode last = tree.Nodes(QStringLiteral("<1>%1").arg(kDepth));
     last.EnsureVisible();
     EXPECT_TRUE(tree.Nodes(QStringLiteral("<1>1")).Expanded());
     tree.SetSelectedItem(last);
@@ -58,16 +60,20 @@ TEST(LargeTree, a_huge_family_is_edited_in_the_middle_and_cleared_from_either_en
 TEST(LargeTree, storage_of_replaced_texts_is_won_back_and_living_texts_stay) {
     TreeView tree;
     const TreeNode root = tree.Nodes.Add({}, 0, QStringLiteral("/x.xml"), QStringLiteral("/x.xml"));
-    TreeNode first, second, shared;
     {
         const TreeUpdate update(tree);
+        TreeFiller filler(tree, root);
         const auto name = tree.InternText(QStringLiteral("книга"));
-        first = tree.AppendChild(root, 1, 1, name, 0, 0);
-        second = tree.AppendChild(root, 1, 2, name, 0, 0);
-        shared = tree.AppendChild(root, 3, 3, 0, 0, 0);
-        shared.SetTag(QStringLiteral("a &amp; b"));
-        tree.SetTextFromTag(shared, 64);
+        filler.append(filler.top(), 1, 1, name, 0, 0);
+        filler.append(filler.top(), 1, 2, name, 0, 0);
+        const TreeFiller::Slot words = filler.append(filler.top(), 3, 3, 0, 0, 0);
+        text::CompactBuilder tag;
+        tag.append(u"a &amp; b");
+        filler.setTag(words, tag.view());
+        filler.setTextFromTag(words, 64);
     }
+    TreeNode first = tree.Nodes(QStringLiteral("<1>1"));
+    const TreeNode second = first.Next(), shared = second.Next();
     for (int i = 0; i < 300; ++i)
         first.SetTag(QString(1'000'000, QChar(u'a' + i % 26)));
     EXPECT_LT(tree.bytes(), 200'000'000u);

@@ -40,14 +40,14 @@ TEST(List, the_current_row_stays_with_its_item) {
     list.selectionChanged.connect([&] { ++told; });
     list.SetSelectedItem(2);
     list.SetSelectedItem(2);
-    EXPECT_TRUE(list.Item(2).Selected);
+    EXPECT_TRUE(list.Selected(2));
     EXPECT_EQ(told, 1);
     list.Add(1, QStringLiteral("z"), QString(), 1);
     EXPECT_EQ(list.SelectedItem(), 3);
     list.Remove(1);
     EXPECT_EQ(list.Item(list.SelectedItem()).Key, QStringLiteral("b"));
     list.ClearSelected();
-    EXPECT_FALSE(list.Item(2).Selected);
+    EXPECT_FALSE(list.Selected(2));
     EXPECT_EQ(list.SelectedItem(), 2) << "the current row needn't be a selected one";
     list.Remove(2);
     EXPECT_EQ(list.SelectedItem(), 0);

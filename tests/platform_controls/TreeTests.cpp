@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/controls/TreeView.h"
+#include "platform/controls/TreeFiller.h"
 #include "platform/text/Fault.h"
 #include <gtest/gtest.h>
 
@@ -96,7 +96,7 @@ TEST_F(Tree, misuse_throws_the_fault_the_commands_expect_and_adds_nothing) {
     EXPECT_EQ(FaultOf([&] { tree.Nodes(3); }), text::kFaultOutOfBounds);
     EXPECT_EQ(FaultOf([&] { tree.Nodes.Remove(TreeNode()); }), text::kFaultNothing);
     EXPECT_EQ(FaultOf([&] { other.SetSelectedItem(node); }), text::kFaultBadCall);
-    EXPECT_EQ(FaultOf([&] { tree.AppendChild(root, 1, 3, 0, 0, 0); }), text::kFaultBadCall);
+    EXPECT_EQ(FaultOf([&] { TreeFiller(tree, root); }), text::kFaultBadCall) << "outside an update";
     EXPECT_EQ(tree.Nodes.Count(), 2);
 }
 
@@ -182,7 +182,8 @@ TEST_F(Tree, each_change_is_announced_once_and_a_setter_that_changes_nothing_is_
     expect({QStringLiteral("remove a 1"), QStringLiteral("removed a 1")});
     {
         const TreeUpdate outer(tree), inner(tree);
-        tree.AppendChild(root, 1, 9, tree.InternText(QStringLiteral("book")), 1, 2);
+        TreeFiller filler(tree, root);
+        filler.append(filler.top(), 1, 9, tree.InternText(QStringLiteral("book")), 1, 2);
         a.SetText(QStringLiteral("x"));
         a.SetExpanded(false);
         tree.SetSelectedItem(a);
@@ -215,14 +216,18 @@ TEST_F(Tree, names_that_were_interned_are_told_apart_by_number) {
     const TreeUpdate update(tree);
     const auto book = tree.InternText(QStringLiteral("book")),
                title = tree.InternText(QStringLiteral("title"));
-    const TreeNode first = tree.AppendChild(root, 1, 1, book, 1, 2),
-                   second = tree.AppendChild(first, 1, 2, title, 1, 2),
-                   third = tree.AppendChild(root, 1, 3, tree.InternText(QStringLiteral("book")), 1, 2);
+    TreeFiller filler(tree, root);
+    const TreeFiller::Slot shelf = filler.append(filler.top(), 1, 1, book, 1, 2);
+    filler.append(shelf, 1, 2, title, 1, 2);
+    filler.append(filler.top(), 1, 3, tree.InternText(QStringLiteral("book")), 1, 2);
+    const TreeNode first = tree.Nodes(2), second = tree.Nodes(3), third = tree.Nodes(4);
+    EXPECT_EQ(second.Parent(), first);
+    EXPECT_EQ(first.Next(), third);
     EXPECT_EQ(first.TextId(), third.TextId());
     EXPECT_NE(first.TextId(), second.TextId());
     EXPECT_EQ(third.Text(), QStringLiteral("book"));
-    EXPECT_EQ(FaultOf([&] { tree.AppendChild(root, 1, 3, book, 1, 2); }), text::kFaultKeyNotUnique);
-    EXPECT_EQ(FaultOf([&] { tree.AppendChild(root, 1, 4, book, 3, 2); }), text::kFaultNotFound);
+    EXPECT_EQ(FaultOf([&] { filler.append(shelf, 1, 3, book, 1, 2); }), text::kFaultKeyNotUnique);
+    EXPECT_EQ(FaultOf([&] { filler.append(shelf, 1, 4, book, 3, 2); }), text::kFaultNotFound);
     EXPECT_EQ(tree.Nodes.Count(), 4);
 }
 

@@ -68,6 +68,7 @@ TEST_F(LocalFiles, ReadsRegularFilesOnlyAndSaysWhatElseItIs) {
     EXPECT_EQ(ReadError(file + QChar(0) + u"x"_qs), FileError::BadName);
     EXPECT_EQ(ReadError(folder.Path(QString(300, u'x'))), FileError::BadName);
     EXPECT_EQ(ReadError(u"/dev/zero"_qs), FileError::BadName);
+    EXPECT_EQ(ReadError(u"/proc/self/mem"_qs), FileError::Other); // reading its beginning fails
     ASSERT_EQ(mkfifo(folder.Native(u"pipe.xml"_qs).constData(), 0644), 0);
     EXPECT_EQ(ReadError(folder.Path(u"pipe.xml"_qs)), FileError::BadName);
     Link(u"circle.xml"_qs, u"circle.xml"_qs);

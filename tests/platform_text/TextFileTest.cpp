@@ -188,6 +188,31 @@ TEST(TextFile, WarnsWhereTheDeclaredEncodingDoesNotFit) {
     EXPECT_EQ(Decode("<a>\xE9</a>").warning, QString()); // nothing was claimed
 }
 
+TEST(TextFile, ACharsetStandsBetweenTheDeclarationAndUtf8) {
+    const QString gb = u"gb2312"_qs;
+    const Decoded read = Decode("<a>\xB1\xB1</a>\n", gb);
+    EXPECT_EQ(read.text, u"<a>\u5317</a>\r\n"_qs);
+    EXPECT_EQ(read.warning, QString());
+    // Nothing in the text tells its code: it is written in the one that needs no telling.
+    EXPECT_EQ(Encode(read.text, read.form).bytes, "<a>\xE5\x8C\x97</a>\n");
+
+    const QByteArray declared = "<?xml version='1.0' encoding='iso-8859-1'?><a>\xE9\xE8</a>";
+    EXPECT_TRUE(Decode(declared, gb).text.endsWith(u"<a>\u00e9\u00e8</a>"));
+    EXPECT_EQ(Encode(Decode(declared, gb).text, Decode(declared, gb).form).bytes, declared);
+    EXPECT_EQ(Decode("\xEF\xBB\xBF<a>\xC3\xA9</a>", gb).text, u"<a>\u00e9</a>"_qs);
+    EXPECT_EQ(Decode("<a>\xC3\xA9</a>", u"1252"_qs).text, u"<a>\u00c3\u00a9</a>"_qs); // not UTF-8
+
+    for (const QString& wrong : {u"utf-8"_qs, u"us-ascii"_qs, u"none-such"_qs}) {
+        const Decoded latin = Decode("<a>\xE9</a>", wrong);
+        EXPECT_EQ(latin.text, u"<a>\u00e9</a>"_qs) << Name(wrong);
+        EXPECT_TRUE(latin.warning.contains(wrong)) << Name(latin.warning);
+        EXPECT_EQ(Encode(latin.text, latin.form).bytes, "<a>\xE9</a>") << Name(wrong);
+    }
+    // Any even number of bytes would pass for UTF-16.
+    EXPECT_EQ(Decode("<ab>\xC3\xA9</ab>!", u"utf-16"_qs).text, u"<ab>\u00e9</ab>!"_qs);
+    EXPECT_EQ(Decode(QByteArray("\xFF\xFE<\0", 4), u"utf-16"_qs).warning, QString());
+}
+
 TEST(TextFile, FollowsTheDeclarationOnceItChanges) {
     Decoded file =
         Decode("<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n<a>\xC3\xA9</a>\n"); // is UTF-8 in truth

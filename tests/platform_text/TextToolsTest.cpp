@@ -67,6 +67,22 @@ TEST(TextTools, TrimTakesAwayBlanksOnly) {
     EXPECT_FALSE(text::IsBlank(u" \u00a0 "));
 }
 
+TEST(TextTools, HalvesOfPairsAreFoundAndReplaced) {
+    const QString whole = QString::fromUtf8("a😀b");
+    EXPECT_EQ(text::FindLoneHalf(whole), -1);
+    EXPECT_EQ(text::WithoutLoneHalves(whole).constData(), whole.constData()); // shared
+    const QChar high(0xD83D);
+    const QChar low(0xDE00);
+    const QString odd = low + u"a"_qs + high + high + low + low + u'b' + high;
+    const QString mended = u"\uFFFDa\uFFFD"_qs + high + low + u"\uFFFDb\uFFFD"_qs;
+    EXPECT_EQ(text::WithoutLoneHalves(odd), mended);
+    QList<int> lone;
+    for (int i = 0; i < odd.size(); ++i)
+        if (text::IsLoneHalf(odd, i))
+            lone.append(i);
+    EXPECT_EQ(lone, (QList<int>{0, 2, 5, 7}));
+}
+
 TEST(TextTools, EveryLineEndBecomesCrLf) {
     EXPECT_EQ(text::ToCrLf(u"a\nb\rc\r\nd\n\re\r"_qs), u"a\r\nb\r\nc\r\nd\r\n\r\ne\r\n"_qs);
     EXPECT_EQ(text::ToCrLf(u"\n"_qs), u"\r\n"_qs);

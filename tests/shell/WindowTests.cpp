@@ -176,4 +176,32 @@ TEST(Windows, SaveWritesTheActiveWindowAndSaveAllWritesNone) {
     EXPECT_EQ(t.folder.Read(QStringLiteral("a.xml")), kEdited.toUtf8());
 }
 
+// What the panels say is about the document in front.
+TEST(Windows, AMessageDoesNotStayBesideAnotherDocument) {
+    TestApp t;
+    const auto panel = [&t](int number) { return t.frame().StatusBar1().Panel(number).toStdString(); };
+    DocumentWindow& good = t.OpenText(QStringLiteral("a.xml"), "<a/>");
+    t.ChooseMenu(QStringLiteral("mnuFileNew"));
+    EXPECT_NE(panel(1).find("no root element"), std::string::npos) << "what opening it had to say";
+    DocumentWindow& fresh = t.window();
+    t.frame().ActivateForm(&good);
+    EXPECT_EQ(panel(1), "");
+
+    t.window().tbsXML.Select(QStringLiteral("textview"));
+    t.window().rtxtXML.KeyUp(Qt::Key_Right, 0);
+    const std::string place = panel(2);
+    EXPECT_NE(place, "");
+    t.frame().ActivateForm(&fresh);
+    EXPECT_EQ(panel(2), "") << "the list view has no caret";
+    t.frame().ActivateForm(&good);
+    EXPECT_EQ(panel(2), place);
+
+    t.ChooseMenu(QStringLiteral("mnuFileNew"));
+    t.prompts.Answer({Answer::Cancel, Answer::No});
+    t.ChooseMenu(QStringLiteral("mnuFileClose"));
+    EXPECT_NE(panel(1), "") << "it stays";
+    t.ChooseMenu(QStringLiteral("mnuFileClose"));
+    EXPECT_EQ(panel(1), "");
+}
+
 } // namespace
