@@ -52,7 +52,6 @@ void ListEditing::ConnectEditor() {
 }
 
 void ListEditing::ConnectCells() {
-    report_.installEventFilter(this);
     report_.viewport()->installEventFilter(this);
     const auto scrolled = [this] {
         TellGeometry();
@@ -108,13 +107,6 @@ bool ListEditing::eventFilter(QObject* watched, QEvent* event) {
         MousePressed(static_cast<QMouseEvent*>(event)->pos());
     if (event->type() == QEvent::MouseButtonRelease && watched == report_.viewport())
         MouseReleased(static_cast<QMouseEvent*>(event)->pos());
-    // Tab opens the editor on the current row instead of leaving the list.
-    if (event->type() == QEvent::KeyPress && watched == &report_) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (key->key() == Qt::Key_Tab && key->modifiers() == Qt::NoModifier &&
-            window_.ListView1.SelectedItem() > 0)
-            return true;
-    }
     return false;
 }
 

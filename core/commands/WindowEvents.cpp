@@ -190,6 +190,12 @@ void ConnectList(DocumentWindow& window) {
         const controls::ListView& cells = window.ListView1;
         ShowListViewTextBox(window, cells.ColumnLeft(column) + 1, cells.ItemTop(row) + 1);
     });
+    // Tab opens the editor on the current row, so it doesn't leave the list then.
+    list.KeyDown.connect([&window](int& key, int modifiers) {
+        if (key == Qt::Key_Tab && modifiers == 0 && window.ListView1.SelectedItem() > 0 &&
+            window.ListView1.View() == controls::lvwReport)
+            key = 0;
+    });
     list.KeyUp.connect([&window](int key, int modifiers) { ListView1_KeyUp(window, key, modifiers); });
     list.BeforeLabelEdit.connect([&window](bool& cancel) { ListView1_BeforeLabelEdit(window, cancel); });
     list.AfterLabelEdit.connect([&window](int row, bool& cancel, QString& newString) {

@@ -49,9 +49,9 @@ struct DocumentWindow {
     // --- controls ---------------------------------------------------------------------------------------
     controls::TreeView tvXML;
     controls::ListView ListView1;
-    controls::TextBox txtListView;   ///< edits a cell of the list; its Tag tells the column: "1" or "2"
-    controls::CommandButton cmdPop;  ///< beside txtListView
-    controls::Timer tmList{100};     ///< txtListView follows the scrolling of the list
+    controls::TextBox txtListView;  ///< edits a cell of the list; its Tag tells the column: "1" or "2"
+    controls::CommandButton cmdPop; ///< beside txtListView
+    controls::Timer tmList{100};    ///< txtListView follows the scrolling of the list
     controls::RichTextBox rtxtXML, rtxtXML2;
     controls::TabStrip tbsXML;
     controls::TextBox txtXPath;
@@ -76,12 +76,12 @@ struct DocumentWindow {
     int miCurrentView = kViewTree;
     int miPopupContext = 0;
     int miTableViewIndex = 0;
-    int miTextSizeLevel = 0; ///< colouring level of the current text
+    int miTextSizeLevel = 0;    ///< colouring level of the current text
     bool mbIsEditValue = false; ///< txtListView is open
     QString msListEditKey;      ///< key of the row under edit
     int miListFirstVisible = 1; ///< the list's scrolling when txtListView was laid down last
     double mdListLeft = 0;
-    double mdSavedLeft = 0; ///< where txtListView would stand while it is out of sight
+    double mdSavedLeft = 0;   ///< where txtListView would stand while it is out of sight
     bool bCancelSave = false; ///< Cancel at the question on saving
     bool bUnloading = false;
     bool mbKeyNavigation = false; ///< the last tree selection came from the arrow keys

@@ -40,8 +40,8 @@ public:
     virtual void NewSXMLFile(const FetchedText& text, const QString& fileName) = 0;
 
     virtual void SetMenuSituation(MenuSituation situation) = 0;
-    /// The menu situation of the active window as it stands, by its kind and the view in use: for one that has
-    /// become active, or stays after all.
+    /// The menu situation of the active window as it stands, by its kind and the view in use: for one that
+    /// has become active, or stays after all.
     virtual void SetFormActivatedMenu(DocumentWindow& window) = 0;
     virtual void SetToolBar() = 0; ///< toolbars by the view in force
 

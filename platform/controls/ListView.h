@@ -102,6 +102,8 @@ public:
     /// A click on the value (column 2) or text (column 3) of the row that was current already.
     Event<int, int> CellClick;
     Event<> Click, DblClick, MouseDown;
+    /// Qt key code, Qt modifiers; a handler that uses a key up sets its code to 0.
+    Event<int&, int> KeyDown;
     Event<int, int> KeyUp;
     Event<> GotFocus, LostFocus;
 

@@ -44,17 +44,18 @@ public:
     qsizetype lastIndexOf(QStringView what, qsizetype from, Qt::CaseSensitivity sensitivity) const;
 
     // --- lines, from 0
-    qsizetype lineCount() const;                   ///< 1 for an empty text
-    qsizetype lineOf(qsizetype position) const;    ///< the line that a position is in
-    qsizetype lineStart(qsizetype line) const;     ///< the text's end for a line beyond the last
-    qsizetype longestLineGuess() const;            ///< units of the longest row, for a scroll bar
+    qsizetype lineCount() const;                ///< 1 for an empty text
+    qsizetype lineOf(qsizetype position) const; ///< the line that a position is in
+    qsizetype lineStart(qsizetype line) const;  ///< the text's end for a line beyond the last
+    qsizetype longestLineGuess() const;         ///< units of the longest row, for a scroll bar
 
     // --- rows, from 0
     struct Row {
         qsizetype start = 0;
-        qsizetype length = 0;    ///< without the line's end
-        qsizetype lineEnd = 0;   ///< units of the line's end behind it: 2, 1, or 0 inside a long line and at the end
-        bool startsLine = true;  ///< not the continuation of a long line
+        qsizetype length = 0; ///< without the line's end
+        qsizetype lineEnd =
+            0; ///< units of the line's end behind it: 2, 1, or 0 inside a long line and at the end
+        bool startsLine = true; ///< not the continuation of a long line
     };
     qsizetype rowCount() const;
     Row row(qsizetype row) const;

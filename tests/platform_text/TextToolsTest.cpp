@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/text/TextTools.h"
+#include <QList>
 #include <gtest/gtest.h>
 
 TEST(TextTools, ValReadsTheNumberAtTheFrontAndStopsAtTheRest) {
