@@ -22,7 +22,16 @@ public:
     }
     QString OpenFileName(const QString&, const QString&) override { return {}; }
     QString SaveFileName(const QString&, const QString&, const QString&) override { return {}; }
+    std::optional<std::uint32_t> ChooseColour(std::uint32_t) override { return {}; }
+    std::optional<services::FontChoice> ChooseFont(const services::FontChoice&) override { return {}; }
     void Beep() override {}
+};
+
+class NoClipboard : public services::Clipboard {
+public:
+    void Clear() override {}
+    void SetText(const QString&) override {}
+    QString GetText() override { return {}; }
 };
 
 class NoBar : public services::Progress {
@@ -78,11 +87,12 @@ int main(int argc, char** argv) {
     const QByteArray what = argc > 2 ? argv[2] : "open";
     Nobody nobody;
     NoBar noBar;
+    NoClipboard noClipboard;
     const auto settings = services::MakeIniSettings(QDir::tempPath() + QStringLiteral("/vantrel-bench.ini"));
     const auto files = services::MakeFileSystem();
     const auto http = services::MakeHttpClient();
     const auto clock = services::MakeClock();
-    Application app(services::Services{nobody, noBar, *settings, *files, *http, *clock});
+    Application app(services::Services{nobody, noBar, *settings, *files, *http, *clock, noClipboard});
     frmMDIMain frame(app);
     frame.MDIForm_Load();
     QElapsedTimer timer;

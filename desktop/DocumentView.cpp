@@ -83,6 +83,8 @@ void DocumentView::ConnectLayout() {
             Q_EMIT contextMenuWanted(view->viewport()->mapToGlobal(place));
         });
     }
+    for (const TextView* pane : {ui_->rtxtXML, ui_->rtxtXML2})
+        connect(pane, &TextView::contextMenuWanted, this, &DocumentView::contextMenuWanted);
 }
 
 void DocumentView::Detach() {

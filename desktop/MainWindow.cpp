@@ -2,10 +2,13 @@
 #include "desktop/MainWindow.h"
 #include "desktop/AddressBox.h"
 #include "desktop/DocumentSubWindow.h"
+#include "desktop/EditNodesDialog.h"
+#include "desktop/FindDialog.h"
 #include "desktop/GivenNames.h"
 #include "desktop/Listen.h"
 #include "desktop/MdiArrange.h"
 #include "desktop/MenuAdapter.h"
+#include "desktop/OptionsDialog.h"
 #include "desktop/StatusAdapter.h"
 #include "desktop/ToolbarAdapter.h"
 #include "desktop/Twips.h"
@@ -123,7 +126,25 @@ void MainWindow::FollowFrame() {
         if (focus)
             focus->setFocus(Qt::OtherFocusReason);
     });
+    Listen(frame_.mousePointerChanged, this, [](int pointer) {
+        if (pointer == vbHourglass)
+            QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        else
+            QGuiApplication::restoreOverrideCursor();
+    });
     Listen(frame_.ended, this, [] { QCoreApplication::exit(0); });
+    Listen(frame_.optionsShown, this, [this](frmOptions& options) { OptionsDialog(options, this).exec(); });
+    Listen(frame_.editNodesShown, this,
+           [this, dialog = std::make_shared<QPointer<EditNodesDialog>>()](frmEditNodes& form) {
+               if (!*dialog)
+                   *dialog = new EditNodesDialog(form, this);
+               (*dialog)->ShowForm();
+           });
+    Listen(frame_.findShown, this, [this](frmFind& form) {
+        if (!find_)
+            find_ = new FindDialog(form, this);
+        find_->Open();
+    });
     Listen(frame_.popup, this, [this](DocumentWindow*, int x, int y) {
         const bool atPointer = x < 0 || y < 0;
         ShowPopup(atPointer ? QCursor::pos() : mapToGlobal(QPoint(ToPixels(x), ToPixels(y))));

@@ -5,6 +5,7 @@
 #include <memory>
 
 class DocumentSubWindow;
+class FindDialog;
 class QComboBox;
 class QMdiSubWindow;
 class QMenu;
@@ -47,7 +48,8 @@ private:
     std::unique_ptr<Ui::frmMDIMain> ui_;
     QMenu* popup_ = nullptr;
     QComboBox* address_ = nullptr;
-    bool following_ = false; ///< the frame changes its windows: the area's signals aren't the user's
-    bool clicked_ = false;   ///< the frame follows a click: the area shows the window already, an icon as one
+    FindDialog* find_ = nullptr; ///< made when it is asked for first
+    bool following_ = false;     ///< the frame changes its windows: the area's signals aren't the user's
+    bool clicked_ = false; ///< the frame follows a click: the area shows the window already, an icon as one
     bool painted_ = false;
 };

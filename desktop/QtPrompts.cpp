@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/QtPrompts.h"
+#include "desktop/Colours.h"
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
+#include <QFontDialog>
+#include <QFontInfo>
 #include <QMessageBox>
 
 using services::Answer;
@@ -13,6 +17,10 @@ namespace {
 // stop it.
 constexpr qsizetype kLongestText = 4000;
 constexpr int kLongestWord = 80;
+
+// A stored size may be any number; a font dialog draws its sample in it.
+constexpr double kSmallestFont = 1;
+constexpr double kLargestFont = 200;
 
 QString ForBox(const QString& text) {
     QString shown = text.left(kLongestText);
@@ -122,10 +130,29 @@ QString QtPrompts::SaveFileName(const QString& title, const QString& filter, con
     QString folder = given.isAbsolute() ? given.absolutePath() : folder_;
     if (!suggested.isEmpty())
         dialog.selectFile(given.fileName());
-    const QString name = Ask(dialog, folder);
+    QString name = Ask(dialog, folder);
     if (!name.isEmpty())
         folder_ = folder;
     return name;
+}
+
+std::optional<std::uint32_t> QtPrompts::ChooseColour(std::uint32_t present) {
+    const QColor chosen = QColorDialog::getColor(ToQColor(present), QApplication::activeWindow());
+    if (!chosen.isValid())
+        return std::nullopt;
+    return ToColour(chosen);
+}
+
+std::optional<services::FontChoice> QtPrompts::ChooseFont(const services::FontChoice& present) {
+    QFont font(present.name);
+    font.setStyleHint(QFont::Monospace);
+    font.setPointSizeF(std::clamp(present.size, kSmallestFont, kLargestFont));
+    font.setFamily(QFontInfo(font).family()); // what stands in for a font that isn't installed
+    bool accepted = false;
+    const QFont chosen = QFontDialog::getFont(&accepted, font, QApplication::activeWindow());
+    if (!accepted)
+        return std::nullopt;
+    return services::FontChoice{chosen.family(), chosen.pointSizeF()};
 }
 
 void QtPrompts::Beep() {

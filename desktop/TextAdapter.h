@@ -4,27 +4,17 @@
 #include "platform/controls/RichTextBox.h"
 #include <QObject>
 
-class SourceEdit;
+class TextView;
 
-/// A text editor on a RichTextBox. The editor is filled when it is first shown, since a large text takes
-/// seconds, and its text is fetched when somebody asks for it.
+/// Puts a text view on a RichTextBox: keys, focus and clicks reach the model. The view shows the model's text
+/// by itself.
 class TextAdapter : public QObject {
 public:
-    TextAdapter(controls::RichTextBox& model, SourceEdit& widget, QObject* parent);
-    ~TextAdapter() override; ///< hands the newest text to the model
-
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    TextAdapter(controls::RichTextBox& model, TextView& widget, QObject* parent);
+    ~TextAdapter() override; ///< the view lets go of the model
 
 private:
-    bool IsFilled() const { return !stale_; }
-    void ContentReplaced();
-    void Fill();
-    void ShowSelection();
-    void ShowFont();
-    void UserSelected();
-
     controls::RichTextBox& model_;
-    SourceEdit& widget_;
+    TextView& widget_;
     ControlEvents events_;
-    bool stale_ = true; ///< the editor doesn't have the model's text
 };

@@ -3,6 +3,7 @@
 #include "desktop/FrameStyle.h"
 #include "desktop/GivenNames.h"
 #include "desktop/MainWindow.h"
+#include "desktop/QtClipboard.h"
 #include "desktop/QtProgress.h"
 #include "desktop/QtPrompts.h"
 #include "desktop/ThemeIcons.h"
@@ -55,7 +56,8 @@ int main(int argumentCount, char** arguments) {
     const auto files = services::MakeFileSystem();
     const auto http = services::MakeHttpClient();
     const auto clock = services::MakeClock();
-    Application app({prompts, progress, *settings, *files, *http, *clock});
+    QtClipboard clipboard;
+    Application app({prompts, progress, *settings, *files, *http, *clock, clipboard});
     frmMDIMain frame(app);
     frame.MDIForm_Load();
     qt.faulted = [&frame](const text::Fault& fault) { frame.ErrorReportBox(fault, QStringLiteral("main")); };

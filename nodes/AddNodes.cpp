@@ -35,6 +35,13 @@ TreeNode BelowTheRoot(DocumentWindow& window, TreeNode selected) {
     return selected.Child();
 }
 
+// Nothing was added, though the selection may have moved down from the root: the views follow it.
+QString NothingAdded(DocumentWindow& window, bool noEdit) {
+    if (!noEdit)
+        DoTree(window);
+    return {};
+}
+
 // The user names the new element at once. Where the window doesn't let its name be edited it gets one.
 void EditNewName(DocumentWindow& window, TreeNode node) {
     if (!window.tvXML.StartLabelEdit() && node && node.TextView().isEmpty())
@@ -72,7 +79,7 @@ QString AddNewTreeNode(DocumentWindow& window, bool noEdit, bool before) {
                 QStringLiteral("You already have one root node! Do you want to create a child node?"),
                 Buttons::OkCancel);
             if (answer != Answer::Ok)
-                return key;
+                return NothingAdded(window, noEdit);
             relationship = controls::tvwChild;
         }
         const TreeNode added = AddNode(window, selected, relationship, kElement, {});
@@ -124,7 +131,7 @@ QString AddNewTreeNodeText(DocumentWindow& window, bool noEdit, bool asChild, co
             return key;
         if (m_tvXML::IsTreeRoot(selected.Parent())) {
             if (m_tvXML::GetKeyType(selected) != kElement)
-                return key;
+                return NothingAdded(window, noEdit);
             asChild = true;
         }
         TreeNode added =

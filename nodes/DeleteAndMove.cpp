@@ -4,6 +4,7 @@
 #include "core/sync/Views.h"
 #include "nodes/CopyNodes.h"
 #include "nodes/ListCommands.h"
+#include "nodes/ListEditor.h"
 #include "nodes/TreeCommands.h"
 
 // Deleting nodes, and moving them among their siblings.
@@ -29,6 +30,13 @@ void SelectAfterDelete(DocumentWindow& window, TreeNode parent) {
 bool MayMove(TreeNode node, bool up) {
     const TreeNode neighbour = up ? node.Previous() : node.Next();
     return neighbour && m_tvXML::GetKeyType(up ? neighbour : node) != kInstruction;
+}
+
+// A moved node is a new one: what is being typed for the old one would go with it.
+void FinishOpenEdits(DocumentWindow& window) {
+    window.tvXML.FinishLabelEdit();
+    window.ListView1.FinishLabelEdit();
+    txtListView_LostFocus(window);
 }
 
 // The copy takes the original's place as the current node.
@@ -70,6 +78,7 @@ void MoveUpDownOneNodeAtTree(DocumentWindow& window, bool up) try {
 }
 
 void SetNodeAsParent(DocumentWindow& window) try {
+    FinishOpenEdits(window);
     const TreeNode original = window.tvXML.SelectedItem();
     const TreeNode parent = original ? original.Parent() : TreeNode();
     if (!parent || m_tvXML::IsTreeRoot(parent))
@@ -84,6 +93,7 @@ void SetNodeAsParent(DocumentWindow& window) try {
 }
 
 void SetNodeAsChild(DocumentWindow& window) try {
+    FinishOpenEdits(window);
     const TreeNode original = window.tvXML.SelectedItem();
     if (!original || m_tvXML::IsTreeRoot(original))
         return;
@@ -100,6 +110,7 @@ void SetNodeAsChild(DocumentWindow& window) try {
 namespace {
 
 void MoveUpOrDown(DocumentWindow& window, bool up) {
+    FinishOpenEdits(window);
     if (window.miPopupContext == kContextList) {
         MoveUpDownOneItemAtListView(window, up);
         return;

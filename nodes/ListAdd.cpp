@@ -41,11 +41,11 @@ bool ShowRowOf(DocumentWindow& window, const QString& key) {
 
 // A new element without a name gets one when the user gives none.
 void EditName(DocumentWindow& window, const QString& key) {
-    if (!ShowRowOf(window, key))
-        return;
-    window.ListView1.SetFocus();
+    const bool shown = ShowRowOf(window, key); // a leaf shows no children, though it may have got one
+    if (shown)
+        window.ListView1.SetFocus();
     TreeNode node = window.tvXML.Nodes.Find(key);
-    if (!window.ListView1.StartLabelEdit() && node && node.TextView().isEmpty()) {
+    if (!(shown && window.ListView1.StartLabelEdit()) && node && node.TextView().isEmpty()) {
         node.SetText(QStringLiteral("Unnamed"));
         DoTree(window);
     }
@@ -160,7 +160,8 @@ void AddNewListViewAttribute(DocumentWindow& window) try {
         window.tvXML.SetSelectedItem(element);
         DoTree(window);
     }
-    if (window.ListView1.Tag != element.Key())
+    // The rows are what the attributes are written from, and a list that isn't looked at may be behind.
+    if (window.ListView1.Tag != element.Key() || window.tbsXML.SelectedKey() != QStringLiteral("listview"))
         ShowListView(window);
     const QString name = FreeAttributeName(window);
     const QString key = element.Key() + u'/' + name;

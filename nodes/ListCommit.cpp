@@ -30,8 +30,8 @@ QString OwnerName(TreeNode node) {
     return owner && !m_tvXML::IsTreeRoot(owner) ? owner.Text() : QString();
 }
 
-// An attribute string that was typed in another form (apostrophes, blanks around "=") is brought into the one
-// form that a Tag has: each name="value" behind one blank.
+} // namespace
+
 QString PlainAttributes(const QString& typed) {
     static const QRegularExpression plain(QStringLiteral("^(?:[^\\s=\"']+=\"[^\"]*\"(?: |$))*$"));
     if (plain.match(typed).hasMatch())
@@ -42,6 +42,8 @@ QString PlainAttributes(const QString& typed) {
         return typed;
     return m_tvXML::GenerateAttributeString(document.documentElement());
 }
+
+namespace {
 
 // The children of the element change with its text; the list stays on the node it shows.
 bool CommitElementText(DocumentWindow& window, int row, TreeNode element, const QString& newText) {
@@ -63,7 +65,8 @@ bool CommitElementText(DocumentWindow& window, int row, TreeNode element, const 
         }
     }
     window.tvXML.SetSelectedItem(shown);
-    window.ListView1.SetSubItem(row, 2, newText);
+    // Where a text went, the element's next one comes to show.
+    window.ListView1.SetSubItem(row, 2, GetFirstNodeText(element, key));
     return true;
 }
 

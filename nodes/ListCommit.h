@@ -5,3 +5,6 @@
 
 /// The tiny document that tells whether a text may stand in the cell under edit; empty where anything may.
 QString ListCellProbe(DocumentWindow& window, const QString& text);
+/// An attribute string that was typed in another form (apostrophes, blanks around "=") in the one form that a
+/// Tag has: each name="value" behind one blank.
+QString PlainAttributes(const QString& typed);

@@ -69,7 +69,8 @@ void OpenEditor(DocumentWindow& window, int row, int column) {
 void OpenColumn(DocumentWindow& window, int column) {
     controls::ListView& list = window.ListView1;
     const int row = list.SelectedItem();
-    if (!IsReport(window) || row == 0)
+    const bool seen = window.tbsXML.SelectedKey() == QStringLiteral("listview");
+    if (!seen || !IsReport(window) || row == 0)
         return;
     list.SetSelectedItem(row);
     list.EnsureVisible(row);

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What answers to the menu entries and the toolbar buttons: a command takes one line of a table here.
 #include "shell/Commands.h"
+#include "core/commands/WindowEvents.h"
 #include "core/model/m_tvXML.h"
 #include "core/sync/Views.h"
+#include "nodes/ListCommands.h"
 #include "shell/NodeCommands.h"
 #include "shell/frmMDIMain.h"
+#include "textview/TextCommands.h"
+#include "textview/Undo.h"
 
 namespace {
 
@@ -45,6 +49,27 @@ void NewElement(frmMDIMain& frame, int) {
     frame.RunMenuCommand(beside ? QStringLiteral("mnuNewNode") : QStringLiteral("mnuNewCNode"));
 }
 
+void ValidateText(DocumentWindow& window) {
+    bool result = false;
+    Validate(window, false, result);
+}
+
+/// Everything of the view that has the user's attention.
+void SelectAll(DocumentWindow& window) {
+    if (window.miPopupContext == kContextList)
+        SelectAllAtListView(window);
+    else if (window.miPopupContext == kContextText)
+        SelectAllAtTextView(window);
+}
+
+/// An entity at the caret.
+template <const char* entity> void Insert(frmMDIMain& frame, int) {
+    if (DocumentWindow* window = frame.ActiveForm())
+        InsertString(*window, QLatin1String(entity));
+}
+constexpr char kQuote[] = "&quot;", kApostrophe[] = "&apos;", kLess[] = "&lt;", kGreater[] = "&gt;",
+               kAmpersand[] = "&amp;";
+
 struct MenuCommand {
     const char* name;
     Run run;
@@ -60,6 +85,14 @@ constexpr MenuCommand kMenuCommands[] = {
     {"mnuFileSaveAll", OnFrame<&frmMDIMain::mnuFileSaveAll_Click>},
     {"mnuFileMRU", [](frmMDIMain& frame, int index) { frame.mnuFileMRU_Click(index); }},
     {"mnuFileExit", OnFrame<&frmMDIMain::mnuFileExit_Click>},
+    {"mnuEditUndo", OnWindow<rUndo>},
+    {"mnuRedo", OnWindow<rRedo>},
+    {"mnuSelectAll", OnWindow<SelectAll>},
+    {"mnuFindReplace", OnWindow<RFind>},
+    {"mnuSplitEditor", OnWindow<SplitText>},
+    {"mnuWinSplit", OnWindow<SplitText>},
+    {"mnuXMLValidate", OnWindow<ValidateText>},
+    {"mnuXMLCloseTag", OnWindow<CloseTag>},
     {"mnuViewList", [](frmMDIMain& frame, int) { ShowView(frame, QStringLiteral("listview")); }},
     {"mnuViewText", [](frmMDIMain& frame, int) { ShowView(frame, QStringLiteral("textview")); }},
     {"mnuViewAtTableV", [](frmMDIMain& frame, int) { ShowView(frame, QStringLiteral("tableview")); }},
@@ -70,6 +103,8 @@ constexpr MenuCommand kMenuCommands[] = {
     {"mnuWindowTileHorizontal", [](frmMDIMain& frame, int) { frame.arranged(vbTileHorizontal); }},
     {"mnuWindowTileVertical", [](frmMDIMain& frame, int) { frame.arranged(vbTileVertical); }},
     {"mnuWindowArrangeIcons", [](frmMDIMain& frame, int) { frame.arranged(vbArrangeIcons); }},
+    {"mnuEditPopupEditNode", OnFrame<&frmMDIMain::mnuEditPopupEditNode_Click>},
+    {"mnuToolOptions", OnFrame<&frmMDIMain::mnuToolOptions_Click>},
     {"mnuHelpAbout", mnuHelpAbout_Click},
 };
 
@@ -84,6 +119,17 @@ constexpr ButtonCommand kButtonCommands[] = {
     {"tbFileEdit", "savefile", OnFrame<&frmMDIMain::mnuFileSave_Click>},
     {"tbFileEdit", "listview", nullptr},
     {"tbListEdit", "newelement", NewElement},
+    {"tbListEdit", "popedit", OnFrame<&frmMDIMain::mnuEditPopupEditNode_Click>},
+    {"tbCommonEdit", "undo", OnWindow<rUndo>},
+    {"tbCommonEdit", "redo", OnWindow<rRedo>},
+    {"tbCommonEdit", "find", OnWindow<RFind>},
+    {"tbTextEdit", "closetag", OnWindow<CloseTag>},
+    {"tbTextEdit", "validate", OnWindow<ValidateText>},
+    {"tbTextEdit", "quote", Insert<kQuote>},
+    {"tbTextEdit", "apostraphe", Insert<kApostrophe>},
+    {"tbTextEdit", "lt", Insert<kLess>},
+    {"tbTextEdit", "gt", Insert<kGreater>},
+    {"tbTextEdit", "amp", Insert<kAmpersand>},
     {"tbNavigate", "go", OnFrame<&frmMDIMain::cmbAddress_Click>},
     // Both show the next window: there is no history to walk.
     {"tbNavigate", "back", OnFrame<&frmMDIMain::NextWindow>},
@@ -137,8 +183,12 @@ template <typename Act> void ConnectButton(frmMDIMain& frame, const char* toolba
 void ConnectNodeCommands(frmMDIMain& frame) {
     for (const NodeCommand& command : NodeCommands()) {
         const auto act = [&frame, run = command.run] {
-            if (DocumentWindow* window = frame.ActiveForm())
+            // Toolbar buttons don't take the focus: what is being typed goes in before the command looks at
+            // it.
+            if (DocumentWindow* window = frame.ActiveForm()) {
+                FinishEdits(*window);
                 run(*window);
+            }
         };
         for (const char* entry : command.entries) {
             if (entry)

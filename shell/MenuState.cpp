@@ -44,6 +44,7 @@ struct Target {
     int type = 0;             ///< node type
     bool atRootLevel = false; ///< directly below the tree root
     bool hasRootElement = false;
+    bool canPaste = false;
 };
 
 constexpr int kElement = 1;
@@ -51,14 +52,27 @@ constexpr int kText = 3;
 constexpr int kInstruction = 7;
 constexpr int kComment = 8;
 
+/// Condition c: a node has been copied in this program; a text takes any text.
+bool CanPaste(DocumentWindow& window, MenuSituation situation) {
+    const DocumentWindow* source = window.app.clipboardSource;
+    if (source && !source->msNodeClip.isEmpty())
+        return true;
+    const bool text = situation == MenuSituation::TextSelected || situation == MenuSituation::TextUnselected;
+    return text && !window.app.services.clipboard.GetText().isEmpty();
+}
+
 Target TargetOf(DocumentWindow& window, MenuSituation situation) {
     Target target;
+    target.canPaste = CanPaste(window, situation);
     const TreeNode current = window.tvXML.SelectedItem();
     target.hasRootElement = m_tvXML::HaveElementNodeAtXMLRootLevel(window);
     const int row = window.ListView1.SelectedItem();
     if (situation == MenuSituation::ListSelected && row > 0) {
-        target.type = m_tvXML::GetKeyType(window.ListView1.Item(row).Key);
-        target.atRootLevel = m_tvXML::IsTreeRoot(current);
+        const QString key = window.ListView1.Item(row).Key;
+        target.type = m_tvXML::GetKeyType(key);
+        // A leaf's list shows the leaf itself, an element's list what is below it.
+        const bool itself = current && key == current.Key();
+        target.atRootLevel = m_tvXML::IsTreeRoot(itself ? current.Parent() : current);
     } else if (current) {
         target.type = m_tvXML::GetKeyType(current);
         target.atRootLevel = m_tvXML::IsTreeRoot(current.Parent());
@@ -101,7 +115,9 @@ bool StateOf(char letter, const QString& entry, const Target& target) {
         return !target.hasRootElement;
     case 'k':
         return AllowedByNode(entry, target);
-    default: // D, and c: nothing can have been copied as long as no command copies
+    case 'c':
+        return target.canPaste;
+    default:
         return false;
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/NodeCommands.h"
 #include "core/sync/Views.h"
+#include "nodes/Clipboard.h"
 #include "nodes/ListCommands.h"
 #include "nodes/ListEditor.h"
 #include "nodes/TreeCommands.h"
@@ -58,6 +59,10 @@ void NewTreeNodeText(DocumentWindow& window) {
 void NewTreeCommentNode(DocumentWindow& window) {
     AddNewTreeCommentNode(window);
 }
+void DeleteSelection(DocumentWindow& window) {
+    if (window.TextInUse().SelLength() > 0)
+        window.TextInUse().SetSelText({});
+}
 // The list takes the attribute, and the keys.
 void NewAttribute(DocumentWindow& window) {
     window.ListView1.SetFocus();
@@ -78,7 +83,7 @@ constexpr Forms kNewText{.tree = NewTreeNodeText, .list = AddNewListViewNodeText
 constexpr Forms kNewComment{
     .tree = NewTreeCommentNode, .list = AddNewListViewCommentNode, .table = NewTreeCommentNode};
 constexpr Forms kNewAttribute{.tree = NewAttribute, .list = AddNewListViewAttribute};
-constexpr Forms kDelete{.tree = DeleteInTree, .list = DeleteListViewItems};
+constexpr Forms kDelete{.tree = DeleteInTree, .list = DeleteListViewItems, .text = DeleteSelection};
 constexpr Forms kRename{.tree = EditTreeNode, .list = EditListViewItemName};
 constexpr Forms kEditValue{.tree = EditListViewAttribute, .list = EditListViewAttribute};
 
@@ -89,6 +94,9 @@ constexpr NodeCommand kCommands[] = {
     {{"mnuNewComment", "mnuNewCommentP"}, "tbListEdit", "newcomment", ByContext<kNewComment>},
     {{"mnuNewAttr", "mnuNewAttrP"}, "tbListEdit", "newattribute", ByContext<kNewAttribute>},
     {{"mnuEditValue", "mnuEditAttrP"}, nullptr, nullptr, ByContext<kEditValue>},
+    {{"mnuEditCopy", "mnuCopyP"}, "tbCommonEdit", "copy", Copy},
+    {{"mnuEditCut", "mnuCutP"}, "tbCommonEdit", "cut", Cut},
+    {{"mnuEditPaste", "mnuPasteP"}, "tbCommonEdit", "paste", Paste},
     {{"mnuDelete", "mnuDeleteP"}, "tbCommonEdit", "delete", ByContext<kDelete>},
     {{"mnuEditName", "mnuEditP"}, nullptr, nullptr, ByContext<kRename>},
     {{"mnuMoveUP"}, "tbListEdit", "moveup", MoveUp},

@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Settings.h"
+#include "core/model/ColourStrings.h"
+#include "core/model/DocumentWindow.h"
+#include "core/model/Frame.h"
 #include "platform/text/TextTools.h"
+#include "textview/fill/FillText.h"
 #include <QCoreApplication>
+#include <QScopedValueRollback>
+#include <cmath>
 
 namespace {
 
@@ -66,11 +72,49 @@ void ReadSettings(Application& app) {
     options.EqualColor = reader.ColourOf("EqualColor", Colour(255, 50, 50));
     options.TextName = reader.Text("TextName", QStringLiteral("Courier New"));
     const double size = text::Val(reader.Text("TextSize", {}));
-    options.TextSize = size > 0 ? size : kDefaultTextSize;
+    options.TextSize = size > 0 && std::isfinite(size) ? size : kDefaultTextSize;
 
     const QString debug = reader.Text("Debug", {});
     if (debug.isEmpty())
         store.Save(QLatin1String(kOptionsSection), QStringLiteral("Debug"), QStringLiteral("0"));
     options.Debug = debug == QLatin1String("1");
     options.ApplicationFolder = ApplicationFolder();
+}
+
+namespace {
+
+/// Where caret and selection of a pane stand; colouring writes the whole content anew and loses them.
+class KeptSelection {
+public:
+    explicit KeptSelection(controls::RichTextBox& pane)
+        : pane_(pane), start_(pane.SelStart()), length_(pane.SelLength()) {}
+    void Restore() const {
+        if (pane_.SelStart() == start_ && pane_.SelLength() == length_)
+            return; // a view that was scrolled away from its caret stays
+        pane_.SetSelStart(start_);
+        pane_.SetSelLength(length_);
+    }
+
+private:
+    controls::RichTextBox& pane_;
+    qsizetype start_, length_;
+};
+
+} // namespace
+
+void SetRTFColorString(Application& app) try {
+    MakeRTFColorStrings(app.options);
+    DocumentWindow* window = app.frame ? app.frame->ActiveForm() : nullptr;
+    if (!window)
+        return;
+    const QScopedValueRollback ownWriting(window->bControlChange, true);
+    const KeptSelection first(window->rtxtXML);
+    const KeptSelection second(window->rtxtXML2);
+    window->rtxtXML.SetFont(app.options.TextName, app.options.TextSize);
+    window->rtxtXML2.SetFont(app.options.TextName, app.options.TextSize);
+    SetTreeXMLColor(*window);
+    first.Restore();
+    second.Restore();
+} catch (const text::Fault& fault) {
+    ErrorReportBox(app, fault, QStringLiteral("mXMLEdit@SetRTFColorString"));
 }

@@ -4,6 +4,7 @@
 #include "core/sync/Files.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
+#include "nodes/dialogs/frmEditNodes.h"
 #include "platform/text/TextTools.h"
 #include "shell/frmMDIMain.h"
 #include "textview/fill/FillText.h"
@@ -43,13 +44,13 @@ void frmMDIMain::FillWindow(DocumentWindow& window, const FetchedText& text) {
         AddTreeRoot(window, true);
         window.bTreeChanged = true;
         DoTree(window);
-        window.msOpenText.clear(); // a document that was never saved counts as changed
+        window.msOpenText = {}; // a document that was never saved counts as changed
     } else {
         SetRichText(window, text.text);
         XMLToTree(window, text.text, 0);
         if (!text::IsBlank(window.rtxtXML.Text()))
-            window.msOpenText = window.rtxtXML.Text();
-        window.msLastParsedText = window.rtxtXML.Text();
+            window.msOpenText = window.rtxtXML.Long();
+        window.msLastParsedText = window.rtxtXML.Long();
         ShowNodePath(window, statusBar_);
     }
     window.bLoaded = true;
@@ -228,6 +229,9 @@ bool frmMDIMain::CloseForm(DocumentWindow* window) {
         return false;
     // The routines of closing ask for the active form and its name.
     ActivateForm(window);
+    // What was typed about a node belongs to the document that the question is about.
+    if (editNodes_ && editNodes_->Window() == window && !editNodes_->SaveCurrentNode())
+        return false;
     bool cancel = false;
     Form_Unload(*window, cancel);
     if (cancel)
@@ -239,7 +243,15 @@ bool frmMDIMain::CloseForm(DocumentWindow* window) {
 }
 
 void frmMDIMain::Forget(DocumentWindow& window) {
+    if (editNodes_)
+        editNodes_->WindowClosed(window);
     std::erase(windowOrder_, &window);
+    if (app_.clipboardSource == &window)
+        app_.clipboardSource = nullptr;
+    if (app_.findWindow == &window) {
+        app_.findWindow = nullptr;
+        app_.findTarget = nullptr;
+    }
     formRemoved(&window);
     std::erase_if(forms_, [&](const Opened& opened) { return opened.window == &window; });
 }
@@ -264,4 +276,14 @@ bool frmMDIMain::QueryUnload() {
 // Ends at once: unsaved changes are given up, and nothing is asked.
 void frmMDIMain::mnuFileExit_Click() {
     ended();
+}
+
+void frmMDIMain::mnuEditPopupEditNode_Click() {
+    DocumentWindow* window = ActiveForm();
+    if (!window)
+        return;
+    if (!editNodes_)
+        editNodes_ = std::make_unique<frmEditNodes>(app_);
+    if (editNodes_->Form_Load(*window))
+        editNodesShown(*editNodes_);
 }

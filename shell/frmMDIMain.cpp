@@ -3,12 +3,15 @@
 #include "shell/frmMDIMain.h"
 #include "core/model/mXMLEdit.h"
 #include "core/sync/Files.h"
+#include "nodes/dialogs/frmEditNodes.h"
 #include "platform/text/TextTools.h"
 #include "shell/Commands.h"
 #include "shell/MenuData.h"
 #include "shell/Settings.h"
 #include "shell/ToolbarData.h"
+#include "textview/dialogs/frmFind.h"
 #include <Qt>
+#include <utility>
 
 namespace {
 
@@ -52,6 +55,7 @@ void frmMDIMain::IndexMenu(controls::MenuItem& item) {
 
 void frmMDIMain::MDIForm_Load() {
     ReadSettings(app_);
+    SetRTFColorString(app_);
     GetRecentFiles();
     FillCombo();
     cmbAddress_Change();
@@ -100,6 +104,11 @@ void frmMDIMain::ErrorReportBox(const text::Fault& fault, const QString& routine
     };
     app_.services.prompts.MsgBox(lines.join(QStringLiteral("\r\n")), services::Buttons::Ok,
                                  services::Icon::Information);
+}
+
+void frmMDIMain::SetMousePointer(int pointer) {
+    if (std::exchange(mousePointer_, pointer) != pointer)
+        mousePointerChanged(pointer);
 }
 
 void frmMDIMain::MessageBox(const QString& message, const QString& title) {

@@ -10,6 +10,10 @@
 #include <variant>
 #include <vector>
 
+class frmEditNodes;
+class frmFind;
+class frmOptions;
+
 /// How Arrange places the document windows, numbered as the platform does.
 enum ArrangeCode { vbCascade = 0, vbTileHorizontal = 1, vbTileVertical = 2, vbArrangeIcons = 3 };
 
@@ -35,6 +39,8 @@ public:
     controls::Toolbar& ToolbarByName(const QString& name);        ///< throws Fault 35601
     controls::StatusBar& StatusBar1() override { return statusBar_; }
     controls::ComboBox& cmbAddress() override { return address_; }
+    int MousePointer() const override { return mousePointer_; }
+    void SetMousePointer(int pointer) override;
     QString lbAddress = QStringLiteral("地址:");
 
     // --- documents ----------------------------------------------------------------------------------------
@@ -57,7 +63,14 @@ public:
     controls::Event<DocumentWindow*> formRemoved;       ///< about to be destroyed
     controls::Event<DocumentWindow*> activeFormChanged; ///< may be null
     controls::Event<int> arranged;                      ///< an ArrangeCode
+    controls::Event<int> mousePointerChanged;           ///< see MousePointer
     controls::Event<> ended;                            ///< mnuFileExit: the process is to end at once
+    /// Show a dialog and come back when it is done with (frmOptions::unloaded).
+    controls::Event<frmOptions&> optionsShown;
+    /// Show a dialog beside the documents, or bring it to the front, until frmFind::unloaded.
+    controls::Event<frmFind&> findShown;
+    /// Likewise, until frmEditNodes::unloaded.
+    controls::Event<frmEditNodes&> editNodesShown;
     /// Show mnuPopup over a control (x, y in twips; -1: at the pointer).
     controls::Event<DocumentWindow*, int, int> popup;
 
@@ -74,6 +87,8 @@ public:
     void SetToolBar() override;
     void EnableEntitiesToolbar() override;
     void RunMenuCommand(const QString& entry) override;
+    void SetUndoRedo(bool undo, bool redo) override;
+    void ShowFind() override;
     void UpdateFileMenu(const QString& name) override;
     void AddToList(const QString& name) override;
 
@@ -106,6 +121,8 @@ public:
     void mnuFileSaveAll_Click();
     void mnuFileMRU_Click(int index);
     void mnuFileExit_Click();
+    void mnuToolOptions_Click();
+    void mnuEditPopupEditNode_Click();
     void cmbAddress_Change();
     void cmbAddress_Click();
     void cmbAddress_KeyUp(int key);
@@ -128,13 +145,16 @@ private:
     void ConnectAddressBox();
 
     Application& app_;
+    std::unique_ptr<frmFind> find_;           ///< made when it is asked for first
+    std::unique_ptr<frmEditNodes> editNodes_; ///< likewise
     std::vector<controls::MenuItem*> entries_;
     QHash<QString, std::vector<controls::MenuItem*>> entriesByName_;
     controls::StatusBar statusBar_{2};
     controls::ComboBox address_;
     std::vector<Opened> forms_;                ///< in the order of opening
     std::vector<DocumentWindow*> windowOrder_; ///< front first
-    int newDocuments_ = 0;                     ///< documents that got a made-up name
+    int mousePointer_ = 0;
+    int newDocuments_ = 0; ///< documents that got a made-up name
     /// One empty entry, and nothing is ever added: see mnuFileSaveAll_Click.
     std::vector<DocumentWindow*> windowList_{nullptr};
 };

@@ -29,6 +29,8 @@ FLOORS = {
 SAME_FLOOR = {
     ("platform/xml", "platform/text"), ("platform/controls", "platform/text"), ("platform/services", "platform/text"),
     ("desktop", "desktop/models"),
+    # The frame opens the dialogs.
+    ("shell", "textview/dialogs"), ("shell", "nodes/dialogs"),
     # The events of a window lie above the commands that they call.
     ("core/commands", "nodes"), ("core/commands", "textview"), ("core/commands", "table"),
 }

@@ -6,9 +6,11 @@
 #include "core/sync/Files.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
+#include "nodes/Clipboard.h"
 #include "nodes/ListCommands.h"
 #include "nodes/ListEditor.h"
 #include "nodes/TreeCommands.h"
+#include "textview/TextEvents.h"
 
 namespace {
 
@@ -65,8 +67,21 @@ void tvXML_Collapse(TreeNode node) {
         node.SetExpanded(true);
 }
 
+// A document that was emptied has no current node, and so nothing would tell the list that its rows are gone.
+void tvXML_Reset(DocumentWindow& window) {
+    if (!window.tvXML.SelectedItem() && window.ListView1.Tag.isEmpty())
+        window.ListView1.Clear();
+}
+
 bool ShowsTab(DocumentWindow& window, const char* key) {
     return window.tbsXML.SelectedKey() == QLatin1String(key);
+}
+
+// While another view shows, the tree changes without the list: it is filled anew when it comes back.
+void tbsXML_Clicked(DocumentWindow& window) {
+    if (ShowsTab(window, "listview"))
+        window.ListView1.Tag.clear();
+    tbsXML_Click(window);
 }
 
 // Enter brings a changed tree into the views that are slow to follow.
@@ -132,6 +147,7 @@ void ConnectTree(DocumentWindow& window) {
         tvXMLAfterLabelEdit(window, node, cancel, newString);
     });
     tree.LabelEdited.connect([&window] { tvXML_LabelEdited(window); });
+    tree.reset.connect([&window] { tvXML_Reset(window); });
 }
 
 void ListView1_Attention(DocumentWindow& window) {
@@ -158,10 +174,17 @@ template <int view> void ShowAs(DocumentWindow& window) {
     SetListViewStyle(window, view);
 }
 constexpr ListKey kListKeys[] = {
-    {Qt::Key_Tab, false, EditListViewAttribute},    {Qt::Key_Right, false, EditListViewAttribute},
-    {Qt::Key_Delete, false, DeleteListViewItems},   {Qt::Key_A, true, SelectAllAtListView},
-    {Qt::Key_Q, true, ShowAs<controls::lvwReport>}, {Qt::Key_W, true, ShowAs<controls::lvwIcon>},
-    {Qt::Key_E, true, ShowAs<controls::lvwList>},   {Qt::Key_R, true, ShowAs<controls::lvwSmallIcon>},
+    {Qt::Key_Tab, false, EditListViewAttribute},
+    {Qt::Key_Right, false, EditListViewAttribute},
+    {Qt::Key_C, true, CopyListViewItems},
+    {Qt::Key_V, true, PasteListViewItems},
+    {Qt::Key_X, true, CutListViewItems},
+    {Qt::Key_Delete, false, DeleteListViewItems},
+    {Qt::Key_A, true, SelectAllAtListView},
+    {Qt::Key_Q, true, ShowAs<controls::lvwReport>},
+    {Qt::Key_W, true, ShowAs<controls::lvwIcon>},
+    {Qt::Key_E, true, ShowAs<controls::lvwList>},
+    {Qt::Key_R, true, ShowAs<controls::lvwSmallIcon>},
 };
 
 void ListView1_KeyUp(DocumentWindow& window, int key, int modifiers) {
@@ -170,11 +193,11 @@ void ListView1_KeyUp(DocumentWindow& window, int key, int modifiers) {
         if (one.key == key && one.control == control)
             one.run(window);
     }
-    if (key == kKeyReturn || key == kKeyEnter)
-        window.tvXML.SetFocus();
     if (window.app.frame)
         ShowNodePath(window, window.app.frame->StatusBar1());
     window.miPopupContext = kContextList;
+    if (key == kKeyReturn || key == kKeyEnter)
+        window.tvXML.SetFocus(); // and with the focus the user's attention goes to the tree
 }
 
 void ConnectList(DocumentWindow& window) {
@@ -211,13 +234,9 @@ void ConnectList(DocumentWindow& window) {
     window.cmdPop.Click.connect([&window] { RunMenuCommand(window, "mnuEditPopupEditNode"); });
 }
 
-void TextChanged(DocumentWindow& window, bool secondPane) {
-    if (window.brtxtXML2Focus == secondPane && !window.bControlChange && window.bLoaded)
-        window.bTextChanged = true;
-}
-
 void ConnectPane(DocumentWindow& window, controls::RichTextBox& pane, bool second) {
-    pane.Change.connect([&window, second] { TextChanged(window, second); });
+    pane.BeforeChange.connect([&window, second] { PaneBeforeChange(window, second); });
+    pane.Change.connect([&window, second] { PaneChange(window, second); });
     pane.GotFocus.connect([&window, second] {
         window.brtxtXML2Focus = second;
         window.miPopupContext = kContextText;
@@ -228,13 +247,13 @@ void ConnectPane(DocumentWindow& window, controls::RichTextBox& pane, bool secon
         if (window.brtxtXML2Focus == second)
             LeaveTextView(window);
     });
-    pane.KeyDown.connect([&window](int, int) { window.miPopupContext = kContextText; });
-    pane.KeyUp.connect([&window](int, int) { ShowCursorPosition(window); });
-    pane.Click.connect([&window] {
-        window.miPopupContext = kContextText;
-        SelectNodeAtCaret(window);
-        ShowCursorPosition(window);
-    });
+    pane.KeyDown.connect(
+        [&window, second](int& key, int modifiers) { PaneKeyDown(window, second, key, modifiers); });
+    pane.KeyPress.connect([&window, second](const QString& text) { PaneKeyPress(window, second, text); });
+    pane.KeyUp.connect(
+        [&window, second](int key, int modifiers) { PaneKeyUp(window, second, key, modifiers); });
+    pane.MouseUp.connect([&window, second] { PaneMouseUp(window, second); });
+    pane.Click.connect([&window, second] { PaneClick(window, second); });
 }
 
 } // namespace
@@ -260,7 +279,7 @@ void Form_Load(DocumentWindow& window) {
     ConnectList(window);
     ConnectPane(window, window.rtxtXML, false);
     ConnectPane(window, window.rtxtXML2, true);
-    window.tbsXML.Click.connect([&window] { tbsXML_Click(window); });
+    window.tbsXML.Click.connect([&window] { tbsXML_Clicked(window); });
     window.txtXPath.KeyUp.connect([&window](int key, int) {
         if (key == kKeyReturn || key == kKeyEnter)
             SelectTreeNodeByPath(window, window.txtXPath.Text());

@@ -4,10 +4,15 @@
 #include "platform/text/Fault.h"
 #include "platform/xml/ParsedDocument.h"
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <optional>
 
+namespace controls {
+class RichTextBox;
+}
 class Frame;
+struct DocumentWindow;
 
 /// The options in force, read from the settings store at start.
 struct Options {
@@ -20,6 +25,8 @@ struct Options {
     std::uint32_t CommentColor = 0;
     std::uint32_t GLColor = 0;
     std::uint32_t EqualColor = 0;
+    // The same as entries of an RTF colour table: see SetRTFColorString.
+    QString SlashRTF, CommentRTF, GLRTF, EqualRTF;
     QString TextName = QStringLiteral("Courier New");
     double TextSize = 10;
     bool Debug = false;
@@ -39,6 +46,17 @@ struct Application {
     QString CurrentFileName;            ///< the name of the document in hand
     std::int32_t ElementKeyCounter = 0; ///< never reset, so a key is never used twice in a run
     long NodeWalkCounter = 0;           ///< see GetNodeByNumber
+    // --- the last copy ---
+    DocumentWindow* clipboardSource = nullptr; ///< the window it came from; null once that has closed
+    int ClipboardSourceView = 0;               ///< the view it came from: 1 tree, 2 list
+    QString copiedText;                        ///< what it put on the clipboard
+    QString copiedAttributes;                  ///< attributes of list rows that were copied
+
+    // --- finding ---
+    DocumentWindow* findWindow = nullptr;        ///< whose text is searched; null once it has closed
+    controls::RichTextBox* findTarget = nullptr; ///< the pane of it that was in use
+    QStringList findHistory, replaceHistory;     ///< newest first; kept for this run only
+
     /// Nothing after a successful parse, the error after a failed one.
     std::optional<xml::ParseError> lastParseError;
 };

@@ -7,6 +7,7 @@
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TreeView.h"
 #include <QString>
+#include <memory>
 #include <vector>
 
 /// One step of the text's history.
@@ -16,8 +17,14 @@ struct UndoRecord {
     qsizetype InsPos = 0; ///< 0-based
     QString InsText;
     bool WholeText = false; ///< the step replaced everything: OldRTF and NewRTF hold both sides
-    controls::RichContent OldRTF;
-    controls::RichContent NewRTF;
+    std::shared_ptr<const controls::RichContent> OldRTF, NewRTF;
+};
+
+/// How a text pane stood at a moment: what SelText was is the stretch of the text from SelStart on.
+struct TextStatus {
+    controls::RichContent Content; ///< the text with its colours
+    qsizetype SelStart = 0;        ///< 0-based
+    qsizetype SelLength = 0;
 };
 
 // Views, as miCurrentView numbers them.
@@ -65,14 +72,14 @@ struct DocumentWindow {
     void SetCaption(const QString& name);
 
     // --- state ------------------------------------------------------------------------------------------
-    bool bLoaded = false;        ///< false while a load runs; change handlers stay quiet
-    bool bControlChange = false; ///< the program itself writes to a text view
-    bool bQuietParse = false;    ///< the next parse failure goes to the status bar
-    bool bTreeChanged = false;   ///< the tree changed and the text view doesn't show it yet
-    bool bTextChanged = false;   ///< the text was edited and the tree doesn't show it yet
-    QString msOpenText;          ///< the text at the last open or save
-    QString msLastParsedText;    ///< the text that the tree was last built from
-    bool brtxtXML2Focus = false; ///< rtxtXML2 is the text view in use
+    bool bLoaded = false;            ///< false while a load runs; change handlers stay quiet
+    bool bControlChange = false;     ///< the program itself writes to a text view
+    bool bQuietParse = false;        ///< the next parse failure goes to the status bar
+    bool bTreeChanged = false;       ///< the tree changed and the text view doesn't show it yet
+    bool bTextChanged = false;       ///< the text was edited and the tree doesn't show it yet
+    text::LongText msOpenText;       ///< the text at the last open or save
+    text::LongText msLastParsedText; ///< the text that the tree was last built from
+    bool brtxtXML2Focus = false;     ///< rtxtXML2 is the text view in use
     int miCurrentView = kViewTree;
     int miPopupContext = 0;
     int miTableViewIndex = 0;
@@ -86,10 +93,14 @@ struct DocumentWindow {
     bool bUnloading = false;
     bool mbKeyNavigation = false; ///< the last tree selection came from the arrow keys
     QString msTempFile;           ///< the browser preview's file, deleted on closing
+    QString msNodeClip;           ///< key of the node that was copied last
     QString msShownPathKey;       ///< key of the node whose path was shown last
 
     std::vector<UndoRecord> undoStack;
-    int UndoPos = 0; ///< steps that can be undone; where the next record goes
+    int UndoPos = 0;           ///< steps that can be undone; where the next record goes
+    bool bUndoRunning = false; ///< a step is being taken back or done again
+    // The pane in use, before its last change and as it stands: a change is told by the difference.
+    TextStatus previousStatus, currentStatus;
 
     // Splitters, in twips. SavePos keeps a dragged bar's place, ClearPos forgets it.
     double msngVSplit = 3000;

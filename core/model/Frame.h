@@ -24,6 +24,9 @@ enum class MenuSituation {
     ViewWithoutEditing ///< browser and schema views: the edit menus are disabled
 };
 
+/// The frame's pointer while something takes its time.
+inline constexpr int vbHourglass = 11;
+
 /// What document windows ask of the frame. The frame implements it; nobody below includes the frame itself.
 class Frame {
 public:
@@ -31,6 +34,8 @@ public:
     virtual DocumentWindow* ActiveForm() = 0;      ///< null without a window
     virtual controls::StatusBar& StatusBar1() = 0; ///< panel 1: messages, panel 2: line and position
     virtual controls::ComboBox& cmbAddress() = 0;
+    virtual int MousePointer() const = 0; ///< 0: as what is under it asks for
+    virtual void SetMousePointer(int pointer) = 0;
 
     virtual void ErrorReportBox(const text::Fault& fault, const QString& routineName) = 0;
 
@@ -50,6 +55,11 @@ public:
     /// Runs the command of a menu entry, as a key of a view asks for it; whether the entry is enabled isn't
     /// looked at. Nothing happens for an entry without a command.
     virtual void RunMenuCommand(const QString& entry) = 0;
+
+    /// Whether undo and redo have a step to go, in menu and toolbar.
+    virtual void SetUndoRedo(bool undo, bool redo) = 0;
+    /// Shows the find dialog, or brings it to the front; it works on Application::findTarget.
+    virtual void ShowFind() = 0;
 
     virtual void UpdateFileMenu(const QString& name) = 0; ///< puts a name in front of the recent files
     virtual void AddToList(const QString& name) = 0;      ///< adds a name to the address box

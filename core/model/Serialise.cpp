@@ -167,6 +167,29 @@ private:
     QStringView unit_;
 };
 
+// Calls `visit` with the 0-based place of each "<" in the first `length` units that begins no end tag there,
+// until it returns false.
+template <typename Visit> void VisitNodeStarts(const text::LongText& text, qsizetype length, Visit visit) {
+    qsizetype start = 0; // of the piece
+    qsizetype last = -1; // a "<" that ended the piece before
+    bool more = true;
+    text.visit(0, length, [&](QStringView piece) {
+        if (last >= 0 && piece.front() != u'/')
+            more = visit(last);
+        last = -1;
+        for (qsizetype at = piece.indexOf(u'<'); at >= 0 && more; at = piece.indexOf(u'<', at + 1)) {
+            if (at + 1 == piece.size())
+                last = start + at;
+            else if (piece[at + 1] != u'/')
+                more = visit(start + at);
+        }
+        start += piece.size();
+        return more;
+    });
+    if (last >= 0 && more)
+        visit(last);
+}
+
 } // namespace
 
 QString GetTreeNodesXML(controls::TreeNode node, const QString& indentUnit) {
@@ -181,27 +204,25 @@ QString GetTreeNodesXML(controls::TreeNode node, const QString& indentUnit) {
     return sink.take();
 }
 
-qsizetype GetTextPositionByNodeNum(const QString& text, long number) {
-    if (number <= 0 || text::IsBlank(text))
+qsizetype GetTextPositionByNodeNum(const text::LongText& text, long number) {
+    if (number <= 0)
         return 0;
-    qsizetype at = text.indexOf(u'<');
-    for (long count = 0; at >= 0; at = text.indexOf(u'<', at + 1)) {
-        const bool endTag = at + 1 < text.size() && text[at + 1] == u'/';
-        if (!endTag && ++count == number)
-            return at + 1;
-    }
-    return 0;
+    long count = 0;
+    qsizetype found = 0;
+    VisitNodeStarts(text, text.size(), [&](qsizetype place) {
+        if (++count == number)
+            found = place + 1;
+        return found == 0;
+    });
+    return found;
 }
 
-long GetNodeNumByTextPosition(const QString& text, qsizetype position) {
-    if (position <= 0)
-        return 0;
-    const QStringView before = QStringView(text).left(position);
+long GetNodeNumByTextPosition(const text::LongText& text, qsizetype position) {
     long number = 0;
-    for (qsizetype at = before.indexOf(u'<'); at >= 0; at = before.indexOf(u'<', at + 1)) {
-        const bool endTag = at + 1 < before.size() && before[at + 1] == u'/';
-        number += endTag ? 0 : 1;
-    }
+    VisitNodeStarts(text, position, [&](qsizetype) {
+        ++number;
+        return true;
+    });
     return number;
 }
 

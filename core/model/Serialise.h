@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "platform/controls/TreeView.h"
+#include "platform/text/LongText.h"
 #include <QString>
 
 namespace m_tvXML {
@@ -14,8 +15,8 @@ QString GetTreeNodesXML(controls::TreeNode node, const QString& indentUnit);
 
 /// 1-based place of the start of the `number`-th node in a text; 0 for none. Every "<" that doesn't begin
 /// "</" counts.
-qsizetype GetTextPositionByNodeNum(const QString& text, long number);
+qsizetype GetTextPositionByNodeNum(const text::LongText& text, long number);
 /// Number of the last node that starts in the first `position` characters; 0 for none.
-long GetNodeNumByTextPosition(const QString& text, qsizetype position);
+long GetNodeNumByTextPosition(const text::LongText& text, qsizetype position);
 
 } // namespace m_tvXML

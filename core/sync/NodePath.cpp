@@ -136,6 +136,11 @@ void SelectTreeNodeByPath(DocumentWindow& window, const QString& path) try {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".txtXPath_KeyUp"));
 }
 
+void SelectTreeNodeByXPath(DocumentWindow& window, const xml::ParsedDocument& document, const QString& path) {
+    if (const xml::Node found = document.selectSingleNode(path))
+        SelectTreeNodeByDomNode(window, found);
+}
+
 void ShowCursorPosition(DocumentWindow& window) {
     if (!window.app.frame)
         return;

@@ -31,8 +31,8 @@ void Reload(DocumentWindow& window, const QString& fileName, const FetchedText& 
     XMLToTree(window, fetched.text, 0);
     if (app.frame)
         ShowNodePath(window, app.frame->StatusBar1());
-    window.msOpenText = window.rtxtXML.Text();
-    window.msLastParsedText = window.rtxtXML.Text();
+    window.msOpenText = window.rtxtXML.Long();
+    window.msLastParsedText = window.rtxtXML.Long();
 }
 
 // What can't be fetched may become a new document of that name, if the user wants it.

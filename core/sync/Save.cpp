@@ -35,7 +35,7 @@ bool BringTogether(DocumentWindow& window) {
 // parse, closing any window asks, an unchanged one too. Which text it was is not kept, and a needless
 // question loses nothing where a missing one might.
 bool NothingToSave(DocumentWindow& window, bool bSaveAs) {
-    return !window.app.lastParseError && !bSaveAs && window.rtxtXML.Text() == window.msOpenText;
+    return !window.app.lastParseError && !bSaveAs && window.rtxtXML.Long() == window.msOpenText;
 }
 
 bool WantsSaving(DocumentWindow& window) {
@@ -84,14 +84,14 @@ bool Write(DocumentWindow& window, const QString& fileName) {
         return false;
     }
     if (text != window.rtxtXML.Text()) {
-        ChangeText(window, text, window.TextInUse().TextRTF());
+        ChangeText(window, text, window.TextInUse().Content());
         window.bQuietParse = true;
         const long number = m_tvXML::GetBeforeNodeNumber(window.app, window.tvXML.SelectedItem());
         const bool root = m_tvXML::IsTreeRoot(window.tvXML.SelectedItem());
         XMLToTree(window, text, number);
         if (root)
             window.tvXML.SetSelectedItem(window.tvXML.Nodes(1));
-        window.msLastParsedText = text;
+        window.msLastParsedText = window.rtxtXML.Long();
         DoTree(window);
     }
     return true;
@@ -128,7 +128,7 @@ void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck) try {
     // Whether the file was written isn't looked at: a refused write has told the user, and the window counts
     // as saved.
     window.bTextChanged = false;
-    window.msOpenText = window.rtxtXML.Text();
+    window.msOpenText = window.rtxtXML.Long();
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".SaveXMLFile"));
 }

@@ -126,7 +126,7 @@ void TreeChangeTextView(DocumentWindow& window, bool withNewNode) try {
     window.bTreeChanged = false;
     controls::RichTextBox& target = window.TextInUse();
     if (window.tvXML.Nodes.Count() < 2) {
-        ChangeText(window, {}, target.TextRTF());
+        ChangeText(window, {}, target.Content());
         return;
     }
     const TreeNode selected = window.tvXML.SelectedItem();
@@ -136,9 +136,9 @@ void TreeChangeTextView(DocumentWindow& window, bool withNewNode) try {
         // stands. With a large one that would hold up each command for a second or more: saving tries it.
         const bool tried = xml.size() <= kTriedAtOnce;
         const bool valid = tried && mXMLEdit::ValidateXML(window.app, xml, true);
-        if ((valid || !text::Trim(xml).isEmpty()) && target.Text() != xml)
-            ChangeText(window, xml, target.TextRTF());
-        window.msLastParsedText = target.Text(); // now the two say the same
+        if ((valid || !text::Trim(xml).isEmpty()) && !(target.Long() == xml))
+            ChangeText(window, xml, target.Content());
+        window.msLastParsedText = target.Long(); // now the two say the same
     }
     if (selected)
         window.tvXML.SetSelectedItem(selected);

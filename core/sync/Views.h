@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/model/DocumentWindow.h"
+#include "platform/xml/ParsedDocument.h"
 #include <QString>
 
 // Switching views, and what follows a change of the current node.
@@ -22,6 +23,8 @@ void ShowNodePath(DocumentWindow& window, controls::StatusBar& statusBar);
 QString GetXPath(controls::TreeNode node);
 /// Selects the node at a path: what Enter in txtXPath does. A path that selects nothing gets a message.
 void SelectTreeNodeByPath(DocumentWindow& window, const QString& path);
+/// The same in a document that the text was parsed into, without a message.
+void SelectTreeNodeByXPath(DocumentWindow& window, const xml::ParsedDocument& document, const QString& path);
 /// Shows the position of the caret in status panel 2.
 void ShowCursorPosition(DocumentWindow& window);
 

@@ -76,6 +76,24 @@ void Timer::SetEnabled(bool enabled) {
     Set(enabled_, enabled, changed);
 }
 
+// --- CheckBox, OptionButton --------------------------------------------------------------------------------
+
+void CheckBox::SetValue(int value) {
+    Set(value_, value, changed);
+}
+void CheckBox::UserSet(bool ticked) {
+    SetValue(ticked ? 1 : 0);
+    Click();
+}
+
+void OptionButton::SetValue(bool value) {
+    Set(value_, value, changed);
+}
+void OptionButton::UserChose() {
+    SetValue(true);
+    Click();
+}
+
 // --- ComboBox ------------------------------------------------------------------------------------------
 
 int ComboBox::ListIndex() const {

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <memory>
+#include <utility>
 #include <vector>
 
 // The small controls: each holds its state, tells its widget through `changed`, and raises the user's acts as
@@ -67,6 +68,52 @@ private:
     Bounds place_;
 };
 
+/// A text beside another control.
+class Label {
+public:
+    const QString& Caption() const { return caption_; }
+    void SetCaption(const QString& caption) {
+        if (std::exchange(caption_, caption) != caption)
+            changed();
+    }
+    bool Visible() const { return visible_; }
+    void SetVisible(bool visible) {
+        if (std::exchange(visible_, visible) != visible)
+            changed();
+    }
+    Event<> changed;
+
+private:
+    QString caption_;
+    bool visible_ = true;
+};
+
+/// A box to tick.
+class CheckBox {
+public:
+    int Value() const { return value_; } ///< 1: ticked
+    void SetValue(int value);
+    void UserSet(bool ticked); ///< sets the value and raises Click
+    Event<> Click;
+    Event<> changed;
+
+private:
+    int value_ = 0;
+};
+
+/// One of several choices; whoever owns them sees to it that one alone is chosen.
+class OptionButton {
+public:
+    bool Value() const { return value_; }
+    void SetValue(bool value);
+    void UserChose(); ///< sets the value and raises Click
+    Event<> Click;
+    Event<> changed;
+
+private:
+    bool value_ = false;
+};
+
 /// Raises its event again and again while it is enabled.
 class Timer {
 public:
@@ -93,7 +140,7 @@ public:
     void SetListIndex(int index);        ///< also sets the text; out of range: no effect
     void UserTyped(const QString& text); ///< sets the text and raises Change
     void UserChose(int index);           ///< sets text and index and raises Click
-    Event<> Change, Click;
+    Event<> Change, Click, LostFocus;
     Event<int, int> KeyUp;
     Event<> changed; ///< text or items
 

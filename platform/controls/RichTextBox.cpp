@@ -1,59 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/controls/RichTextBox.h"
+#include "platform/controls/ColourRuns.h"
+#include "platform/controls/Rtf.h"
 #include "platform/text/TextTools.h"
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace controls {
 
 namespace {
 
-// Equal texts mostly share their storage, and then nothing has to be compared.
-bool Same(const QString& one, const QString& other) {
-    return one.size() == other.size() && (one.constData() == other.constData() || one == other);
-}
+constexpr qsizetype kKept = 1'000'000; // units of a whole text that is kept for the next call
 
-bool Same(const std::vector<ColourRun>& one, const std::vector<ColourRun>& other) {
-    return std::equal(
-        one.begin(), one.end(), other.begin(), other.end(),
-        [](const ColourRun& a, const ColourRun& b) { return a.start == b.start && a.colour == b.colour; });
-}
-
-// Moves the runs along with a replaced piece of text. The new piece takes the colour that stood at its place;
-// of the runs that began inside the removed piece the last one goes on behind it.
-void ShiftRuns(std::vector<ColourRun>& runs, qsizetype at, qsizetype removed, qsizetype added) {
-    std::vector<ColourRun> shifted;
-    for (ColourRun run : runs) {
-        const bool inside = run.start >= at && run.start < at + removed;
-        if (inside && (run.start > at || added == 0))
-            run.start = at + added;
-        else if (run.start >= at + removed && !(run.start == at && at == 0))
-            run.start += added - removed;
-        if (!shifted.empty() && shifted.back().start == run.start)
-            shifted.back() = run;
-        else
-            shifted.push_back(run);
-    }
-    runs = std::move(shifted);
-}
-
-// The piece in which two texts differ: both start with `at` equal units and end with equal ones behind it.
-struct Difference {
-    qsizetype at, removed, added;
-};
-
-Difference Compare(const QString& before, const QString& after) {
-    const auto at =
-        std::mismatch(before.begin(), before.end(), after.begin(), after.end()).first - before.begin();
-    const qsizetype most = std::min(before.size(), after.size()) - at;
-    const auto tail =
-        std::mismatch(before.rbegin(), before.rbegin() + most, after.rbegin()).first - before.rbegin();
-    return {at, before.size() - at - tail, after.size() - at - tail};
-}
-
-bool SplitsLineEnd(const QString& text, qsizetype at) {
-    return at > 0 && at < text.size() && text[at] == u'\n' && text[at - 1] == u'\r';
+bool SplitsLineEnd(const text::LongText& text, qsizetype at) {
+    return at > 0 && at < text.size() && text.at(at) == u'\n' && text.at(at - 1) == u'\r';
 }
 
 // A content whose line ends had to be written out: its runs move by the units added before them.
@@ -70,45 +30,40 @@ void FitRuns(std::vector<ColourRun>& runs, const QString& given) {
     }
 }
 
-} // namespace
-
-void RichTextBox::Fetch() const {
-    if (!source_)
-        return;
-    const auto source = std::exchange(source_, nullptr);
-    const QString fresh = text::ToCrLf(source());
-    if (!runs_.empty()) {
-        const Difference difference = Compare(text_, fresh);
-        ShiftRuns(runs_, difference.at, difference.removed, difference.added);
-    }
-    text_ = fresh;
+bool IsWordUnit(QChar unit) {
+    return unit.isLetterOrNumber();
 }
 
-const QString& RichTextBox::Text() const {
-    Fetch();
-    return text_;
+} // namespace
+
+// --- content
+// -------------------------------------------------------------------------------------------------
+
+QString RichTextBox::Text() const {
+    if (wholeKnown_)
+        return whole_;
+    const QString whole = text_.toString();
+    if (whole.size() <= kKept) {
+        whole_ = whole;
+        wholeKnown_ = true;
+    }
+    return whole;
 }
 
 void RichTextBox::SetText(const QString& text) {
-    SetTextRTF({text, {}});
+    SetContent({text::LongText::Like(text::ToCrLf(text), text_), {}});
 }
 
-RichContent RichTextBox::TextRTF() const {
-    Fetch();
-    return {text_, runs_};
-}
-
-void RichTextBox::SetTextRTF(const RichContent& content) {
-    Fetch();
-    const QString fresh = text::ToCrLf(content.text);
-    std::vector<ColourRun> runs = content.runs;
-    if (fresh.size() != content.text.size())
-        FitRuns(runs, content.text);
-    const bool textDiffers = !Same(fresh, text_), runsDiffer = !Same(runs, runs_);
+void RichTextBox::SetContent(const RichContent& content) {
+    const bool textDiffers = !(content.text == text_), runsDiffer = content.runs != runs_;
     const bool caretMoves = selStart_ != 0 || selLength_ != 0;
-    text_ = fresh;
-    runs_ = std::move(runs);
+    text_ = content.text;
+    runs_ = content.runs;
+    wholeKnown_ = wholeKnown_ && !textDiffers;
+    if (!wholeKnown_)
+        whole_.clear();
     selStart_ = selLength_ = 0;
+    TakeColourBeforeCaret();
     if (textDiffers || runsDiffer)
         contentReplaced();
     else if (caretMoves)
@@ -117,57 +72,112 @@ void RichTextBox::SetTextRTF(const RichContent& content) {
         Change();
 }
 
+QString RichTextBox::TextRTF() const {
+    return WriteRtf(Text(), runs_, fontName_, fontSize_);
+}
+
+void RichTextBox::SetTextRTF(const QString& rtf) {
+    QString text;
+    std::vector<ColourRun> runs;
+    if (!ReadRtf(rtf, text, runs)) {
+        SetText(rtf);
+        return;
+    }
+    const QString fresh = text::ToCrLf(text);
+    if (fresh.size() != text.size())
+        FitRuns(runs, text);
+    SetContent({text::LongText::Like(fresh, text_), std::move(runs)});
+}
+
+// --- selection
+// -----------------------------------------------------------------------------------------------
+
 void RichTextBox::SetSelStart(qsizetype start) {
-    Fetch();
     start = std::clamp<qsizetype>(start, 0, text_.size());
     const bool moves = start != selStart_ || selLength_ != 0;
-    selStart_ = start;
-    selLength_ = 0;
+    UserSelected(start, 0);
     if (moves)
         selectionChanged();
 }
 
 void RichTextBox::SetSelLength(qsizetype length) {
-    Fetch();
-    CutSelection();
     length = std::clamp<qsizetype>(length, 0, text_.size() - selStart_);
     if (std::exchange(selLength_, length) != length)
         selectionChanged();
 }
 
 QString RichTextBox::SelText() const {
-    Fetch();
     return text_.mid(selStart_, selLength_);
 }
 
-// The user's selection is taken as the widget tells it; the text may have become shorter since.
-void RichTextBox::CutSelection() {
-    selStart_ = std::clamp<qsizetype>(selStart_, 0, text_.size());
-    selLength_ = std::clamp<qsizetype>(selLength_, 0, text_.size() - selStart_);
+void RichTextBox::UserSelected(qsizetype start, qsizetype length) {
+    selStart_ = std::clamp<qsizetype>(start, 0, text_.size());
+    selLength_ = std::clamp<qsizetype>(length, 0, text_.size() - selStart_);
+    TakeColourBeforeCaret();
+}
+
+TextPlace RichTextBox::CaretPlace() const {
+    const qsizetype line = text_.lineOf(selStart_);
+    return {line + 1, selStart_ - text_.lineStart(line) + 1};
+}
+
+// --- changing the text
+// ---------------------------------------------------------------------------------------
+
+// Replaces a stretch; the selection is a caret behind it then.
+void RichTextBox::Replace(qsizetype at, qsizetype removed, const QString& piece) {
+    BeforeChange();
+    text_.replace(at, removed, piece);
+    wholeKnown_ = false;
+    whole_.clear();
+    ShiftRuns(runs_, at, removed, piece.size());
+    selStart_ = at + piece.size();
+    selLength_ = 0;
+}
+
+// A stretch never takes half a line end away, nor parts one.
+void RichTextBox::TakeWholeLineEnds(qsizetype& at, qsizetype& removed) const {
+    qsizetype end = at + removed;
+    if (removed > 0 && SplitsLineEnd(text_, end))
+        ++end;
+    if (SplitsLineEnd(text_, at))
+        --at;
+    removed = removed > 0 ? end - at : 0;
 }
 
 void RichTextBox::SetSelText(const QString& text) {
-    Fetch();
-    CutSelection();
     const QString piece = text::ToCrLf(text);
-    // A selection never takes half a line end away.
-    const qsizetype end =
-        selStart_ + selLength_ + (selLength_ > 0 && SplitsLineEnd(text_, selStart_ + selLength_) ? 1 : 0);
-    const qsizetype at = selStart_ - (SplitsLineEnd(text_, selStart_) ? 1 : 0);
-    const qsizetype removed = selLength_ > 0 ? end - at : 0;
-    const bool differs = QStringView(text_).mid(at, removed) != piece;
-    if (differs) {
-        text_.replace(at, removed, piece);
-        ShiftRuns(runs_, at, removed, piece.size());
+    qsizetype at = selStart_, removed = selLength_;
+    TakeWholeLineEnds(at, removed);
+    if (text_.mid(at, removed) != piece) {
+        Replace(at, removed, piece);
+        textReplaced(at, removed, piece);
+        Change();
+        return;
     }
     selStart_ = at + piece.size();
     selLength_ = 0;
-    if (differs) {
-        textReplaced(at, removed, piece);
-        Change();
-    } else if (removed != 0) {
+    if (removed != 0)
         selectionChanged();
-    }
+}
+
+void RichTextBox::UserReplaced(qsizetype at, qsizetype removed, const QString& text) {
+    at = std::clamp<qsizetype>(at, 0, text_.size());
+    removed = std::clamp<qsizetype>(removed, 0, text_.size() - at);
+    TakeWholeLineEnds(at, removed);
+    const QString piece = text::ToCrLf(text);
+    if (removed == 0 && piece.isEmpty())
+        return;
+    const std::uint32_t colour = typeColour_;
+    Replace(at, removed, piece);
+    if (!piece.isEmpty() && (!runs_.empty() || colour != 0))
+        Paint(at, piece.size(), colour);
+    textReplaced(at, removed, piece);
+    Change();
+}
+
+void RichTextBox::Type(const QString& text) {
+    UserReplaced(selStart_, selLength_, text);
 }
 
 void RichTextBox::SetFont(const QString& name, double size) {
@@ -178,25 +188,27 @@ void RichTextBox::SetFont(const QString& name, double size) {
     fontChanged();
 }
 
-TextPlace RichTextBox::CaretPlace() const {
-    if (source_ && caretSource)
-        return caretSource();
-    const QStringView before = QStringView(Text()).left(selStart_);
-    return {before.count(u'\n') + 1, before.size() - before.lastIndexOf(u'\n')};
+// --- search
+// --------------------------------------------------------------------------------------------------
+
+bool RichTextBox::IsWholeWord(qsizetype start, qsizetype length) const {
+    return !IsWordUnit(text_.at(start - 1)) && !IsWordUnit(text_.at(start + length));
 }
 
-void RichTextBox::UserEdited(std::function<QString()> source) {
-    source_ = std::move(source);
-    Change();
-}
-
-void RichTextBox::UserSelected(qsizetype start, qsizetype length) {
-    selStart_ = std::max<qsizetype>(start, 0);
-    selLength_ = std::max<qsizetype>(length, 0);
-}
-
-void RichTextBox::Type(const QString& text) {
-    SetSelText(text);
+qsizetype RichTextBox::Find(const QString& text, qsizetype start, qsizetype end, int flags) {
+    const auto sensitivity = (flags & rtfMatchCase) != 0 ? Qt::CaseSensitive : Qt::CaseInsensitive;
+    if (end < 0 || end > text_.size())
+        end = text_.size();
+    qsizetype hit = text_.indexOf(text, start, sensitivity);
+    while (hit >= 0 && (flags & rtfWholeWord) != 0 && !IsWholeWord(hit, text.size()))
+        hit = text_.indexOf(text, hit + 1, sensitivity);
+    if (hit < 0 || hit + text.size() > end)
+        return -1;
+    if ((flags & rtfNoHighlight) == 0) {
+        SetSelStart(hit);
+        SetSelLength(text.size());
+    }
+    return hit;
 }
 
 } // namespace controls

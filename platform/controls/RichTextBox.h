@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "platform/controls/Event.h"
+#include "platform/text/LongText.h"
 #include <QString>
 #include <cstdint>
 #include <functional>
@@ -8,10 +9,12 @@
 
 namespace controls {
 
-/// A run of characters in one colour (0x00BBGGRR), from `start` to the next run.
+/// A run of characters in one colour (0x00BBGGRR), from `start` to the next run. What stands before the first
+/// run is black, that is 0.
 struct ColourRun {
     qsizetype start;
     std::uint32_t colour;
+    bool operator==(const ColourRun&) const = default;
 };
 
 /// A place in lines: both numbers from 1, the column in 16-bit units.
@@ -20,33 +23,46 @@ struct TextPlace {
     qsizetype column = 1;
 };
 
-/// The whole content of a rich text at one moment. Its text is shared, so keeping one costs nothing.
+/// The whole content of a rich text at one moment. Its text is shared, so keeping one costs next to nothing.
 struct RichContent {
-    QString text;
+    text::LongText text;
     std::vector<ColourRun> runs;
 };
 
+/// What Find looks at, put together by or.
+enum FindFlags { rtfWholeWord = 2, rtfMatchCase = 4, rtfNoHighlight = 8 };
+
 /// Multi-line text. Its line ends are CR LF whatever is written to it, as the widget of the platform does.
-/// Positions are 0-based and count 16-bit units, a line end counting two. While the user types, the widget
-/// holds the newest text and the model fetches it when it is asked for (SetTextSource): a key press in a text
-/// of 100 MB must not copy it.
+/// Positions are 0-based and count 16-bit units, a line end counting two. The text stands here and nowhere
+/// else: a widget shows rows of it.
 class RichTextBox {
 public:
-    const QString& Text() const;
+    const text::LongText& Long() const { return text_; }
+    const std::vector<ColourRun>& Runs() const { return runs_; }
+    QString Text() const;              ///< the whole text: made anew for a large one on each call
     void SetText(const QString& text); ///< no colours; caret to 0; raises Change when the text differs
-    RichContent TextRTF() const;
-    void SetTextRTF(const RichContent& content);
+    RichContent Content() const { return {text_, runs_}; }
+    void SetContent(const RichContent& content);
+    QString TextRTF() const; ///< text and colours as an RTF document
+    /// Reads an RTF document; a string that isn't one is taken as plain text.
+    void SetTextRTF(const QString& rtf);
 
     qsizetype SelStart() const { return selStart_; }
     qsizetype SelLength() const { return selLength_; }
     void SetSelStart(qsizetype start);   ///< cut to the text; ends the selection
     void SetSelLength(qsizetype length); ///< cut to the text
     QString SelText() const;
-    /// Line and column of the selection's start. While the widget holds the newest text it answers, and
-    /// nothing is fetched.
-    TextPlace CaretPlace() const;
-    std::function<TextPlace()> caretSource; ///< set by the widget
-    void SetSelText(const QString& text);   ///< replaces the selection; the caret stands behind it
+    void SetSelText(const QString& text); ///< replaces the selection; the caret stands behind it
+    /// Colour of the selection's first character; without a selection that of text typed next.
+    std::uint32_t SelColor() const;
+    void SetSelColor(std::uint32_t colour); ///< of the selection, or of text typed next
+    TextPlace CaretPlace() const;           ///< line and column of the selection's start
+    qsizetype GetLineFromChar(qsizetype position) const { return text_.lineOf(position); } ///< from 0
+    /// Looks for a text between two positions (end -1: to the end of the text) and selects a hit unless
+    /// rtfNoHighlight is set. Its position, -1 for none.
+    qsizetype Find(const QString& text, qsizetype start, qsizetype end, int flags);
+    /// Whether the characters beside a stretch are neither letters nor numbers.
+    bool IsWholeWord(qsizetype start, qsizetype length) const;
 
     QString FontName() const { return fontName_; }
     double FontSize() const { return fontSize_; }
@@ -56,34 +72,44 @@ public:
     bool TabStop = true;
     bool Locked = false;
     void SetFocus() { focusRequested(); }
+    /// The character at a point (twips), set by the widget; -1 without one.
+    std::function<qsizetype(double x, double y)> charFromPos;
 
     // --- user's acts -----------------------------------------------------------------------------------
-    /// The user changed the text in the widget: `source` fetches it when needed; raises Change. Colours move
-    /// along with the text around the changed piece.
-    void UserEdited(std::function<QString()> source);
-    /// The user moved the caret or selection; the text stays. Taken as told, so that the text needn't be
-    /// fetched.
+    /// The user put `text` in the place of a stretch; it takes the colour of text typed next. Raises Change.
+    void UserReplaced(qsizetype at, qsizetype removed, const QString& text);
+    /// The user moved the caret or selection.
     void UserSelected(qsizetype start, qsizetype length);
-    /// A user's edit without a widget (tests): replaces the selection by `text` and raises Change.
-    void Type(const QString& text);
-    Event<> Click;
-    Event<int, int> KeyDown, KeyUp;
+    void Type(const QString& text); ///< replaces the selection as typing does, without a widget
+    Event<> Click, MouseUp;
+    /// Qt key code, Qt modifiers; a handler that uses a key up changes its code.
+    Event<int&, int> KeyDown;
+    Event<const QString&> KeyPress; ///< before typed characters go in
+    Event<int, int> KeyUp;
     Event<> GotFocus, LostFocus;
 
-    Event<> Change; ///< the text is another one, by user or program
+    Event<> BeforeChange; ///< the text is about to become another one; not to be changed now
+    Event<> Change;       ///< the text is another one, by user or program
 
     // --- announcements for the widget ------------------------------------------------------------------
     Event<> contentReplaced;                           ///< everything is new
-    Event<qsizetype, qsizetype, QString> textReplaced; ///< at, removed length, new text; by the program
+    Event<qsizetype, qsizetype, QString> textReplaced; ///< at, removed length, new text
+    Event<qsizetype, qsizetype> coloursChanged;        ///< start, length
     Event<> selectionChanged, fontChanged, focusRequested;
 
 private:
-    void Fetch() const;
-    void CutSelection();
-    mutable QString text_;
-    mutable std::function<QString()> source_;
-    mutable std::vector<ColourRun> runs_;
+    std::uint32_t ColourAt(qsizetype position) const;
+    void Paint(qsizetype start, qsizetype length, std::uint32_t colour);
+    void Replace(qsizetype at, qsizetype removed, const QString& piece);
+    void TakeWholeLineEnds(qsizetype& at, qsizetype& removed) const;
+    void TakeColourBeforeCaret();
+
+    text::LongText text_;
+    std::vector<ColourRun> runs_;
+    mutable QString whole_; ///< the last whole text that was asked for, while nothing changes
+    mutable bool wholeKnown_ = false;
     qsizetype selStart_ = 0, selLength_ = 0;
+    std::uint32_t typeColour_ = 0;
     QString fontName_ = QStringLiteral("Courier New");
     double fontSize_ = 10;
 };

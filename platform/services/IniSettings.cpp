@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/services/FileReplace.h"
+#include "platform/services/IniLock.h"
 #include "platform/services/IniText.h"
 #include "platform/services/RealServices.h"
 #include <QDir>
@@ -10,6 +11,9 @@
 namespace services {
 
 namespace {
+
+// Nobody's settings are this long; something else lies there, and its lines would fill the memory.
+constexpr off_t kLargest = 4 << 20;
 
 QString DefaultPath() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
@@ -44,19 +48,12 @@ public:
         return value ? *value : fallback;
     }
 
-    void Save(const QString& section, const QString& key, const QString& value) override {
+    FileResult Save(const QString& section, const QString& key, const QString& value) override {
         Refresh();
-        const QString* old = text_.Find(section, key);
-        if (!readable_ || (old && *old == value))
-            return; // what can't be read must not be written over
-        IniText changed = text_;
-        changed.Set(section, key, value);
-        if (!StampOf(path_).exists)
-            MakeFolder();
-        if (ReplaceFile(path_, changed.ToBytes())) {
-            text_ = std::move(changed);
-            stamp_ = StampOf(path_);
-        }
+        if (reading_ && Holds(section, key, value))
+            return {};
+        const FileResult result = Write(section, key, value);
+        return result ? result : Failure(result.error, path_ + QStringLiteral(": ") + result.description);
     }
 
     std::vector<std::pair<QString, QString>> GetAll(const QString& section) const override {
@@ -67,14 +64,48 @@ public:
 private:
     /// Another program, or a second window of this one, may have written the file.
     void Refresh() const {
+        if (!loaded_ || !(StampOf(path_) == stamp_))
+            Load();
+    }
+
+    void Load() const {
         const Stamp now = StampOf(path_);
-        if (loaded_ && now == stamp_)
-            return;
         QByteArray bytes;
-        readable_ = !now.exists || files_->Read(path_, bytes);
+        if (now.size > kLargest)
+            reading_ = Failure(FileError::Other, QStringLiteral("too large for a settings file"));
+        else
+            reading_ = now.exists ? files_->Read(path_, bytes) : FileResult();
         text_ = IniText(bytes);
         stamp_ = now;
         loaded_ = true;
+    }
+
+    bool Holds(const QString& section, const QString& key, const QString& value) const {
+        const QString* old = text_.Find(section, key);
+        return old && *old == value;
+    }
+
+    /// Under the lock the file is read anew, whatever its stamp: what another program wrote a moment ago
+    /// stays.
+    FileResult Write(const QString& section, const QString& key, const QString& value) {
+        if (!stamp_.exists)
+            MakeFolder();
+        const IniLock lock(path_);
+        if (lock.IsBusy())
+            return Failure(FileError::Other, QStringLiteral("another program is writing the file"));
+        Load();
+        if (!reading_)
+            return reading_; // what can't be read must not be written over
+        if (Holds(section, key, value))
+            return {};
+        IniText changed = text_;
+        changed.Set(section, key, value);
+        FileResult result = ReplaceFile(path_, changed.ToBytes());
+        if (result) {
+            text_ = std::move(changed);
+            stamp_ = StampOf(path_);
+        }
+        return result;
     }
 
     void MakeFolder() const {
@@ -89,8 +120,8 @@ private:
     std::unique_ptr<FileSystem> files_;
     mutable IniText text_;
     mutable Stamp stamp_;
+    mutable FileResult reading_; ///< how the last reading went; a missing file is an empty one
     mutable bool loaded_ = false;
-    mutable bool readable_ = true;
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/services/IniText.h"
+#include <QByteArrayList>
 #include <algorithm>
 #include <optional>
 
@@ -8,6 +9,7 @@ namespace services {
 namespace {
 
 constexpr qsizetype kHexDigits = 4;
+constexpr QByteArrayView kMark = "\xEF\xBB\xBF";
 
 /// The unit that "uXXXX" at `at` stands for.
 std::optional<char16_t> UnitAt(const QString& text, qsizetype at) {
@@ -96,20 +98,19 @@ IniText::Line IniText::Parse(const QByteArray& raw, const QString& section) {
 
 IniText::IniText(const QByteArray& bytes) {
     QString section;
-    for (QByteArray raw : bytes.split('\n')) {
-        if (lines_.empty() && raw.startsWith("\xEF\xBB\xBF"))
-            raw.remove(0, 3);
-        if (raw.endsWith('\r'))
-            raw.chop(1);
+    mark_ = bytes.startsWith(kMark);
+    for (const QByteArray& raw : bytes.sliced(mark_ ? kMark.size() : 0).split('\n')) {
         lines_.push_back(Parse(raw, section));
         section = lines_.back().section;
     }
     if (lines_.back().raw.isEmpty())
         lines_.pop_back(); // what follows the last line end
+    if (!lines_.empty() && lines_.front().raw.endsWith('\r'))
+        lineEnd_ = QByteArrayLiteral("\r");
 }
 
 QByteArray IniText::ToBytes() const {
-    QByteArray bytes;
+    QByteArray bytes = mark_ ? QByteArray(kMark.data(), kMark.size()) : QByteArray();
     for (const Line& line : lines_)
         bytes += line.raw + '\n';
     return bytes;
@@ -124,7 +125,7 @@ const QString* IniText::Find(const QString& section, const QString& key) const {
 }
 
 void IniText::Set(const QString& section, const QString& key, const QString& value) {
-    const Line pair{PairLine(key, value), section, key, value, true};
+    const Line pair{PairLine(key, value) + lineEnd_, section, key, value, true};
     const auto same = std::find_if(lines_.begin(), lines_.end(), [&](const Line& line) {
         return line.isPair && line.key == key && line.section == section;
     });
@@ -141,8 +142,8 @@ void IniText::Set(const QString& section, const QString& key, const QString& val
     }
     if (place == lines_.end() && (lines_.empty() || lines_.back().section != section)) {
         if (!lines_.empty())
-            lines_.push_back(Line{{}, lines_.back().section, {}, {}, false});
-        lines_.push_back(Line{'[' + Escaped(section, u"[]") + ']', section, {}, {}, false});
+            lines_.push_back(Line{lineEnd_, lines_.back().section, {}, {}, false});
+        lines_.push_back(Line{'[' + Escaped(section, u"[]") + ']' + lineEnd_, section, {}, {}, false});
         place = lines_.end();
     }
     lines_.insert(place, pair);

@@ -26,7 +26,7 @@ public:
 
 private:
     struct Line {
-        QByteArray raw;  ///< without its line end
+        QByteArray raw;  ///< without its LF
         QString section; ///< in which it stands, or which it starts
         QString key;     ///< empty in a line that is no pair
         QString value;
@@ -34,6 +34,8 @@ private:
     };
     static Line Parse(const QByteArray& raw, const QString& section);
     std::vector<Line> lines_;
+    bool mark_ = false;  ///< a byte order mark stands in front
+    QByteArray lineEnd_; ///< what new lines have before their LF
 };
 
 } // namespace services

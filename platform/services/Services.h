@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -17,6 +18,11 @@ enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class Icon { None, Information, Question, Exclamation, Critical };
 enum class Answer { Ok, Yes, No, Cancel };
 
+struct FontChoice {
+    QString name;
+    double size = 0; ///< in points
+};
+
 /// Message boxes and common dialogs: all that waits for a person.
 class Prompts {
 public:
@@ -27,6 +33,9 @@ public:
     /// "caption|pattern;pattern|caption|pattern".
     virtual QString OpenFileName(const QString& title, const QString& filter) = 0;
     virtual QString SaveFileName(const QString& title, const QString& filter, const QString& suggested) = 0;
+    /// A colour as 0x00BBGGRR; nothing when cancelled. `present` is shown as chosen.
+    virtual std::optional<std::uint32_t> ChooseColour(std::uint32_t present) = 0;
+    virtual std::optional<FontChoice> ChooseFont(const FontChoice& present) = 0;
     virtual void Beep() = 0;
 };
 
@@ -41,23 +50,23 @@ public:
     virtual void End() = 0;
 };
 
-/// Settings by section and key with text values, kept for the user. Failures to write are silent to the
-/// caller and leave the stored file whole.
-class SettingsStore {
-public:
-    virtual ~SettingsStore() = default;
-    virtual QString Get(const QString& section, const QString& key, const QString& fallback = {}) const = 0;
-    virtual void Save(const QString& section, const QString& key, const QString& value) = 0;
-    /// All pairs of a section, in the order of the file; empty without any.
-    virtual std::vector<std::pair<QString, QString>> GetAll(const QString& section) const = 0;
-};
-
 enum class FileError { None, BadName, NotFound, Permission, ReadOnly, DiskFull, Cancelled, Other };
 
 struct FileResult {
     FileError error = FileError::None;
     QString description; ///< the system's error text
     explicit operator bool() const { return error == FileError::None; }
+};
+
+/// Settings by section and key with text values, kept for the user.
+class SettingsStore {
+public:
+    virtual ~SettingsStore() = default;
+    virtual QString Get(const QString& section, const QString& key, const QString& fallback = {}) const = 0;
+    /// A failure leaves what was stored whole; its description names the file and the reason.
+    virtual FileResult Save(const QString& section, const QString& key, const QString& value) = 0;
+    /// All pairs of a section, in the order of the file; empty without any.
+    virtual std::vector<std::pair<QString, QString>> GetAll(const QString& section) const = 0;
 };
 
 /// Local files.
@@ -104,6 +113,15 @@ public:
     virtual int MillisecondOfHour() = 0; ///< minutes, seconds and milliseconds of the current hour
 };
 
+/// The system's clipboard, as text.
+class Clipboard {
+public:
+    virtual ~Clipboard() = default;
+    virtual void Clear() = 0;
+    virtual void SetText(const QString& text) = 0;
+    virtual QString GetText() = 0; ///< empty when it holds no text
+};
+
 /// Everything at hand, owned elsewhere (by main or a test).
 struct Services {
     Prompts& prompts;
@@ -112,6 +130,7 @@ struct Services {
     FileSystem& files;
     HttpClient& http;
     Clock& clock;
+    Clipboard& clipboard;
 };
 
 } // namespace services

@@ -13,6 +13,7 @@ public:
         left_ = kFree + kPerUnit * textLength;
         lastPlace_ = 0;
         parameters_ = 0;
+        markup_ = 0;
     }
 
     /// Takes off one reference to a content of that length; `place` is where the outermost reference ends in
@@ -29,6 +30,13 @@ public:
     bool chargeParameter(std::size_t contentLength) {
         parameters_ += contentLength + kNestedCost;
         return parameters_ <= kMaxParameters;
+    }
+
+    /// Takes off the content of an entity that is declared with markup in it. The parser library takes such a
+    /// content apart in one go, so nothing can stop it there.
+    bool chargeMarkup(std::size_t contentLength) {
+        markup_ += contentLength;
+        return markup_ <= kMaxMarkup;
     }
 
     /// Takes off one attribute that an element gets by default.
@@ -49,10 +57,12 @@ private:
     static constexpr std::size_t kDirectCost = 8;
     static constexpr std::size_t kNestedCost = 64;
     static constexpr std::size_t kMaxParameters = 1'000'000;
+    static constexpr std::size_t kMaxMarkup = 2'000'000;
 
     std::size_t left_ = 0;
     std::size_t lastPlace_ = 0;
     std::size_t parameters_ = 0;
+    std::size_t markup_ = 0;
 };
 
 } // namespace xml

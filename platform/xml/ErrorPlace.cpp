@@ -74,6 +74,7 @@ bool IsNoticedBehind(const Complaint& complaint) {
     case kErrorExpansion:
     case kErrorDepth:
     case kErrorManyAttributes:
+    case kErrorComparedAttributes:
     case kErrorDefaults:
     case kErrorManyNames:
     case kErrorParameterEntity:
@@ -109,6 +110,7 @@ qsizetype PlaceOfKind(QStringView text, const Complaint& complaint) {
     case kErrorDepth:
     case kErrorManyNames:
     case kErrorManyAttributes:
+    case kErrorComparedAttributes:
     case kErrorDefaults:
         return place < text.size() && text[place] == u'<' ? place : LastBefore(text, u"<", place);
     case XML_ERR_MISPLACED_CDATA_END:

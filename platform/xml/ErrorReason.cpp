@@ -173,9 +173,11 @@ QString ContentReason(QStringView text, const Complaint& complaint, qsizetype pl
     case kErrorDepth:
         return QStringLiteral("The elements are nested too deep: more than 5000 levels.");
     case kErrorManyAttributes:
-        return QStringLiteral("The element has too many attributes: more than 10000.");
+        return QStringLiteral("The element has too many attributes, or too long ones.");
+    case kErrorComparedAttributes:
+        return QStringLiteral("Too many elements have hundreds or thousands of attributes.");
     case kErrorManyNames:
-        return QStringLiteral("The document has too many different names: more than 500000.");
+        return QStringLiteral("The document has too many different names: more than 100000.");
     case kErrorLongDeclaration:
         return QStringLiteral("A declaration inside the document type declaration is too long.");
     case XML_ERR_DOCTYPE_NOT_FINISHED:

@@ -7,18 +7,19 @@
 namespace xml {
 
 // Kinds of errors that are found here; all others carry the parser library's number, which is stable as well.
-inline constexpr int kErrorMemory = 10000;           ///< memory ran out
-inline constexpr int kErrorUndeclaredEntity = 10001; ///< a reference to an entity that is not declared
-inline constexpr int kErrorExternalEntity = 10002;   ///< a reference to an entity outside the document
-inline constexpr int kErrorExpansion = 10003;        ///< the entities expand to too much
-inline constexpr int kErrorDepth = 10004;            ///< elements stand too deep in each other
-inline constexpr int kErrorManyAttributes = 10005;   ///< one element has too many attributes
-inline constexpr int kErrorReservedTarget = 10006;   ///< an instruction with a target such as XML
-inline constexpr int kErrorUnexpected = 10007;       ///< the parser gave up without a word
-inline constexpr int kErrorDefaults = 10008;         ///< the defaults of attributes amount to too much
-inline constexpr int kErrorManyNames = 10009;        ///< there are too many different names
-inline constexpr int kErrorParameterEntity = 10010;  ///< the document type declaration expands to too much
-inline constexpr int kErrorLongDeclaration = 10011;  ///< one declaration in it is too long
+inline constexpr int kErrorMemory = 10000;             ///< memory ran out
+inline constexpr int kErrorUndeclaredEntity = 10001;   ///< a reference to an entity that is not declared
+inline constexpr int kErrorExternalEntity = 10002;     ///< a reference to an entity outside the document
+inline constexpr int kErrorExpansion = 10003;          ///< the entities expand to too much
+inline constexpr int kErrorDepth = 10004;              ///< elements stand too deep in each other
+inline constexpr int kErrorManyAttributes = 10005;     ///< one element has too many attributes
+inline constexpr int kErrorReservedTarget = 10006;     ///< an instruction with a target such as XML
+inline constexpr int kErrorUnexpected = 10007;         ///< the parser gave up without a word
+inline constexpr int kErrorDefaults = 10008;           ///< the defaults of attributes amount to too much
+inline constexpr int kErrorManyNames = 10009;          ///< there are too many different names
+inline constexpr int kErrorParameterEntity = 10010;    ///< the document type declaration expands to too much
+inline constexpr int kErrorLongDeclaration = 10011;    ///< one declaration in it is too long
+inline constexpr int kErrorComparedAttributes = 10012; ///< too many elements have many attributes
 
 /// What went wrong while a text was parsed, before it is put in words.
 struct Complaint {

@@ -12,7 +12,9 @@ namespace xml {
 namespace {
 
 constexpr std::size_t kMaxDepth = 5000;
-constexpr std::size_t kMaxNames = 500'000; // the parser library finds names ever slower, the more there are
+// Different names, and declarations: the parser library finds them ever slower, the more there are. A text of
+// 20 MB that looks for 100,000 of them in turn takes three seconds.
+constexpr int kMaxNames = 100'000;
 
 const char* Chars(const xmlChar* text) {
     return reinterpret_cast<const char*>(text);
@@ -53,6 +55,7 @@ std::optional<Complaint> Loader::load(const QString& text) {
     TagSizeGuard tags(text);
     tags_ = &tags;
     budget_.start(static_cast<std::size_t>(text.size()));
+    compared_.start(static_cast<std::size_t>(text.size()));
     parse(text);
     return complaint_;
 }
@@ -162,25 +165,44 @@ void Loader::startElement(const xmlChar* name, const xmlChar** attributes) {
         fail(kErrorDepth);
         return;
     }
-    const std::uint32_t nameId = names_.id(name);
-    if (store_.names.size() > kMaxNames) {
-        fail(kErrorManyNames);
+    const std::uint32_t number = numberOf(name);
+    if (stopped_)
         return;
-    }
-    const std::uint32_t id = addNode(ELEMENT, nameId);
+    const std::uint32_t id = addNode(ELEMENT, number);
     if (open_.size() == 1)
         store_.rootId = id;
     open_.push_back(Open{id, 0, open_.back().preserve});
     if (attributes || !rules_.isEmpty())
-        addAttributes(id, nameId, attributes);
+        addAttributes(id, number, attributes);
+}
+
+/// The number of a name; every name of a node or attribute passes here.
+std::uint32_t Loader::numberOf(const xmlChar* name) {
+    const std::size_t known = names_.size();
+    const std::uint32_t id = names_.id(name);
+    if (names_.size() > known)
+        checkNames();
+    return id;
+}
+
+/// The library's own dictionary counts: it also holds the names that only declarations use.
+void Loader::checkNames() {
+    if (xmlDictSize(context_->dict) > kMaxNames)
+        fail(kErrorManyNames);
 }
 
 void Loader::addAttributes(std::uint32_t id, std::uint32_t nameId, const xmlChar** attributes) {
     const ElementRules* rules = rules_.isEmpty() ? nullptr : rules_.of(nameId);
     scratch_.clear();
+    std::size_t nameLengths = 0;
     for (; attributes && attributes[0]; attributes += 2) {
-        const std::uint32_t attribute = names_.id(attributes[0]);
+        const std::uint32_t attribute = numberOf(attributes[0]);
+        nameLengths += static_cast<std::size_t>(store_.names[attribute].size());
         scratch_.push_back(Attribute{attribute, attributeValue(rules, attribute, Chars(attributes[1]))});
+    }
+    if (!compared_.charge(scratch_.size(), nameLengths)) {
+        fail(kErrorComparedAttributes);
+        return;
     }
     if (rules)
         addDefaults(*rules);
@@ -243,7 +265,7 @@ void Loader::instruction(const xmlChar* target, const xmlChar* data) {
     }
     flushText();
     const char* value = data ? Chars(data) : "";
-    addValueNode(PROCESSING_INSTRUCTION, names_.id(target), value, std::strlen(value));
+    addValueNode(PROCESSING_INSTRUCTION, numberOf(target), value, std::strlen(value));
 }
 
 } // namespace xml

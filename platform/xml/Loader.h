@@ -56,6 +56,8 @@ private:
     xmlEntityPtr parameterEntity(const xmlChar* name);
     void libraryError(const xmlError& error);
 
+    std::uint32_t numberOf(const xmlChar* name);
+    void checkNames();
     std::uint32_t addNode(NodeType type, std::uint32_t nameId);
     void addValueNode(NodeType type, std::uint32_t nameId, const char* value, std::size_t length);
     void addAttributes(std::uint32_t id, std::uint32_t nameId, const xmlChar** attributes);
@@ -73,6 +75,7 @@ private:
     NameCache names_;
     AttributeRules rules_;
     EntityBudget budget_;
+    ComparedAttributes compared_;
     Utf8Feed* feed_ = nullptr;
     TagSizeGuard* tags_ = nullptr;
     xmlParserCtxt* context_ = nullptr;

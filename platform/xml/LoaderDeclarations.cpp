@@ -26,10 +26,21 @@ std::size_t Length(const xmlChar* text) {
     return text ? std::strlen(Chars(text)) : 0;
 }
 
+bool HasMarkup(const xmlChar* content) {
+    return content && std::strchr(Chars(content), '<');
+}
+
+/// What a reference to such a content stands for. Markup takes much more time than its mere length in text.
+std::size_t ExpansionOf(const xmlChar* content) {
+    constexpr std::size_t kMarkup = 8;
+    return HasMarkup(content) ? Length(content) * kMarkup : Length(content);
+}
+
 } // namespace
 
 void Loader::declareOther() {
     declarationByte_ = byte();
+    checkNames();
 }
 
 /// Asked at each read. Texts in quotes, comments and instructions may be as long as they like.
@@ -42,7 +53,7 @@ bool Loader::isDeclarationTooLong() {
 
 void Loader::documentType(const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId) {
     xmlSAX2InternalSubset(context_, name, publicId, systemId);
-    addNode(DOCUMENT_TYPE, names_.id(name));
+    addNode(DOCUMENT_TYPE, numberOf(name));
     declareOther();
 }
 
@@ -52,7 +63,7 @@ void Loader::declareAttribute(const xmlChar* element, const xmlChar* attribute, 
     text::StringPool::Ref ref = 0;
     if (value)
         ref = store_.texts.addUtf8(Chars(value), std::strlen(Chars(value)));
-    rules_.add(names_.id(element), names_.id(attribute), type != XML_ATTRIBUTE_CDATA, value ? &ref : nullptr);
+    rules_.add(numberOf(element), numberOf(attribute), type != XML_ATTRIBUTE_CDATA, value ? &ref : nullptr);
 }
 
 text::StringPool::Ref Loader::attributeValue(const ElementRules* rules, std::uint32_t nameId,
@@ -83,6 +94,10 @@ void Loader::declareEntity(const xmlChar* name, int type, const xmlChar* publicI
     declareOther();
     declared_ = Chars(name);
     if (IsParameter(type) && Length(content) > kMaxDeclaration) {
+        fail(kErrorLongDeclaration);
+        return;
+    }
+    if (HasMarkup(content) && !budget_.chargeMarkup(Length(content))) {
         fail(kErrorLongDeclaration);
         return;
     }
@@ -122,7 +137,7 @@ xmlEntityPtr Loader::entity(const xmlChar* name) {
         fail(kErrorUndeclaredEntity, Text(name));
     else if (found->etype == XML_EXTERNAL_GENERAL_PARSED_ENTITY)
         fail(kErrorExternalEntity, Text(name));
-    else if (!budget_.charge(Length(found->content), byte()))
+    else if (!budget_.charge(ExpansionOf(found->content), byte()))
         fail(kErrorExpansion, Text(name));
     return stopped_ ? nullptr : found;
 }

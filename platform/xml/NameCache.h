@@ -22,6 +22,8 @@ public:
         return slots_[slot].id;
     }
 
+    std::size_t size() const { return used_; }
+
 private:
     struct Slot {
         const xmlChar* name = nullptr;

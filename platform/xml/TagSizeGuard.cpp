@@ -14,6 +14,7 @@ qsizetype TagSizeGuard::oneTooMany(qsizetype end) const {
     if (text_[start_] != u'<' || QStringView(u"!?/").contains(text_[start_ + 1]))
         return -1;
     std::size_t count = 0;
+    std::size_t letters = 0; // outside quotes
     QChar quote;
     for (qsizetype i = start_; i < end; ++i) {
         const QChar c = text_[i];
@@ -24,7 +25,9 @@ qsizetype TagSizeGuard::oneTooMany(qsizetype end) const {
             quote = c;
         } else if (c == u'>') {
             return -1;
-        } else if (c == u'=' && ++count > kMaxAttributes) {
+        } else if (c != u'=') {
+            ++letters;
+        } else if (++count > kMaxAttributes || count * letters > kMaxCompared) {
             return i;
         }
     }

@@ -47,7 +47,9 @@ bool XPathTree::build() {
     if (!document_->dict)
         return false;
     names_.resize(store_.names.size(), Name{nullptr, nullptr});
-    std::vector<xmlNode*> path = {reinterpret_cast<xmlNode*>(document_.get())};
+    nodes_.resize(store_.nodeCount, nullptr);
+    nodes_[0] = reinterpret_cast<xmlNode*>(document_.get());
+    std::vector<xmlNode*> path = {nodes_[0]};
     for (std::uint32_t id = 1; id < store_.nodeCount; ++id) {
         if (!addNode(id, path))
             return false;
@@ -71,6 +73,7 @@ bool XPathTree::addNode(std::uint32_t id, std::vector<xmlNode*>& path) {
     if (!node)
         return false;
     node->_private = reinterpret_cast<void*>(std::uintptr_t{id});
+    nodes_[id] = node;
     Append(path.back(), node);
     if (record.type != ELEMENT)
         return true;

@@ -20,10 +20,9 @@ public:
     XPathTree(const XPathTree&) = delete;
     XPathTree& operator=(const XPathTree&) = delete;
 
-    /// Numbers of the nodes that the path selects, ascending, each once; for an attribute its element's. On a
-    /// wrong path, one that yields no nodes by its nature, or one that takes too long: nothing, and `error`
-    /// (if given) is set.
-    std::vector<std::uint32_t> select(const QString& path, QString* error) const;
+    xmlDoc* document() const { return document_.get(); }
+    /// The tree's node with a number of the document; nullptr for the document type.
+    xmlNode* node(std::uint32_t id) const { return nodes_[id]; }
 
 private:
     struct Name {
@@ -49,6 +48,7 @@ private:
     std::deque<xmlNs> spaces_; ///< the tree points to them, so they must outlive it
     std::unique_ptr<xmlDoc, FreeDocument> document_;
     std::vector<Name> names_;
+    std::vector<xmlNode*> nodes_; ///< by number
 };
 
 } // namespace xml

@@ -18,7 +18,7 @@ TEST(Opening, ShowsTheDocumentAsItsFileHasIt) {
     DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
     EXPECT_EQ(window.rtxtXML.Text().toStdString(),
               "<order id=\"7\"><item>Tee</item><item>Milch</item></order>\r\n");
-    EXPECT_EQ(window.msOpenText, window.rtxtXML.Text());
+    EXPECT_EQ(window.msOpenText.toString(), window.rtxtXML.Text());
     EXPECT_TRUE(window.bLoaded);
     EXPECT_EQ(window.Caption, app.folder.Path(QStringLiteral("order.xml")));
     EXPECT_EQ(window.tvXML.Nodes(1).Key(), window.Caption);
@@ -227,7 +227,7 @@ TEST(Saving, UnchangedAndChanged) {
     app.ChooseMenu(QStringLiteral("mnuFileSave"));
     // The file has LF line ends, and keeps them.
     EXPECT_EQ(app.folder.Read(QStringLiteral("order.xml")), "<order>\n\t<item>Kaffee</item>\n</order>");
-    EXPECT_EQ(window.msOpenText, window.rtxtXML.Text());
+    EXPECT_EQ(window.msOpenText.toString(), window.rtxtXML.Text());
     EXPECT_TRUE(app.prompts.boxes.empty());
 }
 
@@ -345,7 +345,7 @@ TEST(Saving, ANewDocumentAsksForItsName) {
     EXPECT_EQ(app.prompts.dialogs.back().title, QStringLiteral("Save As"));
     const QByteArray bytes = app.folder.Read(QStringLiteral("first.xml"));
     EXPECT_TRUE(bytes.startsWith(
-        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<!--edited with Vantrel v2.0 by Orvane ("))
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<!-- edited with Vantrel v2.0 by Orvane ("))
         << bytes.toStdString();
 }
 

@@ -126,7 +126,7 @@ TEST(Serialiser, ItsOwnTextComesBackUnchanged) {
         const QString twice = Serialised(again);
         EXPECT_EQ(once, twice) << name;
         // Node numbers are the places of "<" in this text, as long as none stands inside a comment.
-        const QString& text = twice;
+        const text::LongText text(twice);
         const long all = m_tvXML::GetNodeNumByTextPosition(text, text.size());
         EXPECT_EQ(all, m_tvXML::GetAllChildNodeNumber(again.tvXML.Nodes(1))) << name;
         for (long number = 1; number <= all; number += 7) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "desktop/MainWindow.h"
-#include "desktop/SourceEdit.h"
+#include "desktop/TextView.h"
 #include "tests/support/TestApp.h"
 #include <QApplication>
 #include <QTabBar>
@@ -36,7 +36,7 @@ public:
     }
     QTreeView& Tree() { return Find<QTreeView>(QStringLiteral("tvXML")); }
     QTreeView& List() { return Find<QTreeView>(QStringLiteral("ListView1")); }
-    SourceEdit& Text() { return Find<SourceEdit>(QStringLiteral("rtxtXML")); }
+    TextView& Text() { return Find<TextView>(QStringLiteral("rtxtXML")); }
 
     void Click(QWidget& widget, QPoint place, Qt::MouseButton button = Qt::LeftButton) {
         QTest::mouseClick(main->windowHandle(), button, {}, widget.mapTo(main.get(), place));

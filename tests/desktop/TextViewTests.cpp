@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The text tab with real keys and clicks.
 #include "tests/desktop/ShownApp.h"
-#include <QClipboard>
 #include <QDialog>
 #include <QTimer>
 
@@ -10,7 +9,7 @@ namespace {
 using test::ShownApp;
 const QString kText = QStringLiteral("textview");
 
-struct TextView : ::testing::Test {
+struct TextTab : ::testing::Test {
     ShownApp t;
     void Open(const QByteArray& bytes) {
         t.OpenText(QStringLiteral("orders.xml"), bytes);
@@ -18,17 +17,30 @@ struct TextView : ::testing::Test {
     }
 };
 
-TEST_F(TextView, IsFilledWhenItIsFirstShownAndHasTheFocusThen) {
-    t.OpenText(QStringLiteral("orders.xml"), "<orders><order/></orders>");
-    EXPECT_TRUE(t.Text().toPlainText().isEmpty());
-    t.ClickTab(kText);
-    EXPECT_EQ(t.Text().toPlainText(), QStringLiteral("<orders><order/></orders>"));
+TEST_F(TextTab, HasTheFocusWhenItIsChosen) {
+    Open("<orders><order/></orders>");
     EXPECT_TRUE(t.Text().hasFocus());
 }
 
-TEST_F(TextView, TypedTextReachesTheTreeWhenTheTreeIsClicked) {
+// Each pane has a place of its own in the same text.
+TEST_F(TextTab, TheSecondPaneIsShownBelowOnceTheTextIsSplit) {
+    Open("<orders>" + QByteArray("\n<order/>").repeated(300) + "</orders>");
+    auto& second = t.Find<TextView>(QStringLiteral("rtxtXML2"));
+    EXPECT_FALSE(second.isVisible());
+    t.window().pctSplitText.SetVisible(true);
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(second.isVisible());
+    EXPECT_GT(second.mapTo(t.main.get(), QPoint()).y(), t.Text().mapTo(t.main.get(), QPoint()).y());
+    EXPECT_TRUE(second.Model().Text() == t.Text().Model().Text());
+    t.Click(*second.viewport(), second.RectAt(10).center());
+    t.Press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_GT(second.FirstRow(), 200);
+    EXPECT_EQ(t.Text().FirstRow(), 0);
+}
+
+TEST_F(TextTab, TypedTextReachesTheTreeWhenTheTreeIsClicked) {
     Open("<orders><order/></orders>");
-    t.Text().moveCursor(QTextCursor::Start);
+    t.Press(Qt::Key_Home, Qt::ControlModifier);
     t.Press(Qt::Key_End);
     for (int i = 0; i < 9; ++i)
         t.Press(Qt::Key_Left);
@@ -41,27 +53,25 @@ TEST_F(TextView, TypedTextReachesTheTreeWhenTheTreeIsClicked) {
     EXPECT_EQ(t.window().tvXML.SelectedItem().LastChild().Text(), QStringLiteral("invoice"));
 }
 
-TEST_F(TextView, AClickInTheTextSelectsItsNode) {
+TEST_F(TextTab, AClickInTheTextSelectsItsNode) {
     Open("<orders>\n<order/>\n<invoice/>\n</orders>");
-    QTextCursor cursor = t.Text().textCursor();
-    cursor.setPosition(21);
-    t.Click(*t.Text().viewport(), t.Text().cursorRect(cursor).center());
+    t.Click(*t.Text().viewport(), t.Text().RectAt(22).center());
     EXPECT_EQ(t.SelectedNode(), QStringLiteral("invoice"));
     EXPECT_EQ(t.Tree().currentIndex().data().toString(), QStringLiteral("invoice"));
 }
 
-TEST_F(TextView, TheErrorIsSelectedInTheEditor) {
+TEST_F(TextTab, TheErrorIsSelectedInTheEditor) {
     t.prompts.AllowAnyBox();
     Open("<a>\n\U0001F600<b></c></a>");
     ASSERT_EQ(t.prompts.boxes.size(), 1U);
     EXPECT_EQ(t.window().tbsXML.SelectedKey(), kText);
-    EXPECT_EQ(t.Text().SelectionStart(), t.window().rtxtXML.SelStart());
-    EXPECT_EQ(t.Text().SelectionLength(), 1);
+    EXPECT_EQ(t.Text().Selection().start, t.window().rtxtXML.SelStart());
+    EXPECT_EQ(t.Text().Caret(), t.window().rtxtXML.SelStart() + 1);
     t.prompts.ForgetUnused();
 }
 
 // The box has taken the click: were it delivered behind the box, the list would hide the text with the error.
-TEST_F(TextView, ABoxThatOpensWhileTheTextIsLeftTakesTheClick) {
+TEST_F(TextTab, ABoxThatOpensWhileTheTextIsLeftTakesTheClick) {
     Open("<a><b/></a>");
     t.prompts.AllowAnyBox();
     t.prompts.onBox = [](const test::Box&) {
@@ -77,7 +87,7 @@ TEST_F(TextView, ABoxThatOpensWhileTheTextIsLeftTakesTheClick) {
     EXPECT_EQ(t.window().tbsXML.SelectedKey(), QStringLiteral("listview"));
 }
 
-TEST_F(TextView, SavingWithTheKeyWritesWhatWasJustTyped) {
+TEST_F(TextTab, SavingWithTheKeyWritesWhatWasJustTyped) {
     Open("<a>1</a>");
     t.Press(Qt::Key_Home, Qt::ControlModifier);
     for (int i = 0; i < 4; ++i)
@@ -87,15 +97,21 @@ TEST_F(TextView, SavingWithTheKeyWritesWhatWasJustTyped) {
     EXPECT_EQ(t.folder.Read(QStringLiteral("orders.xml")), "<a>123</a>");
 }
 
-// A menu entry without a command must not take its key away from the editor.
-TEST_F(TextView, CopyAndPasteKeysWorkInTheEditor) {
+// The document's commands come first, and what they did the editor doesn't do again.
+TEST_F(TextTab, KeysRunTheCommandsOfTheDocumentOnce) {
     Open("<a/>");
     t.Press(Qt::Key_A, Qt::ControlModifier);
     t.Press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("<a/>"));
+    EXPECT_EQ(t.clipboard.GetText(), QStringLiteral("<a/>"));
+    t.Press(Qt::Key_Home, Qt::ControlModifier);
+    t.Press(Qt::Key_Tab);
+    EXPECT_EQ(t.window().rtxtXML.Text(), QStringLiteral("\t<a/>"));
+    EXPECT_TRUE(t.Text().hasFocus());
+    t.Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(t.window().rtxtXML.Text(), QStringLiteral("\t<a/><a/>"));
 }
 
-TEST_F(TextView, ClosingAfterAnEditAsksAndCancelKeepsTheWindow) {
+TEST_F(TextTab, ClosingAfterAnEditAsksAndCancelKeepsTheWindow) {
     Open("<a/>");
     t.Press(Qt::Key_End, Qt::ControlModifier);
     t.Type(QStringLiteral(" "));
@@ -103,7 +119,6 @@ TEST_F(TextView, ClosingAfterAnEditAsksAndCancelKeepsTheWindow) {
     t.Press(Qt::Key_W, Qt::ControlModifier);
     ASSERT_EQ(t.frame().FormCount(), 1);
     EXPECT_TRUE(t.Text().isVisible());
-    EXPECT_EQ(t.Text().Content(), t.window().rtxtXML.Text());
     t.prompts.Answer(services::Answer::No);
     t.Press(Qt::Key_W, Qt::ControlModifier);
     EXPECT_EQ(t.frame().FormCount(), 0);

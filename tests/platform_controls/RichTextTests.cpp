@@ -8,15 +8,16 @@ namespace controls {
 void PrintTo(const ColourRun& run, std::ostream* out) {
     *out << run.start << ':' << run.colour;
 }
-bool operator==(const ColourRun& a, const ColourRun& b) {
-    return a.start == b.start && a.colour == b.colour;
-}
 } // namespace controls
 
 namespace {
 
 using namespace controls;
 using Runs = std::vector<ColourRun>;
+
+void SetColoured(RichTextBox& box, const QString& text, const Runs& runs) {
+    box.SetContent({text::LongText(text), runs});
+}
 
 TEST(RichText, whatever_is_written_has_whole_line_ends) {
     RichTextBox box;
@@ -30,7 +31,7 @@ TEST(RichText, whatever_is_written_has_whole_line_ends) {
     box.SetSelStart(4);
     box.Type(QStringLiteral("x"));
     EXPECT_EQ(box.Text(), QStringLiteral("<a>x\r\nb/>\r\n</a>"));
-    box.UserEdited([] { return QStringLiteral("one\ntwo"); });
+    box.UserReplaced(0, box.Long().size(), QStringLiteral("one\ntwo"));
     EXPECT_EQ(box.Text(), QStringLiteral("one\r\ntwo"));
 }
 
@@ -42,29 +43,13 @@ TEST(RichText, a_selection_is_cut_to_the_text) {
     box.SetSelStart(1);
     box.SetSelLength(99);
     EXPECT_EQ(box.SelText(), QStringLiteral("a/>"));
-    box.UserSelected(2, 50); // told before the text got shorter
-    box.UserEdited([] { return QStringLiteral("<b"); });
-    EXPECT_EQ(box.SelText(), QString());
+    box.UserSelected(2, 50);
+    EXPECT_EQ(box.SelText(), QStringLiteral("/>"));
+    box.UserReplaced(1, 99, QStringLiteral("b"));
+    EXPECT_EQ(box.SelStart(), 2);
     box.SetSelText(QStringLiteral("/>"));
     EXPECT_EQ(box.Text(), QStringLiteral("<b/>"));
     EXPECT_EQ(box.SelStart(), 4);
-}
-
-TEST(RichText, a_users_text_is_fetched_once_and_only_when_asked_for) {
-    RichTextBox box;
-    int fetched = 0, changes = 0;
-    box.Change.connect([&] { ++changes; });
-    for (int key = 0; key < 3; ++key) {
-        box.UserEdited([&] {
-            ++fetched;
-            return QStringLiteral("abc");
-        });
-        box.UserSelected(key, 0);
-    }
-    EXPECT_EQ(fetched, 0);
-    EXPECT_EQ(box.Text() + box.Text(), QStringLiteral("abcabc"));
-    EXPECT_EQ(fetched, 1);
-    EXPECT_EQ(changes, 3);
 }
 
 TEST(RichText, announcements_follow_what_really_changed) {
@@ -81,33 +66,50 @@ TEST(RichText, announcements_follow_what_really_changed) {
     box.SetSelStart(1);
     box.SetSelLength(1);
     box.SetSelText(QStringLiteral("b"));
-    box.SetTextRTF({QStringLiteral("<b/>"), {{0, 0xff}}}); // new colours are no new text
+    SetColoured(box, QStringLiteral("<b/>"), {{0, 0xff}}); // new colours are no new text
     EXPECT_EQ(log.join(u','), QStringLiteral("content,change,selection,selection,1-1+b,change,content"));
 }
 
 TEST(RichText, colours_move_along_with_an_edit) {
     RichTextBox box;
-    auto colour = [&] { box.SetTextRTF({QStringLiteral("<a>text</a>"), {{0, 1}, {1, 2}, {3, 3}, {7, 1}}}); };
+    auto colour = [&] { SetColoured(box, QStringLiteral("<a>text</a>"), {{0, 1}, {1, 2}, {3, 3}, {7, 1}}); };
     colour();
     box.SetSelStart(3);
     box.SetSelText(QStringLiteral("::")); // takes the colour before it
-    EXPECT_EQ(box.TextRTF().runs, (Runs{{0, 1}, {1, 2}, {5, 3}, {9, 1}}));
+    EXPECT_EQ(box.Content().runs, (Runs{{0, 1}, {1, 2}, {5, 3}, {9, 1}}));
     colour();
     box.SetSelStart(3);
     box.SetSelLength(4);
     box.SetSelText(QStringLiteral("longer")); // takes the colour of what it replaces
-    EXPECT_EQ(box.TextRTF().runs, (Runs{{0, 1}, {1, 2}, {3, 3}, {9, 1}}));
+    EXPECT_EQ(box.Content().runs, (Runs{{0, 1}, {1, 2}, {3, 3}, {9, 1}}));
     colour();
     box.SetSelStart(2);
     box.SetSelLength(6);
     box.SetSelText(QString());
-    EXPECT_EQ(box.TextRTF().runs, (Runs{{0, 1}, {1, 2}, {2, 1}}));
+    EXPECT_EQ(box.Content().runs, (Runs{{0, 1}, {1, 2}, {2, 1}}));
     colour();
-    box.UserEdited([] { return QStringLiteral("<a>long text</a>"); });
-    EXPECT_EQ(box.TextRTF().runs, (Runs{{0, 1}, {1, 2}, {8, 3}, {12, 1}}));
-    box.SetTextRTF(
-        {QStringLiteral("a\nb\r\nc"), {{2, 1}, {5, 2}}}); // written line ends take their colours along
-    EXPECT_EQ(box.TextRTF().runs, (Runs{{3, 1}, {6, 2}}));
+    box.UserSelected(3, 0);
+    box.SetSelText(QStringLiteral("long "));
+    EXPECT_EQ(box.Content().runs, (Runs{{0, 1}, {1, 2}, {8, 3}, {12, 1}}));
+    // Typed text takes the colour of the character before it, or the one that was chosen for it.
+    colour();
+    box.UserSelected(2, 0);
+    box.Type(QStringLiteral("b"));
+    EXPECT_EQ(box.Content().runs, (Runs{{0, 1}, {1, 2}, {4, 3}, {8, 1}}));
+    box.SetSelColor(7);
+    box.Type(QStringLiteral("!"));
+    EXPECT_EQ(box.Content().runs, (Runs{{0, 1}, {1, 2}, {3, 7}, {4, 2}, {5, 3}, {9, 1}}));
+    box.SetSelStart(0);
+    box.SetSelLength(5);
+    box.SetSelColor(1);
+    EXPECT_EQ(box.SelColor(), 1U);
+    EXPECT_EQ(box.Content().runs, (Runs{{0, 1}, {5, 3}, {9, 1}}));
+    // Line ends that RTF brings are whole ones, and colours stay with their text.
+    const QString rtf = box.TextRTF();
+    RichTextBox other;
+    other.SetTextRTF(rtf);
+    EXPECT_EQ(other.Content().runs, box.Content().runs);
+    EXPECT_EQ(other.Text(), box.Text());
 }
 
 TEST(SmallControls, a_chosen_entry_stays_chosen_and_typing_ends_it) {

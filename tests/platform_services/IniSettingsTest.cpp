@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/services/RealServices.h"
 #include "tests/platform_services/Folder.h"
+#include <fcntl.h>
+#include <sys/file.h>
+#include <thread>
 
 using services::MakeIniSettings;
 
@@ -78,6 +81,19 @@ TEST(IniSettings, LinesOfOthersStayAsTheyAre) {
               others + "[AppInternal]\nSteps = 8 \nDebug=1\n\n[Last]\nz=1\n");
 }
 
+TEST(IniSettings, AFileFromAnotherSystemKeepsItsMarkAndLineEnds) {
+    const test::Folder folder;
+    const QByteArray mark = "\xEF\xBB\xBF";
+    const QString path = folder.Write(u"settings.ini"_qs, mark + "[AppInternal]\r\nSteps=8\r\n; by hand\r\n");
+    const auto store = MakeIniSettings(path);
+    EXPECT_EQ(store->Get(kSection, u"Steps"_qs), u"8"_qs);
+    store->Save(kSection, u"Steps"_qs, u"9"_qs);
+    store->Save(u"Recent Files"_qs, u"RecentFile1"_qs, u"/a.xml"_qs);
+    EXPECT_EQ(folder.Read(u"settings.ini"_qs),
+              mark + "[AppInternal]\r\nSteps=9\r\n; by hand\r\n\r\n[Recent Files]\r\n"
+                     "RecentFile1=/a.xml\r\n");
+}
+
 TEST(IniSettings, TwoProgramsThatWriteByTurnsKeepEachOthersKeys) {
     const test::Folder folder;
     const QString path = folder.Path(u"settings.ini"_qs);
@@ -88,6 +104,65 @@ TEST(IniSettings, TwoProgramsThatWriteByTurnsKeepEachOthersKeys) {
     first->Save(kSection, u"C"_qs, u"3"_qs);
     EXPECT_EQ(first->Get(kSection, u"B"_qs), u"2"_qs);
     EXPECT_EQ(second->GetAll(kSection), (Pairs{{u"A"_qs, u"1"_qs}, {u"B"_qs, u"2"_qs}, {u"C"_qs, u"3"_qs}}));
+}
+
+TEST(IniSettings, ProgramsThatWriteAtTheSameMomentLoseNothing) {
+    const test::Folder folder;
+    const QString path = folder.Path(u"settings.ini"_qs);
+    constexpr int kKeys = 40;
+    const auto write = [&path](QChar name) {
+        const auto store = MakeIniSettings(path);
+        for (int i = 0; i < kKeys; ++i)
+            EXPECT_TRUE(store->Save(QString(name), name + QString::number(i), u"x"_qs));
+    };
+    std::vector<std::thread> programs;
+    for (const QChar name : u"ABC"_qs)
+        programs.emplace_back(write, name);
+    for (std::thread& program : programs)
+        program.join();
+    for (const QChar name : u"ABC"_qs)
+        EXPECT_EQ(MakeIniSettings(path)->GetAll(QString(name)).size(), std::size_t{kKeys});
+}
+
+TEST(IniSettings, AProgramThatNeverLetsGoOfTheFileIsToldOfAndNotWaitedFor) {
+    const test::Folder folder;
+    const QString path = folder.Write(u"settings.ini"_qs, "[AppInternal]\nSteps=8\n");
+    const auto store = MakeIniSettings(path);
+    const int other = open(folder.Native(u"settings.ini.lock"_qs).constData(), O_RDWR | O_CREAT, 0600);
+    ASSERT_EQ(flock(other, LOCK_EX), 0);
+    const services::FileResult result = store->Save(kSection, u"Steps"_qs, u"9"_qs);
+    EXPECT_FALSE(result);
+    EXPECT_TRUE(result.description.startsWith(path)) << result.description.toStdString();
+    EXPECT_EQ(folder.Read(u"settings.ini"_qs), "[AppInternal]\nSteps=8\n");
+    close(other); // as when it ends, in whatever way
+    EXPECT_TRUE(store->Save(kSection, u"Steps"_qs, u"9"_qs));
+    EXPECT_EQ(folder.Read(u"settings.ini"_qs), "[AppInternal]\nSteps=9\n");
+}
+
+TEST(IniSettings, AFileThatIsEmptiedOrGoneMeanwhileIsBegunAnew) {
+    const test::Folder folder;
+    const QString path = folder.Write(u"settings.ini"_qs, "[AppInternal]\nSteps=8\n");
+    const auto store = MakeIniSettings(path);
+    EXPECT_EQ(store->Get(kSection, u"Steps"_qs), u"8"_qs);
+    folder.Write(u"settings.ini"_qs, "");
+    EXPECT_EQ(store->Get(kSection, u"Steps"_qs, u"none"_qs), u"none"_qs);
+    EXPECT_TRUE(store->Save(kSection, u"Debug"_qs, u"0"_qs));
+    EXPECT_EQ(folder.Read(u"settings.ini"_qs), "[AppInternal]\nDebug=0\n");
+    QFile::remove(path);
+    EXPECT_TRUE(store->Save(kSection, u"Debug"_qs, u"0"_qs));
+    EXPECT_EQ(folder.Read(u"settings.ini"_qs), "[AppInternal]\nDebug=0\n");
+}
+
+TEST(IniSettings, WhatIsNoSettingsFileCountsAsEmptyAndStays) {
+    const test::Folder folder;
+    const QByteArray log(5 << 20, '\n');
+    const QString path = folder.Write(u"settings.ini"_qs, log);
+    const auto store = MakeIniSettings(path);
+    EXPECT_EQ(store->Get(kSection, u"Steps"_qs, u"none"_qs), u"none"_qs);
+    EXPECT_FALSE(store->Save(kSection, u"Steps"_qs, u"9"_qs));
+    EXPECT_EQ(folder.Read(u"settings.ini"_qs), log);
+    QDir().mkdir(folder.Path(u"folder.ini"_qs));
+    EXPECT_FALSE(MakeIniSettings(folder.Path(u"folder.ini"_qs))->Save(kSection, u"Steps"_qs, u"9"_qs));
 }
 
 TEST(IniSettings, ADamagedFileIsReadAsFarAsItGoes) {
@@ -116,15 +191,18 @@ TEST(IniSettings, ADamagedFileIsReadAsFarAsItGoes) {
     }
 }
 
-TEST(IniSettings, FailuresToWriteAreSilentAndLeaveTheFileWhole) {
+TEST(IniSettings, FailuresToWriteNameTheFileAndLeaveItWhole) {
     const test::Folder folder;
     const QString path = folder.Write(u"settings.ini"_qs, "[AppInternal]\nSteps=8\n", 0444);
     const auto store = MakeIniSettings(path);
-    store->Save(kSection, u"Steps"_qs, u"9"_qs);
+    const services::FileResult result = store->Save(kSection, u"Steps"_qs, u"9"_qs);
+    EXPECT_EQ(result.error, services::FileError::ReadOnly);
+    EXPECT_TRUE(result.description.startsWith(path)) << result.description.toStdString();
+    EXPECT_TRUE(store->Save(kSection, u"Steps"_qs, u"8"_qs)); // stands there already
     EXPECT_EQ(store->Get(kSection, u"Steps"_qs), u"8"_qs);
     EXPECT_EQ(folder.Read(u"settings.ini"_qs), "[AppInternal]\nSteps=8\n");
     const auto nowhere = MakeIniSettings(u"/proc/none/settings.ini"_qs);
-    nowhere->Save(kSection, u"Steps"_qs, u"9"_qs);
+    EXPECT_FALSE(nowhere->Save(kSection, u"Steps"_qs, u"9"_qs));
     EXPECT_EQ(nowhere->Get(kSection, u"Steps"_qs, u"16"_qs), u"16"_qs);
 }
 
@@ -135,7 +213,7 @@ TEST(IniSettings, AFileThatCanNotBeReadIsNotWrittenOver) {
     {
         const test::OrdinaryUser user;
         const auto store = MakeIniSettings(path);
-        store->Save(kSection, u"Debug"_qs, u"1"_qs);
+        EXPECT_FALSE(store->Save(kSection, u"Debug"_qs, u"1"_qs));
     }
     chmod(folder.Native(u"settings.ini"_qs).constData(), 0644);
     EXPECT_EQ(folder.Read(u"settings.ini"_qs), "[AppInternal]\nSteps=8\n");

@@ -101,6 +101,60 @@ TEST(Bounds, FiveThousandLevelsArePossibleAndNoMore) {
               "The elements are nested too deep: more than 5000 levels.");
 }
 
+// Whatever carries a name counts: each of these texts holds more of them than the parser can look up quickly.
+TEST(Bounds, NamesOfEveryKindAreBounded) {
+    constexpr int kMany = 110'000;
+    const auto inside = [](const char* pattern) {
+        return QStringLiteral("<r>") + Repeated(kMany, pattern) + QStringLiteral("</r>");
+    };
+    const auto declared = [](const char* pattern) {
+        return QStringLiteral("<!DOCTYPE r [") + Repeated(kMany, pattern) + QStringLiteral("]><r/>");
+    };
+    const std::string refusal = Refusal(inside("<e@/>"));
+    EXPECT_EQ(refusal, "The document has too many different names: more than 100000.");
+    for (const char* pattern : {"<?p@ x?>", "<a b@=''/>"})
+        EXPECT_EQ(Refusal(inside(pattern)), refusal) << pattern;
+    for (const char* pattern :
+         {"<!ENTITY e@ 'x'>", "<!ATTLIST r a@ CDATA ''>", "<!NOTATION n@ SYSTEM 'x'>", "<!ELEMENT e@ ANY>"})
+        EXPECT_EQ(Refusal(declared(pattern)), refusal) << pattern;
+}
+
+// The parser takes the content of an entity in one go: what would be stopped elsewhere would end there only
+// after minutes.
+TEST(Bounds, EntitiesHoldALimitedAmountOfMarkup) {
+    const auto entities = [](int count, const QString& content) {
+        QString text = QStringLiteral("<!DOCTYPE r [");
+        for (int i = 0; i < count; ++i)
+            text += QStringLiteral("<!ENTITY e%1 \"%2\">").arg(i).arg(content);
+        return text + QStringLiteral("]><r>&e0;</r>");
+    };
+    const QString part = QStringLiteral("<p>boilerplate</p>").repeated(20'000);
+    EXPECT_EQ(Refusal(entities(1, part)), "accepted");
+    EXPECT_EQ(Refusal(entities(10, part)), "A declaration inside the document type declaration is too long.");
+    EXPECT_EQ(Refusal(entities(10, QString(part).replace(u'<', u'('))), "accepted");
+}
+
+TEST(Bounds, OnlyAFewElementsMayHaveThousandsOfAttributes) {
+    const auto elements = [](int count, int attributes) {
+        return QStringLiteral("<r>") +
+               (QStringLiteral("<a") + Repeated(attributes, " column@=''") + QStringLiteral("/>"))
+                   .repeated(count) +
+               QStringLiteral("</r>");
+    };
+    EXPECT_EQ(Refusal(elements(3, 9000)), "accepted");
+    EXPECT_EQ(Refusal(elements(500, 600)), "accepted"); // a wide table
+    EXPECT_EQ(Refusal(elements(40, 9000)), "Too many elements have hundreds or thousands of attributes.");
+}
+
+TEST(Bounds, LongNamesOfAttributesCountAsManyAttributes) {
+    const auto tag = [](int count) {
+        return QStringLiteral("<r><a") + Repeated(count, " @=''").replace(u' ', u' ' + QString(2000, u'n')) +
+               QStringLiteral("/></r>");
+    };
+    EXPECT_EQ(Refusal(tag(500)), "accepted");
+    EXPECT_EQ(Refusal(tag(3000)), "The element has too many attributes, or too long ones.");
+}
+
 TEST(Bounds, ATagHasTenThousandAttributesAtMost) {
     const auto tag = [](int count) {
         return QStringLiteral("<r>\r\n<a") + Repeated(count, " a@=''") + QStringLiteral("/></r>");

@@ -16,7 +16,7 @@ DOCUMENT = """<?xml version="1.0" encoding="UTF-8"?>
 
 # A memo goes in front of the item, where the tree was walked to; a comment in front of the memo, once the tree has it.
 WITH_MEMO = DOCUMENT.replace('\t<item sku', '\t<memo>urgent</memo>\n\t<item sku')
-WITH_COMMENT = WITH_MEMO.replace('\t<memo>', '<!--first-->\n\t<memo>')
+WITH_COMMENT = WITH_MEMO.replace('\t<memo>', '<!-- first -->\n\t<memo>')
 
 
 def text_tab(person):
@@ -40,7 +40,7 @@ def main():
         # The text still shows, and its caret follows the tree.
         person.keys("Home", "Down", "Down", "Down", "Down", "Down")
         person.keys("F6", "F6", "F6")
-        person.type("<!--first--><")
+        person.type("<!-- first --><")
         person.keys("ctrl+s")
         wait_for("the saved file", lambda: path.read_bytes() == WITH_COMMENT.encode())
 

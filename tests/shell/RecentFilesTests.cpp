@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/TestApp.h"
+#include <QFile>
 #include <gtest/gtest.h>
 
 namespace {
@@ -75,6 +76,17 @@ TEST(RecentFiles, EqualNeighboursInTheStoreAreShownOnce) {
     EXPECT_EQ(t.frame().cmbAddress().Text(), QString());
 }
 
+TEST(RecentFiles, ANameTakenOutOfTheFileStaysInTheMenuUntilTheNextStart) {
+    TestApp t;
+    for (const QString& name : Letters("cba"))
+        t.frame().UpdateFileMenu(name);
+    t.folder.Write(QStringLiteral("settings.ini"), "[Recent Files]\nRecentFile1=/home/ann/b.xml\n");
+    t.frame().GetRecentFiles();
+    EXPECT_EQ(InMenu(t), Letters("bbc")); // only the first entry was reached
+    t.Restart();
+    EXPECT_EQ(InMenu(t), Letters("b"));
+}
+
 TEST(RecentFiles, ClosingAWindowFilesItsNameAndOpeningDoesNot) {
     TestApp t;
     const QString path = t.OpenText(QStringLiteral("a.xml"), "<a/>").Caption;
@@ -87,6 +99,28 @@ TEST(RecentFiles, ClosingAWindowFilesItsNameAndOpeningDoesNot) {
     t.prompts.Answer(services::Answer::No);     // not to be saved
     t.ChooseMenu(QStringLiteral("mnuFileClose"));
     EXPECT_EQ(InStore(t), QStringList(path));
+}
+
+TEST(RecentFiles, OneThatIsGoneIsToldOfAsAnyMissingFileAndTheDocumentInHandStays) {
+    TestApp t;
+    const QString gone = t.OpenText(QStringLiteral("gone.xml"), "<a/>").Caption;
+    t.ChooseMenu(QStringLiteral("mnuFileClose"));
+    QFile::remove(gone);
+    const QString open = t.OpenText(QStringLiteral("open.xml"), "<b/>").Caption;
+
+    t.prompts.Answer({services::Answer::Ok, services::Answer::No});
+    t.ChooseMenu(QStringLiteral("mnuFileMRU"), 1);
+    const QStringList told = t.prompts.Texts();
+    EXPECT_EQ(told.value(0), QStringLiteral("Can not find ") + gone);
+    EXPECT_EQ(t.frame().FormCount(), 1);
+    EXPECT_EQ(t.window().Caption, open);
+    EXPECT_EQ(t.app().CurrentFileName, open);
+    EXPECT_EQ(InMenu(t), QStringList(gone));
+
+    t.prompts.boxes.clear();
+    t.prompts.Answer({services::Answer::Ok, services::Answer::No});
+    t.EnterAddress(gone);
+    EXPECT_EQ(t.prompts.Texts(), told);
 }
 
 } // namespace

@@ -9,10 +9,20 @@ using services::Buttons;
 ScriptedPrompts::~ScriptedPrompts() {
     EXPECT_TRUE(answers_.empty()) << answers_.size() << " prepared answers were not asked for";
     EXPECT_TRUE(fileNames_.empty()) << fileNames_.size() << " prepared file names were not asked for";
+    EXPECT_TRUE(colours_.empty()) << colours_.size() << " prepared colours were not asked for";
+    EXPECT_TRUE(fonts_.empty()) << fonts_.size() << " prepared fonts were not asked for";
 }
 
 void ScriptedPrompts::Answer(std::initializer_list<services::Answer> answers) {
     answers_.insert(answers_.end(), answers);
+}
+
+void ScriptedPrompts::ChooseColours(std::initializer_list<std::optional<std::uint32_t>> colours) {
+    colours_.insert(colours_.end(), colours);
+}
+
+void ScriptedPrompts::ChooseFonts(std::initializer_list<std::optional<services::FontChoice>> fonts) {
+    fonts_.insert(fonts_.end(), fonts);
 }
 
 void ScriptedPrompts::AllowAnyBox(services::Answer fallback) {
@@ -23,6 +33,8 @@ void ScriptedPrompts::AllowAnyBox(services::Answer fallback) {
 void ScriptedPrompts::ForgetUnused() {
     answers_.clear();
     fileNames_.clear();
+    colours_.clear();
+    fonts_.clear();
 }
 
 QStringList ScriptedPrompts::Texts() const {
@@ -64,6 +76,30 @@ QString ScriptedPrompts::OpenFileName(const QString& title, const QString& filte
 
 QString ScriptedPrompts::SaveFileName(const QString& title, const QString& filter, const QString& suggested) {
     return NextName({true, title, filter, suggested});
+}
+
+namespace {
+
+template <typename Choice> Choice Next(std::deque<Choice>& choices, const char* dialog) {
+    if (choices.empty()) {
+        ADD_FAILURE() << "unexpected " << dialog << " dialog";
+        return {};
+    }
+    const Choice choice = choices.front();
+    choices.pop_front();
+    return choice;
+}
+
+} // namespace
+
+std::optional<std::uint32_t> ScriptedPrompts::ChooseColour(std::uint32_t present) {
+    colourDialogs.push_back(present);
+    return Next(colours_, "colour");
+}
+
+std::optional<services::FontChoice> ScriptedPrompts::ChooseFont(const services::FontChoice& present) {
+    fontDialogs.push_back(present);
+    return Next(fonts_, "font");
 }
 
 } // namespace test

@@ -2,9 +2,11 @@
 #pragma once
 #include "platform/services/Services.h"
 #include <QString>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <initializer_list>
+#include <optional>
 #include <vector>
 
 namespace test {
@@ -37,6 +39,9 @@ public:
     void Answer(services::Answer answer) { Answer({answer}); }
     /// Names for the next file dialogs, in order; an empty name cancels.
     void Choose(const QString& fileName) { fileNames_.push_back(fileName); }
+    /// Choices for the next colour and font dialogs, in order; nothing cancels.
+    void ChooseColours(std::initializer_list<std::optional<std::uint32_t>> colours);
+    void ChooseFonts(std::initializer_list<std::optional<services::FontChoice>> fonts);
     /// From now on boxes without an answer don't fail the test: they get `fallback` (OK boxes get Ok).
     void AllowAnyBox(services::Answer fallback = services::Answer::No);
     /// Runs while a box is open, before it is answered.
@@ -47,6 +52,8 @@ public:
     // --- looking back ----------------------------------------------------------------------------------
     std::vector<Box> boxes;
     std::vector<FileDialog> dialogs;
+    std::vector<std::uint32_t> colourDialogs;      ///< what each showed as chosen
+    std::vector<services::FontChoice> fontDialogs; ///< the same
     int beeps = 0;
     /// The texts of all boxes so far.
     QStringList Texts() const;
@@ -56,14 +63,27 @@ public:
                             const QString& title) override;
     QString OpenFileName(const QString& title, const QString& filter) override;
     QString SaveFileName(const QString& title, const QString& filter, const QString& suggested) override;
+    std::optional<std::uint32_t> ChooseColour(std::uint32_t present) override;
+    std::optional<services::FontChoice> ChooseFont(const services::FontChoice& present) override;
     void Beep() override { ++beeps; }
 
 private:
     QString NextName(const FileDialog& dialog);
     std::deque<services::Answer> answers_;
     std::deque<QString> fileNames_;
+    std::deque<std::optional<std::uint32_t>> colours_;
+    std::deque<std::optional<services::FontChoice>> fonts_;
     bool anyBox_ = false;
     services::Answer fallback_ = services::Answer::No;
+};
+
+/// A clipboard of its own, so that tests don't share the machine's.
+class MemoryClipboard : public services::Clipboard {
+public:
+    QString text;
+    void Clear() override { text.clear(); }
+    void SetText(const QString& given) override { text = given; }
+    QString GetText() override { return text; }
 };
 
 /// Records the progress of blocking work; can cancel it.

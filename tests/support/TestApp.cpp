@@ -32,7 +32,7 @@ TestApp::~TestApp() = default;
 
 void TestApp::Start(const QString& commandLine) {
     app_ = std::make_unique<Application>(
-        services::Services{prompts, progress, *settings_, *files_, *http_, *clock_});
+        services::Services{prompts, progress, *settings_, *files_, *http_, *clock_, clipboard});
     frame_ = std::make_unique<frmMDIMain>(*app_);
     frame_->MDIForm_Load();
     frame_->MDIForm_Activate(commandLine);

@@ -23,6 +23,7 @@ public:
     // Declared in the order of need: the frame and its windows go first.
     ScriptedPrompts prompts;
     ScriptedProgress progress;
+    MemoryClipboard clipboard;
     TempFolder folder; ///< documents of the test; the settings stand in "settings.ini" there
 
     Application& app() { return *app_; }

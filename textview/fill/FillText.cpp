@@ -1,24 +1,35 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/fill/FillText.h"
+#include "core/model/Frame.h"
+#include "textview/fill/Colour.h"
 #include <QScopedValueRollback>
+#include <algorithm>
 
 namespace {
-
-struct Selection {
-    explicit Selection(const controls::RichTextBox& pane)
-        : start(pane.SelStart()), length(pane.SelLength()) {}
-    void restore(controls::RichTextBox& pane) const {
-        pane.SetSelStart(start);
-        pane.SetSelLength(length);
-    }
-    qsizetype start, length;
-};
 
 controls::RichTextBox& OtherPane(DocumentWindow& window) {
     return window.brtxtXML2Focus ? window.rtxtXML : window.rtxtXML2;
 }
 
 } // namespace
+
+PaneSelections::PaneSelections(DocumentWindow& window)
+    : first_{window.rtxtXML, window.rtxtXML.SelStart(), window.rtxtXML.SelLength()},
+      second_{window.rtxtXML2, window.rtxtXML2.SelStart(), window.rtxtXML2.SelLength()} {}
+
+void PaneSelections::restore() const {
+    for (const Selection& one : {first_, second_}) {
+        one.pane.SetSelStart(one.start);
+        one.pane.SetSelLength(one.length);
+    }
+}
+
+void BringPanesTogether(DocumentWindow& window) {
+    if (OtherPane(window).Long() == window.TextInUse().Long())
+        return;
+    const QScopedValueRollback ownWriting(window.bControlChange, true);
+    OtherPane(window).SetContent(window.TextInUse().Content());
+}
 
 void SetRichText(DocumentWindow& window, const QString& text) {
     const QScopedValueRollback ownWriting(window.bControlChange, true);
@@ -28,7 +39,8 @@ void SetRichText(DocumentWindow& window, const QString& text) {
 }
 
 void SetTreeXMLColor(DocumentWindow& window) {
-    OtherPane(window).SetTextRTF(window.TextInUse().TextRTF());
+    mXMLEdit::setRichTextXMLColor(window.app, window.TextInUse(), window.miTextSizeLevel);
+    OtherPane(window).SetContent(window.TextInUse().Content());
 }
 
 int GetTextSizeLevel(qsizetype length) {
@@ -42,29 +54,39 @@ int GetTextSizeLevel(qsizetype length) {
 }
 
 void ChangeText(DocumentWindow& window, const QString& newText, const controls::RichContent& oldRTF) {
-    const int steps = window.app.options.Steps;
-    if (window.UndoPos >= steps && !window.undoStack.empty()) {
-        ArrangeUndoStack(window.undoStack);
+    if (window.bUndoRunning)
+        return;
+    const int steps = std::max(window.app.options.Steps, 0); // the setting may be any number
+    if (window.UndoPos > steps) {
+        ArrangeUndoStack(window.undoStack, window.UndoPos - steps);
         window.UndoPos = steps;
     }
-    window.undoStack.resize(static_cast<std::size_t>(window.UndoPos) + 1);
-    UndoRecord& record = window.undoStack.back();
-    record = {};
+    window.undoStack.resize(static_cast<std::size_t>(window.UndoPos));
+    UndoRecord& record = window.undoStack.emplace_back();
     record.WholeText = true;
-    record.OldRTF = oldRTF;
-
-    const QScopedValueRollback ownWriting(window.bControlChange, true);
-    const Selection first(window.rtxtXML);
-    const Selection second(window.rtxtXML2);
-    window.TextInUse().SetText(newText);
-    SetTreeXMLColor(window);
-    record.NewRTF = window.TextInUse().TextRTF();
-    first.restore(window.rtxtXML);
-    second.restore(window.rtxtXML2);
-    ++window.UndoPos;
+    record.OldRTF = std::make_shared<const controls::RichContent>(oldRTF);
+    {
+        const QScopedValueRollback ownWriting(window.bControlChange, true);
+        const PaneSelections selections(window);
+        window.TextInUse().SetText(newText);
+        SetTreeXMLColor(window);
+        record.NewRTF = std::make_shared<const controls::RichContent>(window.TextInUse().Content());
+        selections.restore();
+    }
+    // Colouring may bring the text back to what it was: that is no step.
+    if (record.NewRTF->text == oldRTF.text)
+        window.undoStack.pop_back();
+    else
+        ++window.UndoPos;
+    SetUndoRedoMenuToolBar(window);
 }
 
-void ArrangeUndoStack(std::vector<UndoRecord>& stack) {
-    if (!stack.empty())
-        stack.erase(stack.begin());
+void ArrangeUndoStack(std::vector<UndoRecord>& stack, int lost) {
+    stack.erase(stack.begin(), stack.begin() + std::min<std::ptrdiff_t>(lost, std::ssize(stack)));
+}
+
+void SetUndoRedoMenuToolBar(DocumentWindow& window) {
+    Frame* frame = window.app.frame;
+    if (frame && frame->ActiveForm() == &window)
+        frame->SetUndoRedo(window.UndoPos > 0, window.UndoPos < static_cast<int>(window.undoStack.size()));
 }

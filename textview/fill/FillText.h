@@ -5,6 +5,23 @@
 
 // Filling the text view, and the step that records a change of the whole text.
 
+/// Caret and selection of both panes as they stand when it is made.
+class PaneSelections {
+public:
+    explicit PaneSelections(DocumentWindow& window);
+    void restore() const;
+
+private:
+    struct Selection {
+        controls::RichTextBox& pane;
+        qsizetype start, length;
+    };
+    Selection first_, second_;
+};
+
+/// What stands in the pane in use stands in the other one, too.
+void BringPanesTogether(DocumentWindow& window);
+
 /// Replaces the text in both panes and colours it; no undo step.
 void SetRichText(DocumentWindow& window, const QString& text);
 /// Colours the pane in use and copies its content to the other one.
@@ -14,7 +31,10 @@ void SetTreeXMLColor(DocumentWindow& window);
 int GetTextSizeLevel(qsizetype length);
 
 /// A change of the whole text that comes from the tree: one undo step. The selections of both panes stay
-/// where they are.
+/// where they are. While a step is taken back the text stays as that step leaves it, and nothing is done.
+/// As many steps as the options allow, typed ones among them, stay before the new one; the oldest are lost.
 void ChangeText(DocumentWindow& window, const QString& newText, const controls::RichContent& oldRTF);
-/// Moves each record down one place; the oldest is lost.
-void ArrangeUndoStack(std::vector<UndoRecord>& stack);
+/// Moves each record down, by one place as a rule; the oldest are lost.
+void ArrangeUndoStack(std::vector<UndoRecord>& stack, int lost = 1);
+/// Shows in menu and toolbar whether there is a step to go back, or to do again.
+void SetUndoRedoMenuToolBar(DocumentWindow& window);

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/FindDialog.h"
+#include "desktop/ChoiceAdapter.h"
+#include "desktop/ControlEvents.h"
+#include "desktop/Listen.h"
+#include "ui_frmFind.h"
+#include <QLineEdit>
+
+FindDialog::FindDialog(frmFind& form, QWidget* parent)
+    : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmFind>()) {
+    ui_->setupUi(this);
+    MakeBox(form.cmbFind, *ui_->cmbFind);
+    MakeBox(form.cmbReplace, *ui_->cmbReplace);
+    MakeCheck(form.chkWW, *ui_->chkWW);
+    MakeCheck(form.chkMC, *ui_->chkMC);
+    MakeCheck(form.chkHL, *ui_->chkHL);
+    MakeOption(form.optDU, *ui_->optDU);
+    MakeOption(form.optDD, *ui_->optDD);
+    MakeOption(form.optDA, *ui_->optDA);
+    MakeButton(form.cmdFind, *ui_->cmdFind);
+    MakeButton(form.cmdReplace, *ui_->cmdReplace);
+    MakeButton(form.cmdReplaceAll, *ui_->cmdReplaceAll);
+    MakeButton(form.cmdDelete, *ui_->cmdDelete);
+    MakeButton(form.cmdCancel, *ui_->cmdCancel);
+    ui_->cmdDelete->setText(form.cmdDelete.Caption);
+    Listen(form.unloaded, this, [this] { hide(); });
+}
+
+FindDialog::~FindDialog() = default;
+
+void FindDialog::Open() {
+    show();
+    raise();
+    activateWindow();
+    ui_->cmbFind->setFocus(Qt::OtherFocusReason);
+    ui_->cmbFind->lineEdit()->selectAll();
+}
+
+void FindDialog::reject() {
+    form_.cmdCancel.Click();
+}
+
+void FindDialog::MakeBox(controls::ComboBox& model, QComboBox& widget) {
+    new ChoiceAdapter(model, widget, this);
+    auto* events = new ControlEvents(widget, this);
+    events->lostFocus = [&model] { model.LostFocus(); };
+}
+
+void FindDialog::MakeCheck(controls::CheckBox& model, QCheckBox& widget) {
+    const auto showValue = [&model, &widget] { widget.setChecked(model.Value() == 1); };
+    showValue();
+    Listen(model.changed, &widget, showValue);
+    connect(&widget, &QCheckBox::clicked, this, [&model](bool ticked) { model.UserSet(ticked); });
+}
+
+void FindDialog::MakeOption(controls::OptionButton& model, QRadioButton& widget) {
+    // Unchecking follows from another one of the group being checked.
+    const auto showValue = [&model, &widget] {
+        if (model.Value())
+            widget.setChecked(true);
+    };
+    showValue();
+    Listen(model.changed, &widget, showValue);
+    connect(&widget, &QRadioButton::clicked, this, [&model] { model.UserChose(); });
+}
+
+void FindDialog::MakeButton(controls::CommandButton& model, QPushButton& widget) {
+    connect(&widget, &QPushButton::clicked, this, [&model] { model.Click(); });
+}

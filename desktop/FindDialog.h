@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "textview/dialogs/frmFind.h"
+#include <QDialog>
+#include <memory>
+
+namespace Ui {
+class frmFind;
+}
+class QCheckBox;
+class QComboBox;
+class QPushButton;
+class QRadioButton;
+
+/// The widgets of the find dialog. It stands above the main window, which stays within reach.
+class FindDialog : public QDialog {
+public:
+    FindDialog(frmFind& form, QWidget* parent);
+    ~FindDialog() override;
+    void Open();            ///< shows it in front, ready for what is to be found
+    void reject() override; ///< Esc and the title bar's button cancel
+
+private:
+    void MakeBox(controls::ComboBox& model, QComboBox& widget);
+    void MakeCheck(controls::CheckBox& model, QCheckBox& widget);
+    void MakeOption(controls::OptionButton& model, QRadioButton& widget);
+    void MakeButton(controls::CommandButton& model, QPushButton& widget);
+
+    frmFind& form_;
+    std::unique_ptr<Ui::frmFind> ui_;
+};

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/QtClipboard.h"
+#include <QClipboard>
+#include <QGuiApplication>
+
+void QtClipboard::Clear() {
+    QGuiApplication::clipboard()->clear();
+}
+
+void QtClipboard::SetText(const QString& text) {
+    QString plain = text;
+#ifndef Q_OS_WIN
+    plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+#endif
+    QGuiApplication::clipboard()->setText(plain);
+}
+
+QString QtClipboard::GetText() {
+    return QGuiApplication::clipboard()->text();
+}

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "platform/services/Services.h"
+
+/// The clipboard of the desktop.
+class QtClipboard : public services::Clipboard {
+public:
+    void Clear() override;
+    /// Line ends go out as other programs here write them.
+    void SetText(const QString& text) override;
+    QString GetText() override;
+};

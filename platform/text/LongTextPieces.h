@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "platform/text/LongText.h"
+#include <QByteArray>
+
+namespace text {
+
+/// A piece of a long text; it never changes. Each piece begins a row: it ends behind a "\n", or inside a line
+/// that is longer than a row.
+struct LongText::Piece {
+    explicit Piece(QStringView text);
+    qsizetype size() const { return units; }
+    QChar at(qsizetype position) const {
+        return latin ? QChar(static_cast<uchar>(bytes[position])) : wide[position];
+    }
+    QString mid(qsizetype position, qsizetype length) const;
+    bool equals(QStringView text) const;
+    bool endsLine() const { return units > 0 && at(units - 1) == u'\n'; }
+    void append(QString& to, qsizetype position, qsizetype length) const;
+
+    QByteArray bytes; ///< where every unit is below 256
+    QString wide;     ///< else
+    bool latin = true;
+    qsizetype units = 0;
+    qsizetype lineEnds = 0;
+    qsizetype longestRow = 0;
+    std::vector<std::int32_t> rows; ///< where rows begin, the first at 0
+};
+
+/// The pieces in order, with sums over all before each of them.
+struct LongText::Pieces {
+    struct Before {
+        qsizetype units = 0, lineEnds = 0, rows = 0;
+    };
+    std::vector<std::shared_ptr<const Piece>> list;
+    std::vector<Before> before{Before{}}; ///< one more than pieces: the last one sums up all
+    qsizetype longestRow = 0;
+
+    void sum();
+    const Before& total() const { return before.back(); }
+    std::size_t pieceAt(qsizetype position) const; ///< of a position inside the text
+    /// Puts `text` in the place of the pieces from `first` to before `last`, together with neighbours where
+    /// a row, a line's end or a pair would otherwise be torn.
+    void splice(std::size_t first, std::size_t last, QString text);
+};
+
+} // namespace text

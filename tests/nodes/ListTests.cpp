@@ -1,0 +1,532 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The list: its rows, its cell editor, its names, and its commands, by the acts of a user.
+#include "core/model/Serialise.h"
+#include "core/model/m_tvXML.h"
+#include "core/sync/TreeText.h"
+#include "tests/support/TestApp.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+using controls::TreeNode;
+using services::Answer;
+using test::TestApp;
+
+constexpr char kBook[] =
+    "<?xml version=\"1.0\"?><!--on tea--><book lang=\"de\" year=\"1999\"><title>Tee</title>"
+    "<chapter n=\"2\">x<b/>y</chapter>end</book>";
+
+struct List : testing::Test {
+    TestApp t;
+    DocumentWindow* w = nullptr;
+
+    /// Opens a document and selects its root element.
+    void Open(const QByteArray& text = kBook, const QString& name = QStringLiteral("book.xml")) {
+        w = &t.OpenText(name, text);
+        Select(Element());
+    }
+    controls::ListView& Rows() { return w->ListView1; }
+    TreeNode Root() { return w->tvXML.Nodes(1); }
+    TreeNode Element() {
+        TreeNode found;
+        m_tvXML::HaveElementNode(Root().Child(), found);
+        return found;
+    }
+    void Select(TreeNode node) { t.ClickNode(node); }
+    /// "kind name|value|text" of each row.
+    std::string Table() {
+        QStringList rows;
+        for (int i = 1; i <= Rows().Count(); ++i) {
+            const controls::ListItem& row = Rows().Item(i);
+            rows << QString::number(row.SmallIcon) + u' ' +
+                        QStringList{row.Text, row.Sub[0], row.Sub[1]}.join(u'|');
+        }
+        return rows.join(u'\n').toStdString();
+    }
+    /// Without indentation and line breaks.
+    static std::string Plain(QString xml) {
+        return xml.remove(QStringLiteral("\r\n")).remove(u'\t').toStdString();
+    }
+    std::string Xml(TreeNode node) { return Plain(m_tvXML::GetTreeNodesXML(node, {})); }
+    std::string Xml() { return Xml(Element()); }
+    void ClickRow(int row) {
+        Rows().GotFocus();
+        Rows().MouseDown();
+        Rows().ClearSelected();
+        Rows().SetSelectedItem(row);
+        Rows().Click();
+    }
+    void ClickRows(std::initializer_list<int> rows) {
+        ClickRow(*rows.begin());
+        for (const int row : rows)
+            Rows().SetSelected(row, true);
+    }
+    /// Opens the editor on a cell (column 2 value, 3 text) and types; it stays open.
+    void TypeInto(int row, int column, const QString& text) {
+        ClickRow(row);
+        Rows().CellClick(row, column);
+        ASSERT_TRUE(w->txtListView.Visible());
+        w->txtListView.GotFocus();
+        w->txtListView.UserTyped(text);
+    }
+    void Edit(int row, int column, const char* text) {
+        TypeInto(row, column, QString::fromUtf8(text));
+        w->txtListView.LostFocus();
+        EXPECT_FALSE(w->txtListView.Visible());
+    }
+    /// Presses a key in the editor with the caret at a place; whether the key was used up.
+    bool EditorKey(int key, int caret) {
+        w->txtListView.UserSelected(caret, 0);
+        w->txtListView.KeyDown(key, 0);
+        return key == 0;
+    }
+    void Key(int key, int modifiers = 0) {
+        int down = key;
+        Rows().KeyDown(down, modifiers);
+        Rows().KeyUp(key, modifiers);
+    }
+    void Menu(const char* entry) { t.frame().RunMenuCommand(QLatin1String(entry)); }
+    std::string LastBox() {
+        return t.prompts.boxes.empty() ? std::string() : t.prompts.boxes.back().title.toStdString();
+    }
+};
+
+TEST_F(List, ChildrenStandAboveAttributesAndALeafShowsItself) {
+    Open();
+    EXPECT_EQ(Table(), "1 title||Tee\n1 chapter|n=\"2\"|x\n3 Node Text|end|\n2 lang|de|\n2 year|1999|");
+    EXPECT_EQ(Rows().Item(4).Key, Element().Key() + QStringLiteral("/lang"));
+    EXPECT_EQ(Rows().Item(4).Tag, Element().Key());
+    Select(Root());
+    EXPECT_EQ(Table(), "7 xml|version=\"1.0\"|\n8 #comment|on tea|\n1 book|lang=\"de\" year=\"1999\"|end");
+    Select(Element().LastChild());
+    EXPECT_EQ(Table(), "3 Node Text|end|");
+    Select(Root().Child());
+    EXPECT_EQ(Table(), "7 xml version|version=\"1.0\"|");
+    Select(Root().Child().Next());
+    EXPECT_EQ(Table(), "8 comment|on tea|");
+}
+
+TEST_F(List, WhatIsTypedIsCheckedAndWrittenByTheKindOfItsRow) {
+    struct Case {
+        int row, column;
+        const char* typed;
+        const char* xml; ///< of the root element afterwards; null: refused
+        const char* title = "";
+    };
+    const char* const attributes = "This is not valid attributes";
+    const char* const value = "This is not a validate attribute value";
+    const char* const text = "This is not a validate node text";
+    const Case cases[] = {
+        {2, 2, "n=\"3\" m=\"4\"", "<chapter n=\"3\" m=\"4\">"},
+        {2, 2, "n='\"' m = \"4\"", "<chapter n=\"&quot;\" m=\"4\">"}, // brought into the one form
+        {2, 2, "", "<chapter>"},
+        {2, 2, "n=3", nullptr, attributes},
+        {4, 2, "it's", "<book lang=\"it's\" year"},
+        {4, 2, "d\"e", nullptr, value},
+        {4, 2, "a & b", nullptr, value},
+        {4, 2, "a &amp; b", "<book lang=\"a &amp; b\" year"},
+        {3, 2, "a < b", nullptr, text},
+        {3, 2, "the <i>end</i>", "the <i>end</i></book>"},
+        {1, 3, "Kaffee", "<title>Kaffee</title>"},
+        {1, 3, "</title>", nullptr, text},
+        {1, 3, "", "<title></title>"},
+        {2, 3, "", "<chapter n=\"2\"><b></b>y</chapter>"},
+    };
+    int number = 0;
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.typed);
+        Open(kBook, QStringLiteral("book%1.xml").arg(++number));
+        const std::string before = Xml(), table = Table();
+        const QString shown = Rows().Tag;
+        if (!one.xml)
+            t.prompts.Answer(Answer::Ok);
+        Edit(one.row, one.column, one.typed);
+        EXPECT_EQ(Rows().Tag, shown) << "the list stays where it is";
+        if (one.xml) {
+            EXPECT_NE(Xml().find(one.xml), std::string::npos) << Xml();
+            EXPECT_NE(Plain(w->rtxtXML.Text()).find(one.xml), std::string::npos);
+        } else {
+            EXPECT_EQ(Xml(), before);
+            EXPECT_EQ(Table(), table);
+            EXPECT_EQ(LastBox(), one.title);
+        }
+    }
+}
+
+TEST_F(List, InstructionsAndCommentsAreTakenAsTyped) {
+    Open();
+    Select(Root());
+    Edit(2, 2, "a -- b");
+    EXPECT_EQ(Root().Child().Next().Tag(), QStringLiteral("a -- b"));
+    Edit(1, 2, "version=\"1.0\" encoding=\"UTF-8\"");
+    EXPECT_EQ(Root().Child().Tag(), QStringLiteral("version=\"1.0\" encoding=\"UTF-8\""));
+    EXPECT_TRUE(t.prompts.boxes.empty());
+}
+
+// An element's text cell shows its first text: where that went, the next one.
+TEST_F(List, ATextThatGoesMakesRoomForTheNext) {
+    Open();
+    Edit(2, 3, "");
+    EXPECT_EQ(Rows().Item(2).Sub[1], QStringLiteral("y"));
+    Edit(2, 3, "");
+    EXPECT_EQ(Rows().Item(2).Sub[1], QString());
+    EXPECT_EQ(Xml(Element().Child().Next()), "<chapter n=\"2\"><b></b></chapter>");
+}
+
+TEST_F(List, UpAndDownGoFromRowToRowInTheColumn) {
+    Open();
+    TypeInto(1, 3, QStringLiteral("Kakao"));
+    EXPECT_TRUE(EditorKey(Qt::Key_Up, 0));
+    EXPECT_TRUE(w->txtListView.Visible()) << "above the first row there is nothing to go to";
+    EXPECT_EQ(Element().Child().Child().Tag(), QStringLiteral("Tee")) << "and nothing is written";
+    EditorKey(Qt::Key_Down, 0);
+    EXPECT_EQ(Element().Child().Child().Tag(), QStringLiteral("Kakao"));
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("x"));
+    EXPECT_EQ(Rows().SelectedItem(), 2);
+    EditorKey(Qt::Key_Down, 0); // a text has a value alone
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("end"));
+    EditorKey(Qt::Key_Down, 0);
+    EditorKey(Qt::Key_Down, 0);
+    w->txtListView.UserTyped(QStringLiteral("2001"));
+    EditorKey(Qt::Key_Down, 0);
+    EXPECT_TRUE(w->txtListView.Visible());
+    EXPECT_EQ(Rows().Item(5).Sub[0], QStringLiteral("1999")) << "below the last row likewise";
+    EditorKey(Qt::Key_Up, 0);
+    EXPECT_EQ(Rows().Item(5).Sub[0], QStringLiteral("2001"));
+    EXPECT_EQ(w->miPopupContext, kContextList);
+}
+
+TEST_F(List, TheCaretDecidesWhetherAKeyLeavesTheEditor) {
+    Open();
+    for (const int key : {Qt::Key_Right, Qt::Key_Tab, Qt::Key_Control}) {
+        TypeInto(4, 2, QStringLiteral("en"));
+        EXPECT_FALSE(EditorKey(key, 1));
+        EXPECT_EQ(Rows().Item(4).Sub[0], QStringLiteral("de")) << "in the middle of the text";
+        EXPECT_TRUE(EditorKey(key, 2));
+        EXPECT_EQ(Rows().Item(4).Sub[0], QStringLiteral("en"));
+        EXPECT_TRUE(w->txtListView.Visible()) << "open again on the same row";
+        EXPECT_EQ(Rows().SelectedItem(), 4);
+        Edit(4, 2, "de");
+    }
+    TypeInto(4, 2, QStringLiteral("en"));
+    EXPECT_FALSE(EditorKey(Qt::Key_Left, 2));
+    EXPECT_TRUE(EditorKey(Qt::Key_Left, 0));
+    EXPECT_FALSE(w->txtListView.Visible());
+    EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"en\" year=\"1999\""));
+    TypeInto(4, 2, QStringLiteral("fr"));
+    EXPECT_TRUE(EditorKey(Qt::Key_Escape, 2));
+    EXPECT_FALSE(w->txtListView.Visible());
+    EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"en\" year=\"1999\"")) << "given up";
+}
+
+TEST_F(List, TheEditorFollowsScrollingAndHidesBesideTheRows) {
+    Open();
+    const controls::TextBox& editor = w->txtListView;
+    const controls::CommandButton& button = w->cmdPop;
+    EXPECT_FALSE(w->tmList.Enabled());
+    TypeInto(3, 2, QStringLiteral("end"));
+    ASSERT_TRUE(w->tmList.Enabled());
+    const controls::Bounds start = editor.Place();
+    const auto scroll = [&](int firstVisible, double left) {
+        Rows().UserScrolled(firstVisible, left);
+        w->tmList.Tick();
+        EXPECT_EQ(button.Place().Left, editor.Place().Left + editor.Place().Width);
+        EXPECT_EQ(button.Place().Top, editor.Place().Top);
+    };
+    scroll(2, 0);
+    EXPECT_EQ(editor.Place().Top, start.Top - Rows().RowHeight);
+    scroll(5, 0);
+    EXPECT_EQ(editor.Place().Left, -10000) << "scrolled out of sight";
+    scroll(5, -300);
+    EXPECT_EQ(editor.Place().Left, -10000);
+    scroll(2, -300);
+    EXPECT_EQ(editor.Place().Left, start.Left - 300) << "back, with what was scrolled meanwhile";
+    scroll(1, 0);
+    EXPECT_EQ(editor.Place(), start);
+    w->txtListView.LostFocus();
+    EXPECT_FALSE(w->tmList.Enabled());
+}
+
+TEST_F(List, NamesOfElementsAndAttributesAreLabels) {
+    Open();
+    const auto rename = [&](int row, const char* name) {
+        ClickRow(row);
+        Menu("mnuEditP");
+        if (Rows().LabelEditRow() > 0)
+            Rows().EndLabelEdit(QString::fromUtf8(name));
+    };
+    rename(1, "heading");
+    EXPECT_EQ(Element().Child().Text(), QStringLiteral("heading"));
+    EXPECT_NE(w->rtxtXML.Text().indexOf(QStringLiteral("<heading>")), -1);
+    rename(4, "xml:lang");
+    EXPECT_EQ(Element().Tag(), QStringLiteral("xml:lang=\"de\" year=\"1999\""));
+    EXPECT_EQ(Rows().Item(Rows().SelectedItem()).Text, QStringLiteral("xml:lang"));
+    const std::string before = Xml();
+    t.prompts.Answer({Answer::Ok, Answer::Ok, Answer::Ok});
+    rename(1, "1a");
+    EXPECT_EQ(LastBox(), "XML node name fomula");
+    rename(5, "a b");
+    EXPECT_EQ(LastBox(), "This is not a validate attribute name");
+    rename(5, "xml:lang");
+    EXPECT_EQ(t.prompts.Texts().back(),
+              QStringLiteral("Can not set same attribute name at XML attribute list!"));
+    EXPECT_EQ(Xml(), before);
+    ClickRow(3);
+    EXPECT_FALSE(Rows().StartLabelEdit()) << "a text has no name";
+    Select(Root());
+    for (const int row : {1, 2}) {
+        ClickRow(row);
+        EXPECT_FALSE(Rows().StartLabelEdit()) << "nor have instructions and comments";
+    }
+}
+
+TEST_F(List, WhatIsAddedCanBeNamedOrFilledAtOnce) {
+    Open();
+    ClickRow(1);
+    Menu("mnuNewNodeP");
+    ASSERT_EQ(Rows().LabelEditRow(), 2) << "behind the row";
+    Rows().EndLabelEdit(QStringLiteral("subtitle"));
+    ClickRow(2);
+    Menu("mnuNewCNodeP"); // the list walks down to it
+    EXPECT_EQ(w->tvXML.SelectedItem().Text(), QStringLiteral("subtitle"));
+    t.prompts.Answer(Answer::Ok);
+    Rows().EndLabelEdit(QStringLiteral("1"));
+    EXPECT_EQ(Table(), "1 Unnamed||");
+    const auto type = [&](const char* text) {
+        ASSERT_TRUE(w->txtListView.Visible());
+        w->txtListView.GotFocus();
+        w->txtListView.UserTyped(QString::fromUtf8(text));
+        w->txtListView.LostFocus();
+    };
+    ClickRow(1);
+    Menu("mnuNewNodeTextP");
+    type("inner");
+    EXPECT_EQ(Table(), "3 Node Text|inner|");
+    Menu("mnuNewCommentP");
+    type("why");
+    EXPECT_EQ(Table(), "3 Node Text|inner|\n8 #comment|why|");
+    Select(Element().LastChild());
+    Menu("mnuNewAttrP");
+    EXPECT_EQ(Table(), "3 Node Text|end|") << "a text has no attributes";
+    Select(Element());
+    Menu("mnuNewAttrP");
+    Rows().EndLabelEdit(QStringLiteral("isbn"));
+    Menu("mnuNewAttrP");
+    Rows().CancelLabelEdit();
+    EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"de\" year=\"1999\" isbn=\"\" attr1=\"\""));
+}
+
+// With OK at the question the new element lands below the comment, where no list shows it.
+TEST_F(List, AnElementThatTheListCannotShowGetsItsNameToo) {
+    Open();
+    Select(Root());
+    ClickRow(2);
+    t.prompts.Answer(Answer::Ok);
+    Menu("mnuNewNodeP");
+    ASSERT_EQ(Root().Child().Next().Children(), 1);
+    EXPECT_EQ(Root().Child().Next().Child().Text(), QStringLiteral("Unnamed"));
+    EXPECT_FALSE(IsAddingNewNode(*w)) << "the text isn't held back";
+}
+
+TEST_F(List, SelectedRowsAreDeletedTogether) {
+    Open();
+    ClickRows({1, 3, 4});
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(Xml(), "<book year=\"1999\"><chapter n=\"2\">x<b></b>y</chapter></book>");
+    EXPECT_EQ(Table(), "1 chapter|n=\"2\"|x\n2 year|1999|");
+    EXPECT_EQ(w->tvXML.SelectedItem(), Element());
+    Select(Element().Child().Child());
+    ClickRow(1);
+    Key(Qt::Key_Delete); // the node on show itself
+    EXPECT_EQ(Xml(), "<book year=\"1999\"><chapter n=\"2\"><b></b>y</chapter></book>");
+    Select(Element());
+    Key(Qt::Key_A, Qt::ControlModifier);
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(Xml(), "<book></book>");
+    EXPECT_EQ(w->rtxtXML.Text().right(13), QStringLiteral("<book></book>"));
+    Key(Qt::Key_Delete); // nothing is left to delete
+    EXPECT_EQ(Xml(), "<book></book>");
+}
+
+TEST_F(List, RowsMoveAmongTheirKind) {
+    Open();
+    ClickRow(5);
+    Menu("mnuMoveUP");
+    EXPECT_EQ(Element().Tag(), QStringLiteral("year=\"1999\" lang=\"de\""));
+    EXPECT_EQ(Rows().SelectedItem(), 4) << "the moved row is the current one";
+    Menu("mnuMoveUP"); // no attribute gets among the nodes
+    EXPECT_EQ(Element().Tag(), QStringLiteral("year=\"1999\" lang=\"de\""));
+    ClickRow(2);
+    Menu("mnuMoveUP");
+    EXPECT_EQ(
+        Xml(),
+        "<book year=\"1999\" lang=\"de\"><chapter n=\"2\">x<b></b>y</chapter><title>Tee</title>end</book>");
+    EXPECT_EQ(Rows().SelectedItem(), 1);
+    EXPECT_EQ(w->tvXML.SelectedItem(), Element());
+    EXPECT_EQ(w->miPopupContext, kContextList);
+}
+
+// A moved node is a new one: an edit of the old one is finished before.
+TEST_F(List, WhatIsBeingTypedIsntLostByAMove) {
+    Open();
+    TypeInto(2, 3, QStringLiteral("typed"));
+    t.PressButton(QStringLiteral("tbListEdit"), QStringLiteral("moveup"));
+    EXPECT_EQ(Xml(Element().Child()), "<chapter n=\"2\">typed<b></b>y</chapter>");
+    EXPECT_FALSE(w->txtListView.Visible());
+}
+
+TEST_F(List, NodesAndAttributesAreCopiedAndPasted) {
+    Open();
+    ClickRows({1, 4});
+    Key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(t.clipboard.text, QStringLiteral("<title>Tee</title>"));
+    Select(Element().Child().Next());
+    Key(Qt::Key_V, Qt::ControlModifier); // what went along in this program is pasted with it
+    EXPECT_EQ(Xml(Element().Child().Next()),
+              "<chapter n=\"2\" lang=\"de\">x<b></b>y<title>Tee</title></chapter>");
+
+    Select(Element());
+    ClickRow(5);
+    Key(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(t.clipboard.text, QStringLiteral("year=\"1999\""));
+    ClickRow(1); // attributes go into the row's element
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Xml(Element().Child()), "<title year=\"1999\">Tee</title>");
+    t.prompts.Answer(Answer::Ok);
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(t.prompts.Texts().back(),
+              QStringLiteral("Can not set same attribute name at XML attribute list!"));
+    EXPECT_EQ(Xml(Element().Child()), "<title year=\"1999\">Tee</title>");
+}
+
+TEST_F(List, ATextKeepsItsCharactersOnTheWay) {
+    Open("<r><a>x</a><b/><c/>tail<d/></r>");
+    Edit(1, 3, "n=\"1\"");
+    Select(Element().Child());
+    ClickRow(1);
+    Key(Qt::Key_C, Qt::ControlModifier);
+    Select(Element().Child().Next());
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Xml(Element().Child().Next()), "<b>n=&quot;1&quot;</b>")
+        << "a text that reads like an attribute";
+
+    Select(Element());
+    ClickRows({2, 4}); // an element and a text that don't stand beside each other
+    Key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(t.clipboard.text, QStringLiteral("<b>n=&quot;1&quot;</b>tail"));
+}
+
+TEST_F(List, WhatDoesNotFitIsRefusedInWords) {
+    Open();
+    const std::string before = Xml();
+    const auto paste = [&](const char* text) {
+        t.clipboard.text = QString::fromUtf8(text);
+        t.prompts.Answer(Answer::Ok);
+        Key(Qt::Key_V, Qt::ControlModifier);
+    };
+    paste("<i>");
+    EXPECT_EQ(LastBox(), "This is not valid XML");
+    Select(Element().LastChild());
+    for (const char* text : {"n=\"1\"", "<i/>"}) {
+        paste(text);
+        EXPECT_EQ(t.prompts.Texts().back(), QStringLiteral("This type of data can not paste!"));
+    }
+    EXPECT_EQ(Xml(), before);
+    Select(Element());
+    t.clipboard.text = QStringLiteral("<i/><j/>plain");
+    Key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_NE(Xml().find("end<i></i><j></j>plain</book>"), std::string::npos);
+}
+
+TEST_F(List, KeysAndClicksOfTheListItself) {
+    Open();
+    ClickRow(2);
+    Rows().DblClick();
+    EXPECT_EQ(w->tvXML.SelectedItem().Text(), QStringLiteral("chapter"));
+    EXPECT_EQ(Table(), "3 Node Text|x|\n1 b||\n3 Node Text|y|\n2 n|2|");
+    ClickRow(1);
+    Rows().DblClick();
+    EXPECT_EQ(w->tvXML.SelectedItem().Text(), QStringLiteral("chapter")) << "a text has no level below";
+    t.PressButton(QStringLiteral("tbListEdit"), QStringLiteral("uponelevel"));
+    EXPECT_EQ(w->tvXML.SelectedItem(), Element());
+    ClickRow(4);
+    Key(Qt::Key_Tab);
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("de"));
+    w->txtListView.LostFocus();
+    const std::pair<int, int> views[] = {{Qt::Key_W, controls::lvwIcon},
+                                         {Qt::Key_E, controls::lvwList},
+                                         {Qt::Key_R, controls::lvwSmallIcon},
+                                         {Qt::Key_Q, controls::lvwReport}};
+    for (const auto& [key, view] : views) {
+        Key(Qt::Key_Tab);
+        EXPECT_EQ(w->txtListView.Visible(), Rows().View() == controls::lvwReport)
+            << "cells stand in the report";
+        w->txtListView.LostFocus();
+        Key(key, Qt::ControlModifier);
+        EXPECT_EQ(Rows().View(), view);
+    }
+    int focus = 0;
+    w->tvXML.focusRequested.connect([&focus] { ++focus; });
+    Key(Qt::Key_Return);
+    EXPECT_EQ(focus, 1);
+}
+
+// The list isn't looked at while another view shows, and has to be right when it is looked at again.
+TEST_F(List, ComesBackUpToDate) {
+    Open();
+    Select(Root());
+    w->tbsXML.Select(QStringLiteral("browserview"));
+    Menu("mnuNewCommentP");
+    Select(Root());
+    w->tbsXML.Select(QStringLiteral("listview"));
+    EXPECT_EQ(Rows().Count(), 4);
+
+    Select(Element());
+    w->tbsXML.Select(QStringLiteral("browserview"));
+    Element().SetTag(QStringLiteral("lang=\"de\" fresh=\"1\"")); // as another view would
+    Select(Element());
+    Menu("mnuNewAttrP");
+    Rows().CancelLabelEdit();
+    EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"de\" fresh=\"1\" attr1=\"\""));
+
+    t.EditText({});
+    w->tbsXML.Select(QStringLiteral("listview"));
+    EXPECT_EQ(Rows().Count(), 0) << "the document was emptied";
+}
+
+TEST_F(List, FollowsACommandThatAddedNothing) {
+    Open();
+    Select(Root());
+    Menu("mnuNewNodeTextP"); // goes down to the first node, which takes no text
+    EXPECT_EQ(Rows().Tag, w->tvXML.SelectedItem().Key());
+    Select(Root());
+    t.prompts.Answer(Answer::Cancel);
+    Menu("mnuNewNodeP");
+    EXPECT_EQ(Rows().Tag, w->tvXML.SelectedItem().Key());
+}
+
+TEST_F(List, AnOpenEditReachesTheFileOfAWindowThatCloses) {
+    Open();
+    TypeInto(4, 2, QStringLiteral("nl"));
+    t.prompts.Answer(Answer::Yes);
+    t.frame().CloseForm(w);
+    EXPECT_TRUE(t.folder.Read(QStringLiteral("book.xml")).contains("<book lang=\"nl\""));
+}
+
+TEST_F(List, AMillionRowsAreMadeWhenTheyAreLookedAt) {
+    constexpr int kRows = 1'000'000;
+    Open("<r>" + QByteArray("<a/>").repeated(kRows) + "</r>");
+    ASSERT_EQ(Rows().Count(), kRows);
+    TreeNode last = Element().LastChild();
+    last.SetTag(QStringLiteral("n=\"1\""));
+    EXPECT_EQ(Rows().Item(kRows).Sub[0], QStringLiteral("n=\"1\"")) << "made now, and not before";
+    EXPECT_EQ(Rows().IndexOf(last.Key()), kRows);
+    Edit(kRows, 2, "n=\"2\"");
+    EXPECT_EQ(last.Tag(), QStringLiteral("n=\"2\""));
+    Rows().SelectAll();
+    Rows().SetSelected(kRows, false);
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(Xml(), "<r><a n=\"2\"></a></r>");
+}
+
+} // namespace

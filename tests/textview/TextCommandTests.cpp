@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Close tag, entities, validation, both panes.
+#include "tests/textview/TextDesk.h"
+#include "textview/TextCommands.h"
+
+namespace {
+
+using services::Answer;
+using test::TextDesk;
+
+const QString kMoveCursor = QStringLiteral("Please move cursor to end of current node's start tag.");
+const QString kIgnore =
+    QStringLiteral("The XML is invalid. Please move cursor to end of start tag. Do you want to ignor it?");
+
+TEST(CloseTag, PutsTheEndTagOfTheOpenElementIn) {
+    struct Case {
+        QString document; // the caret stands at the bar
+        QString after;
+    };
+    const Case cases[] = {
+        {QStringLiteral("<a><b>|</a>"), QStringLiteral("<a><b></b></a>")},
+        {QStringLiteral("<a>|"), QStringLiteral("<a></a>")},
+        {QStringLiteral("<a><b/><c></c>|"), QStringLiteral("<a><b/><c></c></a>")},
+        {QStringLiteral("<a><p:b x=\"1>2\"\ty='/>'>t|</a>"),
+         QStringLiteral("<a><p:b x=\"1>2\"\ty='/>'>t</p:b></a>")},
+        {QStringLiteral("<?xml version=\"1.0\"?><a><!-- <c> -->|"),
+         QStringLiteral("<?xml version=\"1.0\"?><a><!-- <c> --></a>")},
+        {QStringLiteral("<a><![CDATA[<x>]]>|"), QStringLiteral("<a><![CDATA[<x>]]></a>")},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.document.toStdString());
+        TextDesk desk;
+        QString text = one.document;
+        const qsizetype caret = text.indexOf(u'|');
+        SetRichText(desk.window(), text.remove(caret, 1));
+        desk.Select(caret);
+        desk.window().bUndoRunning = true; // so that the text isn't written anew from the tree
+        desk.app.PressButton(QStringLiteral("tbTextEdit"), QStringLiteral("closetag"));
+        EXPECT_EQ(desk.Text(), one.after);
+        EXPECT_EQ(desk.Selection(), QStringLiteral("%1+0").arg(caret));
+        EXPECT_TRUE(desk.PanesAgree());
+        EXPECT_EQ(desk.window().tvXML.Nodes(1).LastChild().Text(), QStringLiteral("a"));
+    }
+}
+
+TEST(CloseTag, TellsWhyThereIsNone) {
+    const auto boxes = [](const char* text) {
+        TextDesk desk;
+        desk.app.prompts.AllowAnyBox();
+        QString given = QString::fromLatin1(text);
+        const qsizetype caret = given.indexOf(u'|');
+        SetRichText(desk.window(), given.remove(caret, 1));
+        desk.Select(caret);
+        desk.app.ChooseMenu(QStringLiteral("mnuXMLCloseTag"));
+        EXPECT_EQ(desk.Text(), given);
+        return desk.app.prompts.Texts();
+    };
+    const auto place = [](int position) {
+        return QStringLiteral(
+                   "This line's position %1 should not be space, carriage returns, line feeds, or tabs.")
+            .arg(position);
+    };
+    EXPECT_EQ(boxes("|<a></a>"), QStringList{kMoveCursor});
+    EXPECT_EQ(boxes("<a></a>|"), QStringList{kMoveCursor});
+    EXPECT_EQ(boxes("<a></a></b>|"), (QStringList{QStringLiteral("This is too complex."), kMoveCursor}));
+    EXPECT_EQ(boxes("<a>\r\n\tx |"), (QStringList{place(3), kMoveCursor}));
+    EXPECT_EQ(boxes("<a><|"), (QStringList{place(4), kMoveCursor}));
+}
+
+TEST(CloseTag, AsksWhenTheTextIsWrongThenAndTakesTheTagAwayOnNo) {
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        TextDesk desk;
+        const QString wrong = QStringLiteral("<a><b>one<c></b></a>");
+        SetRichText(desk.window(), wrong);
+        desk.CaretBehind(QStringLiteral("<a>"));
+        desk.app.prompts.Answer(answer);
+        if (answer == Answer::Yes)
+            desk.app.prompts.Answer(Answer::Ok); // the parser's report
+        desk.app.PressButton(QStringLiteral("tbTextEdit"), QStringLiteral("closetag"));
+        EXPECT_EQ(desk.app.prompts.Texts().front(), kIgnore);
+        EXPECT_EQ(desk.Text(), answer == Answer::No ? wrong : QStringLiteral("<a></a><b>one<c></b></a>"));
+        EXPECT_EQ(desk.Selection(), QStringLiteral("3+0"));
+        EXPECT_TRUE(desk.PanesAgree());
+    }
+}
+
+TEST(CloseTag, DoesNothingOutsideTheTextView) {
+    TextDesk desk;
+    const QString before = desk.Text();
+    desk.window().tbsXML.Select(QStringLiteral("listview"));
+    desk.app.frame().RunMenuCommand(QStringLiteral("mnuXMLCloseTag"));
+    EXPECT_EQ(desk.Text(), before);
+    EXPECT_TRUE(desk.app.prompts.boxes.empty());
+}
+
+TEST(Entities, GoInAtTheCaretOfTheEditorThatShows) {
+    TextDesk desk;
+    const std::pair<const char*, const char*> buttons[] = {
+        {"quote", "&quot;"}, {"apostraphe", "&apos;"}, {"lt", "&lt;"}, {"gt", "&gt;"}, {"amp", "&amp;"}};
+    desk.SelectText(QStringLiteral("one"));
+    QString inserted;
+    for (const auto& [key, entity] : buttons) {
+        desk.app.PressButton(QStringLiteral("tbTextEdit"), QLatin1String(key));
+        inserted += QLatin1String(entity);
+    }
+    EXPECT_TRUE(desk.Text().contains(QStringLiteral("<b>%1</b>").arg(inserted)));
+    EXPECT_TRUE(desk.PanesAgree());
+    EXPECT_EQ(desk.window().UndoPos, 5);
+
+    desk.window().tbsXML.Select(QStringLiteral("listview"));
+    desk.window().txtListView.SetVisible(true);
+    desk.window().txtListView.SetText(QStringLiteral("ab"));
+    desk.window().txtListView.Select(1, 0);
+    const QString text = desk.Text();
+    InsertString(desk.window(), QStringLiteral("&amp;"));
+    EXPECT_EQ(desk.window().txtListView.Text(), QStringLiteral("a&amp;b"));
+    EXPECT_EQ(desk.Text(), text);
+}
+
+TEST(ValidateText, SaysSoOrShowsTheParsersReport) {
+    TextDesk desk;
+    desk.app.prompts.Answer({Answer::Ok, Answer::Ok});
+    desk.app.ChooseMenu(QStringLiteral("mnuXMLValidate"));
+    EXPECT_EQ(desk.app.prompts.boxes.back().text, QStringLiteral("It is valid XML!"));
+    desk.SelectText(QStringLiteral("</b>"));
+    desk.Press(Qt::Key_Delete);
+    desk.app.PressButton(QStringLiteral("tbTextEdit"), QStringLiteral("validate"));
+    EXPECT_EQ(desk.app.prompts.boxes.back().title, QStringLiteral("This is not valid XML"));
+}
+
+TEST(SelectAll, SelectsTheWholeTextAndTheMenuKnows) {
+    TextDesk desk;
+    desk.Select(0);
+    EXPECT_FALSE(desk.app.frame().Menu(QStringLiteral("mnuEditCopy")).Enabled());
+    desk.app.ChooseMenu(QStringLiteral("mnuSelectAll"));
+    EXPECT_EQ(desk.pane().SelText(), desk.Text());
+    EXPECT_TRUE(desk.app.frame().Menu(QStringLiteral("mnuEditCopy")).Enabled());
+}
+
+TEST(SplitText, ShowsASecondPaneOnTheSameTextAndGivesTheKeysBack) {
+    TextDesk desk;
+    desk.app.ChooseMenu(QStringLiteral("mnuWinSplit"));
+    EXPECT_TRUE(desk.window().pctSplitText.Visible());
+    desk.Enter(desk.window().rtxtXML2);
+    desk.CaretBehind(QStringLiteral("one"));
+    desk.Type(QStringLiteral("x"));
+    EXPECT_TRUE(desk.window().rtxtXML.Text().contains(QStringLiteral("onex")));
+    desk.app.ChooseMenu(QStringLiteral("mnuSplitEditor"));
+    EXPECT_FALSE(desk.window().pctSplitText.Visible());
+    EXPECT_EQ(&desk.pane(), &desk.window().rtxtXML) << "the keys go to a pane that shows";
+    desk.Type(QStringLiteral("y"));
+    EXPECT_TRUE(desk.Text().contains(QStringLiteral("onexy")));
+    desk.pane().LostFocus();
+    EXPECT_EQ(desk.window().tvXML.Nodes(1).Child().Child().Child().Text(), QStringLiteral("onexy"));
+}
+
+} // namespace

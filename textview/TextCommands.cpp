@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "textview/TextCommands.h"
+#include "core/model/Frame.h"
+#include "core/model/mXMLEdit.h"
+#include "core/sync/Views.h"
+#include "textview/fill/Colour.h"
+#include "textview/fill/FillText.h"
+#include <QScopedValueRollback>
+
+namespace {
+
+bool ShowsTab(const DocumentWindow& window, const char* key) {
+    return window.tbsXML.SelectedKey() == QLatin1String(key);
+}
+
+// The caret stays behind what was put in, also where colouring selects it for a moment.
+void InsertIntoPane(DocumentWindow& window, const QString& text) {
+    controls::RichTextBox& pane = window.TextInUse();
+    const qsizetype start = pane.SelStart();
+    pane.SetSelText(text);
+    const qsizetype behind = pane.SelStart();
+    const QScopedValueRollback ownWriting(window.bControlChange, true);
+    pane.SetSelStart(start);
+    pane.SetSelLength(behind - start);
+    mXMLEdit::SetSeltextColor(window.app, pane);
+    pane.SetSelStart(behind);
+}
+
+} // namespace
+
+void InsertString(DocumentWindow& window, const QString& text) try {
+    if (ShowsTab(window, "textview"))
+        InsertIntoPane(window, text);
+    else if (ShowsTab(window, "listview") && window.txtListView.Visible())
+        window.txtListView.SetSelText(text);
+    else if (ShowsTab(window, "schema"))
+        window.txtSchema.SetSelText(text);
+} catch (const text::Fault& fault) {
+    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".InsertString"));
+}
+
+void SelectAllAtTextView(DocumentWindow& window) {
+    controls::RichTextBox& pane = window.TextInUse();
+    pane.SetSelStart(0);
+    pane.SetSelLength(pane.Long().size());
+    if (window.app.frame)
+        window.app.frame->SetMenuSituation(pane.SelLength() > 0 ? MenuSituation::TextSelected
+                                                                : MenuSituation::TextUnselected);
+}
+
+void RFind(DocumentWindow& window) {
+    if (!ShowsTab(window, "textview"))
+        return;
+    window.app.findWindow = &window;
+    window.app.findTarget = &window.TextInUse();
+    if (window.app.frame)
+        window.app.frame->ShowFind();
+}
+
+void Validate(DocumentWindow& window, bool quiet, bool& result) try {
+    BringPanesTogether(window);
+    std::shared_ptr<xml::ParsedDocument> document;
+    result = mXMLEdit::LoadXMLDocFromString(window.app, window.rtxtXML.Text(), document, quiet);
+    if (result && !quiet)
+        window.app.services.prompts.MsgBox(QStringLiteral("It is valid XML!"));
+} catch (const text::Fault& fault) {
+    result = false;
+    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".Validate"));
+}
+
+void SplitText(DocumentWindow& window) {
+    SplitTextViewHalf(window);
+    if (window.pctSplitText.Visible() || !window.brtxtXML2Focus)
+        return;
+    window.rtxtXML.SetSelStart(window.rtxtXML2.SelStart());
+    window.rtxtXML.SetSelLength(window.rtxtXML2.SelLength());
+    window.brtxtXML2Focus = false;
+    window.rtxtXML.SetFocus();
+}
+
+qsizetype rtGetCharFromPos(const controls::RichTextBox& richText, double x, double y) {
+    const qsizetype position = richText.charFromPos ? richText.charFromPos(x, y) : -1;
+    return position < 0 ? richText.SelStart() : position;
+}

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/model/DocumentWindow.h"
+#include <QString>
+
+// What the events of a text pane do; `second` tells which pane raised one. Keys are Qt's, modifiers too.
+
+/// A key goes down. One that the pane mustn't see any more becomes 0 (Tab) or 1 (a command with Ctrl).
+void PaneKeyDown(DocumentWindow& window, bool second, int& key, int modifiers);
+/// Text is about to go in.
+void PaneKeyPress(DocumentWindow& window, bool second, const QString& text);
+void PaneKeyUp(DocumentWindow& window, bool second, int key, int modifiers);
+void PaneMouseUp(DocumentWindow& window, bool second);
+void PaneClick(DocumentWindow& window, bool second);
+/// Something is dragged over the text, the pointer at a point in twips: the caret goes there.
+void PaneDragOver(DocumentWindow& window, bool second, double x, double y);
+/// The text is about to become another one, or has become it.
+void PaneBeforeChange(DocumentWindow& window, bool second);
+void PaneChange(DocumentWindow& window, bool second);

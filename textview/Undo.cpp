@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "textview/Undo.h"
+#include "core/sync/TreeText.h"
+#include "core/sync/Views.h"
+#include "platform/text/TextTools.h"
+#include "textview/fill/Colour.h"
+#include "textview/fill/FillText.h"
+#include <QScopedValueRollback>
+
+namespace {
+
+using controls::RichTextBox;
+
+enum class Way { Back, Again };
+
+// A text that was loaded past the history may lack what the step would take away: other text must not go in
+// its place.
+void Exchange(Application& app, RichTextBox& pane, qsizetype takePos, const QString& take, qsizetype putPos,
+              const QString& put) {
+    if (pane.Long().mid(takePos, take.size()) != take)
+        return;
+    RDelete(pane, takePos, take);
+    RInsert(app, pane, putPos, put);
+}
+
+void ApplyToText(DocumentWindow& window, const UndoRecord& record, Way way) {
+    const QScopedValueRollback ownWriting(window.bControlChange, true);
+    for (RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2}) {
+        if (record.WholeText)
+            pane->SetContent(way == Way::Back ? *record.OldRTF : *record.NewRTF);
+        else if (way == Way::Back)
+            Exchange(window.app, *pane, record.InsPos, record.InsText, record.DelPos, record.DelText);
+        else
+            Exchange(window.app, *pane, record.DelPos, record.DelText, record.InsPos, record.InsText);
+    }
+}
+
+// A text on the way between two states that parse often doesn't: the status bar tells, a box at each step
+// would not be wanted.
+ParsedRoot BuildTree(DocumentWindow& window) {
+    const QString text = window.TextInUse().Text();
+    window.bQuietParse = true;
+    ParsedRoot root = XMLToTree(window, text, 0);
+    window.bTextChanged = false;
+    window.msLastParsedText = window.TextInUse().Long();
+    return root;
+}
+
+// Step back or again; the node that was current stays so where it still exists.
+void TakeStep(DocumentWindow& window, Way way) {
+    const QString path = text::Trim(window.txtXPath.Text());
+    const QScopedValueRollback running(window.bUndoRunning, true);
+    const PaneSelections selections(window);
+    const int index = way == Way::Back ? window.UndoPos - 1 : window.UndoPos;
+    const UndoRecord record = window.undoStack[static_cast<std::size_t>(index)];
+    ApplyToText(window, record, way);
+    window.bTextChanged = true;
+    window.UndoPos += way == Way::Back ? -1 : 1;
+    SetUndoRedoMenuToolBar(window);
+    const ParsedRoot root = BuildTree(window);
+    if (window.tbsXML.SelectedKey() == QStringLiteral("browserview"))
+        tbsXML_Click(window);
+    selections.restore();
+    if (root.document && !path.isEmpty())
+        SelectTreeNodeByXPath(window, *root.document, path);
+}
+
+} // namespace
+
+void RInsert(Application& app, RichTextBox& richText, qsizetype position, const QString& text) {
+    if (text.isEmpty())
+        return;
+    richText.SetSelStart(position);
+    richText.SetSelLength(0);
+    richText.SetSelText(text);
+    richText.SetSelStart(position);
+    richText.SetSelLength(text.size());
+    mXMLEdit::SetSeltextColor(app, richText);
+}
+
+void RDelete(RichTextBox& richText, qsizetype position, const QString& text) {
+    if (text.isEmpty())
+        return;
+    richText.SetSelStart(position);
+    richText.SetSelLength(text.size());
+    richText.SetSelText({});
+}
+
+void rUndo(DocumentWindow& window) try {
+    DoTree(window);
+    if (window.UndoPos > 0)
+        TakeStep(window, Way::Back);
+} catch (const text::Fault& fault) {
+    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".rUndo"));
+}
+
+void rRedo(DocumentWindow& window) try {
+    DoTree(window);
+    if (window.UndoPos < static_cast<int>(window.undoStack.size()))
+        TakeStep(window, Way::Again);
+} catch (const text::Fault& fault) {
+    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".rRedo"));
+}

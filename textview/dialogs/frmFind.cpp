@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "textview/dialogs/frmFind.h"
+#include "core/model/DocumentWindow.h"
+#include "core/model/Frame.h"
+#include "textview/ReplaceHits.h"
+
+namespace {
+
+void FillComboOrList(controls::ComboBox& combo, const QStringList& list) {
+    combo.Clear();
+    for (const QString& item : list)
+        combo.AddItem(item);
+}
+
+void FillArrayFromCombo(const controls::ComboBox& combo, QStringList& list) {
+    list = combo.Items();
+}
+
+/// Puts the box's text at the head of its list, unless the list holds it already.
+void ProcessList(controls::ComboBox& combo) {
+    const QString text = combo.Text();
+    if (!text.isEmpty() && !combo.Items().contains(text))
+        combo.AddItem(text, 0);
+}
+
+void FillBox(controls::ComboBox& combo, const QStringList& history) {
+    FillComboOrList(combo, history);
+    combo.SetText(history.value(0));
+}
+
+void Choose(controls::OptionButton& chosen, std::initializer_list<controls::OptionButton*> all) {
+    for (controls::OptionButton* one : all)
+        one->SetValue(one == &chosen);
+}
+
+/// The pane in use is the one that is searched, also when the user went to another one or to another document
+/// meanwhile. True when that made another pane the target.
+bool FollowPaneInUse(Application& app) {
+    DocumentWindow* active = app.frame ? app.frame->ActiveForm() : nullptr;
+    if (active && active->tbsXML.SelectedKey() == QStringLiteral("textview"))
+        app.findWindow = active;
+    controls::RichTextBox* inUse = app.findWindow ? &app.findWindow->TextInUse() : nullptr;
+    return std::exchange(app.findTarget, inUse) != inUse;
+}
+
+} // namespace
+
+frmFind::frmFind(Application& app) : app_(app) {
+    for (controls::OptionButton* option : {&optDU, &optDD, &optDA})
+        option->Click.connect([this, option] { Choose(*option, {&optDU, &optDD, &optDA}); });
+    optDD.SetValue(true);
+    cmdDelete.Caption = QStringLiteral("清除查找列");
+    cmdFind.Click.connect([this] { cmdFind_Click(); });
+    cmdReplace.Click.connect([this] { cmdReplace_Click(); });
+    cmdReplaceAll.Click.connect([this] { cmdReplaceAll_Click(); });
+    cmdCancel.Click.connect([this] { cmdCancel_Click(); });
+    cmdDelete.Click.connect([this] { cmdDelete_Click(); });
+    cmbFind.LostFocus.connect([this] { cmbFind_LostFocus(); });
+    cmbReplace.LostFocus.connect([this] { cmbReplace_LostFocus(); });
+}
+
+void frmFind::Show() {
+    hit_ = {};
+    if (!loaded_)
+        Form_Load();
+}
+
+void frmFind::Form_Load() {
+    FillBox(cmbFind, app_.findHistory);
+    FillBox(cmbReplace, app_.replaceHistory);
+    loaded_ = true;
+}
+
+void frmFind::Form_Unload() {
+    if (!std::exchange(loaded_, false))
+        return;
+    FillArrayFromCombo(cmbFind, app_.findHistory);
+    FillArrayFromCombo(cmbReplace, app_.replaceHistory);
+    unloaded();
+}
+
+FindOptions frmFind::Options() const {
+    return {chkWW.Value() == 1, chkMC.Value() == 1, chkHL.Value() == 1};
+}
+
+// --- one step ----------------------------------------------------------------------------------------------
+
+// Compared as the search compares: a hit in other letters is one as well. What is the replacement already
+// isn't replaced by it, so that going on always ends.
+bool frmFind::SelectsHit(const controls::RichTextBox& target, const QString& replacement) const {
+    if (hit_.at < 0)
+        return false;
+    const QString& wanted = cmbFind.Text();
+    // A hit that wasn't to be highlighted stands behind the caret.
+    const bool atCaret = target.SelLength() == 0 && hit_.found && target.SelStart() == hit_.at;
+    const QString selected = atCaret ? target.Long().mid(hit_.at, wanted.size())
+                                     : target.Long().mid(target.SelStart(), target.SelLength());
+    const Qt::CaseSensitivity sensitivity = Options().matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive;
+    return !selected.isEmpty() && selected.compare(wanted, sensitivity) == 0 && selected != replacement;
+}
+
+qsizetype frmFind::BehindHit(const controls::RichTextBox& target) const {
+    if (hit_.at < 0)
+        return target.SelStart();
+    return target.SelStart() + (target.SelStart() == hit_.at ? hit_.length : target.SelLength());
+}
+
+void frmFind::Replace(controls::RichTextBox& target, const QString& replacement) {
+    const qsizetype at = target.SelStart();
+    if (target.SelLength() == 0)
+        target.SetSelLength(cmbFind.Text().size());
+    target.SetSelText(replacement);
+    target.SetSelStart(at);
+    target.SetSelLength(replacement.size());
+    hit_ = {at, replacement.size(), false};
+}
+
+void frmFind::GeneralFindReplace(controls::RichTextBox& target, bool replacing, const QString& replacement,
+                                 qsizetype& result) {
+    const qsizetype start = target.SelStart(), length = target.SelLength();
+    const bool up = optDU.Value();
+    if (!up && start == target.Long().size())
+        target.SetSelStart(0);
+    if (replacing && SelectsHit(target, replacement)) {
+        Replace(target, replacement);
+        result = hit_.at;
+        return;
+    }
+    const QString& wanted = cmbFind.Text();
+    result = up ? FindTextRev(target, wanted, target.SelStart(), Options())
+                : FindText(target, wanted, BehindHit(target), Options());
+    if (result >= 0) {
+        hit_ = {result, wanted.size(), true};
+        return;
+    }
+    hit_ = {};
+    target.SetSelStart(start);
+    target.SetSelLength(length);
+}
+
+// --- commands ----------------------------------------------------------------------------------------------
+
+void frmFind::ProcessLists(bool replacing) {
+    ProcessList(cmbFind);
+    if (replacing)
+        ProcessList(cmbReplace);
+}
+
+void frmFind::TellEnd() {
+    app_.services.prompts.MsgBox(QStringLiteral("The specified region has been reached."));
+}
+
+void frmFind::Run(bool replacing) try {
+    if (FollowPaneInUse(app_))
+        hit_ = {};
+    if (!app_.findTarget || cmbFind.Text().isEmpty())
+        return;
+    qsizetype result = -1;
+    GeneralFindReplace(*app_.findTarget, replacing, cmbReplace.Text(), result);
+    ProcessLists(replacing);
+    if (result < 0)
+        TellEnd();
+} catch (const text::Fault& fault) {
+    ErrorReportBox(app_, fault, QStringLiteral("frmFind.GeneralFindReplace"));
+}
+
+void frmFind::cmdFind_Click() {
+    Run(false);
+}
+
+void frmFind::cmdReplace_Click() {
+    Run(true);
+}
+
+// What repeating cmdReplace_Click to its end would do, in one pass over the text.
+void frmFind::cmdReplaceAll_Click() try {
+    if (FollowPaneInUse(app_))
+        hit_ = {};
+    const QString wanted = cmbFind.Text(), replacement = cmbReplace.Text();
+    if (!app_.findTarget || wanted.isEmpty())
+        return;
+    controls::RichTextBox& target = *app_.findTarget;
+    const FindOptions options = Options();
+    const bool up = optDU.Value();
+    // Only a replacement by nothing at the very end of the text leaves the caret there, and then the search
+    // begins again at the start; the text has become shorter, so that ends.
+    for (bool again = true; again;) {
+        if (!up && target.SelStart() == target.Long().size())
+            target.SetSelStart(0);
+        const bool selected = SelectsHit(target, replacement);
+        const qsizetype from = selected ? target.SelStart() + (up ? wanted.size() : 0)
+                               : up     ? target.SelStart()
+                                        : BehindHit(target);
+        const std::vector<qsizetype> hits = up ? HitsUp(target, wanted, from, replacement, options)
+                                               : HitsDown(target, wanted, from, replacement, options);
+        if (hits.empty())
+            break;
+        const qsizetype last = ReplaceHits(*app_.findWindow, target, hits, wanted.size(), replacement);
+        hit_ = {last, replacement.size(), false};
+        again = !up && replacement.isEmpty() && last == target.Long().size();
+    }
+    hit_ = {};
+    ProcessLists(true);
+    TellEnd();
+} catch (const text::Fault& fault) {
+    ErrorReportBox(app_, fault, QStringLiteral("frmFind.cmdReplaceAll_Click"));
+}
+
+void frmFind::cmdCancel_Click() {
+    Form_Unload();
+}
+
+void frmFind::cmdDelete_Click() {
+    for (controls::ComboBox* box : {&cmbFind, &cmbReplace}) {
+        box->Clear();
+        box->SetText({});
+    }
+}
+
+void frmFind::cmbFind_LostFocus() {
+    ProcessList(cmbFind);
+}
+
+void frmFind::cmbReplace_LostFocus() {
+    ProcessList(cmbReplace);
+}

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "textview/fill/Colour.h"
+#include "core/model/Frame.h"
+#include "textview/fill/ColourRtf.h"
+#include <QScopedValueRollback>
+#include <optional>
+
+namespace {
+
+using controls::RichTextBox;
+
+constexpr int kNoColours = 3; ///< the level of texts that are too large to be coloured
+constexpr qsizetype kLongestSelection = 512;
+
+constexpr std::uint32_t kBlack = 0;
+constexpr std::uint32_t kAngleBracket = 0xff0000; // blue
+constexpr std::uint32_t kEqualSign = 0x3232ff;    // red 255, green 50, blue 50
+constexpr std::uint32_t kSlash = 0x32c832;        // red 50, green 200, blue 50
+constexpr std::uint32_t kCommentGrey = 0xb4b4b4;  // red, green and blue 180
+
+class Hourglass {
+public:
+    explicit Hourglass(Application& app) : frame_(app.frame), before_(frame_ ? frame_->MousePointer() : 0) {
+        if (frame_)
+            frame_->SetMousePointer(vbHourglass);
+    }
+    ~Hourglass() {
+        if (frame_)
+            frame_->SetMousePointer(before_);
+    }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+
+private:
+    Frame* frame_;
+    int before_;
+};
+
+std::optional<std::uint32_t> ColourBelow(int levels, int level, std::uint32_t colour) {
+    return level < levels ? std::optional(colour) : std::nullopt;
+}
+
+/// The colour of a character, by how many levels show it; nothing where it keeps the one it has.
+std::optional<std::uint32_t> OneCharColour(QChar character, int level, const RichTextBox& richText) {
+    switch (character.unicode()) {
+    case u'<':
+    case u'>':
+        return ColourBelow(2, level, kAngleBracket);
+    case u'=':
+        return ColourBelow(1, level, kEqualSign);
+    case u'/':
+        return ColourBelow(3, level, kSlash);
+    case u'"':
+        return ColourBelow(1, level, kSlash);
+    default:
+        // What is asked is the colour of whatever is selected now, not that of the character.
+        return richText.SelColor() != kCommentGrey ? std::optional(kBlack) : std::nullopt;
+    }
+}
+
+} // namespace
+
+namespace mXMLEdit {
+
+void setRichTextXMLColor(Application& app, RichTextBox& richText, int level) try {
+    if (level >= kNoColours)
+        return;
+    const Hourglass hourglass(app);
+    richText.SetTextRTF(ColourRTF(richText.TextRTF(), app.options, level));
+} catch (const text::Fault& fault) {
+    ErrorReportBox(app, fault, QStringLiteral("mXMLEdit@setRichTextXMLColor"));
+}
+
+void SetSeltextColor(Application& app, RichTextBox& richText) try {
+    const DocumentWindow* const active = app.frame ? app.frame->ActiveForm() : nullptr;
+    const qsizetype start = richText.SelStart(), length = richText.SelLength();
+    if (!active || length < 1 || active->miTextSizeLevel >= kNoColours)
+        return;
+    if (length <= kLongestSelection) {
+        const Hourglass hourglass(app);
+        for (qsizetype i = 0; i < length; ++i)
+            SetOneXMLCharColor(app, richText, start + i + 1, active->miTextSizeLevel);
+    }
+    richText.SetSelStart(start);
+    richText.SetSelLength(length);
+} catch (const text::Fault& fault) {
+    ErrorReportBox(app, fault, QStringLiteral("mXMLEdit@SetSeltextColor"));
+}
+
+void SetOneXMLCharColor(Application& app, RichTextBox& richText, qsizetype position, int level) try {
+    if (level >= kNoColours)
+        return;
+    if (const auto colour = OneCharColour(richText.Long().at(position - 1), level, richText))
+        SetCharRangeColor(richText, position - 1, 1, *colour);
+} catch (const text::Fault& fault) {
+    ErrorReportBox(app, fault, QStringLiteral("mXMLEdit@SetOneXMLCharColor"));
+}
+
+void SetOneXMLCharColorByKeyAscii(Application& app, RichTextBox& richText, qsizetype /*position*/,
+                                  int keyAscii, int level) try {
+    if (level >= kNoColours)
+        return;
+    if (const auto colour = OneCharColour(QChar(static_cast<char16_t>(keyAscii)), level, richText))
+        richText.SetSelColor(*colour);
+} catch (const text::Fault& fault) {
+    ErrorReportBox(app, fault, QStringLiteral("mXMLEdit@SetOneXMLCharColorByKeyAscii"));
+}
+
+void SetCharRangeColor(RichTextBox& richText, qsizetype start, qsizetype length, std::uint32_t color) {
+    richText.SetSelStart(start);
+    richText.SetSelLength(length);
+    richText.SetSelColor(color);
+}
+
+} // namespace mXMLEdit
+
+void ColourTypedKey(DocumentWindow& window, bool second, int keyAscii) {
+    RichTextBox& pane = second ? window.rtxtXML2 : window.rtxtXML;
+    RichTextBox& other = second ? window.rtxtXML : window.rtxtXML2;
+    if (pane.SelStart() <= 0 || window.miTextSizeLevel >= kNoColours)
+        return;
+    const auto setColour = [&](RichTextBox& one) {
+        const QScopedValueRollback ownWriting(window.bControlChange, true);
+        mXMLEdit::SetOneXMLCharColorByKeyAscii(window.app, one, one.SelStart(), keyAscii,
+                                               window.miTextSizeLevel);
+    };
+    setColour(pane);
+    other.SetSelStart(pane.SelStart());
+    other.SetSelLength(pane.SelLength());
+    setColour(other);
+}
