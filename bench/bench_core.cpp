@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Times the document core without a screen: bench_core FILE [open|serialise|select].
+// Times the document core without a screen: bench_core FILE [open|serialise|select|edit].
 // "open" ends as soon as the tree is filled and ready for commands, so that the whole process can be timed
 // beside another program.
 #include "core/model/Serialise.h"
+#include "core/model/Validate.h"
 #include "core/model/m_tvXML.h"
 #include "core/sync/Views.h"
+#include "nodes/TreeCommands.h"
 #include "platform/services/RealServices.h"
 #include "shell/frmMDIMain.h"
 #include <QCoreApplication>
@@ -76,6 +78,52 @@ void Select(Application& app, DocumentWindow& window) {
     }
 }
 
+template <typename Act> void Time(const char* what, Act act) {
+    for (int round = 0; round < 3; ++round) {
+        QElapsedTimer timer;
+        timer.start();
+        act();
+        std::printf("%s: %.1f ms\n", what, static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+}
+
+// What each command on the tree costs at the far end of the document, and a check of a name as it is typed.
+void Edit(Application& app, DocumentWindow& window) {
+    const auto element = window.tvXML.Nodes(1).LastChild();
+    window.tbsXML.Select(QStringLiteral("listview"));
+    window.tvXML.SetSelectedItem(element.LastChild());
+    DoTree(window);
+    window.miPopupContext = kContextTree;
+    Time("add an element", [&] {
+        window.tvXML.SetSelectedItem(element.LastChild());
+        AddNewTreeNode(window, true);
+    });
+    Time("rename", [&] {
+        window.tvXML.SetSelectedItem(element.LastChild());
+        window.tvXML.StartLabelEdit();
+        bool cancel = false;
+        QString name = QStringLiteral("renamed");
+        tvXMLAfterLabelEdit(window, window.tvXML.SelectedItem(), cancel, name);
+        window.tvXML.CancelLabelEdit();
+    });
+    Time("rename and bring the text up to date", [&] {
+        window.tvXML.SetSelectedItem(element.LastChild());
+        window.tvXML.StartLabelEdit();
+        window.tvXML.EndLabelEdit(QStringLiteral("again"));
+    });
+    Time("add a comment", [&] { AddNewTreeCommentNode(window); });
+    Time("move up", [&] {
+        window.tvXML.SetSelectedItem(element.LastChild());
+        window.miPopupContext = kContextTree;
+        MoveUp(window);
+    });
+    Time("delete", [&] { DeleteTreeNode(window, element.LastChild()); });
+    Time("check 1000 names", [&] {
+        for (int i = 0; i < 1000; ++i)
+            m_tvXML::ValidateNodeName(app, QStringLiteral("name"));
+    });
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -110,5 +158,7 @@ int main(int argc, char** argv) {
         Serialise(*window);
     if (what == "select")
         Select(app, *window);
+    if (what == "edit")
+        Edit(app, *window);
     return 0;
 }

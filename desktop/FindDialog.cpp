@@ -29,11 +29,21 @@ FindDialog::FindDialog(frmFind& form, QWidget* parent)
 FindDialog::~FindDialog() = default;
 
 void FindDialog::Open() {
+    if (!isVisible())
+        PlaceAside();
     show();
     raise();
     activateWindow();
     ui_->cmbFind->setFocus(Qt::OtherFocusReason);
     ui_->cmbFind->lineEdit()->selectAll();
+}
+
+// At the right, where it covers the beginning of few lines.
+void FindDialog::PlaceAside() {
+    constexpr int kMargin = 40, kBars = 190;
+    adjustSize();
+    const QPoint place(parentWidget()->width() - width() - kMargin, kBars);
+    move(parentWidget()->mapToGlobal(place));
 }
 
 void FindDialog::reject() {

@@ -21,6 +21,7 @@ public:
     void reject() override; ///< Esc and the title bar's button cancel
 
 private:
+    void PlaceAside();
     void MakeBox(controls::ComboBox& model, QComboBox& widget);
     void MakeCheck(controls::CheckBox& model, QCheckBox& widget);
     void MakeOption(controls::OptionButton& model, QRadioButton& widget);

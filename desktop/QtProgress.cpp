@@ -52,6 +52,16 @@ bool QtProgress::Step(qint64 done, qint64 total) {
     return !cancelled_;
 }
 
+void QtProgress::LastStretch() {
+    if (!dialog_ && since_.elapsed() < kQuietMilliseconds)
+        return;
+    if (!dialog_)
+        Open();
+    dialog_->setCancelButton(nullptr);
+    dialog_->setRange(0, kWholeBar);
+    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
+}
+
 void QtProgress::End() {
     dialog_.reset();
 }

@@ -11,6 +11,7 @@ class QtProgress : public services::Progress {
 public:
     void Begin(const QString& what) override;
     bool Step(qint64 done, qint64 total) override;
+    void LastStretch() override;
     void End() override;
 
 private:

@@ -116,7 +116,7 @@ void TextView::FollowSelection() {
     if (editing_)
         ShowCaret();
     else
-        ShowCaretHigh();
+        ShowProgramsCaret();
 }
 
 void TextView::ApplyFont() {
@@ -152,7 +152,7 @@ void TextView::timerEvent(QTimerEvent* event) {
         later_.stop();
         UpdateBars();
         if (std::exchange(follow_, false))
-            ShowCaretHigh();
+            ShowProgramsCaret();
     } else {
         QAbstractScrollArea::timerEvent(event);
     }

@@ -126,6 +126,7 @@ private:
     int MarginWidth() const; ///< of the line numbers
     void UpdateBars();
     void NoteWidth(double width);
+    void ShowProgramsCaret();
     void ShowSideways(qsizetype position);
 
     // --- painting (TextViewPaint.cpp)

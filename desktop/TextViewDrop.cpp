@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/TextMime.h"
 #include "desktop/TextView.h"
+#include "desktop/Twips.h"
 #include <QDrag>
 #include <QDropEvent>
 #include <QPointer>
@@ -43,8 +44,10 @@ void TextView::dragMoveEvent(QDragMoveEvent* event) {
     if (place.y() < height || place.y() >= viewport()->height() - height)
         ScrollRows(place.y() < height ? -1 : 1);
     const qsizetype position = PositionAt(place);
-    if (!drags_)
+    if (!drags_) {
         Select(position, position);
+        model_->DragOver(ToTwips(place.x()), ToTwips(place.y()));
+    }
     ShowDropPlace(position);
     event->acceptProposedAction();
 }

@@ -157,6 +157,7 @@ void TextView::contextMenuEvent(QContextMenuEvent* event) {
         ShowCaret();
         Q_EMIT contextMenuWanted(viewport()->mapToGlobal(RectAt(caret_).bottomLeft()));
     } else {
+        Q_EMIT userReleased(); // the menu takes the release
         Q_EMIT contextMenuWanted(event->globalPos());
     }
     event->accept();

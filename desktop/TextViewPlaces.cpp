@@ -2,6 +2,7 @@
 // Where a position of the text stands in the view, and the other way round; scrolling.
 #include "desktop/TextColours.h"
 #include "desktop/TextView.h"
+#include <QApplication>
 #include <QScrollBar>
 #include <QStyle>
 #include <algorithm>
@@ -146,6 +147,13 @@ void TextView::ShowCaretHigh() {
     if (row < FirstRow() || row >= FirstRow() + shown)
         verticalScrollBar()->setValue(ToInt(row - std::min<qsizetype>(kRowsAbove, shown / 4)));
     ShowSideways(Selection().start);
+}
+
+// What is typed in one pane goes into the other one too, caret and all: that one keeps showing its place.
+void TextView::ShowProgramsCaret() {
+    const auto* inUse = qobject_cast<const TextView*>(QApplication::focusWidget());
+    if (!inUse || inUse == this)
+        ShowCaretHigh();
 }
 
 void TextView::ShowSideways(qsizetype position) {

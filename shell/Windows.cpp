@@ -47,7 +47,7 @@ void frmMDIMain::FillWindow(DocumentWindow& window, const FetchedText& text) {
         window.msOpenText = {}; // a document that was never saved counts as changed
     } else {
         SetRichText(window, text.text);
-        XMLToTree(window, text.text, 0);
+        XMLToTree(window, text, 0);
         if (!text::IsBlank(window.rtxtXML.Text()))
             window.msOpenText = window.rtxtXML.Long();
         window.msLastParsedText = window.rtxtXML.Long();

@@ -43,9 +43,16 @@ void SelectAllAtTextView(DocumentWindow& window) {
     controls::RichTextBox& pane = window.TextInUse();
     pane.SetSelStart(0);
     pane.SetSelLength(pane.Long().size());
-    if (window.app.frame)
-        window.app.frame->SetMenuSituation(pane.SelLength() > 0 ? MenuSituation::TextSelected
-                                                                : MenuSituation::TextUnselected);
+    ShowSelection(window);
+}
+
+void ShowSelection(DocumentWindow& window) {
+    Frame* frame = window.app.frame;
+    if (!frame || frame->ActiveForm() != &window || !ShowsTab(window, "textview"))
+        return;
+    const bool selected = window.TextInUse().SelLength() > 0;
+    frame->SetMenuSituation(selected ? MenuSituation::TextSelected : MenuSituation::TextUnselected);
+    ShowCursorPosition(window);
 }
 
 void RFind(DocumentWindow& window) {

@@ -17,6 +17,8 @@ QString GetCloseTag(DocumentWindow& window);
 void CloseTag(DocumentWindow& window);
 
 void SelectAllAtTextView(DocumentWindow& window);
+/// Menus and status bar for the selection of the pane in use, where a command has set it.
+void ShowSelection(DocumentWindow& window);
 /// Opens the find dialog on the pane in use while the text view shows.
 void RFind(DocumentWindow& window);
 

@@ -94,12 +94,6 @@ bool PassesTagBorder(const text::LongText& text, qsizetype from, qsizetype to) {
     return passes;
 }
 
-void ShowSelectionMenu(DocumentWindow& window) {
-    if (window.app.frame)
-        window.app.frame->SetMenuSituation(
-            window.TextInUse().SelLength() > 0 ? MenuSituation::TextSelected : MenuSituation::TextUnselected);
-}
-
 } // namespace
 
 void PaneKeyDown(DocumentWindow& window, bool second, int& key, int modifiers) {
@@ -132,20 +126,21 @@ void PaneKeyUp(DocumentWindow& window, bool second, int key, int) {
     if (IsArrow(key) && PassesTagBorder(pane.Long(), before, pane.SelStart()))
         SelectNodeAtCaret(window);
     if (selected != (pane.SelLength() > 0))
-        ShowSelectionMenu(window);
-    ShowCursorPosition(window);
+        ShowSelection(window);
+    else
+        ShowCursorPosition(window);
 }
 
 void PaneMouseUp(DocumentWindow& window, bool second) {
     SetTextStatus(Pane(window, second), window.currentStatus);
-    ShowSelectionMenu(window);
-    ShowCursorPosition(window);
+    ShowSelection(window);
 }
 
 void PaneClick(DocumentWindow& window, bool second) {
     window.miPopupContext = kContextText;
-    PaneMouseUp(window, second);
+    SetTextStatus(Pane(window, second), window.currentStatus);
     SelectNodeAtCaret(window);
+    ShowCursorPosition(window);
 }
 
 void PaneDragOver(DocumentWindow& window, bool second, double x, double y) {

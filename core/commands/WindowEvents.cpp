@@ -252,6 +252,7 @@ void ConnectPane(DocumentWindow& window, controls::RichTextBox& pane, bool secon
     pane.KeyPress.connect([&window, second](const QString& text) { PaneKeyPress(window, second, text); });
     pane.KeyUp.connect(
         [&window, second](int key, int modifiers) { PaneKeyUp(window, second, key, modifiers); });
+    pane.DragOver.connect([&window, second](double x, double y) { PaneDragOver(window, second, x, y); });
     pane.MouseUp.connect([&window, second] { PaneMouseUp(window, second); });
     pane.Click.connect([&window, second] { PaneClick(window, second); });
 }

@@ -13,7 +13,13 @@ using services::Buttons;
 using services::FileError;
 using services::Icon;
 
-// Shows a bar while something is fetched; the bar appears by itself once it takes long.
+// Parts of the work of opening in which the bar goes on, in thousandths. Filling the tree is the rest.
+constexpr qint64 kFetched = 250;
+constexpr qint64 kDecoded = 350;
+constexpr qint64 kParsed = 750;
+constexpr qint64 kWhole = 1000;
+
+// A bar that appears by itself once fetching takes long.
 class Fetching {
 public:
     Fetching(Application& app, const QString& what) : progress_(app.services.progress) {
@@ -22,20 +28,53 @@ public:
     ~Fetching() { progress_.End(); }
     Fetching(const Fetching&) = delete;
     Fetching& operator=(const Fetching&) = delete;
-    std::function<bool(qint64, qint64)> step() {
-        return [this](qint64 done, qint64 total) { return progress_.Step(done, total); };
+    // Steps of a part of the work; false when the user cancelled.
+    std::function<bool(qint64, qint64)> step(qint64 from, qint64 to) {
+        return [this, from, to](qint64 done, qint64 total) {
+            return total > 0 ? progress_.Step(from + (to - from) * done / total, kWhole)
+                             : progress_.Step(done, 0);
+        };
     }
+    void lastStretch() { progress_.LastStretch(); }
 
 private:
     services::Progress& progress_;
 };
 
-// A text that wasn't in the code it claims is shown all the same, and the user learns how it was read.
-void Take(Application& app, text::Decoded decoded, FetchedText& fetched) {
+// Parses while there is still a document to go back to: from here on the window takes the text and can't be
+// stopped half-way. False when the user cancelled.
+bool ParseAhead(Fetching& fetching, FetchedText& fetched) {
+    if (text::Trim(fetched.text).isEmpty())
+        return true;
+    auto parsed = std::make_shared<xml::ParsedDocument>();
+    parsed->loadXML(fetched.text, {}, fetching.step(kDecoded, kParsed));
+    if (parsed->wasStopped())
+        return false;
+    fetched.parsed = std::move(parsed);
+    return true;
+}
+
+// Takes what was decoded. False when the user cancelled. A text that wasn't in the code it claims is shown
+// all the same, and the user learns how it was read.
+bool Take(Application& app, std::shared_ptr<Fetching> fetching, text::Decoded decoded, FetchedText& fetched) {
     fetched.text = std::move(decoded.text);
     fetched.form = std::move(decoded.form);
+    const auto step = fetching->step(kDecoded, kParsed);
+    if (!step(0, 1) || !ParseAhead(*fetching, fetched)) {
+        fetched = {};
+        fetched.cancelled = true;
+        return false;
+    }
+    const bool good = fetched.parsed && fetched.parsed->parseError().errorCode == 0;
+    if (good && decoded.warning.isEmpty()) {
+        fetching->lastStretch();
+        fetched.bar = std::move(fetching);
+        return true;
+    }
+    fetching.reset(); // boxes follow
     if (!decoded.warning.isEmpty())
         app.services.prompts.MsgBox(decoded.warning, Buttons::Ok, Icon::Exclamation);
+    return true;
 }
 
 } // namespace
@@ -54,15 +93,15 @@ bool GetData(Application& app, const QString& address, FetchedText& fetched) {
 bool GetFileData(Application& app, const QString& path, FetchedText& fetched) try {
     fetched = {};
     QByteArray bytes;
-    services::FileResult result;
-    {
-        Fetching fetching(app, path);
-        result = app.services.files.Read(path, bytes, fetching.step());
+    auto fetching = std::make_shared<Fetching>(app, path);
+    const services::FileResult result = app.services.files.Read(path, bytes, fetching->step(0, kFetched));
+    if (result) {
+        text::Decoded decoded = text::Decode(bytes);
+        bytes.clear(); // of a large file these are many
+        return Take(app, std::move(fetching), std::move(decoded), fetched);
     }
+    fetching.reset(); // boxes follow
     switch (result.error) {
-    case FileError::None:
-        Take(app, text::Decode(bytes), fetched);
-        return true;
     case FileError::BadName:
         app.services.prompts.MsgBox(path + QStringLiteral("is a bad file name."));
         return false;
@@ -82,11 +121,8 @@ bool GetFileData(Application& app, const QString& path, FetchedText& fetched) tr
 
 bool GetHttpData(Application& app, const QString& url, FetchedText& fetched) try {
     fetched = {};
-    services::HttpAnswer answer;
-    {
-        Fetching fetching(app, url);
-        answer = app.services.http.Get(url, fetching.step());
-    }
+    auto fetching = std::make_shared<Fetching>(app, url);
+    services::HttpAnswer answer = app.services.http.Get(url, fetching->step(0, kFetched));
     if (answer.cancelled) {
         fetched.cancelled = true;
         return false;
@@ -102,12 +138,13 @@ bool GetHttpData(Application& app, const QString& url, FetchedText& fetched) try
     if (!answer.ok && answer.status < 400)
         throw text::Fault(text::kFaultBadCall, answer.error);
     text::Decoded decoded = text::Decode(answer.body, answer.charset);
+    answer.body.clear();
     if (text::Trim(decoded.text).isEmpty()) {
+        fetching.reset();
         app.services.prompts.MsgBox(QStringLiteral("It's not a valid request."));
         return false;
     }
-    Take(app, std::move(decoded), fetched);
-    return true;
+    return Take(app, std::move(fetching), std::move(decoded), fetched);
 } catch (const text::Fault& fault) {
     ErrorReportBox(app, fault, QStringLiteral("mXMLEdit.GetHttpData"));
     return false;

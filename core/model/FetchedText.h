@@ -2,12 +2,22 @@
 #pragma once
 #include "platform/text/TextFile.h"
 #include <QString>
+#include <memory>
+
+namespace xml {
+class ParsedDocument;
+}
 
 /// A document's text as it was fetched, and how its file writes it.
 struct FetchedText {
     QString text;
     text::FileForm form;
     bool cancelled = false; ///< the user stopped the fetching: nothing is to follow
+    /// The text taken apart, also where that failed; nothing when nobody did so yet. Whoever parses the text
+    /// first takes it, so that a large one isn't kept longer than it is needed.
+    mutable std::shared_ptr<xml::ParsedDocument> parsed;
+    /// Keeps the bar of a long fetching open until the document stands.
+    std::shared_ptr<void> bar;
     FetchedText() = default;
     FetchedText(const QString& plain) : text(plain) {} // NOLINT: a plain text is a fetched one without a file
 };

@@ -3,6 +3,7 @@
 #include "core/model/Frame.h"
 #include "core/model/mXMLEdit.h"
 #include <QThread>
+#include <utility>
 
 // Text to parsed document, and the report on what the parser disliked.
 namespace mXMLEdit {
@@ -20,12 +21,16 @@ DocumentWindow* ActiveForm(Application& app) {
 
 } // namespace
 
-bool LoadXMLDocFromString(Application& app, const QString& text,
+bool LoadXMLDocFromString(Application& app, const FetchedText& text,
                           std::shared_ptr<xml::ParsedDocument>& document, bool quiet) try {
-    if (text.isEmpty())
+    if (text.text.isEmpty())
         return false;
-    document = std::make_shared<xml::ParsedDocument>();
-    if (document->loadXML(text)) {
+    document = std::exchange(text.parsed, nullptr);
+    if (!document) {
+        document = std::make_shared<xml::ParsedDocument>();
+        document->loadXML(text.text);
+    }
+    if (document->parseError().errorCode == 0) {
         SetStatus(app, 1, {});
         app.lastParseError.reset();
         return true;

@@ -21,7 +21,8 @@ bool IsLocalPath(const QString& name);
 
 /// Fetches by the address type. True with an untouched `fetched` for a name that is neither file nor web
 /// address: it is then an empty document. False after a message when nothing could be fetched or the user
-/// cancelled.
+/// cancelled. Text that was fetched is taken apart already while the user can still cancel; a bar that shows
+/// stays as long as `fetched` does.
 bool GetData(Application& app, const QString& address, FetchedText& fetched);
 bool GetFileData(Application& app, const QString& path, FetchedText& fetched);
 bool GetHttpData(Application& app, const QString& url, FetchedText& fetched);
@@ -31,8 +32,9 @@ bool IsBinaryFile(const QString& name);
 
 /// Parses. An empty text does nothing and yields false with `document` untouched. A failure is kept as the
 /// last parse error and reported: quiet by a beep and status panel 1, else in a box. `document` is set in
-/// both cases, so that the caller can point at the error.
-bool LoadXMLDocFromString(Application& app, const QString& text,
+/// both cases, so that the caller can point at the error. A text that was taken apart when it was fetched is
+/// not parsed again.
+bool LoadXMLDocFromString(Application& app, const FetchedText& text,
                           std::shared_ptr<xml::ParsedDocument>& document, bool quiet);
 /// Whether a text parses; reports as a quiet or loud load does. False and no report for an empty text.
 bool ValidateXML(Application& app, const QString& text, bool quiet);

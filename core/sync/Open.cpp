@@ -28,7 +28,7 @@ void Reload(DocumentWindow& window, const QString& fileName, const FetchedText& 
     window.SetCaption(fileName);
     window.fileForm = fetched.form;
     SetRichText(window, fetched.text);
-    XMLToTree(window, fetched.text, 0);
+    XMLToTree(window, fetched, 0);
     if (app.frame)
         ShowNodePath(window, app.frame->StatusBar1());
     window.msOpenText = window.rtxtXML.Long();

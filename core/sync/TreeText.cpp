@@ -89,14 +89,14 @@ void AddTreeRoot(DocumentWindow& window, bool withDefaults) {
     }
 }
 
-ParsedRoot XMLToTree(DocumentWindow& window, const QString& text, long selectNumber) try {
+ParsedRoot XMLToTree(DocumentWindow& window, const FetchedText& text, long selectNumber) try {
     ParsedRoot root;
-    if (text::Trim(text).isEmpty()) {
+    if (text::Trim(text.text).isEmpty()) {
         AddTreeRoot(window, false);
         return root;
     }
     if (!mXMLEdit::LoadXMLDocFromString(window.app, text, root.document, window.bQuietParse)) {
-        ShowBadText(window, text, root.document.get());
+        ShowBadText(window, text.text, root.document.get());
         root.document.reset();
     } else {
         root.element = root.document->documentElement();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/model/DocumentWindow.h"
+#include "core/model/FetchedText.h"
 #include "platform/xml/ParsedDocument.h"
 #include <QString>
 #include <memory>
@@ -21,7 +22,7 @@ void AddTreeRoot(DocumentWindow& window, bool withDefaults);
 /// Copies a text into the tree, whole: new nodes, new keys. A text that doesn't parse leaves the tree as it
 /// is (a tree without a document gets the default one), shows the text view and selects the character at the
 /// error. `selectNumber` is the number of the node to select (0: the first one).
-ParsedRoot XMLToTree(DocumentWindow& window, const QString& text, long selectNumber);
+ParsedRoot XMLToTree(DocumentWindow& window, const FetchedText& text, long selectNumber);
 
 namespace m_tvXML {
 /// Adds the children of `domNode` below the node with `parentKey` (empty: as top nodes). Below the tree root,

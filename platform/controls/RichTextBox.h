@@ -82,6 +82,7 @@ public:
     void UserSelected(qsizetype start, qsizetype length);
     void Type(const QString& text); ///< replaces the selection as typing does, without a widget
     Event<> Click, MouseUp;
+    Event<double, double> DragOver; ///< something from elsewhere is dragged over a point (twips)
     /// Qt key code, Qt modifiers; a handler that uses a key up changes its code.
     Event<int&, int> KeyDown;
     Event<const QString&> KeyPress; ///< before typed characters go in

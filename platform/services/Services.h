@@ -47,6 +47,9 @@ public:
     /// `done` of `total` (total 0: unknown). Handles waiting events of the bar alone. False when the user
     /// cancelled.
     virtual bool Step(qint64 done, qint64 total) = 0;
+    /// What is left can't be cancelled and makes no steps: a bar that is due stays as it is, without its
+    /// button.
+    virtual void LastStretch() {}
     virtual void End() = 0;
 };
 

@@ -26,4 +26,9 @@ std::uint32_t DocumentStore::nameId(const QString& name) {
     return id;
 }
 
+std::optional<std::uint32_t> DocumentStore::findName(const QString& name) const {
+    const auto found = nameIds_.constFind(name);
+    return found == nameIds_.cend() ? std::nullopt : std::optional(*found);
+}
+
 } // namespace xml

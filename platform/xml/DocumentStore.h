@@ -5,6 +5,7 @@
 #include "platform/xml/ParsedDocument.h"
 #include <QHash>
 #include <memory>
+#include <optional>
 
 namespace xml {
 
@@ -32,6 +33,8 @@ struct DocumentStore {
 
     /// Number of a name; a new one if it was not met before. Throws std::bad_alloc when the numbers run out.
     std::uint32_t nameId(const QString& name);
+    /// Number of a name that was met; nothing for any other.
+    std::optional<std::uint32_t> findName(const QString& name) const;
 
     ChunkedArray<NodeRecord, 15> nodes;
     ChunkedArray<Attribute, 14> attributes;

@@ -170,6 +170,8 @@ QString ContentReason(QStringView text, const Complaint& complaint, qsizetype pl
     case XML_ERR_PI_NOT_STARTED:
         return QStringLiteral("A processing instruction must start with a name, not with %1.")
             .arg(Shown(text, place));
+    case kErrorStopped:
+        return QStringLiteral("Reading the document was stopped.");
     case kErrorDepth:
         return QStringLiteral("The elements are nested too deep: more than 5000 levels.");
     case kErrorManyAttributes:

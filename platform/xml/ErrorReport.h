@@ -21,6 +21,8 @@ inline constexpr int kErrorParameterEntity = 10010;    ///< the document type de
 inline constexpr int kErrorLongDeclaration = 10011;    ///< one declaration in it is too long
 inline constexpr int kErrorComparedAttributes = 10012; ///< too many elements have many attributes
 
+inline constexpr int kErrorStopped = 10013; ///< who asked for the parse stopped it
+
 /// What went wrong while a text was parsed, before it is put in words.
 struct Complaint {
     int code = 0;

@@ -15,6 +15,7 @@ constexpr std::size_t kMaxDepth = 5000;
 // Different names, and declarations: the parser library finds them ever slower, the more there are. A text of
 // 20 MB that looks for 100,000 of them in turn takes three seconds.
 constexpr int kMaxNames = 100'000;
+constexpr qsizetype kUnitsPerStep = 250'000;
 
 const char* Chars(const xmlChar* text) {
     return reinterpret_cast<const char*>(text);
@@ -55,6 +56,8 @@ std::optional<Complaint> Loader::load(const QString& text) {
     TagSizeGuard tags(text);
     tags_ = &tags;
     budget_.start(static_cast<std::size_t>(text.size()));
+    length_ = text.size();
+    nextStep_ = kUnitsPerStep;
     compared_.start(static_cast<std::size_t>(text.size()));
     parse(text);
     return complaint_;
@@ -89,7 +92,20 @@ bool Loader::inTag() const {
            !inDocumentType();
 }
 
+void Loader::takeStep() {
+    nextStep_ = feed_->next() + kUnitsPerStep;
+    try {
+        if (step_(feed_->next(), length_))
+            return;
+    } catch (...) {
+        failureOfStep_ = std::current_exception();
+    }
+    fail(kErrorStopped);
+}
+
 int Loader::read(char* buffer, int room) {
+    if (step_ && context_ && !stopped_ && feed_->next() >= nextStep_)
+        takeStep();
     while (context_ && tags_->found() && feed_->next() > tags_->limit()) {
         if (inTag())
             failNow(Complaint{kErrorManyAttributes, tags_->start()});
@@ -121,10 +137,10 @@ void Loader::fail(int code, const QString& name) {
 }
 
 void Loader::libraryError(const xmlError& error) {
-    if (error.level < XML_ERR_FATAL || stopped_)
-        return;
     if (error.code == XML_ERR_NO_MEMORY)
         throw std::bad_alloc();
+    if (error.level < XML_ERR_FATAL || stopped_)
+        return;
     if (error.domain != XML_FROM_PARSER)
         return;
     Complaint complaint{error.code};

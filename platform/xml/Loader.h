@@ -8,6 +8,7 @@
 #include "platform/xml/TagSizeGuard.h"
 #include "platform/xml/Utf8Feed.h"
 #include <QStringView>
+#include <exception>
 #include <libxml/parser.h>
 #include <optional>
 #include <string>
@@ -18,10 +19,13 @@ namespace xml {
 /// Parses one text into a store. The parser calls back event by event; the first thing that is wrong ends it.
 class Loader {
 public:
-    explicit Loader(DocumentStore& store) : store_(store), names_(store) {}
+    Loader(DocumentStore& store, const ParsedDocument::Step& step)
+        : store_(store), step_(step), names_(store) {}
 
     /// The complaint, or nothing when the text was well-formed. Throws when memory runs out.
     std::optional<Complaint> load(const QString& text);
+    /// What the step threw, if it did; the load ended then, with a complaint.
+    std::exception_ptr failureOfStep() const { return failureOfStep_; }
 
 private:
     friend struct LoaderEvents;
@@ -35,6 +39,7 @@ private:
 
     void parse(QStringView text);
     int read(char* buffer, int room);
+    void takeStep();
     bool inTag() const;
     bool isDeclarationTooLong();
 
@@ -72,6 +77,10 @@ private:
     void failNow(Complaint complaint);
 
     DocumentStore& store_;
+    const ParsedDocument::Step& step_;
+    qsizetype nextStep_ = 0; ///< the unit at which the step is due
+    qsizetype length_ = 0;   ///< of the text
+    std::exception_ptr failureOfStep_;
     NameCache names_;
     AttributeRules rules_;
     EntityBudget budget_;

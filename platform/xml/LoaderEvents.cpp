@@ -7,6 +7,12 @@
 
 namespace xml {
 
+void LoaderEvents::RunOut(Loader& loader) {
+    loader.outOfMemory_ = true;
+    loader.stopped_ = true;
+    loader.feed_->stop();
+}
+
 template <typename Act> void LoaderEvents::Do(void* loader, Act act) {
     auto& self = *static_cast<Loader*>(loader);
     if (self.stopped_)
@@ -14,14 +20,18 @@ template <typename Act> void LoaderEvents::Do(void* loader, Act act) {
     try {
         act(self);
     } catch (const std::exception&) {
-        self.outOfMemory_ = true;
-        self.stopped_ = true;
-        self.feed_->stop();
+        RunOut(self);
     }
 }
 
 int LoaderEvents::Read(void* loader, char* buffer, int room) {
-    return static_cast<Loader*>(loader)->read(buffer, room);
+    auto& self = *static_cast<Loader*>(loader);
+    try {
+        return self.read(buffer, room);
+    } catch (const std::exception&) {
+        RunOut(self);
+        return 0;
+    }
 }
 
 void LoaderEvents::Error(void* loader, xmlError* error) {

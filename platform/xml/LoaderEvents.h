@@ -4,6 +4,8 @@
 
 namespace xml {
 
+class Loader;
+
 /// The parser library's callbacks for a Loader: plain functions that hand on to it, let no exception through
 /// the library's frames, and hand on nothing once the parse is lost.
 struct LoaderEvents {
@@ -12,6 +14,7 @@ struct LoaderEvents {
     static void Error(void* loader, xmlError* error);
 
 private:
+    static void RunOut(Loader& loader); ///< of memory
     template <typename Act> static void Do(void* loader, Act act);
 };
 

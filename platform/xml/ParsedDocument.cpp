@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/xml/ParsedDocument.h"
-#include "platform/xml/DirectPath.h"
 #include "platform/xml/DocumentStore.h"
 #include "platform/xml/ErrorReport.h"
 #include "platform/xml/Loader.h"
+#include "platform/xml/PathWalk.h"
 #include "platform/xml/XPathTree.h"
 #include <algorithm>
 #include <exception>
@@ -26,14 +26,18 @@ ParseError MemoryError(const QString& url) {
 }
 
 std::vector<std::uint32_t> Select(DocumentStore& store, const QString& path, QString* error) {
-    if (auto ids = SelectDirectly(store, path))
-        return std::move(*ids);
-    if (!store.xpathTree)
-        store.xpathTree = XPathTree::Make(store);
-    if (store.xpathTree)
-        return store.xpathTree->select(path, error);
+    QString complaint;
+    try {
+        PathWalk walk(store, path);
+        std::vector<std::uint32_t> ids = walk.run();
+        complaint = walk.complaint();
+        if (complaint.isEmpty())
+            return ids;
+    } catch (const std::exception&) {
+        complaint = QStringLiteral("There is not enough memory to search this document.");
+    }
     if (error)
-        *error = QStringLiteral("There is not enough memory to search this document.");
+        *error = complaint;
     return {};
 }
 
@@ -42,19 +46,29 @@ std::vector<std::uint32_t> Select(DocumentStore& store, const QString& path, QSt
 ParsedDocument::ParsedDocument() = default;
 ParsedDocument::~ParsedDocument() = default;
 
-bool ParsedDocument::loadXML(const QString& text, const QString& url) {
+bool ParsedDocument::loadXML(const QString& text, const QString& url, const Step& step) {
     storage_.reset();
     error_ = {};
+    std::exception_ptr ofStep;
     try {
         auto storage = std::make_unique<Storage>();
-        if (const auto complaint = Loader(*storage).load(text))
-            error_ = MakeParseError(text, *complaint, url);
-        else
+        Loader loader(*storage, step);
+        const auto complaint = loader.load(text);
+        ofStep = loader.failureOfStep();
+        if (!complaint && !ofStep)
             storage_ = std::move(storage);
+        else if (complaint)
+            error_ = MakeParseError(text, *complaint, url);
     } catch (const std::exception&) {
         error_ = MemoryError(url);
     }
+    if (ofStep)
+        std::rethrow_exception(ofStep);
     return error_.errorCode == 0;
+}
+
+bool ParsedDocument::wasStopped() const {
+    return error_.errorCode == kErrorStopped;
 }
 
 Node ParsedDocument::document() const {

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringView>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -82,7 +83,8 @@ private:
 /// dropped unless xml:space="preserve" is in scope. The XML declaration is a processing instruction "xml".
 /// Internal entities are resolved, external ones and DTDs are never fetched: a reference to one is a parse
 /// error, because its content could not be kept. Entity expansion and depth (5000 levels) are bounded: a text
-/// beyond them is refused with a parse error.
+/// beyond them is refused with a parse error. So is one with more than 100,000 different names, or with more
+/// attributes side by side than can be compared in a few seconds.
 class ParsedDocument {
 public:
     ParsedDocument();
@@ -90,11 +92,17 @@ public:
     ParsedDocument(const ParsedDocument&) = delete;
     ParsedDocument& operator=(const ParsedDocument&) = delete;
 
-    /// Takes the text apart. `url` is only reported back in the parse error.
-    /// False on an ill-formed text: parseError() tells why and the document is empty. An exception never
-    /// leaves it.
-    bool loadXML(const QString& text, const QString& url = {});
+    /// Told how far a load is, in units of the text; false stops it.
+    using Step = std::function<bool(qsizetype done, qsizetype total)>;
+
+    /// Takes the text apart. `url` is only reported back in the parse error. `step` is called about every
+    /// 250,000 units, and not for shorter texts.
+    /// False on an ill-formed text: parseError() tells why and the document is empty. No exception leaves it
+    /// but one that `step` throws, with the document empty as well.
+    bool loadXML(const QString& text, const QString& url = {}, const Step& step = {});
     const ParseError& parseError() const { return error_; }
+    /// Whether `step` stopped the last load; it has a parse error then, too.
+    bool wasStopped() const;
 
     Node document() const; ///< the document node; nothing before a successful load
     Node documentElement() const;

@@ -3,6 +3,7 @@
 #include "platform/xml/PathSteps.h"
 #include "platform/xml/PrefixSpace.h"
 #include <algorithm>
+#include <cmath>
 #include <libxml/xpathInternals.h>
 #include <new>
 
@@ -10,9 +11,8 @@ namespace xml {
 
 namespace {
 
-// Steps of one evaluation. The engine joins the sets that it found from several nodes by comparing each node
-// with each, and that counts as no step.
-constexpr unsigned long kMostAtOnce = 200'000;
+// Nodes that are compared with each other in the time of one step.
+constexpr unsigned long kComparedPerStep = 500;
 constexpr int kStepsSpent =
     static_cast<int>(XML_XPATH_EXPRESSION_OK) + static_cast<int>(XPATH_OP_LIMIT_EXCEEDED);
 
@@ -24,14 +24,10 @@ bool IsNameCharacter(QChar c) {
     return c.isLetterOrNumber() || c.isSurrogate() || c.isMark() || c == u'_' || c == u'-' || c == u'.';
 }
 
-QString TooLong() {
-    return QStringLiteral("The path takes too long to evaluate.");
-}
-
 /// Keeps the engine's first complaint.
 void KeepComplaint(void* user, xmlErrorPtr error) {
     static_cast<PathEngine*>(user)->complain(
-        error->code == kStepsSpent ? TooLong() : QString::fromUtf8(error->message).simplified());
+        error->code == kStepsSpent ? PathTakesTooLong() : QString::fromUtf8(error->message).simplified());
 }
 
 /// The number of the node that a result entry stands for: an attribute stands for its element. False: for
@@ -46,6 +42,35 @@ bool NumberOf(const xmlNode* node, std::uint32_t& id) {
 }
 
 } // namespace
+
+QString PathTakesTooLong() {
+    return QStringLiteral("The path takes too long to evaluate.");
+}
+
+// Steps to children and attributes find each node once. So does the first step of a path, wherever it leads.
+bool MayJoin(QStringView expression) {
+    bool joins = false;
+    QChar before;      // the last character that is not a blank
+    qsizetype at = -2; // its place
+    OutsideStrings(expression, [&](QChar c, qsizetype place) {
+        if (c.isSpace())
+            return;
+        const bool pair = c == before && at == place - 1;
+        if (c == u'|' || (pair && (c == u':' || c == u'.')))
+            joins = true; // a union, a written axis, ".."
+        if (pair && c == u'/') {
+            qsizetype ahead = at - 1;
+            while (ahead >= 0 && expression[ahead].isSpace())
+                --ahead;
+            const QChar end = ahead < 0 ? QChar(u'(') : expression[ahead];
+            const bool self = end == u'.' && (ahead == 0 || !IsNameCharacter(expression[ahead - 1]));
+            joins = joins || (!self && (IsNameCharacter(end) || QStringView(u")]*").contains(end)));
+        }
+        before = c;
+        at = place;
+    });
+    return joins;
+}
 
 PathEngine::PathEngine(const XPathTree& tree, PathBudget& budget, const QString& path)
     : tree_(tree), budget_(budget), context_(xmlXPathNewContext(tree.document())) {
@@ -77,32 +102,41 @@ void PathEngine::complain(const QString& words) {
         complaint_ = words;
 }
 
-PathEngine::Compiled PathEngine::compile(const QString& expression) {
-    if (IsTooDeep(expression)) {
+PathEngine::Expression PathEngine::compile(const QString& text) {
+    Expression expression;
+    if (IsTooDeep(text)) {
         complain(QStringLiteral("The path is too long or nested too deep."));
-        return nullptr;
+        return expression;
     }
-    Compiled compiled(xmlXPathCtxtCompile(context_.get(), Bytes(expression.toUtf8())));
-    if (!compiled)
+    if (text.trimmed().isEmpty() || text.contains(QChar(u'\0'))) {
+        complain(QStringLiteral("The path is empty or not a text."));
+        return expression;
+    }
+    expression.compiled.reset(xmlXPathCtxtCompile(context_.get(), Bytes(text.toUtf8())));
+    expression.joins = MayJoin(text);
+    if (!expression.compiled)
         complain(QStringLiteral("The path is not a path of XPath."));
-    return compiled;
+    return expression;
 }
 
-PathEngine::Result PathEngine::evaluate(const xmlXPathCompExpr& expression, std::uint32_t id) {
-    if (!complaint_.isEmpty())
+PathEngine::Result PathEngine::evaluate(const Expression& expression, std::uint32_t id) {
+    if (!complaint_.isEmpty() || !expression.compiled)
         return nullptr;
+    const unsigned long left = std::max(budget_.left(), 1UL);
+    const auto root = static_cast<unsigned long>(std::sqrt(static_cast<double>(left * kComparedPerStep)));
     context_->node = tree_.node(id);
     context_->opCount = 0;
-    context_->opLimit = std::clamp(budget_.left(), 1UL, kMostAtOnce);
-    Result result(xmlXPathCompiledEval(const_cast<xmlXPathCompExpr*>(&expression), context_.get()));
-    if (!budget_.take(context_->opCount + 1))
-        complain(TooLong());
+    context_->opLimit = expression.joins ? std::min(left, root) : left;
+    Result result(xmlXPathCompiledEval(expression.compiled.get(), context_.get()));
+    const unsigned long steps = context_->opCount + 1;
+    if (!budget_.take(expression.joins ? steps + steps * steps / kComparedPerStep : steps))
+        complain(PathTakesTooLong());
     if (!result)
         complain(QStringLiteral("The path cannot be evaluated."));
     return complaint_.isEmpty() ? std::move(result) : nullptr;
 }
 
-bool PathEngine::passes(const xmlXPathCompExpr& condition, std::uint32_t id, std::size_t position,
+bool PathEngine::passes(const Expression& condition, std::uint32_t id, std::size_t position,
                         std::size_t size) {
     context_->proximityPosition = static_cast<int>(position);
     context_->contextSize = static_cast<int>(size);
@@ -114,8 +148,7 @@ bool PathEngine::passes(const xmlXPathCompExpr& condition, std::uint32_t id, std
     return xmlXPathCastToBoolean(result.get()) != 0;
 }
 
-void PathEngine::select(const xmlXPathCompExpr& expression, std::uint32_t id,
-                        std::vector<std::uint32_t>& ids) {
+void PathEngine::select(const Expression& expression, std::uint32_t id, std::vector<std::uint32_t>& ids) {
     const Result result = evaluate(expression, id);
     if (!result)
         return;

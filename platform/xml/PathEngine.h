@@ -26,6 +26,12 @@ private:
     unsigned long left_;
 };
 
+QString PathTakesTooLong();
+
+/// Whether the engine may have to join the sets that it finds from several nodes. It compares each node of
+/// such sets with each, and does not count that as steps.
+bool MayJoin(QStringView expression);
+
 /// The parser library's XPath engine for one path on one document. The first thing that goes wrong is kept as
 /// the complaint; from then on nothing is evaluated any more.
 class PathEngine {
@@ -34,18 +40,20 @@ class PathEngine {
     };
 
 public:
-    using Compiled = std::unique_ptr<xmlXPathCompExpr, FreeWith<xmlXPathFreeCompExpr>>;
+    struct Expression {
+        std::unique_ptr<xmlXPathCompExpr, FreeWith<xmlXPathFreeCompExpr>> compiled; ///< nullptr: it is wrong
+        bool joins = false;                                                         ///< see MayJoin
+    };
 
     PathEngine(const XPathTree& tree, PathBudget& budget, const QString& path);
 
-    /// nullptr: the expression is wrong.
-    Compiled compile(const QString& expression);
+    Expression compile(const QString& text);
     /// Whether a node passes a condition, as the node at `position` (1-based) of `size`. False also with a
     /// complaint.
-    bool passes(const xmlXPathCompExpr& condition, std::uint32_t id, std::size_t position, std::size_t size);
+    bool passes(const Expression& condition, std::uint32_t id, std::size_t position, std::size_t size);
     /// Adds the numbers of the nodes that an expression selects from a node, in the engine's order; for an
     /// attribute its element's.
-    void select(const xmlXPathCompExpr& expression, std::uint32_t id, std::vector<std::uint32_t>& ids);
+    void select(const Expression& expression, std::uint32_t id, std::vector<std::uint32_t>& ids);
 
     const QString& complaint() const { return complaint_; }
     void complain(const QString& words);
@@ -54,7 +62,7 @@ private:
     using Context = std::unique_ptr<xmlXPathContext, FreeWith<xmlXPathFreeContext>>;
     using Result = std::unique_ptr<xmlXPathObject, FreeWith<xmlXPathFreeObject>>;
 
-    Result evaluate(const xmlXPathCompExpr& expression, std::uint32_t id);
+    Result evaluate(const Expression& expression, std::uint32_t id);
     void registerPrefixes(QStringView path);
 
     const XPathTree& tree_;

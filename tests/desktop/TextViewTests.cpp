@@ -35,6 +35,8 @@ TEST_F(TextTab, TheSecondPaneIsShownBelowOnceTheTextIsSplit) {
     t.Click(*second.viewport(), second.RectAt(10).center());
     t.Press(Qt::Key_End, Qt::ControlModifier);
     EXPECT_GT(second.FirstRow(), 200);
+    t.Type(QStringLiteral(" "));
+    EXPECT_TRUE(t.Text().Model().Text().endsWith(u' '));
     EXPECT_EQ(t.Text().FirstRow(), 0);
 }
 

@@ -49,6 +49,7 @@ TEST_F(EditNodes, AWalkSavesEachNodeAndStopsAtTheEnds) {
     d->Form_KeyDown(key, static_cast<int>(Qt::ControlModifier));
     EXPECT_EQ(key, 0);
     EXPECT_TRUE(Has("<quill colour=\"blue\">dry</quill>")) << Text();
+    EXPECT_EQ(w->UndoPos, 1);
     EXPECT_EQ(d->txtNodeAttrs.Text(), QStringLiteral("note"));
     EXPECT_FALSE(d->txtNodeName.Enabled());
     EXPECT_EQ(d->txtNodeAttrs.Place().Height, 5795);

@@ -2,10 +2,13 @@
 #include "platform/controls/Rtf.h"
 #include "tests/support/PrintText.h"
 #include <gtest/gtest.h>
+#include <ranges>
 
 namespace {
 
-using namespace controls;
+using controls::ColourRun;
+using controls::ReadRtf;
+using controls::WriteRtf;
 using Runs = std::vector<ColourRun>;
 
 constexpr std::uint32_t kBlue = 0xff0000, kRed = 0x0000ff;
@@ -17,8 +20,8 @@ QString Write(const QString& text, const Runs& runs = {}) {
 /// The text with the number of each colour in front of what it colours: "[ff0000]<[0]a".
 QString Shown(const QString& text, const Runs& runs) {
     QString shown = text;
-    for (auto run = runs.rbegin(); run != runs.rend(); ++run)
-        shown.insert(run->start, u'[' + QString::number(run->colour, 16) + u']');
+    for (const ColourRun& run : std::ranges::reverse_view(runs))
+        shown.insert(run.start, u'[' + QString::number(run.colour, 16) + u']');
     return shown;
 }
 

@@ -46,6 +46,8 @@ TEST(Find, GoesDownOrUpByWordAndCaseAndTellsTheEndOfTheRegion) {
     EXPECT_EQ(desk.Finds(), QStringLiteral("3 6 11 14 17"));
     EXPECT_EQ(desk.app.prompts.Texts(), QStringList{kReached});
     EXPECT_EQ(desk.Selection(), QStringLiteral("17+2")) << "the last hit stays selected";
+    EXPECT_EQ(desk.app.frame().StatusBar1().Panel(2), QStringLiteral("Ln 1 , Col 18"));
+    EXPECT_TRUE(desk.app.frame().Menu(QStringLiteral("mnuEditCopy")).Enabled());
     desk.Up();
     EXPECT_EQ(desk.Finds(), QStringLiteral("14 11 6 3"));
 

@@ -119,6 +119,10 @@ TEST(CaretPanel, ShowsLineAndColumnFromOne) {
     EXPECT_EQ(panel(), QStringLiteral("Ln 3 , Col 1"));
     desk.Select(0);
     EXPECT_EQ(panel(), QStringLiteral("Ln 1 , Col 1"));
+    // What is dragged over the text takes the caret along.
+    desk.pane().charFromPos = [](double x, double) { return static_cast<qsizetype>(x / 15); };
+    desk.pane().DragOver(45, 30);
+    EXPECT_EQ(panel(), QStringLiteral("Ln 1 , Col 4"));
 }
 
 TEST(CaretLink, ArrowsOverATagsBorderSelectTheNodeAndClicksDo) {

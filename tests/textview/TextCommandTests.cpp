@@ -12,35 +12,40 @@ const QString kMoveCursor = QStringLiteral("Please move cursor to end of current
 const QString kIgnore =
     QStringLiteral("The XML is invalid. Please move cursor to end of start tag. Do you want to ignor it?");
 
-TEST(CloseTag, PutsTheEndTagOfTheOpenElementIn) {
-    struct Case {
-        QString document; // the caret stands at the bar
-        QString after;
+TEST(CloseTag, KnowsTheElementThatTheCaretStandsIn) {
+    const std::pair<const char*, const char*> cases[] = {
+        // the caret stands at the bar
+        {"<a><b>|</a>", "</b>"},
+        {"<a>text|", "</a>"},
+        {"<a><b/><c></c>|", "</a>"},
+        {"<a><p:b x=\"1>2\"\ty='/>'>t|</a>", "</p:b>"},
+        {"<?xml version=\"1.0\"?><a><!-- <c> -->|", "</a>"},
+        {"<a><![CDATA[<x>]]>|", "</a>"},
+        {"<a><b\r\nx='1'|", "</b>"},
     };
-    const Case cases[] = {
-        {QStringLiteral("<a><b>|</a>"), QStringLiteral("<a><b></b></a>")},
-        {QStringLiteral("<a>|"), QStringLiteral("<a></a>")},
-        {QStringLiteral("<a><b/><c></c>|"), QStringLiteral("<a><b/><c></c></a>")},
-        {QStringLiteral("<a><p:b x=\"1>2\"\ty='/>'>t|</a>"),
-         QStringLiteral("<a><p:b x=\"1>2\"\ty='/>'>t</p:b></a>")},
-        {QStringLiteral("<?xml version=\"1.0\"?><a><!-- <c> -->|"),
-         QStringLiteral("<?xml version=\"1.0\"?><a><!-- <c> --></a>")},
-        {QStringLiteral("<a><![CDATA[<x>]]>|"), QStringLiteral("<a><![CDATA[<x>]]></a>")},
-    };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.document.toStdString());
-        TextDesk desk;
-        QString text = one.document;
+    TextDesk desk;
+    for (const auto& [document, tag] : cases) {
+        QString text = QLatin1String(document);
         const qsizetype caret = text.indexOf(u'|');
         SetRichText(desk.window(), text.remove(caret, 1));
         desk.Select(caret);
-        desk.window().bUndoRunning = true; // so that the text isn't written anew from the tree
-        desk.app.PressButton(QStringLiteral("tbTextEdit"), QStringLiteral("closetag"));
-        EXPECT_EQ(desk.Text(), one.after);
-        EXPECT_EQ(desk.Selection(), QStringLiteral("%1+0").arg(caret));
-        EXPECT_TRUE(desk.PanesAgree());
-        EXPECT_EQ(desk.window().tvXML.Nodes(1).LastChild().Text(), QStringLiteral("a"));
+        EXPECT_EQ(GetCloseTag(desk.window()), QLatin1String(tag)) << document;
     }
+}
+
+TEST(CloseTag, PutsTheEndTagInKeepsTheCaretAndTheTreeFollows) {
+    TextDesk desk("<a>\n\t<b>one</b>\n\t<c>two</c>\n</a>");
+    const QString open = QStringLiteral("<a>\r\n\t<b>one</b>\r\n\t<c>two\r\n</a>");
+    SetRichText(desk.window(), open);
+    desk.CaretBehind(QStringLiteral("two"));
+    const QString caret = desk.Selection();
+    desk.app.PressButton(QStringLiteral("tbTextEdit"), QStringLiteral("closetag"));
+    EXPECT_EQ(desk.Text(), QStringLiteral("<a>\r\n\t<b>one</b>\r\n\t<c>two</c>\r\n</a>"));
+    EXPECT_EQ(desk.Selection(), caret);
+    EXPECT_TRUE(desk.PanesAgree());
+    EXPECT_EQ(desk.window().tvXML.SelectedItem().Text(), QStringLiteral("c"));
+    desk.Undo();
+    EXPECT_EQ(desk.Text(), open);
 }
 
 TEST(CloseTag, TellsWhyThereIsNone) {

@@ -23,6 +23,7 @@ public:
     void Enter(controls::RichTextBox& target) { target.GotFocus(); }
     void Select(qsizetype start, qsizetype length = 0) {
         pane().UserSelected(start, length);
+        pane().MouseUp();
         pane().Click();
     }
     /// Selects the first place of a text, or sets the caret behind it.

@@ -3,6 +3,7 @@
 #include "core/model/DocumentWindow.h"
 #include "core/model/Frame.h"
 #include "textview/ReplaceHits.h"
+#include "textview/TextCommands.h"
 
 namespace {
 
@@ -157,6 +158,7 @@ void frmFind::Run(bool replacing) try {
         return;
     qsizetype result = -1;
     GeneralFindReplace(*app_.findTarget, replacing, cmbReplace.Text(), result);
+    ShowSelection(*app_.findWindow);
     ProcessLists(replacing);
     if (result < 0)
         TellEnd();
@@ -200,6 +202,7 @@ void frmFind::cmdReplaceAll_Click() try {
         again = !up && replacement.isEmpty() && last == target.Long().size();
     }
     hit_ = {};
+    ShowSelection(*app_.findWindow);
     ProcessLists(true);
     TellEnd();
 } catch (const text::Fault& fault) {

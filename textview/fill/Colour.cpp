@@ -9,7 +9,6 @@ namespace {
 
 using controls::RichTextBox;
 
-constexpr int kNoColours = 3; ///< the level of texts that are too large to be coloured
 constexpr qsizetype kLongestSelection = 512;
 
 constexpr std::uint32_t kBlack = 0;

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int kNoColours = 3; ///< the level of texts that are too large to be coloured
-
 QString Anchor() {
     return QStringLiteral("\\viewkind4\\uc1\\pard\\");
 }

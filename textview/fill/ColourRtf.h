@@ -14,6 +14,8 @@
 // take in its place; the text ahead of the first coloured character is shown in the first colour of the
 // table.
 
+inline constexpr int kNoColours = 3; ///< the level of texts that are too large to be coloured
+
 /// One substitution over the whole string, header included: global, case-sensitive, left to right.
 struct ColourStep {
     QString search;
