@@ -14,21 +14,20 @@ DocumentStore::DocumentStore() {
 DocumentStore::~DocumentStore() = default;
 
 std::uint32_t DocumentStore::nameId(const QString& name) {
-    const auto found = nameIds_.constFind(name);
-    if (found != nameIds_.cend())
-        return *found;
+    if (const auto known = findName(name))
+        return *known;
     constexpr std::size_t kMaxNames = std::size_t{1} << 28;
     if (names.size() == kMaxNames)
         throw std::bad_alloc();
     const auto id = static_cast<std::uint32_t>(names.size());
     names.push_back(name);
-    nameIds_.insert(name, id);
+    nameIds_.emplace(name, id);
     return id;
 }
 
 std::optional<std::uint32_t> DocumentStore::findName(const QString& name) const {
-    const auto found = nameIds_.constFind(name);
-    return found == nameIds_.cend() ? std::nullopt : std::optional(*found);
+    const auto found = nameIds_.find(name);
+    return found == nameIds_.end() ? std::nullopt : std::optional(found->second);
 }
 
 } // namespace xml

@@ -3,9 +3,10 @@
 #include "platform/text/StringPool.h"
 #include "platform/xml/ChunkedArray.h"
 #include "platform/xml/ParsedDocument.h"
-#include <QHash>
+#include <QString>
 #include <memory>
 #include <optional>
+#include <unordered_map>
 
 namespace xml {
 
@@ -46,7 +47,8 @@ struct DocumentStore {
     std::unique_ptr<XPathTree> xpathTree; ///< made when a path is first asked for
 
 private:
-    QHash<QString, std::uint32_t> nameIds_;
+    // Not Qt's: that one ends the program when memory runs out.
+    std::unordered_map<QString, std::uint32_t> nameIds_;
 };
 
 /// The private side of ParsedDocument's header.

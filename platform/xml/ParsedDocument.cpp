@@ -25,22 +25,6 @@ ParseError MemoryError(const QString& url) {
     return error;
 }
 
-std::vector<std::uint32_t> Select(DocumentStore& store, const QString& path, QString* error) {
-    QString complaint;
-    try {
-        PathWalk walk(store, path);
-        std::vector<std::uint32_t> ids = walk.run();
-        complaint = walk.complaint();
-        if (complaint.isEmpty())
-            return ids;
-    } catch (const std::exception&) {
-        complaint = QStringLiteral("There is not enough memory to search this document.");
-    }
-    if (error)
-        *error = complaint;
-    return {};
-}
-
 } // namespace
 
 ParsedDocument::ParsedDocument() = default;
@@ -96,13 +80,23 @@ text::CompactView ParsedDocument::view(text::StringPool::Ref ref) const {
 }
 
 std::vector<Node> ParsedDocument::selectNodes(const QString& xpath, QString* error) const {
-    if (error)
-        error->clear();
-    if (!storage_)
-        return {};
+    QString complaint;
     std::vector<Node> nodes;
-    for (const std::uint32_t id : Select(*storage_, xpath, error))
-        nodes.push_back(Node(this, id));
+    try {
+        if (storage_) {
+            PathWalk walk(*storage_, xpath);
+            const PathWalk::Ids ids = walk.run();
+            nodes.reserve(ids.size());
+            for (const std::uint32_t id : ids)
+                nodes.push_back(Node(this, id));
+            complaint = walk.complaint();
+        }
+    } catch (const std::exception&) {
+        nodes.clear();
+        complaint = QStringLiteral("There is not enough memory to search this document.");
+    }
+    if (error)
+        *error = complaint;
     return nodes;
 }
 

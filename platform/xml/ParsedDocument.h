@@ -114,8 +114,8 @@ public:
 
     /// The nodes an XPath 1.0 expression selects from the document node, in document order. A prefix in the
     /// path matches the same prefix as written in the document, and a name without a prefix matches a name
-    /// without one, whatever namespace is declared. Attributes yield their element. A wrong expression gives
-    /// an empty list and fills `error` if given.
+    /// without one, whatever namespace is declared. Attributes yield their element. A wrong expression, one
+    /// that takes too long, or a lack of memory gives an empty list and fills `error` if given.
     std::vector<Node> selectNodes(const QString& xpath, QString* error = nullptr) const;
     Node selectSingleNode(const QString& xpath, QString* error = nullptr) const;
 
