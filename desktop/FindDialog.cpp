@@ -28,7 +28,7 @@ FindDialog::FindDialog(frmFind& form, QWidget* parent)
 
 FindDialog::~FindDialog() = default;
 
-void FindDialog::Open() {
+void FindDialog::ShowInFront() {
     if (!isVisible())
         PlaceAside();
     show();
@@ -52,8 +52,8 @@ void FindDialog::reject() {
 
 void FindDialog::MakeBox(controls::ComboBox& model, QComboBox& widget) {
     new ChoiceAdapter(model, widget, this);
-    auto* events = new ControlEvents(widget, this);
-    events->lostFocus = [&model] { model.LostFocus(); };
+    boxEvents_.push_back(std::make_unique<ControlEvents>(widget, nullptr));
+    boxEvents_.back()->lostFocus = [&model] { model.LostFocus(); };
 }
 
 void FindDialog::MakeCheck(controls::CheckBox& model, QCheckBox& widget) {

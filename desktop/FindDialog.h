@@ -3,10 +3,12 @@
 #include "textview/dialogs/frmFind.h"
 #include <QDialog>
 #include <memory>
+#include <vector>
 
 namespace Ui {
 class frmFind;
 }
+class ControlEvents;
 class QCheckBox;
 class QComboBox;
 class QPushButton;
@@ -17,7 +19,7 @@ class FindDialog : public QDialog {
 public:
     FindDialog(frmFind& form, QWidget* parent);
     ~FindDialog() override;
-    void Open();            ///< shows it in front, ready for what is to be found
+    void ShowInFront();     ///< ready for what is to be found
     void reject() override; ///< Esc and the title bar's button cancel
 
 private:
@@ -29,4 +31,5 @@ private:
 
     frmFind& form_;
     std::unique_ptr<Ui::frmFind> ui_;
+    std::vector<std::unique_ptr<ControlEvents>> boxEvents_;
 };

@@ -143,7 +143,7 @@ void MainWindow::FollowFrame() {
     Listen(frame_.findShown, this, [this](frmFind& form) {
         if (!find_)
             find_ = new FindDialog(form, this);
-        find_->Open();
+        find_->ShowInFront();
     });
     Listen(frame_.popup, this, [this](DocumentWindow*, int x, int y) {
         const bool atPointer = x < 0 || y < 0;

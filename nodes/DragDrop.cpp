@@ -79,7 +79,7 @@ void DropOnPane(DocumentWindow& window, controls::RichTextBox& pane, const QStri
                 qsizetype position) {
     if (text.isEmpty())
         return;
-    const qsizetype at = std::clamp<qsizetype>(position, 0, pane.Text().size());
+    const qsizetype at = std::clamp<qsizetype>(position, 0, pane.Long().size());
     pane.SetSelStart(at);
     pane.SetSelLength(0);
     pane.SetSelText(text);

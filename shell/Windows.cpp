@@ -48,7 +48,7 @@ void frmMDIMain::FillWindow(DocumentWindow& window, const FetchedText& text) {
     } else {
         SetRichText(window, text.text);
         XMLToTree(window, text, 0);
-        if (!text::IsBlank(window.rtxtXML.Text()))
+        if (!window.rtxtXML.Long().holdsOnly(u" \t\r\n"))
             window.msOpenText = window.rtxtXML.Long();
         window.msLastParsedText = window.rtxtXML.Long();
         ShowNodePath(window, statusBar_);

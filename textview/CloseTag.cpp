@@ -130,7 +130,7 @@ void CloseTag(DocumentWindow& window) try {
         rUndo(window);
     } else {
         const long number = m_tvXML::GetNodeNumByTextPosition(pane.Long(), start);
-        if (XMLToTree(window, pane.Text(), number).document) {
+        if (XMLToTree(window, pane.Long(), number).document) {
             window.bTextChanged = false;
             window.msLastParsedText = pane.Long();
         }

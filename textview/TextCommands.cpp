@@ -67,7 +67,7 @@ void RFind(DocumentWindow& window) {
 void Validate(DocumentWindow& window, bool quiet, bool& result) try {
     BringPanesTogether(window);
     std::shared_ptr<xml::ParsedDocument> document;
-    result = mXMLEdit::LoadXMLDocFromString(window.app, window.rtxtXML.Text(), document, quiet);
+    result = mXMLEdit::LoadXMLDocFromString(window.app, window.rtxtXML.Long(), document, quiet);
     if (result && !quiet)
         window.app.services.prompts.MsgBox(QStringLiteral("It is valid XML!"));
 } catch (const text::Fault& fault) {

@@ -38,7 +38,7 @@ void ApplyToText(DocumentWindow& window, const UndoRecord& record, Way way) {
 // A text on the way between two states that parse often doesn't: the status bar tells, a box at each step
 // would not be wanted.
 ParsedRoot BuildTree(DocumentWindow& window) {
-    const QString text = window.TextInUse().Text();
+    const text::LongText text = window.TextInUse().Long();
     window.bQuietParse = true;
     ParsedRoot root = XMLToTree(window, text, 0);
     window.bTextChanged = false;

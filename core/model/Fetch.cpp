@@ -44,7 +44,7 @@ private:
 // Parses while there is still a document to go back to: from here on the window takes the text and can't be
 // stopped half-way. False when the user cancelled.
 bool ParseAhead(Fetching& fetching, FetchedText& fetched) {
-    if (text::Trim(fetched.text).isEmpty())
+    if (fetched.text.holdsOnly(u" "))
         return true;
     auto parsed = std::make_shared<xml::ParsedDocument>();
     parsed->loadXML(fetched.text, {}, fetching.step(kDecoded, kParsed));
@@ -139,7 +139,7 @@ bool GetHttpData(Application& app, const QString& url, FetchedText& fetched) try
         throw text::Fault(text::kFaultBadCall, answer.error);
     text::Decoded decoded = text::Decode(answer.body, answer.charset);
     answer.body.clear();
-    if (text::Trim(decoded.text).isEmpty()) {
+    if (decoded.text.holdsOnly(u" ")) {
         fetching.reset();
         app.services.prompts.MsgBox(QStringLiteral("It's not a valid request."));
         return false;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "platform/text/TextFile.h"
-#include <QString>
+#include "platform/text/TextTools.h"
 #include <memory>
 
 namespace xml {
@@ -10,7 +10,7 @@ class ParsedDocument;
 
 /// A document's text as it was fetched, and how its file writes it.
 struct FetchedText {
-    QString text;
+    text::LongText text; ///< with CR LF line ends
     text::FileForm form;
     bool cancelled = false; ///< the user stopped the fetching: nothing is to follow
     /// The text taken apart, also where that failed; nothing when nobody did so yet. Whoever parses the text
@@ -19,5 +19,8 @@ struct FetchedText {
     /// Keeps the bar of a long fetching open until the document stands.
     std::shared_ptr<void> bar;
     FetchedText() = default;
-    FetchedText(const QString& plain) : text(plain) {} // NOLINT: a plain text is a fetched one without a file
+    // NOLINTBEGIN: a plain text is a fetched one without a file
+    FetchedText(const QString& plain) : text(text::ToCrLf(plain)) {}
+    FetchedText(const text::LongText& plain) : text(plain) {}
+    // NOLINTEND
 };

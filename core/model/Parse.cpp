@@ -50,7 +50,7 @@ bool LoadXMLDocFromString(Application& app, const FetchedText& text,
     return false;
 }
 
-bool ValidateXML(Application& app, const QString& text, bool quiet) {
+bool ValidateXML(Application& app, const FetchedText& text, bool quiet) {
     std::shared_ptr<xml::ParsedDocument> document;
     return LoadXMLDocFromString(app, text, document, quiet);
 }

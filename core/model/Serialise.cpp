@@ -2,7 +2,7 @@
 #include "core/model/Serialise.h"
 #include "core/model/m_tvXML.h"
 #include "platform/controls/TreeCursor.h"
-#include "platform/text/TextTools.h"
+#include "platform/text/LineEnds.h"
 
 namespace m_tvXML {
 
@@ -41,6 +41,55 @@ private:
     char16_t* begin() { return reinterpret_cast<char16_t*>(text_.data()); }
     QString text_;
     char16_t* at_;
+};
+
+// Gathers pieces that are worth handing on.
+class LongSink {
+public:
+    explicit LongSink(const text::LongText& like) : text_(text::LongText::Builder(like)) {}
+    void put(CompactView piece) {
+        while (piece.length > room()) {
+            piece = copyPart(piece);
+            flush();
+        }
+        at_ = piece.copyTo(at_);
+    }
+    void put(QStringView piece) {
+        for (; piece.size() > room(); flush()) {
+            const qsizetype part = room();
+            at_ = std::copy_n(piece.utf16(), part, at_);
+            piece = piece.sliced(part);
+        }
+        at_ = std::copy_n(piece.utf16(), piece.size(), at_);
+    }
+    void repeat(QStringView piece, int times) {
+        for (int i = 0; i < times; ++i)
+            put(piece);
+    }
+    text::LongText finish() {
+        flush();
+        return text_.finish();
+    }
+
+private:
+    static constexpr std::size_t kGathered = 16'384;
+    qsizetype room() const { return buffer_.data() + kGathered - at_; }
+    CompactView copyPart(CompactView piece) {
+        CompactView part = piece;
+        part.length = static_cast<std::uint32_t>(room());
+        at_ = part.copyTo(at_);
+        piece.data += part.length * (piece.wide ? 2U : 1U);
+        piece.length -= part.length;
+        return piece;
+    }
+    void flush() {
+        text_.append(QStringView(buffer_.data(), at_));
+        at_ = buffer_.data();
+    }
+
+    text::CrLfBuilder text_;
+    std::vector<char16_t> buffer_ = std::vector<char16_t>(kGathered);
+    char16_t* at_ = buffer_.data();
 };
 
 CompactView WithoutTrailingBlanks(CompactView view) {
@@ -202,6 +251,14 @@ QString GetTreeNodesXML(controls::TreeNode node, const QString& indentUnit) {
     TextSink sink(length.length());
     Writer<TextSink>(sink, indentUnit).write(top, level);
     return sink.take();
+}
+
+text::LongText GetTreeText(controls::TreeNode node, const QString& indentUnit, const text::LongText& like) {
+    if (!node)
+        return {};
+    LongSink sink(like);
+    Writer<LongSink>(sink, indentUnit).write(TreeCursor(node), GetNodeLevel(node));
+    return sink.finish();
 }
 
 qsizetype GetTextPositionByNodeNum(const text::LongText& text, long number) {

@@ -37,7 +37,7 @@ bool IsBinaryFile(const QString& name);
 bool LoadXMLDocFromString(Application& app, const FetchedText& text,
                           std::shared_ptr<xml::ParsedDocument>& document, bool quiet);
 /// Whether a text parses; reports as a quiet or loud load does. False and no report for an empty text.
-bool ValidateXML(Application& app, const QString& text, bool quiet);
+bool ValidateXML(Application& app, const FetchedText& text, bool quiet);
 
 /// The seven lines of the report. While the active window shows its text view, the caret goes to the error
 /// too.

@@ -125,13 +125,17 @@ void SelectTreeNodeByPath(DocumentWindow& window, const QString& path) try {
         return;
     }
     std::shared_ptr<xml::ParsedDocument> document;
-    if (!mXMLEdit::LoadXMLDocFromString(window.app, window.TextInUse().Text(), document, false))
+    if (!mXMLEdit::LoadXMLDocFromString(window.app, window.TextInUse().Long(), document, false))
         return;
-    const xml::Node found = document->selectSingleNode(path);
-    if (found)
+    QString complaint;
+    const xml::Node found = document->selectSingleNode(path, &complaint);
+    if (found) {
         SelectTreeNodeByDomNode(window, found);
-    else
-        window.app.services.prompts.MsgBox(QStringLiteral("Can not find any node by path:"));
+        return;
+    }
+    if (window.app.frame) // what is wrong with the path itself, if anything is
+        window.app.frame->StatusBar1().SetPanel(1, complaint);
+    window.app.services.prompts.MsgBox(QStringLiteral("Can not find any node by path:"));
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".txtXPath_KeyUp"));
 }

@@ -83,8 +83,8 @@ bool Write(DocumentWindow& window, const QString& fileName) {
         window.bCancelSave = window.bUnloading;
         return false;
     }
-    if (text != window.rtxtXML.Text()) {
-        ChangeText(window, text, window.TextInUse().Content());
+    if (!(window.rtxtXML.Long() == text)) {
+        ChangeText(window, text::LongText::Like(text, window.rtxtXML.Long()), window.TextInUse().Content());
         window.bQuietParse = true;
         const long number = m_tvXML::GetBeforeNodeNumber(window.app, window.tvXML.SelectedItem());
         const bool root = m_tvXML::IsTreeRoot(window.tvXML.SelectedItem());

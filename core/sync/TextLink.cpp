@@ -28,7 +28,7 @@ void BuildTreeFromText(DocumentWindow& window, TreeNode selected) {
         window.bTextChanged =
             false; // before the parse: a failed one shows the text view, which looks at the flag again
         window.msLastParsedText = inUse.Long();
-        const ParsedRoot root = XMLToTree(window, inUse.Text(), number);
+        const ParsedRoot root = XMLToTree(window, inUse.Long(), number);
         if (root.document)
             selections.restore();
     } else {

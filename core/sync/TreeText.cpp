@@ -26,14 +26,14 @@ bool ShowsTextView(DocumentWindow& window) {
 }
 
 // The bad text is shown as it came, the tree stays; a window without a document gets the default tree.
-void ShowBadText(DocumentWindow& window, const QString& text, const xml::ParsedDocument* document) {
+void ShowBadText(DocumentWindow& window, const text::LongText& text, const xml::ParsedDocument* document) {
     Application& app = window.app;
     if (window.tvXML.Nodes.Count() < 2)
         AddTreeRoot(window, true);
     TreeNode root = window.tvXML.Nodes(1);
     if (root.Text() != app.CurrentFileName)
         root.SetText(app.CurrentFileName);
-    if (window.rtxtXML.Text().isEmpty()) {
+    if (window.rtxtXML.Long().isEmpty()) {
         const QScopedValueRollback ownWriting(window.bControlChange, true);
         window.rtxtXML.SetText(text);
         window.rtxtXML2.SetText(text);
@@ -59,9 +59,9 @@ void SelectByNumber(DocumentWindow& window, long number) {
         node.SetExpanded(true);
 }
 
-QString TreeAsText(DocumentWindow& window) {
-    // A text node may hold a lone line feed; the text view writes every line end as CR LF.
-    return text::ToCrLf(m_tvXML::GetTreeNodesXML(window.tvXML.Nodes(window.Caption), QStringLiteral("\t")));
+text::LongText TreeAsText(DocumentWindow& window) {
+    return m_tvXML::GetTreeText(window.tvXML.Nodes(window.Caption), QStringLiteral("\t"),
+                                window.TextInUse().Long());
 }
 
 } // namespace
@@ -91,7 +91,7 @@ void AddTreeRoot(DocumentWindow& window, bool withDefaults) {
 
 ParsedRoot XMLToTree(DocumentWindow& window, const FetchedText& text, long selectNumber) try {
     ParsedRoot root;
-    if (text::Trim(text.text).isEmpty()) {
+    if (text.text.holdsOnly(u" ")) {
         AddTreeRoot(window, false);
         return root;
     }
@@ -101,7 +101,7 @@ ParsedRoot XMLToTree(DocumentWindow& window, const FetchedText& text, long selec
     } else {
         root.element = root.document->documentElement();
         FillTree(window, *root.document);
-        if (ShowsTextView(window) || window.rtxtXML.Text().isEmpty())
+        if (ShowsTextView(window) || window.rtxtXML.Long().isEmpty())
             TreeChangeTextView(window);
         SelectByNumber(window, selectNumber);
     }
@@ -131,12 +131,12 @@ void TreeChangeTextView(DocumentWindow& window, bool withNewNode) try {
     }
     const TreeNode selected = window.tvXML.SelectedItem();
     if (!text::Trim(window.Caption).isEmpty()) {
-        const QString xml = TreeAsText(window);
+        const text::LongText xml = TreeAsText(window);
         // The text is tried even where it will be taken anyway: status panel and last parse error tell how it
         // stands. With a large one that would hold up each command for a second or more: saving tries it.
         const bool tried = xml.size() <= kTriedAtOnce;
         const bool valid = tried && mXMLEdit::ValidateXML(window.app, xml, true);
-        if ((valid || !text::Trim(xml).isEmpty()) && !(target.Long() == xml))
+        if ((valid || !xml.holdsOnly(u" ")) && !(target.Long() == xml))
             ChangeText(window, xml, target.Content());
         window.msLastParsedText = target.Long(); // now the two say the same
     }

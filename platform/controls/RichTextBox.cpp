@@ -51,7 +51,11 @@ QString RichTextBox::Text() const {
 }
 
 void RichTextBox::SetText(const QString& text) {
-    SetContent({text::LongText::Like(text::ToCrLf(text), text_), {}});
+    SetText(text::LongText::Like(text::ToCrLf(text), text_));
+}
+
+void RichTextBox::SetText(const text::LongText& text) {
+    SetContent({text, {}});
 }
 
 void RichTextBox::SetContent(const RichContent& content) {

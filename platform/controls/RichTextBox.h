@@ -39,8 +39,9 @@ class RichTextBox {
 public:
     const text::LongText& Long() const { return text_; }
     const std::vector<ColourRun>& Runs() const { return runs_; }
-    QString Text() const;              ///< the whole text: made anew for a large one on each call
-    void SetText(const QString& text); ///< no colours; caret to 0; raises Change when the text differs
+    QString Text() const;                     ///< the whole text: made anew for a large one on each call
+    void SetText(const QString& text);        ///< no colours; caret to 0; raises Change when the text differs
+    void SetText(const text::LongText& text); ///< the same; its line ends are CR LF
     RichContent Content() const { return {text_, runs_}; }
     void SetContent(const RichContent& content);
     QString TextRTF() const; ///< text and colours as an RTF document

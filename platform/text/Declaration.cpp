@@ -65,6 +65,10 @@ QString DeclaredEncoding(QStringView text) {
     return text.sliced(found.labelStart, found.labelEnd - found.labelStart).toString();
 }
 
+QString DeclaredEncoding(const LongText& text) {
+    return DeclaredEncoding(text.mid(0, kSearched));
+}
+
 QString WithDeclaredEncoding(const QString& text, const QString& label) {
     const Declaration found = FindDeclaration(text);
     if (found.labelStart >= 0)

@@ -47,7 +47,7 @@ std::size_t CountLineEnds(QStringView text) {
 class MixedLineEnds {
 public:
     MixedLineEnds(QStringView text, const LineEnds& ends) : ends_(ends) {
-        const QStringView loaded = ends.loadedText;
+        const QString loaded = ends.loadedText.toString();
         const qsizetype shorter = std::min(text.size(), loaded.size());
         const qsizetype same =
             std::mismatch(text.begin(), text.begin() + shorter, loaded.begin()).first - text.begin();
@@ -94,16 +94,41 @@ const char16_t* FindLineEnd(const char16_t* p, const char16_t* end) {
     return p;
 }
 
-LineEndReader::LineEndReader(qsizetype expectedUnits) {
-    text_.reserve(expectedUnits + expectedUnits / 16);
+void CrLfBuilder::append(QStringView part) {
+    if (part.isEmpty())
+        return;
+    const char16_t* p = part.utf16();
+    const char16_t* const end = p + part.size();
+    if (std::exchange(pendingCr_, false)) {
+        const bool pair = *p == kLf;
+        note(pair ? LineEnd::CrLf : LineEnd::Cr);
+        p += pair;
+    }
+    const char16_t* from = p;
+    while ((p = FindLineEnd(p, end)) != end) {
+        if (*p == kCr && p + 1 != end && p[1] == kLf) {
+            note(LineEnd::CrLf); // stands as it should: copied with its surroundings
+            p += 2;
+            continue;
+        }
+        text_.append(QStringView(from, p));
+        text_.append(u"\r\n");
+        if (*p == kCr && p + 1 == end)
+            pendingCr_ = true;
+        else
+            note(*p == kCr ? LineEnd::Cr : LineEnd::Lf);
+        from = ++p;
+    }
+    text_.append(QStringView(from, end));
 }
 
-void LineEndReader::Put(const char16_t* units, std::size_t length) {
-    std::copy_n(units, length, reinterpret_cast<char16_t*>(text_.data()) + used_);
-    used_ += length;
+LongText CrLfBuilder::finish() {
+    if (std::exchange(pendingCr_, false))
+        note(LineEnd::Cr);
+    return text_.finish();
 }
 
-void LineEndReader::Note(LineEnd kind) {
+void LineEndReader::note(LineEnd kind) {
     if (total_ == 0)
         first_ = kind;
     if (each_.empty() && kind != first_)
@@ -114,39 +139,7 @@ void LineEndReader::Note(LineEnd kind) {
     ++total_;
 }
 
-void LineEndReader::Append(const char16_t* p, std::size_t length) {
-    if (length == 0)
-        return;
-    // In the worst case every unit is a line end of its own. Growing a large text moves pages and copies
-    // nothing.
-    const std::size_t room = used_ + 2 * length;
-    if (static_cast<std::size_t>(text_.size()) < room)
-        text_.resize(static_cast<qsizetype>(std::max(room, static_cast<std::size_t>(text_.capacity()))));
-    const char16_t* const end = p + length;
-    if (std::exchange(pendingCr_, false)) {
-        const bool pair = *p == kLf;
-        Note(pair ? LineEnd::CrLf : LineEnd::Cr);
-        p += pair;
-    }
-    const char16_t* from = p;
-    while ((p = FindLineEnd(p, end)) != end) {
-        if (*p == kCr && p + 1 != end && p[1] == kLf) {
-            Note(LineEnd::CrLf); // stands as it should: copied with its surroundings
-            p += 2;
-            continue;
-        }
-        Put(from, static_cast<std::size_t>(p - from));
-        Put(u"\r\n", 2);
-        if (*p == kCr && p + 1 == end)
-            pendingCr_ = true;
-        else
-            Note(*p == kCr ? LineEnd::Cr : LineEnd::Lf);
-        from = ++p;
-    }
-    Put(from, static_cast<std::size_t>(end - from));
-}
-
-LineEnd LineEndReader::Common() const {
+LineEnd LineEndReader::common() const {
     LineEnd best = first_;
     for (const LineEnd kind : {LineEnd::CrLf, LineEnd::Lf, LineEnd::Cr}) {
         if (counts_[static_cast<std::size_t>(kind)] > counts_[static_cast<std::size_t>(best)])
@@ -155,16 +148,13 @@ LineEnd LineEndReader::Common() const {
     return best;
 }
 
-QString LineEndReader::Finish(LineEnds& ends) {
-    if (std::exchange(pendingCr_, false))
-        Note(LineEnd::Cr);
-    text_.truncate(static_cast<qsizetype>(used_));
-    text_.squeeze();
-    ends.common = Common();
-    ends.each = std::move(each_);
-    if (!ends.each.empty())
-        ends.loadedText = text_;
-    return std::move(text_);
+LineEnds LineEndReader::ends(const LongText& text) {
+    LineEnds result;
+    result.common = common();
+    result.each = std::move(each_);
+    if (!result.each.empty())
+        result.loadedText = text;
+    return result;
 }
 
 void WriteLineEnds(QStringView text, const LineEnds& ends,

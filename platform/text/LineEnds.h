@@ -13,24 +13,35 @@ namespace text {
 /// The first CR or LF in [p, end); `end` when there is none.
 const char16_t* FindLineEnd(const char16_t* p, const char16_t* end);
 
-/// Gathers the text of a file piece by piece, turns every line end into CR LF and notes how the file wrote
-/// them.
-class LineEndReader {
+/// Gathers a text part by part and turns every line end (CR LF, CR alone, LF alone) into CR LF.
+class CrLfBuilder {
 public:
-    /// `expectedUnits`: about how long the text will be.
-    explicit LineEndReader(qsizetype expectedUnits);
-    void Append(const char16_t* units, std::size_t length);
-    /// The whole text; `ends` is filled. Call once, at the end.
-    QString Finish(LineEnds& ends);
+    explicit CrLfBuilder(LongText::Builder text = {}) : text_(std::move(text)) {}
+    virtual ~CrLfBuilder() = default;
+    CrLfBuilder(const CrLfBuilder&) = delete;
+    CrLfBuilder& operator=(const CrLfBuilder&) = delete;
+    void append(QStringView part);
+    /// The whole text. Call once, at the end.
+    LongText finish();
+
+protected:
+    virtual void note(LineEnd) {} ///< told of each line end that came
 
 private:
-    void Put(const char16_t* units, std::size_t length);
-    void Note(LineEnd kind);
-    LineEnd Common() const;
+    LongText::Builder text_;
+    bool pendingCr_ = false; ///< the last part ended in CR: it may be the half of a CR LF
+};
 
-    QString text_; ///< longer than what it holds
-    std::size_t used_ = 0;
-    bool pendingCr_ = false; ///< the last piece ended in CR: it may be the half of a CR LF
+/// Gathers the text of a file and notes how the file wrote its line ends.
+class LineEndReader final : public CrLfBuilder {
+public:
+    /// How they are written, the text itself being `text`. Call once, behind finish().
+    LineEnds ends(const LongText& text);
+
+private:
+    void note(LineEnd kind) override;
+    LineEnd common() const;
+
     std::array<std::size_t, 3> counts_{};
     std::size_t total_ = 0;
     LineEnd first_ = LineEnd::CrLf;

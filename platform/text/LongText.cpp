@@ -5,55 +5,18 @@
 
 namespace text {
 
-namespace {
-
-// Where a piece of a list begins to differ from a text: the pieces before it are equal.
-template <typename List> std::size_t EqualInFront(const List& list, QStringView text) {
-    std::size_t count = 0;
-    for (qsizetype at = 0; count < list.size(); ++count) {
-        const qsizetype size = list[count]->units;
-        if (at + size > text.size() || !list[count]->equals(text.sliced(at, size)))
-            break;
-        at += size;
-    }
-    return count;
-}
-
-template <typename List> std::size_t EqualBehind(const List& list, QStringView text, std::size_t inFront) {
-    std::size_t count = 0;
-    for (qsizetype end = text.size(); count + inFront < list.size(); ++count) {
-        const auto& piece = *list[list.size() - 1 - count];
-        if (piece.units > end || !piece.equals(text.sliced(end - piece.units, piece.units)))
-            break;
-        end -= piece.units;
-    }
-    return count;
-}
-
-} // namespace
-
 LongText::LongText() : pieces_(std::make_shared<Pieces>()) {}
 
 LongText::LongText(QStringView text) {
-    auto pieces = std::make_shared<Pieces>();
-    pieces->splice(0, 0, text.toString());
-    pieces_ = std::move(pieces);
+    Builder builder;
+    builder.append(text);
+    *this = builder.finish();
 }
 
 LongText LongText::Like(QStringView text, const LongText& other) {
-    const Pieces& old = *other.pieces_;
-    const std::size_t front = EqualInFront(old.list, text);
-    const qsizetype from = old.before[front].units;
-    if (front == old.list.size() && from == text.size())
-        return other;
-    const std::size_t behind = EqualBehind(old.list, text.sliced(from), front);
-    const std::size_t last = old.list.size() - behind;
-    const qsizetype to = text.size() - (old.total().units - old.before[last].units);
-    LongText result;
-    auto pieces = std::make_shared<Pieces>(old);
-    pieces->splice(front, last, text.sliced(from, to - from).toString());
-    result.pieces_ = std::move(pieces);
-    return result;
+    Builder builder(other);
+    builder.append(text);
+    return builder.finish();
 }
 
 qsizetype LongText::size() const {
@@ -126,7 +89,7 @@ bool LongText::operator==(const LongText& other) const {
         const auto& one = pieces_->list[i];
         const auto& two = other.pieces_->list[j];
         const qsizetype part = std::min(one->units - a, two->units - b);
-        if ((one != two || a != b) && one->mid(a, part) != two->mid(b, part))
+        if ((one != two || a != b) && !one->equals(a, *two, b, part))
             return false;
         a += part;
         b += part;
@@ -139,22 +102,34 @@ bool LongText::operator==(const LongText& other) const {
 }
 
 bool LongText::operator==(QStringView other) const {
-    return size() == other.size() && EqualInFront(pieces_->list, other) == pieces_->list.size();
+    if (size() != other.size())
+        return false;
+    return std::all_of(pieces_->list.begin(), pieces_->list.end(), [&other](const auto& piece) {
+        const bool same = piece->equals(other.first(piece->units));
+        other = other.sliced(piece->units);
+        return same;
+    });
 }
 
 void LongText::visit(qsizetype position, qsizetype length,
                      const std::function<bool(QStringView)>& visit) const {
     position = std::clamp<qsizetype>(position, 0, size());
     length = std::clamp<qsizetype>(length, 0, size() - position);
-    while (length > 0) {
-        const std::size_t i = pieces_->pieceAt(position);
-        const qsizetype from = position - pieces_->before[i].units;
-        const qsizetype part = std::min(pieces_->list[i]->units - from, length);
-        if (!visit(pieces_->list[i]->mid(from, part)))
+    for (Reader reader(*this, position); length > 0 && reader.next();) {
+        const QStringView part = reader.piece().first(std::min(reader.piece().size(), length));
+        if (!visit(part))
             return;
-        position += part;
-        length -= part;
+        length -= part.size();
     }
+}
+
+bool LongText::holdsOnly(QStringView units) const {
+    bool only = true;
+    visit(0, size(), [&](QStringView piece) {
+        only = std::all_of(piece.begin(), piece.end(), [units](QChar unit) { return units.contains(unit); });
+        return only;
+    });
+    return only;
 }
 
 // --- lines
@@ -233,7 +208,7 @@ qsizetype LongText::rowOf(qsizetype position) const {
         return 0;
     const std::size_t i = pieces_->pieceAt(position);
     const auto& rows = pieces_->list[i]->rows;
-    const auto part = static_cast<std::int32_t>(position - pieces_->before[i].units);
+    const auto part = static_cast<std::uint16_t>(position - pieces_->before[i].units);
     return pieces_->before[i].rows + (std::upper_bound(rows.begin(), rows.end(), part) - rows.begin()) - 1;
 }
 
@@ -242,7 +217,7 @@ std::size_t LongText::bytes() const {
     for (const auto& piece : pieces_->list)
         sum += sizeof(Piece) +
                static_cast<std::size_t>(piece->bytes.capacity() + 2 * piece->wide.capacity()) +
-               piece->rows.capacity() * sizeof(std::int32_t);
+               piece->rows.capacity() * sizeof(std::uint16_t);
     return sum;
 }
 

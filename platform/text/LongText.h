@@ -21,9 +21,14 @@ public:
     explicit LongText(QStringView text);
     /// A text that shares every piece with `other` in which both are equal: beginning and end at least.
     static LongText Like(QStringView text, const LongText& other);
+    class Builder;
+    class Reader;
 
     qsizetype size() const;
     bool isEmpty() const { return size() == 0; }
+    /// Whether it consists of these units alone, as an empty one does. It looks no further than to the first
+    /// other.
+    bool holdsOnly(QStringView units) const;
     /// The whole text, made anew on each call.
     QString toString() const;
     /// Cut to the text, as QString::mid.
@@ -66,7 +71,50 @@ public:
 private:
     struct Piece;
     struct Pieces;
+    qsizetype longIndexOf(QStringView what, qsizetype from, Qt::CaseSensitivity sensitivity) const;
     std::shared_ptr<const Pieces> pieces_;
+};
+
+/// Makes a long text out of parts as they come; no more than a piece of it is held twice.
+class LongText::Builder {
+public:
+    Builder();
+    /// The text will share every piece with `old` in which both are equal: beginning and end at least.
+    explicit Builder(LongText old);
+    ~Builder();
+    Builder(Builder&&) noexcept;
+    void append(QStringView part);
+    /// The whole text. Call once, at the end.
+    LongText finish();
+
+private:
+    void cut(QStringView piece);
+    void cutWholePieces();
+
+    LongText old_;
+    std::shared_ptr<Pieces> made_;
+    QString rest_;        ///< the end that isn't cut yet; longer than what it holds
+    qsizetype used_ = 0;  ///< of it
+    bool inFront_ = true; ///< so far all is as in the old text
+};
+
+/// Walks over a text piece by piece, at no cost of copying where that can be.
+class LongText::Reader {
+public:
+    explicit Reader(const LongText& text, qsizetype from = 0); ///< `from` is cut to the text
+    ~Reader();
+    /// Goes to the next piece (at first: the one that holds `from`, from there on); false at the end.
+    bool next();
+    QStringView piece() const { return view_; } ///< good until the next step
+    qsizetype start() const { return start_; }  ///< where it stands in the text
+
+private:
+    std::shared_ptr<const Pieces> pieces_;
+    std::size_t next_ = 0;
+    qsizetype start_ = 0;
+    qsizetype skip_ = 0;
+    QString scratch_;
+    QStringView view_;
 };
 
 } // namespace text

@@ -6,16 +6,25 @@ namespace text {
 
 namespace {
 
-constexpr qsizetype kPiece = 4 * LongText::kLongestRow; // units that a piece has at most
-constexpr qsizetype kSmall = 2048;                      // a smaller piece takes its neighbour in
+constexpr qsizetype kPiece = kLongestPiece;
+constexpr qsizetype kSmall = 2048; // a smaller piece takes its neighbour in
 
 // Whether a cut between two units would tear what belongs together.
 bool Tears(QChar before, QChar behind) {
     return (before == u'\r' && behind == u'\n') || (before.isHighSurrogate() && behind.isLowSurrogate());
 }
 
-// Units of the first piece of a text.
-qsizetype CutPlace(QStringView text) {
+// Without a way out in the middle, so that many units are looked at in one step.
+bool IsLatin(QStringView text) {
+    unsigned all = 0;
+    for (const char16_t* unit = text.utf16(); unit != text.utf16() + text.size(); ++unit)
+        all |= *unit;
+    return all < 256;
+}
+
+} // namespace
+
+qsizetype FirstPiece(QStringView text) {
     if (text.size() <= kPiece)
         return text.size();
     if (const qsizetype end = text.first(kPiece).lastIndexOf(u'\n'); end >= 0)
@@ -23,17 +32,15 @@ qsizetype CutPlace(QStringView text) {
     return Tears(text[kPiece - 1], text[kPiece]) ? kPiece - 1 : kPiece;
 }
 
-} // namespace
-
 LongText::Piece::Piece(QStringView text) : units(text.size()) {
-    latin = std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 256; });
+    latin = IsLatin(text);
     if (latin)
         bytes = text.toLatin1();
     else
         wide = text.toString();
     qsizetype start = 0;
     while (start < units) {
-        rows.push_back(static_cast<std::int32_t>(start));
+        rows.push_back(static_cast<std::uint16_t>(start));
         qsizetype end = text.indexOf(u'\n', start);
         const bool ends = end >= 0;
         end = ends ? end + 1 : units;
@@ -47,7 +54,7 @@ LongText::Piece::Piece(QStringView text) : units(text.size()) {
             longestRow = std::max(longestRow, row);
             start += row;
             rest -= row;
-            rows.push_back(static_cast<std::int32_t>(start));
+            rows.push_back(static_cast<std::uint16_t>(start));
         }
         longestRow = std::max(longestRow, std::min(end - start, kLongestRow));
         start = end;
@@ -60,6 +67,29 @@ QString LongText::Piece::mid(qsizetype position, qsizetype length) const {
 
 bool LongText::Piece::equals(QStringView text) const {
     return latin ? text == QLatin1String(bytes) : text == wide;
+}
+
+bool LongText::Piece::equals(qsizetype from, const Piece& other, qsizetype otherFrom,
+                             qsizetype length) const {
+    const auto bytesOf = [length](const Piece& piece, qsizetype at) {
+        return QLatin1String(piece.bytes.constData() + at, length);
+    };
+    const auto unitsOf = [length](const Piece& piece, qsizetype at) {
+        return QStringView(piece.wide).sliced(at, length);
+    };
+    if (latin)
+        return other.latin ? bytesOf(*this, from) == bytesOf(other, otherFrom)
+                           : bytesOf(*this, from) == unitsOf(other, otherFrom);
+    return other.latin ? unitsOf(*this, from) == bytesOf(other, otherFrom)
+                       : unitsOf(*this, from) == unitsOf(other, otherFrom);
+}
+
+QStringView LongText::Piece::view(qsizetype position, qsizetype length, QString& scratch) const {
+    if (!latin)
+        return QStringView(wide).sliced(position, length);
+    scratch.resize(0);
+    scratch.append(QLatin1String(bytes.constData() + position, length));
+    return scratch;
 }
 
 void LongText::Piece::append(QString& to, qsizetype position, qsizetype length) const {
@@ -121,13 +151,18 @@ void LongText::Pieces::splice(std::size_t first, std::size_t last, QString text)
     }
     std::vector<std::shared_ptr<const Piece>> fresh;
     for (QStringView rest(text); !rest.isEmpty();) {
-        const qsizetype size = CutPlace(rest);
+        const qsizetype size = FirstPiece(rest);
         fresh.push_back(std::make_shared<Piece>(rest.first(size)));
         rest = rest.sliced(size);
     }
     const auto at = list.erase(list.begin() + static_cast<std::ptrdiff_t>(first),
                                list.begin() + static_cast<std::ptrdiff_t>(last));
     list.insert(at, std::make_move_iterator(fresh.begin()), std::make_move_iterator(fresh.end()));
+    sum();
+}
+
+void LongText::Pieces::append(const Pieces& other, std::size_t from) {
+    list.insert(list.end(), other.list.begin() + static_cast<std::ptrdiff_t>(from), other.list.end());
     sum();
 }
 

@@ -15,6 +15,10 @@ struct LongText::Piece {
     }
     QString mid(qsizetype position, qsizetype length) const;
     bool equals(QStringView text) const;
+    /// Whether a stretch of it is a stretch of the other.
+    bool equals(qsizetype from, const Piece& other, qsizetype otherFrom, qsizetype length) const;
+    /// A stretch of it, in `scratch` where it has to be made.
+    QStringView view(qsizetype position, qsizetype length, QString& scratch) const;
     bool endsLine() const { return units > 0 && at(units - 1) == u'\n'; }
     void append(QString& to, qsizetype position, qsizetype length) const;
 
@@ -24,7 +28,7 @@ struct LongText::Piece {
     qsizetype units = 0;
     qsizetype lineEnds = 0;
     qsizetype longestRow = 0;
-    std::vector<std::int32_t> rows; ///< where rows begin, the first at 0
+    std::vector<std::uint16_t> rows; ///< where rows begin, the first at 0
 };
 
 /// The pieces in order, with sums over all before each of them.
@@ -42,6 +46,13 @@ struct LongText::Pieces {
     /// Puts `text` in the place of the pieces from `first` to before `last`, together with neighbours where
     /// a row, a line's end or a pair would otherwise be torn.
     void splice(std::size_t first, std::size_t last, QString text);
+    /// Puts the pieces of another text from `from` on at the end.
+    void append(const Pieces& other, std::size_t from);
 };
+
+/// Units of the first piece of a text that goes on behind it; all of a short one.
+qsizetype FirstPiece(QStringView text);
+
+inline constexpr qsizetype kLongestPiece = 4 * LongText::kLongestRow; // units
 
 } // namespace text

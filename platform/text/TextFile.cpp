@@ -49,21 +49,21 @@ void KeepOriginal(Decoded& result, const QByteArray& bytes) {
 /// Reads the bytes strictly in this code; nothing when they don't fit.
 std::optional<Decoded> ReadAs(const Code& code, const QByteArray& bytes, qsizetype markSize) {
     const QByteArrayView body = QByteArrayView(bytes).sliced(markSize);
-    const bool twoBytes = code.kind == Code::Kind::Utf16Le || code.kind == Code::Kind::Utf16Be;
-    LineEndReader reader(twoBytes ? body.size() / 2 : body.size());
+    LineEndReader reader;
     const bool doubtful = code.kind == Code::Kind::Utf7 || code.kind == Code::Kind::Other;
     std::optional<RewriteCheck> check;
     if (doubtful)
         check.emplace(code, body);
     const Fit fit = DecodeBytes(code, body, [&](const char16_t* units, std::size_t length) {
-        reader.Append(units, length);
+        reader.append(QStringView(units, static_cast<qsizetype>(length)));
         if (check)
             check->Append(units, length);
     });
     if (fit == Fit::No)
         return std::nullopt;
     Decoded result;
-    result.text = reader.Finish(result.form.lineEnds);
+    result.text = reader.finish();
+    result.form.lineEnds = reader.ends(result.text);
     result.form.encoding = QString::fromLatin1(code.name);
     result.form.declared = DeclaredEncoding(result.text);
     result.form.mark = markSize > 0;
@@ -113,7 +113,7 @@ std::optional<Decoded> ReadByCharset(const QString& charset, const QByteArray& b
 void WriteAsUtf8(Decoded& read) {
     read.form.encoding = QStringLiteral("UTF-8");
     read.form.originalBytes.reset();
-    read.form.originalText.clear();
+    read.form.originalText = {};
 }
 
 /// The last resorts, of which Latin-1 takes anything.
@@ -212,7 +212,7 @@ Decoded Decode(const QByteArray& bytes, const QString& charset) {
 
 Encoded Encode(const QString& text, const FileForm& form) {
     Encoded result;
-    if (form.originalBytes && text == form.originalText) {
+    if (form.originalBytes && form.originalText == text) {
         result.bytes = *form.originalBytes;
         result.encoding = form.encoding;
         result.mark = form.mark;

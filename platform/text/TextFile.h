@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "platform/text/LongText.h"
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -19,7 +20,7 @@ enum class LineEnd : std::uint8_t { CrLf, Lf, Cr };
 struct LineEnds {
     LineEnd common = LineEnd::CrLf;
     std::vector<LineEnd> each;
-    QString loadedText;
+    LongText loadedText;
 };
 
 /// What a window remembers of its file.
@@ -30,11 +31,11 @@ struct FileForm {
     LineEnds lineEnds;
     /// Set only where writing the text again would not give these bytes: the file as read, and its text.
     std::shared_ptr<const QByteArray> originalBytes;
-    QString originalText;
+    LongText originalText;
 };
 
 struct Decoded {
-    QString text; ///< with CR LF line ends, without the mark
+    LongText text; ///< with CR LF line ends, without the mark
     FileForm form;
     QString warning; ///< one sentence for the user where the declared code or mark didn't fit; else empty
 };
@@ -62,6 +63,7 @@ Encoded Encode(const QString& text, const FileForm& form);
 
 /// The label in the encoding pseudo-attribute of the declaration a text starts with; empty without one.
 QString DeclaredEncoding(QStringView text);
+QString DeclaredEncoding(const LongText& text);
 /// The text with the declaration's encoding changed to `label` (added when the declaration has none; a text
 /// without a declaration comes back unchanged, since it means UTF-8 then).
 QString WithDeclaredEncoding(const QString& text, const QString& label);

@@ -3,6 +3,7 @@
 #include "platform/text/StringPool.h"
 #include "platform/xml/ChunkedArray.h"
 #include "platform/xml/ParsedDocument.h"
+#include <QHashFunctions>
 #include <QString>
 #include <memory>
 #include <optional>

@@ -21,6 +21,16 @@ const char* Chars(const xmlChar* text) {
     return reinterpret_cast<const char*>(text);
 }
 
+/// The beginning of a text with all of its declaration, if it has one.
+QString Head(const text::LongText& text) {
+    constexpr qsizetype kBeginning = 16;
+    const QString beginning = text.mid(0, kBeginning);
+    if (!beginning.contains(QStringLiteral("<?xml")))
+        return beginning;
+    const qsizetype end = text.indexOf(u"?>", 0, Qt::CaseSensitive);
+    return end < 0 ? text.toString() : text.mid(0, std::max(end + 2, kBeginning));
+}
+
 bool IsBlankText(const std::string& text) {
     return std::all_of(text.begin(), text.end(),
                        [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; });
@@ -39,10 +49,11 @@ struct FreeContext {
 
 } // namespace
 
-std::optional<Complaint> Loader::load(const QString& text) {
+std::optional<Complaint> Loader::load(const text::LongText& text) {
     if (text.isEmpty())
         return Complaint{XML_ERR_DOCUMENT_EMPTY};
-    XmlDeclaration declaration = ReadXmlDeclaration(text);
+    const QString head = Head(text);
+    XmlDeclaration declaration = ReadXmlDeclaration(head);
     if (declaration.complaint)
         return declaration.complaint;
     open_.push_back(Open{0, 0, false});
@@ -59,11 +70,11 @@ std::optional<Complaint> Loader::load(const QString& text) {
     length_ = text.size();
     nextStep_ = kUnitsPerStep;
     compared_.start(static_cast<std::size_t>(text.size()));
-    parse(text);
+    parse(text.size());
     return complaint_;
 }
 
-void Loader::parse(QStringView text) {
+void Loader::parse(qsizetype length) {
     const LibXmlScope scope(LoaderEvents::Error, this);
     xmlSAXHandler handlers = LoaderEvents::Handlers();
     const std::unique_ptr<xmlParserCtxt, FreeContext> context(
@@ -81,7 +92,7 @@ void Loader::parse(QStringView text) {
     if (bad >= 0 && (!complaint_ || complaint_->place >= bad))
         complaint_ = Complaint{XML_ERR_INVALID_CHAR, bad};
     if (!complaint_ && (!context_->wellFormed || store_.rootId == 0))
-        complaint_ = Complaint{kErrorUnexpected, text.size()};
+        complaint_ = Complaint{kErrorUnexpected, length};
     context_ = nullptr;
 }
 

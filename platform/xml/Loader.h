@@ -7,7 +7,6 @@
 #include "platform/xml/NameCache.h"
 #include "platform/xml/TagSizeGuard.h"
 #include "platform/xml/Utf8Feed.h"
-#include <QStringView>
 #include <exception>
 #include <libxml/parser.h>
 #include <optional>
@@ -23,7 +22,7 @@ public:
         : store_(store), step_(step), names_(store) {}
 
     /// The complaint, or nothing when the text was well-formed. Throws when memory runs out.
-    std::optional<Complaint> load(const QString& text);
+    std::optional<Complaint> load(const text::LongText& text);
     /// What the step threw, if it did; the load ended then, with a complaint.
     std::exception_ptr failureOfStep() const { return failureOfStep_; }
 
@@ -37,7 +36,7 @@ private:
         bool preserve; ///< white space counts here
     };
 
-    void parse(QStringView text);
+    void parse(qsizetype length);
     int read(char* buffer, int room);
     void takeStep();
     bool inTag() const;

@@ -101,7 +101,7 @@ void Loader::declareEntity(const xmlChar* name, int type, const xmlChar* publicI
         fail(kErrorLongDeclaration);
         return;
     }
-    if (content && TagSizeGuard(Text(content)).found()) {
+    if (content && TagSizeGuard(text::LongText(Text(content))).found()) {
         fail(kErrorManyAttributes);
         return;
     }

@@ -7,6 +7,7 @@
 #include "platform/xml/XPathTree.h"
 #include <algorithm>
 #include <exception>
+#include <optional>
 
 namespace xml {
 
@@ -31,6 +32,18 @@ ParsedDocument::ParsedDocument() = default;
 ParsedDocument::~ParsedDocument() = default;
 
 bool ParsedDocument::loadXML(const QString& text, const QString& url, const Step& step) {
+    std::optional<text::LongText> pieces;
+    try {
+        pieces.emplace(text);
+    } catch (const std::exception&) {
+        storage_.reset();
+        error_ = MemoryError(url);
+        return false;
+    }
+    return loadXML(*pieces, url, step);
+}
+
+bool ParsedDocument::loadXML(const text::LongText& text, const QString& url, const Step& step) {
     storage_.reset();
     error_ = {};
     std::exception_ptr ofStep;
@@ -42,7 +55,7 @@ bool ParsedDocument::loadXML(const QString& text, const QString& url, const Step
         if (!complaint && !ofStep)
             storage_ = std::move(storage);
         else if (complaint)
-            error_ = MakeParseError(text, *complaint, url);
+            error_ = MakeParseError(text.toString(), *complaint, url);
     } catch (const std::exception&) {
         error_ = MemoryError(url);
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "platform/text/LongText.h"
 #include "platform/text/StringPool.h"
 #include <QString>
 #include <QStringView>
@@ -99,6 +100,7 @@ public:
     /// 250,000 units, and not for shorter texts.
     /// False on an ill-formed text: parseError() tells why and the document is empty. No exception leaves it
     /// but one that `step` throws, with the document empty as well.
+    bool loadXML(const text::LongText& text, const QString& url = {}, const Step& step = {});
     bool loadXML(const QString& text, const QString& url = {}, const Step& step = {});
     const ParseError& parseError() const { return error_; }
     /// Whether `step` stopped the last load; it has a parse error then, too.

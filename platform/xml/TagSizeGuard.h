@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-#include <QStringView>
+#include "platform/text/LongText.h"
 
 namespace xml {
 
@@ -36,7 +36,7 @@ private:
 /// CDATA section looks the same: the parser's state must tell them apart.
 class TagSizeGuard {
 public:
-    explicit TagSizeGuard(QStringView text) : text_(text) { findNext(); }
+    explicit TagSizeGuard(text::LongText text) : text_(std::move(text)) { findNext(); }
 
     /// Whether there is a (further) such place.
     bool found() const { return limit_ >= 0; }
@@ -48,7 +48,7 @@ public:
 private:
     qsizetype oneTooMany(qsizetype end) const;
 
-    QStringView text_;
+    const text::LongText text_;
     qsizetype start_ = 0;
     qsizetype next_ = 0;
     qsizetype limit_ = -1;

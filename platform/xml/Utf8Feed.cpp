@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/xml/Utf8Feed.h"
+#include <algorithm>
 #include <cstring>
 
 namespace xml {
@@ -7,6 +8,7 @@ namespace xml {
 namespace {
 
 constexpr int kBlock = 16;
+constexpr int kLongest = 4; // bytes of a character
 
 /// Copies one block if all of it is ASCII without U+0000.
 bool CopyAsciiBlock(const char16_t* from, char* to) {
@@ -43,25 +45,38 @@ int Utf8Feed::read(char* out, int room) {
 }
 
 int Utf8Feed::convert(char* out, int room) {
-    constexpr int kLongest = 4;
     char* to = out;
-    const char* end = out + room;
-    const char16_t* units = text_.utf16();
-    while (next_ < text_.size() && end - to >= kLongest) {
-        while (text_.size() - next_ >= kBlock && end - to >= kBlock && CopyAsciiBlock(units + next_, to)) {
-            next_ += kBlock;
-            to += kBlock;
+    while (!stopped_ && out + room - to >= kLongest) {
+        if (at_ == piece_.size()) {
+            before_ += piece_.size();
+            at_ = 0;
+            piece_ = {};
+            if (!reader_.next())
+                break;
+            piece_ = reader_.piece();
         }
-        // A while of single steps before the next try with a block: other scripts rarely come alone.
-        for (int i = 0; i < kBlock && next_ < text_.size() && end - to >= kLongest; ++i)
-            to = convertOther(to);
+        to = convertPiece(to, out + room);
     }
     return static_cast<int>(to - out);
 }
 
+char* Utf8Feed::convertPiece(char* to, const char* end) {
+    const char16_t* units = piece_.utf16();
+    while (!stopped_ && at_ < piece_.size() && end - to >= kLongest) {
+        while (piece_.size() - at_ >= kBlock && end - to >= kBlock && CopyAsciiBlock(units + at_, to)) {
+            at_ += kBlock;
+            to += kBlock;
+        }
+        // A while of single steps before the next try with a block: other scripts rarely come alone.
+        for (int i = 0; i < kBlock && !stopped_ && at_ < piece_.size() && end - to >= kLongest; ++i)
+            to = convertOther(to);
+    }
+    return to;
+}
+
 char* Utf8Feed::convertOther(char* out) {
-    const char16_t unit = text_[next_].unicode();
-    ++next_;
+    const char16_t unit = piece_[at_].unicode();
+    ++at_;
     if (unit > 0 && unit < 0x80) {
         *out = static_cast<char>(unit);
         return out + 1;
@@ -70,12 +85,12 @@ char* Utf8Feed::convertOther(char* out) {
         return Put(out, 0xC0, unit, 1);
     if (unit != 0 && !QChar::isSurrogate(unit) && unit < 0xFFFE)
         return Put(out, 0xE0, unit, 2);
-    if (QChar::isHighSurrogate(unit) && next_ < text_.size() && text_[next_].isLowSurrogate()) {
-        const char32_t code = QChar::surrogateToUcs4(unit, text_[next_].unicode());
-        ++next_;
+    if (QChar::isHighSurrogate(unit) && at_ < piece_.size() && piece_[at_].isLowSurrogate()) {
+        const char32_t code = QChar::surrogateToUcs4(unit, piece_[at_].unicode());
+        ++at_;
         return Put(out, 0xF0, code, 3);
     }
-    badPlace_ = next_ - 1;
+    badPlace_ = before_ + at_ - 1;
     stop();
     *out = '\x01';
     return out + 1;
@@ -86,18 +101,21 @@ qsizetype Utf8Feed::place(unsigned long byte) const {
         return start_;
     unsigned long left = byte - kDeclaration.size();
     qsizetype at = start_;
-    while (left > 0 && at < text_.size()) {
-        const char16_t unit = text_[at].unicode();
-        unsigned long width = unit < 0x80 ? 1 : unit < 0x800 ? 2 : 3;
-        qsizetype units = 1;
-        if (at == badPlace_) {
-            width = 1;
-        } else if (QChar::isHighSurrogate(unit)) {
-            width = 4;
-            units = 2;
+    for (text::LongText::Reader reader(text_, start_); left > 0 && reader.next();) {
+        const QStringView piece = reader.piece();
+        for (at = reader.start(); left > 0 && at < reader.start() + piece.size();) {
+            const char16_t unit = piece[at - reader.start()].unicode();
+            unsigned long width = unit < 0x80 ? 1 : unit < 0x800 ? 2 : 3;
+            qsizetype units = 1;
+            if (at == badPlace_) {
+                width = 1;
+            } else if (QChar::isHighSurrogate(unit)) {
+                width = 4;
+                units = 2;
+            }
+            left -= std::min(left, width);
+            at += units;
         }
-        left -= std::min(left, width);
-        at += units;
     }
     return std::min(at, text_.size());
 }

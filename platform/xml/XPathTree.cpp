@@ -107,10 +107,15 @@ bool XPathTree::addAttributes(xmlNode* element, const NodeRecord& record) {
         const Attribute& attribute = store_.attributes[record.value + i];
         const Name& full = name(attribute.nameId);
         const QByteArray value = valueOf(attribute.value);
-        // Made without an element and linked here: the library walks the list to its end for each.
-        xmlAttr* made = xmlNewNsPropEatName(nullptr, full.space, const_cast<xmlChar*>(full.local), nullptr);
+        // Made and linked here: the library would walk the list to its end for each, and without an element
+        // it would free the dictionary's name when memory runs out.
+        auto* made = static_cast<xmlAttr*>(xmlMalloc(sizeof(xmlAttr)));
         if (!made)
             return false;
+        *made = {};
+        made->type = XML_ATTRIBUTE_NODE;
+        made->name = full.local;
+        made->ns = full.space;
         made->doc = document_.get();
         made->parent = element;
         made->prev = last;

@@ -112,7 +112,7 @@ TEST_F(BadInput, RunningOutOfMemoryWhileOpeningChangesNothing) {
 
 TEST_F(BadInput, EditsCountAfterMemoryRanOutWhileABadTextWasShown) {
     DocumentWindow& window = app.window();
-    window.rtxtXML.SetText({});
+    window.rtxtXML.SetText(QString());
     bool full = true;
     window.rtxtXML.Change.connect([&] {
         if (full)

@@ -115,4 +115,38 @@ TEST(LongText, AChangedTextSharesWhatIsEqual) {
     EXPECT_TRUE(LongText::Like(before.toString(), after) == before);
 }
 
+// Whatever the old text looks like and however the new one comes in: it is what was put in, and its rows
+// stand.
+TEST(LongText, ATextBuiltFromPartsIsItsParts) {
+    std::mt19937 random(29);
+    LongText old;
+    QString plain;
+    for (int step = 0; step < 120; ++step) {
+        for (int edit = 0; edit < 3; ++edit) {
+            const auto at = static_cast<qsizetype>(random() % static_cast<unsigned>(plain.size() + 1));
+            plain.replace(at, static_cast<qsizetype>(random() % 3000), RandomPiece(random));
+        }
+        if (step % 40 == 0)
+            plain += QString(70'000, u'z');
+        LongText::Builder builder(old);
+        for (qsizetype at = 0; at < plain.size();) {
+            const auto size = static_cast<qsizetype>(1 + random() % (step % 2 == 0 ? 100'000 : 5'000));
+            builder.append(QStringView(plain).mid(at, size));
+            at += size;
+        }
+        const LongText text = builder.finish();
+        ASSERT_EQ(text.toString(), plain);
+        CheckRows(text, plain);
+        const auto from = static_cast<qsizetype>(random() % static_cast<unsigned>(plain.size() + 1));
+        QString read;
+        for (LongText::Reader reader(text, from); reader.next();) {
+            ASSERT_EQ(reader.start(), from + read.size());
+            read += reader.piece();
+        }
+        ASSERT_EQ(read, plain.mid(from));
+        old = text;
+        old.replace(from, 10, u"edited"); // so that its pieces aren't those of a text made at once
+    }
+}
+
 } // namespace

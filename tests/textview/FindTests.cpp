@@ -5,7 +5,6 @@
 
 namespace {
 
-using services::Answer;
 using test::TextDesk;
 
 const QString kReached = QStringLiteral("The specified region has been reached.");

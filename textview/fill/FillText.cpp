@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/fill/FillText.h"
 #include "core/model/Frame.h"
+#include "platform/text/TextTools.h"
 #include "textview/fill/Colour.h"
 #include <QScopedValueRollback>
 #include <algorithm>
@@ -32,6 +33,10 @@ void BringPanesTogether(DocumentWindow& window) {
 }
 
 void SetRichText(DocumentWindow& window, const QString& text) {
+    SetRichText(window, text::LongText(text::ToCrLf(text)));
+}
+
+void SetRichText(DocumentWindow& window, const text::LongText& text) {
     const QScopedValueRollback ownWriting(window.bControlChange, true);
     window.TextInUse().SetText(text);
     window.miTextSizeLevel = GetTextSizeLevel(text.size());
@@ -53,7 +58,7 @@ int GetTextSizeLevel(qsizetype length) {
     return 0;
 }
 
-void ChangeText(DocumentWindow& window, const QString& newText, const controls::RichContent& oldRTF) {
+void ChangeText(DocumentWindow& window, const text::LongText& newText, const controls::RichContent& oldRTF) {
     if (window.bUndoRunning)
         return;
     const int steps = std::max(window.app.options.Steps, 0); // the setting may be any number

@@ -23,6 +23,7 @@ private:
 void BringPanesTogether(DocumentWindow& window);
 
 /// Replaces the text in both panes and colours it; no undo step.
+void SetRichText(DocumentWindow& window, const text::LongText& text); ///< CR LF line ends
 void SetRichText(DocumentWindow& window, const QString& text);
 /// Colours the pane in use and copies its content to the other one.
 void SetTreeXMLColor(DocumentWindow& window);
@@ -33,7 +34,7 @@ int GetTextSizeLevel(qsizetype length);
 /// A change of the whole text that comes from the tree: one undo step. The selections of both panes stay
 /// where they are. While a step is taken back the text stays as that step leaves it, and nothing is done.
 /// As many steps as the options allow, typed ones among them, stay before the new one; the oldest are lost.
-void ChangeText(DocumentWindow& window, const QString& newText, const controls::RichContent& oldRTF);
+void ChangeText(DocumentWindow& window, const text::LongText& newText, const controls::RichContent& oldRTF);
 /// Moves each record down, by one place as a rule; the oldest are lost.
 void ArrangeUndoStack(std::vector<UndoRecord>& stack, int lost = 1);
 /// Shows in menu and toolbar whether there is a step to go back, or to do again.
