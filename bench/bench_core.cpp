@@ -2,7 +2,7 @@
 // Times the document core without a screen: bench_core FILE [open|serialise|select|edit].
 // "open" ends as soon as the tree is filled and ready for commands, so that the whole process can be timed
 // beside another program.
-#include "core/model/Serialise.h"
+#include "core/model/TreeTextCache.h"
 #include "core/model/Validate.h"
 #include "core/model/m_tvXML.h"
 #include "core/sync/Views.h"
@@ -48,7 +48,7 @@ void Serialise(DocumentWindow& window) {
     for (int round = 0; round < 5; ++round) {
         QElapsedTimer timer;
         timer.start();
-        const text::LongText text = m_tvXML::GetTreeText(root, QStringLiteral("\t"), {});
+        const text::LongText text = m_tvXML::TreeTextCache().text(root, QStringLiteral("\t"), {});
         const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
         const double megabytes = static_cast<double>(text.size()) / 1e6;
         std::printf("serialise: %.1f MB of text in %.3f s, %.0f MB/s\n", megabytes, seconds,

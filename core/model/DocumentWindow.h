@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/model/Application.h"
+#include "core/model/TreeTextCache.h"
 #include "core/model/WindowKind.h"
 #include "platform/controls/Controls.h"
 #include "platform/controls/ListView.h"
@@ -55,6 +56,7 @@ struct DocumentWindow {
 
     // --- controls ---------------------------------------------------------------------------------------
     controls::TreeView tvXML;
+    m_tvXML::TreeTextCache treeText; ///< the tree as text, for the text view
     controls::ListView ListView1;
     controls::TextBox txtListView;  ///< edits a cell of the list; its Tag tells the column: "1" or "2"
     controls::CommandButton cmdPop; ///< beside txtListView

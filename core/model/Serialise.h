@@ -12,9 +12,6 @@ namespace m_tvXML {
 /// break at the end. Tags are escaped already, so nothing is escaped here. Empty for nothing. Throws
 /// std::bad_alloc for a text that memory can't hold.
 QString GetTreeNodesXML(controls::TreeNode node, const QString& indentUnit);
-/// The same as the text view holds it: every line end is CR LF, also those that a text or comment brings. It
-/// shares with `like` what is equal in both.
-text::LongText GetTreeText(controls::TreeNode node, const QString& indentUnit, const text::LongText& like);
 
 /// 1-based place of the start of the `number`-th node in a text; 0 for none. Every "<" that doesn't begin
 /// "</" counts.

@@ -60,7 +60,7 @@ void SelectByNumber(DocumentWindow& window, long number) {
 }
 
 text::LongText TreeAsText(DocumentWindow& window) {
-    return m_tvXML::GetTreeText(window.tvXML.Nodes(window.Caption), QStringLiteral("\t"),
+    return window.treeText.text(window.tvXML.Nodes(window.Caption), QStringLiteral("\t"),
                                 window.TextInUse().Long());
 }
 

@@ -25,6 +25,8 @@ public:
     text::CompactView tag() const;
     text::StringPool::Ref textId() const;
     TreeNode node() const;
+    /// A number of its own in the tree; no other node gets it before the tree is emptied. 0 for nothing.
+    std::uint32_t id() const { return slot_; }
 
     /// The place behind this one in document order that lies below `top`; nothing at the end.
     TreeCursor nextBelow(TreeCursor top) const;

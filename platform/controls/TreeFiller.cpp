@@ -11,6 +11,7 @@ TreeFiller::TreeFiller(TreeView& tree, TreeNode parent)
     if (!tree.storage_->quiet())
         Throw(text::kFaultBadCall);
     tree.storage_->rows.clear();
+    tree.storage_->noteEverything();
 }
 
 TreeFiller::Slot TreeFiller::append(Slot parent, std::uint8_t kind, std::uint32_t serial,

@@ -24,6 +24,7 @@ void TreeNode::SetKey(const QString& key) {
         Throw(text::kFaultKeyNotUnique);
     storage.keys.remove(slot_);
     storage.keys.insert(slot_, key);
+    storage.note(slot_);
 }
 
 QString TreeNode::Text() const {

@@ -7,6 +7,7 @@ namespace controls {
 namespace {
 // Replaced texts stay in the pool until they are this much, and half of it.
 constexpr std::size_t kWasteWorthCompacting = 64u << 20;
+constexpr std::size_t kChangesWorthCounting = 1000;
 } // namespace
 
 bool TreeView::Storage::isLiving(const TreeNode& node) {
@@ -53,12 +54,23 @@ std::uint32_t TreeView::Storage::link(std::uint32_t parent, std::uint32_t before
     ++family.children;
     order.append();
     rows.inserted(slot);
+    note(slot);
     return slot;
+}
+
+void TreeView::Storage::note(std::uint32_t slot) {
+    if (changes.everything)
+        return;
+    if (changes.nodes.size() == kChangesWorthCounting)
+        noteEverything();
+    else
+        changes.nodes.push_back(handle(slot));
 }
 
 void TreeView::Storage::unlink(std::uint32_t slot) {
     rows.aboutToRemove(slot);
     const TreeNodeData& node = nodes.at(slot);
+    note(node.previous != 0 ? node.previous : node.next != 0 ? node.next : node.parent);
     TreeNodeData& family = nodes.at(node.parent);
     (node.previous != 0 ? nodes.at(node.previous).next : family.firstChild) = node.next;
     (node.next != 0 ? nodes.at(node.next).previous : family.lastChild) = node.previous;
@@ -138,6 +150,7 @@ void TreeView::Storage::wipe() {
     selected = 0;
     wasted_ = 0;
     ++generation;
+    noteEverything();
 }
 
 void TreeView::Storage::setText(std::uint32_t slot, Ref ref, bool own) {
@@ -146,6 +159,7 @@ void TreeView::Storage::setText(std::uint32_t slot, Ref ref, bool own) {
         countWaste(node.text);
     node.text = ref;
     node.flags = static_cast<std::uint8_t>(own ? node.flags | kOwnText : node.flags & ~kOwnText);
+    note(slot);
     compactIfWasteful();
     if (!quiet())
         tree.changed(handle(slot));
@@ -158,6 +172,7 @@ void TreeView::Storage::setTag(std::uint32_t slot, Ref ref) {
     else
         countWaste(node.tag);
     node.tag = ref;
+    note(slot);
     compactIfWasteful();
     if (!quiet())
         tree.changed(handle(slot));

@@ -29,6 +29,10 @@ struct TreeView::Storage {
     void remove(std::uint32_t top);
     void wipe(); ///< no node is left and all memory is given back; no announcement
 
+    /// The node is no longer as it was.
+    void note(std::uint32_t slot);
+    void noteEverything() { changes = {}; }
+
     void setText(std::uint32_t slot, Ref ref, bool own);
     void setTag(std::uint32_t slot, Ref ref);
     void select(std::uint32_t slot);
@@ -44,6 +48,7 @@ struct TreeView::Storage {
     std::uint32_t selected = 0;
     std::uint32_t generation = 1; ///< of the nodes; handles made before wipe() carry an earlier one
     int updates = 0;
+    TreeChanges changes; ///< since they were taken last
 
     void compactIfWasteful();
 

@@ -2,6 +2,7 @@
 #include "platform/controls/TreeView.h"
 #include "platform/controls/Faults.h"
 #include "platform/controls/TreeStorage.h"
+#include <utility>
 
 namespace controls {
 
@@ -27,6 +28,10 @@ void TreeView::EndUpdate() {
         return;
     storage_->compactIfWasteful();
     reset();
+}
+
+TreeChanges TreeView::TakeChanges() {
+    return std::exchange(storage_->changes, TreeChanges{false, {}});
 }
 
 text::StringPool::Ref TreeView::InternText(const QString& text) {

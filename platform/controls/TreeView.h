@@ -120,6 +120,15 @@ private:
     TreeView& tree_;
 };
 
+/// What is no longer as it was in a tree. A node that was added or written to stands for itself; for one that
+/// was removed the sibling in front of it stands, else the one behind it, else the parent. Nodes among them
+/// may have been removed since; others stand for their place then.
+struct TreeChanges {
+    bool everything =
+        true; ///< the tree was filled or emptied, or too many changes to count; `nodes` is empty
+    std::vector<TreeNode> nodes;
+};
+
 /// A tree of nodes as the commands see it, without a widget.
 class TreeView {
 public:
@@ -176,6 +185,9 @@ public:
     Event<TreeNode> expandedChanged;
     Event<TreeNode> selectionChanged; ///< the new SelectedItem, may be nothing
     Event<TreeNode> ensureVisible;
+
+    /// All changes of keys, texts, tags and places since the last call, in the order they came.
+    TreeChanges TakeChanges();
 
     /// Within an update the tree announces nothing but aboutToReset at the start of the outermost and reset
     /// at its end.

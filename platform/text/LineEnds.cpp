@@ -111,15 +111,15 @@ void CrLfBuilder::append(QStringView part) {
             p += 2;
             continue;
         }
-        text_.append(QStringView(from, p));
-        text_.append(u"\r\n");
+        put(QStringView(from, p));
+        put(u"\r\n");
         if (*p == kCr && p + 1 == end)
             pendingCr_ = true;
         else
             note(*p == kCr ? LineEnd::Cr : LineEnd::Lf);
         from = ++p;
     }
-    text_.append(QStringView(from, end));
+    put(QStringView(from, end));
 }
 
 LongText CrLfBuilder::finish() {

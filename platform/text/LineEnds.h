@@ -21,6 +21,7 @@ public:
     CrLfBuilder(const CrLfBuilder&) = delete;
     CrLfBuilder& operator=(const CrLfBuilder&) = delete;
     void append(QStringView part);
+    qsizetype size() const { return size_; } ///< units of the text so far
     /// The whole text. Call once, at the end.
     LongText finish();
 
@@ -28,7 +29,13 @@ protected:
     virtual void note(LineEnd) {} ///< told of each line end that came
 
 private:
+    void put(QStringView part) {
+        text_.append(part);
+        size_ += part.size();
+    }
+
     LongText::Builder text_;
+    qsizetype size_ = 0;
     bool pendingCr_ = false; ///< the last part ended in CR: it may be the half of a CR LF
 };
 
