@@ -2,46 +2,14 @@
 // Times the document core without a screen: bench_core FILE [open|serialise|select|edit].
 // "open" ends as soon as the tree is filled and ready for commands, so that the whole process can be timed
 // beside another program.
+#include "bench/Quiet.h"
 #include "core/model/TreeTextCache.h"
 #include "core/model/Validate.h"
 #include "core/model/m_tvXML.h"
 #include "core/sync/Views.h"
 #include "nodes/TreeCommands.h"
-#include "platform/services/RealServices.h"
-#include "shell/frmMDIMain.h"
-#include <QCoreApplication>
-#include <QDir>
-#include <QElapsedTimer>
-#include <cstdio>
 
 namespace {
-
-class Nobody : public services::Prompts {
-public:
-    services::Answer MsgBox(const QString& text, services::Buttons, services::Icon, const QString&) override {
-        std::fprintf(stderr, "%s\n", qPrintable(text));
-        return services::Answer::No;
-    }
-    QString OpenFileName(const QString&, const QString&) override { return {}; }
-    QString SaveFileName(const QString&, const QString&, const QString&) override { return {}; }
-    std::optional<std::uint32_t> ChooseColour(std::uint32_t) override { return {}; }
-    std::optional<services::FontChoice> ChooseFont(const services::FontChoice&) override { return {}; }
-    void Beep() override {}
-};
-
-class NoClipboard : public services::Clipboard {
-public:
-    void Clear() override {}
-    void SetText(const QString&) override {}
-    QString GetText() override { return {}; }
-};
-
-class NoBar : public services::Progress {
-public:
-    void Begin(const QString&) override {}
-    bool Step(qint64, qint64) override { return true; }
-    void End() override {}
-};
 
 void Serialise(DocumentWindow& window) {
     const auto root = window.tvXML.Nodes(1);
@@ -133,32 +101,20 @@ int main(int argc, char** argv) {
         return 2;
     }
     const QByteArray what = argc > 2 ? argv[2] : "open";
-    Nobody nobody;
-    NoBar noBar;
-    NoClipboard noClipboard;
-    const auto settings = services::MakeIniSettings(QDir::tempPath() + QStringLiteral("/vantrel-bench.ini"));
-    const auto files = services::MakeFileSystem();
-    const auto http = services::MakeHttpClient();
-    const auto clock = services::MakeClock();
-    Application app(services::Services{nobody, noBar, *settings, *files, *http, *clock, noClipboard});
-    frmMDIMain frame(app);
-    frame.MDIForm_Load();
-    QElapsedTimer timer;
-    timer.start();
-    frame.MDIForm_Activate(QDir::current().absoluteFilePath(QString::fromLocal8Bit(argv[1])));
-    DocumentWindow* window = frame.ActiveForm();
-    if (!window || window->tvXML.Nodes.Count() < 3)
+    bench::Quiet quiet;
+    double opened = 0;
+    DocumentWindow* window = quiet.open(QString::fromLocal8Bit(argv[1]), opened);
+    if (!window)
         return 1;
-    std::printf("open: %d nodes in %.3f s\n", window->tvXML.Nodes.Count(),
-                static_cast<double>(timer.nsecsElapsed()) / 1e9);
+    std::printf("open: %d nodes in %.3f s\n", window->tvXML.Nodes.Count(), opened / 1e3);
     std::fflush(stdout);
     if (what == "open")
         std::_Exit(0); // what the process frees on its way out is not part of opening
     if (what == "serialise")
         Serialise(*window);
     if (what == "select")
-        Select(app, *window);
+        Select(quiet.app(), *window);
     if (what == "edit")
-        Edit(app, *window);
+        Edit(quiet.app(), *window);
     return 0;
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/text/AnyCaseSearch.h"
 #include "platform/text/LongTextPieces.h"
 #include <algorithm>
 #include <cstring>
@@ -11,6 +12,10 @@ constexpr qsizetype kLongWanted = LongText::kLongestRow;
 
 bool IsLatin(QStringView text) {
     return std::all_of(text.begin(), text.end(), [](QChar unit) { return unit.unicode() < 256; });
+}
+
+qsizetype IndexOf(QStringView text, QStringView what, Qt::CaseSensitivity sensitivity) {
+    return sensitivity == Qt::CaseSensitive ? text.indexOf(what) : IndexOfAnyCase(text, what, 0);
 }
 
 } // namespace
@@ -37,7 +42,7 @@ qsizetype LongText::indexOf(QStringView what, qsizetype from, Qt::CaseSensitivit
             if (hit)
                 return start + (static_cast<const char*>(hit) - data);
         } else if (const qsizetype hit =
-                       piece.view(skip, piece.units - skip, scratch).indexOf(what, 0, sensitivity);
+                       IndexOf(piece.view(skip, piece.units - skip, scratch), what, sensitivity);
                    hit >= 0) {
             return start + skip + hit;
         }

@@ -92,6 +92,14 @@ TEST(LongText, SearchFindsWhatAPlainSearchFinds) {
                       plain.lastIndexOf(wanted, from, sensitivity));
         }
     }
+    // What only a folding of case finds: the Kelvin sign, the long s, letters beyond ASCII.
+    const LongText odd(QStringLiteral(u"xx<\u212Aelvin> <TE\u017Ft> \u00C9t\u00E9 ") + QString(50, u'<') +
+                       QStringLiteral(u"<\u212Aelvin>"));
+    EXPECT_EQ(odd.indexOf(u"<kelvin>", 0, Qt::CaseInsensitive), 2);
+    EXPECT_EQ(odd.indexOf(u"<KELVIN>", 3, Qt::CaseInsensitive), odd.size() - 8);
+    EXPECT_EQ(odd.indexOf(u"test>", 0, Qt::CaseInsensitive), 12);
+    EXPECT_EQ(odd.indexOf(u"st>", 0, Qt::CaseInsensitive), 14);
+    EXPECT_EQ(odd.indexOf(u"\u00E9T\u00C9", 0, Qt::CaseInsensitive), 18);
     EXPECT_EQ(text.indexOf(u"", 0, Qt::CaseSensitive), -1);
     EXPECT_EQ(LongText().indexOf(u"a", 0, Qt::CaseSensitive), -1);
 }

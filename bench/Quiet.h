@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/model/DocumentWindow.h"
+#include "platform/services/RealServices.h"
+#include "shell/frmMDIMain.h"
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <cstdio>
+
+// An application that asks nobody, for measuring programs.
+namespace bench {
+
+template <typename Act> double Milliseconds(Act act) {
+    QElapsedTimer timer;
+    timer.start();
+    act();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+class Nobody : public services::Prompts {
+public:
+    services::Answer MsgBox(const QString& text, services::Buttons, services::Icon, const QString&) override {
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+        return services::Answer::No;
+    }
+    QString OpenFileName(const QString&, const QString&) override { return {}; }
+    QString SaveFileName(const QString&, const QString&, const QString&) override { return {}; }
+    std::optional<std::uint32_t> ChooseColour(std::uint32_t) override { return {}; }
+    std::optional<services::FontChoice> ChooseFont(const services::FontChoice&) override { return {}; }
+    void Beep() override {}
+};
+
+class NoClipboard : public services::Clipboard {
+public:
+    void Clear() override {}
+    void SetText(const QString&) override {}
+    QString GetText() override { return {}; }
+};
+
+class NoBar : public services::Progress {
+public:
+    void Begin(const QString&) override {}
+    bool Step(qint64, qint64) override { return true; }
+    void End() override {}
+};
+
+class Quiet {
+public:
+    Quiet() { frame_.MDIForm_Load(); }
+    Application& app() { return app_; }
+    /// The window of a document, nothing when it can't be opened. `milliseconds` it took.
+    DocumentWindow* open(const QString& file, double& milliseconds) {
+        milliseconds = Milliseconds([&] { frame_.MDIForm_Activate(QDir::current().absoluteFilePath(file)); });
+        DocumentWindow* window = frame_.ActiveForm();
+        return window && window->tvXML.Nodes.Count() > 2 ? window : nullptr;
+    }
+
+private:
+    Nobody nobody_;
+    NoBar noBar_;
+    NoClipboard noClipboard_;
+    std::unique_ptr<services::SettingsStore> settings_ =
+        services::MakeIniSettings(QDir::tempPath() + QStringLiteral("/vantrel-bench.ini"));
+    std::unique_ptr<services::FileSystem> files_ = services::MakeFileSystem();
+    std::unique_ptr<services::HttpClient> http_ = services::MakeHttpClient();
+    std::unique_ptr<services::Clock> clock_ = services::MakeClock();
+    Application app_{services::Services{nobody_, noBar_, *settings_, *files_, *http_, *clock_, noClipboard_}};
+    frmMDIMain frame_{app_};
+};
+
+} // namespace bench
