@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <cstdio>
+#include <cstdlib>
 
 // An application that asks nobody, for measuring programs.
 namespace bench {
@@ -45,16 +46,25 @@ public:
     void End() override {}
 };
 
+/// The application with the document that the command line names. Without one, or when it can't be opened,
+/// the program ends.
 class Quiet {
 public:
-    Quiet() { frame_.MDIForm_Load(); }
-    Application& app() { return app_; }
-    /// The window of a document, nothing when it can't be opened. `milliseconds` it took.
-    DocumentWindow* open(const QString& file, double& milliseconds) {
-        milliseconds = Milliseconds([&] { frame_.MDIForm_Activate(QDir::current().absoluteFilePath(file)); });
-        DocumentWindow* window = frame_.ActiveForm();
-        return window && window->tvXML.Nodes.Count() > 2 ? window : nullptr;
+    Quiet(int argc, char** argv, const char* usage) {
+        if (argc < 2) {
+            std::printf("usage: %s\n", usage);
+            std::exit(2);
+        }
+        frame_.MDIForm_Load();
+        const QString name = QDir::current().absoluteFilePath(QString::fromLocal8Bit(argv[1]));
+        const double took = Milliseconds([&] { frame_.MDIForm_Activate(name); });
+        if (!frame_.ActiveForm() || window().tvXML.Nodes.Count() < 3)
+            std::exit(1);
+        std::printf("open: %d nodes in %.3f s\n", window().tvXML.Nodes.Count(), took / 1e3);
+        std::fflush(stdout);
     }
+    Application& app() { return app_; }
+    DocumentWindow& window() { return *frame_.ActiveForm(); }
 
 private:
     Nobody nobody_;

@@ -96,25 +96,16 @@ void Edit(Application& app, DocumentWindow& window) {
 
 int main(int argc, char** argv) {
     const QCoreApplication core(argc, argv);
-    if (argc < 2) {
-        std::puts("usage: bench_core FILE [open|serialise|select]");
-        return 2;
-    }
     const QByteArray what = argc > 2 ? argv[2] : "open";
-    bench::Quiet quiet;
-    double opened = 0;
-    DocumentWindow* window = quiet.open(QString::fromLocal8Bit(argv[1]), opened);
-    if (!window)
-        return 1;
-    std::printf("open: %d nodes in %.3f s\n", window->tvXML.Nodes.Count(), opened / 1e3);
-    std::fflush(stdout);
+    bench::Quiet quiet(argc, argv, "bench_core FILE [open|serialise|select|edit]");
+    DocumentWindow& window = quiet.window();
     if (what == "open")
         std::_Exit(0); // what the process frees on its way out is not part of opening
     if (what == "serialise")
-        Serialise(*window);
+        Serialise(window);
     if (what == "select")
-        Select(quiet.app(), *window);
+        Select(quiet.app(), window);
     if (what == "edit")
-        Edit(quiet.app(), *window);
+        Edit(quiet.app(), window);
     return 0;
 }

@@ -89,21 +89,13 @@ void Steps(DocumentWindow& window) {
 
 int main(int argc, char** argv) {
     const QCoreApplication core(argc, argv);
-    if (argc < 2) {
-        std::puts("usage: bench_text FILE");
-        return 2;
-    }
-    bench::Quiet quiet;
-    double opened = 0;
-    DocumentWindow* window = quiet.open(QString::fromLocal8Bit(argv[1]), opened);
-    if (!window)
-        return 1;
-    std::printf("open: %d nodes in %.0f ms\n", window->tvXML.Nodes.Count(), opened);
-    window->tbsXML.Select(QStringLiteral("textview"));
-    tbsXML_Click(*window);
-    Find(*window);
-    Leave(*window);
-    ChangeTree(*window);
-    Steps(*window);
+    bench::Quiet quiet(argc, argv, "bench_text FILE");
+    DocumentWindow& window = quiet.window();
+    window.tbsXML.Select(QStringLiteral("textview"));
+    tbsXML_Click(window);
+    Find(window);
+    Leave(window);
+    ChangeTree(window);
+    Steps(window);
     return 0;
 }

@@ -39,19 +39,12 @@ void Time(TextView& view, const char* what, Qt::Key key, Qt::KeyboardModifiers h
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
-    if (argc < 2) {
-        std::puts("usage: bench_view FILE");
-        return 2;
-    }
-    bench::Quiet quiet;
-    double opened = 0;
-    DocumentWindow* window = quiet.open(QString::fromLocal8Bit(argv[1]), opened);
-    if (!window)
-        return 1;
-    window->tbsXML.Select(QStringLiteral("textview"));
-    tbsXML_Click(*window);
+    bench::Quiet quiet(argc, argv, "bench_view FILE");
+    DocumentWindow& window = quiet.window();
+    window.tbsXML.Select(QStringLiteral("textview"));
+    tbsXML_Click(window);
     TextView view;
-    const TextAdapter adapter(window->rtxtXML, view, nullptr);
+    const TextAdapter adapter(window.rtxtXML, view, nullptr);
     view.resize(900, 700);
     std::printf("show: %.1f ms\n", bench::Milliseconds([&] {
                     view.show();
@@ -59,12 +52,12 @@ int main(int argc, char** argv) {
                     Settle();
                     view.viewport()->repaint();
                 }));
-    window->rtxtXML.GotFocus();
+    window.rtxtXML.GotFocus();
     Time(view, "type at the beginning", Qt::Key_X, {}, QStringLiteral("x"));
     Time(view, "to the end", Qt::Key_End, Qt::ControlModifier);
     Time(view, "type at the end", Qt::Key_X, {}, QStringLiteral("x"));
     Time(view, "page up", Qt::Key_PageUp, {});
-    view.Select(window->rtxtXML.Long().size() / 2, window->rtxtXML.Long().size() / 2);
+    view.Select(window.rtxtXML.Long().size() / 2, window.rtxtXML.Long().size() / 2);
     Time(view, "type in the middle", Qt::Key_X, {}, QStringLiteral("x"));
     Time(view, "take it out again", Qt::Key_Backspace, {});
     Time(view, "line by line", Qt::Key_Down, {});
