@@ -3,6 +3,9 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
 #include <QTimer>
 
 namespace {
@@ -36,6 +39,15 @@ public:
 
 ControlEvents::ControlEvents(QWidget& widget, QObject* parent) : QObject(parent) {
     widget.installEventFilter(this);
+    // While a dialog is in front the focus may go to another control: this one isn't told of that.
+    const QPointer<QWidget> own(&widget);
+    connect(qApp, &QApplication::focusChanged, this, [this, own](QWidget*, QWidget* now) {
+        if (!hasFocus_ || !own || !now || now == own || own->isAncestorOf(now) || now->window() != own->window())
+            return;
+        const bool menu = qobject_cast<QMenuBar*>(now) || qobject_cast<QMenu*>(now);
+        if (!menu)
+            FocusOut();
+    });
 }
 
 bool ControlEvents::eventFilter(QObject*, QEvent* event) {

@@ -3,6 +3,7 @@
 #include "core/model/mXMLEdit.h"
 #include "desktop/Glyphs.h"
 #include "desktop/Listen.h"
+#include "desktop/models/OneLine.h"
 #include <QAction>
 #include <QCloseEvent>
 #include <QMenu>
@@ -24,7 +25,8 @@ DocumentSubWindow::DocumentSubWindow(DocumentWindow& window)
 void DocumentSubWindow::ShowCaption() {
     if (!window_)
         return;
-    QString title = isMinimized() ? mXMLEdit::GetFSFileName(window_->Caption) : window_->Caption;
+    QString title =
+        desktop::OneLineName(isMinimized() ? mXMLEdit::GetFSFileName(window_->Caption) : window_->Caption);
     // "[*]" means something else to a title.
     setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }

@@ -2,6 +2,7 @@
 #include "desktop/DocumentView.h"
 #include "core/sync/Views.h"
 #include "desktop/BrowserAdapter.h"
+#include "desktop/DocumentDragging.h"
 #include "desktop/LineAdapter.h"
 #include "desktop/ListAdapter.h"
 #include "desktop/ListEditing.h"
@@ -19,7 +20,7 @@ struct DocumentView::Adapters {
           cells(window, *ui.ListView1), text(window.rtxtXML, *ui.rtxtXML, nullptr),
           text2(window.rtxtXML2, *ui.rtxtXML2, nullptr), path(window.txtXPath, *ui.txtXPath, nullptr),
           browser(window.IE, *ui.browserview, nullptr),
-          tabs(window.tbsXML, *ui.tbsXML, *ui.pages, pages, nullptr) {}
+          tabs(window.tbsXML, *ui.tbsXML, *ui.pages, pages, nullptr), dragging(window, ui) {}
     TreeAdapter tree;
     ListAdapter list;
     ListEditing cells;
@@ -27,6 +28,7 @@ struct DocumentView::Adapters {
     LineAdapter path;
     BrowserAdapter browser;
     TabAdapter tabs;
+    DocumentDragging dragging;
 };
 
 DocumentView::DocumentView(DocumentWindow& window, QWidget* parent)
@@ -60,8 +62,11 @@ void DocumentView::ConnectLayout() {
     });
 
     const auto showSecondPane = [this] {
-        if (window_)
-            ui_->rtxtXML2->setVisible(window_->pctSplitText.Visible());
+        if (!window_)
+            return;
+        ui_->rtxtXML2->setVisible(window_->pctSplitText.Visible());
+        if (window_->pctSplitText.Visible()) // half for each
+            ui_->textview->setSizes({ui_->textview->height(), ui_->textview->height()});
     };
     showSecondPane();
     Listen(window_->pctSplitText.changed, this, showSecondPane);

@@ -3,8 +3,10 @@
 #include "desktop/ChoiceAdapter.h"
 #include "desktop/ControlEvents.h"
 #include "desktop/Listen.h"
+#include "desktop/TextView.h"
 #include "ui_frmFind.h"
 #include <QLineEdit>
+#include <QScreen>
 
 FindDialog::FindDialog(frmFind& form, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmFind>()) {
@@ -19,6 +21,8 @@ FindDialog::FindDialog(frmFind& form, QWidget* parent)
     MakeOption(form.optDA, *ui_->optDA);
     MakeButton(form.cmdFind, *ui_->cmdFind);
     MakeButton(form.cmdReplace, *ui_->cmdReplace);
+    for (const QPushButton* button : {ui_->cmdFind, ui_->cmdReplace})
+        connect(button, &QPushButton::clicked, this, &FindDialog::UncoverHit);
     MakeButton(form.cmdReplaceAll, *ui_->cmdReplaceAll);
     MakeButton(form.cmdDelete, *ui_->cmdDelete);
     MakeButton(form.cmdCancel, *ui_->cmdCancel);
@@ -44,6 +48,25 @@ void FindDialog::PlaceAside() {
     adjustSize();
     const QPoint place(parentWidget()->width() - width() - kMargin, kBars);
     move(parentWidget()->mapToGlobal(place));
+}
+
+// Below the hit, or above it where there is no room.
+void FindDialog::UncoverHit() {
+    constexpr int kGap = 12;
+    for (const TextView* view : parentWidget()->findChildren<TextView*>()) {
+        if (&view->Model() != form_.Target() || !view->isVisible())
+            continue;
+        const text_steps::Range range = view->Selection();
+        const QRect shown = view->viewport()->rect() & (view->RectAt(range.start) | view->RectAt(range.end));
+        const QRect hit(view->viewport()->mapToGlobal(shown.topLeft()), shown.size());
+        QRect frame = frameGeometry();
+        if (!frame.intersects(hit))
+            continue;
+        frame.moveTop(hit.bottom() + kGap);
+        if (frame.bottom() > screen()->availableGeometry().bottom())
+            frame.moveBottom(hit.top() - kGap);
+        move(frame.topLeft());
+    }
 }
 
 void FindDialog::reject() {

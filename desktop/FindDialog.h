@@ -14,7 +14,8 @@ class QComboBox;
 class QPushButton;
 class QRadioButton;
 
-/// The widgets of the find dialog. It stands above the main window, which stays within reach.
+/// The widgets of the find dialog. It stands above the main window, which stays within reach, and makes way
+/// for what it finds there.
 class FindDialog : public QDialog {
 public:
     FindDialog(frmFind& form, QWidget* parent);
@@ -24,6 +25,7 @@ public:
 
 private:
     void PlaceAside();
+    void UncoverHit();
     void MakeBox(controls::ComboBox& model, QComboBox& widget);
     void MakeCheck(controls::CheckBox& model, QCheckBox& widget);
     void MakeOption(controls::OptionButton& model, QRadioButton& widget);

@@ -8,6 +8,16 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
+namespace {
+
+bool ChoosesStyle(const QKeyEvent& event) {
+    const int key = event.key();
+    return event.modifiers() == Qt::ControlModifier &&
+           (key == Qt::Key_Q || key == Qt::Key_W || key == Qt::Key_E || key == Qt::Key_R);
+}
+
+} // namespace
+
 ListAdapter::ListAdapter(controls::ListView& model, const ListWidgets& widgets, QObject* parent)
     : QObject(parent), model_(model), widgets_(widgets), rows_(model, RowIcon), selection_(&rows_),
       reportEvents_(widgets.report, this), iconEvents_(widgets.icons, this) {
@@ -52,7 +62,10 @@ void ListAdapter::ConnectView(QAbstractItemView& view) {
     view.setSelectionModel(&selection_);
     view.installEventFilter(this);
     view.viewport()->installEventFilter(this);
-    connect(&view, &QAbstractItemView::doubleClicked, this, [this] { model_.DblClick(); });
+    connect(&view, &QAbstractItemView::doubleClicked, this, [this](const QModelIndex& index) {
+        if (index.row() + 1 == model_.SelectedItem())
+            model_.DblClick();
+    });
 }
 
 ListAdapter::~ListAdapter() {
@@ -94,6 +107,11 @@ void ListAdapter::KeyPressed(const QKeyEvent& event) {
 }
 
 bool ListAdapter::eventFilter(QObject* watched, QEvent* event) {
+    // In the list Ctrl and a letter choose the style, also where the menu has the same key for something
+    // else.
+    if (event->type() == QEvent::ShortcutOverride && watched == &Shown() &&
+        ChoosesStyle(*static_cast<QKeyEvent*>(event)))
+        event->accept();
     if (event->type() == QEvent::KeyPress && watched == &Shown())
         KeyPressed(*static_cast<QKeyEvent*>(event));
     if (event->type() == QEvent::MouseButtonRelease && watched == Shown().viewport())

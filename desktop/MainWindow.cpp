@@ -3,8 +3,8 @@
 #include "desktop/AddressBox.h"
 #include "desktop/DocumentSubWindow.h"
 #include "desktop/EditNodesDialog.h"
+#include "desktop/FileDrop.h"
 #include "desktop/FindDialog.h"
-#include "desktop/GivenNames.h"
 #include "desktop/Listen.h"
 #include "desktop/MdiArrange.h"
 #include "desktop/MenuAdapter.h"
@@ -14,9 +14,10 @@
 #include "desktop/Twips.h"
 #include "ui_frmMDIMain.h"
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QDropEvent>
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -26,12 +27,31 @@
 #include <QTimer>
 #include <QToolButton>
 
+namespace {
+
+// Not every keyboard has the menu key.
+void OpenContextMenu() {
+    QWidget* focus = QApplication::focusWidget();
+    if (!focus)
+        return;
+    const QPoint place = focus->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, place, focus->mapToGlobal(place));
+    QCoreApplication::sendEvent(focus, &event);
+}
+
+} // namespace
+
 MainWindow::MainWindow(frmMDIMain& frame) : frame_(frame), ui_(std::make_unique<Ui::frmMDIMain>()) {
     ui_->setupUi(this);
     resize(size().boundedTo(screen()->availableSize() * 0.95));
     MakeBars();
     MakeShortcuts();
+    new FileDrop(*this, [this](const QStringList& names) {
+        for (const QString& name : names)
+            frame_.OpenNamed(name);
+    });
     FollowFrame();
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] { frame_.RefreshMenu(); });
     for (DocumentWindow* window : frame_.Forms())
         FormAdded(window);
     ActiveFormChanged(frame_.ActiveForm());
@@ -85,6 +105,7 @@ void MainWindow::MakeShortcuts() {
     add("Ctrl+Shift+Tab", [this] { ui_->MDIArea->activatePreviousSubWindow(); });
     add("F6", [this] { NextPane(1); });
     add("Shift+F6", [this] { NextPane(-1); });
+    add("Shift+F10", [] { OpenContextMenu(); });
     for (const char* keys : {"Ctrl+L", "Alt+D"})
         add(keys, [this] {
             address_->setFocus(Qt::ShortcutFocusReason);
@@ -224,30 +245,4 @@ void MainWindow::paintEvent(QPaintEvent* event) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->setAccepted(frame_.QueryUnload());
-}
-
-// A file manager proposes to move a file, and takes it away when that is accepted: a drop only opens it.
-void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (DroppedNames(*event->mimeData()).isEmpty())
-        return;
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-}
-
-void MainWindow::dragMoveEvent(QDragMoveEvent* event) {
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-}
-
-void MainWindow::dropEvent(QDropEvent* event) {
-    const QStringList names = DroppedNames(*event->mimeData());
-    if (names.isEmpty() || QApplication::activeModalWidget())
-        return;
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    // Opening may ask something, and the program that files are dragged from waits until the drop is over.
-    QTimer::singleShot(0, this, [this, names] {
-        for (const QString& name : names)
-            frame_.OpenNamed(name);
-    });
 }

@@ -69,3 +69,9 @@ void Arrange(QMdiArea& area, int code) {
         break;
     }
 }
+
+void ActivateDocumentOf(const QWidget& part) {
+    for (QWidget* parent = part.parentWidget(); parent; parent = parent->parentWidget())
+        if (auto* document = qobject_cast<QMdiSubWindow*>(parent); document && document->mdiArea())
+            document->mdiArea()->setActiveSubWindow(document);
+}

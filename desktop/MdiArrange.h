@@ -2,7 +2,11 @@
 #pragma once
 
 class QMdiArea;
+class QWidget;
 
 /// Places the document windows; `code` is an ArrangeCode. Minimised windows keep out of it, but for the last
 /// code.
 void Arrange(QMdiArea& area, int code);
+
+/// Brings the document that a widget is part of to the front.
+void ActivateDocumentOf(const QWidget& part);

@@ -2,7 +2,24 @@
 #include "desktop/MenuAdapter.h"
 #include "desktop/Listen.h"
 #include "desktop/ThemeIcons.h"
+#include "desktop/models/OneLine.h"
+#include <QApplication>
+#include <QFontMetrics>
 #include <QKeySequence>
+
+namespace {
+
+/// The caption of a recent file is a file name: it has no mnemonic and no shortcut of its own behind a tab,
+/// and a long one keeps its ends, so that the menu stays a menu.
+QString EntryOf(const QString& fileName) {
+    constexpr int kWidest = 80; // characters
+    const QFontMetrics metrics(QApplication::font("QMenu"));
+    return metrics
+        .elidedText(desktop::OneLineName(fileName), Qt::ElideMiddle, kWidest * metrics.averageCharWidth())
+        .replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+} // namespace
 
 QMenu* MenuAdapter::Fill(const std::vector<std::unique_ptr<controls::MenuItem>>& items, QMenuBar& bar) {
     QMenu* menu = nullptr;
@@ -48,11 +65,7 @@ QAction* MenuAdapter::MakeAction(controls::MenuItem& item, QObject* owner) {
 
 void MenuAdapter::Follow(controls::MenuItem& item, QAction& action) {
     const auto show = [&item, &action] {
-        // The caption of a recent file is a file name: it has no mnemonic.
-        QString text = item.Caption();
-        if (item.Index > 0)
-            text.replace(QLatin1Char('&'), QStringLiteral("&&"));
-        action.setText(text);
+        action.setText(item.Index > 0 ? EntryOf(item.Caption()) : item.Caption());
         action.setEnabled(item.Usable());
         action.setVisible(item.Visible());
     };

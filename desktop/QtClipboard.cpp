@@ -2,6 +2,7 @@
 #include "desktop/QtClipboard.h"
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMimeData>
 
 void QtClipboard::Clear() {
     QGuiApplication::clipboard()->clear();
@@ -13,6 +14,11 @@ void QtClipboard::SetText(const QString& text) {
     plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 #endif
     QGuiApplication::clipboard()->setText(plain);
+}
+
+bool QtClipboard::HasText() {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data && data->hasText();
 }
 
 QString QtClipboard::GetText() {

@@ -9,4 +9,5 @@ public:
     /// Line ends go out as other programs here write them.
     void SetText(const QString& text) override;
     QString GetText() override;
+    bool HasText() override;
 };

@@ -46,8 +46,7 @@ bool QtProgress::Step(qint64 done, qint64 total) {
     shownAt_.start();
     dialog_->setRange(0, total > 0 ? kWholeBar : 0);
     dialog_->setValue(total > 0 ? static_cast<int>(done * kWholeBar / total) : 0);
-    // Only the bar's window takes keys and clicks now: it is modal. Sockets are left alone, since they may
-    // belong to the work.
+    // Only the bar's window takes keys and clicks now: it is modal.
     QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
     return !cancelled_;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/QtPrompts.h"
 #include "desktop/Colours.h"
+#include "desktop/LongWords.h"
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
@@ -13,10 +14,8 @@ using services::Buttons;
 
 namespace {
 
-// A box shows so much of a text, and breaks words that are longer: a line of millions of characters would
-// stop it.
+// A box shows so much of a text: a line of millions of characters would stop it.
 constexpr qsizetype kLongestText = 4000;
-constexpr int kLongestWord = 80;
 
 // A stored size may be any number; a font dialog draws its sample in it.
 constexpr double kSmallestFont = 1;
@@ -27,17 +26,7 @@ QString ForBox(const QString& text) {
     if (shown.size() < text.size())
         shown += QChar(0x2026);
     shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    QString broken;
-    int word = 0;
-    for (const QChar unit : shown) {
-        word = unit.isSpace() ? 0 : word + 1;
-        if (word > kLongestWord && !unit.isLowSurrogate()) {
-            broken += QChar(0x200B); // a place to break, without width
-            word = 0;
-        }
-        broken += unit;
-    }
-    return broken;
+    return WithBreaksInLongWords(shown);
 }
 
 QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {

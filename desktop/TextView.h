@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 
+class QDrag;
 class QInputMethodEvent;
 
 /// A plain text editor on a RichTextBox. It has no text of its own: it sets the rows that can be seen
@@ -57,6 +58,9 @@ public:
     bool IsOverwriting() const { return overwrite_; }
 
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+
+    /// Carries a drag out and tells what became of it, in place of the window system: for a test.
+    std::function<Qt::DropAction(QDrag&)> runsDrag;
 
 Q_SIGNALS:
     // Caret and selection stand already when these are told.
@@ -145,6 +149,7 @@ private:
     void MoveRows(qsizetype rows, bool select);
     void ScrollRows(qsizetype rows);
     qsizetype RowEnd(qsizetype position) const;
+    void PutIn(text_steps::Range range, const QString& text);
     void DeleteTo(qsizetype (*step)(const text::LongText&, qsizetype));
     void EnterText(const QString& text);
 
@@ -156,6 +161,9 @@ private:
     bool IsInSelection(QPoint place) const;
     void UpdatePointer(QPoint place);
     void StartDrag();
+    bool TakeDrag(QDropEvent& event);
+    bool ShowsSameText(const TextView& other) const;
+    bool TakeOver(const TextView& from, const QString& dragged);
     void ShowDropPlace(qsizetype position);
     void MoveSelectionTo(qsizetype position);
 

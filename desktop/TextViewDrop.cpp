@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/MdiArrange.h"
 #include "desktop/TextMime.h"
 #include "desktop/TextView.h"
 #include "desktop/Twips.h"
+#include "platform/controls/ColourRuns.h"
 #include <QDrag>
 #include <QDropEvent>
 #include <QPointer>
@@ -10,46 +12,56 @@
 void TextView::StartDrag() {
     press_ = Press::None;
     const text_steps::Range range = Selection();
+    const text::LongText before = Text();
     const QPointer<TextView> self = this;
     QDrag* drag = std::make_unique<QDrag>(this).release(); // it deletes itself when it is over
-    drag->setMimeData(MakeTextMime(Text(), range).release());
+    drag->setMimeData(MakeTextMime(before, range).release());
     drags_ = true;
     movedInside_ = false;
     const Qt::DropActions may = model_->Locked ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction;
-    const Qt::DropAction done = drag->exec(may, model_->Locked ? Qt::CopyAction : Qt::MoveAction);
+    const Qt::DropAction wanted = model_->Locked ? Qt::CopyAction : Qt::MoveAction;
+    const Qt::DropAction done = runsDrag ? runsDrag(*drag) : drag->exec(may, wanted);
     if (!self)
         return;
     drags_ = false;
     ShowDropPlace(-1);
     // Another program has taken the text; here it is removed, if it still stands where it did.
-    const text_steps::Range now = Selection();
-    if (done == Qt::MoveAction && !movedInside_ && now.start == range.start && now.end == range.end)
+    if (done == Qt::MoveAction && !movedInside_ && Text() == before)
         Replace(range, {});
 }
 
 void TextView::dragEnterEvent(QDragEnterEvent* event) {
-    if (!model_->Locked && IsTextMime(*event->mimeData()))
-        event->acceptProposedAction();
-    else
-        event->ignore();
+    TakeDrag(*event);
 }
 
-// Text from elsewhere goes where the caret is, and the caret follows the pointer. Text of this view stays
-// selected until it is dropped, so only a mark follows.
+// Text of another document of this program is copied: a document that isn't in front isn't cut. What other
+// programs propose is up to them.
+bool TextView::TakeDrag(QDropEvent& event) {
+    event.setAccepted(!model_->Locked && IsTextMime(*event.mimeData()));
+    if (!event.isAccepted())
+        return false;
+    const auto* from = qobject_cast<TextView*>(event.source());
+    event.setDropAction(from && !ShowsSameText(*from) ? Qt::CopyAction : event.proposedAction());
+    return true;
+}
+
+bool TextView::ShowsSameText(const TextView& other) const {
+    return &other == this || (other.parent() == parent() && other.Text() == Text());
+}
+
+// Text from elsewhere goes where the caret is, and the caret follows the pointer; it doesn't scroll the view
+// away under it. Text of this view stays selected until it is dropped, so only a mark follows.
 void TextView::dragMoveEvent(QDragMoveEvent* event) {
-    if (model_->Locked || !IsTextMime(*event->mimeData()))
-        return event->ignore();
+    if (!TakeDrag(*event))
+        return;
     const QPoint place = event->position().toPoint();
-    const int height = rows_.Font().height;
-    if (place.y() < height || place.y() >= viewport()->height() - height)
-        ScrollRows(place.y() < height ? -1 : 1);
     const qsizetype position = PositionAt(place);
     if (!drags_) {
-        Select(position, position);
+        PlaceCaret(position, position);
+        model_->UserSelected(position, 0);
         model_->DragOver(ToTwips(place.x()), ToTwips(place.y()));
     }
     ShowDropPlace(position);
-    event->acceptProposedAction();
 }
 
 void TextView::dragLeaveEvent(QDragLeaveEvent* event) {
@@ -59,35 +71,61 @@ void TextView::dragLeaveEvent(QDragLeaveEvent* event) {
 
 void TextView::dropEvent(QDropEvent* event) {
     ShowDropPlace(-1);
-    if (model_->Locked || !IsTextMime(*event->mimeData()))
-        return event->ignore();
-    const qsizetype position = PositionAt(event->position().toPoint());
-    event->acceptProposedAction();
-    if (drags_ && event->dropAction() == Qt::MoveAction) {
-        movedInside_ = true;
+    if (!TakeDrag(*event))
+        return;
+    const QPoint place = event->position().toPoint();
+    qsizetype position = PositionAt(place);
+    const text::LongText before = Text();
+    // The view that is left may bring its edits into the document, which may change this text.
+    ActivateDocumentOf(*this);
+    setFocus(Qt::MouseFocusReason);
+    if (!(Text() == before))
+        position = PositionAt(place);
+    auto* from = drags_ ? this : qobject_cast<TextView*>(event->source());
+    if (from && event->dropAction() == Qt::MoveAction && TakeOver(*from, event->mimeData()->text())) {
+        from->movedInside_ = true;
         return MoveSelectionTo(position);
     }
+    if (from)
+        event->setDropAction(Qt::CopyAction);
     Select(position, position);
-    const QString text = event->mimeData()->text();
-    Replace({position, position}, text);
+    PutIn({position, position}, event->mimeData()->text());
     Select(position, caret_);
-    setFocus(Qt::MouseFocusReason);
 }
 
-// One edit of all that lies between the two places, so that it can be undone in one step.
+// What is dragged out of another pane on the same text is moved as if it had been selected here.
+bool TextView::TakeOver(const TextView& from, const QString& dragged) {
+    if (!ShowsSameText(from) || from.SelectedText(u"\n") != dragged)
+        return false;
+    if (&from != this)
+        Select(from.Anchor(), from.Caret());
+    return true;
+}
+
+// Two stretches change places. One edit, so that it can be undone in one step; everything keeps its colours.
 void TextView::MoveSelectionTo(qsizetype position) {
     const text_steps::Range from = Selection();
     if (position >= from.start && position <= from.end)
         return;
-    const QString moved = Text().mid(from.start, from.end - from.start);
-    const qsizetype size = moved.size();
-    if (position < from.start) {
-        Replace({position, from.end}, moved + Text().mid(position, from.start - position));
-        Select(position, position + size);
-    } else {
-        Replace({from.start, position}, Text().mid(from.end, position - from.end) + moved);
-        Select(position - size, position);
+    const bool back = position < from.start;
+    const text_steps::Range first = back ? text_steps::Range{position, from.start} : from;
+    const text_steps::Range second = back ? from : text_steps::Range{from.end, position};
+    const auto colours = [this](text_steps::Range part) {
+        return controls::RunsOf(model_->Runs(), part.start, part.end - part.start);
+    };
+    std::vector<controls::ColourRun> runs = colours(second);
+    const qsizetype shift = second.end - second.start;
+    runs.push_back({shift, 0});
+    for (const controls::ColourRun& run : colours(first))
+        runs.push_back({run.start + shift, run.colour});
+    const QString text = Text().mid(second.start, shift) + Text().mid(first.start, first.end - first.start);
+    Select(first.start, second.end);
+    {
+        const QScopedValueRollback editing(editing_, true);
+        model_->SetSelContent(text, std::move(runs));
     }
+    const qsizetype size = from.end - from.start, start = back ? position : position - size;
+    Select(start, start + size);
 }
 
 void TextView::ShowDropPlace(qsizetype position) {

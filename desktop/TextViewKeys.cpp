@@ -176,6 +176,13 @@ void TextView::Replace(text_steps::Range range, const QString& text) {
     FollowSelection();
 }
 
+/// A text from elsewhere.
+void TextView::PutIn(text_steps::Range range, const QString& text) {
+    Replace(range, text);
+    if (!model_->Locked && caret_ > range.start)
+        model_->Pasted(range.start, caret_ - range.start);
+}
+
 void TextView::DeleteTo(qsizetype (*step)(const text::LongText&, qsizetype)) {
     text_steps::Range range = Selection();
     if (range.start == range.end) {
@@ -216,5 +223,5 @@ void TextView::Copy() const {
 void TextView::Paste() {
     const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
     if (mime && IsTextMime(*mime))
-        Replace(Selection(), mime->text());
+        PutIn(Selection(), mime->text());
 }

@@ -38,7 +38,7 @@ void TextView::mousePressEvent(QMouseEvent* event) {
         const QMimeData* mime = QGuiApplication::clipboard()->mimeData(QClipboard::Selection);
         const QString text = mime && IsTextMime(*mime) ? mime->text() : QString();
         Select(PositionAt(place), PositionAt(place));
-        Replace(Selection(), text);
+        PutIn(Selection(), text);
     } else if (event->button() == Qt::RightButton && !IsInSelection(place)) {
         Select(PositionAt(place), PositionAt(place));
     }

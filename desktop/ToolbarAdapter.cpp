@@ -4,6 +4,7 @@
 #include "desktop/Listen.h"
 #include "desktop/ThemeIcons.h"
 #include <QMenu>
+#include <QTextDocument>
 #include <QToolButton>
 
 namespace {
@@ -54,7 +55,10 @@ void ToolbarAdapter::Add(controls::ToolButton& button) {
     action->setIcon(ButtonIcon(button));
     QString text = button.ToolTip;
     action->setText(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
-    action->setToolTip(button.ToolTip);
+    // A tip such as "&lt;" is to be read as it stands.
+    const bool marked = Qt::mightBeRichText(button.ToolTip);
+    action->setToolTip(marked ? QStringLiteral("<span>%1</span>").arg(button.ToolTip.toHtmlEscaped())
+                              : button.ToolTip);
     const auto show = [&button, action] { action->setEnabled(button.Usable()); };
     show();
     Listen(button.changed, action, show);

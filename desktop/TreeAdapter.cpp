@@ -31,6 +31,7 @@ TreeAdapter::TreeAdapter(controls::TreeView& model, QTreeView& widget, QObject* 
 
     Listen(model.selectionChanged, this, [this](const TreeNode&) { ShowSelected(); });
     Listen(model.expandedChanged, this, [this](const TreeNode& node) { ShowExpanded(node); });
+    Listen(model.Drag.End, this, [this] { DragEnded(); });
     Listen(model.ensureVisible, this,
            [this](const TreeNode& node) { widget_.scrollTo(rows_.IndexOf(node)); });
     RestoreExpanded();
@@ -44,6 +45,11 @@ void TreeAdapter::ConnectLabels() {
     Listen(model_.labelEditFinish, labels, [labels] { labels->Finish(); });
     Listen(model_.labelEditStarted, this,
            [this](const TreeNode& node) { widget_.edit(rows_.IndexOf(node)); });
+    // The widget drops its editors when the tree is replaced as a whole.
+    connect(&rows_, &QAbstractItemModel::modelReset, labels, [this] {
+        if (model_.LabelEditNode())
+            model_.CancelLabelEdit();
+    });
 }
 
 void TreeAdapter::ConnectRows() {
@@ -102,9 +108,13 @@ void TreeAdapter::ExpandedByWidget(const QModelIndex& index, bool expanded) {
 bool TreeAdapter::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::MouseButtonRelease)
         MouseReleased(static_cast<QMouseEvent*>(event)->pos());
-    // A context menu keeps the button's release for itself, and works on the node it was opened over.
-    if (event->type() == QEvent::ContextMenu && std::exchange(moved_, false) && model_.SelectedItem())
-        model_.NodeClick(model_.SelectedItem());
+    // A context menu keeps the button's release for itself, and works on the node it was opened over, the
+    // current one too.
+    if (event->type() == QEvent::ContextMenu) {
+        moved_ = false;
+        if (model_.SelectedItem())
+            model_.NodeClick(model_.SelectedItem());
+    }
     return false;
 }
 
@@ -113,6 +123,14 @@ void TreeAdapter::MouseReleased(const QPoint& place) {
     if ((std::exchange(moved_, false) || onNode) && model_.SelectedItem())
         model_.NodeClick(model_.SelectedItem());
     model_.Click();
+}
+
+// The drag has kept the button's release for itself. Where it ended in another view that has the focus, the
+// views followed the node when the tree lost it.
+void TreeAdapter::DragEnded() {
+    moved_ = false;
+    if (widget_.hasFocus() && model_.SelectedItem())
+        model_.NodeClick(model_.SelectedItem());
 }
 
 // --- the model's changes -----------------------------------------------------------------------------------

@@ -19,6 +19,7 @@ private:
     void CurrentChanged(const QModelIndex& current);
     void ExpandedByWidget(const QModelIndex& index, bool expanded);
     void MouseReleased(const QPoint& place);
+    void DragEnded();
     void ShowSelected();
     void ShowExpanded(controls::TreeNode node);
     void RestoreExpanded();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/TreeTip.h"
+#include "desktop/LongWords.h"
 #include "desktop/models/TreeModel.h"
 #include <QHelpEvent>
 #include <QToolTip>
@@ -14,7 +15,7 @@ QString AsTip(const QString& text) {
     constexpr qsizetype kLine = 80;
     const auto* space = text.size() > kLine ? "pre-wrap" : "pre";
     return QStringLiteral("<p style=\"white-space: %1\">%2</p>")
-        .arg(QLatin1String(space), text.toHtmlEscaped());
+        .arg(QLatin1String(space), WithBreaksInLongWords(text).toHtmlEscaped());
 }
 
 } // namespace
@@ -54,7 +55,10 @@ QString TreeTip::TextFor(const QModelIndex& index) const {
     if (whole.length <= most)
         return whole.toString();
     whole.length = most;
-    return whole.toString() + QStringLiteral("...");
+    QString shown = whole.toString();
+    if (!shown.isEmpty() && shown.back().isHighSurrogate())
+        shown.chop(1); // half a character would be shown as a box
+    return shown + QStringLiteral("...");
 }
 
 bool TreeTip::Fits(const QModelIndex& index) const {

@@ -44,8 +44,11 @@ QString NothingAdded(DocumentWindow& window, bool noEdit) {
 
 // The user names the new element at once. Where the window doesn't let its name be edited it gets one.
 void EditNewName(DocumentWindow& window, TreeNode node) {
-    if (!window.tvXML.StartLabelEdit() && node && node.TextView().isEmpty())
+    if (window.tvXML.StartLabelEdit())
+        return; // the views follow when the edit ends
+    if (node.TextView().isEmpty())
         node.SetText(QStringLiteral("Unnamed"));
+    DoTree(window);
 }
 
 // The list that shows the new node lets its value be typed at once.

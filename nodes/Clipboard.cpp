@@ -15,35 +15,80 @@ namespace {
 using controls::TreeNode;
 
 constexpr int kElement = 1;
+constexpr int kText = 3;
+constexpr int kInstruction = 7;
+constexpr int kComment = 8;
 
-// A leaf takes no children: the serialiser would leave them out.
+// Beside the root element there is room for comments and instructions alone.
+bool FitsAtTheTop(DocumentWindow& window, xml::Node fragment) {
+    int elements = m_tvXML::HaveElementNodeAtXMLRootLevel(window) ? 1 : 0;
+    for (xml::Node node = fragment.firstChild(); node; node = node.nextSibling()) {
+        if (node.nodeType() == xml::TEXT || node.nodeType() == xml::CDATA_SECTION)
+            return false;
+        elements += node.nodeType() == xml::ELEMENT ? 1 : 0;
+    }
+    return elements <= 1;
+}
+
+} // namespace
+
+// The serialiser would leave out what is below a leaf.
 TreeNode Container(TreeNode node) {
     while (node && !m_tvXML::IsTreeRoot(node) && m_tvXML::GetKeyType(node) != kElement)
         node = node.Parent();
     return node;
 }
 
-} // namespace
-
-void CopyTreeNode(DocumentWindow& window) try {
+bool CopyTreeNode(DocumentWindow& window) try {
     const TreeNode node = window.tvXML.SelectedItem();
     if (!node)
-        return;
+        return false;
     Application& app = window.app;
+    const QString text = m_tvXML::GetTreeNodesXML(node, QStringLiteral("\t"));
+    if (text.isEmpty() || !HasTextForm(node)) {
+        SayNothingCopied(app);
+        return false;
+    }
     app.clipboardSource = &window;
-    app.copiedText = m_tvXML::GetTreeNodesXML(node, QStringLiteral("\t"));
+    app.copiedText = text;
     app.copiedAttributes.clear();
     app.services.clipboard.Clear();
     app.services.clipboard.SetText(app.copiedText);
     app.ClipboardSourceView = kViewTree;
     window.msNodeClip = node.Key();
     DoMenu(window);
+    return true;
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".CopyTreeNode"));
+    return false;
+}
+
+bool HasTextForm(TreeNode node) {
+    switch (m_tvXML::GetKeyType(node)) {
+    case kElement:
+    case kText:
+    case kInstruction:
+    case kComment:
+        return true;
+    default:
+        return m_tvXML::IsTreeRoot(node);
+    }
+}
+
+bool IsLastCopy(const Application& app, const QString& text) {
+    if (app.copiedText.isEmpty() || text.isEmpty())
+        return false;
+    const auto plain = [](QString one) { return one.remove(u'\r'); };
+    return text == app.copiedText || plain(text) == plain(app.copiedText);
+}
+
+void SayNothingCopied(Application& app) {
+    app.services.prompts.MsgBox(QStringLiteral("This type of data can not copy!"));
 }
 
 void CutTreeNode(DocumentWindow& window) {
-    CopyTreeNode(window);
+    if (!CopyTreeNode(window))
+        return;
     DeleteTreeNode(window);
     TreeChangeTextView(window);
     DoTree(window);
@@ -71,14 +116,14 @@ bool PasteXMLText(DocumentWindow& window, const QString& text, TreeNode node, bo
     std::shared_ptr<xml::ParsedDocument> document;
     const xml::Node temp = ConvertStringToXMLNode(
         window.app, QStringLiteral("<temp>") + text + QStringLiteral("</temp>"), document);
-    if (!temp || (!asChild && m_tvXML::IsTreeRoot(target)))
+    if (!temp || (m_tvXML::IsTreeRoot(target) && !(asChild && FitsAtTheTop(window, temp))))
         return false;
     const int before = window.tvXML.Nodes.Count();
     const TreeNode selected = window.tvXML.SelectedItem();
+    window.bTreeChanged = true; // also if only a part gets there
     m_tvXML::XMLChildNodesToTree(window.app, &window, temp, target.Key(), window.tvXML);
     if (selected)
         window.tvXML.SetSelectedItem(selected);
-    window.bTreeChanged = true;
     DoTree(window);
     return window.tvXML.Nodes.Count() > before;
 } catch (const text::Fault& fault) {
@@ -100,7 +145,7 @@ void PasteTreeNodeToTextView(DocumentWindow& window) try {
     QString text = window.app.services.clipboard.GetText();
     if (text.isEmpty())
         text = m_tvXML::GetTreeNodesXML(source->tvXML.Nodes.Find(source->msNodeClip), QStringLiteral("\t"));
-    window.TextInUse().SetSelText(text);
+    window.TextInUse().Paste(text);
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".PasteTreeNodeToTextView"));
 }
@@ -135,7 +180,7 @@ void Paste(DocumentWindow& window) {
         if (clipboard.GetText().isEmpty() && window.app.ClipboardSourceView == kViewList)
             PasteListViewItemsToTextView(window);
         else
-            window.TextInUse().SetSelText(clipboard.GetText());
+            window.TextInUse().Paste(clipboard.GetText());
     } else if (window.miPopupContext == kContextList) {
         PasteListViewItems(window);
     } else if (window.miPopupContext == kContextTree) {

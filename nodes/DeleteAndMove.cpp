@@ -32,11 +32,16 @@ bool MayMove(TreeNode node, bool up) {
     return neighbour && m_tvXML::GetKeyType(up ? neighbour : node) != kInstruction;
 }
 
-// A moved node is a new one: what is being typed for the old one would go with it.
-void FinishOpenEdits(DocumentWindow& window) {
+// A moved node is a new one: what is being typed for the old one would go with it. A text that is being typed
+// comes into the tree first; false when it doesn't parse, which the user sees there.
+bool FinishOpenEdits(DocumentWindow& window) {
     window.tvXML.FinishLabelEdit();
     window.ListView1.FinishLabelEdit();
     txtListView_LostFocus(window);
+    if (!window.bTextChanged)
+        return true;
+    LeaveTextView(window);
+    return !window.bTextUnread;
 }
 
 // The copy takes the original's place as the current node.
@@ -78,7 +83,8 @@ void MoveUpDownOneNodeAtTree(DocumentWindow& window, bool up) try {
 }
 
 void SetNodeAsParent(DocumentWindow& window) try {
-    FinishOpenEdits(window);
+    if (!FinishOpenEdits(window))
+        return;
     const TreeNode original = window.tvXML.SelectedItem();
     const TreeNode parent = original ? original.Parent() : TreeNode();
     if (!parent || m_tvXML::IsTreeRoot(parent))
@@ -93,7 +99,8 @@ void SetNodeAsParent(DocumentWindow& window) try {
 }
 
 void SetNodeAsChild(DocumentWindow& window) try {
-    FinishOpenEdits(window);
+    if (!FinishOpenEdits(window))
+        return;
     const TreeNode original = window.tvXML.SelectedItem();
     if (!original || m_tvXML::IsTreeRoot(original))
         return;
@@ -110,7 +117,8 @@ void SetNodeAsChild(DocumentWindow& window) try {
 namespace {
 
 void MoveUpOrDown(DocumentWindow& window, bool up) {
-    FinishOpenEdits(window);
+    if (!FinishOpenEdits(window))
+        return;
     if (window.miPopupContext == kContextList) {
         MoveUpDownOneItemAtListView(window, up);
         return;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/DragDrop.h"
+#include "core/model/Frame.h"
 #include "core/model/Serialise.h"
 #include "core/model/Validate.h"
 #include "core/model/m_tvXML.h"
@@ -8,27 +9,42 @@
 #include "nodes/Clipboard.h"
 #include "nodes/ListRows.h"
 #include "nodes/fill/ShowListView.h"
-#include "textview/fill/Colour.h"
-#include <algorithm>
 
 namespace {
 
+using controls::Dragged;
 using controls::TreeNode;
 
-bool FromTree(const QString& source) {
-    return source == QStringLiteral("tvXML");
+TreeNode NodeOnShow(DocumentWindow& window) {
+    return window.tvXML.Nodes.Find(window.ListView1.Tag);
 }
 
-// The rows may be other nodes' by the time of the drop: their texts and the keys tell what is dragged.
-bool IsDragged(DocumentWindow& window, const QString& source, TreeNode target) {
-    if (FromTree(source))
-        return window.tvXML.SelectedItem() == target;
-    const QString key = target.Key();
-    const std::vector<int> rows = window.ListView1.SelectedRows();
-    return std::any_of(rows.begin(), rows.end(), [&](int row) {
-        const controls::ListItem& item = window.ListView1.Item(row);
-        return (item.SmallIcon == kRowAttribute ? item.Tag : item.Key) == key;
-    });
+// Attributes stand behind all other rows.
+bool IsAnyAttributeDragged(DocumentWindow& source) {
+    const controls::ListView& list = source.ListView1;
+    for (int row = list.Count(); row > 0 && list.Item(row).SmallIcon == kRowAttribute; --row) {
+        if (list.Selected(row))
+            return true;
+    }
+    return false;
+}
+
+// A row of a node stands for the node, that of an attribute for its element.
+bool IsDragged(DocumentWindow& source, TreeNode target) {
+    if (source.app.dragSourceView == kViewTree)
+        return source.tvXML.SelectedItem() == target;
+    const int row = source.ListView1.IndexOf(target.Key());
+    return (row > 0 && source.ListView1.Selected(row)) ||
+           (NodeOnShow(source) == target && IsAnyAttributeDragged(source));
+}
+
+// Nodes of a list may go under the tree root when they are dropped on the root's list.
+bool Takes(DocumentWindow& window, TreeNode target, bool onList) {
+    DocumentWindow* source = window.app.dragSource;
+    if (!target || !source || IsDragged(*source, target))
+        return false;
+    const bool root = m_tvXML::IsTreeRoot(target);
+    return !root || (onList && !(source->app.dragSourceView == kViewList && IsAnyAttributeDragged(*source)));
 }
 
 void Refresh(DocumentWindow& window) {
@@ -38,81 +54,120 @@ void Refresh(DocumentWindow& window) {
     DoTree(window);
 }
 
+// What is dropped goes through the clipboard, as if it had been copied and pasted. Whether it was added.
+bool DropNodes(DocumentWindow& window, DocumentWindow& source, TreeNode target, bool onList) {
+    Application& app = window.app;
+    const bool copied = app.dragSourceView == kViewTree ? CopyTreeNode(source) : CopyListViewItems(source);
+    if (!copied)
+        return false;
+    const bool rowsOfAttributes = app.copiedText == app.copiedAttributes;
+    return PasteNodesAndAttributes(window, target, rowsOfAttributes ? QString() : app.copiedText,
+                                   app.copiedAttributes, onList);
+}
+
+bool DropOn(DocumentWindow& window, TreeNode node, bool onList) {
+    DocumentWindow* source = window.app.dragSource;
+    const TreeNode target = Container(node);
+    if (!source || !target || IsDragged(*source, target))
+        return false;
+    const bool fromTree = window.app.dragSourceView == kViewTree;
+    // A document doesn't go into a part of itself, and beside the root element there is no room for nodes.
+    if (fromTree &&
+        (m_tvXML::IsTreeRoot(source->tvXML.SelectedItem()) || (m_tvXML::IsTreeRoot(target) && !onList)))
+        return false;
+    return DropNodes(window, *source, target, onList);
+}
+
 void SayNothingFits(DocumentWindow& window) {
     window.app.services.prompts.MsgBox(QStringLiteral("This type of data can not paste!"));
 }
 
-// Either all of it goes in or the user is told why nothing did.
-void DropRows(DocumentWindow& window, TreeNode target, bool onRoot) {
-    QString attributes;
-    const QString nodes = GetCopiedListViewItemsXML(window, attributes);
-    const bool element = m_tvXML::GetKeyType(target) == kRowElement;
-    if (nodes.isEmpty() && attributes.isEmpty())
-        return;
-    if (!attributes.isEmpty() && !element) {
-        SayNothingFits(window);
-        return;
-    }
-    CopyListViewItems(window);
-    if (!attributes.isEmpty() && !AddAttributes(window, target, attributes))
-        return;
-    if (!nodes.isEmpty())
-        PasteXMLText(window, nodes, target, onRoot);
-    Refresh(window);
-}
-
-void DropOn(DocumentWindow& window, const QString& source, TreeNode target, bool onRoot) {
-    if (!target || IsDragged(window, source, target))
-        return;
-    if (!FromTree(source)) {
-        DropRows(window, target, onRoot);
-        return;
-    }
-    if (m_tvXML::IsTreeRoot(window.tvXML.SelectedItem())) // a document doesn't go into a part of itself
-        return;
-    CopyTreeNode(window);
-    if (PasteXMLText(window, window.app.copiedText, target, onRoot))
-        Refresh(window);
-}
-
-void DropOnPane(DocumentWindow& window, controls::RichTextBox& pane, const QString& text,
-                qsizetype position) {
-    if (text.isEmpty())
-        return;
-    const qsizetype at = std::clamp<qsizetype>(position, 0, pane.Long().size());
-    pane.SetSelStart(at);
-    pane.SetSelLength(0);
-    pane.SetSelText(text);
-    pane.SetSelStart(at);
-    pane.SetSelLength(text.size());
-    mXMLEdit::SetSeltextColor(window.app, pane);
+void StartDrag(DocumentWindow& window, int view) {
+    window.app.dragSource = &window;
+    window.app.dragSourceView = view;
 }
 
 } // namespace
 
-QString DraggedText(DocumentWindow& window, const QString& source) {
-    if (FromTree(source)) {
+// --- a drag begins -----------------------------------------------------------------------------------------
+
+// Only a leaf may have no text form, so this makes no text of a large part of the document.
+void tvXML_StartDrag(DocumentWindow& window, bool& cancel) {
+    const TreeNode node = window.tvXML.SelectedItem();
+    cancel = !node || m_tvXML::IsTreeRoot(node) ||
+             (m_tvXML::GetKeyType(node) != kRowElement && DraggedText(window, kViewTree).isEmpty());
+    if (!cancel)
+        StartDrag(window, kViewTree);
+}
+
+void ListView1_StartDrag(DocumentWindow& window, bool& cancel) {
+    cancel = window.ListView1.SelectedRows().empty();
+    if (!cancel)
+        StartDrag(window, kViewList);
+}
+
+QString DraggedText(DocumentWindow& window, int view) {
+    if (view == kViewTree) {
         const TreeNode node = window.tvXML.SelectedItem();
-        if (!node || m_tvXML::IsTreeRoot(node))
-            return {};
-        return m_tvXML::GetTreeNodesXML(node, QStringLiteral("\t"));
+        const QString text = m_tvXML::GetTreeNodesXML(node, QStringLiteral("\t"));
+        return m_tvXML::GetKeyType(node) == kRowText ? text : text.trimmed();
     }
     QString attributes;
     const QString nodes = GetCopiedListViewItemsXML(window, attributes);
     return nodes.isEmpty() ? attributes : nodes;
 }
 
-void tvXML_DragDrop(DocumentWindow& window, const QString& source, TreeNode target) try {
-    DropOn(window, source, target, false);
+// --- over a control ----------------------------------------------------------------------------------------
+
+void tvXML_DragEnter(DocumentWindow& window, bool& refuse) try {
+    if (!window.bTextChanged)
+        return;
+    Frame* frame = window.app.frame;
+    const text::LongText& text = window.TextInUse().Long();
+    xml::ParsedDocument probe; // leaving a text that doesn't parse would open a box in the middle of a drag
+    refuse = !frame || frame->ActiveForm() != &window || (!text.isEmpty() && !probe.loadXML(text));
+    if (!refuse)
+        LeaveTextView(window);
+    else if (frame)
+        frame->StatusBar1().SetPanel(1, probe.parseError().reason.trimmed());
+} catch (const text::Fault& fault) {
+    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".tvXML_DragEnter"));
+}
+
+TreeNode tvXML_DragOver(DocumentWindow& window, Dragged what, TreeNode node) {
+    const TreeNode target = Container(node);
+    const bool takes =
+        what == Dragged::Text ? target && !m_tvXML::IsTreeRoot(target) : Takes(window, target, false);
+    return takes ? target : TreeNode();
+}
+
+TreeNode ListView1_DragOver(DocumentWindow& window, Dragged what, int row) {
+    if (what == Dragged::Text)
+        return {};
+    const bool element =
+        row > 0 && row <= window.ListView1.Count() && window.ListView1.Item(row).SmallIcon == kRowElement;
+    const TreeNode target =
+        element ? window.tvXML.Nodes.Find(window.ListView1.Item(row).Key) : Container(NodeOnShow(window));
+    return Takes(window, target, true) ? target : TreeNode();
+}
+
+// --- the drop ----------------------------------------------------------------------------------------------
+
+void tvXML_DragDrop(DocumentWindow& window, TreeNode target) try {
+    if (DropOn(window, target, false))
+        Refresh(window);
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".tvXML_DragDrop"));
 }
 
-void ListView1_DragDrop(DocumentWindow& window, const QString& source, int row) try {
-    TreeNode target = window.tvXML.SelectedItem();
-    if (row > 0 && row <= window.ListView1.Count() && window.ListView1.Item(row).SmallIcon == kRowElement)
-        target = window.tvXML.Nodes.Find(window.ListView1.Item(row).Key);
-    DropOn(window, source, target, true);
+// A node that is dragged is the current one of its tree; in the list the user goes on where the drop was.
+void ListView1_DragDrop(DocumentWindow& window, TreeNode target) try {
+    const TreeNode shown = NodeOnShow(window);
+    if (!DropOn(window, target, true))
+        return;
+    if (shown)
+        window.tvXML.SetSelectedItem(shown);
+    Refresh(window);
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".ListView1_DragDrop"));
 }
@@ -128,6 +183,8 @@ void tvXML_OLEDragDrop(DocumentWindow& window, const QString& text, TreeNode tar
     case m_tvXML::kSelTextAttributes:
         if (m_tvXML::GetKeyType(target) == kRowElement)
             AddAttributes(window, target, text);
+        else
+            SayNothingFits(window);
         break;
     default:
         break;
@@ -135,12 +192,4 @@ void tvXML_OLEDragDrop(DocumentWindow& window, const QString& text, TreeNode tar
     DoTree(window);
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".tvXML_OLEDragDrop"));
-}
-
-void rtxtXML_DragDrop(DocumentWindow& window, const QString& text, qsizetype position) {
-    DropOnPane(window, window.rtxtXML, text, position);
-}
-
-void rtxtXML2_DragDrop(DocumentWindow& window, const QString& text, qsizetype position) {
-    DropOnPane(window, window.rtxtXML2, text, position);
 }

@@ -3,21 +3,38 @@
 #include "core/model/DocumentWindow.h"
 #include <QString>
 
-// What becomes of a drop. A drag always copies: what was dragged stays where it is. `source` is the name of
-// the window's own control that the drag began in, "tvXML" or "ListView1".
+// Dragging nodes and rows, and what becomes of a drop. A drag always copies: what was dragged stays where it
+// is. The program keeps where the last drag began, so a drop may come from another window's tree or list.
+// Nodes go into the node at the place of the drop; a leaf's element takes them for the leaf.
 
-/// The XML of what a drag from a control carries; empty when there is nothing to drag.
-QString DraggedText(DocumentWindow& window, const QString& source);
+// --- a drag begins -----------------------------------------------------------------------------------------
 
-/// Copies the selected node, or the selected rows, into `target`; a leaf's parent takes it for the leaf.
-/// Nothing happens for a target that is itself dragged, and nodes of the tree don't go onto the tree root.
-void tvXML_DragDrop(DocumentWindow& window, const QString& source, controls::TreeNode target);
-/// The same onto a row of the list: its element takes the nodes, any other row and 0 (beside the rows) stand
-/// for the node on show.
-void ListView1_DragDrop(DocumentWindow& window, const QString& source, int row);
-/// A text from elsewhere, such as another program: nodes go into `target`, a list of attributes into its
-/// element. What is neither is told in a box.
+/// The selected node is dragged; not the tree root, nor a node that can't be written as text.
+void tvXML_StartDrag(DocumentWindow& window, bool& cancel);
+void ListView1_StartDrag(DocumentWindow& window, bool& cancel); ///< the selected rows
+/// What is dragged out of the tree (kViewTree) or the list (kViewList), as text without the indentation of
+/// its old place. Of rows of both kinds the nodes. Empty when there is nothing.
+QString DraggedText(DocumentWindow& window, int view);
+
+// --- over a control: what takes it there, and is marked ----------------------------------------------------
+
+/// Something comes over the tree. An edited text is brought into the tree first, since that makes new nodes;
+/// one that doesn't parse refuses the drag, which status panel 1 tells.
+void tvXML_DragEnter(DocumentWindow& window, bool& refuse);
+/// The node that takes it at a node: nothing for a place that takes nothing, such as what is dragged itself
+/// and the tree root.
+controls::TreeNode tvXML_DragOver(DocumentWindow& window, controls::Dragged what, controls::TreeNode node);
+/// The same in the list, at a row: an element's row takes nodes into that element, any other row and 0
+/// (beside the rows) into the node on show. Only nodes and rows are dropped on the list.
+controls::TreeNode ListView1_DragOver(DocumentWindow& window, controls::Dragged what, int row);
+
+// --- the drop ----------------------------------------------------------------------------------------------
+
+/// Copies what is dragged into `target`, all of it or nothing: what doesn't fit is told. Nothing happens for
+/// a target that is dragged itself, and nodes of a tree don't go onto the tree root.
+void tvXML_DragDrop(DocumentWindow& window, controls::TreeNode target);
+/// The same for a drop on the list, which stays on its node.
+void ListView1_DragDrop(DocumentWindow& window, controls::TreeNode target);
+/// A text from elsewhere, such as another program: nodes go into `target`, a list of attributes into it if it
+/// is an element. What is neither is told.
 void tvXML_OLEDragDrop(DocumentWindow& window, const QString& text, controls::TreeNode target);
-/// Writes a text into a text pane at a 0-based position, held within the text, and colours it.
-void rtxtXML_DragDrop(DocumentWindow& window, const QString& text, qsizetype position);
-void rtxtXML2_DragDrop(DocumentWindow& window, const QString& text, qsizetype position);

@@ -17,6 +17,9 @@ using controls::TreeNode;
 constexpr int kTreeRoot = 0;
 constexpr int kNotation = 12;
 
+// What the attribute is called while its value is checked: the name may be under edit as well.
+const QString kProbedAttribute = QStringLiteral("attr");
+
 QString FixedName(int kind) {
     switch (kind) {
     case kRowText:
@@ -69,7 +72,7 @@ NodeWrite WriteAttribute(DocumentWindow& window, NodeInHand& hand, TreeNode elem
         }
     }
     if (value != all.values[at] &&
-        !m_tvXML::ValidateNodeAttributeValue(app, value, element.Text(), QStringLiteral("a")))
+        !m_tvXML::ValidateNodeAttributeValue(app, value, element.Text(), kProbedAttribute))
         return NodeWrite::Refused;
     all.names[at] = name;
     all.values[at] = value;
@@ -127,10 +130,9 @@ NodeWrite WriteValue(DocumentWindow& window, const NodeInHand& hand, TreeNode no
     if (hand.kind == kRowText) {
         if (!m_tvXML::ValidateNodeText(window.app, value, OwnerName(node)))
             return NodeWrite::Refused;
-    } else if (const QString probe = NodeValueProbe(window, hand, value); !probe.isEmpty()) {
-        std::shared_ptr<xml::ParsedDocument> document;
-        if (!mXMLEdit::LoadXMLDocFromString(window.app, probe, document, false))
-            return NodeWrite::Refused;
+    } else if (const QString probe = NodeValueProbe(window, hand, value);
+               !probe.isEmpty() && !PassesProbe(window.app, probe)) {
+        return NodeWrite::Refused;
     }
     if (hand.kind == kRowText && value.isEmpty()) {
         DeleteTreeNode(window, node);
@@ -210,7 +212,7 @@ NodeWrite WriteNodeInHand(DocumentWindow& window, NodeInHand& hand, const QStrin
     const NodeWrite result = WriteByKind(window, hand, node, name, attrs, text);
     if (result == NodeWrite::Written) {
         window.bTreeChanged = true;
-        TreeChangeTextView(window);
+        TreeChangeTextView(window, true);
         window.bTreeChanged = true; // for the list: DoTree fills it anew after a change alone
         DoTree(window);
     }
@@ -225,11 +227,11 @@ QString NodeValueProbe(DocumentWindow& window, const NodeInHand& hand, const QSt
     case kRowElement:
         return m_tvXML::NodeAttributesProbe(attrs, node.Text());
     case kRowAttribute:
-        return m_tvXML::NodeAttributeValueProbe(attrs, node.Text(), QStringLiteral("a"));
+        return m_tvXML::NodeAttributeValueProbe(attrs, node.Text(), kProbedAttribute);
     case kRowText:
         return m_tvXML::NodeTextProbe(attrs, OwnerName(node));
     case kRowCData:
-        return QStringLiteral("<temp><![CDATA[") + attrs + QStringLiteral("]]></temp>");
+        return CDataProbe(attrs);
     case kRowComment:
         return QStringLiteral("<temp><!--") + attrs + QStringLiteral("--></temp>");
     case kRowInstruction:

@@ -8,6 +8,7 @@
 #include "nodes/ListRows.h"
 #include "nodes/TreeCommands.h"
 #include "nodes/fill/ShowListView.h"
+#include <QSet>
 
 // Adding nodes and attributes from the list.
 
@@ -23,15 +24,17 @@ TreeNode RowNode(DocumentWindow& window) {
     return node == window.tvXML.SelectedItem() ? TreeNode() : node;
 }
 
+using FindByKey = int (*)(DocumentWindow&, const QString&);
+
 // The list goes to where the new node is, and its row is the current one.
-bool ShowRowOf(DocumentWindow& window, const QString& key) {
+bool ShowRowOf(DocumentWindow& window, const QString& key, FindByKey find) {
     const TreeNode added = window.tvXML.Nodes.Find(key);
     if (!added)
         return false;
     window.tvXML.SetSelectedItem(added.Parent());
     ShowListView(window);
     DoTree(window);
-    const int row = window.ListView1.IndexOf(key);
+    const int row = find(window, key);
     if (row == 0)
         return false;
     window.ListView1.ClearSelected();
@@ -41,7 +44,8 @@ bool ShowRowOf(DocumentWindow& window, const QString& key) {
 
 // A new element without a name gets one when the user gives none.
 void EditName(DocumentWindow& window, const QString& key) {
-    const bool shown = ShowRowOf(window, key); // a leaf shows no children, though it may have got one
+    // A leaf shows no children, though it may have got one.
+    const bool shown = ShowRowOf(window, key, FindListNodeElementItemByKey);
     if (shown)
         window.ListView1.SetFocus();
     TreeNode node = window.tvXML.Nodes.Find(key);
@@ -52,7 +56,7 @@ void EditName(DocumentWindow& window, const QString& key) {
 }
 
 void EditValue(DocumentWindow& window, const QString& key) {
-    if (ShowRowOf(window, key))
+    if (ShowRowOf(window, key, FindListNodeTextItemByKey))
         EditListViewAttribute(window);
 }
 
@@ -77,9 +81,12 @@ template <typename Add> QString AddOn(DocumentWindow& window, TreeNode node, Add
 }
 
 QString FreeAttributeName(DocumentWindow& window) {
+    QSet<QString> taken;
+    for (int row = FindAnyAttributeItem(window); row > 0 && row <= window.ListView1.Count(); ++row)
+        taken.insert(window.ListView1.Item(row).Text);
     for (int number = 1;; ++number) {
         const QString name = QStringLiteral("attr") + QString::number(number);
-        if (!HaveSameNameAttributeAtListView(window, name))
+        if (!taken.contains(name))
             return name;
     }
 }
@@ -143,7 +150,7 @@ void AddNewListViewCommentNode(DocumentWindow& window) try {
         return beside || m_tvXML::IsTreeRoot(shown) ? AddNewTreeCommentNode(window, true)
                                                     : AddNewTreeCommentSubNode(window);
     });
-    if (ShowRowOf(window, key))
+    if (ShowRowOf(window, key, FindListNodeCommentItemByKey))
         EditListViewAttribute(window);
     else if (!key.isEmpty())
         Report(window, {text::kFaultNotFound, QStringLiteral("Element not found")},
@@ -160,18 +167,21 @@ void AddNewListViewAttribute(DocumentWindow& window) try {
         window.tvXML.SetSelectedItem(element);
         DoTree(window);
     }
+    const bool seen = window.tbsXML.SelectedKey() == QStringLiteral("listview");
     // The rows are what the attributes are written from, and a list that isn't looked at may be behind.
-    if (window.ListView1.Tag != element.Key() || window.tbsXML.SelectedKey() != QStringLiteral("listview"))
+    if (window.ListView1.Tag != element.Key() || !seen)
         ShowListView(window);
     const QString name = FreeAttributeName(window);
     const QString key = element.Key() + u'/' + name;
-    const int row = window.ListView1.Add(0, key, name, kRowAttribute);
+    const int row = AddOneItemToListView(window, key, name, kRowAttribute);
     window.ListView1.SetItemTag(row, element.Key());
     element.SetTag(GetAttrsFromListViewAllItems(window));
     window.bTreeChanged = true;
-    TreeChangeTextView(window);
+    TreeChangeTextView(window, true);
     window.ListView1.ClearSelected();
     window.ListView1.SetSelectedItem(window.ListView1.IndexOf(key));
+    if (!seen) // beside another view it keeps the name it got
+        return;
     window.ListView1.SetFocus();
     window.ListView1.StartLabelEdit();
 } catch (const text::Fault& fault) {

@@ -8,6 +8,8 @@
 #include "nodes/ListCommands.h"
 #include "nodes/ListRows.h"
 #include "nodes/fill/ShowListView.h"
+#include <QSet>
+#include <algorithm>
 
 // The clipboard of the list.
 
@@ -43,19 +45,24 @@ void SayNothingFits(DocumentWindow& window) {
 
 void Refresh(DocumentWindow& window) {
     window.bTreeChanged = true;
-    TreeChangeTextView(window);
+    TreeChangeTextView(window, true);
     ShowListView(window);
     DoTree(window);
 }
-
-} // namespace
-
-namespace {
 
 // Indentation and line break of a node's old place would run into a text that is copied beside it.
 QString WrittenAlone(TreeNode node) {
     const QString xml = m_tvXML::GetTreeNodesXML(node, QStringLiteral("\t"));
     return m_tvXML::GetKeyType(node) == kRowText ? xml : xml.trimmed();
+}
+
+// An empty text is copied in full by leaving it out.
+bool CanCopyRows(DocumentWindow& window) {
+    const std::vector<int> rows = window.ListView1.SelectedRows();
+    return std::all_of(rows.begin(), rows.end(), [&](int row) {
+        const controls::ListItem& item = window.ListView1.Item(row);
+        return item.SmallIcon == kRowAttribute || HasTextForm(window.tvXML.Nodes.Find(item.Key));
+    });
 }
 
 } // namespace
@@ -73,12 +80,16 @@ QString GetCopiedListViewItemsXML(DocumentWindow& window, QString& attributes) {
     return nodes.join(QString());
 }
 
-void CopyListViewItems(DocumentWindow& window) try {
+bool CopyListViewItems(DocumentWindow& window) try {
     Application& app = window.app;
+    if (window.ListView1.SelectedRows().empty())
+        return false;
     QString attributes;
     const QString nodes = GetCopiedListViewItemsXML(window, attributes);
-    if (nodes.isEmpty() && attributes.isEmpty())
-        return;
+    if ((nodes.isEmpty() && attributes.isEmpty()) || !CanCopyRows(window)) {
+        SayNothingCopied(app);
+        return false;
+    }
     app.clipboardSource = &window;
     app.ClipboardSourceView = kViewList;
     window.msNodeClip = GetCurrentListViewKey(window);
@@ -87,13 +98,15 @@ void CopyListViewItems(DocumentWindow& window) try {
     app.copiedAttributes = attributes;
     app.services.clipboard.Clear();
     app.services.clipboard.SetText(app.copiedText);
+    return true;
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".CopyListViewItems"));
+    return false;
 }
 
 void CutListViewItems(DocumentWindow& window) {
-    CopyListViewItems(window);
-    DeleteListViewItems(window);
+    if (CopyListViewItems(window))
+        DeleteListViewItems(window);
 }
 
 bool AddAttributes(DocumentWindow& window, TreeNode element, const QString& attributes) {
@@ -104,17 +117,46 @@ bool AddAttributes(DocumentWindow& window, TreeNode element, const QString& attr
     m_tvXML::GetAllAttributesNameAndValue(element.Tag(), names, values);
     m_tvXML::GetAllAttributesNameAndValue(m_tvXML::GenerateAttributeString(document.documentElement()),
                                           newNames, newValues);
-    for (const QString& name : newNames) {
-        if (names.contains(name)) {
-            window.app.services.prompts.MsgBox(
-                QStringLiteral("Can not set same attribute name at XML attribute list!"));
-            return false;
-        }
+    const QSet<QString> taken(names.begin(), names.end());
+    if (std::any_of(newNames.begin(), newNames.end(),
+                    [&](const QString& name) { return taken.contains(name); })) {
+        window.app.services.prompts.MsgBox(
+            QStringLiteral("Can not set same attribute name at XML attribute list!"));
+        return false;
     }
     element.SetTag(JoinAttributes(names + newNames, values + newValues));
     window.bTreeChanged = true;
     return true;
 }
+
+bool PasteNodesAndAttributes(DocumentWindow& window, TreeNode target, const QString& nodes,
+                             const QString& attributes, bool asChild) {
+    const auto refuse = [&] {
+        SayNothingFits(window);
+        return false;
+    };
+    if (!attributes.isEmpty() && m_tvXML::GetKeyType(target) != kRowElement)
+        return refuse();
+    const QString before = target.Tag();
+    if (!attributes.isEmpty() && !AddAttributes(window, target, attributes))
+        return false;
+    if (nodes.isEmpty() || PasteXMLText(window, nodes, target, asChild))
+        return true;
+    target.SetTag(before);
+    return window.app.lastParseError ? false : refuse(); // the parser's box has told it
+}
+
+namespace {
+
+void PasteAttributes(DocumentWindow& window, const QString& attributes) {
+    const TreeNode element = ElementForAttributes(window);
+    if (!element)
+        SayNothingFits(window);
+    else if (AddAttributes(window, element, attributes))
+        Refresh(window);
+}
+
+} // namespace
 
 void PasteListViewItems(DocumentWindow& window) try {
     Application& app = window.app;
@@ -122,19 +164,15 @@ void PasteListViewItems(DocumentWindow& window) try {
     const TreeNode shown = window.tvXML.SelectedItem();
     if (text.isEmpty() || !shown)
         return;
-    if (app.ClipboardSourceView == kViewTree && SelectedRowKind(window) == kRowElement) {
+    const bool ownCopy = IsLastCopy(app, text);
+    if (ownCopy && app.ClipboardSourceView == kViewTree && SelectedRowKind(window) == kRowElement) {
         PasteTreeNodeToListView(window);
         return;
     }
     // A copied text may read like attributes, and is a text all the same.
-    const bool ownCopy = text == app.copiedText;
     const bool ownNodes = ownCopy && app.copiedText != app.copiedAttributes;
     if (!ownNodes && IsAttributeList(text)) {
-        const TreeNode element = ElementForAttributes(window);
-        if (!element)
-            SayNothingFits(window);
-        else if (AddAttributes(window, element, text))
-            Refresh(window);
+        PasteAttributes(window, text);
         return;
     }
     const bool root = m_tvXML::IsTreeRoot(shown);
@@ -142,13 +180,8 @@ void PasteListViewItems(DocumentWindow& window) try {
         SayNothingFits(window);
         return;
     }
-    const bool added = PasteXMLText(window, text, shown, true);
-    if (added && ownCopy && !app.copiedAttributes.isEmpty() && !root)
-        AddAttributes(window, shown, app.copiedAttributes);
-    if (added)
+    if (PasteNodesAndAttributes(window, shown, text, ownCopy ? app.copiedAttributes : QString(), true))
         Refresh(window);
-    else if (!app.lastParseError) // else the parser's box has told it
-        SayNothingFits(window);
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".PasteListViewItems"));
 }
@@ -169,9 +202,6 @@ void PasteTreeNodeToListView(DocumentWindow& window) try {
 }
 
 void PasteListViewItemsToTextView(DocumentWindow& window) {
-    if (!window.app.clipboardSource)
-        return;
-    QString attributes;
-    const QString nodes = GetCopiedListViewItemsXML(*window.app.clipboardSource, attributes);
-    window.TextInUse().SetSelText(nodes.isEmpty() ? attributes : nodes);
+    if (window.app.ClipboardSourceView == kViewList)
+        window.TextInUse().SetSelText(window.app.copiedText);
 }

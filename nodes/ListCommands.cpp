@@ -41,7 +41,7 @@ bool RenameAttribute(DocumentWindow& window, int row, const QString& name) {
 // The rows' keys hold the names, so the list is made anew.
 void ShowChanged(DocumentWindow& window, const QString& rowKey) {
     window.bTreeChanged = true;
-    TreeChangeTextView(window);
+    TreeChangeTextView(window, true); // a text that stays empty holds nothing up
     ShowListView(window);
     DoTree(window);
     if (const int row = window.ListView1.IndexOf(rowKey); row > 0)
@@ -88,23 +88,18 @@ void DeleteNodes(DocumentWindow& window, const QStringList& keys) {
 }
 
 void MoveUpDownOneAttributeItemAtListView(DocumentWindow& window, int row, bool up) {
-    controls::ListView& list = window.ListView1;
+    const controls::ListView& list = window.ListView1;
     const int other = up ? row - 1 : row + 1;
     if (other < 1 || other > list.Count())
         return;
     const controls::ListItem item = list.Item(row);
-    const controls::ListItem neighbour = list.Item(other);
-    if (neighbour.SmallIcon != kRowAttribute) {
+    if (list.Item(other).SmallIcon != kRowAttribute) {
         ErrorReportBox(window.app, {text::kFaultBadCall, QStringLiteral("Invalid procedure call")},
                        QStringLiteral("MoveUpDownOneAttributeItemAtListView. Never should be here! "));
         return;
     }
     TreeNode element = window.tvXML.Nodes(item.Tag);
-    list.SetText(other, item.Text);
-    list.SetSubItem(other, 1, item.Sub[0]);
-    list.SetText(row, neighbour.Text);
-    list.SetSubItem(row, 1, neighbour.Sub[0]);
-    element.SetTag(GetAttrsFromListViewAllItems(window));
+    element.SetTag(GetChangedAttrsByIndexFromListViewAllItems(window, row, other));
     ShowChanged(window, item.Key);
 }
 

@@ -32,6 +32,15 @@ QString OwnerName(TreeNode node) {
 
 } // namespace
 
+QString CDataProbe(const QString& text) {
+    return QStringLiteral("<temp><![CDATA[") + text + QStringLiteral("]]></temp>");
+}
+
+bool PassesProbe(Application& app, const QString& probe) {
+    std::shared_ptr<xml::ParsedDocument> document;
+    return mXMLEdit::LoadXMLDocFromString(app, probe, document, false);
+}
+
 QString PlainAttributes(const QString& typed) {
     static const QRegularExpression plain(QStringLiteral("^(?:[^\\s=\"']+=\"[^\"]*\"(?: |$))*$"));
     if (plain.match(typed).hasMatch())
@@ -96,11 +105,16 @@ bool CommitValue(DocumentWindow& window, int row, TreeNode node, const QString& 
         m_tvXML::SetTextNodeDisplay(app, node);
         list.SetSubItem(row, 1, newText);
         return true;
+    case kRowCData:
+        if (!PassesProbe(app, CDataProbe(newText)))
+            return false;
+        break;
     default: // instructions and comments are taken as they are typed
-        node.SetTag(newText);
-        list.SetSubItem(row, 1, newText);
-        return true;
+        break;
     }
+    node.SetTag(newText);
+    list.SetSubItem(row, 1, newText);
+    return true;
 }
 
 TreeNode NodeOfRow(DocumentWindow& window, const controls::ListItem& item) {
@@ -126,6 +140,8 @@ QString ListCellProbe(DocumentWindow& window, const QString& text) {
         return m_tvXML::NodeAttributeValueProbe(text, node.Text(), item.Text);
     case kRowText:
         return m_tvXML::NodeTextProbe(text, OwnerName(node));
+    case kRowCData:
+        return CDataProbe(text);
     default:
         return {};
     }
@@ -147,7 +163,7 @@ void txtListView_LostFocus(DocumentWindow& window) try {
                                         : CommitValue(window, row, node, newText);
     if (written) {
         window.bTreeChanged = true;
-        TreeChangeTextView(window);
+        TreeChangeTextView(window, true); // also a text that was emptied
         DoTree(window);
     }
     CancelListViewTextBox(window);

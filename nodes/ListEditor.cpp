@@ -29,6 +29,7 @@ int ColumnAt(DocumentWindow& window, int row, double left) {
         return left >= window.ListView1.ColumnLeft(3) ? 2 : 1;
     case kRowAttribute:
     case kRowText:
+    case kRowCData:
     case kRowInstruction:
     case kRowComment:
         return 1;
@@ -80,6 +81,7 @@ void OpenColumn(DocumentWindow& window, int column) {
 // Commits, and opens the editor on a row once what the commit set off is done.
 void GoOnWith(DocumentWindow& window, int row) {
     const int column = window.txtListView.Tag == QStringLiteral("2") ? 2 : 1;
+    const bool sameRow = row == window.ListView1.IndexOf(window.msListEditKey);
     txtListView_LostFocus(window);
     window.ListView1.SetFocus();
     if (row > window.ListView1.Count())
@@ -88,9 +90,21 @@ void GoOnWith(DocumentWindow& window, int row) {
     window.ListView1.SetSelectedItem(row);
     const bool text = column == 2 && window.ListView1.Item(row).SmallIcon == kRowElement;
     OpenColumn(window, text ? 2 : 1);
+    // On the same row the caret stays at the end: Ctrl, which led here, may be the first half of Ctrl+V.
+    if (sameRow && window.mbIsEditValue)
+        window.txtListView.Select(window.txtListView.Text().size(), 0);
 }
 
 } // namespace
+
+void LayListViewTextBox(DocumentWindow& window) {
+    const int row = window.mbIsEditValue ? window.ListView1.IndexOf(window.msListEditKey) : 0;
+    if (row == 0)
+        return;
+    SetListViewComboBox(window, row, window.txtListView.Tag == QStringLiteral("2") ? 2 : 1);
+    SetListviewTextboxPosition(window.ListView1, window.txtListView, window.cmdPop, true, 0,
+                               window.mdSavedLeft);
+}
 
 void ShowListViewTextBox(DocumentWindow& window, double left, double top) {
     const int row = window.ListView1.HitTest(left, top);

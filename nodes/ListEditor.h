@@ -21,6 +21,8 @@ void txtListView_GotFocus(DocumentWindow& window);
 void txtListView_LostFocus(DocumentWindow& window);
 void CancelListViewTextBox(DocumentWindow& window); ///< closes it without a commit
 
+/// Lays the open box over its cell anew, after a column has got another width.
+void LayListViewTextBox(DocumentWindow& window);
 /// The open box follows the scrolling of the list.
 void tmList_Timer(DocumentWindow& window);
 /// Moves the editor and the button beside it by `delta` twips. Where its cell leaves the visible area the

@@ -4,15 +4,13 @@
 
 namespace {
 
-// Attribute rows stand behind all others, so they are looked for from the end.
-template <typename Found> int FindAttributeRow(DocumentWindow& window, Found found) {
-    const controls::ListView& list = window.ListView1;
-    int hit = 0;
-    for (int row = list.Count(); row > 0 && list.Item(row).SmallIcon == kRowAttribute; --row) {
-        if (found(list.Item(row)))
-            hit = row;
-    }
-    return hit;
+int FindRow(DocumentWindow& window, const QString& key, ListRowKind kind) {
+    const int row = window.ListView1.IndexOf(key);
+    return row > 0 && window.ListView1.Item(row).SmallIcon == kind ? row : 0;
+}
+
+QString Pair(const controls::ListItem& item) {
+    return item.Text + QStringLiteral("=\"") + item.Sub[0] + u'"';
 }
 
 } // namespace
@@ -48,15 +46,14 @@ controls::TreeNode CurrentListNode(DocumentWindow& window) {
 }
 
 QString GetAttrsFromListViewAllItems(DocumentWindow& window) {
+    return GetChangedAttrsByIndexFromListViewAllItems(window, 0, 0);
+}
+
+QString GetChangedAttrsByIndexFromListViewAllItems(DocumentWindow& window, int row, int other) {
     const controls::ListView& list = window.ListView1;
     QStringList pairs;
-    int first = list.Count() + 1;
-    while (first > 1 && list.Item(first - 1).SmallIcon == kRowAttribute)
-        --first;
-    for (int row = first; row <= list.Count(); ++row) {
-        const controls::ListItem& item = list.Item(row);
-        pairs << item.Text + QStringLiteral("=\"") + item.Sub[0] + u'"';
-    }
+    for (int i = GetAnyNonAttibuteItemAtListView(window) + 1; i <= list.Count(); ++i)
+        pairs << Pair(list.Item(i == row ? other : i == other ? row : i));
     return pairs.join(u' ');
 }
 
@@ -65,9 +62,33 @@ bool HaveSameNameAttributeAtListView(DocumentWindow& window, const QString& name
 }
 
 int FindAttributeAtListView(DocumentWindow& window, const QString& name) {
-    return FindAttributeRow(window, [&](const controls::ListItem& item) { return item.Text == name; });
+    for (int row = FindAnyAttributeItem(window); row > 0 && row <= window.ListView1.Count(); ++row) {
+        if (window.ListView1.Item(row).Text == name)
+            return row;
+    }
+    return 0;
 }
 
 int FindAnyAttributeItem(DocumentWindow& window) {
-    return FindAttributeRow(window, [](const controls::ListItem&) { return true; });
+    const int row = GetAnyNonAttibuteItemAtListView(window) + 1;
+    return row <= window.ListView1.Count() ? row : 0;
+}
+
+int GetAnyNonAttibuteItemAtListView(DocumentWindow& window) {
+    int row = window.ListView1.Count();
+    while (row > 0 && window.ListView1.Item(row).SmallIcon == kRowAttribute)
+        --row;
+    return row;
+}
+
+int FindListNodeElementItemByKey(DocumentWindow& window, const QString& key) {
+    return FindRow(window, key, kRowElement);
+}
+
+int FindListNodeTextItemByKey(DocumentWindow& window, const QString& key) {
+    return FindRow(window, key, kRowText);
+}
+
+int FindListNodeCommentItemByKey(DocumentWindow& window, const QString& key) {
+    return FindRow(window, key, kRowComment);
 }

@@ -23,7 +23,15 @@ QString GetCurrentListViewKey(DocumentWindow& window);
 controls::TreeNode CurrentListNode(DocumentWindow& window);
 /// The attribute string of all attribute rows, in their order.
 QString GetAttrsFromListViewAllItems(DocumentWindow& window);
+/// The same with two of the rows in each other's place.
+QString GetChangedAttrsByIndexFromListViewAllItems(DocumentWindow& window, int row, int other);
 bool HaveSameNameAttributeAtListView(DocumentWindow& window, const QString& name);
 /// Row of an attribute by its name, 0 without one.
 int FindAttributeAtListView(DocumentWindow& window, const QString& name);
 int FindAnyAttributeItem(DocumentWindow& window); ///< the first attribute's row, 0 without one
+/// The last row that is no attribute's, 0 without one: attributes stand behind all others.
+int GetAnyNonAttibuteItemAtListView(DocumentWindow& window);
+// Row of a node of one kind by its key, 0 without one.
+int FindListNodeElementItemByKey(DocumentWindow& window, const QString& key);
+int FindListNodeTextItemByKey(DocumentWindow& window, const QString& key);
+int FindListNodeCommentItemByKey(DocumentWindow& window, const QString& key);

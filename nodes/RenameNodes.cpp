@@ -16,18 +16,47 @@ constexpr int kAttribute = 2;
 constexpr int kText = 3;
 constexpr int kInstruction = 7;
 
-// The file goes along with the name. A document that has no file yet has nothing to copy, and a No at the
-// question on replacing takes the name without copying. False when the system refused: the user knows why.
+using services::Buttons;
+using services::Icon;
+
+// The file goes along with the name; a No at the question on replacing takes the name without copying. False
+// when the system refused: the user knows why.
 bool CopyFileAlong(Application& app, const QString& oldName, const QString& newName) {
-    if (!mXMLEdit::IsLocalPath(newName) || !mXMLEdit::FileExist(app, oldName))
-        return true;
     services::FileResult failure;
     mXMLEdit::CopyFileTo(app, oldName, newName, &failure);
     if (failure)
         return true;
-    app.services.prompts.MsgBox(newName + QStringLiteral("\r\n") + failure.description, services::Buttons::Ok,
-                                services::Icon::Exclamation, QStringLiteral("Copy file ..."));
+    app.services.prompts.MsgBox(newName + QStringLiteral("\r\n") + failure.description, Buttons::Ok,
+                                Icon::Exclamation, mXMLEdit::CopyFileTitle());
     return false;
+}
+
+// Two windows on one file would save over each other.
+bool IsOpenElsewhere(Application& app, const QString& name) {
+    bool found = false;
+    if (app.frame)
+        app.frame->HaveSameNameForm(name, false, found);
+    if (found)
+        app.services.prompts.MsgBox(name + QStringLiteral("\r\nis open in another window."), Buttons::Ok,
+                                    Icon::Exclamation);
+    return found;
+}
+
+// What the new name means for files: the old file is copied, and a document that has none, such as a new one,
+// is unsaved from now on. No at the question on replacing keeps the old name then, since only saving could
+// follow. False when the name can't be taken; the user knows why.
+bool TakeFileAlong(DocumentWindow& window, const QString& oldName, const QString& newName) {
+    Application& app = window.app;
+    if (IsOpenElsewhere(app, newName))
+        return false;
+    if (!mXMLEdit::IsLocalPath(newName))
+        return true;
+    if (mXMLEdit::FileExist(app, oldName))
+        return CopyFileAlong(app, oldName, newName);
+    if (mXMLEdit::FileExist(app, newName) && !mXMLEdit::MayReplaceByCopy(app, newName))
+        return false;
+    window.msOpenText = {};
+    return true;
 }
 
 // A folder stands for the document's own file name in it: a document can't be saved under a folder's name.
@@ -75,7 +104,7 @@ bool ChangeTreeRootText(DocumentWindow& window, const QString& name) try {
     const TreeNode owner = window.tvXML.Nodes.Find(newName);
     if (owner && owner != root) // a name that looks like a key of this tree
         return false;
-    if (!CopyFileAlong(app, oldName, newName))
+    if (newName != oldName && !TakeFileAlong(window, oldName, newName))
         return false;
     root.SetText(newName);
     app.CurrentFileName = newName;

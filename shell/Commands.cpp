@@ -3,6 +3,7 @@
 #include "shell/Commands.h"
 #include "core/commands/WindowEvents.h"
 #include "core/model/m_tvXML.h"
+#include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
 #include "nodes/ListCommands.h"
 #include "shell/NodeCommands.h"
@@ -22,8 +23,10 @@ template <auto Handler> void OnFrame(frmMDIMain& frame, int) {
 
 /// A routine for the active window; nothing happens without one.
 template <auto Routine> void OnWindow(frmMDIMain& frame, int) {
-    if (DocumentWindow* window = frame.ActiveForm())
+    if (DocumentWindow* window = frame.ActiveForm()) {
         Routine(*window);
+        frame.RefreshMenu();
+    }
 }
 
 /// The tab with a key, where the window has it.
@@ -52,6 +55,16 @@ void NewElement(frmMDIMain& frame, int) {
 void ValidateText(DocumentWindow& window) {
     bool result = false;
     Validate(window, false, result);
+}
+
+/// A step of the history builds the tree anew: what is being typed in a cell or a label goes in before.
+template <auto Step> void TakeStep(DocumentWindow& window) {
+    FinishEdits(window);
+    if (window.bTreeChanged)
+        TreeChangeTextView(window, true);
+    Step(window);
+    if (window.tbsXML.SelectedKey() == QStringLiteral("listview"))
+        DoTree(window); // its rows were those of the old tree
 }
 
 /// Everything of the view that has the user's attention.
@@ -85,8 +98,8 @@ constexpr MenuCommand kMenuCommands[] = {
     {"mnuFileSaveAll", OnFrame<&frmMDIMain::mnuFileSaveAll_Click>},
     {"mnuFileMRU", [](frmMDIMain& frame, int index) { frame.mnuFileMRU_Click(index); }},
     {"mnuFileExit", OnFrame<&frmMDIMain::mnuFileExit_Click>},
-    {"mnuEditUndo", OnWindow<rUndo>},
-    {"mnuRedo", OnWindow<rRedo>},
+    {"mnuEditUndo", OnWindow<TakeStep<rUndo>>},
+    {"mnuRedo", OnWindow<TakeStep<rRedo>>},
     {"mnuSelectAll", OnWindow<SelectAll>},
     {"mnuFindReplace", OnWindow<RFind>},
     {"mnuSplitEditor", OnWindow<SplitText>},
@@ -120,8 +133,8 @@ constexpr ButtonCommand kButtonCommands[] = {
     {"tbFileEdit", "listview", nullptr},
     {"tbListEdit", "newelement", NewElement},
     {"tbListEdit", "popedit", OnFrame<&frmMDIMain::mnuEditPopupEditNode_Click>},
-    {"tbCommonEdit", "undo", OnWindow<rUndo>},
-    {"tbCommonEdit", "redo", OnWindow<rRedo>},
+    {"tbCommonEdit", "undo", OnWindow<TakeStep<rUndo>>},
+    {"tbCommonEdit", "redo", OnWindow<TakeStep<rRedo>>},
     {"tbCommonEdit", "find", OnWindow<RFind>},
     {"tbTextEdit", "closetag", OnWindow<CloseTag>},
     {"tbTextEdit", "validate", OnWindow<ValidateText>},
@@ -188,6 +201,7 @@ void ConnectNodeCommands(frmMDIMain& frame) {
             if (DocumentWindow* window = frame.ActiveForm()) {
                 FinishEdits(*window);
                 run(*window);
+                frame.RefreshMenu();
             }
         };
         for (const char* entry : command.entries) {

@@ -11,43 +11,61 @@ using controls::TreeNode;
 // --- the matrix ---------------------------------------------------------------------------------------
 
 /// Entries of one row change together, the context menu's with their twins of the menu bar. A letter for each
-/// situation, in the order of MenuSituation: E enabled, D disabled, - as the common step left it, c h k: by a
-/// condition.
+/// situation, in the order of MenuSituation: E enabled, D disabled, - as the common first step left it, and
+/// by a condition: c something to paste, h no root element yet, k as the kind of the node allows, u and r a
+/// step to undo and to redo.
 struct MatrixRow {
     std::array<const char*, 3> entries;
     const char* states;
 };
 constexpr MatrixRow kMatrix[] = {
-    //                                                          none, root, node, list 2, text 2, table 2,
-    //                                                          other
-    {{"mnuEditCut", "mnuCutP"}, "DD-EDEDEDD"},
-    {{"mnuEditCopy", "mnuCopyP"}, "DD-EDEDEDD"},
-    {{"mnuEditPaste", "mnuPasteP"}, "DccccccccD"},
-    {{"mnuDelete", "mnuDeleteP"}, "DD-----EDD"},
-    {{"mnuEditName", "mnuEditP"}, "DEkkDDD--D"},
-    {{"mnuEditValue", "mnuEditAttrP"}, "DDkkkDD--D"},
-    {{"mnuNewCNode", "mnuNewCNodeP"}, "DhkkkDDDDD"},
-    {{"mnuNewNode", "mnuNewNodeP"}, "DDkkkDDDDD"},
-    {{"mnuNewAttr", "mnuNewAttrP"}, "DDkkkDDDDD"},
-    {{"mnuNewNodeText", "mnuNewNodeTextP"}, "DDkkkDDDDD"},
-    {{"mnuNewComment", "mnuNewCommentP"}, "DE-EEDDDDD"},
-    {{"mnuFindReplace", "mnuSplitEditor", "mnuWinSplit"}, "DDDDD--DDD"},
-    {{"mnuCopyAsHTML"}, "DDDDDDDE-D"},
-    // A tree that has the focus has nothing to select as a whole; browser and schema views offer no editing.
-    {{"mnuSelectAll"}, "DDD------D"},
-    {{"mnuEditUndo", "mnuRedo", "mnuEditPopupEditNode"}, "D--------D"},
-    {{"mnuMoveUP", "mnuMoveDown"}, "DD-------D"},
+    // clang-format off
+    //                                                        none tree   list   text   table  other
+    //                                                           root node sel none sel none sel none
+    {{"mnuEditCut", "mnuCutP"},                              "D  D -  E D  E D  E D  D"},
+    {{"mnuEditCopy", "mnuCopyP"},                            "D  D -  E D  E D  E D  D"},
+    {{"mnuEditPaste", "mnuPasteP"},                          "D  c c  c c  c c  c c  D"},
+    {{"mnuDelete", "mnuDeleteP"},                            "D  D -  - -  - -  E D  D"},
+    {{"mnuEditName", "mnuEditP"},                            "D  E k  k D  D D  - -  D"},
+    {{"mnuEditValue", "mnuEditAttrP"},                       "D  D k  k k  D D  - -  D"},
+    {{"mnuNewCNode", "mnuNewCNodeP"},                        "D  h k  k k  D D  D D  D"},
+    {{"mnuNewNode", "mnuNewNodeP"},                          "D  D k  k k  D D  D D  D"},
+    {{"mnuNewAttr", "mnuNewAttrP"},                          "D  D k  k k  D D  D D  D"},
+    {{"mnuNewNodeText", "mnuNewNodeTextP"},                  "D  D k  k k  D D  D D  D"},
+    {{"mnuNewComment", "mnuNewCommentP"},                    "D  E -  E E  D D  D D  D"},
+    {{"mnuFindReplace", "mnuSplitEditor", "mnuWinSplit"},    "D  D D  D D  - -  D D  D"},
+    {{"mnuCopyAsHTML"},                                      "D  D D  D D  D D  E -  D"},
+    // A tree that has the focus has nothing to select as a whole.
+    {{"mnuSelectAll"},                                       "D  D D  - -  - -  - -  D"},
+    {{"mnuEditUndo"},                                        "D  u u  u u  u u  u u  u"},
+    {{"mnuRedo"},                                            "D  r r  r r  r r  r r  r"},
+    {{"mnuMoveUP", "mnuMoveDown", "mnuEditPopupEditNode"},   "D  - -  - -  - -  - -  D"},
+    // clang-format on
 };
 
-/// What the commands would work on: the current node, or the selected row of the list.
+/// The letter of a situation.
+constexpr char LetterOf(const MatrixRow& row, MenuSituation situation) {
+    int column = static_cast<int>(situation);
+    const char* letter = row.states;
+    while (*letter == ' ' || column-- > 0)
+        ++letter;
+    return *letter;
+}
+static_assert(LetterOf(kMatrix[0], MenuSituation::NoForm) == 'D');
+static_assert(LetterOf(kMatrix[0], MenuSituation::ListSelected) == 'E');
+static_assert(LetterOf(kMatrix[6], MenuSituation::TreeRoot) == 'h');
+
+/// What the commands would work on: the current node, or the node that the selected row of the list stands
+/// for.
 struct Target {
     int type = 0;             ///< node type
     bool atRootLevel = false; ///< directly below the tree root
     bool hasRootElement = false;
-    bool canPaste = false;
+    bool canPaste = false, canUndo = false, canRedo = false;
 };
 
 constexpr int kElement = 1;
+constexpr int kAttribute = 2;
 constexpr int kText = 3;
 constexpr int kInstruction = 7;
 constexpr int kComment = 8;
@@ -58,24 +76,26 @@ bool CanPaste(DocumentWindow& window, MenuSituation situation) {
     if (source && !source->msNodeClip.isEmpty())
         return true;
     const bool text = situation == MenuSituation::TextSelected || situation == MenuSituation::TextUnselected;
-    return text && !window.app.services.clipboard.GetText().isEmpty();
+    return text && window.app.services.clipboard.HasText();
+}
+
+TreeNode NodeOf(DocumentWindow& window, MenuSituation situation) {
+    const int row = window.ListView1.SelectedItem();
+    if (situation != MenuSituation::ListSelected || row == 0)
+        return window.tvXML.SelectedItem();
+    const controls::ListItem& item = window.ListView1.Item(row);
+    return window.tvXML.Nodes.Find(item.SmallIcon == kAttribute ? item.Tag : item.Key);
 }
 
 Target TargetOf(DocumentWindow& window, MenuSituation situation) {
     Target target;
     target.canPaste = CanPaste(window, situation);
-    const TreeNode current = window.tvXML.SelectedItem();
+    target.canUndo = window.UndoPos > 0;
+    target.canRedo = window.UndoPos < std::ssize(window.undoStack);
     target.hasRootElement = m_tvXML::HaveElementNodeAtXMLRootLevel(window);
-    const int row = window.ListView1.SelectedItem();
-    if (situation == MenuSituation::ListSelected && row > 0) {
-        const QString key = window.ListView1.Item(row).Key;
-        target.type = m_tvXML::GetKeyType(key);
-        // A leaf's list shows the leaf itself, an element's list what is below it.
-        const bool itself = current && key == current.Key();
-        target.atRootLevel = m_tvXML::IsTreeRoot(itself ? current.Parent() : current);
-    } else if (current) {
-        target.type = m_tvXML::GetKeyType(current);
-        target.atRootLevel = m_tvXML::IsTreeRoot(current.Parent());
+    if (const TreeNode node = NodeOf(window, situation)) {
+        target.type = m_tvXML::GetKeyType(node);
+        target.atRootLevel = m_tvXML::IsTreeRoot(node.Parent());
     }
     return target;
 }
@@ -117,6 +137,10 @@ bool StateOf(char letter, const QString& entry, const Target& target) {
         return AllowedByNode(entry, target);
     case 'c':
         return target.canPaste;
+    case 'u':
+        return target.canUndo;
+    case 'r':
+        return target.canRedo;
     default:
         return false;
     }
@@ -124,7 +148,7 @@ bool StateOf(char letter, const QString& entry, const Target& target) {
 
 void ApplyMatrix(MenuPlan& plan, MenuSituation situation, const Target& target) {
     for (const MatrixRow& row : kMatrix) {
-        const char letter = row.states[static_cast<int>(situation)];
+        const char letter = LetterOf(row, situation);
         if (letter == '-')
             continue;
         for (const char* entry : row.entries) {
@@ -185,20 +209,31 @@ void EnableMenuSTreeRootSelected(MenuPlan& plan, const Target& target) {
         plan.ShowSchemaMenuItem(QStringLiteral("mnuNewSSchema"));
 }
 
+MenuSituation TreeSituation(const DocumentWindow& window) {
+    return m_tvXML::IsTreeRoot(window.tvXML.SelectedItem()) ? MenuSituation::TreeRoot
+                                                            : MenuSituation::TreeNode;
+}
+
+MenuSituation ListSituation(const DocumentWindow& window) {
+    return window.ListView1.SelectedItem() > 0 ? MenuSituation::ListSelected : MenuSituation::ListUnselected;
+}
+
+MenuSituation TextSituation(DocumentWindow& window) {
+    return window.TextInUse().SelLength() > 0 ? MenuSituation::TextSelected : MenuSituation::TextUnselected;
+}
+
 /// The situation of a window that nobody has touched since it came to the front: that of the tree, or of the
 /// view beside it when that was in use last.
 MenuSituation SituationOf(DocumentWindow& window) {
     if (window.miCurrentView == kViewBrowser || window.miCurrentView == kViewSchema)
         return MenuSituation::ViewWithoutEditing;
     if (window.miPopupContext == 0 || window.miPopupContext == kContextTree)
-        return m_tvXML::IsTreeRoot(window.tvXML.SelectedItem()) ? MenuSituation::TreeRoot
-                                                                : MenuSituation::TreeNode;
+        return TreeSituation(window);
     if (window.miCurrentView == kViewText)
-        return window.TextInUse().SelLength() > 0 ? MenuSituation::TextSelected
-                                                  : MenuSituation::TextUnselected;
+        return TextSituation(window);
     if (window.miCurrentView == kViewTable)
         return MenuSituation::TableUnselected;
-    return window.ListView1.SelectedItem() > 0 ? MenuSituation::ListSelected : MenuSituation::ListUnselected;
+    return ListSituation(window);
 }
 
 } // namespace
@@ -207,6 +242,7 @@ void frmMDIMain::SetMenuSituation(MenuSituation situation) {
     MenuPlan plan(*this);
     DocumentWindow* window = ActiveForm();
     if (situation == MenuSituation::NoForm || !window) {
+        situation = MenuSituation::NoForm;
         EnableMenuNoForm(plan);
     } else {
         CommonStep(plan, *window);
@@ -219,9 +255,29 @@ void frmMDIMain::SetMenuSituation(MenuSituation situation) {
             plan.EnableAllSchemaMenuItem();
     }
     plan.Apply();
+    menuSituation_ = situation;
     SetToolBar();
 }
 
 void frmMDIMain::SetFormActivatedMenu(DocumentWindow& window) {
     SetMenuSituation(SituationOf(window));
+}
+
+void frmMDIMain::RefreshMenu() {
+    DocumentWindow* window = ActiveForm();
+    if (!window)
+        return;
+    switch (menuSituation_) {
+    case MenuSituation::TreeRoot:
+    case MenuSituation::TreeNode:
+        return SetMenuSituation(TreeSituation(*window));
+    case MenuSituation::ListSelected:
+    case MenuSituation::ListUnselected:
+        return SetMenuSituation(ListSituation(*window));
+    case MenuSituation::TextSelected:
+    case MenuSituation::TextUnselected:
+        return SetMenuSituation(TextSituation(*window));
+    default:
+        return SetMenuSituation(menuSituation_);
+    }
 }

@@ -17,14 +17,17 @@ struct Forms {
     Routine table = nullptr;
     Routine text = nullptr;
     Routine compact = nullptr;
+    Routine treeNode = nullptr;
 };
 
 template <const Forms& forms> void ByContext(DocumentWindow& window) {
     Routine routine = nullptr;
     switch (window.miPopupContext) {
     case kContextTree:
-    case kContextTreeNode:
         routine = forms.tree;
+        break;
+    case kContextTreeNode:
+        routine = forms.treeNode;
         break;
     case kContextList:
         routine = forms.list;
@@ -83,7 +86,8 @@ constexpr Forms kNewText{.tree = NewTreeNodeText, .list = AddNewListViewNodeText
 constexpr Forms kNewComment{
     .tree = NewTreeCommentNode, .list = AddNewListViewCommentNode, .table = NewTreeCommentNode};
 constexpr Forms kNewAttribute{.tree = NewAttribute, .list = AddNewListViewAttribute};
-constexpr Forms kDelete{.tree = DeleteInTree, .list = DeleteListViewItems, .text = DeleteSelection};
+constexpr Forms kDelete{
+    .tree = DeleteInTree, .list = DeleteListViewItems, .text = DeleteSelection, .treeNode = DeleteInTree};
 constexpr Forms kRename{.tree = EditTreeNode, .list = EditListViewItemName};
 constexpr Forms kEditValue{.tree = EditListViewAttribute, .list = EditListViewAttribute};
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Which toolbar buttons the user can press in the view in force.
+// Which toolbar buttons the user can press: each with the menu entry that does the same, the others by the
+// view in force.
 #include "core/model/m_tvXML.h"
 #include "shell/frmMDIMain.h"
 
@@ -30,8 +31,6 @@ constexpr Twin kTwins[] = {
     {"tbListEdit", "newtext", "mnuNewNodeTextP"},
     {"tbListEdit", "moveup", "mnuMoveUP"},
     {"tbListEdit", "movedown", "mnuMoveDown"},
-    {"tbListEdit", "moveuplevel", "mnuMoveUP"},
-    {"tbListEdit", "movedownlevel", "mnuMoveDown"},
     {"tbListEdit", "popedit", "mnuEditPopupEditNode"},
     {"tbTextEdit", "closetag", "mnuXMLCloseTag"},
     {"tbTextEdit", "validate", "mnuXMLValidate"},
@@ -41,9 +40,12 @@ bool ShowsList(const DocumentWindow& window) {
     return window.miCurrentView == kViewTree || window.miCurrentView == kViewList;
 }
 
-bool CanGoUp(const DocumentWindow& window) {
+/// Tree or list have the user's attention, and the current node has a level above it.
+bool CanChangeLevel(const DocumentWindow& window, MenuSituation situation) {
     const controls::TreeNode node = window.tvXML.SelectedItem();
-    return node && !m_tvXML::IsTreeRoot(node);
+    return node && !m_tvXML::IsTreeRoot(node) &&
+           (situation == MenuSituation::TreeNode || situation == MenuSituation::ListSelected ||
+            situation == MenuSituation::ListUnselected);
 }
 
 void SetEntities(frmMDIMain& frame, bool enabled) {
@@ -67,18 +69,19 @@ void frmMDIMain::SetToolBar() {
     Menu(QStringLiteral("mnuSortAZ")).SetEnabled(table);
     Menu(QStringLiteral("mnuSortZA")).SetEnabled(table);
     for (const Twin& twin : kTwins) {
-        const bool ofList = QLatin1String(twin.toolbar) == QLatin1String("tbListEdit");
         ToolbarByName(QLatin1String(twin.toolbar))
             .Button(QLatin1String(twin.key))
-            .SetEnabled(Menu(QLatin1String(twin.entry)).Enabled() && (list || !ofList));
+            .SetEnabled(Menu(QLatin1String(twin.entry)).Enabled());
     }
     ToolbarByName(QStringLiteral("tbFileEdit")).Button(QStringLiteral("listview")).SetEnabled(list);
 
     controls::Toolbar& nodes = ToolbarByName(QStringLiteral("tbListEdit"));
-    nodes.Button(QStringLiteral("uponelevel")).SetEnabled(list && CanGoUp(*window));
+    const bool level = window && CanChangeLevel(*window, SituationInForce());
+    for (const char* key : {"uponelevel", "moveuplevel", "movedownlevel"})
+        nodes.Button(QLatin1String(key)).SetEnabled(level);
     nodes.Button(QStringLiteral("newelement"))
-        .SetEnabled(list && (Menu(QStringLiteral("mnuNewCNode")).Enabled() ||
-                             Menu(QStringLiteral("mnuNewNode")).Enabled()));
+        .SetEnabled(Menu(QStringLiteral("mnuNewCNode")).Enabled() ||
+                    Menu(QStringLiteral("mnuNewNode")).Enabled());
 
     SetEntities(*this, textView || (window && window->mbIsEditValue));
 

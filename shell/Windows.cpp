@@ -169,6 +169,7 @@ void frmMDIMain::AnnounceActive() {
     DocumentWindow* active = ActiveForm();
     statusBar_.SetPanel(2, {});
     if (active) {
+        app_.CurrentFileName = active->Caption; // first of all: what is done from here on is done to it
         Form_Activate(*active);
         SetFormActivatedMenu(*active); // the root is the current node now
         if (active->miCurrentView == kViewText)
@@ -229,8 +230,7 @@ bool frmMDIMain::CloseForm(DocumentWindow* window) {
         return false;
     // The routines of closing ask for the active form and its name.
     ActivateForm(window);
-    // What was typed about a node belongs to the document that the question is about.
-    if (editNodes_ && editNodes_->Window() == window && !editNodes_->SaveCurrentNode())
+    if (!NodeInHandIsWritten(*window))
         return false;
     bool cancel = false;
     Form_Unload(*window, cancel);
@@ -248,6 +248,8 @@ void frmMDIMain::Forget(DocumentWindow& window) {
     std::erase(windowOrder_, &window);
     if (app_.clipboardSource == &window)
         app_.clipboardSource = nullptr;
+    if (app_.dragSource == &window)
+        app_.dragSource = nullptr;
     if (app_.findWindow == &window) {
         app_.findWindow = nullptr;
         app_.findTarget = nullptr;
@@ -260,10 +262,19 @@ void frmMDIMain::mnuFileClose_Click() {
     CloseForm(ActiveForm());
 }
 
-// A Cancel keeps the window, and the loop comes back to it: the question ends with the user's Yes or No.
+// What was typed about a node belongs to the document that the question on saving is about.
+bool frmMDIMain::NodeInHandIsWritten(const DocumentWindow& window) {
+    return !editNodes_ || editNodes_->Window() != &window || editNodes_->SaveCurrentNode();
+}
+
+// A Cancel keeps the window, and the loop comes back to it: the question ends with the user's Yes or No. A
+// value that is refused has to be put right first: nothing would end the loop.
 void frmMDIMain::mnuCloseAll_Click() {
-    while (DocumentWindow* window = ActiveForm())
+    while (DocumentWindow* window = ActiveForm()) {
+        if (!NodeInHandIsWritten(*window))
+            return;
         CloseForm(window);
+    }
 }
 
 bool frmMDIMain::QueryUnload() {

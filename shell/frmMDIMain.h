@@ -51,7 +51,7 @@ public:
     void NewSXMLFile(const FetchedText& text, const QString& fileName) override;
     void OpenXMLFile();
     void OpenNamed(const QString& name); ///< command line, address box, recent files, dropped files
-    void HaveSameNameForm(const QString& name, bool bringToFront, bool& result);
+    void HaveSameNameForm(const QString& name, bool bringToFront, bool& result) override;
     /// The user (or a command) brings a window to the front. Runs Form_Activate when it wasn't active.
     void ActivateForm(DocumentWindow* window);
     /// Form_Unload, then the window goes. False when the user chose Cancel.
@@ -108,6 +108,10 @@ public:
     static void ProcessList(controls::ComboBox& combo);
 
     // --- menu state: see MenuState.cpp -------------------------------------------------------------------
+    /// The situation that was set last, looked at anew: the current node or row, the selection or the
+    /// clipboard may have changed since.
+    void RefreshMenu();
+    MenuSituation SituationInForce() const { return menuSituation_; }
     /// All entries that have a name, in the order of the menus.
     const std::vector<controls::MenuItem*>& MenuEntries() const { return entries_; }
 
@@ -143,6 +147,8 @@ private:
     void AnnounceActive();               ///< Form_Activate of the window in front, then activeFormChanged
     void IndexMenu(controls::MenuItem& item);
     void ConnectAddressBox();
+    /// Whether nothing is left of what was typed into the one-by-one editor about a node of a window.
+    bool NodeInHandIsWritten(const DocumentWindow& window);
 
     Application& app_;
     std::unique_ptr<frmFind> find_;           ///< made when it is asked for first
@@ -153,6 +159,7 @@ private:
     controls::ComboBox address_;
     std::vector<Opened> forms_;                ///< in the order of opening
     std::vector<DocumentWindow*> windowOrder_; ///< front first
+    MenuSituation menuSituation_ = MenuSituation::NoForm;
     int mousePointer_ = 0;
     int newDocuments_ = 0; ///< documents that got a made-up name
     /// One empty entry, and nothing is ever added: see mnuFileSaveAll_Click.

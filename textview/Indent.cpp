@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/Indent.h"
+#include "platform/controls/ColourRuns.h"
 
 namespace {
 
@@ -41,13 +42,47 @@ Lines SelectedLines(const RichTextBox& richText) {
     return lines;
 }
 
-void WriteLines(RichTextBox& richText, const Lines& lines, const QString& fresh) {
-    richText.SetSelStart(lines.start);
-    richText.SetSelLength(lines.end - lines.start);
-    richText.SetSelText(fresh);
+/// A stretch with its colours.
+struct Stretch {
+    QString text;
+    std::vector<controls::ColourRun> runs;
+
+    bool Replace(const QString& find, const QString& replace) {
+        std::vector<qsizetype> places;
+        for (qsizetype at = text.indexOf(find); at >= 0; at = text.indexOf(find, at + find.size()))
+            places.push_back(at);
+        text.replace(find, replace);
+        runs = controls::MovedRuns(runs, places, find.size(), replace.size());
+        return !places.empty();
+    }
+    void PutTabInFront() {
+        text.prepend(u'\t');
+        runs = controls::MovedRuns(runs, {0}, 0, 1);
+    }
+    bool TakeTabFromFront() {
+        if (!text.startsWith(u'\t'))
+            return false;
+        text.remove(0, 1);
+        runs = controls::MovedRuns(runs, {0}, 1, 0);
+        return true;
+    }
+};
+
+Stretch Between(const RichTextBox& richText, qsizetype start, qsizetype end) {
+    return {richText.Long().mid(start, end - start), controls::RunsOf(richText.Runs(), start, end - start)};
+}
+
+void Write(RichTextBox& richText, qsizetype start, qsizetype end, const Stretch& fresh) {
+    richText.SetSelStart(start);
+    richText.SetSelLength(end - start);
+    richText.SetSelContent(fresh.text, fresh.runs);
+}
+
+void WriteLines(RichTextBox& richText, const Lines& lines, const Stretch& fresh) {
+    Write(richText, lines.start, lines.end, fresh);
     const qsizetype from = lines.first ? 0 : lines.start + 2;
     richText.SetSelStart(from);
-    richText.SetSelLength(lines.start + fresh.size() - from);
+    richText.SetSelLength(lines.start + fresh.text.size() - from);
 }
 
 } // namespace
@@ -62,28 +97,25 @@ void RTabKey(RichTextBox& richText) {
 void DecreaseIndent(RichTextBox& richText) {
     if (richText.SelLength() < 1)
         SetPrefixCurrentLine(richText, richText.SelStart(), LineEndAndTab(), LineEnd());
-    else
+    else if (richText.SelText().contains(LineEndAndTab()))
         SetDecreasePrefix(richText, LineEndAndTab(), LineEnd());
 }
 
 void SetIncreasePrefix(RichTextBox& richText, const QString& find, const QString& replace) {
     const Lines lines = SelectedLines(richText);
-    QString text = richText.Long().mid(lines.start, lines.end - lines.start);
-    text.replace(find, replace);
+    Stretch stretch = Between(richText, lines.start, lines.end);
+    stretch.Replace(find, replace);
     if (lines.first)
-        text.prepend(u'\t');
-    WriteLines(richText, lines, text);
+        stretch.PutTabInFront();
+    WriteLines(richText, lines, stretch);
 }
 
 void SetDecreasePrefix(RichTextBox& richText, const QString& find, const QString& replace) {
     const Lines lines = SelectedLines(richText);
-    const QString before = richText.Long().mid(lines.start, lines.end - lines.start);
-    QString text = before;
-    text.replace(find, replace);
-    if (lines.first && text.startsWith(u'\t'))
-        text.remove(0, 1);
-    if (text != before)
-        WriteLines(richText, lines, text);
+    Stretch stretch = Between(richText, lines.start, lines.end);
+    const bool lost = stretch.Replace(find, replace);
+    if ((lines.first && stretch.TakeTabFromFront()) || lost)
+        WriteLines(richText, lines, stretch);
 }
 
 void SetPrefixCurrentLine(RichTextBox& richText, qsizetype position, const QString& find,
@@ -93,15 +125,12 @@ void SetPrefixCurrentLine(RichTextBox& richText, qsizetype position, const QStri
     const LongText& text = richText.Long();
     const qsizetype start = lineStart - 1;
     const qsizetype end = lineEnd == text.size() ? lineEnd : lineEnd - 1;
-    QString line = text.mid(start, end - start);
-    if (!line.contains(find))
+    Stretch line = Between(richText, start, end);
+    if (!line.Replace(find, replace))
         return;
-    line.replace(find, replace);
-    richText.SetSelStart(start);
-    richText.SetSelLength(end - start);
-    richText.SetSelText(line);
+    Write(richText, start, end, line);
     // The caret stays with its character.
-    const qsizetype shorter = end - start - line.size();
+    const qsizetype shorter = end - start - line.text.size();
     richText.SetSelStart(std::max(position - shorter, start + replace.size()));
 }
 

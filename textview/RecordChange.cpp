@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/controls/ColourRuns.h"
 #include "platform/text/TextTools.h"
 #include "textview/Undo.h"
 #include "textview/fill/Colour.h"
@@ -66,6 +67,8 @@ void BringIntoOtherPane(DocumentWindow& window, const UndoRecord& record, const 
     }
     if (!(other.Long() == pane.Long()))
         other.SetContent(pane.Content());
+    else
+        TakeColours(other, pane);
 }
 
 void Record(DocumentWindow& window, const RichTextBox& pane, RichTextBox& other) {
@@ -81,6 +84,8 @@ void Record(DocumentWindow& window, const RichTextBox& pane, RichTextBox& other)
     RichTextChange(record, now, old);
     if (!TellsAll(record, now.Content.text, old.Content.text))
         KeepWhole(record, now, old);
+    else if (record.DelText.size() > mXMLEdit::kLongestColoured)
+        record.DelColours = controls::RunsOf(old.Content.runs, record.DelPos, record.DelText.size());
     ++window.UndoPos;
     SetUndoRedoMenuToolBar(window);
     BringIntoOtherPane(window, record, pane, other);

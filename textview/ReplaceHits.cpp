@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/ReplaceHits.h"
+#include "platform/controls/ColourRuns.h"
 #include "textview/Undo.h"
 #include "textview/fill/FillText.h"
 #include <QScopedValueRollback>
@@ -7,47 +8,21 @@
 
 namespace {
 
-using controls::ColourRun;
 using controls::RichContent;
 using controls::RichTextBox;
 
-// Places in order of the text, each `removed` units that become `added` ones.
-struct Exchange {
-    std::vector<qsizetype> places;
-    qsizetype removed, added;
-};
-
-QString WithReplacements(const text::LongText& text, const Exchange& exchange, const QString& replacement) {
+// `places` are in the order of the text.
+QString WithReplacements(const text::LongText& text, const std::vector<qsizetype>& places, qsizetype length,
+                         const QString& replacement) {
     QString fresh;
-    const qsizetype count = std::ssize(exchange.places);
-    fresh.reserve(text.size() + count * (exchange.added - exchange.removed));
+    fresh.reserve(text.size() + std::ssize(places) * (replacement.size() - length));
     qsizetype at = 0;
-    for (const qsizetype place : exchange.places) {
+    for (const qsizetype place : places) {
         fresh += text.mid(at, place - at);
         fresh += replacement;
-        at = place + exchange.removed;
+        at = place + length;
     }
     return fresh += text.mid(at);
-}
-
-// A replacement takes the colour of the first character that it replaces.
-std::vector<ColourRun> MovedRuns(const std::vector<ColourRun>& runs, const Exchange& exchange) {
-    std::vector<ColourRun> moved;
-    moved.reserve(runs.size());
-    std::size_t next = 0; // the first place that doesn't end in front of the run
-    qsizetype shift = 0;
-    for (const ColourRun& run : runs) {
-        for (; next < exchange.places.size() && exchange.places[next] + exchange.removed <= run.start; ++next)
-            shift += exchange.added - exchange.removed;
-        qsizetype start = run.start + shift;
-        if (next < exchange.places.size() && exchange.places[next] < run.start)
-            start = exchange.places[next] + shift + exchange.added; // begins inside: goes on behind
-        if (!moved.empty() && moved.back().start == start)
-            moved.back() = {start, run.colour};
-        else
-            moved.push_back({start, run.colour});
-    }
-    return moved;
 }
 
 // One step for each hit, in the order of the hits; a hit further down moves by the ones above it that were
@@ -134,12 +109,12 @@ std::vector<qsizetype> HitsUp(const RichTextBox& target, const QString& text, qs
 qsizetype ReplaceHits(DocumentWindow& window, RichTextBox& target, const std::vector<qsizetype>& hits,
                       qsizetype length, const QString& replacement) {
     RichTextBox& other = &target == &window.rtxtXML ? window.rtxtXML2 : window.rtxtXML;
-    Exchange exchange{hits, length, replacement.size()};
-    std::sort(exchange.places.begin(), exchange.places.end());
+    std::vector<qsizetype> places = hits;
+    std::sort(places.begin(), places.end());
     const RichContent before = target.Content();
     const RichContent after{
-        text::LongText::Like(WithReplacements(before.text, exchange, replacement), before.text),
-        MovedRuns(before.runs, exchange)};
+        text::LongText::Like(WithReplacements(before.text, places, length, replacement), before.text),
+        controls::MovedRuns(before.runs, places, length, replacement.size())};
     RecordSteps(window, before.text, hits, length, replacement);
     {
         const QScopedValueRollback ownWriting(window.bControlChange, true);

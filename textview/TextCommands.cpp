@@ -3,9 +3,7 @@
 #include "core/model/Frame.h"
 #include "core/model/mXMLEdit.h"
 #include "core/sync/Views.h"
-#include "textview/fill/Colour.h"
 #include "textview/fill/FillText.h"
-#include <QScopedValueRollback>
 
 namespace {
 
@@ -13,17 +11,11 @@ bool ShowsTab(const DocumentWindow& window, const char* key) {
     return window.tbsXML.SelectedKey() == QLatin1String(key);
 }
 
-// The caret stays behind what was put in, also where colouring selects it for a moment.
 void InsertIntoPane(DocumentWindow& window, const QString& text) {
     controls::RichTextBox& pane = window.TextInUse();
     const qsizetype start = pane.SelStart();
     pane.SetSelText(text);
-    const qsizetype behind = pane.SelStart();
-    const QScopedValueRollback ownWriting(window.bControlChange, true);
-    pane.SetSelStart(start);
-    pane.SetSelLength(behind - start);
-    mXMLEdit::SetSeltextColor(window.app, pane);
-    pane.SetSelStart(behind);
+    ColourInserted(window, pane, start, pane.SelStart() - start);
 }
 
 } // namespace
@@ -76,6 +68,11 @@ void Validate(DocumentWindow& window, bool quiet, bool& result) try {
 }
 
 void SplitText(DocumentWindow& window) {
+    // The new pane begins where the user is, and the place stays when it goes.
+    if (!window.pctSplitText.Visible()) {
+        window.rtxtXML2.SetSelStart(window.rtxtXML.SelStart());
+        window.rtxtXML2.SetSelLength(window.rtxtXML.SelLength());
+    }
     SplitTextViewHalf(window);
     if (window.pctSplitText.Visible() || !window.brtxtXML2Focus)
         return;

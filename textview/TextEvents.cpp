@@ -94,6 +94,14 @@ bool PassesTagBorder(const text::LongText& text, qsizetype from, qsizetype to) {
     return passes;
 }
 
+// The path of the current node follows.
+void FollowCaretInTree(DocumentWindow& window) {
+    const controls::TreeNode before = window.tvXML.SelectedItem();
+    SelectNodeAtCaret(window);
+    if (window.app.frame && window.tvXML.SelectedItem() != before)
+        ShowNodePath(window, window.app.frame->StatusBar1());
+}
+
 } // namespace
 
 void PaneKeyDown(DocumentWindow& window, bool second, int& key, int modifiers) {
@@ -121,14 +129,10 @@ void PaneKeyPress(DocumentWindow& window, bool second, const QString& text) {
 void PaneKeyUp(DocumentWindow& window, bool second, int key, int) {
     const RichTextBox& pane = Pane(window, second);
     const qsizetype before = window.currentStatus.SelStart;
-    const bool selected = window.currentStatus.SelLength > 0;
     SetTextStatus(pane, window.currentStatus);
     if (IsArrow(key) && PassesTagBorder(pane.Long(), before, pane.SelStart()))
-        SelectNodeAtCaret(window);
-    if (selected != (pane.SelLength() > 0))
-        ShowSelection(window);
-    else
-        ShowCursorPosition(window);
+        FollowCaretInTree(window);
+    ShowCursorPosition(window);
 }
 
 void PaneMouseUp(DocumentWindow& window, bool second) {
@@ -139,19 +143,33 @@ void PaneMouseUp(DocumentWindow& window, bool second) {
 void PaneClick(DocumentWindow& window, bool second) {
     window.miPopupContext = kContextText;
     SetTextStatus(Pane(window, second), window.currentStatus);
-    SelectNodeAtCaret(window);
+    FollowCaretInTree(window);
     ShowCursorPosition(window);
 }
 
 void PaneDragOver(DocumentWindow& window, bool second, double x, double y) {
     RichTextBox& pane = Pane(window, second);
     pane.SetSelStart(rtGetCharFromPos(pane, x, y));
-    ShowCursorPosition(window);
+    ShowCursorPosition(window, pane);
 }
 
+void PanePasted(DocumentWindow& window, bool second, qsizetype start, qsizetype length) {
+    ColourInserted(window, Pane(window, second), start, length);
+}
+
+void PaneSelChange(DocumentWindow& window, bool second, bool wasSelected) {
+    if (window.bControlChange || window.brtxtXML2Focus != second || window.miPopupContext != kContextText)
+        return;
+    if (wasSelected != (Pane(window, second).SelLength() > 0))
+        ShowSelection(window);
+}
+
+// What is dropped goes into a pane that doesn't have the keys yet.
 void PaneBeforeChange(DocumentWindow& window, bool second) {
-    if (window.brtxtXML2Focus == second && !window.bControlChange)
-        SetTextStatus(Pane(window, second), window.currentStatus);
+    if (window.bControlChange)
+        return;
+    window.brtxtXML2Focus = second;
+    SetTextStatus(Pane(window, second), window.currentStatus);
 }
 
 void PaneChange(DocumentWindow& window, bool second) {

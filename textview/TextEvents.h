@@ -14,6 +14,11 @@ void PaneMouseUp(DocumentWindow& window, bool second);
 void PaneClick(DocumentWindow& window, bool second);
 /// Something is dragged over the text, the pointer at a point in twips: the caret goes there.
 void PaneDragOver(DocumentWindow& window, bool second, double x, double y);
-/// The text is about to become another one, or has become it.
+/// A text from elsewhere has gone in at a place: it takes its colours.
+void PanePasted(DocumentWindow& window, bool second, qsizetype start, qsizetype length);
+/// The selection may be another one: menus and status bar tell while the text has the user's attention.
+void PaneSelChange(DocumentWindow& window, bool second, bool wasSelected);
+/// The text is about to become another one, or has become it. A pane that changes without the program's
+/// doing is the one in use, whichever was before.
 void PaneBeforeChange(DocumentWindow& window, bool second);
 void PaneChange(DocumentWindow& window, bool second);

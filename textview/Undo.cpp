@@ -2,6 +2,7 @@
 #include "textview/Undo.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
+#include "platform/controls/ColourRuns.h"
 #include "platform/text/TextTools.h"
 #include "textview/fill/Colour.h"
 #include "textview/fill/FillText.h"
@@ -13,25 +14,35 @@ using controls::RichTextBox;
 
 enum class Way { Back, Again };
 
+/// One side of a step.
+struct Side {
+    qsizetype position;
+    const QString& text;
+    std::vector<controls::ColourRun>& colours;
+};
+
 // A text that was loaded past the history may lack what the step would take away: other text must not go in
-// its place.
-void Exchange(Application& app, RichTextBox& pane, qsizetype takePos, const QString& take, qsizetype putPos,
-              const QString& put) {
-    if (pane.Long().mid(takePos, take.size()) != take)
+// its place. What goes keeps its colours for the way back.
+void Exchange(Application& app, RichTextBox& pane, const Side& take, const Side& put) {
+    if (pane.Long().mid(take.position, take.text.size()) != take.text)
         return;
-    RDelete(pane, takePos, take);
-    RInsert(app, pane, putPos, put);
+    if (take.text.size() > mXMLEdit::kLongestColoured)
+        take.colours = controls::RunsOf(pane.Runs(), take.position, take.text.size());
+    RDelete(pane, take.position, take.text);
+    RInsert(app, pane, put.position, put.text, put.colours);
 }
 
-void ApplyToText(DocumentWindow& window, const UndoRecord& record, Way way) {
+void ApplyToText(DocumentWindow& window, UndoRecord& record, Way way) {
     const QScopedValueRollback ownWriting(window.bControlChange, true);
+    const Side deleted{record.DelPos, record.DelText, record.DelColours},
+        inserted{record.InsPos, record.InsText, record.InsColours};
     for (RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2}) {
         if (record.WholeText)
             pane->SetContent(way == Way::Back ? *record.OldRTF : *record.NewRTF);
         else if (way == Way::Back)
-            Exchange(window.app, *pane, record.InsPos, record.InsText, record.DelPos, record.DelText);
+            Exchange(window.app, *pane, inserted, deleted);
         else
-            Exchange(window.app, *pane, record.DelPos, record.DelText, record.InsPos, record.InsText);
+            Exchange(window.app, *pane, deleted, inserted);
     }
 }
 
@@ -52,8 +63,9 @@ void TakeStep(DocumentWindow& window, Way way) {
     const QScopedValueRollback running(window.bUndoRunning, true);
     const PaneSelections selections(window);
     const int index = way == Way::Back ? window.UndoPos - 1 : window.UndoPos;
-    const UndoRecord record = window.undoStack[static_cast<std::size_t>(index)];
+    UndoRecord record = window.undoStack[static_cast<std::size_t>(index)];
     ApplyToText(window, record, way);
+    window.undoStack[static_cast<std::size_t>(index)] = std::move(record);
     window.bTextChanged = true;
     window.UndoPos += way == Way::Back ? -1 : 1;
     SetUndoRedoMenuToolBar(window);
@@ -67,12 +79,16 @@ void TakeStep(DocumentWindow& window, Way way) {
 
 } // namespace
 
-void RInsert(Application& app, RichTextBox& richText, qsizetype position, const QString& text) {
+void RInsert(Application& app, RichTextBox& richText, qsizetype position, const QString& text,
+             const std::vector<controls::ColourRun>& colours) {
     if (text.isEmpty())
         return;
     richText.SetSelStart(position);
     richText.SetSelLength(0);
-    richText.SetSelText(text);
+    if (text.size() > mXMLEdit::kLongestColoured)
+        richText.SetSelContent(text, colours);
+    else
+        richText.SetSelText(text);
     richText.SetSelStart(position);
     richText.SetSelLength(text.size());
     mXMLEdit::SetSeltextColor(app, richText);

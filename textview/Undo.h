@@ -2,6 +2,7 @@
 #pragma once
 #include "core/model/DocumentWindow.h"
 #include <QString>
+#include <vector>
 
 // The history of the text. A typed change is kept as what it took away and what it put in, told from how the
 // pane stood before and after; see ChangeText for a change that comes from the tree. Undo works on the text
@@ -15,8 +16,10 @@ void SetTextStatus(const controls::RichTextBox& richText, TextStatus& status);
 /// other pair leaves the record as it is.
 void RichTextChange(UndoRecord& record, const TextStatus& now, const TextStatus& old);
 
-/// Puts a text in at a 0-based position, colours it and leaves it selected. Nothing for an empty text.
-void RInsert(Application& app, controls::RichTextBox& richText, qsizetype position, const QString& text);
+/// Puts a text in at a 0-based position, colours it and leaves it selected. Nothing for an empty text. One
+/// that is too long to be coloured takes `colours`, counted from its start.
+void RInsert(Application& app, controls::RichTextBox& richText, qsizetype position, const QString& text,
+             const std::vector<controls::ColourRun>& colours = {});
 /// Takes as many characters away as `text` has.
 void RDelete(controls::RichTextBox& richText, qsizetype position, const QString& text);
 

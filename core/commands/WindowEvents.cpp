@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/commands/WindowEvents.h"
+#include "core/commands/DragEvents.h"
 #include "core/model/Frame.h"
 #include "core/model/mXMLEdit.h"
 #include "core/model/m_tvXML.h"
@@ -11,6 +12,7 @@
 #include "nodes/ListEditor.h"
 #include "nodes/TreeCommands.h"
 #include "textview/TextEvents.h"
+#include <QScopeGuard>
 
 namespace {
 
@@ -38,6 +40,12 @@ void tvXML_GotFocus(DocumentWindow& window) {
     window.miPopupContext = kContextTree;
     const bool root = m_tvXML::IsTreeRoot(window.tvXML.SelectedItem());
     SetMenuSituation(window, root ? MenuSituation::TreeRoot : MenuSituation::TreeNode);
+}
+
+// The editor of a label is part of the tree: the views follow when the node has its new name.
+void tvXML_LostFocus(DocumentWindow& window) {
+    if (!window.tvXML.LabelEditNode())
+        DoTree(window);
 }
 
 void tvXML_Click(DocumentWindow& window) {
@@ -79,6 +87,7 @@ bool ShowsTab(DocumentWindow& window, const char* key) {
 
 // While another view shows, the tree changes without the list: it is filled anew when it comes back.
 void tbsXML_Clicked(DocumentWindow& window) {
+    FinishEdits(window);
     if (ShowsTab(window, "listview"))
         window.ListView1.Tag.clear();
     tbsXML_Click(window);
@@ -104,18 +113,20 @@ void tvXML_KeyUp(DocumentWindow& window, int key, int modifiers) {
     window.miPopupContext = kContextTree;
     window.mbKeyNavigation = IsArrow(key);
     const bool control = (modifiers & static_cast<int>(Qt::ControlModifier)) != 0;
-    if (window.mbKeyNavigation)
+    if (window.mbKeyNavigation) {
+        DoMenu(window); // the key has moved on since it went down
         DoTree(window);
-    else if (key == Qt::Key_Delete)
+    } else if (key == Qt::Key_Delete) {
         RunMenuCommand(window, "mnuDeleteP");
-    else if (control && key == Qt::Key_C)
+    } else if (control && key == Qt::Key_C) {
         RunMenuCommand(window, "mnuCopyP");
-    else if (control && key == Qt::Key_X)
+    } else if (control && key == Qt::Key_X) {
         RunMenuCommand(window, "mnuCutP");
-    else if (control && key == Qt::Key_V)
+    } else if (control && key == Qt::Key_V) {
         RunMenuCommand(window, "mnuPasteP");
-    else if (key == kKeyReturn || key == kKeyEnter)
+    } else if (key == kKeyReturn || key == kKeyEnter) {
         ShowChangedTree(window);
+    }
     mXMLEdit::Delay(window.app, kPause);
 }
 
@@ -135,7 +146,7 @@ void BeforeLabelEdit(DocumentWindow& window, bool& cancel) {
 void ConnectTree(DocumentWindow& window) {
     controls::TreeView& tree = window.tvXML;
     tree.GotFocus.connect([&window] { tvXML_GotFocus(window); });
-    tree.LostFocus.connect([&window] { DoTree(window); });
+    tree.LostFocus.connect([&window] { tvXML_LostFocus(window); });
     tree.Click.connect([&window] { tvXML_Click(window); });
     tree.NodeClick.connect([&window](TreeNode) { tvXML_NodeClick(window); });
     tree.Expand.connect([&window](TreeNode) { window.miPopupContext = kContextTree; });
@@ -176,7 +187,7 @@ template <int view> void ShowAs(DocumentWindow& window) {
 constexpr ListKey kListKeys[] = {
     {Qt::Key_Tab, false, EditListViewAttribute},
     {Qt::Key_Right, false, EditListViewAttribute},
-    {Qt::Key_C, true, CopyListViewItems},
+    {Qt::Key_C, true, [](DocumentWindow& window) { CopyListViewItems(window); }},
     {Qt::Key_V, true, PasteListViewItems},
     {Qt::Key_X, true, CutListViewItems},
     {Qt::Key_Delete, false, DeleteListViewItems},
@@ -195,7 +206,7 @@ void ListView1_KeyUp(DocumentWindow& window, int key, int modifiers) {
     }
     if (window.app.frame)
         ShowNodePath(window, window.app.frame->StatusBar1());
-    window.miPopupContext = kContextList;
+    ListView1_Attention(window); // another row may be current now
     if (key == kKeyReturn || key == kKeyEnter)
         window.tvXML.SetFocus(); // and with the focus the user's attention goes to the tree
 }
@@ -234,15 +245,22 @@ void ConnectList(DocumentWindow& window) {
     window.cmdPop.Click.connect([&window] { RunMenuCommand(window, "mnuEditPopupEditNode"); });
 }
 
+void Pane_GotFocus(DocumentWindow& window, bool second) {
+    window.brtxtXML2Focus = second;
+    window.miPopupContext = kContextText;
+    // What is typed now is read back into the tree: nothing of it may wait any longer for a text to be
+    // filled.
+    const bool naming = window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0;
+    if (window.bTreeChanged && !naming)
+        TreeChangeTextView(window, true);
+    SetMenuSituation(window, window.TextInUse().SelLength() > 0 ? MenuSituation::TextSelected
+                                                                : MenuSituation::TextUnselected);
+}
+
 void ConnectPane(DocumentWindow& window, controls::RichTextBox& pane, bool second) {
     pane.BeforeChange.connect([&window, second] { PaneBeforeChange(window, second); });
     pane.Change.connect([&window, second] { PaneChange(window, second); });
-    pane.GotFocus.connect([&window, second] {
-        window.brtxtXML2Focus = second;
-        window.miPopupContext = kContextText;
-        SetMenuSituation(window, window.TextInUse().SelLength() > 0 ? MenuSituation::TextSelected
-                                                                    : MenuSituation::TextUnselected);
-    });
+    pane.GotFocus.connect([&window, second] { Pane_GotFocus(window, second); });
     pane.LostFocus.connect([&window, second] {
         if (window.brtxtXML2Focus == second)
             LeaveTextView(window);
@@ -254,6 +272,10 @@ void ConnectPane(DocumentWindow& window, controls::RichTextBox& pane, bool secon
         [&window, second](int key, int modifiers) { PaneKeyUp(window, second, key, modifiers); });
     pane.DragOver.connect([&window, second](double x, double y) { PaneDragOver(window, second, x, y); });
     pane.MouseUp.connect([&window, second] { PaneMouseUp(window, second); });
+    pane.SelChange.connect(
+        [&window, second](bool wasSelected) { PaneSelChange(window, second, wasSelected); });
+    pane.Pasted.connect(
+        [&window, second](qsizetype start, qsizetype length) { PanePasted(window, second, start, length); });
     pane.Click.connect([&window, second] { PaneClick(window, second); });
 }
 
@@ -271,13 +293,15 @@ void Form_Load(DocumentWindow& window) {
     const Options& options = window.app.options;
     window.rtxtXML.SetFont(options.TextName, options.TextSize);
     window.rtxtXML2.SetFont(options.TextName, options.TextSize);
-    window.ListView1.ColumnHeaders = {QStringLiteral("Name"), QStringLiteral("Value"),
-                                      QStringLiteral("Text")};
+    window.ListView1.ColumnHeaders = {QStringLiteral("Name"),
+                                      QStringLiteral("Node Attributes / Attribute Value"),
+                                      QStringLiteral("Node Text")};
     window.pctSplitText.SetVisible(false);
     window.chtAna.SetVisible(false);
     window.pctLHSplit.SetVisible(false);
     ConnectTree(window);
     ConnectList(window);
+    ConnectDragging(window);
     ConnectPane(window, window.rtxtXML, false);
     ConnectPane(window, window.rtxtXML2, true);
     window.tbsXML.Click.connect([&window] { tbsXML_Clicked(window); });
@@ -306,18 +330,19 @@ void Form_Activate(DocumentWindow& window) {
 void Form_Unload(DocumentWindow& window, bool& cancel) {
     Application& app = window.app;
     window.bUnloading = true;
+    // Where saving breaks off, the window stays, and can be closed again.
+    auto brokenOff = qScopeGuard([&window] { window.bUnloading = window.bCancelSave = false; });
     if (app.frame && app.frame->FormCount() <= 1)
         app.frame->SetMenuSituation(MenuSituation::NoForm);
     FinishEdits(window);
     SaveXMLFile(window, false, false);
     if (window.bCancelSave) {
-        window.bCancelSave = false;
-        window.bUnloading = false;
         cancel = true;
         if (app.frame) // the window stays, and so does its menu
             app.frame->SetFormActivatedMenu(window);
         return;
     }
+    brokenOff.dismiss();
     if (app.frame) {
         app.frame->cmbAddress().SetText(app.CurrentFileName);
         if (mXMLEdit::GetAddressType(window.Caption) > 0) {

@@ -52,6 +52,10 @@ struct Application {
     QString copiedText;                        ///< what it put on the clipboard
     QString copiedAttributes;                  ///< attributes of list rows that were copied
 
+    // --- the last drag of nodes or rows ---
+    DocumentWindow* dragSource = nullptr; ///< the window it began in; null once that has closed
+    int dragSourceView = 0;               ///< the view it began in: 1 tree, 2 list
+
     // --- finding ---
     DocumentWindow* findWindow = nullptr;        ///< whose text is searched; null once it has closed
     controls::RichTextBox* findTarget = nullptr; ///< the pane of it that was in use

@@ -19,6 +19,8 @@ struct UndoRecord {
     QString InsText;
     bool WholeText = false; ///< the step replaced everything: OldRTF and NewRTF hold both sides
     std::shared_ptr<const controls::RichContent> OldRTF, NewRTF;
+    /// Colours of DelText and InsText where these are too long to be coloured when they come back.
+    std::vector<controls::ColourRun> DelColours, InsColours;
 };
 
 /// How a text pane stood at a moment: what SelText was is the stretch of the text from SelStart on.
@@ -79,6 +81,8 @@ struct DocumentWindow {
     bool bQuietParse = false;        ///< the next parse failure goes to the status bar
     bool bTreeChanged = false;       ///< the tree changed and the text view doesn't show it yet
     bool bTextChanged = false;       ///< the text was edited and the tree doesn't show it yet
+    bool bTextUntried = false;       ///< the text came from the tree and was too long to be tried at once
+    bool bTextUnread = false;        ///< the text didn't come into the tree, which is an earlier document
     text::LongText msOpenText;       ///< the text at the last open or save
     text::LongText msLastParsedText; ///< the text that the tree was last built from
     bool brtxtXML2Focus = false;     ///< rtxtXML2 is the text view in use

@@ -44,6 +44,9 @@ public:
     virtual void NewXMLFile(const FetchedText& text, const QString& fileName) = 0;
     virtual void NewSXMLFile(const FetchedText& text, const QString& fileName) = 0;
 
+    /// Whether a window bears this name, exactly as it is spelled; brings it to the front if asked.
+    virtual void HaveSameNameForm(const QString& name, bool bringToFront, bool& result) = 0;
+
     virtual void SetMenuSituation(MenuSituation situation) = 0;
     /// The menu situation of the active window as it stands, by its kind and the view in use: for one that
     /// has become active, or stays after all.

@@ -90,9 +90,14 @@ SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, 
     const QString target = fileName.isEmpty() ? QStringLiteral("tmp.$$$") : fileName;
     const services::FileResult result = app.services.files.Replace(target, encoded.bytes);
     if (!result) {
-        app.services.prompts.MsgBox(result.description +
-                                        QStringLiteral("\r\nPlease check file attributes (Read-only, etc)."),
-                                    Buttons::Ok, Icon::Exclamation);
+        // Where it isn't a matter of rights, the attributes would be the wrong place to look. Silence never is
+        // an answer: the window counts as saved from here on.
+        const bool rights = result.error == services::FileError::Permission ||
+                            result.error == services::FileError::ReadOnly;
+        app.services.prompts.MsgBox(
+            rights ? result.description + QStringLiteral("\r\nPlease check file attributes (Read-only, etc).")
+                   : result.description,
+            Buttons::Ok, Icon::Exclamation);
         return SaveOutcome::Refused;
     }
     text = changed;
@@ -109,6 +114,15 @@ bool SaveStringToFile(Application& app, QString& text, const QString& fileName, 
     return WriteText(app, text, fileName, form) == SaveOutcome::Written;
 }
 
+QString CopyFileTitle() {
+    return QStringLiteral("Copy file ...");
+}
+
+bool MayReplaceByCopy(Application& app, const QString& name) {
+    return app.services.prompts.MsgBox(name + QStringLiteral(" already exists. Do you want to replace it?"),
+                                       Buttons::YesNo, Icon::Question, CopyFileTitle()) == Answer::Yes;
+}
+
 bool CopyFileTo(Application& app, const QString& source, const QString& target,
                 services::FileResult* failure) try {
     QString name = target;
@@ -116,12 +130,8 @@ bool CopyFileTo(Application& app, const QString& source, const QString& target,
         name += GetFSFileName(source);
     if (name == source)
         return true; // a file copied on itself is there already
-    if (FileExist(app, name)) {
-        const QString question = name + QStringLiteral(" already exists. Do you want to replace it?");
-        if (app.services.prompts.MsgBox(question, Buttons::YesNo, Icon::None,
-                                        QStringLiteral("Copy file ...")) != Answer::Yes)
-            return false;
-    }
+    if (FileExist(app, name) && !MayReplaceByCopy(app, name))
+        return false;
     const services::FileResult result = app.services.files.Copy(source, name);
     if (!result && !failure)
         throw text::Fault(75, result.description);

@@ -80,6 +80,9 @@ SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, 
 bool SaveStringToFile(Application& app, QString& text, const QString& fileName,
                       text::FileForm* form = nullptr);
 
+QString CopyFileTitle(); ///< of the boxes about copying
+/// Asks whether an existing file may be replaced by a copy.
+bool MayReplaceByCopy(Application& app, const QString& name);
 /// Copies a file; a target ending in a separator is a folder. Asks before replacing another file; false on No
 /// or failure. A failure goes to the error report, or into `failure` where the caller tells the user itself.
 bool CopyFileTo(Application& app, const QString& source, const QString& target,

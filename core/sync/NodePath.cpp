@@ -146,9 +146,13 @@ void SelectTreeNodeByXPath(DocumentWindow& window, const xml::ParsedDocument& do
 }
 
 void ShowCursorPosition(DocumentWindow& window) {
+    ShowCursorPosition(window, window.TextInUse());
+}
+
+void ShowCursorPosition(DocumentWindow& window, const controls::RichTextBox& textView) {
     if (!window.app.frame)
         return;
-    const controls::TextPlace place = window.TextInUse().CaretPlace();
+    const controls::TextPlace place = textView.CaretPlace();
     window.app.frame->StatusBar1().SetPanel(
         2, QStringLiteral("Ln %1 , Col %2").arg(place.line).arg(place.column));
 }

@@ -33,6 +33,10 @@ void Reload(DocumentWindow& window, const QString& fileName, const FetchedText& 
         ShowNodePath(window, app.frame->StatusBar1());
     window.msOpenText = window.rtxtXML.Long();
     window.msLastParsedText = window.rtxtXML.Long();
+    window.undoStack.clear(); // its steps lead to another document
+    window.UndoPos = 0;
+    SetUndoRedoMenuToolBar(window);
+    DoTree(window);
 }
 
 // What can't be fetched may become a new document of that name, if the user wants it.

@@ -7,6 +7,7 @@
 #include "core/sync/Views.h"
 #include "platform/text/TextTools.h"
 #include "textview/fill/FillText.h"
+#include <utility>
 
 // The save cycle.
 
@@ -22,13 +23,16 @@ bool BringTogether(DocumentWindow& window) {
     const bool onNodes = window.miCurrentView == kViewTree || window.miCurrentView == kViewList;
     if (!onNodes || window.bTextChanged)
         LeaveTextView(window);
-    if (!window.bTreeChanged)
-        return false;
-    const controls::TreeNode selected = window.tvXML.SelectedItem();
-    TreeChangeTextView(window, true);
-    if (selected)
-        window.tvXML.SetSelectedItem(selected);
-    return window.bUnloading;
+    const bool changed = window.bTreeChanged;
+    if (changed) {
+        const controls::TreeNode selected = window.tvXML.SelectedItem();
+        TreeChangeTextView(window, true);
+        if (selected)
+            window.tvXML.SetSelectedItem(selected);
+    }
+    if (std::exchange(window.bTextUntried, false))
+        mXMLEdit::ValidateXML(window.app, window.TextInUse().Long(), true);
+    return changed && window.bUnloading;
 }
 
 // The last parse error belongs to the whole program, not to the window: while some text is known not to

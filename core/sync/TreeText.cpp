@@ -6,7 +6,9 @@
 #include "core/sync/Views.h"
 #include "platform/text/TextTools.h"
 #include "textview/fill/FillText.h"
+#include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <utility>
 
 namespace {
 
@@ -46,9 +48,12 @@ void ShowBadText(DocumentWindow& window, const text::LongText& text, const xml::
 
 void FillTree(DocumentWindow& window, const xml::ParsedDocument& document) {
     const controls::TreeUpdate update(window.tvXML);
+    // Where the memory runs out, no half of a document stands for the whole.
+    auto brokenOff = qScopeGuard([&window] { AddTreeRoot(window, false); });
     AddTreeRoot(window, false);
     m_tvXML::XMLChildNodesToTree(window.app, &window, document.document(), window.app.CurrentFileName,
                                  window.tvXML);
+    brokenOff.dismiss();
 }
 
 void SelectByNumber(DocumentWindow& window, long number) {
@@ -91,8 +96,10 @@ void AddTreeRoot(DocumentWindow& window, bool withDefaults) {
 
 ParsedRoot XMLToTree(DocumentWindow& window, const FetchedText& text, long selectNumber) try {
     ParsedRoot root;
+    window.bTextUnread = true; // until it is in the tree, in whatever way this ends
     if (text.text.holdsOnly(u" ")) {
         AddTreeRoot(window, false);
+        window.bTextUnread = false;
         return root;
     }
     if (!mXMLEdit::LoadXMLDocFromString(window.app, text, root.document, window.bQuietParse)) {
@@ -101,6 +108,7 @@ ParsedRoot XMLToTree(DocumentWindow& window, const FetchedText& text, long selec
     } else {
         root.element = root.document->documentElement();
         FillTree(window, *root.document);
+        window.bTextUnread = false;
         if (ShowsTextView(window) || window.rtxtXML.Long().isEmpty())
             TreeChangeTextView(window);
         SelectByNumber(window, selectNumber);
@@ -120,13 +128,13 @@ void TreeToTextView(DocumentWindow& window) try {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".TreeToTextView"));
 }
 
-void TreeChangeTextView(DocumentWindow& window, bool withNewNode) try {
-    if (!withNewNode && IsAddingNewNode(window))
-        return;
-    window.bTreeChanged = false;
+namespace {
+
+void WriteTreeAsText(DocumentWindow& window) {
     controls::RichTextBox& target = window.TextInUse();
     if (window.tvXML.Nodes.Count() < 2) {
         ChangeText(window, {}, target.Content());
+        window.msLastParsedText = target.Long();
         return;
     }
     const TreeNode selected = window.tvXML.SelectedItem();
@@ -134,8 +142,8 @@ void TreeChangeTextView(DocumentWindow& window, bool withNewNode) try {
         const text::LongText xml = TreeAsText(window);
         // The text is tried even where it will be taken anyway: status panel and last parse error tell how it
         // stands. With a large one that would hold up each command for a second or more: saving tries it.
-        const bool tried = xml.size() <= kTriedAtOnce;
-        const bool valid = tried && mXMLEdit::ValidateXML(window.app, xml, true);
+        window.bTextUntried = xml.size() > kTriedAtOnce;
+        const bool valid = !window.bTextUntried && mXMLEdit::ValidateXML(window.app, xml, true);
         if ((valid || !xml.holdsOnly(u" ")) && !(target.Long() == xml))
             ChangeText(window, xml, target.Content());
         window.msLastParsedText = target.Long(); // now the two say the same
@@ -143,6 +151,30 @@ void TreeChangeTextView(DocumentWindow& window, bool withNewNode) try {
     if (selected)
         window.tvXML.SetSelectedItem(selected);
     window.bControlChange = false;
+}
+
+} // namespace
+
+// A text that didn't parse gives way to the tree like any other. It holds work that the tree never got, so
+// the user is told, once.
+void TreeChangeTextView(DocumentWindow& window, bool withNewNode) try {
+    if (!withNewNode && IsAddingNewNode(window))
+        return;
+    window.bTreeChanged = false;
+    const bool unread = std::exchange(window.bTextUnread, false);
+    // A text that couldn't be written is still behind the tree: nothing may take it for the document.
+    auto brokenOff = qScopeGuard([&window, unread] {
+        window.bTreeChanged = true;
+        window.bTextUnread = unread;
+    });
+    const text::LongText before = window.TextInUse().Long();
+    WriteTreeAsText(window);
+    brokenOff.dismiss();
+    if (unread && !(window.TextInUse().Long() == before))
+        window.app.services.prompts.MsgBox(
+            QStringLiteral("The text could not be read into the tree, and the tree has been changed since. "
+                           "The text view now shows the document of the tree.\r\nUndo brings the text back."),
+            services::Buttons::Ok, services::Icon::Exclamation);
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".TreeChangeTextView"));
 }

@@ -23,10 +23,10 @@ void SetTextTabStops(DocumentWindow& window, bool stop) {
 
 void ShowList(DocumentWindow& window) {
     window.miCurrentView = kViewList;
-    SetMenuSituation(window, window.ListView1.SelectedItem() > 0 ? MenuSituation::ListSelected
-                                                                 : MenuSituation::ListUnselected);
     window.ListView1.SetFocus();
     DoTree(window);
+    SetMenuSituation(window, window.ListView1.SelectedItem() > 0 ? MenuSituation::ListSelected
+                                                                 : MenuSituation::ListUnselected);
     SetTextTabStops(window, false);
 }
 
@@ -34,11 +34,13 @@ void ShowText(DocumentWindow& window) {
     window.miCurrentView = kViewText;
     SetTextTabStops(window, true);
     window.TextInUse().SetFocus();
+    // Who goes on in the text builds the tree anew from it: a text node that is left empty holds nothing up.
+    const bool naming = window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0;
+    if (window.bTreeChanged)
+        TreeChangeTextView(window, !naming);
+    NavToNodeRelatedText(window);
     SetMenuSituation(window, window.TextInUse().SelLength() > 0 ? MenuSituation::TextSelected
                                                                 : MenuSituation::TextUnselected);
-    if (window.bTreeChanged)
-        TreeChangeTextView(window);
-    NavToNodeRelatedText(window);
     window.pctText.ZOrder();
 }
 

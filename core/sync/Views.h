@@ -25,8 +25,9 @@ QString GetXPath(controls::TreeNode node);
 void SelectTreeNodeByPath(DocumentWindow& window, const QString& path);
 /// The same in a document that the text was parsed into, without a message.
 void SelectTreeNodeByXPath(DocumentWindow& window, const xml::ParsedDocument& document, const QString& path);
-/// Shows the position of the caret in status panel 2.
+/// Shows the position of the caret in status panel 2: of the text view in use, or of another one.
 void ShowCursorPosition(DocumentWindow& window);
+void ShowCursorPosition(DocumentWindow& window, const controls::RichTextBox& textView);
 
 namespace m_tvXML {
 /// Writes the text (an empty page for none) into the preview's file, whose name goes to `tempFile`, and shows

@@ -63,8 +63,10 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
 }
 
 Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
-    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-    const bool edited = index.isValid() && index.column() == 0 && index.row() + 1 == list_.LabelEditRow();
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemIsDragEnabled;
+    const bool edited = index.column() == 0 && index.row() + 1 == list_.LabelEditRow();
     return edited ? flags | Qt::ItemIsEditable : flags;
 }
 

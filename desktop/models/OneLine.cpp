@@ -33,4 +33,12 @@ QString OneLine(QStringView text) {
     return WithoutControls(text.left(kMost).toString(), text.size() > kMost);
 }
 
+QString OneLineName(const QString& name) {
+    constexpr qsizetype kEnd = 140;
+    if (name.size() <= 2 * kEnd)
+        return OneLine(name);
+    return OneLine(QStringView(name).first(kEnd)) + QStringLiteral("...") +
+           OneLine(QStringView(name).last(kEnd));
+}
+
 } // namespace desktop

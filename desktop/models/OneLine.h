@@ -10,5 +10,7 @@ namespace desktop {
 /// first 300 units, so that laying out a cell doesn't depend on how long a value is.
 QString OneLine(text::CompactView text);
 QString OneLine(QStringView text);
+/// The same for a file name, whose end says the most: a long one loses its middle, with "..." in its place.
+QString OneLineName(const QString& name);
 
 } // namespace desktop

@@ -28,9 +28,10 @@ bool FinishWindow(DocumentWindow& window) {
     window.tvXML.FinishLabelEdit();
     window.ListView1.FinishLabelEdit();
     txtListView_LostFocus(window);
-    if (window.bTextChanged)
-        LeaveTextView(window);
-    return !window.bTextChanged;
+    if (!window.bTextChanged)
+        return true;
+    LeaveTextView(window);
+    return !window.bTextUnread;
 }
 
 } // namespace
@@ -61,7 +62,7 @@ void frmEditNodes::ConnectButtons() {
     Click(cmdLeft, &frmEditNodes::cmdLeft_Click, "frmEditNode.cmdLeft_Click");
     Click(cmdRight, &frmEditNodes::cmdRight_Click, "frmEditNode.cmdRight_Click");
     Click(cmdOk, &frmEditNodes::cmdOk_Click, "frmEditNodes.cmdOk_Click");
-    Click(cmdCancel, &frmEditNodes::Unload, "frmEditNodes.cmdCancel_Click");
+    Click(cmdCancel, &frmEditNodes::cmdCancel_Click, "frmEditNodes.cmdCancel_Click");
     optTree.Click.connect(
         [this] { Guarded("frmEditNodes.optTree_Click", [this] { ChangeContext(kContextTree); }); });
     optList.Click.connect(
@@ -125,7 +126,7 @@ void frmEditNodes::Form_Activate() {
 
 void frmEditNodes::WindowClosed(const DocumentWindow& window) {
     if (window_ == &window)
-        Unload();
+        cmdCancel_Click();
 }
 
 void frmEditNodes::Unload() {
@@ -137,8 +138,30 @@ void frmEditNodes::Unload() {
 }
 
 void frmEditNodes::cmdOk_Click() {
-    if (SaveCurrentNode())
-        Unload();
+    if (!SaveCurrentNode())
+        KeepTyped();
+    ShowMenu();
+    Unload();
+}
+
+void frmEditNodes::cmdCancel_Click() {
+    refused_.reset();
+    Unload();
+}
+
+void frmEditNodes::KeepTyped() {
+    refused_ =
+        Refused{hand_, {name_, attrs_, text_}, {txtNodeName.Text(), txtNodeAttrs.Text(), txtNodeText.Text()}};
+}
+
+// Only for the very node as it was: keys are never used twice, but its content may have changed.
+void frmEditNodes::BringTypedBack() {
+    if (!refused_ || refused_->hand != hand_ || refused_->node != Texts{name_, attrs_, text_})
+        return;
+    const Texts typed = std::exchange(refused_, std::nullopt)->typed;
+    txtNodeName.SetText(typed.name);
+    txtNodeAttrs.SetText(typed.attrs);
+    txtNodeText.SetText(typed.text);
 }
 
 // --- the node in hand -------------------------------------------------------------------------------------
@@ -158,6 +181,25 @@ void frmEditNodes::FetchNode() {
     hand_ = GetNodeInHand(*window_, context);
     SetMemberVars(*window_, context, name_, attrs_, text_, kind_);
     ShowCurrentNode();
+    BringTypedBack();
+    ShowMenu();
+}
+
+// An attribute with a new name has another row.
+void frmEditNodes::SelectRowInHand() {
+    if (!InList() || window_->ListView1.SelectedItem() > 0)
+        return;
+    const QString key = hand_.attribute.isEmpty() ? hand_.key : hand_.key + u'/' + hand_.attribute;
+    window_->ListView1.SetSelectedItem(window_->ListView1.IndexOf(key));
+}
+
+// The window's menus are those of the node in hand: it is the current one there.
+void frmEditNodes::ShowMenu() {
+    if (!InList())
+        DoMenu(*window_);
+    else if (app_.frame)
+        app_.frame->SetMenuSituation(window_->ListView1.SelectedItem() > 0 ? MenuSituation::ListSelected
+                                                                           : MenuSituation::ListUnselected);
 }
 
 void frmEditNodes::ShowCurrentNode() {
@@ -201,6 +243,7 @@ bool frmEditNodes::SaveCurrentNode() {
         if (WriteNodeInHand(*window_, hand_, txtNodeName.Text(), txtNodeAttrs.Text(), txtNodeText.Text()) ==
             NodeWrite::Refused)
             return false;
+        SelectRowInHand();
         name_ = txtNodeName.Text();
         attrs_ = txtNodeAttrs.Text();
         text_ = txtNodeText.Text();

@@ -3,6 +3,7 @@
 #include "core/model/DocumentWindow.h"
 #include "nodes/EditNode.h"
 #include "platform/controls/Controls.h"
+#include <optional>
 
 /// The dialog that walks the nodes of a document one at a time, along the tree or the list, and edits the one
 /// in hand: its name, its attributes or value, and its text. Its document window can be worked in meanwhile.
@@ -35,7 +36,8 @@ public:
 
     void ShowCurrentNode();
     /// Writes what was changed to the node in hand. False when that was refused: the user has been told, the
-    /// node is as it was, and the boxes keep what was typed.
+    /// node is as it was, and the boxes keep what was typed. A move doesn't go on then. OK closes the dialog
+    /// all the same, and what was typed comes back when the node is taken in hand next.
     bool SaveCurrentNode();
 
 private:
@@ -48,7 +50,10 @@ private:
     void cmdLeft_Click();
     void cmdRight_Click();
     void cmdOk_Click();
+    void cmdCancel_Click();
     void Unload();
+    void KeepTyped();
+    void BringTypedBack();
     void ChangeContext(int context);
     void txtXPath_KeyDown(int& key);
     void SelectSibling(bool next);
@@ -56,6 +61,8 @@ private:
     bool InList() const;
     bool IsChanged() const;
     void ShowKind();
+    void ShowMenu();
+    void SelectRowInHand();
     void EnableButtons();
     void EnableListMoves();
     void ComplainAbout(const QString& probe);
@@ -65,4 +72,14 @@ private:
     NodeInHand hand_;
     QString name_, attrs_, text_; ///< as the node had them
     int kind_ = kNoNodeInHand;
+
+    struct Texts {
+        QString name, attrs, text;
+        bool operator==(const Texts&) const = default;
+    };
+    struct Refused {
+        NodeInHand hand;
+        Texts node, typed;
+    };
+    std::optional<Refused> refused_; ///< what OK could not write
 };

@@ -62,9 +62,10 @@ void AddAttributeRows(DocumentWindow& window, TreeNode node) {
     const QString key = node.Key();
     for (int i = 0; i < names.size(); ++i) {
         const QString rowKey = key + u'/' + names[i];
-        if (window.ListView1.IndexOf(rowKey) > 0)
+        if (HaveItemByKey(window, rowKey))
             continue; // a Tag that a probe let through may name an attribute twice
-        window.ListView1.SetItemTag(window.ListView1.Add(0, rowKey, names[i], kAttribute, values[i]), key);
+        const int row = AddOneItemToListView(window, rowKey, names[i], kAttribute, values[i]);
+        window.ListView1.SetItemTag(row, key);
     }
 }
 
@@ -72,7 +73,7 @@ void AddAllPropertiesToListView(DocumentWindow& window, TreeNode node) {
     if (m_tvXML::IsTreeRoot(node))
         return;
     const auto own = [&](const QString& name, int kind) {
-        window.ListView1.Add(0, node.Key(), name, kind, node.Tag());
+        AddOneItemToListView(window, node.Key(), name, kind, node.Tag());
     };
     switch (m_tvXML::GetKeyType(node)) {
     case kElement:
@@ -96,6 +97,15 @@ void AddAllPropertiesToListView(DocumentWindow& window, TreeNode node) {
 }
 
 } // namespace
+
+int AddOneItemToListView(DocumentWindow& window, const QString& key, const QString& text, int icon,
+                         const QString& sub1, const QString& sub2) {
+    return window.ListView1.Add(0, key, text, icon, sub1, sub2);
+}
+
+bool HaveItemByKey(DocumentWindow& window, const QString& key) {
+    return window.ListView1.IndexOf(key) > 0;
+}
 
 void ShowListView(DocumentWindow& window) {
     controls::ListView& list = window.ListView1;

@@ -7,5 +7,10 @@ namespace controls {
 
 /// Moves runs along with a replaced stretch of the text.
 void ShiftRuns(std::vector<ColourRun>& runs, qsizetype at, qsizetype removed, qsizetype added);
+/// The same for many places at once, in the order of the text: each `removed` units become `added` ones.
+std::vector<ColourRun> MovedRuns(const std::vector<ColourRun>& runs, const std::vector<qsizetype>& places,
+                                 qsizetype removed, qsizetype added);
+/// The colours of a stretch, counted from its start.
+std::vector<ColourRun> RunsOf(const std::vector<ColourRun>& runs, qsizetype start, qsizetype length);
 
 } // namespace controls

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "platform/controls/Dragging.h"
 #include "platform/controls/Event.h"
 #include <QHash>
 #include <QString>
@@ -106,6 +107,7 @@ public:
     Event<int&, int> KeyDown;
     Event<int, int> KeyUp;
     Event<> GotFocus, LostFocus;
+    Dragging<int> Drag;
 
     // --- announcements for the widget ----------------------------------------------------------------
     Event<> aboutToReset, reset;

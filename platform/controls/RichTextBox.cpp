@@ -42,7 +42,7 @@ bool IsWordUnit(QChar unit) {
 QString RichTextBox::Text() const {
     if (wholeKnown_)
         return whole_;
-    const QString whole = text_.toString();
+    QString whole = text_.toString();
     if (whole.size() <= kKept) {
         whole_ = whole;
         wholeKnown_ = true;
@@ -60,7 +60,7 @@ void RichTextBox::SetText(const text::LongText& text) {
 
 void RichTextBox::SetContent(const RichContent& content) {
     const bool textDiffers = !(content.text == text_), runsDiffer = content.runs != runs_;
-    const bool caretMoves = selStart_ != 0 || selLength_ != 0;
+    const bool wasSelected = selLength_ > 0, caretMoves = selStart_ != 0 || wasSelected;
     text_ = content.text;
     runs_ = content.runs;
     wholeKnown_ = wholeKnown_ && !textDiffers;
@@ -74,6 +74,7 @@ void RichTextBox::SetContent(const RichContent& content) {
         selectionChanged();
     if (textDiffers)
         Change();
+    SelChange(wasSelected);
 }
 
 QString RichTextBox::TextRTF() const {
@@ -98,16 +99,21 @@ void RichTextBox::SetTextRTF(const QString& rtf) {
 
 void RichTextBox::SetSelStart(qsizetype start) {
     start = std::clamp<qsizetype>(start, 0, text_.size());
-    const bool moves = start != selStart_ || selLength_ != 0;
-    UserSelected(start, 0);
-    if (moves)
-        selectionChanged();
+    const bool wasSelected = selLength_ > 0, moves = start != selStart_ || wasSelected;
+    PutSelection(start, 0);
+    if (!moves)
+        return;
+    selectionChanged();
+    SelChange(wasSelected);
 }
 
 void RichTextBox::SetSelLength(qsizetype length) {
     length = std::clamp<qsizetype>(length, 0, text_.size() - selStart_);
-    if (std::exchange(selLength_, length) != length)
-        selectionChanged();
+    const qsizetype before = std::exchange(selLength_, length);
+    if (before == length)
+        return;
+    selectionChanged();
+    SelChange(before > 0);
 }
 
 QString RichTextBox::SelText() const {
@@ -115,6 +121,12 @@ QString RichTextBox::SelText() const {
 }
 
 void RichTextBox::UserSelected(qsizetype start, qsizetype length) {
+    const bool wasSelected = selLength_ > 0;
+    PutSelection(start, length);
+    SelChange(wasSelected);
+}
+
+void RichTextBox::PutSelection(qsizetype start, qsizetype length) {
     selStart_ = std::clamp<qsizetype>(start, 0, text_.size());
     selLength_ = std::clamp<qsizetype>(length, 0, text_.size() - selStart_);
     TakeColourBeforeCaret();
@@ -128,7 +140,7 @@ TextPlace RichTextBox::CaretPlace() const {
 // --- changing the text
 // ---------------------------------------------------------------------------------------
 
-// Replaces a stretch; the selection is a caret behind it then.
+// Replaces a stretch; the selection is a caret behind it then. Nobody is told yet.
 void RichTextBox::Replace(qsizetype at, qsizetype removed, const QString& piece) {
     BeforeChange();
     text_.replace(at, removed, piece);
@@ -149,20 +161,48 @@ void RichTextBox::TakeWholeLineEnds(qsizetype& at, qsizetype& removed) const {
     removed = removed > 0 ? end - at : 0;
 }
 
+void RichTextBox::TellReplaced(qsizetype at, qsizetype removed, const QString& piece, bool wasSelected) {
+    textReplaced(at, removed, piece);
+    Change();
+    SelChange(wasSelected);
+}
+
 void RichTextBox::SetSelText(const QString& text) {
     const QString piece = text::ToCrLf(text);
+    const bool wasSelected = selLength_ > 0;
     qsizetype at = selStart_, removed = selLength_;
     TakeWholeLineEnds(at, removed);
     if (text_.mid(at, removed) != piece) {
         Replace(at, removed, piece);
-        textReplaced(at, removed, piece);
-        Change();
+        TellReplaced(at, removed, piece, wasSelected);
         return;
     }
     selStart_ = at + piece.size();
     selLength_ = 0;
-    if (removed != 0)
-        selectionChanged();
+    if (!wasSelected)
+        return;
+    selectionChanged();
+    SelChange(true);
+}
+
+void RichTextBox::SetSelContent(const QString& text, std::vector<ColourRun> runs) {
+    const QString piece = text::ToCrLf(text);
+    if (piece.size() != text.size())
+        FitRuns(runs, text);
+    const bool wasSelected = selLength_ > 0;
+    qsizetype at = selStart_, removed = selLength_;
+    TakeWholeLineEnds(at, removed);
+    Replace(at, removed, piece);
+    Paint(at, piece.size(), runs);
+    TellReplaced(at, removed, piece, wasSelected);
+}
+
+void RichTextBox::Paste(const QString& text) {
+    qsizetype at = selStart_, removed = selLength_;
+    TakeWholeLineEnds(at, removed);
+    SetSelText(text);
+    if (selStart_ > at)
+        Pasted(at, selStart_ - at);
 }
 
 void RichTextBox::UserReplaced(qsizetype at, qsizetype removed, const QString& text) {
@@ -172,12 +212,12 @@ void RichTextBox::UserReplaced(qsizetype at, qsizetype removed, const QString& t
     const QString piece = text::ToCrLf(text);
     if (removed == 0 && piece.isEmpty())
         return;
+    const bool wasSelected = selLength_ > 0;
     const std::uint32_t colour = typeColour_;
     Replace(at, removed, piece);
     if (!piece.isEmpty() && (!runs_.empty() || colour != 0))
-        Paint(at, piece.size(), colour);
-    textReplaced(at, removed, piece);
-    Change();
+        Paint(at, piece.size(), {{0, colour}});
+    TellReplaced(at, removed, piece, wasSelected);
 }
 
 void RichTextBox::Type(const QString& text) {

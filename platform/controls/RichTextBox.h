@@ -44,6 +44,8 @@ public:
     void SetText(const text::LongText& text); ///< the same; its line ends are CR LF
     RichContent Content() const { return {text_, runs_}; }
     void SetContent(const RichContent& content);
+    /// Gives a stretch other colours, counted from its start; text and selection stay.
+    void SetColours(qsizetype start, qsizetype length, const std::vector<ColourRun>& runs);
     QString TextRTF() const; ///< text and colours as an RTF document
     /// Reads an RTF document; a string that isn't one is taken as plain text.
     void SetTextRTF(const QString& rtf);
@@ -54,6 +56,10 @@ public:
     void SetSelLength(qsizetype length); ///< cut to the text
     QString SelText() const;
     void SetSelText(const QString& text); ///< replaces the selection; the caret stands behind it
+    /// The same with colours of its own; `runs` count from the text's start.
+    void SetSelContent(const QString& text, std::vector<ColourRun> runs);
+    /// The same for a text that comes from elsewhere: raises Pasted.
+    void Paste(const QString& text);
     /// Colour of the selection's first character; without a selection that of text typed next.
     std::uint32_t SelColor() const;
     void SetSelColor(std::uint32_t colour); ///< of the selection, or of text typed next
@@ -89,9 +95,11 @@ public:
     Event<const QString&> KeyPress; ///< before typed characters go in
     Event<int, int> KeyUp;
     Event<> GotFocus, LostFocus;
+    Event<qsizetype, qsizetype> Pasted; ///< a text from elsewhere has gone in: where, length
 
-    Event<> BeforeChange; ///< the text is about to become another one; not to be changed now
-    Event<> Change;       ///< the text is another one, by user or program
+    Event<> BeforeChange;  ///< the text is about to become another one; not to be changed now
+    Event<> Change;        ///< the text is another one, by user or program
+    Event<bool> SelChange; ///< the selection may be another one; whether something was selected before
 
     // --- announcements for the widget ------------------------------------------------------------------
     Event<> contentReplaced;                           ///< everything is new
@@ -101,8 +109,10 @@ public:
 
 private:
     std::uint32_t ColourAt(qsizetype position) const;
-    void Paint(qsizetype start, qsizetype length, std::uint32_t colour);
+    void Paint(qsizetype start, qsizetype length, const std::vector<ColourRun>& colours);
     void Replace(qsizetype at, qsizetype removed, const QString& piece);
+    void TellReplaced(qsizetype at, qsizetype removed, const QString& piece, bool wasSelected);
+    void PutSelection(qsizetype start, qsizetype length);
     void TakeWholeLineEnds(qsizetype& at, qsizetype& removed) const;
     void TakeColourBeforeCaret();
 

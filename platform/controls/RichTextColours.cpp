@@ -2,6 +2,7 @@
 #include "platform/controls/ColourRuns.h"
 #include "platform/controls/RichTextBox.h"
 #include <algorithm>
+#include <utility>
 
 // The colours of a rich text.
 namespace controls {
@@ -30,6 +31,37 @@ void ShiftRuns(std::vector<ColourRun>& runs, qsizetype at, qsizetype removed, qs
     runs.insert(runs.end(), shifted.begin(), shifted.end());
 }
 
+// What replaces a place takes the colour of the first character there.
+std::vector<ColourRun> MovedRuns(const std::vector<ColourRun>& runs, const std::vector<qsizetype>& places,
+                                 qsizetype removed, qsizetype added) {
+    std::vector<ColourRun> moved;
+    moved.reserve(runs.size());
+    std::size_t next = 0; // the first place that doesn't end in front of the run
+    qsizetype shift = 0;
+    for (const ColourRun& run : runs) {
+        for (; next < places.size() && places[next] + removed <= run.start; ++next)
+            shift += added - removed;
+        qsizetype start = run.start + shift;
+        if (next < places.size() && places[next] < run.start)
+            start = places[next] + shift + added; // begins inside: goes on behind
+        if (!moved.empty() && moved.back().start == start)
+            moved.back() = {start, run.colour};
+        else
+            moved.push_back({start, run.colour});
+    }
+    return moved;
+}
+
+std::vector<ColourRun> RunsOf(const std::vector<ColourRun>& runs, qsizetype start, qsizetype length) {
+    std::vector<ColourRun> part;
+    auto run = std::upper_bound(runs.begin(), runs.end(), start,
+                                [](qsizetype place, const ColourRun& one) { return place < one.start; });
+    run -= run == runs.begin() ? 0 : 1; // the one that the stretch begins in
+    for (; run != runs.end() && run->start < start + length; ++run)
+        part.push_back({std::max<qsizetype>(run->start - start, 0), run->colour});
+    return part;
+}
+
 std::uint32_t RichTextBox::ColourAt(qsizetype position) const {
     const auto behind =
         std::upper_bound(runs_.begin(), runs_.end(), position,
@@ -37,21 +69,30 @@ std::uint32_t RichTextBox::ColourAt(qsizetype position) const {
     return behind == runs_.begin() ? 0 : (behind - 1)->colour;
 }
 
-void RichTextBox::Paint(qsizetype start, qsizetype length, std::uint32_t colour) {
+// What stands before the first colour given is black; what stands behind the stretch stays as it is.
+void RichTextBox::Paint(qsizetype start, qsizetype length, const std::vector<ColourRun>& colours) {
+    if (length <= 0)
+        return;
     const qsizetype end = start + length;
-    const std::uint32_t before = start > 0 ? ColourAt(start - 1) : 0;
-    const std::uint32_t behind = ColourAt(end);
-    const auto atOrBehind = [&](qsizetype place) {
-        return std::lower_bound(runs_.begin(), runs_.end(), place,
-                                [](const ColourRun& run, qsizetype wanted) { return run.start < wanted; });
+    std::uint32_t last = start > 0 ? ColourAt(start - 1) : 0;
+    std::vector<ColourRun> fresh;
+    const auto add = [&](qsizetype place, std::uint32_t colour) {
+        if (colour != std::exchange(last, colour))
+            fresh.push_back({place, colour});
     };
-    auto at = runs_.erase(atOrBehind(start), atOrBehind(end));
-    if (at != runs_.end() && at->start == end && at->colour == colour)
-        at = runs_.erase(at);
-    else if (end < text_.size() && behind != colour && (at == runs_.end() || at->start != end))
-        at = runs_.insert(at, {end, behind});
-    if (colour != before)
-        runs_.insert(at, {start, colour});
+    if (colours.empty() || colours.front().start > 0)
+        add(start, 0);
+    for (const ColourRun& one : colours)
+        if (one.start < length)
+            add(start + one.start, one.colour);
+    if (end < text_.size())
+        add(end, ColourAt(end));
+    const auto from = std::partition_point(runs_.begin(), runs_.end(),
+                                           [&](const ColourRun& run) { return run.start < start; });
+    const auto to =
+        std::partition_point(from, runs_.end(), [&](const ColourRun& run) { return run.start <= end; });
+    const auto at = runs_.erase(from, to);
+    runs_.insert(at, fresh.begin(), fresh.end());
 }
 
 std::uint32_t RichTextBox::SelColor() const {
@@ -63,8 +104,15 @@ void RichTextBox::SetSelColor(std::uint32_t colour) {
         typeColour_ = colour;
         return;
     }
-    Paint(selStart_, selLength_, colour);
+    Paint(selStart_, selLength_, {{0, colour}});
     coloursChanged(selStart_, selLength_);
+}
+
+void RichTextBox::SetColours(qsizetype start, qsizetype length, const std::vector<ColourRun>& runs) {
+    start = std::clamp<qsizetype>(start, 0, text_.size());
+    length = std::clamp<qsizetype>(length, 0, text_.size() - start);
+    Paint(start, length, runs);
+    coloursChanged(start, length);
 }
 
 void RichTextBox::TakeColourBeforeCaret() {

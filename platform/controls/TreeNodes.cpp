@@ -24,6 +24,8 @@ TreeNode TreeNodes::Add(TreeNode relative, int relationship, const QString& key,
     const auto picture = static_cast<std::uint8_t>(tree_.ImageIndex(image));
     const auto selectedPicture = static_cast<std::uint8_t>(tree_.ImageIndex(selectedImage));
 
+    const text::StringPool::Ref name = storage.pool.add(QStringView(text)); // before anything is announced
+
     const bool told = !storage.quiet() && (tree_.aboutToInsert.isConnected() || tree_.inserted.isConnected());
     const int row = !told         ? 0
                     : before != 0 ? static_cast<int>(storage.rows.rowOf(before))
@@ -33,7 +35,7 @@ TreeNode TreeNodes::Add(TreeNode relative, int relationship, const QString& key,
     const std::uint32_t slot = storage.link(parent, before);
     storage.keys.insert(slot, key);
     TreeNodeData& node = storage.nodes.at(slot);
-    node.text = storage.pool.add(QStringView(text));
+    node.text = name;
     node.flags |= kOwnText;
     node.image = picture;
     node.selectedImage = selectedPicture;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/controls/TreeStorage.h"
 #include "platform/controls/Faults.h"
+#include <new>
+#include <vector>
 
 namespace controls {
 
@@ -195,33 +197,48 @@ void TreeView::Storage::countWaste(Ref ref) {
 
 // Not within an update: whoever fills the tree holds numbers of names.
 void TreeView::Storage::compactIfWasteful() {
-    if (!quiet() && wasted_ > kWasteWorthCompacting && wasted_ > pool.bytes() / 2)
+    if (quiet() || wasted_ <= kWasteWorthCompacting || wasted_ <= pool.bytes() / 2)
+        return;
+    try {
         compact();
+    } catch (const std::bad_alloc&) { // no more than a saving: all is as it was, and it is tried again later
+    }
+    wasted_ = 0;
 }
 
+// Nothing is changed before all of it is there: the memory may run out on the way.
 void TreeView::Storage::compact() {
+    struct Texts {
+        Ref text = 0, tag = 0;
+    };
     text::StringPool fresh;
+    QHash<QString, Ref> newNames;
     QHash<Ref, Ref> newNumbers;
-    for (Ref& name : names) {
-        const Ref old = name;
-        name = fresh.add(pool.view(old));
-        newNumbers.insert(old, name);
+    for (auto name = names.cbegin(); name != names.cend(); ++name) {
+        const Ref number = fresh.add(pool.view(*name));
+        newNames.insert(name.key(), number);
+        newNumbers.insert(*name, number);
     }
+    std::vector<Texts> moved(nodes.end());
     for (std::uint32_t slot = 1; slot < nodes.end(); ++slot) {
-        TreeNodeData& node = nodes.at(slot);
+        const TreeNodeData& node = nodes.at(slot);
         if ((node.flags & kRemoved) != 0)
             continue;
-        const Ref text = node.text, tag = node.tag;
-        node.tag = tag != 0 ? fresh.add(pool.view(tag)) : 0;
-        if (text == tag)
-            node.text = node.tag;
-        else if (const auto name = newNumbers.constFind(text); name != newNumbers.constEnd())
-            node.text = *name;
-        else if (text != 0)
-            node.text = fresh.add(pool.view(text));
+        Texts& texts = moved[slot];
+        texts.tag = node.tag != 0 ? fresh.add(pool.view(node.tag)) : 0;
+        if (node.text == node.tag)
+            texts.text = texts.tag;
+        else if (const auto name = newNumbers.constFind(node.text); name != newNumbers.constEnd())
+            texts.text = *name;
+        else if (node.text != 0)
+            texts.text = fresh.add(pool.view(node.text));
     }
+    for (std::uint32_t slot = 1; slot < nodes.end(); ++slot) {
+        nodes.at(slot).text = moved[slot].text;
+        nodes.at(slot).tag = moved[slot].tag;
+    }
+    names.swap(newNames);
     pool = std::move(fresh);
-    wasted_ = 0;
 }
 
 std::size_t TreeView::Storage::bytes() const {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "platform/controls/Dragging.h"
 #include "platform/controls/Event.h"
 #include "platform/text/StringPool.h"
 #include <QHash>
@@ -176,6 +177,7 @@ public:
     Event<> GotFocus, LostFocus;
     Event<> focusRequested; ///< SetFocus was called
     void SetFocus() { focusRequested(); }
+    Dragging<TreeNode> Drag;
 
     // --- announcements for the widget ----------------------------------------------------------------
     Event<> aboutToReset, reset;                       ///< the whole tree is replaced

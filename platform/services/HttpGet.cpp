@@ -7,6 +7,7 @@
 #include <QNetworkRequest>
 #include <QTimer>
 #include <QUrl>
+#include <new>
 
 namespace services {
 
@@ -65,6 +66,8 @@ public:
             reply_.abort();
         }
         TakeBytes();
+        if (outOfMemory_)
+            throw std::bad_alloc();
         Judge();
         return std::move(answer_);
     }
@@ -83,9 +86,17 @@ private:
     }
 
     void TakeBytes() {
-        if (tooLarge_ || !reply_.isOpen()) // closed by an abort
+        if (tooLarge_ || outOfMemory_ || !reply_.isOpen()) // closed by an abort
             return;
-        answer_.body += reply_.readAll();
+        try {
+            answer_.body += reply_.readAll();
+        } catch (const std::bad_alloc&) { // an answer with a part missing is no answer
+            outOfMemory_ = true;
+            answer_.body = {};
+            if (!reply_.isFinished())
+                reply_.abort();
+            return;
+        }
         tooLarge_ = answer_.body.size() > kMostBytes;
         if (tooLarge_ && !reply_.isFinished())
             reply_.abort();
@@ -126,6 +137,7 @@ private:
     qint64 expected_ = 0;
     bool inStep_ = false;
     bool tooLarge_ = false;
+    bool outOfMemory_ = false;
 };
 
 class HttpGet : public HttpClient {

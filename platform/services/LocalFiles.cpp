@@ -92,8 +92,9 @@ public:
         try {
             if (result)
                 result = ReadToEnd(handle.Get(), size, bytes, step);
-        } catch (const std::bad_alloc&) { // a file larger than the memory is a failure like any other
-            result = FailureOf(ENOMEM);
+        } catch (const std::bad_alloc&) { // with nothing half-read left behind
+            bytes = {};
+            throw;
         }
         if (!result)
             bytes.clear();

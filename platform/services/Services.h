@@ -123,6 +123,8 @@ public:
     virtual void Clear() = 0;
     virtual void SetText(const QString& text) = 0;
     virtual QString GetText() = 0; ///< empty when it holds no text
+    /// Whether it holds text, without fetching what another program may hold ready of it.
+    virtual bool HasText() { return !GetText().isEmpty(); }
 };
 
 /// Everything at hand, owned elsewhere (by main or a test).

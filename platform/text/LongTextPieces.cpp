@@ -29,7 +29,9 @@ qsizetype FirstPiece(QStringView text) {
         return text.size();
     if (const qsizetype end = text.first(kPiece).lastIndexOf(u'\n'); end >= 0)
         return end + 1;
-    return Tears(text[kPiece - 1], text[kPiece]) ? kPiece - 1 : kPiece;
+    // A short rest would get longer by a piece with each letter that is typed in front of it.
+    const qsizetype cut = text.size() < kPiece + kSmall ? kPiece / 2 : kPiece;
+    return Tears(text[cut - 1], text[cut]) ? cut - 1 : cut;
 }
 
 LongText::Piece::Piece(QStringView text) : units(text.size()) {

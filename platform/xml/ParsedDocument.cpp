@@ -54,6 +54,8 @@ bool ParsedDocument::loadXML(const text::LongText& text, const QString& url, con
         ofStep = loader.failureOfStep();
         if (!complaint && !ofStep)
             storage_ = std::move(storage);
+        else if (complaint && complaint->code == kErrorStopped)
+            error_.errorCode = kErrorStopped; // where it stood is nobody's business
         else if (complaint)
             error_ = MakeParseError(text.toString(), *complaint, url);
     } catch (const std::exception&) {

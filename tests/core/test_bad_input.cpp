@@ -126,6 +126,30 @@ TEST_F(BadInput, EditsCountAfterMemoryRanOutWhileABadTextWasShown) {
     EXPECT_TRUE(window.bTextChanged);
 }
 
+TEST_F(BadInput, RunningOutOfMemoryWhileAnEditedTextIsReadLeavesNoHalfDocument) {
+    DocumentWindow& window = app.window();
+    // A comment's picture is missing, and there is no memory for the box that would say so.
+    const qsizetype picture = window.tvXML.ImageList.indexOf(QStringLiteral("opencomment"));
+    window.tvXML.ImageList[picture] = QStringLiteral("missing");
+    app.app().options.Debug = true;
+    app.prompts.onBox = [](const test::Box&) { throw std::bad_alloc(); };
+    const QString typed = QStringLiteral("<by><first/><!-- x --><second/></by>");
+    EXPECT_THROW(app.EditText(typed), std::bad_alloc);
+    app.prompts.onBox = nullptr;
+    app.app().options.Debug = false;
+    EXPECT_EQ(window.tvXML.Nodes.Count(), 1);
+    EXPECT_EQ(window.rtxtXML.Text(), typed);
+
+    app.ClickNode(window.tvXML.Nodes(1));
+    app.prompts.Answer(Answer::Ok); // the tree's text takes the place of the one that was typed
+    app.ChooseMenu(QStringLiteral("mnuNewCNode"));
+    window.tvXML.EndLabelEdit(QStringLiteral("by"));
+    EXPECT_TRUE(app.prompts.boxes.back().text.contains(QStringLiteral("Undo")));
+    app.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(app.folder.Read(QStringLiteral("bystander.xml")), typed.toUtf8());
+}
+
 TEST_F(BadInput, AFileThatVanishesIsWrittenAgainOnSave) {
     app.OpenText(QStringLiteral("gone.xml"), "<a/>");
     QFile::remove(app.folder.Path(QStringLiteral("gone.xml")));

@@ -61,6 +61,25 @@ TEST(FindDialog, FindsOnEnterBringsTheHitIntoViewAndClosesOnEscape) {
     EXPECT_EQ(desk.Part<QComboBox>("cmbFind").currentText(), QStringLiteral("N250")) << "of the history";
 }
 
+TEST(FindDialog, MakesWayForWhatItFinds) {
+    FindDesk desk;
+    desk.prompts.AllowAnyBox();
+    desk.Enter("cmbFind", QStringLiteral("n150"));
+    desk.PressThere(Qt::Key_Return);
+    const TextView& text = desk.Text();
+    const auto hit = [&] {
+        const QRect place = text.RectAt(text.Selection().start);
+        return QRect(text.viewport()->mapToGlobal(place.topLeft()), place.size());
+    };
+    desk.Dialog().move(hit().topLeft() - QPoint(40, 40));
+    desk.PressThere(Qt::Key_Return); // there is no other one: the hit is the same
+    ASSERT_TRUE(text.viewport()->rect().contains(text.RectAt(text.Selection().start)));
+    EXPECT_FALSE(desk.Dialog().frameGeometry().intersects(hit()));
+    const QPoint place = desk.Dialog().pos();
+    desk.PressThere(Qt::Key_Return);
+    EXPECT_EQ(desk.Dialog().pos(), place) << "it stays where it covers nothing";
+}
+
 TEST(FindDialog, ReplacesWithEachBoxInForceWhileTheTextStaysEditable) {
     FindDesk desk;
     desk.Enter("cmbFind", QStringLiteral("n7"));

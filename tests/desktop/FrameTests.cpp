@@ -39,6 +39,12 @@ TEST_F(FrameWindow, ActionsFollowTheirMenuEntries) {
     auto* action = t.main->findChild<QAction*>(QStringLiteral("mnuFileMRU"));
     EXPECT_EQ(action->text(), QStringLiteral("/a&&b.xml"));
     EXPECT_TRUE(action->isVisible());
+    // A name is shown in one line that leaves room for the menu, whatever the file system lets it be.
+    recent.SetCaption(QStringLiteral("/start\tof\n") + QString(100'000, QLatin1Char('x')) +
+                      QStringLiteral("/end.xml"));
+    EXPECT_TRUE(action->text().startsWith(QStringLiteral("/start of ")));
+    EXPECT_TRUE(action->text().endsWith(QStringLiteral("/end.xml")));
+    EXPECT_LT(action->text().size(), 200);
 }
 
 TEST_F(FrameWindow, WindowOrderIsTheFramesAndTheActiveOneIsInFront) {
@@ -52,6 +58,17 @@ TEST_F(FrameWindow, WindowOrderIsTheFramesAndTheActiveOneIsInFront) {
     t.Press(Qt::Key_W, Qt::ControlModifier);
     EXPECT_EQ(ActiveTitle(), QStringLiteral("one.xml"));
     EXPECT_EQ(Area().subWindowList().size(), 1);
+}
+
+// Laying out a title of a million characters takes many seconds, each time the window is painted.
+TEST_F(FrameWindow, ATitleShowsTheEndsOfALongNameInOneLine) {
+    t.OpenText(QStringLiteral("one.xml"), "<one/>");
+    t.window().SetCaption(QStringLiteral("/start\n") + QString(1'000'000, QLatin1Char('x')) +
+                          QStringLiteral("/end.xml"));
+    const QString title = Area().activeSubWindow()->windowTitle();
+    EXPECT_TRUE(title.startsWith(QStringLiteral("/start xxx"))) << title.left(100).toStdString();
+    EXPECT_TRUE(title.endsWith(QStringLiteral("xxx/end.xml")));
+    EXPECT_LT(title.size(), 400);
 }
 
 TEST_F(FrameWindow, TilesLieAboveEachOtherOrSideBySideAndFillTheFrame) {

@@ -97,6 +97,18 @@ TEST_F(Tips, OverACutTextIsTheWholeOneAndNeverMarkup) {
     EXPECT_EQ(TipOver(Text()), QStringLiteral("He said..."));
 }
 
+// Blanks alone would not keep them narrower than the screen; and half a character is none.
+TEST_F(Tips, WordsLongerThanALineAreBrokenAndCharactersAreCutWhole) {
+    t.OpenText(QStringLiteral("word.xml"), "<w>" + QByteArray(300, 'x') + "</w>");
+    const QString tip = TipOver(Text());
+    EXPECT_EQ(tip.count(QLatin1Char('x')), 300);
+    for (const QString& piece : tip.split(QChar(0x200B)))
+        EXPECT_LE(piece.size(), 81);
+    t.OpenText(QStringLiteral("faces.xml"), "<w>" + QByteArray("\xF0\x9F\x98\x80").repeated(100) + "</w>");
+    t.app().options.TreeToolTipShowLength = 5;
+    EXPECT_EQ(TipOver(Text()), QString::fromUtf8("\xF0\x9F\x98\x80\xF0\x9F\x98\x80..."));
+}
+
 TEST(ListCursor, TheFirstDownSelectsTheFirstRow) {
     ShownApp t;
     t.OpenText(QStringLiteral("shop.xml"), "<shop><pen/><ink/></shop>");

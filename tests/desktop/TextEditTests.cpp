@@ -163,7 +163,10 @@ TEST_F(TextEdit, DroppedTextGoesInAtThePointAndFilesAreLeftToTheWindow) {
     QMimeData text, file;
     text.setText(QStringLiteral("x\ny"));
     file.setUrls({QUrl(QStringLiteral("file:///home/anna/orders.xml"))});
+    QStringList pasted; // what is to be coloured
+    model.Pasted.connect([&](qsizetype at, qsizetype length) { pasted << model.Long().mid(at, length); });
     Drop(text, view.RectAt(12).center());
+    EXPECT_EQ(pasted, QStringList{QStringLiteral("x\r\ny")});
     EXPECT_EQ(model.Text(), QStringLiteral("<a></a>\r\n<b>x\r\ny</b>"));
     EXPECT_EQ(model.SelText(), QStringLiteral("x\r\ny"));
     Drop(file, view.RectAt(0).center());

@@ -2,6 +2,7 @@
 // Tree, list and path box with real keys and clicks.
 #include "tests/desktop/ShownApp.h"
 #include <QLineEdit>
+#include <QMenu>
 
 namespace {
 
@@ -12,6 +13,7 @@ struct TreeAndList : ::testing::Test {
     TreeAndList() {
         t.OpenText(QStringLiteral("shop.xml"), "<shop><pen colour='red'/><ink>blue</ink></shop>");
     }
+    QMenu& Popup() { return *t.main->findChild<QMenu*>(QStringLiteral("mnuPopup")); }
     QLineEdit& Path() { return t.Find<QLineEdit>(QStringLiteral("txtXPath")); }
 };
 
@@ -25,6 +27,51 @@ TEST_F(TreeAndList, ArrowKeysWalkTheTreeAndListAndPathFollow) {
     t.Press(Qt::Key_Down);
     EXPECT_EQ(Path().text(), QStringLiteral("/shop[1]/pen[1]"));
     EXPECT_EQ(t.List().model()->index(0, 0).data().toString(), QStringLiteral("colour"));
+}
+
+// Which view had the attention before doesn't matter, nor whether the node is the current one already.
+TEST_F(TreeAndList, TheContextMenuWorksOnTheNodeItIsOpenedOver) {
+    t.Press(Qt::Key_Down);
+    for (const char* node : {"shop", "shop.xml"}) {
+        const QModelIndex root = t.Tree().model()->index(0, 0);
+        const bool top = qstrlen(node) > 4;
+        t.window().miPopupContext = kContextList;
+        t.Click(*t.Tree().viewport(),
+                t.Tree().visualRect(top ? root : root.model()->index(0, 0, root)).center(), Qt::RightButton);
+        EXPECT_TRUE(Popup().isVisible());
+        EXPECT_TRUE(t.SelectedNode().endsWith(QLatin1String(node)));
+        EXPECT_EQ(t.window().miPopupContext, kContextTree);
+        EXPECT_EQ(t.frame().Menu(QStringLiteral("mnuDeleteP")).Enabled(), !top);
+        t.Press(Qt::Key_Escape);
+    }
+}
+
+TEST_F(TreeAndList, ShiftF10OpensTheContextMenuWhereTheFocusIs) {
+    t.Press(Qt::Key_Down);
+    const QPoint node =
+        t.Tree().viewport()->mapToGlobal(t.Tree().visualRect(t.Tree().currentIndex()).center());
+    t.Press(Qt::Key_F10, Qt::ShiftModifier);
+    ASSERT_TRUE(Popup().isVisible());
+    EXPECT_LT((Popup().pos() - node).manhattanLength(), 20);
+    t.Press(Qt::Key_Escape);
+    EXPECT_FALSE(Popup().isVisible());
+}
+
+// A label can be edited again, whatever became of the editor that was open.
+TEST_F(TreeAndList, AnEditorThatGoesWithoutTheUserLeavesTheLabelAsItWas) {
+    controls::TreeView& tree = t.window().tvXML;
+    t.Press(Qt::Key_Down);
+    t.Press(Qt::Key_F2);
+    t.Type(QStringLiteral("store"));
+    { const controls::TreeUpdate replaced(tree); }
+    EXPECT_FALSE(tree.LabelEditNode());
+    EXPECT_EQ(t.SelectedNode(), QStringLiteral("shop"));
+    t.Tree().setFocus();
+    t.Press(Qt::Key_F2);
+    ASSERT_TRUE(tree.LabelEditNode());
+    t.Type(QStringLiteral("store"));
+    t.Press(Qt::Key_Return);
+    EXPECT_EQ(t.SelectedNode(), QStringLiteral("store"));
 }
 
 TEST_F(TreeAndList, TheRootCannotBeClosed) {

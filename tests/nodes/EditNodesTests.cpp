@@ -89,6 +89,40 @@ TEST_F(EditNodes, WhatTheParserRefusesLeavesTheNodeAndTheTypedText) {
     d->cmdCancel.Click();
     EXPECT_EQ(Text(), before);
     EXPECT_EQ(closed, 1);
+    t.frame().RunMenuCommand(QStringLiteral("mnuEditPopupEditNode"));
+    EXPECT_EQ(d->txtNodeText.Text(), QStringLiteral("ink"));
+}
+
+// OK closes whatever becomes of the node; what could not be written isn't lost with the dialog.
+TEST_F(EditNodes, WhatOkCouldNotWriteComesBackWithItsNode) {
+    Open();
+    const std::string before = Text();
+    t.prompts.AllowAnyBox();
+    d->txtNodeAttrs.UserTyped(QStringLiteral("colour=\"red\" size=5"));
+    d->cmdOk.Click();
+    EXPECT_EQ(t.prompts.boxes.size(), 1U);
+    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(Text(), before);
+    t.ClickNode(Named("box"));
+    t.frame().RunMenuCommand(QStringLiteral("mnuEditPopupEditNode"));
+    EXPECT_EQ(d->txtNodeAttrs.Text(), QString()) << "another node";
+    d->cmdOk.Click();
+    t.ClickNode(Named("pen"));
+    t.frame().RunMenuCommand(QStringLiteral("mnuEditPopupEditNode"));
+    EXPECT_EQ(d->txtNodeAttrs.Text(), QStringLiteral("colour=\"red\" size=5"));
+    d->txtNodeAttrs.UserTyped(QStringLiteral("colour=\"red\" size=\"5\""));
+    d->cmdOk.Click();
+    EXPECT_TRUE(Has("<pen colour=\"red\" size=\"5\">")) << Text();
+}
+
+// Nothing would end the questions: each of them would be about the same value.
+TEST_F(EditNodes, ARefusedValueKeepsItsWindowOpenWhenAllAreClosed) {
+    Open();
+    d->txtNodeText.UserTyped(QStringLiteral("</pen>"));
+    t.prompts.Answer(services::Answer::Ok);
+    t.ChooseMenu(QStringLiteral("mnuCloseAll"));
+    EXPECT_EQ(t.frame().FormCount(), 1);
+    EXPECT_EQ(d->txtNodeText.Text(), QStringLiteral("</pen>"));
 }
 
 TEST_F(EditNodes, TheListIsWalkedByRowsAndBackUp) {
@@ -105,6 +139,10 @@ TEST_F(EditNodes, TheListIsWalkedByRowsAndBackUp) {
     EXPECT_FALSE(d->cmdDown.Enabled());
     d->txtNodeName.UserTyped(QStringLiteral("ink"));
     d->txtNodeAttrs.UserTyped(QStringLiteral("&lt;b&gt;"));
+    d->cmdUp.Click();
+    EXPECT_EQ(d->txtNodeName.Text(), QStringLiteral("Node Text")) << "the row above the renamed one";
+    d->cmdDown.Click();
+    EXPECT_EQ(d->txtNodeName.Text(), QStringLiteral("ink"));
     d->cmdLeft.Click();
     EXPECT_TRUE(Has("<pen ink=\"&lt;b&gt;\">")) << Text();
     EXPECT_EQ(d->txtNodeName.Text(), QStringLiteral("pen"));

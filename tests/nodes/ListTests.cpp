@@ -1,95 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The list: its rows, its cell editor, its names, and its commands, by the acts of a user.
-#include "core/model/Serialise.h"
-#include "core/model/m_tvXML.h"
 #include "core/sync/TreeText.h"
-#include "tests/support/TestApp.h"
-#include <gtest/gtest.h>
+#include "nodes/ListEditor.h"
+#include "tests/nodes/ListDesk.h"
 
 namespace {
 
 using controls::TreeNode;
 using services::Answer;
-using test::TestApp;
+using test::kBook;
 
-constexpr char kBook[] =
-    "<?xml version=\"1.0\"?><!--on tea--><book lang=\"de\" year=\"1999\"><title>Tee</title>"
-    "<chapter n=\"2\">x<b/>y</chapter>end</book>";
-
-struct List : testing::Test {
-    TestApp t;
-    DocumentWindow* w = nullptr;
-
-    /// Opens a document and selects its root element.
-    void Open(const QByteArray& text = kBook, const QString& name = QStringLiteral("book.xml")) {
-        w = &t.OpenText(name, text);
-        Select(Element());
-    }
-    controls::ListView& Rows() { return w->ListView1; }
-    TreeNode Root() { return w->tvXML.Nodes(1); }
-    TreeNode Element() {
-        TreeNode found;
-        m_tvXML::HaveElementNode(Root().Child(), found);
-        return found;
-    }
-    void Select(TreeNode node) { t.ClickNode(node); }
-    /// "kind name|value|text" of each row.
-    std::string Table() {
-        QStringList rows;
-        for (int i = 1; i <= Rows().Count(); ++i) {
-            const controls::ListItem& row = Rows().Item(i);
-            rows << QString::number(row.SmallIcon) + u' ' +
-                        QStringList{row.Text, row.Sub[0], row.Sub[1]}.join(u'|');
-        }
-        return rows.join(u'\n').toStdString();
-    }
-    /// Without indentation and line breaks.
-    static std::string Plain(QString xml) {
-        return xml.remove(QStringLiteral("\r\n")).remove(u'\t').toStdString();
-    }
-    std::string Xml(TreeNode node) { return Plain(m_tvXML::GetTreeNodesXML(node, {})); }
-    std::string Xml() { return Xml(Element()); }
-    void ClickRow(int row) {
-        Rows().GotFocus();
-        Rows().MouseDown();
-        Rows().ClearSelected();
-        Rows().SetSelectedItem(row);
-        Rows().Click();
-    }
-    void ClickRows(std::initializer_list<int> rows) {
-        ClickRow(*rows.begin());
-        for (const int row : rows)
-            Rows().SetSelected(row, true);
-    }
-    /// Opens the editor on a cell (column 2 value, 3 text) and types; it stays open.
-    void TypeInto(int row, int column, const QString& text) {
-        ClickRow(row);
-        Rows().CellClick(row, column);
-        ASSERT_TRUE(w->txtListView.Visible());
-        w->txtListView.GotFocus();
-        w->txtListView.UserTyped(text);
-    }
-    void Edit(int row, int column, const char* text) {
-        TypeInto(row, column, QString::fromUtf8(text));
-        w->txtListView.LostFocus();
-        EXPECT_FALSE(w->txtListView.Visible());
-    }
-    /// Presses a key in the editor with the caret at a place; whether the key was used up.
-    bool EditorKey(int key, int caret) {
-        w->txtListView.UserSelected(caret, 0);
-        w->txtListView.KeyDown(key, 0);
-        return key == 0;
-    }
-    void Key(int key, int modifiers = 0) {
-        int down = key;
-        Rows().KeyDown(down, modifiers);
-        Rows().KeyUp(key, modifiers);
-    }
-    void Menu(const char* entry) { t.frame().RunMenuCommand(QLatin1String(entry)); }
-    std::string LastBox() {
-        return t.prompts.boxes.empty() ? std::string() : t.prompts.boxes.back().title.toStdString();
-    }
-};
+struct List : test::ListDesk {};
 
 TEST_F(List, ChildrenStandAboveAttributesAndALeafShowsItself) {
     Open();
@@ -163,6 +84,42 @@ TEST_F(List, InstructionsAndCommentsAreTakenAsTyped) {
     EXPECT_TRUE(t.prompts.boxes.empty());
 }
 
+// Text leaves CDATA sections out, and the tree keeps them.
+TEST_F(List, ACDataSectionIsEditedUpToItsEnd) {
+    Open("<r><![CDATA[a < b]]></r>");
+    Edit(1, 2, "if (a && b[0] > \"c\")");
+    EXPECT_EQ(Element().Child().Tag(), QStringLiteral("if (a && b[0] > \"c\")"));
+    t.prompts.Answer(Answer::Ok);
+    Edit(1, 2, "a]]>b");
+    EXPECT_EQ(LastBox(), "This is not valid XML");
+    EXPECT_EQ(Element().Child().Tag(), QStringLiteral("if (a && b[0] > \"c\")"));
+    EXPECT_EQ(Rows().Item(1).Sub[0], QStringLiteral("if (a && b[0] > \"c\")"));
+}
+
+// Whatever comes in is checked whole: what the parser refuses changes nothing.
+TEST_F(List, HostileValuesAreRefusedOrKeptToTheLastCharacter) {
+    Open("<r a=\"\">x</r>");
+    const QString megabyte = QString(1 << 20, u'x');
+    const QString bad[] = {QString(QChar(0)),      QString(QChar(8)), QString(QChar(0xD800)),
+                           QString(QChar(0xFFFE)), megabyte + u'<',   QStringLiteral("&nothing;")};
+    for (const QString& value : bad) {
+        for (const int row : {1, 2}) {
+            t.prompts.Answer(Answer::Ok);
+            TypeInto(row, 2, value);
+            w->txtListView.LostFocus();
+            EXPECT_EQ(Xml(), "<r a=\"\">x</r>") << "unit " << int{value.at(0).unicode()} << " row " << row;
+        }
+    }
+    const QString good[] = {megabyte, QStringLiteral("&#60;&gt;'"), QStringLiteral("tab\tline\nend"),
+                            QString::fromUtf8("\xF0\x9F\x8D\xB5 \xE2\x80\x8Fme")};
+    for (const QString& value : good) {
+        TypeInto(2, 2, value);
+        w->txtListView.LostFocus();
+        EXPECT_EQ(Element().Tag(), QStringLiteral("a=\"") + value + u'"');
+        EXPECT_EQ(Rows().Item(2).Sub[0], value);
+    }
+}
+
 // An element's text cell shows its first text: where that went, the next one.
 TEST_F(List, ATextThatGoesMakesRoomForTheNext) {
     Open();
@@ -217,6 +174,26 @@ TEST_F(List, TheCaretDecidesWhetherAKeyLeavesTheEditor) {
     EXPECT_TRUE(EditorKey(Qt::Key_Escape, 2));
     EXPECT_FALSE(w->txtListView.Visible());
     EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"en\" year=\"1999\"")) << "given up";
+}
+
+// Ctrl is also the first half of Ctrl+V.
+TEST_F(List, TheCaretStaysAtTheEndOfTheRowThatCtrlOpensAgain) {
+    Open();
+    TypeInto(4, 2, QStringLiteral("en"));
+    EXPECT_TRUE(EditorKey(Qt::Key_Control, 2));
+    EXPECT_EQ(w->txtListView.SelStart(), 2);
+    EXPECT_EQ(w->txtListView.SelLength(), 0);
+}
+
+TEST_F(List, TheEditorKeepsToItsColumn) {
+    Open();
+    TypeInto(1, 3, QStringLiteral("Kakao"));
+    const controls::Bounds before = w->txtListView.Place();
+    Rows().ColumnWidths[0] += 600;
+    LayListViewTextBox(*w);
+    EXPECT_EQ(w->txtListView.Place().Left, before.Left + 600);
+    EXPECT_EQ(w->cmdPop.Place().Left, w->txtListView.Place().Left + w->txtListView.Place().Width);
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("Kakao"));
 }
 
 TEST_F(List, TheEditorFollowsScrollingAndHidesBesideTheRows) {
@@ -375,69 +352,6 @@ TEST_F(List, WhatIsBeingTypedIsntLostByAMove) {
     EXPECT_FALSE(w->txtListView.Visible());
 }
 
-TEST_F(List, NodesAndAttributesAreCopiedAndPasted) {
-    Open();
-    ClickRows({1, 4});
-    Key(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(t.clipboard.text, QStringLiteral("<title>Tee</title>"));
-    Select(Element().Child().Next());
-    Key(Qt::Key_V, Qt::ControlModifier); // what went along in this program is pasted with it
-    EXPECT_EQ(Xml(Element().Child().Next()),
-              "<chapter n=\"2\" lang=\"de\">x<b></b>y<title>Tee</title></chapter>");
-
-    Select(Element());
-    ClickRow(5);
-    Key(Qt::Key_X, Qt::ControlModifier);
-    EXPECT_EQ(t.clipboard.text, QStringLiteral("year=\"1999\""));
-    ClickRow(1); // attributes go into the row's element
-    Key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(Xml(Element().Child()), "<title year=\"1999\">Tee</title>");
-    t.prompts.Answer(Answer::Ok);
-    Key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(t.prompts.Texts().back(),
-              QStringLiteral("Can not set same attribute name at XML attribute list!"));
-    EXPECT_EQ(Xml(Element().Child()), "<title year=\"1999\">Tee</title>");
-}
-
-TEST_F(List, ATextKeepsItsCharactersOnTheWay) {
-    Open("<r><a>x</a><b/><c/>tail<d/></r>");
-    Edit(1, 3, "n=\"1\"");
-    Select(Element().Child());
-    ClickRow(1);
-    Key(Qt::Key_C, Qt::ControlModifier);
-    Select(Element().Child().Next());
-    Key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(Xml(Element().Child().Next()), "<b>n=&quot;1&quot;</b>")
-        << "a text that reads like an attribute";
-
-    Select(Element());
-    ClickRows({2, 4}); // an element and a text that don't stand beside each other
-    Key(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(t.clipboard.text, QStringLiteral("<b>n=&quot;1&quot;</b>tail"));
-}
-
-TEST_F(List, WhatDoesNotFitIsRefusedInWords) {
-    Open();
-    const std::string before = Xml();
-    const auto paste = [&](const char* text) {
-        t.clipboard.text = QString::fromUtf8(text);
-        t.prompts.Answer(Answer::Ok);
-        Key(Qt::Key_V, Qt::ControlModifier);
-    };
-    paste("<i>");
-    EXPECT_EQ(LastBox(), "This is not valid XML");
-    Select(Element().LastChild());
-    for (const char* text : {"n=\"1\"", "<i/>"}) {
-        paste(text);
-        EXPECT_EQ(t.prompts.Texts().back(), QStringLiteral("This type of data can not paste!"));
-    }
-    EXPECT_EQ(Xml(), before);
-    Select(Element());
-    t.clipboard.text = QStringLiteral("<i/><j/>plain");
-    Key(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_NE(Xml().find("end<i></i><j></j>plain</book>"), std::string::npos);
-}
-
 TEST_F(List, KeysAndClicksOfTheListItself) {
     Open();
     ClickRow(2);
@@ -469,6 +383,51 @@ TEST_F(List, KeysAndClicksOfTheListItself) {
     w->tvXML.focusRequested.connect([&focus] { ++focus; });
     Key(Qt::Key_Return);
     EXPECT_EQ(focus, 1);
+}
+
+// An empty text is no reason for the text view to stay behind: who goes on there would lose what came after.
+TEST_F(List, ATextThatStaysEmptyHoldsNothingUp) {
+    Open();
+    Menu("mnuNewNodeTextP");
+    w->txtListView.GotFocus();
+    w->txtListView.LostFocus();
+    ASSERT_EQ(Rows().Item(4).Sub[0], QString());
+    ClickRow(5);
+    Rows().StartLabelEdit();
+    Rows().EndLabelEdit(QStringLiteral("tongue"));
+    EXPECT_NE(w->rtxtXML.Text().indexOf(QStringLiteral("tongue=\"de\"")), -1) << "at once";
+    Edit(3, 2, "");
+    EXPECT_EQ(w->rtxtXML.Text().indexOf(QStringLiteral("end")), -1) << "an emptied text, too";
+
+    Element().SetTag(QStringLiteral("year=\"2000\""));
+    w->bTreeChanged = true; // as it is behind a command of the tree
+    Menu("mnuEditUndo");
+    EXPECT_NE(Xml().find("tongue="), std::string::npos) << "the last step alone is taken back";
+    Menu("mnuRedo");
+    EXPECT_NE(Xml().find("year=\"2000\""), std::string::npos) << "and is there to be done again";
+}
+
+// A step of the history builds the tree anew, and the row that is being edited goes with the old one.
+TEST_F(List, WhatIsBeingTypedIsAStepOfTheHistory) {
+    Open();
+    TypeInto(4, 2, QStringLiteral("fr"));
+    t.PressButton(QStringLiteral("tbCommonEdit"), QStringLiteral("copy")); // finishes the edit
+    TypeInto(4, 2, QStringLiteral("nl"));
+    t.PressButton(QStringLiteral("tbCommonEdit"), QStringLiteral("undo"));
+    EXPECT_FALSE(w->txtListView.Visible());
+    EXPECT_NE(Xml().find("lang=\"fr\""), std::string::npos) << Xml();
+    t.PressButton(QStringLiteral("tbCommonEdit"), QStringLiteral("redo"));
+    EXPECT_NE(Xml().find("lang=\"nl\""), std::string::npos) << Xml();
+}
+
+// Beside another view nobody sees the list's label: the attribute keeps the name it got.
+TEST_F(List, AnAttributeThatIsAddedBesideTheTextHasAFreeName) {
+    Open("<r attr1=\"\"/>");
+    w->tbsXML.Select(QStringLiteral("textview"));
+    Select(Element());
+    t.ChooseMenu(QStringLiteral("mnuNewAttrP"));
+    EXPECT_EQ(Rows().LabelEditRow(), 0);
+    EXPECT_NE(w->rtxtXML.Text().indexOf(QStringLiteral("<r attr1=\"\" attr2=\"\">")), -1);
 }
 
 // The list isn't looked at while another view shows, and has to be right when it is looked at again.

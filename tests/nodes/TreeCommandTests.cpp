@@ -264,6 +264,18 @@ TEST_F(Tree, CommandsWithoutASelectionDoNothing) {
     EXPECT_TRUE(t.prompts.boxes.empty());
 }
 
+// Attention of this kind is for deleting alone.
+TEST_F(Tree, TheTreeAsTheDeleteCommandSeesItIsNotAddedTo) {
+    Open();
+    t.ClickNode(Element().LastChild());
+    for (const char* entry :
+         {"mnuNewNodeP", "mnuNewCNodeP", "mnuNewNodeTextP", "mnuNewCommentP", "mnuNewAttrP", "mnuDeleteP"}) {
+        w->miPopupContext = kContextTreeNode;
+        t.frame().RunMenuCommand(QLatin1String(entry));
+    }
+    EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter)");
+}
+
 TEST_F(Tree, AMoveIsACopyWithNewKeysAndTwoStepsOfTheText) {
     Open();
     TreeNode chapter = Element().LastChild();

@@ -112,6 +112,24 @@ TEST(RichText, colours_move_along_with_an_edit) {
     EXPECT_EQ(other.Text(), box.Text());
 }
 
+TEST(RichText, a_piece_with_colours_of_its_own_leaves_those_around_it) {
+    RichTextBox box;
+    const auto put = [&](qsizetype start, qsizetype length, const QString& text, const Runs& runs) {
+        SetColoured(box, QStringLiteral("<a>text</a>"), {{0, 1}, {1, 2}, {3, 3}, {7, 1}});
+        box.SetSelStart(start);
+        box.SetSelLength(length);
+        box.SetSelContent(text, runs);
+        return box.Runs();
+    };
+    EXPECT_EQ(put(3, 4, QStringLiteral("abc"), {{1, 9}}), (Runs{{0, 1}, {1, 2}, {3, 0}, {4, 9}, {6, 1}}));
+    EXPECT_EQ(put(4, 1, QStringLiteral("xy"), {{0, 3}}), (Runs{{0, 1}, {1, 2}, {3, 3}, {8, 1}}));
+    EXPECT_EQ(put(2, 6, {}, {}), (Runs{{0, 1}, {1, 2}, {2, 1}}));
+    EXPECT_EQ(put(11, 0, QStringLiteral("z"), {}), (Runs{{0, 1}, {1, 2}, {3, 3}, {7, 1}, {11, 0}}));
+    EXPECT_EQ(box.SelStart(), 12);
+    box.SetColours(2, 3, {{0, 5}, {2, 6}});
+    EXPECT_EQ(box.Runs(), (Runs{{0, 1}, {1, 2}, {2, 5}, {4, 6}, {5, 3}, {7, 1}, {11, 0}}));
+}
+
 TEST(SmallControls, a_chosen_entry_stays_chosen_and_typing_ends_it) {
     ComboBox box;
     box.AddItem(QStringLiteral("UTF-8"));

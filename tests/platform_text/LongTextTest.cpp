@@ -74,6 +74,14 @@ TEST(LongText, RandomEditsKeepTextLinesAndRows) {
     }
 }
 
+TEST(LongText, TypingInALongLineLeavesItsRowsLong) {
+    LongText text(QString(400'000, u'x'));
+    for (int i = 0; i < 500; ++i)
+        text.replace(8'100 + i, 0, u"y");
+    EXPECT_LT(text.rowCount(), 400'500 / LongText::kLongestRow + 10);
+    CheckRows(text, text.toString());
+}
+
 TEST(LongText, SearchFindsWhatAPlainSearchFinds) {
     std::mt19937 random(3);
     QString plain;

@@ -125,6 +125,49 @@ class Desk:
         y += int(shape["HEIGHT"]) if y < 0 else 0
         self.run("xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1")
 
+    def place(self, window, x, y):
+        """A place of a window on the screen; the pointer is there then."""
+        self.run("xdotool", "mousemove", "--window", window, str(x), str(y))
+        where = dict(line.split("=") for line in self.run("xdotool", "getmouselocation", "--shell").splitlines())
+        return where["X"], where["Y"]
+
+    def drag(self, start, end, *keys):
+        """Presses at a place of the screen, pulls to another one and lets go there, after pressing `keys`."""
+        self.run("xdotool", "mousemove", *start, "sleep", "0.2", "mousedown", "1", "sleep", "0.2")
+        for step in range(1, 9):  # a drag begins with several moves, and a place wants to be entered
+            way = [str(int(a) + (int(b) - int(a)) * step // 8) for a, b in zip(start, end)]
+            self.run("xdotool", "mousemove", *way, "sleep", "0.05")
+        if keys:
+            self.run("xdotool", "key", *keys)  # keys() would let the button go
+        self.run("xdotool", "sleep", "0.3", "mouseup", "1", "sleep", "0.3")
+
+    def picture(self, window, area, file):
+        """Takes a picture of a part of a window, once that keeps still."""
+        def take():
+            self.run("import", "-window", window, "-crop", area, "+repage", str(file))
+            return self.run("identify", "-format", "%#", str(file))
+
+        def still():
+            first = take()
+            time.sleep(0.2)
+            return first == take()
+        wait_for("a window that keeps still", still)
+
+    def changes(self, window, area, *keys):
+        """Upper and lower edge of what keys change in a part of a window; `area` as for colours()."""
+        before, after = self.folder / "before.png", self.folder / "after.png"
+        self.picture(window, area, before)
+        self.keys(*keys)
+
+        def edges():
+            self.picture(window, area, after)
+            found = self.run("convert", str(before), str(after), "-compose", "difference", "-composite", "-threshold", "20%",
+                             "-trim", "-format", "%h %Y", "info:").split()
+            return (int(found[1]), int(found[1]) + int(found[0])) if len(found) == 2 and int(found[0]) > 3 else None
+        upper, lower = wait_for(f"an effect of {keys}", edges)
+        top = int(area.split("+")[2])
+        return top + upper, top + lower
+
     def colours(self, window, area):
         """How many colours a part of a window shows; `area` as WIDTHxHEIGHT+X+Y."""
         count = self.run("import", "-window", window, "-crop", area, "-format", "%k", "info:")

@@ -63,30 +63,145 @@ constexpr Situation kSituations[] = {
          t.frame().SetMenuSituation(MenuSituation::TableSelected);
      }},
     {"table none", ShowTableView},
+    {"browser view",
+     [](TestApp& t) {
+         t.OpenText(QStringLiteral("shop.xml"), kShop).tbsXML.Select(QStringLiteral("browserview"));
+     }},
 };
+constexpr std::size_t kBrowser = std::size(kSituations) - 1;
 
 struct Row {
     const char* entry;
     const char* states; ///< a letter for each situation: E enabled, D disabled
 };
-// In a document that has its root element, with nothing copied.
+// In a document that has its root element, with nothing copied and nothing changed.
 constexpr Row kRows[] = {
-    {"mnuEditCut", "DDEEDEDED"},     {"mnuEditCopy", "DDEEDEDED"},    {"mnuEditPaste", "DDDDDDDDD"},
-    {"mnuDelete", "DDEEEEEED"},      {"mnuEditName", "DEEEDDDEE"},    {"mnuEditValue", "DDEEEDDEE"},
-    {"mnuNewCNode", "DDEEEDDDD"},    {"mnuNewNode", "DDEEEDDDD"},     {"mnuNewAttr", "DDEEEDDDD"},
-    {"mnuNewNodeText", "DDEEEDDDD"}, {"mnuNewComment", "DEEEEDDDD"},  {"mnuFindReplace", "DDDDDEEDD"},
-    {"mnuSplitEditor", "DDDDDEEDD"}, {"mnuWinSplit", "DDDDDEEDD"},    {"mnuCopyAsHTML", "DDDDDDDEE"},
-    {"mnuNewCNodeP", "DDEEEDDDD"},   {"mnuNewCommentP", "DEEEEDDDD"}, {"mnuEditP", "DEEEDDDEE"},
+    {"mnuEditCut", "DDEEDEDEDD"},     {"mnuEditCopy", "DDEEDEDEDD"},    {"mnuEditPaste", "DDDDDDDDDD"},
+    {"mnuDelete", "DDEEEEEEDD"},      {"mnuEditName", "DEEEDDDEED"},    {"mnuEditValue", "DDEEEDDEED"},
+    {"mnuNewCNode", "DDEEEDDDDD"},    {"mnuNewNode", "DDEEEDDDDD"},     {"mnuNewAttr", "DDEEEDDDDD"},
+    {"mnuNewNodeText", "DDEEEDDDDD"}, {"mnuNewComment", "DEEEEDDDDD"},  {"mnuFindReplace", "DDDDDEEDDD"},
+    {"mnuSplitEditor", "DDDDDEEDDD"}, {"mnuWinSplit", "DDDDDEEDDD"},    {"mnuCopyAsHTML", "DDDDDDDEED"},
+    {"mnuNewCNodeP", "DDEEEDDDDD"},   {"mnuNewCommentP", "DEEEEDDDDD"}, {"mnuEditP", "DEEEDDDEED"},
+    {"mnuSelectAll", "DDDEEEEEED"},   {"mnuEditUndo", "DDDDDDDDDD"},    {"mnuMoveUP", "DEEEEEEEED"},
+    {"mnuXMLCloseTag", "DDDDDEEDDD"}, {"mnuXSD", "EDDDDDDDDD"},
 };
+
+char Letter(TestApp& t, const char* entry) {
+    return t.frame().Menu(QLatin1String(entry)).Enabled() ? 'E' : 'D';
+}
 
 TEST(MenuMatrix, EachSituationEnablesItsEntries) {
     for (std::size_t column = 0; column < std::size(kSituations); ++column) {
         TestApp t;
         kSituations[column].enter(t);
         for (const Row& row : kRows)
-            EXPECT_EQ(t.frame().Menu(QLatin1String(row.entry)).Enabled() ? 'E' : 'D', row.states[column])
+            EXPECT_EQ(Letter(t, row.entry), row.states[column])
                 << row.entry << " in the situation: " << kSituations[column].name;
     }
+}
+
+TEST(MenuMatrix, AButtonIsEnabledWithTheEntryThatDoesTheSame) {
+    constexpr struct {
+        const char *toolbar, *button, *entry;
+    } twins[] = {
+        {"tbCommonEdit", "cut", "mnuEditCut"},          {"tbCommonEdit", "paste", "mnuEditPaste"},
+        {"tbCommonEdit", "delete", "mnuDelete"},        {"tbCommonEdit", "undo", "mnuEditUndo"},
+        {"tbCommonEdit", "find", "mnuFindReplace"},     {"tbCommonEdit", "az", "mnuSortAZ"},
+        {"tbListEdit", "newcomment", "mnuNewCommentP"}, {"tbListEdit", "newattribute", "mnuNewAttrP"},
+        {"tbListEdit", "moveup", "mnuMoveUP"},          {"tbListEdit", "popedit", "mnuEditPopupEditNode"},
+        {"tbTextEdit", "validate", "mnuXMLValidate"},
+    };
+    const auto agree = [&](TestApp& t, const char* situation) {
+        for (const auto& twin : twins)
+            EXPECT_EQ(t.frame()
+                          .ToolbarByName(QLatin1String(twin.toolbar))
+                          .Button(QLatin1String(twin.button))
+                          .Enabled(),
+                      t.frame().Menu(QLatin1String(twin.entry)).Enabled())
+                << twin.button << " in the situation: " << situation;
+    };
+    for (const Situation& situation : kSituations) {
+        TestApp t;
+        situation.enter(t);
+        agree(t, situation.name);
+    }
+    TestApp t;
+    ShowTextView(t, 0);
+    t.ClickNode(Pen(t.window())); // the tree beside the text is in use
+    EXPECT_EQ(Letter(t, "mnuNewAttrP"), 'E');
+    agree(t, "tree beside the text");
+}
+
+// What was copied here can be pasted in every view; a text takes what other programs copy as well.
+TEST(MenuMatrix, PasteFollowsWhatWasCopied) {
+    for (std::size_t column = 1; column < std::size(kSituations); ++column) {
+        TestApp t;
+        t.OpenText(QStringLiteral("other.xml"), "<a><b/></a>");
+        t.ClickNode(t.window().tvXML.Nodes(1).Child());
+        t.ChooseMenu(QStringLiteral("mnuEditCopy"));
+        EXPECT_EQ(Letter(t, "mnuEditPaste"), 'E') << "at once";
+        kSituations[column].enter(t);
+        EXPECT_EQ(Letter(t, "mnuEditPaste"), column == kBrowser ? 'D' : 'E') << kSituations[column].name;
+        EXPECT_EQ(Letter(t, "mnuPasteP"), column == kBrowser ? 'D' : 'E') << kSituations[column].name;
+    }
+    TestApp t;
+    t.clipboard.SetText(QStringLiteral("from elsewhere"));
+    SelectNode(t);
+    EXPECT_EQ(Letter(t, "mnuEditPaste"), 'D');
+    ShowTextView(t, 0);
+    EXPECT_EQ(Letter(t, "mnuEditPaste"), 'E');
+}
+
+// The row says what can be done: letters for child, node, attribute, text, comment, name, value.
+TEST(MenuMatrix, ARowOffersWhatItsNodeAllows) {
+    TestApp t;
+    DocumentWindow& w = t.OpenText(QStringLiteral("a.xml"),
+                                   "<?style a?><a n='1'>words<b/><!--note--><?page 2?><![CDATA[x]]></a>");
+    const auto states = [&](int row) {
+        w.ListView1.ClearSelected();
+        w.ListView1.SetSelectedItem(row);
+        w.ListView1.Click();
+        std::string letters;
+        for (const char* entry : {"mnuNewCNodeP", "mnuNewNode", "mnuNewAttr", "mnuNewNodeText",
+                                  "mnuNewComment", "mnuEditName", "mnuEditValue"})
+            letters += Letter(t, entry);
+        return letters;
+    };
+    t.ClickNode(w.tvXML.Nodes(1));
+    w.ListView1.GotFocus();
+    EXPECT_EQ(states(1), "DDDDEDE") << "instruction beside the root element";
+    EXPECT_EQ(states(2), "EDDDEEE") << "root element";
+    t.ClickNode(w.tvXML.Nodes(1).Child().Next());
+    w.ListView1.GotFocus();
+    EXPECT_EQ(states(1), "DEDDEDE") << "text";
+    EXPECT_EQ(states(2), "EEEEEEE") << "element";
+    EXPECT_EQ(states(3), "DEDDEDE") << "comment";
+    EXPECT_EQ(states(4), "DEDDEDE") << "instruction";
+    EXPECT_EQ(states(6), "EDDDEEE") << "an attribute stands for its element, here the root element";
+    w.ListView1.SetSelectedItem(1);
+    w.ListView1.KeyUp(Qt::Key_Up, 0); // the keys went to another row
+    EXPECT_EQ(Letter(t, "mnuEditName"), 'D') << "text";
+}
+
+// What a command changed is seen in the menus at once.
+TEST(MenuMatrix, FollowsEachCommand) {
+    TestApp t;
+    SelectNode(t);
+    DocumentWindow& w = t.window();
+    w.ListView1.SetSelectedItem(2);
+    w.ListView1.GotFocus();
+    t.ChooseMenu(QStringLiteral("mnuDelete"));
+    EXPECT_EQ(Letter(t, "mnuEditCut"), 'D') << "no row is left selected";
+    EXPECT_EQ(Letter(t, "mnuEditUndo"), 'E');
+    EXPECT_EQ(Letter(t, "mnuRedo"), 'D');
+    t.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    EXPECT_EQ(Letter(t, "mnuEditUndo"), 'D');
+    EXPECT_EQ(Letter(t, "mnuRedo"), 'E');
+
+    w.tvXML.GotFocus();
+    w.tvXML.SetSelectedItem(w.tvXML.Nodes(1));
+    w.tvXML.KeyUp(Qt::Key_Up, 0);
+    EXPECT_EQ(Letter(t, "mnuEditCut"), 'D') << "the arrow keys went to the tree root";
 }
 
 TEST(MenuMatrix, ASituationShowsContextEntriesThatWereHidden) {
@@ -101,9 +216,7 @@ TEST(MenuMatrix, ASituationShowsContextEntriesThatWereHidden) {
 // The view in use says which commands there are, also where no click or key has told of it again.
 TEST(MenuMatrix, IsThatOfTheViewInUseInAWindowThatStaysOrComesBack) {
     TestApp t;
-    const auto letter = [&t](const char* entry) {
-        return t.frame().Menu(QLatin1String(entry)).Enabled() ? 'E' : 'D';
-    };
+    const auto letter = [&t](const char* entry) { return Letter(t, entry); };
     DocumentWindow& text = t.OpenText(QStringLiteral("a.xml"), kShop);
     t.EditText(QStringLiteral("<shop/>"));
     t.prompts.Answer(services::Answer::Cancel);

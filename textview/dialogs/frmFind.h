@@ -21,6 +21,7 @@ public:
     controls::Event<> unloaded;
 
     bool Loaded() const { return loaded_; }
+    const controls::RichTextBox* Target() const { return app_.findTarget; }
     void Show();        ///< loads it if it isn't; the next search starts afresh
     void Form_Load();   ///< fills the boxes from the history
     void Form_Unload(); ///< and keeps them there

@@ -9,8 +9,6 @@ namespace {
 
 using controls::RichTextBox;
 
-constexpr qsizetype kLongestSelection = 512;
-
 constexpr std::uint32_t kBlack = 0;
 constexpr std::uint32_t kAngleBracket = 0xff0000; // blue
 constexpr std::uint32_t kEqualSign = 0x3232ff;    // red 255, green 50, blue 50
@@ -71,11 +69,13 @@ void setRichTextXMLColor(Application& app, RichTextBox& richText, int level) try
 }
 
 void SetSeltextColor(Application& app, RichTextBox& richText) try {
-    const DocumentWindow* const active = app.frame ? app.frame->ActiveForm() : nullptr;
+    DocumentWindow* const active = app.frame ? app.frame->ActiveForm() : nullptr;
     const qsizetype start = richText.SelStart(), length = richText.SelLength();
     if (!active || length < 1 || active->miTextSizeLevel >= kNoColours)
         return;
-    if (length <= kLongestSelection) {
+    // Each character is selected for a moment: that is nobody's selection.
+    const QScopedValueRollback ownWriting(active->bControlChange, true);
+    if (length <= kLongestColoured) {
         const Hourglass hourglass(app);
         for (qsizetype i = 0; i < length; ++i)
             SetOneXMLCharColor(app, richText, start + i + 1, active->miTextSizeLevel);

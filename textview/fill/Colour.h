@@ -9,11 +9,14 @@
 
 namespace mXMLEdit {
 
+/// The longest selection that is coloured; a longer one isn't worth the time.
+inline constexpr qsizetype kLongestColoured = 512;
+
 /// Colours the whole content by the level of its length; level 3 leaves it. The hourglass shows meanwhile.
 void setRichTextXMLColor(Application& app, controls::RichTextBox& richText, int level);
 
-/// Colours a selection of 1 to 512 characters, by the colouring level of the frame's active window; a longer
-/// one isn't worth the time. The selection stays.
+/// Colours a selection of up to kLongestColoured characters, by the colouring level of the frame's active
+/// window. The selection stays.
 void SetSeltextColor(Application& app, controls::RichTextBox& richText);
 
 /// Colours the character at a 1-based position and leaves it selected. Other than markup turns black, unless

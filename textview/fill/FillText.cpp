@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/fill/FillText.h"
 #include "core/model/Frame.h"
+#include "platform/controls/ColourRuns.h"
 #include "platform/text/TextTools.h"
 #include "textview/fill/Colour.h"
 #include <QScopedValueRollback>
@@ -48,6 +49,28 @@ void SetTreeXMLColor(DocumentWindow& window) {
     OtherPane(window).SetContent(window.TextInUse().Content());
 }
 
+void TakeColours(controls::RichTextBox& pane, const controls::RichTextBox& from) {
+    if (pane.Runs() != from.Runs())
+        pane.SetColours(0, pane.Long().size(), from.Runs());
+}
+
+// Coloured aside: in the pane each character would be selected for a moment, and be shown.
+void ColourInserted(DocumentWindow& window, controls::RichTextBox& pane, qsizetype start, qsizetype length) {
+    controls::RichTextBox aside;
+    // A long one came in with the colour of what stands before it, which says nothing about so many
+    // characters.
+    if (length <= mXMLEdit::kLongestColoured) {
+        aside.SetContent(
+            {text::LongText(pane.Long().mid(start, length)), controls::RunsOf(pane.Runs(), start, length)});
+        aside.SetSelLength(length);
+        mXMLEdit::SetSeltextColor(window.app, aside);
+    }
+    pane.SetColours(start, length, aside.Runs());
+    controls::RichTextBox& other = &pane == &window.rtxtXML ? window.rtxtXML2 : window.rtxtXML;
+    if (other.Long() == pane.Long())
+        TakeColours(other, pane);
+}
+
 int GetTextSizeLevel(qsizetype length) {
     if (length > 81920 && length < 163840)
         return 1;
@@ -67,7 +90,7 @@ void ChangeText(DocumentWindow& window, const text::LongText& newText, const con
         window.UndoPos = steps;
     }
     window.undoStack.resize(static_cast<std::size_t>(window.UndoPos));
-    UndoRecord& record = window.undoStack.emplace_back();
+    UndoRecord record; // joins the stack when it is whole
     record.WholeText = true;
     record.OldRTF = std::make_shared<const controls::RichContent>(oldRTF);
     {
@@ -79,10 +102,10 @@ void ChangeText(DocumentWindow& window, const text::LongText& newText, const con
         selections.restore();
     }
     // Colouring may bring the text back to what it was: that is no step.
-    if (record.NewRTF->text == oldRTF.text)
-        window.undoStack.pop_back();
-    else
+    if (!(record.NewRTF->text == oldRTF.text)) {
+        window.undoStack.push_back(std::move(record));
         ++window.UndoPos;
+    }
     SetUndoRedoMenuToolBar(window);
 }
 

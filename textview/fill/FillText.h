@@ -27,6 +27,11 @@ void SetRichText(DocumentWindow& window, const text::LongText& text); ///< CR LF
 void SetRichText(DocumentWindow& window, const QString& text);
 /// Colours the pane in use and copies its content to the other one.
 void SetTreeXMLColor(DocumentWindow& window);
+/// Gives a pane the colours of another one with the same text.
+void TakeColours(controls::RichTextBox& pane, const controls::RichTextBox& from);
+/// Colours a text that was put in at a place of a pane, as SetSeltextColor does, for both panes; a text too
+/// long for that has no colours. The selection stays.
+void ColourInserted(DocumentWindow& window, controls::RichTextBox& pane, qsizetype start, qsizetype length);
 /// Colouring level by the length of a text: 0 (everything) to 3 (nothing). The bounds are open on both sides,
 /// so a text of exactly 163840 or 409600 characters is coloured like a small one.
 int GetTextSizeLevel(qsizetype length);

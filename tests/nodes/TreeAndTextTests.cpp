@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A document changed in the tree while its text is, or has been, changed too: neither side is lost in
+// silence.
+#include "core/model/m_tvXML.h"
+#include "tests/support/TestApp.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+using controls::TreeNode;
+using services::Answer;
+using test::TestApp;
+
+struct TreeAndText : testing::Test {
+    TestApp t;
+    DocumentWindow& w = t.OpenText(QStringLiteral("list.xml"), "<list><a/><b/></list>");
+
+    TreeNode List() { return w.tvXML.Nodes(1).Child(); }
+    QString Text() { return w.rtxtXML.Text(); }
+    bool Shows(const char* part) { return Text().contains(QLatin1String(part)); }
+    void Name(TreeNode node, const char* name) {
+        t.ClickNode(node);
+        t.ChooseMenu(QStringLiteral("mnuEditName"));
+        w.tvXML.EndLabelEdit(QLatin1String(name));
+    }
+    /// Types into the text view and stays there.
+    void TypeBehind(const char* part, const char* text) {
+        w.tbsXML.Select(QStringLiteral("textview"));
+        w.rtxtXML.GotFocus();
+        w.rtxtXML.UserSelected(Text().indexOf(QLatin1String(part)) + qstrlen(part), 0);
+        w.rtxtXML.Type(QLatin1String(text));
+    }
+};
+
+TEST_F(TreeAndText, ATextThatDoesNotParseGivesWayToTheTreeWithAWordAndComesBackByUndo) {
+    t.prompts.Answer(Answer::Ok); // it isn't valid XML
+    t.EditText(QStringLiteral("<list>half an hour's wo"));
+    const QString typed = Text();
+    t.prompts.boxes.clear();
+    t.prompts.Answer(Answer::Ok);
+    Name(List(), "items");
+    ASSERT_EQ(t.prompts.boxes.size(), 1U);
+    EXPECT_TRUE(t.prompts.boxes[0].text.contains(QStringLiteral("Undo")));
+    EXPECT_TRUE(Shows("<items>"));
+    Name(List(), "things"); // the text is the tree's now: nothing more to say
+    EXPECT_EQ(t.prompts.boxes.size(), 1U);
+    for (int i = 0; i < 2; ++i)
+        t.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    EXPECT_EQ(Text(), typed);
+}
+
+TEST_F(TreeAndText, AFileThatDoesNotParseIsNotReplacedByTheEmptyDocumentInSilence) {
+    t.prompts.Answer({Answer::Ok, Answer::Ok});
+    DocumentWindow& bad = t.OpenText(QStringLiteral("bad.xml"), "<letters><letter>Dear Ann</letters>");
+    t.ClickNode(bad.tvXML.Nodes(1));
+    t.ChooseMenu(QStringLiteral("mnuNewComment"));
+    ASSERT_EQ(t.prompts.boxes.size(), 2U);
+    EXPECT_TRUE(t.prompts.boxes[1].text.contains(QStringLiteral("Undo")));
+}
+
+// The move commands work from the text view as well, without the focus leaving it.
+TEST_F(TreeAndText, WhatIsBeingTypedComesIntoTheTreeBeforeAMove) {
+    TypeBehind("<b/>", "<c/>");
+    t.ChooseMenu(QStringLiteral("mnuMoveUP")); // of the node at the caret
+    EXPECT_EQ(List().Children(), 3);
+    EXPECT_EQ(List().Child().Next().Text(), QStringLiteral("c"));
+
+    TypeBehind("</c>", "<d>");
+    const QString typed = Text();
+    t.prompts.Answer(Answer::Ok); // it isn't valid XML
+    t.ChooseMenu(QStringLiteral("mnuMoveUP"));
+    EXPECT_EQ(Text(), typed) << "the tree isn't that of the text: nothing is moved";
+}
+
+// Its nodes would not be those of the text.
+TEST_F(TreeAndText, TheNodeDialogDoesNotOpenOverATypedTextThatDoesNotParse) {
+    int shown = 0;
+    t.frame().editNodesShown.connect([&](frmEditNodes&) { ++shown; });
+    TypeBehind("<b/>", "<c>");
+    t.prompts.Answer(Answer::Ok); // it isn't valid XML
+    t.ChooseMenu(QStringLiteral("mnuEditPopupEditNode"));
+    EXPECT_EQ(shown, 0);
+    TypeBehind("<c>", "</c>");
+    t.ChooseMenu(QStringLiteral("mnuEditPopupEditNode"));
+    EXPECT_EQ(shown, 1);
+}
+
+// The text waits for a new node to be named or filled, but not for ever.
+TEST_F(TreeAndText, AChangeBesideATextNodeThatWasLeftEmptyReachesTheTextView) {
+    t.ClickNode(List());
+    t.frame().RunMenuCommand(QStringLiteral("mnuNewNodeTextP"));
+    w.txtListView.LostFocus(); // nothing was typed
+    ASSERT_EQ(m_tvXML::GetKeyType(List().LastChild()), 3);
+    Name(List(), "items");
+    w.tbsXML.Select(QStringLiteral("textview"));
+    EXPECT_TRUE(Shows("<items>"));
+    TypeBehind("</b>", "<c/>");
+    w.rtxtXML.LostFocus();
+    EXPECT_EQ(List().Text(), QStringLiteral("items"));
+}
+
+TEST_F(TreeAndText, ViewsFollowANewNodeWhenItHasItsName) {
+    t.ClickNode(List().Child());
+    const QString path = w.txtXPath.Text();
+    t.ChooseMenu(QStringLiteral("mnuNewCNode"));
+    w.tvXML.LostFocus(); // to the editor of the label
+    EXPECT_EQ(w.txtXPath.Text(), path);
+    w.tvXML.EndLabelEdit(QStringLiteral("new"));
+    EXPECT_EQ(w.txtXPath.Text(), path + QStringLiteral("/new[1]"));
+}
+
+// Its labels can't be edited, so the node has its name at once.
+TEST(SchemaTree, ANewElementReachesTextAndListWithoutANameOfTheUser) {
+    TestApp t;
+    DocumentWindow& w =
+        t.OpenText(QStringLiteral("a.xsd"), "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\"/>");
+    t.ClickNode(w.tvXML.Nodes(1).Child());
+    t.frame().RunMenuCommand(QStringLiteral("mnuNewCNodeP"));
+    EXPECT_TRUE(w.rtxtXML.Text().contains(QStringLiteral("<Unnamed>")));
+    EXPECT_EQ(w.txtXPath.Text(), QStringLiteral("/xs:schema[1]/Unnamed[1]"));
+}
+
+} // namespace
