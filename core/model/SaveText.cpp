@@ -90,10 +90,10 @@ SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, 
     const QString target = fileName.isEmpty() ? QStringLiteral("tmp.$$$") : fileName;
     const services::FileResult result = app.services.files.Replace(target, encoded.bytes);
     if (!result) {
-        // Where it isn't a matter of rights, the attributes would be the wrong place to look. Silence never is
-        // an answer: the window counts as saved from here on.
-        const bool rights = result.error == services::FileError::Permission ||
-                            result.error == services::FileError::ReadOnly;
+        // Where it isn't a matter of rights, the attributes would be the wrong place to look. Silence never
+        // is an answer: the window counts as saved from here on.
+        const bool rights =
+            result.error == services::FileError::Permission || result.error == services::FileError::ReadOnly;
         app.services.prompts.MsgBox(
             rights ? result.description + QStringLiteral("\r\nPlease check file attributes (Read-only, etc).")
                    : result.description,
