@@ -42,7 +42,8 @@ ControlEvents::ControlEvents(QWidget& widget, QObject* parent) : QObject(parent)
     // While a dialog is in front the focus may go to another control: this one isn't told of that.
     const QPointer<QWidget> own(&widget);
     connect(qApp, &QApplication::focusChanged, this, [this, own](QWidget*, QWidget* now) {
-        if (!hasFocus_ || !own || !now || now == own || own->isAncestorOf(now) || now->window() != own->window())
+        if (!hasFocus_ || !own || !now || now == own || own->isAncestorOf(now) ||
+            now->window() != own->window())
             return;
         const bool menu = qobject_cast<QMenuBar*>(now) || qobject_cast<QMenu*>(now);
         if (!menu)
@@ -63,7 +64,7 @@ bool ControlEvents::eventFilter(QObject*, QEvent* event) {
         break;
     case QEvent::KeyPress: {
         const auto* key = static_cast<QKeyEvent*>(event);
-        pressed_.insert(key->key());
+        pressed_.insert(key->key(), key->modifiers());
         if (keyDown) {
             int code = key->key();
             keyDown(code, static_cast<int>(key->modifiers()));
@@ -74,9 +75,14 @@ bool ControlEvents::eventFilter(QObject*, QEvent* event) {
     }
     case QEvent::KeyRelease: {
         const auto* key = static_cast<QKeyEvent*>(event);
-        const bool known = key->isAutoRepeat() ? pressed_.contains(key->key()) : pressed_.remove(key->key());
-        if (known && keyUp)
-            keyUp(key->key(), static_cast<int>(key->modifiers()));
+        const auto pressed = pressed_.constFind(key->key());
+        if (pressed == pressed_.constEnd())
+            break;
+        const Qt::KeyboardModifiers modifiers = *pressed;
+        if (!key->isAutoRepeat())
+            pressed_.erase(pressed);
+        if (keyUp)
+            keyUp(key->key(), static_cast<int>(modifiers));
         break;
     }
     default:

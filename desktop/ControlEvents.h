@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "desktop/Listen.h"
+#include <QHash>
 #include <QObject>
-#include <QSet>
 #include <QWidget>
 #include <functional>
 
 /// Watches a widget and hands its focus changes and keys to a control model.
 /// The focus counts as kept while a menu is open or another program or a dialog is in front. A key that was
-/// pressed elsewhere (the Enter that closed a box) raises nothing when it is released here.
+/// pressed elsewhere (the Enter that closed a box) raises nothing when it is released here. A released key
+/// counts with the modifiers it was pressed with: who lets go of Ctrl first has pressed Ctrl and the key all
+/// the same.
 class ControlEvents : public QObject {
 public:
     ControlEvents(QWidget& widget, QObject* parent);
@@ -36,6 +38,6 @@ public:
 
 private:
     void FocusOut();
-    QSet<int> pressed_;
+    QHash<int, Qt::KeyboardModifiers> pressed_;
     bool hasFocus_ = false;
 };

@@ -37,14 +37,10 @@ EditNodesDialog::EditNodesDialog(frmEditNodes& form, QWidget* parent)
     new LineAdapter(form.txtNodeName, *ui_->txtNodeName, this);
     MakeBox(form.txtNodeAttrs, *ui_->txtNodeAttrs);
     MakeBox(form.txtNodeText, *ui_->txtNodeText);
-    const auto arrow = [this](controls::CommandButton& model, QAbstractButton& button, const char* icon) {
-        button.setIcon(ThemeIcon(QLatin1String(icon)));
-        MakeButton(model, button);
-    };
-    arrow(form.cmdUp, *ui_->cmdUp, "go-up");
-    arrow(form.cmdDown, *ui_->cmdDown, "go-down");
-    arrow(form.cmdLeft, *ui_->cmdLeft, "go-previous");
-    arrow(form.cmdRight, *ui_->cmdRight, "go-next");
+    MakeArrow(form.cmdUp, *ui_->cmdUp, "go-up", Qt::UpArrow);
+    MakeArrow(form.cmdDown, *ui_->cmdDown, "go-down", Qt::DownArrow);
+    MakeArrow(form.cmdLeft, *ui_->cmdLeft, "go-previous", Qt::LeftArrow);
+    MakeArrow(form.cmdRight, *ui_->cmdRight, "go-next", Qt::RightArrow);
     MakeButton(form.cmdOk, *ui_->cmdOk);
     MakeButton(form.cmdCancel, *ui_->cmdCancel);
     MakeOption(form.optTree, *ui_->optTree);
@@ -102,6 +98,15 @@ void EditNodesDialog::MakeButton(controls::CommandButton& model, QAbstractButton
     connect(&button, &QAbstractButton::clicked, this, [&model] { model.Click(); });
     Listen(model.changed, this, follow);
     follow();
+}
+
+// Without an icon theme the style draws the arrow.
+void EditNodesDialog::MakeArrow(controls::CommandButton& model, QToolButton& button, const char* icon,
+                                Qt::ArrowType arrow) {
+    button.setIcon(ThemeIcon(QLatin1String(icon)));
+    if (button.icon().isNull())
+        button.setArrowType(arrow);
+    MakeButton(model, button);
 }
 
 void EditNodesDialog::MakeOption(controls::OptionButton& model, QAbstractButton& button) {

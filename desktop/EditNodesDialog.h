@@ -10,6 +10,7 @@ class frmEditNodes;
 class QAbstractButton;
 class QLabel;
 class QPlainTextEdit;
+class QToolButton;
 
 /// The widgets of the one-by-one editor, which stay beside the documents.
 class EditNodesDialog : public QDialog {
@@ -27,6 +28,8 @@ private:
     void MakeLabel(controls::Label& model, QLabel& label);
     void MakeBox(controls::TextBox& model, QPlainTextEdit& box);
     void MakeButton(controls::CommandButton& model, QAbstractButton& button);
+    void MakeArrow(controls::CommandButton& model, QToolButton& button, const char* icon,
+                   Qt::ArrowType arrow);
     void MakeOption(controls::OptionButton& model, QAbstractButton& button);
 
     frmEditNodes& form_;

@@ -11,11 +11,19 @@ public:
     explicit LabelDelegate(QObject* parent, std::function<void()> givenUp);
     /// Hands in what was typed so far and closes the editor, if one is open.
     void Finish();
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    /// The width of all items in a view that lays them out alike, in pixels; 0: each by its text.
+    void SetItemWidth(int width) { itemWidth_ = width; }
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+
 private:
+    int itemWidth_ = 0;
     mutable QPointer<QWidget> editor_;
 };

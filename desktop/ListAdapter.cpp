@@ -10,6 +10,9 @@
 
 namespace {
 
+// Pixels of an item with a small icon, and with a large one.
+constexpr int kNameWidth = 160, kIconWidth = 90;
+
 bool ChoosesStyle(const QKeyEvent& event) {
     const int key = event.key();
     return event.modifiers() == Qt::ControlModifier &&
@@ -40,14 +43,23 @@ ListAdapter::ListAdapter(controls::ListView& model, const ListWidgets& widgets, 
     Listen(model.selectionChanged, this, [this] { ShowSelected(); });
     Listen(model.viewChanged, this, [this] { ShowView(); });
     Listen(model.focusRequested, this, [this] { Shown().setFocus(Qt::OtherFocusReason); });
-    auto* const labels = new LabelDelegate(this, [this] { model_.CancelLabelEdit(); });
-    widgets.report.setItemDelegateForColumn(0, labels);
-    widgets.icons.setItemDelegate(labels);
-    Listen(model.labelEditFinish, labels, [labels] { labels->Finish(); });
+    ConnectLabels();
     Listen(model.labelEditStarted, this, [this](int row) { Shown().edit(rows_.index(row - 1, 0)); });
     ShowColumns();
     ShowView();
     ShowSelected();
+}
+
+void ListAdapter::ConnectLabels() {
+    for (QAbstractItemView* view : {static_cast<QAbstractItemView*>(&widgets_.report),
+                                    static_cast<QAbstractItemView*>(&widgets_.icons)}) {
+        auto* const labels = new LabelDelegate(this, [this] { model_.CancelLabelEdit(); });
+        if (view == &widgets_.report)
+            view->setItemDelegateForColumn(0, labels);
+        else
+            view->setItemDelegate(iconLabels_ = labels);
+        Listen(model_.labelEditFinish, labels, [labels] { labels->Finish(); });
+    }
 }
 
 QAbstractItemView& ListAdapter::Shown() const {
@@ -150,6 +162,7 @@ void ListAdapter::ShowSelected() {
 void ListAdapter::ShowView() {
     const bool hadFocus = widgets_.report.hasFocus() || widgets_.icons.hasFocus();
     const bool large = model_.View() == controls::lvwIcon;
+    iconLabels_->SetItemWidth(large ? kIconWidth : kNameWidth);
     widgets_.icons.setViewMode(large ? QListView::IconMode : QListView::ListMode);
     widgets_.icons.setMovement(QListView::Static);
     widgets_.icons.setWrapping(true);

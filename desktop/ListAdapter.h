@@ -8,6 +8,8 @@
 #include <QStackedWidget>
 #include <QTreeView>
 
+class LabelDelegate;
+
 /// The list's widgets: a table with columns for the report view, another view for icons and names. Both share
 /// one selection.
 struct ListWidgets {
@@ -29,6 +31,7 @@ private:
     void UserSelected(const QItemSelection& selected, const QItemSelection& deselected);
     void KeyPressed(const QKeyEvent& event);
     void MouseReleased(const QPoint& place);
+    void ConnectLabels();
     void ShowSelected();
     void ShowView();
     void ShowColumns();
@@ -38,5 +41,6 @@ private:
     desktop::ListModel rows_;
     QItemSelectionModel selection_;
     ControlEvents reportEvents_, iconEvents_;
+    LabelDelegate* iconLabels_ = nullptr;
     int updating_ = 0; ///< the widgets follow the model: their signals aren't the user's
 };

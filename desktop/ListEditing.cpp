@@ -16,7 +16,10 @@ ListEditing::ListEditing(DocumentWindow& window, QTreeView& report)
     editor_->setMaxLength(std::numeric_limits<int>::max());
     button_->setObjectName(QStringLiteral("cmdPop"));
     button_->setText(QStringLiteral("..."));
+    // A press goes on to the list otherwise, which takes the focus: the editor would close, and the button
+    // with it, before the click is done.
     button_->setFocusPolicy(Qt::NoFocus);
+    button_->setFocusProxy(editor_);
     ConnectEditor();
     ConnectCells();
     ShowEditor();
@@ -87,6 +90,9 @@ void ListEditing::ShowEditor() {
     const controls::TextBox& model = window_.txtListView;
     if (editor_->text() != model.Text())
         editor_->setText(model.Text());
+    // A toolbar button closes the editor without taking the focus, which would go to any other widget then.
+    if (!model.Visible() && editor_->hasFocus())
+        report_.setFocus(Qt::OtherFocusReason);
     editor_->setVisible(model.Visible());
     button_->setVisible(model.Visible() && window_.cmdPop.Visible());
     if (model.Visible())

@@ -204,6 +204,7 @@ void MainWindow::FormRemoved(DocumentWindow* window) {
     DocumentSubWindow* sub = SubWindow(window);
     if (!sub)
         return;
+    nextMaximised_ = sub->isMaximized();
     sub->Detach();
     ui_->MDIArea->removeSubWindow(sub);
     sub->hide();
@@ -217,7 +218,9 @@ void MainWindow::ActiveFormChanged(DocumentWindow* window) {
     DocumentSubWindow* sub = SubWindow(window);
     if (!sub)
         return;
-    if (sub->isMinimized())
+    if (std::exchange(nextMaximised_, false)) // as the one was that was closed
+        sub->showMaximized();
+    else if (sub->isMinimized())
         sub->showNormal();
     ui_->MDIArea->setActiveSubWindow(sub);
 }
@@ -231,7 +234,9 @@ void MainWindow::SubWindowActivated(QMdiSubWindow* window) {
     frame_.ActivateForm(sub->Window());
 }
 
+// It opens before the press that asked for it is over: another node or row may be current already.
 void MainWindow::ShowPopup(const QPoint& globalPlace) {
+    frame_.RefreshMenu();
     popup_->popup(globalPlace);
 }
 

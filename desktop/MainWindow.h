@@ -47,6 +47,7 @@ private:
     QComboBox* address_ = nullptr;
     FindDialog* find_ = nullptr; ///< made when it is asked for first
     bool following_ = false;     ///< the frame changes its windows: the area's signals aren't the user's
+    bool nextMaximised_ = false; ///< the window that was closed last was
     bool clicked_ = false; ///< the frame follows a click: the area shows the window already, an icon as one
     bool painted_ = false;
 };

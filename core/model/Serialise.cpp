@@ -94,11 +94,16 @@ qsizetype GetTextPositionByNodeNum(const text::LongText& text, long number) {
 
 long GetNodeNumByTextPosition(const text::LongText& text, qsizetype position) {
     long number = 0;
-    VisitNodeStarts(text, position, [&](qsizetype) {
-        ++number;
+    bool open = false; // the piece before ended in a "<"
+    text.visit(0, position, [&](QStringView piece) {
+        number += open && piece.front() != u'/' ? 1 : 0;
+        const char16_t* const units = piece.utf16();
+        for (qsizetype i = 0; i + 1 < piece.size(); ++i) // without branches: many at once
+            number += static_cast<long>(units[i] == u'<') & static_cast<long>(units[i + 1] != u'/');
+        open = piece.back() == u'<';
         return true;
     });
-    return number;
+    return number + (open ? 1 : 0);
 }
 
 } // namespace m_tvXML

@@ -87,7 +87,7 @@ public:
     explicit Utf16Encoder(bool bigEndian) : bigEndian_(bigEndian) {}
     qsizetype Append(QStringView piece) override {
         const qsizetype bad = FindLoneHalf(piece);
-        if (bad >= 0)
+        if (bad >= 0 || piece.isEmpty())
             return bad;
         char* out = Room(static_cast<std::size_t>(piece.size()) * 2);
         if (bigEndian_)

@@ -55,8 +55,10 @@ TEST_F(FrameWindow, WindowOrderIsTheFramesAndTheActiveOneIsInFront) {
     EXPECT_TRUE(t.frame().ActiveForm()->Caption.endsWith(QStringLiteral("one.xml")));
     Area().setActiveSubWindow(Area().subWindowList().at(1));
     EXPECT_TRUE(t.frame().ActiveForm()->Caption.endsWith(QStringLiteral("two.xml")));
+    ASSERT_TRUE(Area().activeSubWindow()->isMaximized());
     t.Press(Qt::Key_W, Qt::ControlModifier);
     EXPECT_EQ(ActiveTitle(), QStringLiteral("one.xml"));
+    EXPECT_TRUE(Area().activeSubWindow()->isMaximized());
     EXPECT_EQ(Area().subWindowList().size(), 1);
 }
 

@@ -407,6 +407,17 @@ TEST_F(List, ATextThatStaysEmptyHoldsNothingUp) {
     EXPECT_NE(Xml().find("year=\"2000\""), std::string::npos) << "and is there to be done again";
 }
 
+TEST_F(List, ARowThatIsBeingEditedIsDeletedWithItsEditor) {
+    Open();
+    TypeInto(2, 3, QStringLiteral("typed"));
+    t.PressButton(QStringLiteral("tbCommonEdit"), QStringLiteral("delete"));
+    EXPECT_FALSE(w->txtListView.Visible());
+    EXPECT_EQ(Xml(), "<book lang=\"de\" year=\"1999\"><title>Tee</title>end</book>");
+    Menu("mnuEditUndo");
+    EXPECT_EQ(Xml(Element().Child().Next()), "<chapter n=\"2\">typed<b></b>y</chapter>")
+        << "what was typed stands";
+}
+
 // A step of the history builds the tree anew, and the row that is being edited goes with the old one.
 TEST_F(List, WhatIsBeingTypedIsAStepOfTheHistory) {
     Open();

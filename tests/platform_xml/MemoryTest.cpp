@@ -2,34 +2,13 @@
 // What a load leaves behind when memory runs out, or when it is stopped.
 #include "platform/xml/ParsedDocument.h"
 #include "tests/platform_xml/Dump.h"
-#include <cstdlib>
+#include "tests/support/ScarceMemory.h"
 #include <gtest/gtest.h>
-#include <new>
 #include <stdexcept>
 
 namespace {
-long allocationsLeft = -1; // -1: memory never runs out
-}
 
-// Every allocation of this test program passes here; one of them can be made to fail.
-void* operator new(std::size_t size) {
-    if (allocationsLeft == 0)
-        throw std::bad_alloc();
-    if (allocationsLeft > 0)
-        --allocationsLeft;
-    if (void* memory = std::malloc(size == 0 ? 1 : size))
-        return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-
-namespace {
-
+using test::allocationsLeft;
 using xml::ParsedDocument;
 
 TEST(Memory, ALoadThatRunsOutOfItAnywhereSaysSoAndLeavesNothing) {
