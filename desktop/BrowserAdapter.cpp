@@ -49,17 +49,14 @@ void BrowserAdapter::MakeView() {
         page_.layout()->addWidget(message);
         return;
     }
-    // The engine's surface makes the window system build the top window anew. A window manager may put that
-    // elsewhere, and what is painted before it is on the screen may be lost: once it is there, the window
-    // goes back to its place and is painted again; a busy machine may need longer.
-    constexpr int kPlacedByThen = 300, kThereByThen = 1500; // milliseconds
+    // The engine's surface makes the window system build the top window anew, and a window manager may put
+    // that elsewhere: once it has, the window goes back to its place.
+    constexpr int kPlacedByThen = 300;
     QWidget* top = page_.window();
     QTimer::singleShot(kPlacedByThen, top, [top, place = top->pos()] {
         if (!top->isMaximized() && !top->isFullScreen() && top->pos() != place)
             top->move(place);
-        top->update();
     });
-    QTimer::singleShot(kThereByThen, top, [top] { top->update(); });
     view_ = make(&page_);
     page_.layout()->addWidget(view_);
     page_.setFocusProxy(view_);

@@ -74,11 +74,11 @@ class Desk:
         print((self.folder / "said.txt").read_text(errors="replace")[-8000:])
         print("ended already:", [child.args[0] for child in self.children if child.poll() is not None])
 
-    def run(self, *command):
+    def run(self, *command, patience=PATIENCE):
         """What a command prints; nothing when it doesn't end, as one that waits for a window that is gone."""
         try:
             done = subprocess.run(command, env=self.environment, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                                  check=False, timeout=PATIENCE)
+                                  check=False, timeout=patience)
         except subprocess.TimeoutExpired:
             return ""
         return done.stdout.decode(errors="replace").strip()
@@ -169,8 +169,9 @@ class Desk:
         return top + upper, top + lower
 
     def colours(self, window, area):
-        """How many colours a part of a window shows; `area` as WIDTHxHEIGHT+X+Y."""
-        count = self.run("import", "-window", window, "-crop", area, "-format", "%k", "info:")
+        """How many colours a part of a window shows; `area` as WIDTHxHEIGHT+X+Y. 0 for a window that is gone: while
+        the picture is waited for, the whole screen stands still, the program with it."""
+        count = self.run("import", "-window", window, "-crop", area, "-format", "%k", "info:", patience=3)
         return int(count) if count.isdigit() else 0
 
 
