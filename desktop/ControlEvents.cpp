@@ -10,6 +10,12 @@
 
 namespace {
 
+/// Keys whose repeats count like presses of their own: what follows the caret or the current row follows
+/// while one is held. Any other key acts once, when it is let go, however long it was held.
+bool CountsRepeats(int key) {
+    return key >= Qt::Key_Home && key <= Qt::Key_PageDown; // Home, End, the four arrows, the two page keys
+}
+
 bool KeepsFocus(Qt::FocusReason reason) {
     return reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
 }
@@ -81,7 +87,7 @@ bool ControlEvents::eventFilter(QObject*, QEvent* event) {
         const Qt::KeyboardModifiers modifiers = *pressed;
         if (!key->isAutoRepeat())
             pressed_.erase(pressed);
-        if (keyUp)
+        if (keyUp && (!key->isAutoRepeat() || CountsRepeats(key->key())))
             keyUp(key->key(), static_cast<int>(modifiers));
         break;
     }

@@ -15,11 +15,15 @@
 
 namespace {
 
-// The web engine refuses to start its sandbox for root; for everybody else the sandbox stays.
+// The web engine refuses to start its sandbox for root; for everybody else the sandbox stays. Where it can't
+// have shared memory it would end the whole program, so it is told to use files instead.
 void PrepareWebEngine() {
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     if (geteuid() == 0)
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    if (access("/dev/shm", W_OK | X_OK) != 0)
+        qputenv("QTWEBENGINE_CHROMIUM_FLAGS",
+                qgetenv("QTWEBENGINE_CHROMIUM_FLAGS") + " --disable-dev-shm-usage");
 }
 
 // For measuring: VANTREL_MEASURE=frame ends the program when the frame has been painted, =document when the

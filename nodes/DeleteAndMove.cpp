@@ -3,6 +3,7 @@
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
 #include "nodes/CopyNodes.h"
+#include "nodes/FinishEdits.h"
 #include "nodes/ListCommands.h"
 #include "nodes/ListEditor.h"
 #include "nodes/TreeCommands.h"
@@ -30,18 +31,6 @@ void SelectAfterDelete(DocumentWindow& window, TreeNode parent) {
 bool MayMove(TreeNode node, bool up) {
     const TreeNode neighbour = up ? node.Previous() : node.Next();
     return neighbour && m_tvXML::GetKeyType(up ? neighbour : node) != kInstruction;
-}
-
-// A moved node is a new one: what is being typed for the old one would go with it. A text that is being typed
-// comes into the tree first; false when it doesn't parse, which the user sees there.
-bool FinishOpenEdits(DocumentWindow& window) {
-    window.tvXML.FinishLabelEdit();
-    window.ListView1.FinishLabelEdit();
-    txtListView_LostFocus(window);
-    if (!window.bTextChanged)
-        return true;
-    LeaveTextView(window);
-    return !window.bTextUnread;
 }
 
 // The copy takes the original's place as the current node.
@@ -83,7 +72,7 @@ void MoveUpDownOneNodeAtTree(DocumentWindow& window, bool up) try {
 }
 
 void SetNodeAsParent(DocumentWindow& window) try {
-    if (!FinishOpenEdits(window))
+    if (!FinishAllEdits(window))
         return;
     const TreeNode original = window.tvXML.SelectedItem();
     const TreeNode parent = original ? original.Parent() : TreeNode();
@@ -99,7 +88,7 @@ void SetNodeAsParent(DocumentWindow& window) try {
 }
 
 void SetNodeAsChild(DocumentWindow& window) try {
-    if (!FinishOpenEdits(window))
+    if (!FinishAllEdits(window))
         return;
     const TreeNode original = window.tvXML.SelectedItem();
     if (!original || m_tvXML::IsTreeRoot(original))
@@ -117,7 +106,7 @@ void SetNodeAsChild(DocumentWindow& window) try {
 namespace {
 
 void MoveUpOrDown(DocumentWindow& window, bool up) {
-    if (!FinishOpenEdits(window))
+    if (!FinishAllEdits(window))
         return;
     if (window.miPopupContext == kContextList) {
         MoveUpDownOneItemAtListView(window, up);

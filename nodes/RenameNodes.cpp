@@ -19,6 +19,11 @@ constexpr int kInstruction = 7;
 using services::Buttons;
 using services::Icon;
 
+void TellRefusal(Application& app, const QString& name, const services::FileResult& failure) {
+    app.services.prompts.MsgBox(name + QStringLiteral("\r\n") + failure.description, Buttons::Ok,
+                                Icon::Exclamation, mXMLEdit::CopyFileTitle());
+}
+
 // The file goes along with the name; a No at the question on replacing takes the name without copying. False
 // when the system refused: the user knows why.
 bool CopyFileAlong(Application& app, const QString& oldName, const QString& newName) {
@@ -26,8 +31,7 @@ bool CopyFileAlong(Application& app, const QString& oldName, const QString& newN
     mXMLEdit::CopyFileTo(app, oldName, newName, &failure);
     if (failure)
         return true;
-    app.services.prompts.MsgBox(newName + QStringLiteral("\r\n") + failure.description, Buttons::Ok,
-                                Icon::Exclamation, mXMLEdit::CopyFileTitle());
+    TellRefusal(app, newName, failure);
     return false;
 }
 
@@ -55,6 +59,11 @@ bool TakeFileAlong(DocumentWindow& window, const QString& oldName, const QString
         return CopyFileAlong(app, oldName, newName);
     if (mXMLEdit::FileExist(app, newName) && !mXMLEdit::MayReplaceByCopy(app, newName))
         return false;
+    // A name that can't be saved under is refused now, as it is for a document with a file.
+    if (const services::FileResult result = app.services.files.MayReplace(newName); !result) {
+        TellRefusal(app, newName, result);
+        return false;
+    }
     window.msOpenText = {};
     return true;
 }

@@ -5,6 +5,7 @@
 #include "core/model/m_tvXML.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
+#include "nodes/FinishEdits.h"
 #include "nodes/ListCommands.h"
 #include "shell/NodeCommands.h"
 #include "shell/frmMDIMain.h"
@@ -193,14 +194,32 @@ template <typename Act> void ConnectButton(frmMDIMain& frame, const char* toolba
     button.Click.connect(Handler(frame, act, QLatin1String(toolbar) + QStringLiteral("_ButtonClick")));
 }
 
+// Toolbar buttons don't take the focus, and the search and the entities change a text that hasn't got it:
+// what is being typed, and a text ahead of the tree, go in before a command looks at the nodes. The tree is
+// another one then: false where the node that the command was for isn't found in it again.
+bool IsReadyFor(DocumentWindow& window) {
+    FinishEdits(window);
+    if (window.miPopupContext == kContextText || !window.bTextChanged)
+        return true;
+    const controls::TreeNode chosen = window.tvXML.SelectedItem();
+    const QString path = GetXPath(chosen);
+    const long number = m_tvXML::GetBeforeNodeNumber(window.app, chosen);
+    if (!ReadEditedText(window))
+        return false;
+    const controls::TreeNode again = m_tvXML::GetNodeByNumber(window.app, number, window.tvXML.Nodes(1));
+    const bool found = again && window.miPopupContext == kContextTree && GetXPath(again) == path;
+    if (found)
+        window.tvXML.SetSelectedItem(again);
+    DoTree(window);
+    return found;
+}
+
 void ConnectNodeCommands(frmMDIMain& frame) {
     for (const NodeCommand& command : NodeCommands()) {
         const auto act = [&frame, run = command.run] {
-            // Toolbar buttons don't take the focus: what is being typed goes in before the command looks at
-            // it.
             if (DocumentWindow* window = frame.ActiveForm()) {
-                FinishEdits(*window);
-                run(*window);
+                if (IsReadyFor(*window))
+                    run(*window);
                 frame.RefreshMenu();
             }
         };

@@ -58,11 +58,11 @@ void MoveDown(services::SettingsStore& store) {
     }
 }
 
-/// Makes room in front by closing up the place (from 1) where the name stood.
-void CloseUp(services::SettingsStore& store, const QStringList& list, int place) {
+/// Makes room in front by closing up the place where the name stood.
+void CloseUp(services::SettingsStore& store, const QStringList& list, const QString& name) {
     int next = 2;
     for (int i = 0; i < list.size() && i < kMenuEntries; ++i)
-        if (i != place - 1 && !list[i].isEmpty())
+        if (list[i] != name && !list[i].isEmpty())
             store.Save(kSection, KeyOf(next++), list[i]);
 }
 
@@ -70,13 +70,13 @@ void CloseUp(services::SettingsStore& store, const QStringList& list, int place)
 
 void frmMDIMain::WriteRecentFiles(const QString& name) {
     services::SettingsStore& store = app_.services.settings;
-    const int place = FindRecentFile(name);
-    if (place < 0) {
+    GetRecentFiles(); // another program may have written names since the menu was filled
+    if (FindRecentFile(name) < 0) {
         MoveDown(store);
     } else {
         QStringList list;
         GetRecentFilesArray(list);
-        CloseUp(store, list, place);
+        CloseUp(store, list, name);
     }
     store.Save(kSection, KeyOf(1), name);
 }
@@ -89,6 +89,7 @@ void frmMDIMain::UpdateFileMenu(const QString& name) {
 void frmMDIMain::FillCombo() {
     QStringList list;
     GetRecentFilesArray(list);
+    list.removeAll(QString()); // an empty row would offer nothing
     FillComboOrList(address_, list);
 }
 

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The document windows: making, opening, bringing to the front, saving, closing.
 #include "core/commands/WindowEvents.h"
+#include "core/model/mXMLEdit.h"
 #include "core/sync/Files.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
+#include "nodes/FinishEdits.h"
 #include "nodes/dialogs/frmEditNodes.h"
 #include "platform/text/TextTools.h"
 #include "shell/frmMDIMain.h"
 #include "textview/fill/FillText.h"
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <algorithm>
 
 DocumentWindow* frmMDIMain::ActiveForm() {
@@ -39,15 +42,15 @@ template <typename Form> DocumentWindow& frmMDIMain::MakeForm(const QString& nam
 }
 
 void frmMDIMain::FillWindow(DocumentWindow& window, const FetchedText& text) {
-    window.fileForm = text.form;
     if (text.text.isEmpty()) {
+        window.fileForm = text.form;
         AddTreeRoot(window, true);
         window.bTreeChanged = true;
         DoTree(window);
         window.msOpenText = {}; // a document that was never saved counts as changed
+        BeginHistory(window);
     } else {
-        SetRichText(window, text.text);
-        XMLToTree(window, text, 0);
+        TakeFetched(window, text);
         if (!window.rtxtXML.Long().holdsOnly(u" \t\r\n"))
             window.msOpenText = window.rtxtXML.Long();
         window.msLastParsedText = window.rtxtXML.Long();
@@ -97,10 +100,24 @@ void frmMDIMain::NewSXMLFile(const FetchedText& text, const QString& fileName) {
     NewFile<frmSXMLEdit>(text, fileName);
 }
 
+namespace {
+
+// What stands around a pasted name belongs to no file, as long as no file is called so: reading passes over
+// it, and so must all that is kept.
+QString NameMeant(Application& app, const QString& name) {
+    return mXMLEdit::FileExist(app, name) ? name : name.trimmed();
+}
+
+} // namespace
+
 void frmMDIMain::OpenNamed(const QString& name) try {
-    app_.CurrentFileName = name;
+    if (opening_) // a file dropped while another one is still fetched
+        return;
+    const QScopedValueRollback opening(opening_, true);
+    const QString fileName = NameMeant(app_, name);
+    app_.CurrentFileName = fileName;
     DocumentWindow* form = nullptr;
-    OpenFile(app_, name, form);
+    OpenFile(app_, fileName, form);
 } catch (const text::Fault& fault) {
     ErrorReportBox(fault, QStringLiteral("frmMDIMain@OpenNamed"));
 }

@@ -160,6 +160,10 @@ void frmMDIMain::cmbAddress_Click() {
 void frmMDIMain::cmbAddress_KeyUp(int key) {
     if ((key != Qt::Key_Return && key != Qt::Key_Enter) || address_.Text().isEmpty())
         return;
+    const QString entered = address_.Text();
     cmbAddress_Click();
-    ProcessList(address_);
+    if (address_.Text().isEmpty()) // a document from the web: its address isn't shown
+        AddToList(entered);
+    else
+        ProcessList(address_);
 }

@@ -162,6 +162,7 @@ private:
     MenuSituation menuSituation_ = MenuSituation::NoForm;
     int mousePointer_ = 0;
     int newDocuments_ = 0; ///< documents that got a made-up name
+    bool opening_ = false; ///< a document is being fetched
     /// One empty entry, and nothing is ever added: see mnuFileSaveAll_Click.
     std::vector<DocumentWindow*> windowList_{nullptr};
 };

@@ -2,6 +2,7 @@
 #include "core/commands/DragEvents.h"
 #include "core/commands/WindowEvents.h"
 #include "nodes/DragDrop.h"
+#include "nodes/FinishEdits.h"
 
 namespace {
 

@@ -8,6 +8,7 @@
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
 #include "nodes/Clipboard.h"
+#include "nodes/FinishEdits.h"
 #include "nodes/ListCommands.h"
 #include "nodes/ListEditor.h"
 #include "nodes/TreeCommands.h"
@@ -140,6 +141,10 @@ void tvXML_LabelEdited(DocumentWindow& window) {
 void BeforeLabelEdit(DocumentWindow& window, bool& cancel) {
     if (!window.kind.renamesNodes && !m_tvXML::IsTreeRoot(window.tvXML.SelectedItem()))
         cancel = true;
+    if (window.bTextChanged) { // which makes other nodes: the one that was to be renamed may be gone
+        ReadEditedText(window);
+        cancel = true;
+    }
     tvXML_BeforeLabelEdit(window, cancel);
 }
 
@@ -280,12 +285,6 @@ void ConnectPane(DocumentWindow& window, controls::RichTextBox& pane, bool secon
 }
 
 } // namespace
-
-void FinishEdits(DocumentWindow& window) {
-    window.tvXML.FinishLabelEdit();
-    window.ListView1.FinishLabelEdit();
-    txtListView_LostFocus(window);
-}
 
 void Form_Load(DocumentWindow& window) {
     window.txtListView.SetVisible(false);

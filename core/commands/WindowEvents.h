@@ -8,8 +8,6 @@
 void Form_Load(DocumentWindow& window);
 /// Each time the window becomes the active one.
 void Form_Activate(DocumentWindow& window);
-/// Ends what is being typed in a label or a cell, as if the user had left it.
-void FinishEdits(DocumentWindow& window);
 /// Before the window closes: finishes edits, asks to save, files the name under the recent ones. `cancel` is
 /// set when the user chose to keep the window.
 void Form_Unload(DocumentWindow& window, bool& cancel);

@@ -80,11 +80,12 @@ bool Take(Application& app, std::shared_ptr<Fetching> fetching, text::Decoded de
 } // namespace
 
 bool GetData(Application& app, const QString& address, FetchedText& fetched) {
+    const QString name = text::Trim(address);
     switch (GetAddressType(address)) {
-    case 1:
-        return GetFileData(app, text::Trim(address), fetched);
+    case 1: // a file's name may begin or end with blanks
+        return GetFileData(app, FileExist(app, address) ? address : name, fetched);
     case 2:
-        return GetHttpData(app, text::Trim(address), fetched);
+        return GetHttpData(app, name, fetched);
     default:
         return true;
     }

@@ -15,9 +15,9 @@ inline text::CompactView WithoutTrailingBlanks(text::CompactView view) {
     return view;
 }
 
-// The root's key is a name, which says no kind.
+// The root's key is the document's name: whatever that looks like, it says no kind.
 inline int KindOf(controls::TreeCursor node) {
-    return std::max(node.kind(), 0);
+    return node.parent() ? std::max(node.kind(), 0) : kRoot;
 }
 
 inline bool IsText(controls::TreeCursor node) {

@@ -61,6 +61,8 @@ int GetKeyType(const QString& key) {
 }
 
 int GetKeyType(TreeNode node) {
+    if (node && !node.Parent())
+        return 0; // a document's name may look like a key
     const int kind = node.KeyKind();
     return kind >= 0 ? kind : GetKeyType(node.Key());
 }
@@ -105,7 +107,7 @@ long GetAllChildNodeNumber(TreeNode node) {
 long GetBeforeNodeNumber(Application& app, TreeNode node) {
     long number = 0;
     for (TreeCursor at = node ? TreeCursor(node) : TreeCursor(); at; at = at.parent()) {
-        if (number > 0 && at.kind() < 0 && at.node().Key() == app.CurrentFileName)
+        if (number > 0 && !at.parent() && at.node().Key() == app.CurrentFileName)
             break;
         ++number;
         for (TreeCursor before = at.previous(); before; before = before.previous())

@@ -20,7 +20,7 @@ QString GetDistinctElementKey(Application& app, int nodeType);
 /// "=" behind the first position cuts everything up to and including the last one first. A list row's key
 /// works too.
 int GetKeyType(const QString& key);
-/// The same for a node's key, without making a text of it.
+/// The same for a node's key, without making a text of it; 0 for a tree root, whose key is a document's name.
 int GetKeyType(TreeNode node);
 
 bool IsTreeRoot(TreeNode node);

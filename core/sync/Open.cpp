@@ -26,16 +26,12 @@ void Reload(DocumentWindow& window, const QString& fileName, const FetchedText& 
     const auto loaded = qScopeGuard([&window] { window.bLoaded = true; });
     app.CurrentFileName = fileName;
     window.SetCaption(fileName);
-    window.fileForm = fetched.form;
-    SetRichText(window, fetched.text);
-    XMLToTree(window, fetched, 0);
+    TakeFetched(window, fetched);
     if (app.frame)
         ShowNodePath(window, app.frame->StatusBar1());
     window.msOpenText = window.rtxtXML.Long();
     window.msLastParsedText = window.rtxtXML.Long();
-    window.undoStack.clear(); // its steps lead to another document
-    window.UndoPos = 0;
-    SetUndoRedoMenuToolBar(window);
+    BeginHistory(window); // the steps so far lead to another document
     DoTree(window);
 }
 
@@ -49,6 +45,10 @@ bool MakeNewInstead(Application& app, const QString& fileName) {
                 : QStringLiteral("Bad file name! Do you want to create new xml file with name: ")) +
         name + QStringLiteral(" ?");
     if (app.services.prompts.MsgBox(question, Buttons::YesNo, Icon::Question) != Answer::Yes)
+        return false;
+    // The first save would write over a file that merely couldn't be read, or that has the name with the
+    // extension.
+    if (mXMLEdit::FileExist(app, name) && !MayReplace(app, name))
         return false;
     if (schema)
         app.frame->NewSXMLFile({}, name);
@@ -67,6 +67,21 @@ void NameAfterFailure(Application& app, const QString& fileName, DocumentWindow*
 }
 
 } // namespace
+
+void TakeFetched(DocumentWindow& window, const FetchedText& fetched) {
+    window.fileForm = fetched.form;
+    SetRichText(window, fetched.text);
+    // Colouring may have put blanks in; which line end is whose is told by the text as it was before an edit.
+    if (!window.fileForm.lineEnds.each.empty())
+        window.fileForm.lineEnds.loadedText = window.rtxtXML.Long();
+    XMLToTree(window, fetched, 0);
+}
+
+void BeginHistory(DocumentWindow& window) {
+    window.undoStack.clear();
+    window.UndoPos = 0;
+    SetUndoRedoMenuToolBar(window);
+}
 
 void OpenFile(Application& app, const QString& fileName, DocumentWindow*& form) try {
     // However the opening breaks off, a later save must go to the document that the user sees.

@@ -72,12 +72,6 @@ void TakeName(DocumentWindow& window, const QString& name) {
         window.app.frame->cmbAddress().SetText(name);
 }
 
-bool MayReplace(DocumentWindow& window, const QString& name) {
-    return window.app.services.prompts.MsgBox(
-               name + QStringLiteral(" already exists. Do you want to replace it?"), Buttons::YesNo,
-               Icon::None, QStringLiteral("Save file ...")) == Answer::Yes;
-}
-
 // The user may have let the declaration be changed on the way to the file: text and tree follow.
 // False when the user declined another encoding: that is no saving, and a closing window stays.
 bool Write(DocumentWindow& window, const QString& fileName) {
@@ -103,6 +97,12 @@ bool Write(DocumentWindow& window, const QString& fileName) {
 
 } // namespace
 
+bool MayReplace(Application& app, const QString& name) {
+    return app.services.prompts.MsgBox(name + QStringLiteral(" already exists. Do you want to replace it?"),
+                                       Buttons::YesNo, Icon::None,
+                                       QStringLiteral("Save file ...")) == Answer::Yes;
+}
+
 void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck) try {
     if (!bSkipCheck) {
         const bool ask = BringTogether(window);
@@ -123,7 +123,7 @@ void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck) try {
             return;
         const bool exists = mXMLEdit::FileExist(window.app, name);
         TakeName(window, name);
-        if (exists && !MayReplace(window, name))
+        if (exists && !MayReplace(window.app, name))
             return;
         if (!Write(window, name))
             return;

@@ -61,6 +61,14 @@ void LeaveTextView(DocumentWindow& window) try {
         ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".rtxtXML_LostFocus"));
 }
 
+bool ReadEditedText(DocumentWindow& window) {
+    if (!window.bTextChanged)
+        return true;
+    const bool told = window.TextInUse().Long() == window.msLastParsedText; // of this very text, before
+    LeaveTextView(window);
+    return told || !window.bTextUnread;
+}
+
 void NavToNodeRelatedText(DocumentWindow& window) try {
     controls::RichTextBox& target = window.TextInUse();
     const TreeNode node = window.tvXML.SelectedItem();

@@ -42,8 +42,12 @@ void ShowBadText(DocumentWindow& window, const text::LongText& text, const xml::
         SetTreeXMLColor(window);
     }
     window.tbsXML.Select(QStringLiteral("textview"));
-    if (document)
-        mXMLEdit::PointToErrorPos(app, document->parseError());
+    if (!document)
+        return;
+    // The view's text may have blanks that the colouring put in: then the place is another one there.
+    xml::ParsedDocument shown;
+    const bool asFetched = window.rtxtXML.Long() == text || shown.loadXML(window.rtxtXML.Long());
+    mXMLEdit::PointToErrorPos(app, (asFetched ? *document : shown).parseError());
 }
 
 void FillTree(DocumentWindow& window, const xml::ParsedDocument& document) {
@@ -109,6 +113,7 @@ ParsedRoot XMLToTree(DocumentWindow& window, const FetchedText& text, long selec
         root.element = root.document->documentElement();
         FillTree(window, *root.document);
         window.bTextUnread = false;
+        window.bTextChanged = false;
         if (ShowsTextView(window) || window.rtxtXML.Long().isEmpty())
             TreeChangeTextView(window);
         SelectByNumber(window, selectNumber);
@@ -161,13 +166,14 @@ void TreeChangeTextView(DocumentWindow& window, bool withNewNode) try {
     if (!withNewNode && IsAddingNewNode(window))
         return;
     window.bTreeChanged = false;
-    const bool unread = std::exchange(window.bTextUnread, false);
+    const text::LongText before = window.TextInUse().Long();
+    const bool ahead = window.bTextChanged && !(before == window.msLastParsedText);
+    const bool unread = std::exchange(window.bTextUnread, false) || ahead;
     // A text that couldn't be written is still behind the tree: nothing may take it for the document.
     auto brokenOff = qScopeGuard([&window, unread] {
         window.bTreeChanged = true;
         window.bTextUnread = unread;
     });
-    const text::LongText before = window.TextInUse().Long();
     WriteTreeAsText(window);
     brokenOff.dismiss();
     if (unread && !(window.TextInUse().Long() == before))

@@ -46,6 +46,9 @@ bool IsAddingNewNode(DocumentWindow& window);
 
 /// Leaving the text view in use: an edited text is parsed and the tree built anew from it.
 void LeaveTextView(DocumentWindow& window);
+/// Leaves the text view in use if its text is ahead of the tree, as it also is when a command changed it
+/// while the focus was elsewhere. False when it doesn't parse and the user has just been told.
+bool ReadEditedText(DocumentWindow& window);
 /// Puts the caret of the text view in use on the current node and selects its first character.
 void NavToNodeRelatedText(DocumentWindow& window);
 /// Selects the tree node that the caret stands in, without a parse.

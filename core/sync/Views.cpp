@@ -117,7 +117,7 @@ void DoTree(DocumentWindow& window) try {
     if (!node)
         return;
     const bool moved = key != window.TextInUse().Tag;
-    if (window.app.frame && (moved || key != window.msShownPathKey))
+    if (window.app.frame && (changed || moved || key != window.msShownPathKey))
         ShowNodePath(window, window.app.frame->StatusBar1());
     if (tab == QStringLiteral("textview") && window.miPopupContext == kContextTree && (moved || changed))
         NavToNodeRelatedText(window);

@@ -5,6 +5,7 @@
 #include "core/model/m_tvXML.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
+#include "nodes/FinishEdits.h"
 #include "nodes/ListEditor.h"
 #include "nodes/ListRows.h"
 #include <utility>
@@ -21,17 +22,6 @@ void SelectAnyRow(controls::ListView& list) {
 void ShowListTab(DocumentWindow& window) {
     if (window.tbsXML.SelectedKey() != QStringLiteral("listview"))
         window.tbsXML.Select(QStringLiteral("listview"));
-}
-
-// What was edited in the window itself comes into the tree first. False when its text doesn't parse.
-bool FinishWindow(DocumentWindow& window) {
-    window.tvXML.FinishLabelEdit();
-    window.ListView1.FinishLabelEdit();
-    txtListView_LostFocus(window);
-    if (!window.bTextChanged)
-        return true;
-    LeaveTextView(window);
-    return !window.bTextUnread;
 }
 
 } // namespace
@@ -76,10 +66,8 @@ void frmEditNodes::ConnectBoxes() {
                 ComplainAbout(m_tvXML::NodeNameProbe(txtNodeName.Text()));
         });
     });
-    txtNodeAttrs.Change.connect([this] {
-        Guarded("frmEditNodes.txtNodeAttrs_Change",
-                [this] { ComplainAbout(NodeValueProbe(*window_, hand_, txtNodeAttrs.Text())); });
-    });
+    txtNodeAttrs.Change.connect(
+        [this] { Guarded("frmEditNodes.txtNodeAttrs_Change", [this] { txtNodeAttrs_Change(); }); });
     txtNodeText.Change.connect([this] {
         Guarded("frmEditNodes.txtNodeText_Change",
                 [this] { ComplainAbout(m_tvXML::NodeTextProbe(txtNodeText.Text(), name_)); });
@@ -87,6 +75,14 @@ void frmEditNodes::ConnectBoxes() {
     txtXPath.KeyDown.connect([this](int& key, int) {
         Guarded("frmEditNodes.txtXPath_KeyDown", [this, &key] { txtXPath_KeyDown(key); });
     });
+}
+
+// A list of attributes has a validator that does without a box; for other values there is the probe alone.
+void frmEditNodes::txtNodeAttrs_Change() {
+    if (kind_ == kRowElement && IsChanged())
+        m_tvXML::ValidateNodeAttributes(app_, txtNodeAttrs.Text(), name_, false);
+    else
+        ComplainAbout(NodeValueProbe(*window_, hand_, txtNodeAttrs.Text()));
 }
 
 void frmEditNodes::ComplainAbout(const QString& probe) {
@@ -98,7 +94,7 @@ void frmEditNodes::ComplainAbout(const QString& probe) {
 bool frmEditNodes::Form_Load(DocumentWindow& window) {
     if (window_ && !SaveCurrentNode())
         return false;
-    if (!FinishWindow(window))
+    if (!FinishAllEdits(window))
         return false;
     window_ = &window;
     const bool list = window.miPopupContext == kContextList;
@@ -115,7 +111,7 @@ bool frmEditNodes::Form_Load(DocumentWindow& window) {
 }
 
 void frmEditNodes::Form_Activate() {
-    if (!window_ || !FinishWindow(*window_))
+    if (!window_ || !FinishAllEdits(*window_))
         return;
     const NodeInHand current = GetNodeInHand(*window_, InList() ? kContextList : kContextTree);
     if (current == hand_ && IsChanged())
@@ -235,7 +231,7 @@ bool frmEditNodes::SaveCurrentNode() {
     if (!window_ || !IsChanged())
         return true;
     try {
-        if (!FinishWindow(*window_))
+        if (!FinishAllEdits(*window_))
             return false;
         // A node can't go without a name, and there is nothing to say about an empty one: it keeps its own.
         if (txtNodeName.Text().isEmpty())

@@ -65,6 +65,7 @@ private:
     void SelectRowInHand();
     void EnableButtons();
     void EnableListMoves();
+    void txtNodeAttrs_Change();
     void ComplainAbout(const QString& probe);
 
     Application& app_;

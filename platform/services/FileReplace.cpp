@@ -144,6 +144,40 @@ std::optional<FileResult> Objection(const QByteArray& target, const struct stat&
     return std::nullopt;
 }
 
+/// The file that a path stands for.
+struct Target {
+    QByteArray path;
+    bool exists = false;
+    struct stat old {}; ///< of an existing one
+};
+
+FileResult FindTarget(const QString& path, Target& target) {
+    target.path = NativePath(path);
+    if (target.path.isEmpty())
+        return Failure(FileError::BadName, QString::fromLocal8Bit(std::strerror(EINVAL)));
+    if (const int error = FollowLinks(target.path))
+        return FailureOf(error);
+    target.exists = stat(target.path.constData(), &target.old) == 0;
+    if (!target.exists && errno != ENOENT)
+        return FailureOf(errno);
+    if (target.exists) {
+        if (const std::optional<FileResult> objection = Objection(target.path, target.old))
+            return *objection;
+    }
+    return {};
+}
+
+/// Whether the new file could be made beside the target.
+FileResult Made(const TemporaryFile& file) {
+    if (file.Error() == 0)
+        return {};
+    const FileResult failure = FailureOf(file.Error());
+    return failure.error == FileError::Permission ? Failure(FileError::ReadOnly, failure.description)
+                                                  : failure;
+}
+
+constexpr mode_t kPrivate = 0600; // until a new file has the rights of the old one
+
 void FlushFolder(const QByteArray& folder) {
     const FileHandle handle(open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (handle.IsOpen())
@@ -181,36 +215,29 @@ FileResult FailureOf(int systemError) {
 }
 
 FileResult ReplaceFile(const QString& path, const QByteArray& bytes, mode_t newFileMode) {
-    QByteArray target = NativePath(path);
-    if (target.isEmpty())
-        return Failure(FileError::BadName, QString::fromLocal8Bit(std::strerror(EINVAL)));
-    if (const int error = FollowLinks(target))
-        return FailureOf(error);
-    struct stat old {};
-    const bool exists = stat(target.constData(), &old) == 0;
-    if (!exists && errno != ENOENT)
-        return FailureOf(errno);
-    if (exists) {
-        if (const std::optional<FileResult> objection = Objection(target, old))
-            return *objection;
-    }
-    const QByteArray folder = FolderOf(target);
-    constexpr mode_t kPrivate = 0600; // until it has the rights of the old file
-    TemporaryFile file(folder, exists ? kPrivate : newFileMode);
-    if (const int error = file.Error()) {
-        const FileResult failure = FailureOf(error);
-        return failure.error == FileError::Permission ? Failure(FileError::ReadOnly, failure.description)
-                                                      : failure;
-    }
-    int error = exists ? CopyRights(target, old, file.Descriptor()) : 0;
+    Target target;
+    if (FileResult result = FindTarget(path, target); !result)
+        return result;
+    const QByteArray folder = FolderOf(target.path);
+    TemporaryFile file(folder, target.exists ? kPrivate : newFileMode);
+    if (FileResult result = Made(file); !result)
+        return result;
+    int error = target.exists ? CopyRights(target.path, target.old, file.Descriptor()) : 0;
     if (error == 0)
         error = file.Write(bytes);
     if (error == 0)
-        error = file.RenameTo(target);
+        error = file.RenameTo(target.path);
     if (error != 0)
         return FailureOf(error);
     FlushFolder(folder);
     return {};
+}
+
+FileResult MayReplaceFile(const QString& path) {
+    Target target;
+    if (FileResult result = FindTarget(path, target); !result)
+        return result;
+    return Made(TemporaryFile(FolderOf(target.path), kPrivate));
 }
 
 } // namespace services

@@ -11,6 +11,9 @@ inline constexpr mode_t kNewFileMode = 0666;
 /// FileSystem::Replace. A file that isn't there yet gets `newFileMode` less what the user's mask takes away.
 FileResult ReplaceFile(const QString& path, const QByteArray& bytes, mode_t newFileMode = kNewFileMode);
 
+/// FileSystem::MayReplace.
+FileResult MayReplaceFile(const QString& path);
+
 /// Path as the system wants it; empty for a name that can't be one (none, or with a NUL in it).
 QByteArray NativePath(const QString& path);
 /// The failure behind an error number of the system, with its text.

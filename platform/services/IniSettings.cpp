@@ -14,6 +14,7 @@ namespace {
 
 // Nobody's settings are this long; something else lies there, and its lines would fill the memory.
 constexpr off_t kLargest = 4 << 20;
+const QString kTooLarge = QStringLiteral("too large for a settings file");
 
 QString DefaultPath() {
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
@@ -72,7 +73,7 @@ private:
         const Stamp now = StampOf(path_);
         QByteArray bytes;
         if (now.size > kLargest)
-            reading_ = Failure(FileError::Other, QStringLiteral("too large for a settings file"));
+            reading_ = Failure(FileError::Other, kTooLarge);
         else
             reading_ = now.exists ? files_->Read(path_, bytes) : FileResult();
         text_ = IniText(bytes);
@@ -100,7 +101,10 @@ private:
             return {};
         IniText changed = text_;
         changed.Set(section, key, value);
-        FileResult result = ReplaceFile(path_, changed.ToBytes());
+        const QByteArray bytes = changed.ToBytes();
+        if (bytes.size() > kLargest) // it could not be read again
+            return Failure(FileError::Other, kTooLarge);
+        FileResult result = ReplaceFile(path_, bytes);
         if (result) {
             text_ = std::move(changed);
             stamp_ = StampOf(path_);

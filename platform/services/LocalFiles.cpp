@@ -105,6 +105,8 @@ public:
         return ReplaceFile(path, bytes);
     }
 
+    FileResult MayReplace(const QString& path) override { return MayReplaceFile(path); }
+
     bool Exists(const QString& path) override {
         struct stat info {};
         return stat(NativePath(path).constData(), &info) == 0 && !S_ISDIR(info.st_mode);

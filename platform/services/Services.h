@@ -85,6 +85,9 @@ public:
     /// link to its target. Access rights stay as they were; a file without any write permission bit, or that
     /// this user may not write, is ReadOnly.
     virtual FileResult Replace(const QString& path, const QByteArray& bytes) = 0;
+    /// Whether Replace could begin: the name can be a file's, its folder is there, and the rights are. Leaves
+    /// nothing behind.
+    virtual FileResult MayReplace(const QString& path) = 0;
     virtual bool Exists(const QString& path) = 0; ///< a file, not a folder
     virtual bool Delete(const QString& path) = 0; ///< true when it existed and is gone
     virtual FileResult Copy(const QString& source, const QString& target) = 0;

@@ -127,6 +127,25 @@ Decoded ReadUndeclared(const QByteArray& bytes, qsizetype markSize) {
     return ReadAs(KnownCode("ISO-8859-1"), bytes, markSize).value_or(Decoded{});
 }
 
+QString DeclarationWarning(const QString& label, bool known, const QString& used) {
+    return (known ? QStringLiteral("The bytes of the file aren't in the declared encoding \"%1\"; "
+                                   "it was read as %2.")
+                  : QStringLiteral("The declared encoding \"%1\" isn't known; the file was read "
+                                   "as %2."))
+        .arg(label, used);
+}
+
+/// Nothing for UTF-8, which needs no naming unless the server named something else.
+QString NoDeclarationWarning(const QString& charset, const QString& used) {
+    if (!charset.isEmpty())
+        return QStringLiteral("The bytes aren't in the encoding \"%1\" that the server named; they "
+                              "were read as %2.")
+            .arg(charset, used);
+    if (used == QStringLiteral("UTF-8"))
+        return {};
+    return QStringLiteral("The file names no encoding and isn't UTF-8; it was read as %1.").arg(used);
+}
+
 /// Reads by the declaration, or without one.
 Decoded ReadByDeclaration(const QByteArray& bytes, qsizetype markSize, const QString& charset) {
     const QString label = LabelIn(QByteArrayView(bytes).sliced(markSize));
@@ -140,19 +159,10 @@ Decoded ReadByDeclaration(const QByteArray& bytes, qsizetype markSize, const QSt
     std::optional<Decoded> named = ReadByCharset(charset, bytes, markSize);
     const bool byCharset = named.has_value();
     Decoded result = byCharset ? *std::move(named) : ReadUndeclared(bytes, markSize);
-    if (label.isEmpty() && !charset.isEmpty() && !byCharset) {
-        result.warning = QStringLiteral("The bytes aren't in the encoding \"%1\" that the server named; they "
-                                        "were read as %2.")
-                             .arg(charset, result.form.encoding);
-    }
-    if (!label.isEmpty()) {
-        result.warning =
-            (declared ? QStringLiteral("The bytes of the file aren't in the declared encoding \"%1\"; "
-                                       "it was read as %2.")
-                      : QStringLiteral("The declared encoding \"%1\" isn't known; the file was read "
-                                       "as %2."))
-                .arg(label, result.form.encoding);
-    }
+    if (!label.isEmpty())
+        result.warning = DeclarationWarning(label, declared.has_value(), result.form.encoding);
+    else if (!byCharset)
+        result.warning = NoDeclarationWarning(charset, result.form.encoding);
     if (byCharset)
         WriteAsUtf8(result);
     return result;

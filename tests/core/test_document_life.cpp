@@ -53,6 +53,22 @@ TEST(Opening, BadTextIsShownWithItsErrorSelected) {
     EXPECT_EQ(window.rtxtXML2.Text(), window.rtxtXML.Text());
 }
 
+// Colouring puts a blank into comments, and the error stands behind them.
+TEST(Opening, TheErrorIsSelectedBehindCommentsToo) {
+    TestApp t;
+    t.prompts.Answer(Answer::Ok);
+    DocumentWindow& window = t.OpenText(QStringLiteral("bad.xml"), "<!--a-->\n<!--b-->\n<r><x></r>");
+    EXPECT_EQ(window.rtxtXML.SelText(), QStringLiteral("r"));
+    EXPECT_EQ(window.rtxtXML.Text().mid(window.rtxtXML.SelStart() - 2, 4), QStringLiteral("</r>"));
+}
+
+TEST(Opening, ANewDocumentHasNothingToUndo) {
+    TestApp t;
+    t.ChooseMenu(QStringLiteral("mnuFileNew"));
+    EXPECT_FALSE(t.frame().Menu(QStringLiteral("mnuEditUndo")).Enabled());
+    EXPECT_EQ(t.window().UndoPos, 0);
+}
+
 TEST(Opening, AFailedReloadLeavesTheWindowAlone) {
     TestApp app;
     DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
@@ -362,6 +378,15 @@ TEST(Saving, KeepsEncodingMarkAndLineEnds) {
         app.ChooseMenu(QStringLiteral("mnuFileSaveAs"));
         EXPECT_EQ(app.folder.Read(QStringLiteral("copy-") + QString::fromLatin1(name)), bytes) << name;
     }
+}
+
+// The blanks that colouring puts into comments don't tell the lines between them from those of the file.
+TEST(Saving, KeepsTheLineEndsOfAMixedFileBetweenComments) {
+    TestApp t;
+    t.OpenText(QStringLiteral("mixed.xml"), "<!--a-->\r\n<r>\n<b/>\r\n<c/>\n</r>\n<!--z-->");
+    t.prompts.Choose(t.folder.Path(QStringLiteral("copy.xml")));
+    t.ChooseMenu(QStringLiteral("mnuFileSaveAs"));
+    EXPECT_EQ(t.folder.Read(QStringLiteral("copy.xml")), "<!-- a-->\r\n<r>\n<b/>\r\n<c/>\n</r>\n<!-- z-->");
 }
 
 TEST(Saving, ACharacterThatTheEncodingCantHoldIsAskedFor) {

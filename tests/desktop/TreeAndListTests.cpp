@@ -121,6 +121,26 @@ TEST_F(TreeAndList, EnterInThePathBoxSelectsTheNode) {
 }
 
 // The Enter that closes a box is released over the path box, which must not search once more.
+// After a deletion another node is current: a key that is held must not go on with that one.
+TEST_F(TreeAndList, AHeldDeleteKeyDeletesOneNode) {
+    t.Press(Qt::Key_Down);
+    t.Press(Qt::Key_Right);
+    t.Press(Qt::Key_Down);
+    ASSERT_EQ(t.SelectedNode(), QStringLiteral("pen"));
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+    QApplication::sendEvent(&t.Tree(), &press);
+    for (int i = 0; i < 5; ++i) {
+        QKeyEvent up(QEvent::KeyRelease, Qt::Key_Delete, Qt::NoModifier, {}, true);
+        QApplication::sendEvent(&t.Tree(), &up);
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, {}, true);
+        QApplication::sendEvent(&t.Tree(), &down);
+    }
+    EXPECT_TRUE(t.window().rtxtXML.Text().contains(QStringLiteral("<pen")));
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Delete, Qt::NoModifier);
+    QApplication::sendEvent(&t.Tree(), &release);
+    EXPECT_EQ(t.window().rtxtXML.Text(), QStringLiteral("<shop>\r\n\t<ink>blue</ink>\r\n</shop>"));
+}
+
 TEST_F(TreeAndList, AKeyThatIsOnlyReleasedHereRaisesNothing) {
     Path().setFocus();
     Path().clear();

@@ -93,4 +93,37 @@ TEST_F(DocumentName, ThatTheSystemRefusesIsToldAndNotTaken) {
     EXPECT_EQ(t.folder.Read(QStringLiteral("a.xml")), "<a>new</a>");
 }
 
+// A new document has no file to copy: without a look at the folder its text would be lost on saving.
+TEST_F(DocumentName, ThatCanNotBeSavedUnderIsNotTakenByANewDocument) {
+    t.ChooseMenu(QStringLiteral("mnuFileNew"));
+    const QString made = t.window().Caption;
+    ASSERT_EQ(mkdir(Path("folder").toLocal8Bit().constData(), 0700), 0);
+    for (const QString& wanted : {Path("missing/a.xml"), Path("folder"), QStringLiteral("/proc/a.xml")}) {
+        t.prompts.Answer(Answer::Ok);
+        EXPECT_EQ(Rename(wanted), made) << wanted.toStdString();
+        EXPECT_TRUE(t.prompts.boxes.back().text.startsWith(wanted));
+    }
+    EXPECT_EQ(Rename(Path("kept.xml")), Path("kept.xml"));
+    EXPECT_FALSE(QFile::exists(Path("kept.xml"))) << "looking leaves no file";
+}
+
+// Nodes are known by keys such as "<3>12", and the root by the document's name.
+TEST_F(DocumentName, InTheShapeOfANodesKeyIsStillTheDocuments) {
+    for (const char* shape : {"<3>77", "<1>77", "<7>77", "n<1>b.xml", "n<3>b.xml"}) {
+        SCOPED_TRACE(shape);
+        t.OpenText(QStringLiteral("shapes.xml"), "<book><!--x--><page/></book>");
+        ASSERT_EQ(Rename(QLatin1String(shape)), QLatin1String(shape));
+        DocumentWindow& w = t.window();
+        t.ClickNode(w.tvXML.Nodes(1).Child());
+        t.ChooseMenu(QStringLiteral("mnuEditName"));
+        w.tvXML.EndLabelEdit(QStringLiteral("novel"));
+        EXPECT_EQ(w.rtxtXML.Text(), QStringLiteral("<novel>\r\n<!-- x-->\r\n\t<page></page>\r\n</novel>"));
+        const QString saved = t.folder.Path(QStringLiteral("saved-") + QLatin1String(shape));
+        EXPECT_EQ(Rename(saved), saved) << "it can be given another one";
+        t.ChooseMenu(QStringLiteral("mnuFileSave"));
+        EXPECT_TRUE(t.folder.Read(QStringLiteral("saved-") + QLatin1String(shape)).contains("<novel>"));
+        t.ChooseMenu(QStringLiteral("mnuFileClose"));
+    }
+}
+
 } // namespace

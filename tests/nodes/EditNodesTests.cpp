@@ -78,7 +78,11 @@ TEST_F(EditNodes, WhatTheParserRefusesLeavesTheNodeAndTheTypedText) {
     for (const auto& one : bad) {
         const QString was = one.box.Text();
         one.box.UserTyped(one.typed);
-        EXPECT_FALSE(t.frame().StatusBar1().Panel(1).isEmpty()) << "the parser's complaint while typing";
+        const QString complaint = t.frame().StatusBar1().Panel(1);
+        EXPECT_FALSE(complaint.isEmpty()) << "the parser's complaint while typing";
+        if (&one.box == &d->txtNodeAttrs) { // with the place of the error, in lines
+            EXPECT_TRUE(complaint.contains(QStringLiteral("\r\nLinePos:"))) << complaint.toStdString();
+        }
         d->cmdDown.Click();
         EXPECT_EQ(t.prompts.boxes.size(), ++boxes);
         EXPECT_EQ(one.box.Text(), one.typed);

@@ -59,6 +59,41 @@ TEST_F(TreeAndText, AFileThatDoesNotParseIsNotReplacedByTheEmptyDocumentInSilenc
 }
 
 // The move commands work from the text view as well, without the focus leaving it.
+// The search and the entities change a text that hasn't got the focus.
+TEST_F(TreeAndText, ATextThatACommandChangedComesIntoTheTreeBeforeTheNextOne) {
+    const auto change = [this](const char* text) {
+        w.rtxtXML.SetSelStart(Text().indexOf(QStringLiteral("<list>")) + 6);
+        w.rtxtXML.SetSelLength(0);
+        w.rtxtXML.SetSelText(QLatin1String(text));
+    };
+    w.tbsXML.Select(QStringLiteral("textview"));
+    w.rtxtXML.GotFocus();
+    w.rtxtXML.LostFocus();
+    t.ClickNode(List().Child());
+    change("new text");
+    w.tvXML.KeyUp(Qt::Key_Delete, 0);
+    EXPECT_EQ(Text(), QStringLiteral("<list>new text<b></b>\r\n</list>"));
+    // It is for the node that was chosen, and not for another one that has taken its place.
+    t.ClickNode(List().Child().Next());
+    change("<found/>");
+    w.tvXML.KeyUp(Qt::Key_Delete, 0);
+    EXPECT_TRUE(Shows("<found>") && Shows("<b>")) << Text().toStdString();
+    // One that doesn't parse holds the command back.
+    t.ClickNode(List());
+    change("<lost");
+    const QString typed = Text();
+    t.prompts.Answer(Answer::Ok);
+    w.tvXML.KeyUp(Qt::Key_Delete, 0);
+    EXPECT_EQ(Text(), typed);
+    EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("This is not valid XML"));
+}
+
+TEST_F(TreeAndText, ThePathFollowsARename) {
+    w.tbsXML.Select(QStringLiteral("textview"));
+    Name(List(), "items");
+    EXPECT_EQ(w.txtXPath.Text(), QStringLiteral("/items[1]"));
+}
+
 TEST_F(TreeAndText, WhatIsBeingTypedComesIntoTheTreeBeforeAMove) {
     TypeBehind("<b/>", "<c/>");
     t.ChooseMenu(QStringLiteral("mnuMoveUP")); // of the node at the caret

@@ -152,10 +152,15 @@ TEST_F(Tree, AWrongNameBecomesUnnamed) {
          {QStringLiteral("a\r\nb"), QString(1'000'000, u'<'), QString(QChar(0xD800)), QString(QChar(u'\0')),
           QString::fromUtf8("\xE2\x80\x8F"
                             "a"),
-          QStringLiteral("a/><b")}) {
+          QStringLiteral("a><b")}) {
         w->tvXML.StartLabelEdit();
-        w->tvXML.EndLabelEdit(hostile + u'!');
+        w->tvXML.EndLabelEdit(QStringLiteral("good"));
+        ASSERT_EQ(Element().Text(), QStringLiteral("good"));
+        t.prompts.boxes.clear();
+        w->tvXML.StartLabelEdit();
+        w->tvXML.EndLabelEdit(hostile);
         EXPECT_EQ(Element().Text(), QStringLiteral("Unnamed"));
+        EXPECT_EQ(t.prompts.boxes.size(), 1U);
     }
     // Two spellings of one letter are two names, and both are kept as typed.
     for (const char* name : {"caf\xC3\xA9", "cafe\xCC\x81"}) {

@@ -165,6 +165,15 @@ TEST(IniSettings, WhatIsNoSettingsFileCountsAsEmptyAndStays) {
     EXPECT_FALSE(MakeIniSettings(folder.Path(u"folder.ini"_qs))->Save(kSection, u"Steps"_qs, u"9"_qs));
 }
 
+// Or nothing could be read again, and all settings were gone.
+TEST(IniSettings, AValueThatMakesTheFileTooLargeIsRefused) {
+    const test::Folder folder;
+    const QString path = folder.Path(u"settings.ini"_qs);
+    ASSERT_TRUE(MakeIniSettings(path)->Save(kSection, u"Steps"_qs, u"9"_qs));
+    EXPECT_FALSE(MakeIniSettings(path)->Save(kSection, u"Name"_qs, QString(5 << 20, u'x')));
+    EXPECT_EQ(MakeIniSettings(path)->Get(kSection, u"Steps"_qs), u"9"_qs);
+}
+
 TEST(IniSettings, ADamagedFileIsReadAsFarAsItGoes) {
     const test::Folder folder;
     QByteArray noise;

@@ -186,7 +186,10 @@ TEST(TextFile, WarnsWhereTheDeclaredEncodingDoesNotFit) {
     EXPECT_TRUE(other.warning.contains(u"ASCII")) << Name(other.warning);
     const Decoded unknown = Decode("<?xml version='1.0' encoding='none-such'?><a/>");
     EXPECT_TRUE(unknown.warning.contains(u"none-such")) << Name(unknown.warning);
-    EXPECT_EQ(Decode("<a>\xE9</a>").warning, QString()); // nothing was claimed
+    EXPECT_EQ(Decode("<a>\xE5\x8C\x97</a>").warning, QString());
+    // Without a declaration a document is UTF-8, or one bad byte turns all of it into other letters.
+    const Decoded undeclared = Decode("<a>\xE5\x8C\x97\xFF</a>");
+    EXPECT_TRUE(undeclared.warning.contains(undeclared.form.encoding)) << Name(undeclared.warning);
 }
 
 TEST(TextFile, ACharsetStandsBetweenTheDeclarationAndUtf8) {

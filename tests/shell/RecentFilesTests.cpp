@@ -123,4 +123,17 @@ TEST(RecentFiles, OneThatIsGoneIsToldOfAsAnyMissingFileAndTheDocumentInHandStays
     EXPECT_EQ(t.prompts.Texts(), told);
 }
 
+// The menu then shows what the store held some time ago.
+TEST(RecentFiles, TwoProgramsOnOneStoreLoseNoName) {
+    TestApp t;
+    for (const QString& name : Letters("ba"))
+        t.frame().UpdateFileMenu(name);
+    const QStringList other = Letters("cab"); // another program closes c
+    for (int i = 0; i < other.size(); ++i)
+        t.settings().Save(kSection, QStringLiteral("RecentFile%1").arg(i + 1), other[i]);
+    t.frame().UpdateFileMenu(Letters("b")[0]);
+    EXPECT_EQ(InStore(t), Letters("bca"));
+    EXPECT_EQ(InMenu(t), Letters("bca"));
+}
+
 } // namespace
