@@ -48,7 +48,7 @@ void DeleteTreeNode(DocumentWindow& window, TreeNode node) try {
     if (!node)
         node = window.tvXML.SelectedItem();
     if (!node || m_tvXML::IsTreeRoot(node))
-        return;
+        return; // and nothing counts as changed: a text that doesn't parse would give way to an old tree
     window.bTreeChanged = true;
     const TreeNode parent = node.Parent();
     window.tvXML.Nodes.Remove(node);
@@ -126,10 +126,12 @@ void MoveDown(DocumentWindow& window) {
     MoveUpOrDown(window, false);
 }
 
-void GoBackToTreeUpLevel(DocumentWindow& window) {
+void GoBackToTreeUpLevel(DocumentWindow& window) try {
     const TreeNode node = window.tvXML.SelectedItem();
     if (!node || m_tvXML::IsTreeRoot(node))
         return;
     window.tvXML.SetSelectedItem(node.Parent());
     DoTree(window);
+} catch (const text::Fault& fault) {
+    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".GoBackToTreeUpLevel"));
 }

@@ -76,13 +76,15 @@ QString FullName(const QString& name, const QString& oldName) {
 
 } // namespace
 
-void EditTreeNode(DocumentWindow& window) {
+void EditTreeNode(DocumentWindow& window) try {
     const TreeNode node = window.tvXML.SelectedItem();
     if (!node)
         return;
     const int kind = m_tvXML::GetKeyType(node);
     if (kind != kAttribute && kind != kInstruction)
         window.tvXML.StartLabelEdit();
+} catch (const text::Fault& fault) {
+    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".EditTreeNode"));
 }
 
 void tvXML_BeforeLabelEdit(DocumentWindow& window, bool& cancel) {

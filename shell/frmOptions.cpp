@@ -9,16 +9,14 @@ namespace {
 
 constexpr std::array kSizes = {8, 9, 10, 11, 12, 14, 16, 18, 24};
 
-/// Stores values one by one and keeps the first failure.
+/// Stores values one by one up to the first failure: what stops one stops all, and each may wait for a lock.
 class Writer {
 public:
     explicit Writer(services::SettingsStore& store) : store_(store) {}
 
     void Store(const char* key, const QString& value) {
-        const services::FileResult result =
-            store_.Save(QLatin1String(kOptionsSection), QLatin1String(key), value);
         if (firstFailure_)
-            firstFailure_ = result;
+            firstFailure_ = store_.Save(QLatin1String(kOptionsSection), QLatin1String(key), value);
     }
     void Take(const char* key, const QString& value, QString& inForce) {
         Store(key, value);

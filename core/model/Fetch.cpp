@@ -77,6 +77,12 @@ bool Take(Application& app, std::shared_ptr<Fetching> fetching, text::Decoded de
     return true;
 }
 
+// Why nothing came: the question on a new document follows, and says nothing of it.
+void Tell(Application& app, const QString& reason) {
+    if (app.frame)
+        app.frame->StatusBar1().SetPanel(1, reason);
+}
+
 } // namespace
 
 bool GetData(Application& app, const QString& address, FetchedText& fetched) {
@@ -113,6 +119,7 @@ bool GetFileData(Application& app, const QString& path, FetchedText& fetched) tr
         fetched.cancelled = true;
         return false;
     default:
+        Tell(app, result.description);
         throw text::Fault(70, result.description);
     }
 } catch (const text::Fault& fault) {
@@ -129,15 +136,15 @@ bool GetHttpData(Application& app, const QString& url, FetchedText& fetched) try
         return false;
     }
     if (answer.cannotLocate) {
-        if (app.frame)
-            app.frame->StatusBar1().SetPanel(
-                1, QStringLiteral("The system cannot locate the resource specified!"));
+        Tell(app, QStringLiteral("The system cannot locate the resource specified!"));
         return false;
     }
     // The status isn't looked at: what a server sends with an error is shown as it came. Without any status
     // there was no answer.
-    if (!answer.ok && answer.status < 400)
+    if (!answer.ok && answer.status < 400) {
+        Tell(app, answer.error);
         throw text::Fault(text::kFaultBadCall, answer.error);
+    }
     text::Decoded decoded = text::Decode(answer.body, answer.charset);
     answer.body.clear();
     if (decoded.text.holdsOnly(u" ")) {

@@ -79,6 +79,7 @@ TEST_F(BadInput, UnreadableFile) {
     ASSERT_EQ(app.prompts.boxes.size(), 2U);
     EXPECT_TRUE(app.prompts.boxes[0].text.startsWith(QStringLiteral("Module name:mXMLEdit.GetFileData\r\n")));
     EXPECT_TRUE(app.prompts.boxes[1].text.startsWith(QString::fromLatin1(kBadName)));
+    EXPECT_FALSE(app.frame().StatusBar1().Panel(1).isEmpty()) << "the reason, also without Debug";
     ExpectUsable(1);
 }
 
@@ -270,8 +271,11 @@ TEST_F(BadInput, ServersThatMisbehave) {
         Server server(c.answer);
         app.prompts.AllowAnyBox(Answer::No);
         const std::size_t before = app.prompts.boxes.size();
+        app.frame().StatusBar1().SetPanel(1, {});
         app.EnterAddress(server.Url(QStringLiteral("/x.xml")));
         ASSERT_GT(app.prompts.boxes.size(), before) << c.name;
+        EXPECT_TRUE(!app.frame().StatusBar1().Panel(1).isEmpty() || app.prompts.boxes.size() > before + 1)
+            << c.name << ": why nothing came";
         EXPECT_TRUE(app.prompts.Texts().last().startsWith(QString::fromLatin1(kBadName))) << c.name;
     }
     ExpectUsable(1);
