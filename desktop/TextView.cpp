@@ -47,6 +47,11 @@ void TextView::SetModel(controls::RichTextBox* model) {
             UpdateRows(Text().rowOf(start), Text().rowOf(start + length));
     });
     Listen(model_->selectionChanged, context, [this] { FollowSelection(); });
+    Listen(model_->allSelected, context, [this] {
+        stale_ = stale_ || !isVisible();
+        if (!stale_)
+            SelectAll();
+    });
     Listen(model_->fontChanged, context, [this] { ApplyFont(); });
     ApplyFont();
     stale_ = true;
@@ -94,7 +99,10 @@ void TextView::TextReplaced(qsizetype at, qsizetype removed, const QString& text
     if (stale_)
         return;
     const qsizetype before = std::exchange(rowCount_, Text().rowCount());
+    const int margin = margin_;
     UpdateBars();
+    if (margin_ != margin)
+        viewport()->update(); // all rows move
     const text::LongText& all = Text();
     const qsizetype first = all.rowOf(all.lineStart(all.lineOf(at)));
     // A line that is cut into rows may be cut elsewhere from here on; the next line stays as it is.
@@ -136,6 +144,11 @@ void TextView::Zoom(int points) {
     const double zoomed = std::clamp(size + (points == 0 ? 0 : zoom_ + points), kSmallest, kLargest);
     zoom_ = static_cast<int>(std::lround(zoomed - size));
     ApplyFont();
+    for (QObject* beside : parent() ? parent()->children() : QObjectList()) {
+        auto* other = qobject_cast<TextView*>(beside);
+        if (other && std::exchange(other->zoom_, zoom_) != zoom_)
+            other->ApplyFont();
+    }
 }
 
 // --- events ------------------------------------------------------------------------------------------------

@@ -45,15 +45,18 @@ public:
     // --- places, in the viewport's pixels
     // --------------------------------------------------------------------
     qsizetype PositionAt(QPoint place) const; ///< of the caret place nearest to a point
-    QRect RectAt(qsizetype position) const;   ///< of a caret there; may be outside the viewport
-    qsizetype FirstRow() const;               ///< the topmost row shown
-    qsizetype RowsShown() const;              ///< whole ones, at least 1
+    /// Of the character under a point; beside the characters as PositionAt.
+    qsizetype CharacterAt(QPoint place) const;
+    QRect RectAt(qsizetype position) const; ///< of a caret there; may be outside the viewport
+    qsizetype FirstRow() const;             ///< the topmost row shown
+    qsizetype RowsShown() const;            ///< whole ones, at least 1
     /// Scrolls as little as needed.
     void ShowCaret();
     /// Scrolls so that the caret stands a few rows below the view's top, unless it is in view already.
     void ShowCaretHigh();
 
-    /// Makes the view's letters larger or smaller by points; the model's font stays. 0 resets it.
+    /// Makes the letters larger or smaller by points, in all views that stand side by side; the model's font
+    /// stays. 0 resets it.
     void Zoom(int points);
     bool IsOverwriting() const { return overwrite_; }
 
@@ -154,7 +157,7 @@ private:
     void EnterText(const QString& text);
 
     // --- mouse (TextViewMouse.cpp, TextViewDrop.cpp)
-    text_steps::Range UnitAt(qsizetype position) const;
+    text_steps::Range UnitAt(QPoint place) const;
     void StartSelecting(Unit unit, QPoint place);
     void ExtendTo(QPoint place);
     void ScrollTowardsPointer();
@@ -162,6 +165,7 @@ private:
     void UpdatePointer(QPoint place);
     void StartDrag();
     bool TakeDrag(QDropEvent& event);
+    void EndDragOver();
     bool ShowsSameText(const TextView& other) const;
     bool TakeOver(const TextView& from, const QString& dragged);
     void ShowDropPlace(qsizetype position);
@@ -178,6 +182,7 @@ private:
 
     mutable TextRows rows_;
     qsizetype rowCount_ = 1; ///< when the view was last painted or updated
+    int margin_ = 0;         ///< its width then
     double widest_ = 0;      ///< of the rows set so far
     int zoom_ = 0;           ///< points
     bool stale_ = true;      ///< the model changed while nobody saw it

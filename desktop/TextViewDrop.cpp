@@ -16,15 +16,15 @@ void TextView::StartDrag() {
     const QPointer<TextView> self = this;
     QDrag* drag = std::make_unique<QDrag>(this).release(); // it deletes itself when it is over
     drag->setMimeData(MakeTextMime(before, range).release());
-    drags_ = true;
+    drags_ = model_->DragsSelection = true;
     movedInside_ = false;
     const Qt::DropActions may = model_->Locked ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction;
     const Qt::DropAction wanted = model_->Locked ? Qt::CopyAction : Qt::MoveAction;
     const Qt::DropAction done = runsDrag ? runsDrag(*drag) : drag->exec(may, wanted);
     if (!self)
         return;
-    drags_ = false;
-    ShowDropPlace(-1);
+    drags_ = model_->DragsSelection = false;
+    EndDragOver();
     // Another program has taken the text; here it is removed, if it still stands where it did.
     if (done == Qt::MoveAction && !movedInside_ && Text() == before)
         Replace(range, {});
@@ -59,14 +59,21 @@ void TextView::dragMoveEvent(QDragMoveEvent* event) {
     if (!drags_) {
         PlaceCaret(position, position);
         model_->UserSelected(position, 0);
-        model_->DragOver(ToTwips(place.x()), ToTwips(place.y()));
     }
+    model_->DragOver(ToTwips(place.x()), ToTwips(place.y()));
     ShowDropPlace(position);
 }
 
 void TextView::dragLeaveEvent(QDragLeaveEvent* event) {
-    ShowDropPlace(-1);
+    EndDragOver();
     event->accept();
+}
+
+// The drag takes the release of the button. Whoever has shown the pointer's place shows the caret's again.
+void TextView::EndDragOver() {
+    ShowDropPlace(-1);
+    if (hasFocus())
+        Q_EMIT userReleased();
 }
 
 void TextView::dropEvent(QDropEvent* event) {

@@ -124,6 +124,7 @@ qsizetype TextView::RowEnd(qsizetype position) const {
 }
 
 void TextView::SelectAll() {
+    high_ = false; // the view stays where it is
     if (caret_ != Text().size() || anchor_ != 0) {
         PlaceCaret(0, Text().size());
         model_->UserSelected(0, Text().size());
@@ -176,8 +177,10 @@ void TextView::Replace(text_steps::Range range, const QString& text) {
     FollowSelection();
 }
 
-/// A text from elsewhere.
+/// A text from elsewhere. Nothing takes the place of nothing.
 void TextView::PutIn(text_steps::Range range, const QString& text) {
+    if (text.isEmpty())
+        return;
     Replace(range, text);
     if (!model_->Locked && caret_ > range.start)
         model_->Pasted(range.start, caret_ - range.start);
@@ -205,6 +208,9 @@ void TextView::TypeText(const QString& text) {
     if (overwrite_ && range.start == range.end && range.end < RowEnd(range.end))
         range.end = text_steps::Next(Text(), range.end);
     Replace(range, text);
+    // The model has told the colour of the first character: several at once are coloured like a pasted text.
+    if (text.size() > 1 && caret_ > range.start)
+        model_->Pasted(range.start, caret_ - range.start);
 }
 
 // --- clipboard ---------------------------------------------------------------------------------------------

@@ -86,9 +86,10 @@ void TextView::mouseReleaseEvent(QMouseEvent* event) {
 
 // --- selecting ---------------------------------------------------------------------------------------------
 
-text_steps::Range TextView::UnitAt(qsizetype position) const {
+text_steps::Range TextView::UnitAt(QPoint place) const {
     if (unit_ == Unit::Word)
-        return text_steps::WordAt(Text(), position);
+        return text_steps::WordAt(Text(), CharacterAt(place));
+    const qsizetype position = PositionAt(place);
     if (unit_ == Unit::Line)
         return text_steps::LineAt(Text(), position);
     return {position, position};
@@ -98,7 +99,7 @@ void TextView::StartSelecting(Unit unit, QPoint place) {
     press_ = Press::Selecting;
     unit_ = unit;
     pressPlace_ = place;
-    pressed_ = UnitAt(PositionAt(place));
+    pressed_ = UnitAt(place);
     if (unit == Unit::Line) {
         PlaceCaret(pressed_.start, pressed_.end); // the caret in the next row mustn't scroll the view
         model_->UserSelected(pressed_.start, pressed_.end - pressed_.start);
@@ -109,7 +110,7 @@ void TextView::StartSelecting(Unit unit, QPoint place) {
 
 // What was clicked first stays selected, whichever way the pointer goes.
 void TextView::ExtendTo(QPoint place) {
-    const text_steps::Range reached = UnitAt(PositionAt(place));
+    const text_steps::Range reached = UnitAt(place);
     if (reached.start < pressed_.start)
         Select(pressed_.end, reached.start);
     else
@@ -130,7 +131,7 @@ void TextView::ScrollTowardsPointer() {
 
 bool TextView::IsInSelection(QPoint place) const {
     const text_steps::Range selection = Selection();
-    const qsizetype position = PositionAt(place);
+    const qsizetype position = CharacterAt(place);
     return place.x() >= MarginWidth() && position >= selection.start && position < selection.end;
 }
 

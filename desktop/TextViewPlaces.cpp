@@ -2,7 +2,6 @@
 // Where a position of the text stands in the view, and the other way round; scrolling.
 #include "desktop/TextColours.h"
 #include "desktop/TextView.h"
-#include <QApplication>
 #include <QScrollBar>
 #include <QStyle>
 #include <algorithm>
@@ -105,6 +104,16 @@ qsizetype TextView::PositionAt(QPoint place) const {
     return PositionInRow(std::clamp<qsizetype>(row, 0, Text().rowCount() - 1), place.x() - TextLeft());
 }
 
+// The nearest place of a caret may be behind the character.
+qsizetype TextView::CharacterAt(QPoint place) const {
+    const qsizetype position = PositionAt(place), before = text_steps::Previous(Text(), position);
+    if (Text().rowOf(before) != Text().rowOf(position))
+        return position;
+    const auto [left, right] = std::minmax({XAt(before), XAt(position)});
+    const double x = place.x() - TextLeft();
+    return x >= left && x < right ? before : position;
+}
+
 QRect TextView::RectAt(qsizetype position) const {
     const int height = rows_.Font().height;
     const qsizetype row = Text().rowOf(position) - FirstRow();
@@ -118,10 +127,11 @@ QRect TextView::RectAt(qsizetype position) const {
 
 void TextView::UpdateBars() {
     rowCount_ = Text().rowCount();
+    margin_ = MarginWidth();
     const qsizetype shown = RowsShown();
     verticalScrollBar()->setPageStep(ToInt(shown));
     verticalScrollBar()->setRange(0, ToInt(rowCount_ - shown));
-    const int width = std::max(1, viewport()->width() - MarginWidth() - 2 * kGap);
+    const int width = std::max(1, viewport()->width() - margin_ - 2 * kGap);
     horizontalScrollBar()->setPageStep(width);
     horizontalScrollBar()->setSingleStep(ToInt(std::lround(4 * rows_.Font().blank)));
     horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(widest_)) - width));
@@ -151,7 +161,7 @@ void TextView::ShowCaretHigh() {
 
 // What is typed in one pane goes into the other one too, caret and all: that one keeps showing its place.
 void TextView::ShowProgramsCaret() {
-    const auto* inUse = qobject_cast<const TextView*>(QApplication::focusWidget());
+    const auto* inUse = qobject_cast<const TextView*>(window()->focusWidget()); // also beside a dialog
     if (!inUse || inUse == this)
         ShowCaretHigh();
 }

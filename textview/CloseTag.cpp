@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/Serialise.h"
 #include "core/sync/TreeText.h"
+#include "core/sync/Views.h"
+#include "textview/Indent.h"
 #include "textview/TextCommands.h"
 #include "textview/Undo.h"
 
@@ -78,11 +80,13 @@ bool OpenElements(QStringView text, std::vector<QStringView>& open) {
     return true;
 }
 
-void TellPlace(DocumentWindow& window, QStringView before) {
-    const qsizetype position = before.size() - 1 - before.lastIndexOf(u'\n');
+// The place of the character before the caret.
+void TellPlace(DocumentWindow& window) {
+    qsizetype line = 0, column = 0;
+    GetLineColumn(window.TextInUse(), line, column);
     window.app.services.prompts.MsgBox(
         QStringLiteral("This line's position %1 should not be space, carriage returns, line feeds, or tabs.")
-            .arg(position));
+            .arg(column - 1));
 }
 
 } // namespace
@@ -91,7 +95,7 @@ QString GetCloseTag(DocumentWindow& window) {
     const controls::RichTextBox& pane = window.TextInUse();
     const QString before = pane.Long().mid(0, pane.SelStart());
     if (!before.isEmpty() && IsSpace(before.back())) {
-        TellPlace(window, before);
+        TellPlace(window);
         return {};
     }
     std::vector<QStringView> open;
@@ -102,7 +106,7 @@ QString GetCloseTag(DocumentWindow& window) {
     if (open.empty())
         return {};
     if (open.back().isEmpty()) {
-        TellPlace(window, before);
+        TellPlace(window);
         return {};
     }
     return QStringLiteral("</%1>").arg(open.back());
@@ -137,6 +141,7 @@ void CloseTag(DocumentWindow& window) try {
     }
     pane.SetSelStart(start);
     pane.SetSelLength(length);
+    ShowCursorPosition(window);
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".CloseTag"));
 }

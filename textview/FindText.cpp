@@ -18,9 +18,9 @@ qsizetype TakeHit(controls::RichTextBox& target, qsizetype hit, qsizetype length
 
 } // namespace
 
-bool IsWholeWord(const text::LongText& text, qsizetype position, qsizetype length) {
+bool IsWholeWord(const controls::SearchHit& hit) {
     // Outside the text there is a null character, which is part of no word.
-    return !IsPartOfWord(text.at(position - 1)) && !IsPartOfWord(text.at(position + length));
+    return !IsPartOfWord(hit.before) && !IsPartOfWord(hit.behind);
 }
 
 qsizetype SearchDown(controls::RichTextBox& target, const QString& text, qsizetype start,
@@ -34,18 +34,13 @@ qsizetype SearchDown(controls::RichTextBox& target, const QString& text, qsizety
 
 qsizetype SearchUp(const controls::RichTextBox& target, const QString& text, qsizetype start,
                    const FindOptions& options) {
-    if (text.isEmpty())
-        return -1;
-    const text::LongText& content = target.Long();
+    qsizetype hit = -1;
     const Qt::CaseSensitivity sensitivity = options.matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive;
-    qsizetype from = start - text.size();
-    while (from >= 0) {
-        const qsizetype hit = content.lastIndexOf(text, from, sensitivity);
-        if (hit < 0 || !options.wholeWord || IsWholeWord(content, hit, text.size()))
-            return hit;
-        from = hit - 1;
-    }
-    return -1;
+    controls::VisitHitsUp(target.Long(), text, start, sensitivity, [&](const controls::SearchHit& found) {
+        hit = !options.wholeWord || IsWholeWord(found) ? found.at : -1;
+        return hit < 0 ? found.at + text.size() - 1 : -1;
+    });
+    return hit;
 }
 
 qsizetype FindText(controls::RichTextBox& target, const QString& text, qsizetype start,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "platform/controls/RichTextBox.h"
-#include "platform/text/LongText.h"
+#include "platform/controls/RichTextSearch.h"
 #include <QString>
 
 // Finding a text in a text pane, downwards and upwards.
@@ -27,5 +27,5 @@ qsizetype SearchDown(controls::RichTextBox& target, const QString& text, qsizety
 qsizetype SearchUp(const controls::RichTextBox& target, const QString& text, qsizetype start,
                    const FindOptions& options);
 
-/// Whether the characters on both sides of a stretch are neither letters from A to Z nor numeric.
-bool IsWholeWord(const text::LongText& text, qsizetype position, qsizetype length);
+/// Whether the characters on both sides of a hit are neither letters from A to Z nor numeric.
+bool IsWholeWord(const controls::SearchHit& hit);

@@ -27,15 +27,11 @@ bool LineEndsAt(const LongText& text, qsizetype position) {
 Lines SelectedLines(const RichTextBox& richText) {
     constexpr qsizetype kFirstPlaces = 3; // a line end's length and one
     const LongText& text = richText.Long();
-    Lines lines{richText.SelStart(), richText.SelStart() + richText.SelLength(), false};
-    if (lines.start < kFirstPlaces)
-        lines.start = -1;
-    else if (LineEndsAt(text, lines.start))
-        lines.start -= 2;
-    else
-        lines.start = text.lastIndexOf(LineEnd(), lines.start - 2, Qt::CaseSensitive);
-    lines.first = lines.start < 0;
-    lines.start = std::max<qsizetype>(lines.start, 0);
+    qsizetype lineStart = 0;
+    if (richText.SelStart() >= kFirstPlaces)
+        GetLineStartPos(richText, lineStart, richText.SelStart(), LineEnd());
+    Lines lines{std::max<qsizetype>(lineStart - 1, 0), richText.SelStart() + richText.SelLength(),
+                lineStart == 0};
     const qsizetype least = lines.first ? lines.start : lines.start + 2; // the line end before them stays in
     if (LineEndsAt(text, lines.end) && lines.end - 2 >= least)
         lines.end -= 2;

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/ReplaceHits.h"
-#include "platform/controls/ColourRuns.h"
 #include "textview/Undo.h"
 #include "textview/fill/FillText.h"
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <map>
 
 namespace {
 
+using controls::ColourRun;
 using controls::RichContent;
 using controls::RichTextBox;
+using controls::SearchHit;
 
 // `places` are in the order of the text.
 QString WithReplacements(const text::LongText& text, const std::vector<qsizetype>& places, qsizetype length,
@@ -47,17 +49,82 @@ void RecordSteps(DocumentWindow& window, const text::LongText& text, const std::
     window.UndoPos = static_cast<int>(stack.size());
 }
 
-// The text is searched in blocks, each with so much behind it that a hit over its end isn't missed.
-constexpr qsizetype kBlock = 1'000'000;
+/// Gives replacements the colours that each would take if it were put in alone.
+class Recolouring {
+public:
+    Recolouring(Application& app, const RichTextBox& before, QString replacement)
+        : app_(app), before_(before), replacement_(std::move(replacement)) {}
+
+    /// The runs of the new text. `places` are in the order of the text; when they are replaced in that order,
+    /// a place right behind another one has the new colours before it.
+    std::vector<ColourRun> Runs(const std::vector<qsizetype>& places, qsizetype length, bool inOrder) {
+        qsizetype shift = 0, behind = -1;
+        auto run = before_.Runs().begin();
+        const auto end = before_.Runs().end();
+        for (const qsizetype place : places) {
+            if (behind >= 0 && place > behind)
+                Add(behind + shift, before_.ColourAt(behind));
+            for (; run != end && run->start < place; ++run)
+                Add(run->start + shift, run->colour);
+            PutIn(place + shift,
+                  inOrder && place == behind ? last_ : ColourAround(before_, place, place + length));
+            behind = place + length;
+            shift += replacement_.size() - length;
+            run = std::find_if(run, end, [&](const ColourRun& one) { return one.start >= behind; });
+        }
+        if (behind < before_.Long().size())
+            Add(behind + shift, before_.ColourAt(behind));
+        for (; run != end; ++run)
+            Add(run->start + shift, run->colour);
+        return std::move(runs_);
+    }
+
+private:
+    void Add(qsizetype start, std::uint32_t colour) {
+        if (colour != std::exchange(last_, colour))
+            runs_.push_back({start, colour});
+    }
+    void PutIn(qsizetype at, std::uint32_t around) {
+        if (replacement_.isEmpty())
+            return;
+        auto known = known_.find(around);
+        if (known == known_.end())
+            known = known_.emplace(around, InsertedColours(app_, replacement_, around)).first;
+        const std::vector<ColourRun>& colours = known->second;
+        if (colours.empty() || colours.front().start > 0)
+            Add(at, 0);
+        for (const ColourRun& one : colours)
+            Add(at + one.start, one.colour);
+    }
+
+    Application& app_;
+    const RichTextBox& before_;
+    const QString replacement_;
+    std::map<std::uint32_t, std::vector<ColourRun>> known_; ///< of the replacement, by the colour around it
+    std::vector<ColourRun> runs_;
+    std::uint32_t last_ = 0; ///< what runs_ ends in
+};
+
+// Where a place comes to stand, in the text or behind the replacement of what it was in.
+qsizetype Moved(qsizetype place, const std::vector<qsizetype>& places, qsizetype length, qsizetype added) {
+    const auto next = std::lower_bound(places.begin(), places.end(), place);
+    if (next == places.begin())
+        return place;
+    return std::max(place, *(next - 1) + length) + (next - places.begin()) * (added - length);
+}
+
+// The content is another one, but what was selected stays so.
+void SetContentInPlace(RichTextBox& pane, const RichContent& content, const std::vector<qsizetype>& places,
+                       qsizetype length, qsizetype added) {
+    const qsizetype start = Moved(pane.SelStart(), places, length, added);
+    const qsizetype end = Moved(pane.SelStart() + pane.SelLength(), places, length, added);
+    pane.SetContent(content);
+    pane.SetSelStart(start);
+    pane.SetSelLength(end - start);
+}
 
 Qt::CaseSensitivity SensitivityOf(const FindOptions& options) {
     return options.matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive;
-}
-
-void TakeUnlessReplaced(std::vector<qsizetype>& hits, qsizetype place, QStringView found,
-                        const QString& replacement) {
-    if (found != replacement)
-        hits.push_back(place);
 }
 
 } // namespace
@@ -65,44 +132,24 @@ void TakeUnlessReplaced(std::vector<qsizetype>& hits, qsizetype place, QStringVi
 std::vector<qsizetype> HitsDown(const RichTextBox& target, const QString& text, qsizetype from,
                                 const QString& replacement, const FindOptions& options) {
     std::vector<qsizetype> hits;
-    const qsizetype length = text.size();
-    while (from < target.Long().size()) {
-        const qsizetype start = from;
-        const QString block = target.Long().mid(start, kBlock + length - 1);
-        qsizetype at = block.indexOf(text, 0, SensitivityOf(options));
-        from = start + kBlock;
-        while (at >= 0) {
-            const bool taken = !options.wholeWord || target.IsWholeWord(start + at, length);
-            if (taken)
-                TakeUnlessReplaced(hits, start + at, QStringView(block).sliced(at, length), replacement);
-            at += taken ? length : 1;
-            from = std::max(from, start + at);
-            at = block.indexOf(text, at, SensitivityOf(options));
-        }
-    }
+    controls::VisitHits(target.Long(), text, from, SensitivityOf(options), [&](const SearchHit& hit) {
+        const bool taken = !options.wholeWord || RichTextBox::IsWholeWord(hit);
+        if (taken && hit.found != replacement)
+            hits.push_back(hit.at);
+        return hit.at + (taken ? text.size() : 1);
+    });
     return hits;
 }
 
 std::vector<qsizetype> HitsUp(const RichTextBox& target, const QString& text, qsizetype from,
                               const QString& replacement, const FindOptions& options) {
     std::vector<qsizetype> hits;
-    const qsizetype length = text.size();
-    while (from >= length) { // hits end at `from` or before it
-        const qsizetype start = std::max<qsizetype>(from - kBlock - length + 1, 0);
-        const QString block = target.Long().mid(start, from - start);
-        qsizetype end = block.size();
-        from = start > 0 ? start + length - 1 : 0;
-        while (end >= length) {
-            const qsizetype at = block.lastIndexOf(text, end - length, SensitivityOf(options));
-            if (at < 0)
-                break;
-            const bool taken = !options.wholeWord || IsWholeWord(target.Long(), start + at, length);
-            if (taken)
-                TakeUnlessReplaced(hits, start + at, QStringView(block).sliced(at, length), replacement);
-            end = at + (taken ? 0 : length - 1);
-            from = std::min(from, start + end);
-        }
-    }
+    controls::VisitHitsUp(target.Long(), text, from, SensitivityOf(options), [&](const SearchHit& hit) {
+        const bool taken = !options.wholeWord || IsWholeWord(hit);
+        if (taken && hit.found != replacement)
+            hits.push_back(hit.at);
+        return hit.at + (taken ? 0 : text.size() - 1);
+    });
     return hits;
 }
 
@@ -111,18 +158,18 @@ qsizetype ReplaceHits(DocumentWindow& window, RichTextBox& target, const std::ve
     RichTextBox& other = &target == &window.rtxtXML ? window.rtxtXML2 : window.rtxtXML;
     std::vector<qsizetype> places = hits;
     std::sort(places.begin(), places.end());
-    const RichContent before = target.Content();
-    const RichContent after{
-        text::LongText::Like(WithReplacements(before.text, places, length, replacement), before.text),
-        controls::MovedRuns(before.runs, places, length, replacement.size())};
-    RecordSteps(window, before.text, hits, length, replacement);
+    const text::LongText before = target.Long();
+    RichContent after{text::LongText::Like(WithReplacements(before, places, length, replacement), before),
+                      {}};
+    window.miTextSizeLevel = GetTextSizeLevel(after.text.size());
+    after.runs = Recolouring(window.app, target, replacement).Runs(places, length, hits == places);
+    RecordSteps(window, before, hits, length, replacement);
     {
         const QScopedValueRollback ownWriting(window.bControlChange, true);
         target.SetContent(after);
-        other.SetContent(after);
+        SetContentInPlace(other, after, places, length, replacement.size());
     }
     window.bTextChanged = window.bTextChanged || window.bLoaded;
-    window.miTextSizeLevel = GetTextSizeLevel(after.text.size());
     const UndoRecord& last = window.undoStack.back();
     target.SetSelStart(last.InsPos);
     target.SetSelLength(replacement.size());

@@ -32,9 +32,7 @@ void InsertString(DocumentWindow& window, const QString& text) try {
 }
 
 void SelectAllAtTextView(DocumentWindow& window) {
-    controls::RichTextBox& pane = window.TextInUse();
-    pane.SetSelStart(0);
-    pane.SetSelLength(pane.Long().size());
+    window.TextInUse().SelectAll();
     ShowSelection(window);
 }
 

@@ -16,7 +16,7 @@ QString GetCloseTag(DocumentWindow& window);
 /// user says so; the tree follows the text.
 void CloseTag(DocumentWindow& window);
 
-void SelectAllAtTextView(DocumentWindow& window);
+void SelectAllAtTextView(DocumentWindow& window); ///< the view stays where it is
 /// Menus and status bar for the selection of the pane in use, where a command has set it.
 void ShowSelection(DocumentWindow& window);
 /// Opens the find dialog on the pane in use while the text view shows.

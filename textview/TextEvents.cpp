@@ -149,8 +149,12 @@ void PaneClick(DocumentWindow& window, bool second) {
 
 void PaneDragOver(DocumentWindow& window, bool second, double x, double y) {
     RichTextBox& pane = Pane(window, second);
-    pane.SetSelStart(rtGetCharFromPos(pane, x, y));
-    ShowCursorPosition(window, pane);
+    RichTextBox aside; // the place of the pointer, while the pane keeps the selection that is dragged
+    if (pane.DragsSelection)
+        aside.SetText(pane.Long());
+    RichTextBox& shown = pane.DragsSelection ? aside : pane;
+    shown.SetSelStart(rtGetCharFromPos(pane, x, y));
+    ShowCursorPosition(window, shown);
 }
 
 void PanePasted(DocumentWindow& window, bool second, qsizetype start, qsizetype length) {

@@ -12,7 +12,8 @@ void PaneKeyPress(DocumentWindow& window, bool second, const QString& text);
 void PaneKeyUp(DocumentWindow& window, bool second, int key, int modifiers);
 void PaneMouseUp(DocumentWindow& window, bool second);
 void PaneClick(DocumentWindow& window, bool second);
-/// Something is dragged over the text, the pointer at a point in twips: the caret goes there.
+/// Text is dragged over the pane, the pointer at a point in twips: the caret goes there, unless it is the
+/// pane's own selection, which stays. The status bar tells the place.
 void PaneDragOver(DocumentWindow& window, bool second, double x, double y);
 /// A text from elsewhere has gone in at a place: it takes its colours.
 void PanePasted(DocumentWindow& window, bool second, qsizetype start, qsizetype length);

@@ -73,6 +73,8 @@ void TakeStep(DocumentWindow& window, Way way) {
     if (window.tbsXML.SelectedKey() == QStringLiteral("browserview"))
         tbsXML_Click(window);
     selections.restore();
+    if (window.tbsXML.SelectedKey() == QStringLiteral("textview"))
+        ShowCursorPosition(window); // a text that doesn't parse has shown the place of its error
     if (root.document && !path.isEmpty())
         SelectTreeNodeByXPath(window, *root.document, path);
 }

@@ -67,7 +67,7 @@ void RichTextBox::SetContent(const RichContent& content) {
     if (!wholeKnown_)
         whole_.clear();
     selStart_ = selLength_ = 0;
-    TakeColourBeforeCaret();
+    TakeTypeColour();
     if (textDiffers || runsDiffer)
         contentReplaced();
     else if (caretMoves)
@@ -112,6 +112,7 @@ void RichTextBox::SetSelLength(qsizetype length) {
     const qsizetype before = std::exchange(selLength_, length);
     if (before == length)
         return;
+    TakeTypeColour();
     selectionChanged();
     SelChange(before > 0);
 }
@@ -126,10 +127,15 @@ void RichTextBox::UserSelected(qsizetype start, qsizetype length) {
     SelChange(wasSelected);
 }
 
+void RichTextBox::SelectAll() {
+    UserSelected(0, text_.size());
+    allSelected();
+}
+
 void RichTextBox::PutSelection(qsizetype start, qsizetype length) {
     selStart_ = std::clamp<qsizetype>(start, 0, text_.size());
     selLength_ = std::clamp<qsizetype>(length, 0, text_.size() - selStart_);
-    TakeColourBeforeCaret();
+    TakeTypeColour();
 }
 
 TextPlace RichTextBox::CaretPlace() const {
@@ -162,6 +168,7 @@ void RichTextBox::TakeWholeLineEnds(qsizetype& at, qsizetype& removed) const {
 }
 
 void RichTextBox::TellReplaced(qsizetype at, qsizetype removed, const QString& piece, bool wasSelected) {
+    TakeTypeColour();
     textReplaced(at, removed, piece);
     Change();
     SelChange(wasSelected);
@@ -177,8 +184,7 @@ void RichTextBox::SetSelText(const QString& text) {
         TellReplaced(at, removed, piece, wasSelected);
         return;
     }
-    selStart_ = at + piece.size();
-    selLength_ = 0;
+    PutSelection(at + piece.size(), 0);
     if (!wasSelected)
         return;
     selectionChanged();
@@ -198,6 +204,8 @@ void RichTextBox::SetSelContent(const QString& text, std::vector<ColourRun> runs
 }
 
 void RichTextBox::Paste(const QString& text) {
+    if (text.isEmpty())
+        return;
     qsizetype at = selStart_, removed = selLength_;
     TakeWholeLineEnds(at, removed);
     SetSelText(text);
@@ -235,17 +243,22 @@ void RichTextBox::SetFont(const QString& name, double size) {
 // --- search
 // --------------------------------------------------------------------------------------------------
 
-bool RichTextBox::IsWholeWord(qsizetype start, qsizetype length) const {
-    return !IsWordUnit(text_.at(start - 1)) && !IsWordUnit(text_.at(start + length));
+bool RichTextBox::IsWholeWord(const SearchHit& hit) {
+    return !IsWordUnit(hit.before) && !IsWordUnit(hit.behind);
 }
 
 qsizetype RichTextBox::Find(const QString& text, qsizetype start, qsizetype end, int flags) {
     const auto sensitivity = (flags & rtfMatchCase) != 0 ? Qt::CaseSensitive : Qt::CaseInsensitive;
     if (end < 0 || end > text_.size())
         end = text_.size();
-    qsizetype hit = text_.indexOf(text, start, sensitivity);
-    while (hit >= 0 && (flags & rtfWholeWord) != 0 && !IsWholeWord(hit, text.size()))
-        hit = text_.indexOf(text, hit + 1, sensitivity);
+    qsizetype hit = -1;
+    if ((flags & rtfWholeWord) == 0)
+        hit = text_.indexOf(text, start, sensitivity);
+    else
+        VisitHits(text_, text, start, sensitivity, [&](const SearchHit& found) {
+            hit = IsWholeWord(found) ? found.at : -1;
+            return hit < 0 ? found.at + 1 : -1;
+        });
     if (hit < 0 || hit + text.size() > end)
         return -1;
     if ((flags & rtfNoHighlight) == 0) {

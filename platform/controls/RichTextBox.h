@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "platform/controls/Event.h"
+#include "platform/controls/RichTextSearch.h"
 #include "platform/text/LongText.h"
 #include <QString>
 #include <cstdint>
@@ -58,18 +59,20 @@ public:
     void SetSelText(const QString& text); ///< replaces the selection; the caret stands behind it
     /// The same with colours of its own; `runs` count from the text's start.
     void SetSelContent(const QString& text, std::vector<ColourRun> runs);
-    /// The same for a text that comes from elsewhere: raises Pasted.
+    /// The same for a text that comes from elsewhere: raises Pasted. Nothing happens for an empty one.
     void Paste(const QString& text);
+    void SelectAll(); ///< as the user does it: a widget doesn't scroll
     /// Colour of the selection's first character; without a selection that of text typed next.
     std::uint32_t SelColor() const;
-    void SetSelColor(std::uint32_t colour); ///< of the selection, or of text typed next
-    TextPlace CaretPlace() const;           ///< line and column of the selection's start
+    std::uint32_t ColourAt(qsizetype position) const; ///< of the character there
+    void SetSelColor(std::uint32_t colour);           ///< of the selection, and of text typed next
+    TextPlace CaretPlace() const;                     ///< line and column of the selection's start
     qsizetype GetLineFromChar(qsizetype position) const { return text_.lineOf(position); } ///< from 0
     /// Looks for a text between two positions (end -1: to the end of the text) and selects a hit unless
     /// rtfNoHighlight is set. Its position, -1 for none.
     qsizetype Find(const QString& text, qsizetype start, qsizetype end, int flags);
-    /// Whether the characters beside a stretch are neither letters nor numbers.
-    bool IsWholeWord(qsizetype start, qsizetype length) const;
+    /// Whether the characters beside a hit are neither letters nor numbers.
+    static bool IsWholeWord(const SearchHit& hit);
 
     QString FontName() const { return fontName_; }
     double FontSize() const { return fontSize_; }
@@ -78,6 +81,7 @@ public:
     QString Tag;
     bool TabStop = true;
     bool Locked = false;
+    bool DragsSelection = false; ///< its selection is being dragged, and stays meanwhile
     void SetFocus() { focusRequested(); }
     /// The character at a point (twips), set by the widget; -1 without one.
     std::function<qsizetype(double x, double y)> charFromPos;
@@ -89,7 +93,7 @@ public:
     void UserSelected(qsizetype start, qsizetype length);
     void Type(const QString& text); ///< replaces the selection as typing does, without a widget
     Event<> Click, MouseUp;
-    Event<double, double> DragOver; ///< something from elsewhere is dragged over a point (twips)
+    Event<double, double> DragOver; ///< text is dragged over a point (twips)
     /// Qt key code, Qt modifiers; a handler that uses a key up changes its code.
     Event<int&, int> KeyDown;
     Event<const QString&> KeyPress; ///< before typed characters go in
@@ -105,16 +109,15 @@ public:
     Event<> contentReplaced;                           ///< everything is new
     Event<qsizetype, qsizetype, QString> textReplaced; ///< at, removed length, new text
     Event<qsizetype, qsizetype> coloursChanged;        ///< start, length
-    Event<> selectionChanged, fontChanged, focusRequested;
+    Event<> selectionChanged, allSelected, fontChanged, focusRequested;
 
 private:
-    std::uint32_t ColourAt(qsizetype position) const;
     void Paint(qsizetype start, qsizetype length, const std::vector<ColourRun>& colours);
     void Replace(qsizetype at, qsizetype removed, const QString& piece);
     void TellReplaced(qsizetype at, qsizetype removed, const QString& piece, bool wasSelected);
     void PutSelection(qsizetype start, qsizetype length);
     void TakeWholeLineEnds(qsizetype& at, qsizetype& removed) const;
-    void TakeColourBeforeCaret();
+    void TakeTypeColour();
 
     text::LongText text_;
     std::vector<ColourRun> runs_;

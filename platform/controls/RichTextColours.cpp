@@ -100,10 +100,9 @@ std::uint32_t RichTextBox::SelColor() const {
 }
 
 void RichTextBox::SetSelColor(std::uint32_t colour) {
-    if (selLength_ == 0) {
-        typeColour_ = colour;
+    typeColour_ = colour;
+    if (selLength_ == 0)
         return;
-    }
     Paint(selStart_, selLength_, {{0, colour}});
     coloursChanged(selStart_, selLength_);
 }
@@ -112,11 +111,17 @@ void RichTextBox::SetColours(qsizetype start, qsizetype length, const std::vecto
     start = std::clamp<qsizetype>(start, 0, text_.size());
     length = std::clamp<qsizetype>(length, 0, text_.size() - start);
     Paint(start, length, runs);
+    if (selLength_ == 0 && start < selStart_ && selStart_ <= start + length)
+        TakeTypeColour();
     coloursChanged(start, length);
 }
 
-void RichTextBox::TakeColourBeforeCaret() {
-    typeColour_ = selStart_ > 0 ? ColourAt(selStart_ - 1) : 0;
+// Text that is typed goes on in the colour before it, or takes that of what it replaces.
+void RichTextBox::TakeTypeColour() {
+    if (selLength_ > 0)
+        typeColour_ = ColourAt(selStart_);
+    else
+        typeColour_ = selStart_ > 0 ? ColourAt(selStart_ - 1) : 0;
 }
 
 } // namespace controls

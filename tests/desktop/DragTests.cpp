@@ -229,6 +229,31 @@ TEST_F(Drag, AStretchOfTextIsMovedWithItsColoursInOneStepAndCopiedWithCtrl) {
     EXPECT_EQ(pane.Text(), QStringLiteral("<ink>") + before);
 }
 
+TEST_F(Drag, TextThatIsDraggedOverItsOwnPaneStaysSelectedAndThePlaceUnderThePointerIsShown) {
+    t.ClickTab(QStringLiteral("textview"));
+    TextView& view = t.Text();
+    view.Select(1, 5);
+    const auto panel = [&] { return t.frame().StatusBar1().Panel(2).toStdString(); };
+    bool began = false;
+    view.runsDrag = [&](QDrag& drag) {
+        began = true;
+        const qsizetype place = view.Model().Text().indexOf(QStringLiteral("<ink>"));
+        EXPECT_TRUE(Over(*view.viewport(), view.RectAt(place).center(), *drag.mimeData()));
+        const qsizetype line = view.Model().GetLineFromChar(place);
+        EXPECT_EQ(panel().substr(0, 4), "Ln " + std::to_string(line + 1));
+        EXPECT_EQ(view.Model().SelText(), QStringLiteral("shop"));
+        QDragLeaveEvent leave;
+        QApplication::sendEvent(view.viewport(), &leave);
+        EXPECT_EQ(panel(), "Ln 1 , Col 2");
+        Over(*view.viewport(), view.RectAt(place).center(), *drag.mimeData());
+        return Qt::IgnoreAction;
+    };
+    PullAt(*view.viewport(), view.RectAt(3).center(), &began);
+    ASSERT_TRUE(began);
+    EXPECT_EQ(panel(), "Ln 1 , Col 2") << "the drag was given up";
+    EXPECT_EQ(view.Model().SelText(), QStringLiteral("shop"));
+}
+
 TEST_F(Drag, WhatIsDroppedOnADocumentInTheBackBringsItToTheFront) {
     t.OpenText(QStringLiteral("z.xml"), "<z><y/></z>");
     auto& area = *t.main->findChild<QMdiArea*>();

@@ -80,6 +80,44 @@ TEST(FindDialog, MakesWayForWhatItFinds) {
     EXPECT_EQ(desk.Dialog().pos(), place) << "it stays where it covers nothing";
 }
 
+TEST(FindDialog, ReplacingLeavesTheOtherPaneWhereItIs) {
+    FindDesk desk;
+    desk.prompts.AllowAnyBox();
+    desk.ChooseMenu(QStringLiteral("mnuWinSplit"));
+    QCoreApplication::processEvents();
+    auto& other = desk.Find<TextView>(QStringLiteral("rtxtXML2"));
+    desk.Click(*other.viewport(), other.RectAt(0).center());
+    other.verticalScrollBar()->setValue(100); // its caret is out of sight
+    desk.Click(*desk.Text().viewport(), desk.Text().RectAt(0).center());
+    desk.Press(Qt::Key_F, Qt::ControlModifier);
+    desk.Enter("cmbFind", QStringLiteral("item"));
+    desk.Enter("cmbReplace", QStringLiteral("entry"));
+    QTest::mouseClick(&desk.Part<QPushButton>("cmdReplace"), Qt::LeftButton);
+    QTest::mouseClick(&desk.Part<QPushButton>("cmdReplace"), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(desk.window().rtxtXML2.Text().contains(QStringLiteral("<entry>n0")));
+    EXPECT_EQ(other.FirstRow(), 100);
+    QTest::mouseClick(&desk.Part<QPushButton>("cmdReplaceAll"), Qt::LeftButton);
+    QTest::qWait(1);
+    ASSERT_TRUE(desk.window().rtxtXML2.Text().contains(QStringLiteral("<entry>n299")));
+    EXPECT_EQ(other.FirstRow(), 100);
+}
+
+TEST(FindDialog, ShowsTheHitAlsoFromBehindTheList) {
+    FindDesk desk;
+    desk.ClickTab(QStringLiteral("listview"));
+    ASSERT_FALSE(desk.Text().isVisible());
+    desk.Dialog().activateWindow();
+    desk.Enter("cmbFind", QStringLiteral("n250"));
+    QTest::mouseClick(&desk.Part<QPushButton>("cmdFind"), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    const TextView& text = desk.Text();
+    ASSERT_TRUE(text.isVisible());
+    EXPECT_EQ(text.SelectedText(u"\n"), QStringLiteral("n250"));
+    EXPECT_TRUE(text.viewport()->rect().contains(text.RectAt(text.Caret())));
+    EXPECT_TRUE(desk.Dialog().isVisible());
+}
+
 TEST(FindDialog, ReplacesWithEachBoxInForceWhileTheTextStaysEditable) {
     FindDesk desk;
     desk.Enter("cmbFind", QStringLiteral("n7"));

@@ -2,6 +2,7 @@
 // What the editor shows: rows, scrolling, colours, large texts.
 #include "desktop/TextColours.h"
 #include "tests/desktop/Editor.h"
+#include <QPaintEvent>
 #include <QScrollBar>
 
 namespace {
@@ -111,6 +112,34 @@ TEST_F(TextShown, TheCaretOfALongRowIsScrolledIntoViewSideways) {
     EXPECT_TRUE(Shows(view.Caret()));
     Press(Qt::Key_Home);
     EXPECT_EQ(view.horizontalScrollBar()->value(), 0);
+}
+
+TEST_F(TextShown, AMarginThatGetsWiderIsPaintedInAllRows) {
+    Load(QStringLiteral("<a/>\r\n").repeated(998) + QStringLiteral("<b/>"), 6 * 6);
+    struct Painted : QObject {
+        QRegion region;
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Paint)
+                region += static_cast<QPaintEvent*>(event)->region();
+            return false;
+        }
+    } painted;
+    view.viewport()->installEventFilter(&painted);
+    const auto isTopPainted = [&] {
+        painted.region = {};
+        QTest::qWait(1);
+        return painted.region.contains(QPoint(view.viewport()->width() - 1, 1));
+    };
+    isTopPainted();
+    ASSERT_EQ(view.FirstRow(), 0);
+    Press(Qt::Key_Return);
+    ASSERT_EQ(model.Long().lineCount(), 1000);
+    EXPECT_TRUE(isTopPainted());
+    Press(Qt::Key_Return);
+    EXPECT_FALSE(isTopPainted()) << "as wide as before: rows above stay";
+    Press(Qt::Key_Backspace);
+    Press(Qt::Key_Backspace);
+    EXPECT_TRUE(isTopPainted());
 }
 
 TEST_F(TextShown, AnyFontSizeCanBeShown) {

@@ -139,6 +139,26 @@ TEST_F(TextEdit, ClicksTakeAWordALineAndExtend) {
     EXPECT_EQ(model.SelLength(), 3);
 }
 
+// The nearest place of the caret is behind a letter whose right half is under the pointer.
+TEST_F(TextEdit, TheLetterUnderThePointerCountsWhicheverHalfOfItIsThere) {
+    Load(QStringLiteral("<order id=\"5\">"));
+    QWidget* port = view.viewport();
+    for (const qsizetype behind : {2, 4, 6}) {
+        QTest::mouseDClick(port, Qt::LeftButton, {}, view.RectAt(behind).center() - QPoint(2, 0));
+        EXPECT_EQ(model.SelText(), QStringLiteral("order")) << behind;
+        Click(0);
+    }
+    view.Select(1, 6);
+    const auto shapeAt = [&](QPoint place) {
+        QMouseEvent move(QEvent::MouseMove, place, port->mapToGlobal(place), Qt::NoButton, {}, {});
+        QApplication::sendEvent(port, &move);
+        return port->cursor().shape();
+    };
+    EXPECT_EQ(shapeAt(view.RectAt(6).center() - QPoint(2, 0)), Qt::ArrowCursor)
+        << "selected: it can be dragged";
+    EXPECT_EQ(shapeAt(view.RectAt(1).center() - QPoint(2, 0)), Qt::IBeamCursor);
+}
+
 TEST_F(TextEdit, DraggingSelectsBothWaysAndBeyondTheEdge) {
     Load(QStringLiteral("<a>text</a>\r\n").repeated(200));
     QWidget* port = view.viewport();
@@ -214,6 +234,14 @@ TEST_F(TextEdit, TheClipboardTakesAndGivesTheSameCharacters) {
     Press(Qt::Key_A, Qt::ControlModifier);
     Press(Qt::Key_X, Qt::ControlModifier);
     EXPECT_EQ(model.Text(), QString());
+    const QString clip = QGuiApplication::clipboard()->text();
+    Type(QStringLiteral("kept"));
+    Press(Qt::Key_A, Qt::ControlModifier);
+    QGuiApplication::clipboard()->setText(QStringLiteral(""));
+    Press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(model.SelText(), QStringLiteral("kept")) << "nothing is pasted over it";
+    Press(Qt::Key_Delete);
+    QGuiApplication::clipboard()->setText(clip);
     Press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(model.Text(), awkward + QStringLiteral("\r\nd") + awkward + QStringLiteral("\r\nd"));
 }

@@ -2,6 +2,8 @@
 // The text tab with real keys and clicks.
 #include "tests/desktop/ShownApp.h"
 #include <QDialog>
+#include <QInputMethodEvent>
+#include <QScrollBar>
 #include <QTimer>
 
 namespace {
@@ -38,6 +40,57 @@ TEST_F(TextTab, TheSecondPaneIsShownBelowOnceTheTextIsSplit) {
     t.Type(QStringLiteral(" "));
     EXPECT_TRUE(t.Text().Model().Text().endsWith(u' '));
     EXPECT_EQ(t.Text().FirstRow(), 0);
+}
+
+TEST_F(TextTab, BothPanesHaveOneSizeOfLetters) {
+    Open("<orders/>");
+    auto& second = t.Find<TextView>(QStringLiteral("rtxtXML2"));
+    const int height = t.Text().RectAt(0).height();
+    t.Text().Zoom(8);
+    ASSERT_GT(t.Text().RectAt(0).height(), height);
+    t.ChooseMenu(QStringLiteral("mnuWinSplit"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(second.RectAt(0).height(), t.Text().RectAt(0).height());
+    second.setFocus();
+    t.Press(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(second.RectAt(0).height(), height);
+    EXPECT_EQ(t.Text().RectAt(0).height(), height);
+}
+
+TEST_F(TextTab, SelectingAllScrollsNeitherByKeyNorByMenu) {
+    Open("<orders>" + QByteArray("\n<order/>").repeated(300) + "</orders>");
+    for (const bool menu : {false, true}) {
+        t.Click(*t.Text().viewport(), t.Text().RectAt(10).center());
+        t.Text().verticalScrollBar()->setValue(120);
+        if (menu)
+            t.ChooseMenu(QStringLiteral("mnuSelectAll"));
+        else
+            t.Press(Qt::Key_A, Qt::ControlModifier);
+        EXPECT_EQ(t.Text().FirstRow(), 120);
+        EXPECT_EQ(t.Text().Selection().end, t.Text().Model().Long().size());
+        EXPECT_EQ(t.window().rtxtXML.SelLength(), t.Text().Model().Long().size());
+        EXPECT_TRUE(t.frame().Menu(QStringLiteral("mnuEditCopy")).Enabled());
+        t.Text().verticalScrollBar()->setValue(0);
+    }
+}
+
+// An input method hands over several characters at once.
+TEST_F(TextTab, EachCharacterOfATextThatIsPutInAtOnceHasItsColour) {
+    Open("<orders></orders>");
+    t.Click(*t.Text().viewport(), t.Text().RectAt(8).center());
+    QInputMethodEvent done;
+    done.setCommitString(QStringLiteral("<\u540D=>"));
+    QApplication::sendEvent(&t.Text(), &done);
+    controls::RichTextBox& pane = t.window().rtxtXML;
+    ASSERT_EQ(pane.Text(), QStringLiteral("<orders><\u540D=></orders>"));
+    std::vector<std::uint32_t> colours;
+    for (qsizetype at = 8; at < 12; ++at) {
+        pane.UserSelected(at, 1);
+        colours.push_back(pane.SelColor());
+    }
+    EXPECT_EQ(colours, (std::vector<std::uint32_t>{0xff0000, 0, 0x3232ff, 0xff0000}));
+    EXPECT_EQ(t.window().rtxtXML2.Runs(), pane.Runs());
+    EXPECT_EQ(t.window().UndoPos, 1);
 }
 
 TEST_F(TextTab, TypedTextReachesTheTreeWhenTheTreeIsClicked) {

@@ -2,6 +2,7 @@
 #include "platform/controls/Controls.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/text/Fault.h"
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace controls {
@@ -110,6 +111,51 @@ TEST(RichText, colours_move_along_with_an_edit) {
     other.SetTextRTF(rtf);
     EXPECT_EQ(other.Content().runs, box.Content().runs);
     EXPECT_EQ(other.Text(), box.Text());
+}
+
+TEST(RichText, typed_text_takes_the_colour_of_its_place_whatever_stood_there_before) {
+    RichTextBox box;
+    const auto reset = [&] {
+        SetColoured(box, QStringLiteral("<a>text</a>"), {{0, 1}, {1, 2}, {3, 3}, {7, 1}});
+    };
+    const auto colourOf = [&](const QString& typed) {
+        box.Type(typed);
+        box.UserSelected(box.SelStart() - 1, 1);
+        return box.SelColor();
+    };
+    reset();
+    box.UserSelected(3, 4);
+    EXPECT_EQ(colourOf(QStringLiteral("x")), 3U) << "of what it replaces";
+    reset();
+    box.UserSelected(3, 4);
+    box.SetSelColor(7);
+    EXPECT_EQ(colourOf(QStringLiteral("x")), 7U) << "or the one chosen for it";
+
+    // What is taken away takes its colour along.
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"Backspace", [&] { box.UserReplaced(7, 1, {}); }},
+        {"a command", [&] { box.UserSelected(7, 1), box.SetSelText({}); }},
+        {"a command that knows colours", [&] { box.UserSelected(7, 1), box.SetSelContent({}, {}); }},
+    };
+    for (const auto& [name, takeAway] : ways) {
+        reset();
+        box.UserSelected(8, 0);
+        takeAway();
+        EXPECT_EQ(colourOf(QStringLiteral("x")), 3U) << name;
+    }
+    reset();
+    box.UserSelected(5, 0);
+    box.SetColours(3, 2, {{0, 9}});
+    EXPECT_EQ(colourOf(QStringLiteral("x")), 9U) << "new colours in front of the caret";
+}
+
+TEST(RichText, pasting_nothing_changes_nothing) {
+    RichTextBox box;
+    box.SetText(QStringLiteral("<a>text</a>"));
+    box.UserSelected(3, 4);
+    box.Paste({});
+    EXPECT_EQ(box.Text(), QStringLiteral("<a>text</a>"));
+    EXPECT_EQ(box.SelText(), QStringLiteral("text"));
 }
 
 TEST(RichText, a_piece_with_colours_of_its_own_leaves_those_around_it) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The find dialog on the text in use.
 #include "tests/textview/TextDesk.h"
+#include "textview/FindText.h"
+#include "textview/ReplaceHits.h"
 #include "textview/dialogs/frmFind.h"
 
 namespace {
@@ -8,6 +10,14 @@ namespace {
 using test::TextDesk;
 
 const QString kReached = QStringLiteral("The specified region has been reached.");
+
+/// The colour of each character.
+std::vector<std::uint32_t> Colours(const controls::RichTextBox& pane) {
+    std::vector<std::uint32_t> colours(static_cast<std::size_t>(pane.Long().size()));
+    for (const controls::ColourRun& run : pane.Runs())
+        std::fill(colours.begin() + run.start, colours.end(), run.colour);
+    return colours;
+}
 
 class FindDesk : public TextDesk {
 public:
@@ -74,6 +84,28 @@ TEST(Find, WithoutHighlightMovesTheCaretAlone) {
     desk.form().cmdReplace.Click();
     desk.form().cmdReplace.Click();
     EXPECT_EQ(desk.Text(), QStringLiteral("<a>ab x 1ab AB ab</a>"));
+}
+
+// Whole words are looked for block by block: none is missed at a border, and refused ones hold nothing up.
+TEST(Find, WholeWordsAreFoundWhereverTheyStandInALargeText) {
+    const QString word = QStringLiteral("ab"), refused = QStringLiteral("xab").repeated(30'000);
+    FindOptions options;
+    options.wholeWord = true;
+    controls::RichTextBox box;
+    for (qsizetype before = 65'530; before < 65'545; ++before) {
+        const QString text = refused.left(before) + QStringLiteral("-AB-");
+        box.SetText(text + refused);
+        EXPECT_EQ(SearchDown(box, word, 0, options), before + 1);
+        EXPECT_EQ(SearchDown(box, word, before + 2, options), -1);
+        EXPECT_EQ(HitsDown(box, word, 0, {}, options), std::vector{before + 1});
+        box.SetText(QStringLiteral("-AB-") + refused.right(before));
+        EXPECT_EQ(SearchUp(box, word, box.Long().size(), options), 1);
+        EXPECT_EQ(SearchUp(box, word, 2, options), -1);
+        EXPECT_EQ(HitsUp(box, word, box.Long().size(), {}, options), std::vector{qsizetype(1)});
+    }
+    box.SetText(QStringLiteral("ab ").repeated(50'000) + word);
+    EXPECT_EQ(HitsDown(box, word, 0, {}, options).size(), 50'001U);
+    EXPECT_EQ(HitsUp(box, word, box.Long().size(), {}, options).size(), 50'001U);
 }
 
 TEST(Find, AnEmptyTextIsNotLookedFor) {
@@ -161,6 +193,50 @@ TEST(ReplaceAll, IsWhatReplacingOneByOneComesTo) {
     }
 }
 
+// What goes in is coloured like what is pasted, and the same when it is taken back and done again.
+TEST(Replace, WhatGoesInHasItsColoursOneByOneAndAllAtOnce) {
+    const QByteArray document = "<a><!-- one oneone -->one<b>oneone</b><one x='one'/></a>";
+    const QString replacements[] = {QStringLiteral("<c d=\"e\"/>f"), QStringLiteral("plain"), QString(),
+                                    QStringLiteral("=x").repeated(300)};
+    for (const QString& replacement : replacements) {
+        for (const bool up : {false, true}) {
+            SCOPED_TRACE(replacement.left(9).toStdString() + (up ? ", up" : ", down"));
+            FindDesk all(document), single(document);
+            for (FindDesk* desk : {&all, &single}) {
+                desk->Look(QStringLiteral("one"), replacement);
+                if (up)
+                    desk->Up();
+                desk->Select(up ? desk->Text().size() : 0);
+            }
+            all.form().cmdReplaceAll.Click();
+            while (single.app.prompts.boxes.empty())
+                single.form().cmdReplace.Click();
+            ASSERT_EQ(all.Text(), single.Text());
+            const std::vector<std::uint32_t> once = Colours(all.pane());
+            EXPECT_EQ(once, Colours(single.pane()));
+            EXPECT_EQ(once, Colours(all.window().rtxtXML2));
+            for (int i = 0, steps = all.window().UndoPos; i < 2 * steps; ++i)
+                i < steps ? all.Undo() : all.Redo();
+            EXPECT_EQ(once, Colours(all.pane()));
+            if (replacement.startsWith(u'<')) {
+                const auto place =
+                    static_cast<std::size_t>(all.Text().indexOf(replacement + QStringLiteral("<b>")));
+                EXPECT_EQ(once[place], 0xff0000U);
+                EXPECT_EQ(once[place + 1], 0U);
+            }
+        }
+    }
+}
+
+TEST(ReplaceAll, LeavesThePlaceOfTheOtherPane) {
+    FindDesk desk("<a>one one <b>two</b> one</a>");
+    controls::RichTextBox& other = desk.window().rtxtXML2;
+    other.UserSelected(other.Text().indexOf(QStringLiteral("two")), 3);
+    desk.Look(QStringLiteral("one"), QStringLiteral("eleven"));
+    desk.form().cmdReplaceAll.Click();
+    EXPECT_EQ(other.SelText(), QStringLiteral("two"));
+}
+
 // At the end of the text the search begins again at its start: what is taken away there ends it, too.
 TEST(ReplaceAll, BeginsAgainAtTheStartWhenTheTextsEndIsTakenAway) {
     FindDesk desk;
@@ -190,6 +266,33 @@ TEST(FindHistory, KeepsTheNewestFirstAndEachOnceForTheRun) {
     desk.Press(Qt::Key_F, Qt::ControlModifier);
     EXPECT_TRUE(desk.form().cmbFind.Text().isEmpty());
     EXPECT_TRUE(desk.form().cmbFind.Items().isEmpty());
+}
+
+// The search shows where it is: it doesn't work on a text behind another view.
+TEST(Find, BringsTheTextToTheFrontWithWhatTheTreeHasNew) {
+    for (const bool all : {false, true}) {
+        FindDesk desk("<a><b>one</b></a>");
+        desk.Look(QStringLiteral("two"), QStringLiteral("three"));
+        desk.window().tbsXML.Select(QStringLiteral("listview"));
+        desk.window().tvXML.Nodes(1).Child().Child().Child().SetTag(QStringLiteral("two"));
+        desk.window().bTreeChanged = true;
+        (all ? desk.form().cmdReplaceAll : desk.form().cmdFind).Click();
+        EXPECT_EQ(desk.window().tbsXML.SelectedKey(), QStringLiteral("textview"));
+        EXPECT_EQ(desk.pane().SelText(), all ? QStringLiteral("three") : QStringLiteral("two"));
+        EXPECT_EQ(desk.app.prompts.boxes.size(), all ? 1U : 0U);
+    }
+}
+
+TEST(Find, WorksOnTheDocumentInFrontAlsoWhereItShowsItsList) {
+    FindDesk desk;
+    const QString first = desk.Text();
+    desk.Look(QStringLiteral("ab"), QStringLiteral("x"));
+    DocumentWindow& behind = desk.window();
+    desk.app.OpenText(QStringLiteral("other.xml"), "<a><b>ab</b></a>");
+    desk.form().cmdReplaceAll.Click();
+    EXPECT_EQ(behind.rtxtXML.Text(), first);
+    EXPECT_EQ(desk.window().tbsXML.SelectedKey(), QStringLiteral("textview"));
+    EXPECT_TRUE(desk.Text().contains(QStringLiteral("<b>x</b>")));
 }
 
 TEST(Find, FollowsThePaneAndTheDocumentInUseAndOutlivesThem) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Tab and the keys with Ctrl, and the caret's place in the status bar.
 #include "tests/textview/TextDesk.h"
+#include "textview/Indent.h"
 
 namespace {
 
@@ -127,6 +128,23 @@ TEST(CaretPanel, ShowsLineAndColumnFromOne) {
     desk.pane().charFromPos = [](double x, double) { return static_cast<qsizetype>(x / 15); };
     desk.pane().DragOver(45, 30);
     EXPECT_EQ(panel(), QStringLiteral("Ln 1 , Col 4"));
+}
+
+TEST(CaretPanel, LineAndColumnAreThoseOfTheTextsLinesAtEveryPlace) {
+    TextDesk desk;
+    controls::RichTextBox box;
+    for (const char* text : {"", "a", "\r\n", "\r\n\r\na\r\n", "<a>\r\n\t<b>\r\n\r\n</a>"}) {
+        box.SetText(QLatin1String(text));
+        for (qsizetype place = 0; place <= box.Long().size(); ++place) {
+            if (box.Long().at(place) == u'\n')
+                continue; // nobody stands inside a line's end
+            box.SetSelStart(place);
+            qsizetype line = 0, column = 0;
+            GetLineColumn(box, line, column);
+            EXPECT_EQ(line, box.CaretPlace().line) << text << place;
+            EXPECT_EQ(column, box.CaretPlace().column) << text << place;
+        }
+    }
 }
 
 TEST(CaretLink, ArrowsOverATagsBorderSelectTheNodeAndClicksDo) {

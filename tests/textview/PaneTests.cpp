@@ -199,19 +199,48 @@ TEST(Indent, KeepsTheColoursOfTheLinesInBothPanes) {
     coloured("done again");
 }
 
+TEST(TypedText, GoesOnInTheColourOfTheCommentWhenAMarkIsTakenBack) {
+    TextDesk desk("<a>\n\t<!-- note -->\n</a>");
+    const auto typedAfter = [&](const std::function<void()>& act) {
+        desk.CaretBehind(QStringLiteral("no"));
+        desk.Type(QStringLiteral("<"));
+        act();
+        desk.Type(QStringLiteral("x"));
+        const std::uint32_t colour = ColourOf(desk.pane(), QStringLiteral("x"));
+        desk.Press(Qt::Key_Backspace);
+        return colour;
+    };
+    const std::uint32_t grey = ColourOf(desk.pane(), QStringLiteral("note"));
+    EXPECT_EQ(typedAfter([&] { desk.Press(Qt::Key_Backspace); }), grey);
+    EXPECT_EQ(typedAfter([&] {
+                  desk.SelectText(QStringLiteral("o<"));
+                  desk.Press(Qt::Key_X, Qt::ControlModifier);
+              }),
+              grey);
+    EXPECT_TRUE(ColoursAgree(desk));
+}
+
 TEST(Undo, ALongPieceComesBackInItsColours) {
     QByteArray document = "<list>";
     for (int i = 0; i < 60; ++i)
         document += "\n\t<item>number " + QByteArray::number(i) + "</item>";
     TextDesk desk(document + "\n</list>");
     const std::vector<controls::ColourRun> before = desk.pane().Runs();
-    desk.SelectLines(QStringLiteral("<item>number 5<"), QStringLiteral("number 49"));
-    desk.Press(Qt::Key_Delete);
-    for (int i = 0; i < 2; ++i) {
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"deleted", [&] { desk.Press(Qt::Key_Delete); }},
+        {"typed over", [&] { desk.Type(QStringLiteral("/")); }},
+    };
+    for (const auto& [name, takeAway] : ways) {
+        SCOPED_TRACE(name);
+        desk.SelectLines(QStringLiteral("<item>number 5<"), QStringLiteral("number 49"));
+        takeAway();
+        for (int i = 0; i < 2; ++i) {
+            desk.Undo();
+            EXPECT_EQ(desk.pane().Runs(), before);
+            EXPECT_TRUE(ColoursAgree(desk));
+            desk.Redo();
+        }
         desk.Undo();
-        EXPECT_EQ(desk.pane().Runs(), before);
-        EXPECT_TRUE(ColoursAgree(desk));
-        desk.Redo();
     }
 }
 

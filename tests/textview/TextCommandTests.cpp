@@ -42,6 +42,7 @@ TEST(CloseTag, PutsTheEndTagInKeepsTheCaretAndTheTreeFollows) {
     desk.app.PressButton(QStringLiteral("tbTextEdit"), QStringLiteral("closetag"));
     EXPECT_EQ(desk.Text(), QStringLiteral("<a>\r\n\t<b>one</b>\r\n\t<c>two</c>\r\n</a>"));
     EXPECT_EQ(desk.Selection(), caret);
+    EXPECT_EQ(desk.app.frame().StatusBar1().Panel(2), QStringLiteral("Ln 3 , Col 8"));
     EXPECT_TRUE(desk.PanesAgree());
     EXPECT_EQ(desk.window().tvXML.SelectedItem().Text(), QStringLiteral("c"));
     desk.Undo();

@@ -177,6 +177,20 @@ TEST(Undo, KeepsSelectionsAndTheCurrentNodeAndTellsABadTextQuietly) {
     EXPECT_EQ(desk.app.prompts.beeps, 1);
 }
 
+// Also while the tree has the attention, and the text beside it doesn't follow its own selection.
+TEST(Undo, ShowsTheCaretsPlaceAndNotThatOfAFault) {
+    TextDesk desk;
+    desk.CaretBehind(QStringLiteral("</a>"));
+    desk.Press(Qt::Key_Backspace);
+    desk.app.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    desk.app.ClickNode(desk.window().tvXML.Nodes(1).Child().Child());
+    const QString place = desk.app.frame().StatusBar1().Panel(2);
+    EXPECT_TRUE(place.startsWith(QStringLiteral("Ln 2 , Col "))) << place.toStdString();
+    desk.app.ChooseMenu(QStringLiteral("mnuRedo"));
+    EXPECT_TRUE(desk.Text().endsWith(QStringLiteral("</a")));
+    EXPECT_EQ(desk.app.frame().StatusBar1().Panel(2), place);
+}
+
 // A text that came past the history: the stored piece isn't there any more.
 TEST(Undo, NeverTakesOtherTextAway) {
     TextDesk desk;

@@ -4,6 +4,7 @@
 #include "core/model/Frame.h"
 #include "textview/ReplaceHits.h"
 #include "textview/TextCommands.h"
+#include "textview/fill/FillText.h"
 
 namespace {
 
@@ -34,14 +35,15 @@ void Choose(controls::OptionButton& chosen, std::initializer_list<controls::Opti
         one->SetValue(one == &chosen);
 }
 
-/// The pane in use is the one that is searched, also when the user went to another one or to another document
-/// meanwhile. True when that made another pane the target.
-bool FollowPaneInUse(Application& app) {
-    DocumentWindow* active = app.frame ? app.frame->ActiveForm() : nullptr;
-    if (active && active->tbsXML.SelectedKey() == QStringLiteral("textview"))
-        app.findWindow = active;
-    controls::RichTextBox* inUse = app.findWindow ? &app.findWindow->TextInUse() : nullptr;
-    return std::exchange(app.findTarget, inUse) != inUse;
+bool ShowsText(const DocumentWindow* window) {
+    return window && window->tbsXML.SelectedKey() == QStringLiteral("textview");
+}
+
+// By its tab, so that what is new in the tree comes into the text first.
+void ShowText(DocumentWindow& window) {
+    for (const auto& tab : window.tbsXML.Tabs())
+        if (tab.Key == QStringLiteral("textview"))
+            return window.tbsXML.Select(tab.Key);
 }
 
 } // namespace
@@ -111,6 +113,7 @@ void frmFind::Replace(controls::RichTextBox& target, const QString& replacement)
     if (target.SelLength() == 0)
         target.SetSelLength(cmbFind.Text().size());
     target.SetSelText(replacement);
+    ColourInserted(*app_.findWindow, target, at, replacement.size());
     target.SetSelStart(at);
     target.SetSelLength(replacement.size());
     hit_ = {at, replacement.size(), false};
@@ -151,10 +154,28 @@ void frmFind::TellEnd() {
     app_.services.prompts.MsgBox(QStringLiteral("The specified region has been reached."));
 }
 
-void frmFind::Run(bool replacing) try {
-    if (FollowPaneInUse(app_))
+// The pane in use of the document in front is the one that is searched, also when the user went there
+// meanwhile, or to another view of it.
+bool frmFind::SeeToText() {
+    DocumentWindow* active = app_.frame ? app_.frame->ActiveForm() : nullptr;
+    if (cmbFind.Text().isEmpty())
+        return false;
+    const bool shown = ShowsText(active);
+    if (active && !shown)
+        ShowText(*active);
+    if (!ShowsText(active)) {
+        app_.services.prompts.Beep();
+        return false;
+    }
+    app_.findWindow = active;
+    const controls::RichTextBox* before = std::exchange(app_.findTarget, &active->TextInUse());
+    if (app_.findTarget != before || !shown)
         hit_ = {};
-    if (!app_.findTarget || cmbFind.Text().isEmpty())
+    return true;
+}
+
+void frmFind::Run(bool replacing) try {
+    if (!SeeToText())
         return;
     qsizetype result = -1;
     GeneralFindReplace(*app_.findTarget, replacing, cmbReplace.Text(), result);
@@ -176,11 +197,9 @@ void frmFind::cmdReplace_Click() {
 
 // What repeating cmdReplace_Click to its end would do, in one pass over the text.
 void frmFind::cmdReplaceAll_Click() try {
-    if (FollowPaneInUse(app_))
-        hit_ = {};
-    const QString wanted = cmbFind.Text(), replacement = cmbReplace.Text();
-    if (!app_.findTarget || wanted.isEmpty())
+    if (!SeeToText())
         return;
+    const QString wanted = cmbFind.Text(), replacement = cmbReplace.Text();
     controls::RichTextBox& target = *app_.findTarget;
     const FindOptions options = Options();
     const bool up = optDU.Value();

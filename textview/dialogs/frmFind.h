@@ -4,8 +4,9 @@
 #include "platform/controls/Controls.h"
 #include "textview/FindText.h"
 
-/// The dialog that finds and replaces in the text pane that Application::findTarget names; nothing happens
-/// while that is null. It stands beside the documents, which stay within reach.
+/// The dialog that finds and replaces in the text pane in use of the document in front, which it keeps as
+/// Application::findTarget. Where another view shows, it brings the text to the front. It stands beside the
+/// documents, which stay within reach.
 class frmFind {
 public:
     explicit frmFind(Application& app);
@@ -48,6 +49,7 @@ private:
         qsizetype length = 0;
         bool found = false; ///< found, and not put in
     };
+    bool SeeToText(); ///< false when there is nothing to look for, or no text to look in
     FindOptions Options() const;
     bool SelectsHit(const controls::RichTextBox& target, const QString& replacement) const;
     qsizetype BehindHit(const controls::RichTextBox& target) const;

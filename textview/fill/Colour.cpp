@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/fill/Colour.h"
 #include "core/model/Frame.h"
+#include "platform/controls/ColourRuns.h"
 #include "textview/fill/ColourRtf.h"
 #include <QScopedValueRollback>
 #include <optional>
@@ -120,8 +121,12 @@ void ColourTypedKey(DocumentWindow& window, bool second, int keyAscii) {
         return;
     const auto setColour = [&](RichTextBox& one) {
         const QScopedValueRollback ownWriting(window.bControlChange, true);
-        mXMLEdit::SetOneXMLCharColorByKeyAscii(window.app, one, one.SelStart(), keyAscii,
-                                               window.miTextSizeLevel);
+        // What is selected takes the key's colour, too; it goes, and is to come back as it was.
+        const qsizetype start = one.SelStart(), length = one.SelLength();
+        const std::vector<controls::ColourRun> kept = controls::RunsOf(one.Runs(), start, length);
+        mXMLEdit::SetOneXMLCharColorByKeyAscii(window.app, one, start, keyAscii, window.miTextSizeLevel);
+        if (length > 0)
+            one.SetColours(start, length, kept);
     };
     setColour(pane);
     other.SetSelStart(pane.SelStart());

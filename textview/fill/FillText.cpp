@@ -55,17 +55,27 @@ void TakeColours(controls::RichTextBox& pane, const controls::RichTextBox& from)
 }
 
 // Coloured aside: in the pane each character would be selected for a moment, and be shown.
-void ColourInserted(DocumentWindow& window, controls::RichTextBox& pane, qsizetype start, qsizetype length) {
+std::vector<controls::ColourRun> InsertedColours(Application& app, const QString& text,
+                                                 std::uint32_t around) {
+    // The colour of what stands before it says nothing about very many characters.
+    if (text.size() > mXMLEdit::kLongestColoured)
+        return {};
     controls::RichTextBox aside;
-    // A long one came in with the colour of what stands before it, which says nothing about so many
-    // characters.
-    if (length <= mXMLEdit::kLongestColoured) {
-        aside.SetContent(
-            {text::LongText(pane.Long().mid(start, length)), controls::RunsOf(pane.Runs(), start, length)});
-        aside.SetSelLength(length);
-        mXMLEdit::SetSeltextColor(window.app, aside);
-    }
-    pane.SetColours(start, length, aside.Runs());
+    aside.SetContent({text::LongText(text), {{0, around}}});
+    aside.SetSelLength(text.size());
+    mXMLEdit::SetSeltextColor(app, aside);
+    return aside.Runs();
+}
+
+std::uint32_t ColourAround(const controls::RichTextBox& pane, qsizetype place, qsizetype behind) {
+    return pane.ColourAt(place > 0 ? place - 1 : behind);
+}
+
+void ColourInserted(DocumentWindow& window, controls::RichTextBox& pane, qsizetype start, qsizetype length) {
+    // No more of a long one than tells that it is too long.
+    const QString text = pane.Long().mid(start, std::min(length, mXMLEdit::kLongestColoured + 1));
+    const std::uint32_t around = ColourAround(pane, start, start + length);
+    pane.SetColours(start, length, InsertedColours(window.app, text, around));
     controls::RichTextBox& other = &pane == &window.rtxtXML ? window.rtxtXML2 : window.rtxtXML;
     if (other.Long() == pane.Long())
         TakeColours(other, pane);

@@ -29,8 +29,13 @@ void SetRichText(DocumentWindow& window, const QString& text);
 void SetTreeXMLColor(DocumentWindow& window);
 /// Gives a pane the colours of another one with the same text.
 void TakeColours(controls::RichTextBox& pane, const controls::RichTextBox& from);
-/// Colours a text that was put in at a place of a pane, as SetSeltextColor does, for both panes; a text too
-/// long for that has no colours. The selection stays.
+/// The colours that a text takes where it is put in, as SetSeltextColor gives them, counted from its start;
+/// `around` is the colour there. A text too long for that has none.
+std::vector<controls::ColourRun> InsertedColours(Application& app, const QString& text, std::uint32_t around);
+/// The colour that a text put in at a place begins with: that of the character before it, at the text's start
+/// of the one at `behind`.
+std::uint32_t ColourAround(const controls::RichTextBox& pane, qsizetype place, qsizetype behind);
+/// Gives a text that was put in at a place of a pane its colours, in both panes. The selection stays.
 void ColourInserted(DocumentWindow& window, controls::RichTextBox& pane, qsizetype start, qsizetype length);
 /// Colouring level by the length of a text: 0 (everything) to 3 (nothing). The bounds are open on both sides,
 /// so a text of exactly 163840 or 409600 characters is coloured like a small one.
