@@ -94,11 +94,30 @@ void CutTreeNode(DocumentWindow& window) {
     DoTree(window);
 }
 
+namespace {
+
+// Rows that were copied may have attributes, which go into an element; beside nodes the clipboard's text
+// can't hold them.
+void PasteIntoTree(DocumentWindow& window, TreeNode node, const QString& text) {
+    const Application& app = window.app;
+    const TreeNode target = Container(node);
+    if (!target || app.copiedAttributes.isEmpty() || !IsLastCopy(app, text)) {
+        PasteXMLStringToTree(window, node);
+        return;
+    }
+    const bool nodes = app.copiedText != app.copiedAttributes;
+    if (PasteNodesAndAttributes(window, target, nodes ? text : QString(), app.copiedAttributes, false))
+        DoTree(window);
+}
+
+} // namespace
+
 void PasteTreeNode(DocumentWindow& window) try {
     constexpr int kPause = 10; // milliseconds
-    if (window.app.services.clipboard.GetText().isEmpty())
+    const QString text = window.app.services.clipboard.GetText();
+    if (text.isEmpty())
         return;
-    PasteXMLStringToTree(window, window.tvXML.SelectedItem());
+    PasteIntoTree(window, window.tvXML.SelectedItem(), text);
     TreeChangeTextView(window);
     mXMLEdit::Delay(window.app, kPause);
 } catch (const text::Fault& fault) {

@@ -214,12 +214,21 @@ bool IsReadyFor(DocumentWindow& window) {
     return found;
 }
 
+void RunNodeCommand(DocumentWindow& window, const NodeCommand& command) {
+    const bool label = window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0;
+    if (command.inCell && window.txtListView.Visible())
+        command.inCell(window);
+    else if (command.inCell && label)
+        FinishEdits(window); // the letters were meant, not the node that they are the name of
+    else if (IsReadyFor(window))
+        command.run(window);
+}
+
 void ConnectNodeCommands(frmMDIMain& frame) {
     for (const NodeCommand& command : NodeCommands()) {
-        const auto act = [&frame, run = command.run] {
+        const auto act = [&frame, &command] {
             if (DocumentWindow* window = frame.ActiveForm()) {
-                if (IsReadyFor(*window))
-                    run(*window);
+                RunNodeCommand(*window, command);
                 frame.RefreshMenu();
             }
         };

@@ -72,8 +72,7 @@ constexpr int kComment = 8;
 
 /// Condition c: a node has been copied in this program; a text takes any text.
 bool CanPaste(DocumentWindow& window, MenuSituation situation) {
-    const DocumentWindow* source = window.app.clipboardSource;
-    if (source && !source->msNodeClip.isEmpty())
+    if (!window.app.copiedText.isEmpty()) // also when its document has been closed since
         return true;
     const bool text = situation == MenuSituation::TextSelected || situation == MenuSituation::TextUnselected;
     return text && window.app.services.clipboard.HasText();
@@ -182,9 +181,10 @@ void CommonStep(MenuPlan& plan, const DocumentWindow& window) {
         SetXMLFormActivatedMenu(plan);
 }
 
-/// Only the text view works on text, so only it checks and closes tags.
-void DisableTextEdit(MenuPlan& plan, MenuSituation situation) {
-    if (situation != MenuSituation::TextSelected && situation != MenuSituation::TextUnselected)
+/// Only the text view works on text, so only it checks and closes tags; also while the tree beside it is in
+/// use.
+void DisableTextEdit(MenuPlan& plan, const DocumentWindow& window) {
+    if (window.tbsXML.SelectedKey() != QStringLiteral("textview"))
         plan.Disable({"mnuXMLValidate", "mnuXMLCloseTag"});
 }
 
@@ -248,7 +248,7 @@ void frmMDIMain::SetMenuSituation(MenuSituation situation) {
         CommonStep(plan, *window);
         const Target target = TargetOf(*window, situation);
         ApplyMatrix(plan, situation, target);
-        DisableTextEdit(plan, situation);
+        DisableTextEdit(plan, *window);
         if (window->kind.schema && situation == MenuSituation::TreeRoot)
             EnableMenuSTreeRootSelected(plan, target);
         else if (window->kind.schema)

@@ -71,9 +71,34 @@ void NewAttribute(DocumentWindow& window) {
     window.ListView1.SetFocus();
     AddNewListViewAttribute(window);
 }
+// The list shows what belongs to the node: its value is in the first row, unless the user chose another one.
+void EditValueOfNode(DocumentWindow& window) {
+    if (window.ListView1.SelectedItem() == 0 && window.ListView1.Count() > 0)
+        window.ListView1.SetSelectedItem(1);
+    EditListViewAttribute(window);
+}
 void DeleteInTree(DocumentWindow& window) {
     DeleteTreeNode(window);
     DoTree(window);
+}
+
+// --- in a cell --------------------------------------------------------------------------------------------
+
+void CopyInCell(DocumentWindow& window) {
+    const controls::TextBox& cell = window.txtListView;
+    services::Clipboard& clipboard = window.app.services.clipboard;
+    if (cell.SelLength() > 0)
+        clipboard.SetText(cell.Text().mid(cell.SelStart(), cell.SelLength()));
+}
+void CutInCell(DocumentWindow& window) {
+    CopyInCell(window);
+    if (window.txtListView.SelLength() > 0)
+        window.txtListView.SetSelText({});
+}
+void PasteInCell(DocumentWindow& window) {
+    const QString text = window.app.services.clipboard.GetText();
+    if (!text.isEmpty())
+        window.txtListView.SetSelText(text);
 }
 
 // --- the commands
@@ -89,7 +114,7 @@ constexpr Forms kNewAttribute{.tree = NewAttribute, .list = AddNewListViewAttrib
 constexpr Forms kDelete{
     .tree = DeleteInTree, .list = DeleteListViewItems, .text = DeleteSelection, .treeNode = DeleteInTree};
 constexpr Forms kRename{.tree = EditTreeNode, .list = EditListViewItemName};
-constexpr Forms kEditValue{.tree = EditListViewAttribute, .list = EditListViewAttribute};
+constexpr Forms kEditValue{.tree = EditValueOfNode, .list = EditListViewAttribute};
 
 constexpr NodeCommand kCommands[] = {
     {{"mnuNewNode", "mnuNewNodeP"}, nullptr, nullptr, ByContext<kNewNode>},
@@ -98,9 +123,9 @@ constexpr NodeCommand kCommands[] = {
     {{"mnuNewComment", "mnuNewCommentP"}, "tbListEdit", "newcomment", ByContext<kNewComment>},
     {{"mnuNewAttr", "mnuNewAttrP"}, "tbListEdit", "newattribute", ByContext<kNewAttribute>},
     {{"mnuEditValue", "mnuEditAttrP"}, nullptr, nullptr, ByContext<kEditValue>},
-    {{"mnuEditCopy", "mnuCopyP"}, "tbCommonEdit", "copy", Copy},
-    {{"mnuEditCut", "mnuCutP"}, "tbCommonEdit", "cut", Cut},
-    {{"mnuEditPaste", "mnuPasteP"}, "tbCommonEdit", "paste", Paste},
+    {{"mnuEditCopy", "mnuCopyP"}, "tbCommonEdit", "copy", Copy, CopyInCell},
+    {{"mnuEditCut", "mnuCutP"}, "tbCommonEdit", "cut", Cut, CutInCell},
+    {{"mnuEditPaste", "mnuPasteP"}, "tbCommonEdit", "paste", Paste, PasteInCell},
     {{"mnuDelete", "mnuDeleteP"}, "tbCommonEdit", "delete", ByContext<kDelete>},
     {{"mnuEditName", "mnuEditP"}, nullptr, nullptr, ByContext<kRename>},
     {{"mnuMoveUP"}, "tbListEdit", "moveup", MoveUp},

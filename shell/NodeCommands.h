@@ -11,6 +11,8 @@ struct NodeCommand {
     const char* toolbar;                ///< null: no button
     const char* button;
     void (*run)(DocumentWindow& window);
+    /// The same on what is selected in a cell that is being edited; null: the edit ends first.
+    void (*inCell)(DocumentWindow& window) = nullptr;
 };
 
 std::span<const NodeCommand> NodeCommands();

@@ -109,6 +109,13 @@ void RunMenuCommand(DocumentWindow& window, const char* entry) {
         window.app.frame->RunMenuCommand(QLatin1String(entry));
 }
 
+// Another node may be current then, which allows other commands.
+void txtXPath_Enter(DocumentWindow& window) {
+    SelectTreeNodeByPath(window, window.txtXPath.Text());
+    if (window.app.frame)
+        window.app.frame->SetFormActivatedMenu(window);
+}
+
 void tvXML_KeyUp(DocumentWindow& window, int key, int modifiers) {
     constexpr int kPause = 10; // milliseconds
     window.miPopupContext = kContextTree;
@@ -306,7 +313,7 @@ void Form_Load(DocumentWindow& window) {
     window.tbsXML.Click.connect([&window] { tbsXML_Clicked(window); });
     window.txtXPath.KeyUp.connect([&window](int key, int) {
         if (key == kKeyReturn || key == kKeyEnter)
-            SelectTreeNodeByPath(window, window.txtXPath.Text());
+            txtXPath_Enter(window);
     });
 }
 

@@ -30,6 +30,20 @@ bool Probe(Application& app, const QString& document, const QString& title) {
     return false;
 }
 
+// A quote or a blank in what was typed can begin another attribute, and the parser has nothing against that:
+// what is meant to be one name or value must be one.
+bool SaysNoMore(Application& app, const QString& probe, int attributes, const QString& title) {
+    xml::ParsedDocument document;
+    document.loadXML(probe);
+    if (document.documentElement() && document.documentElement().attributeCount() == attributes)
+        return true;
+    app.services.prompts.Beep();
+    app.services.prompts.MsgBox(QStringLiteral("This is more than one name or value. A quotation mark in a "
+                                               "value is written &quot;"),
+                                Buttons::Ok, Icon::Critical, title);
+    return false;
+}
+
 } // namespace
 
 QString NodeNameProbe(const QString& name) {
@@ -61,7 +75,10 @@ void ComplainWhileTyping(Application& app, const QString& probe) {
 bool ValidateNodeName(Application& app, const QString& name) {
     if (name.isEmpty())
         return false;
-    if (ValidateXML(app, NodeNameProbe(name), true))
+    xml::ParsedDocument document;
+    document.loadXML(NodeNameProbe(name));
+    const bool more = document.documentElement() && document.documentElement().attributeCount() > 0;
+    if (!more && ValidateXML(app, NodeNameProbe(name), true))
         return true;
     app.services.prompts.MsgBox(
         QStringLiteral("Sample:Abc\r\nXML node name ::= (Letter | '_' | ':') (Letter | Digit | '.' | '-' | "
@@ -71,8 +88,10 @@ bool ValidateNodeName(Application& app, const QString& name) {
 }
 
 bool ValidateNodeAttributeName(Application& app, const QString& attributeName, const QString& nodeName) {
-    return Probe(app, u'<' + PureName(nodeName) + u' ' + PureName(attributeName) + QStringLiteral("=\"\"/>"),
-                 QStringLiteral("This is not a validate attribute name"));
+    const QString probe =
+        u'<' + PureName(nodeName) + u' ' + PureName(attributeName) + QStringLiteral("=\"\"/>");
+    const QString title = QStringLiteral("This is not a validate attribute name");
+    return Probe(app, probe, title) && SaysNoMore(app, probe, 1, title);
 }
 
 bool ValidateNodeAttributes(Application& app, const QString& attributes, const QString& nodeName,
@@ -100,8 +119,9 @@ bool ValidateNodeText(Application& app, const QString& text, const QString& node
 
 bool ValidateNodeAttributeValue(Application& app, const QString& value, const QString& nodeName,
                                 const QString& attributeName) {
-    return Probe(app, NodeAttributeValueProbe(value, nodeName, attributeName),
-                 QStringLiteral("This is not a validate attribute value"));
+    const QString probe = NodeAttributeValueProbe(value, nodeName, attributeName);
+    const QString title = QStringLiteral("This is not a validate attribute value");
+    return Probe(app, probe, title) && SaysNoMore(app, probe, 1, title);
 }
 
 int GetSelTextType(Application& app, const QString& text) {

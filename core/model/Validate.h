@@ -5,10 +5,10 @@
 
 /// What the user types as a name, an attribute, a value or a text is checked by asking the parser whether a
 /// tiny document around it loads, with the string pasted in raw: accepted is what the parser accepts in that
-/// place. Every failed probe beeps and leaves the parser's complaint on status panel 1; while the active
-/// window shows its text view, the caret goes to the error's position, though that is a position in the
-/// probe. Nothing in the document changes. Element names lose their prefix first, since no probe declares
-/// one; what stands in front of the first ":" is therefore never looked at.
+/// place, as long as one name or value stays one. Every failed probe beeps and leaves the parser's complaint
+/// on status panel 1; while the active window shows its text view, the caret goes to the error's position,
+/// though that is a position in the probe. Nothing in the document changes. Element names lose their prefix
+/// first, since no probe declares one; what stands in front of the first ":" is therefore never looked at.
 namespace m_tvXML {
 
 /// False without a message for an empty name; a box for any other wrong one.

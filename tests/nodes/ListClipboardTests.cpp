@@ -34,6 +34,37 @@ TEST_F(ListClipboard, NodesAndAttributesAreCopiedAndPasted) {
     EXPECT_EQ(Xml(Element().Child()), "<title year=\"1999\">Tee</title>");
 }
 
+// Only the tree knows where an attribute can go: the clipboard's text can't hold one beside nodes.
+TEST_F(ListClipboard, RowsThatWereCutComeWholeIntoTheTree) {
+    Open();
+    ClickRows({1, 4});
+    Key(Qt::Key_X, Qt::ControlModifier);
+    ASSERT_EQ(Xml(), "<book year=\"1999\"><chapter n=\"2\">x<b></b>y</chapter>end</book>");
+    Select(Element().Child());
+    w->tvXML.KeyUp(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Xml(Element().Child()), "<chapter n=\"2\" lang=\"de\">x<b></b>y<title>Tee</title></chapter>");
+}
+
+// Toolbar buttons leave the focus in the cell: its letters are meant, not its row.
+TEST_F(ListClipboard, InACellTheCommandsWorkOnItsText) {
+    Open();
+    const std::string before = Xml();
+    TypeInto(4, 2, QStringLiteral("german"));
+    w->txtListView.UserSelected(0, 3);
+    t.PressButton(QStringLiteral("tbCommonEdit"), QStringLiteral("cut"));
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("man"));
+    EXPECT_EQ(t.clipboard.text, QStringLiteral("ger"));
+    EXPECT_EQ(Xml(), before);
+    t.clipboard.text = QStringLiteral("hu");
+    Menu("mnuEditPaste");
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("human"));
+    // In a label there is nothing that a command can be given: it is finished, and its node stays.
+    w->txtListView.LostFocus();
+    w->tvXML.StartLabelEdit();
+    t.PressButton(QStringLiteral("tbCommonEdit"), QStringLiteral("cut"));
+    EXPECT_TRUE(Element());
+}
+
 TEST_F(ListClipboard, ATextKeepsItsCharactersOnTheWay) {
     Open("<r><a>x</a><b/><c/>tail<d/></r>");
     Edit(1, 3, "n=\"1\"");

@@ -89,6 +89,20 @@ TEST(Validation, AttributeNamesAndLists) {
     EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("This is not valid attributes"));
 }
 
+// The parser has nothing against another attribute, but one name or value was meant.
+TEST(Validation, WhatWouldBeAnotherAttributeIsRefused) {
+    test::TestApp t;
+    t.prompts.AllowAnyBox();
+    const QString element = QStringLiteral("box");
+    EXPECT_FALSE(ValidateNodeName(t.app(), QStringLiteral("box a=\"1\"")));
+    EXPECT_FALSE(ValidateNodeAttributeName(t.app(), QStringLiteral("a=\"1\" b"), element));
+    EXPECT_FALSE(
+        ValidateNodeAttributeValue(t.app(), QStringLiteral("1\" b=\"3"), element, QStringLiteral("a")));
+    EXPECT_EQ(t.prompts.boxes.size(), 3U);
+    EXPECT_TRUE(
+        ValidateNodeAttributeValue(t.app(), QStringLiteral("1&quot; b='3'"), element, QStringLiteral("a")));
+}
+
 // While the user types, the complaint comes without a box, with the line ends that the quiet load's lacks.
 TEST(Validation, AQuietComplaintStandsOnTheStatusPanelAlone) {
     test::TestApp t;

@@ -144,6 +144,14 @@ TEST(MenuMatrix, PasteFollowsWhatWasCopied) {
         EXPECT_EQ(Letter(t, "mnuEditPaste"), column == kBrowser ? 'D' : 'E') << kSituations[column].name;
         EXPECT_EQ(Letter(t, "mnuPasteP"), column == kBrowser ? 'D' : 'E') << kSituations[column].name;
     }
+    TestApp other;
+    other.OpenText(QStringLiteral("other.xml"), "<a><b/></a>");
+    other.ClickNode(other.window().tvXML.Nodes(1).Child());
+    other.ChooseMenu(QStringLiteral("mnuEditCopy"));
+    other.ChooseMenu(QStringLiteral("mnuFileClose"));
+    SelectNode(other);
+    EXPECT_EQ(Letter(other, "mnuEditPaste"), 'E') << "its document was closed since";
+
     TestApp t;
     t.clipboard.SetText(QStringLiteral("from elsewhere"));
     SelectNode(t);
@@ -236,6 +244,27 @@ TEST(MenuMatrix, IsThatOfTheViewInUseInAWindowThatStaysOrComesBack) {
     t.frame().ActivateForm(&text);
     t.frame().ActivateForm(&tree);
     EXPECT_EQ(letter("mnuEditName"), 'D') << "browser view";
+}
+
+TEST(MenuMatrix, FollowsTheNodeThatAPathLedTo) {
+    TestApp t;
+    DocumentWindow& w = t.OpenText(QStringLiteral("a.xml"), kShop);
+    ASSERT_EQ(Letter(t, "mnuEditCut"), 'D');
+    w.txtXPath.UserTyped(QStringLiteral("/*/*"));
+    w.txtXPath.KeyUp(Qt::Key_Return, 0);
+    EXPECT_EQ(Letter(t, "mnuEditCut"), 'E');
+}
+
+TEST(MenuMatrix, AShownTextCanBeCheckedFromTheTreeBesideIt) {
+    TestApp t;
+    DocumentWindow& w = t.OpenText(QStringLiteral("a.xml"), kShop);
+    EXPECT_EQ(Letter(t, "mnuXMLValidate"), 'D');
+    w.tbsXML.Select(QStringLiteral("textview"));
+    t.ClickNode(Pen(w));
+    EXPECT_EQ(Letter(t, "mnuXMLValidate"), 'E');
+    t.prompts.Answer(services::Answer::Ok);
+    t.PressButton(QStringLiteral("tbTextEdit"), QStringLiteral("validate"));
+    EXPECT_EQ(t.prompts.Texts().back(), QStringLiteral("It is valid XML!"));
 }
 
 } // namespace
