@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/model/Frame.h"
 #include "core/model/Serialise.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
@@ -141,7 +142,8 @@ void CloseTag(DocumentWindow& window) try {
     }
     pane.SetSelStart(start);
     pane.SetSelLength(length);
-    ShowCursorPosition(window);
+    if (window.app.frame) // the element that was closed is the current node now
+        ShowNodePath(window, window.app.frame->StatusBar1());
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".CloseTag"));
 }

@@ -45,6 +45,7 @@ TEST(CloseTag, PutsTheEndTagInKeepsTheCaretAndTheTreeFollows) {
     EXPECT_EQ(desk.app.frame().StatusBar1().Panel(2), QStringLiteral("Ln 3 , Col 8"));
     EXPECT_TRUE(desk.PanesAgree());
     EXPECT_EQ(desk.window().tvXML.SelectedItem().Text(), QStringLiteral("c"));
+    EXPECT_EQ(desk.window().txtXPath.Text(), QStringLiteral("/a[1]/c[1]"));
     desk.Undo();
     EXPECT_EQ(desk.Text(), open);
 }
