@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include <QDrag>
+#include <QKeyEvent>
 #include <QListView>
 #include <QMouseEvent>
 #include <QTreeView>
 #include <functional>
 
-/// An item view that leaves it to somebody else what a drag of its items carries.
+/// An item view that leaves it to somebody else what a drag of its items carries, and what is copied.
 template <typename View> class DragView : public View {
 public:
     using View::View;
@@ -28,6 +29,11 @@ protected:
     void mousePressEvent(QMouseEvent* event) override {
         over_ = false;
         View::mousePressEvent(event);
+    }
+    // A view's own copying replaces the clipboard by the current cell, also where nothing is selected.
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!event->matches(QKeySequence::Copy))
+            View::keyPressEvent(event);
     }
 
 private:

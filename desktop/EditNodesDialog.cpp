@@ -132,7 +132,10 @@ bool EditNodesDialog::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool EditNodesDialog::event(QEvent* event) {
-    if (event->type() == QEvent::WindowActivate)
-        form_.Form_Activate();
+    if (event->type() == QEvent::WindowDeactivate)
+        form_.Form_Deactivate();
+    // The area of the documents takes the main window along when it brings one to the front.
+    if (event->type() == QEvent::WindowActivate && form_.Form_Activate())
+        activateWindow();
     return QDialog::event(event);
 }

@@ -12,7 +12,9 @@ namespace {
 constexpr int kNarrowest = 160; // pixels
 } // namespace
 
-LabelDelegate::LabelDelegate(QObject* parent, std::function<void()> givenUp) : QStyledItemDelegate(parent) {
+LabelDelegate::LabelDelegate(QObject* parent, std::function<void()> givenUp,
+                             std::function<void(const QString&)> typed)
+    : QStyledItemDelegate(parent), typed_(std::move(typed)) {
     connect(this, &QAbstractItemDelegate::closeEditor, this,
             [this, givenUp = std::move(givenUp)](QWidget*, EndEditHint hint) {
                 editor_ = nullptr;
@@ -65,6 +67,7 @@ QWidget* LabelDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
     auto editor = std::make_unique<QLineEdit>(parent);
     editor->setMaxLength(std::numeric_limits<int>::max());
     editor->setFrame(true);
+    connect(editor.get(), &QLineEdit::textEdited, this, typed_);
     editor_ = editor.get();
     return editor.release();
 }

@@ -5,10 +5,10 @@
 #include <functional>
 
 /// Edits a label in place. The editor is wide enough to type in from the start and takes a text of any
-/// length; Esc and other ways of giving up are told to `givenUp`.
+/// length; what the user types is told to `typed`, Esc and other ways of giving up to `givenUp`.
 class LabelDelegate : public QStyledItemDelegate {
 public:
-    explicit LabelDelegate(QObject* parent, std::function<void()> givenUp);
+    LabelDelegate(QObject* parent, std::function<void()> givenUp, std::function<void(const QString&)> typed);
     /// Hands in what was typed so far and closes the editor, if one is open.
     void Finish();
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -24,6 +24,7 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:
+    std::function<void(const QString&)> typed_;
     int itemWidth_ = 0;
     mutable QPointer<QWidget> editor_;
 };

@@ -53,7 +53,9 @@ ListAdapter::ListAdapter(controls::ListView& model, const ListWidgets& widgets, 
 void ListAdapter::ConnectLabels() {
     for (QAbstractItemView* view : {static_cast<QAbstractItemView*>(&widgets_.report),
                                     static_cast<QAbstractItemView*>(&widgets_.icons)}) {
-        auto* const labels = new LabelDelegate(this, [this] { model_.CancelLabelEdit(); });
+        auto* const labels = new LabelDelegate(
+            this, [this] { model_.CancelLabelEdit(); },
+            [this](const QString& text) { model_.LabelTyped(text); });
         if (view == &widgets_.report)
             view->setItemDelegateForColumn(0, labels);
         else
@@ -171,8 +173,19 @@ void ListAdapter::ShowView() {
     widgets_.icons.setFlow(model_.View() == controls::lvwList ? QListView::TopToBottom
                                                               : QListView::LeftToRight);
     widgets_.pages.setCurrentWidget(&Shown());
+    ShowCurrent();
     if (hadFocus)
         Shown().setFocus(Qt::OtherFocusReason);
+}
+
+// The user may have clicked on any cell of the row, but names and icons know the first column only.
+void ListAdapter::ShowCurrent() {
+    const QModelIndex current = selection_.currentIndex().siblingAtColumn(0);
+    if (!current.isValid())
+        return;
+    const QScopedValueRollback guard(updating_, updating_ + 1);
+    selection_.setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    Shown().scrollTo(current);
 }
 
 void ListAdapter::ShowColumns() {
@@ -180,4 +193,5 @@ void ListAdapter::ShowColumns() {
     for (int i = 0; i < header.count(); ++i)
         header.resizeSection(i, ToPixels(model_.ColumnWidths[static_cast<std::size_t>(i)]));
     header.setStretchLastSection(true);
+    header.setSectionsMovable(false); // the cells' editor is laid over them in the columns' own order
 }

@@ -34,6 +34,7 @@ private:
     void ConnectLabels();
     void ShowSelected();
     void ShowView();
+    void ShowCurrent();
     void ShowColumns();
 
     controls::ListView& model_;

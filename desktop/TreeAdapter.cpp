@@ -40,7 +40,8 @@ TreeAdapter::TreeAdapter(controls::TreeView& model, QTreeView& widget, QObject* 
 }
 
 void TreeAdapter::ConnectLabels() {
-    auto* const labels = new LabelDelegate(this, [this] { model_.CancelLabelEdit(); });
+    auto* const labels = new LabelDelegate(
+        this, [this] { model_.CancelLabelEdit(); }, [this](const QString& text) { model_.LabelTyped(text); });
     widget_.setItemDelegate(labels);
     Listen(model_.labelEditFinish, labels, [labels] { labels->Finish(); });
     Listen(model_.labelEditStarted, this,

@@ -41,8 +41,7 @@ bool PasteXMLText(DocumentWindow& window, const QString& text, controls::TreeNod
 xml::Node ConvertStringToXMLNode(Application& app, const QString& text,
                                  std::shared_ptr<xml::ParsedDocument>& document);
 
-// --- list
-// ----------------------------------------------------------------------------------------------------
+// --- list ------------------------------------------------------------------------------------------------
 /// All selected rows or, with false, none, as in the tree.
 bool CopyListViewItems(DocumentWindow& window);
 void CutListViewItems(DocumentWindow& window);
@@ -60,8 +59,7 @@ bool PasteNodesAndAttributes(DocumentWindow& window, controls::TreeNode target, 
 /// Adds a list of attributes to an element; none where one of the names is taken already, which is told.
 bool AddAttributes(DocumentWindow& window, controls::TreeNode element, const QString& attributes);
 
-// --- text
-// ----------------------------------------------------------------------------------------------------
+// --- text ------------------------------------------------------------------------------------------------
 void PasteTreeNodeToTextView(DocumentWindow& window);
 /// The rows that were copied last, also where the clipboard holds them no longer.
 void PasteListViewItemsToTextView(DocumentWindow& window);

@@ -9,6 +9,7 @@
 #include "nodes/ListRows.h"
 #include "nodes/TreeCommands.h"
 #include "nodes/fill/ShowListView.h"
+#include <algorithm>
 
 namespace {
 
@@ -60,7 +61,9 @@ NodeWrite WriteAttribute(DocumentWindow& window, NodeInHand& hand, TreeNode elem
     Application& app = window.app;
     Attributes all(element);
     const qsizetype at = all.names.indexOf(hand.attribute);
-    if (at < 0 || (name == all.names[at] && value == all.values[at]))
+    if (at < 0)
+        return NodeWrite::Gone;
+    if (name == all.names[at] && value == all.values[at])
         return NodeWrite::Unchanged;
     if (name != all.names[at]) {
         if (!m_tvXML::ValidateNodeAttributeName(app, name, element.Text()))
@@ -83,19 +86,20 @@ NodeWrite WriteAttribute(DocumentWindow& window, NodeInHand& hand, TreeNode elem
 
 // --- an element -------------------------------------------------------------------------------------------
 
-// An emptied text goes: a text child without a text is one that still waits for it.
+// An emptied text goes: a text child without a text is one that still waits for it. The current node stays,
+// where deleting and adding choose another one.
 void WriteElementText(DocumentWindow& window, TreeNode element, TreeNode child, const QString& text) {
+    const TreeNode current = window.tvXML.SelectedItem();
     if (child && text.isEmpty()) {
         DeleteTreeNode(window, child);
     } else if (child) {
         child.SetTag(text);
         m_tvXML::SetTextNodeDisplay(window.app, child);
     } else {
-        const TreeNode shown = window.tvXML.SelectedItem();
         window.tvXML.SetSelectedItem(element);
         AddNewTreeNodeText(window, true, true, text);
-        window.tvXML.SetSelectedItem(shown);
     }
+    window.tvXML.SetSelectedItem(current ? current : element);
 }
 
 NodeWrite WriteElement(DocumentWindow& window, TreeNode element, const QString& name, const QString& attrs,
@@ -134,11 +138,7 @@ NodeWrite WriteValue(DocumentWindow& window, const NodeInHand& hand, TreeNode no
                !probe.isEmpty() && !PassesProbe(window.app, probe)) {
         return NodeWrite::Refused;
     }
-    if (hand.kind == kRowText && value.isEmpty()) {
-        DeleteTreeNode(window, node);
-        return NodeWrite::Written;
-    }
-    node.SetTag(value);
+    node.SetTag(value); // an emptied text keeps its node, so that the walk goes on from there
     if (hand.kind == kRowText)
         m_tvXML::SetTextNodeDisplay(window.app, node);
     return NodeWrite::Written;
@@ -165,7 +165,73 @@ NodeWrite WriteRoot(DocumentWindow& window, NodeInHand& hand, TreeNode root, con
     return NodeWrite::Written;
 }
 
+// --- finding a node again ---------------------------------------------------------------------------------
+
+NodeTrace::Step StepTo(TreeNode node) {
+    const int kind = m_tvXML::GetKeyType(node);
+    return {kind, kind == kRowElement ? node.Text() : QString(), 0};
+}
+
+bool Agrees(TreeNode node, const NodeTrace::Step& step) {
+    return m_tvXML::GetKeyType(node) == step.kind &&
+           (step.kind != kRowElement || node.TextView() == QStringView(step.name));
+}
+
+TreeNode NodeAt(TreeNode node, const std::vector<NodeTrace::Step>& steps) {
+    for (const NodeTrace::Step& step : steps) {
+        int place = 0;
+        TreeNode child = node ? node.Child() : TreeNode();
+        while (child && !(Agrees(child, step) && ++place == step.place))
+            child = child.Next();
+        node = child;
+    }
+    return node;
+}
+
+// False when the element has no such attribute.
+bool ReadContent(const NodeInHand& hand, TreeNode node, QString& value, QString& text) {
+    QString key;
+    value = node.Tag();
+    text = hand.kind == kRowElement ? GetFirstNodeText(node, key) : QString();
+    if (hand.kind != kRowAttribute)
+        return true;
+    const Attributes all(node);
+    const qsizetype at = all.names.indexOf(hand.attribute);
+    value = at < 0 ? QString() : all.values[at];
+    return at >= 0;
+}
+
 } // namespace
+
+NodeTrace TraceOf(DocumentWindow& window, const NodeInHand& hand) {
+    NodeTrace trace;
+    TreeNode node = window.tvXML.Nodes.Find(hand.key);
+    if (!node)
+        return trace;
+    ReadContent(hand, node, trace.value, trace.text);
+    for (; node && !m_tvXML::IsTreeRoot(node); node = node.Parent()) {
+        NodeTrace::Step step = StepTo(node);
+        for (TreeNode sibling = node; sibling; sibling = sibling.Previous())
+            step.place += Agrees(sibling, step) ? 1 : 0;
+        trace.steps.push_back(step);
+    }
+    std::reverse(trace.steps.begin(), trace.steps.end());
+    return trace;
+}
+
+bool FindNodeAgain(DocumentWindow& window, NodeInHand& hand, const NodeTrace& trace) {
+    if (hand.kind == kNoNodeInHand || window.tvXML.Nodes.Count() == 0)
+        return false;
+    QString value;
+    QString text;
+    if (const TreeNode node = window.tvXML.Nodes.Find(hand.key))
+        return ReadContent(hand, node, value, text);
+    const TreeNode node = NodeAt(window.tvXML.Nodes(1), trace.steps);
+    if (!node || !ReadContent(hand, node, value, text) || value != trace.value || text != trace.text)
+        return false;
+    hand.key = node.Key();
+    return true;
+}
 
 NodeInHand GetNodeInHand(DocumentWindow& window, int context) {
     if (context != kContextList) {
@@ -179,6 +245,23 @@ NodeInHand GetNodeInHand(DocumentWindow& window, int context) {
     if (item.SmallIcon == kRowAttribute)
         return {item.SmallIcon, item.Tag, item.Text};
     return {item.SmallIcon, item.Key, {}};
+}
+
+void SelectNodeInHand(DocumentWindow& window, const NodeInHand& hand, int context) {
+    const TreeNode node = window.tvXML.Nodes.Find(hand.key);
+    if (!node)
+        return;
+    controls::ListView& list = window.ListView1;
+    const QString row = hand.attribute.isEmpty() ? hand.key : hand.key + u'/' + hand.attribute;
+    if (context != kContextList)
+        window.tvXML.SetSelectedItem(node);
+    else if (list.IndexOf(row) == 0)
+        window.tvXML.SetSelectedItem(hand.attribute.isEmpty() ? node.Parent() : node);
+    DoTree(window);
+    if (context == kContextList && list.IndexOf(row) != list.SelectedItem()) {
+        list.ClearSelected();
+        list.SetSelectedItem(list.IndexOf(row));
+    }
 }
 
 void SetMemberVars(DocumentWindow& window, int context, QString& name, QString& attrs, QString& text,
@@ -205,8 +288,10 @@ void SetMemberVars(DocumentWindow& window, int context, QString& name, QString& 
 NodeWrite WriteNodeInHand(DocumentWindow& window, NodeInHand& hand, const QString& name, const QString& attrs,
                           const QString& text) {
     const TreeNode node = window.tvXML.Nodes.Find(hand.key);
-    if (!node || hand.kind == kNoNodeInHand)
+    if (hand.kind == kNoNodeInHand)
         return NodeWrite::Unchanged;
+    if (!node)
+        return NodeWrite::Gone;
     if (hand.kind == kTreeRoot)
         return WriteRoot(window, hand, node, name);
     const NodeWrite result = WriteByKind(window, hand, node, name, attrs, text);

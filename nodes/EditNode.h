@@ -2,6 +2,7 @@
 #pragma once
 #include "core/model/DocumentWindow.h"
 #include <QString>
+#include <vector>
 
 // One node with all that can be edited of it: what the one-by-one editor shows and writes back.
 
@@ -23,9 +24,28 @@ struct NodeInHand {
     bool operator==(const NodeInHand&) const = default;
 };
 NodeInHand GetNodeInHand(DocumentWindow& window, int context);
+/// Makes it the current one again: of the tree, or of the list, which then shows what it is a row of. Nothing
+/// happens when it is gone.
+void SelectNodeInHand(DocumentWindow& window, const NodeInHand& hand, int context);
+
+/// What a node is known by after its tree was built anew: where it stood, and what was in it.
+struct NodeTrace {
+    struct Step {
+        int kind;
+        QString name; ///< an element's; empty for other nodes
+        int place;    ///< 1-based, among the siblings that agree in both
+    };
+    std::vector<Step> steps; ///< from the tree root down; none for the root itself
+    QString value, text;     ///< as SetMemberVars tells them
+};
+NodeTrace TraceOf(DocumentWindow& window, const NodeInHand& hand);
+/// Whether the node is there. In a tree that was built anew it is the one at the same place that says the
+/// same, and `hand` is that one from then on.
+bool FindNodeAgain(DocumentWindow& window, NodeInHand& hand, const NodeTrace& trace);
 
 enum class NodeWrite {
-    Unchanged, ///< also when the node is gone
+    Unchanged,
+    Gone, ///< there is no such node any more
     Written,
     Refused ///< the user has been told why; the node is as it was
 };

@@ -6,8 +6,7 @@
 // The commands of the list. It shows the children and attributes of the current node of the tree, and each
 // command works on the tree; the list is filled anew from it.
 
-// --- adding: the new node's row is shown and its name or value opens for editing
-// -----------------------------
+// --- adding: the new node's row is shown and its name or value opens for editing -------------------------
 
 /// An element behind the current row's node; without such a row a child of the node on show.
 void AddNewListViewNode(DocumentWindow& window);
@@ -19,8 +18,7 @@ void AddNewListViewCommentNode(DocumentWindow& window); ///< a comment, placed a
 /// An attribute of the element on show, or of the root element in the list of the tree root.
 void AddNewListViewAttribute(DocumentWindow& window);
 
-// --- names
-// -----------------------------------------------------------------------------------------------------
+// --- names -----------------------------------------------------------------------------------------------
 
 void EditListViewItemName(DocumentWindow& window); ///< starts the label edit of the current row
 /// Texts, comments and instructions have no name to edit.

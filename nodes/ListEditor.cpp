@@ -8,6 +8,7 @@
 #include "nodes/ListRows.h"
 #include <Qt>
 #include <algorithm>
+#include <utility>
 
 // Opening, keys and place of the list's cell editor; what becomes of its text stands in ListCommit.cpp.
 
@@ -179,8 +180,10 @@ void txtListView_GotFocus(DocumentWindow& window) {
     window.tmList.SetEnabled(true);
 }
 
+// What the user typed so far is no fault any more; the complaint about a text that was handed in stays.
 void CancelListViewTextBox(DocumentWindow& window) {
-    window.mbIsEditValue = false;
+    if (std::exchange(window.mbIsEditValue, false))
+        m_tvXML::ComplainWhileTyping(window.app, {});
     window.tmList.SetEnabled(false);
     window.txtListView.SetVisible(false);
     window.cmdPop.SetVisible(false);

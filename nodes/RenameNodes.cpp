@@ -118,10 +118,13 @@ bool ChangeTreeRootText(DocumentWindow& window, const QString& name) try {
     if (newName != oldName && !TakeFileAlong(window, oldName, newName))
         return false;
     root.SetText(newName);
-    app.CurrentFileName = newName;
     window.SetCaption(newName);
     root.SetKey(newName);
-    if (app.frame)
+    // The name in hand and the address are those of the window in front.
+    const bool inFront = !app.frame || app.frame->ActiveForm() == &window;
+    if (inFront)
+        app.CurrentFileName = newName;
+    if (inFront && app.frame)
         app.frame->cmbAddress().SetText(newName);
     return true;
 } catch (const text::Fault& fault) {

@@ -36,8 +36,7 @@ void tvXMLAfterLabelEdit(DocumentWindow& window, controls::TreeNode node, bool& 
 /// the old name stays. False when nothing was renamed.
 bool ChangeTreeRootText(DocumentWindow& window, const QString& name);
 
-// --- deleting and moving
-// -------------------------------------------------------------------------------------
+// --- deleting and moving ---------------------------------------------------------------------------------
 
 /// Removes a node with all below it (nothing: the selected node); never the tree root. Asks nothing.
 void DeleteTreeNode(DocumentWindow& window, controls::TreeNode node = {});

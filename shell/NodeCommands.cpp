@@ -101,8 +101,7 @@ void PasteInCell(DocumentWindow& window) {
         window.txtListView.SetSelText(text);
 }
 
-// --- the commands
-// -------------------------------------------------------------------------------------------
+// --- the commands ----------------------------------------------------------------------------------------
 
 // Elements, texts and comments that are added from the table go beside the current node of the tree.
 constexpr Forms kNewNode{.tree = NewTreeNode, .list = AddNewListViewNode, .table = NewTreeNode};

@@ -53,7 +53,7 @@ public:
     void OpenNamed(const QString& name); ///< command line, address box, recent files, dropped files
     void HaveSameNameForm(const QString& name, bool bringToFront, bool& result) override;
     /// The user (or a command) brings a window to the front. Runs Form_Activate when it wasn't active.
-    void ActivateForm(DocumentWindow* window);
+    void ActivateForm(DocumentWindow* window) override;
     /// Form_Unload, then the window goes. False when the user chose Cancel.
     bool CloseForm(DocumentWindow* window);
     void NextWindow(); ///< the active window goes to the back of the order

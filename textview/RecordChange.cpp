@@ -13,8 +13,7 @@ namespace {
 using controls::RichTextBox;
 using text::LongText;
 
-// --- the pane's manner with line ends: nothing goes or comes between the two halves of one
-// ------------------
+// --- the pane's manner with line ends: nothing goes or comes between the two halves of one ---------------
 
 bool SplitsLineEnd(const LongText& text, qsizetype at) {
     return at > 0 && text.at(at) == u'\n' && text.at(at - 1) == u'\r';

@@ -2,6 +2,7 @@
 #include "core/commands/WindowEvents.h"
 #include "core/commands/DragEvents.h"
 #include "core/model/Frame.h"
+#include "core/model/Validate.h"
 #include "core/model/mXMLEdit.h"
 #include "core/model/m_tvXML.h"
 #include "core/sync/Files.h"
@@ -155,6 +156,26 @@ void BeforeLabelEdit(DocumentWindow& window, bool& cancel) {
     tvXML_BeforeLabelEdit(window, cancel);
 }
 
+// The complaint is about what the end of the edit will ask. That says nothing to a name that is still empty,
+// and the root's isn't one of XML.
+void tvXML_LabelTyped(DocumentWindow& window, const QString& text) {
+    const TreeNode node = window.tvXML.LabelEditNode();
+    const bool asked = node && !m_tvXML::IsTreeRoot(node) && !text.isEmpty();
+    m_tvXML::ComplainWhileTyping(window.app, asked ? m_tvXML::NodeNameProbe(text) : QString());
+}
+
+void ListView1_LabelTyped(DocumentWindow& window, const QString& text) {
+    const int row = window.ListView1.LabelEditRow();
+    QString probe;
+    if (row > 0 && window.ListView1.Item(row).SmallIcon == 2) {
+        const TreeNode element = window.tvXML.Nodes.Find(window.ListView1.Item(row).Tag);
+        probe = element ? m_tvXML::NodeAttributeNameProbe(text, element.Text()) : QString();
+    } else if (row > 0 && !text.isEmpty()) {
+        probe = m_tvXML::NodeNameProbe(text);
+    }
+    m_tvXML::ComplainWhileTyping(window.app, probe);
+}
+
 void ConnectTree(DocumentWindow& window) {
     controls::TreeView& tree = window.tvXML;
     tree.GotFocus.connect([&window] { tvXML_GotFocus(window); });
@@ -169,6 +190,8 @@ void ConnectTree(DocumentWindow& window) {
     tree.AfterLabelEdit.connect([&window](TreeNode node, bool& cancel, QString& newString) {
         tvXMLAfterLabelEdit(window, node, cancel, newString);
     });
+    tree.LabelTyped.connect([&window](const QString& text) { tvXML_LabelTyped(window, text); });
+    tree.labelEditEnded.connect([&window] { ClearMessage(window); });
     tree.LabelEdited.connect([&window] { tvXML_LabelEdited(window); });
     tree.reset.connect([&window] { tvXML_Reset(window); });
 }
@@ -244,6 +267,8 @@ void ConnectList(DocumentWindow& window) {
     });
     list.KeyUp.connect([&window](int key, int modifiers) { ListView1_KeyUp(window, key, modifiers); });
     list.BeforeLabelEdit.connect([&window](bool& cancel) { ListView1_BeforeLabelEdit(window, cancel); });
+    list.LabelTyped.connect([&window](const QString& text) { ListView1_LabelTyped(window, text); });
+    list.labelEditEnded.connect([&window] { ClearMessage(window); });
     list.AfterLabelEdit.connect([&window](int row, bool& cancel, QString& newString) {
         ListView1_AfterLabelEdit(window, row, cancel, newString);
     });

@@ -31,7 +31,9 @@ inline constexpr int vbHourglass = 11;
 class Frame {
 public:
     virtual ~Frame() = default;
-    virtual DocumentWindow* ActiveForm() = 0;      ///< null without a window
+    virtual DocumentWindow* ActiveForm() = 0; ///< null without a window
+    /// Brings a window to the front. Its tree root is the current node then, unless it was there already.
+    virtual void ActivateForm(DocumentWindow* window) = 0;
     virtual controls::StatusBar& StatusBar1() = 0; ///< panel 1: messages, panel 2: line and position
     virtual controls::ComboBox& cmbAddress() = 0;
     virtual int MousePointer() const = 0; ///< 0: as what is under it asks for

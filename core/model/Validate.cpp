@@ -64,6 +64,10 @@ QString NodeAttributeValueProbe(const QString& value, const QString& nodeName, c
            QStringLiteral("\"/>");
 }
 
+QString NodeAttributeNameProbe(const QString& attributeName, const QString& nodeName) {
+    return u'<' + PureName(nodeName) + u' ' + PureName(attributeName) + QStringLiteral("=\"\"/>");
+}
+
 void ComplainWhileTyping(Application& app, const QString& probe) {
     if (!app.frame)
         return;
@@ -88,8 +92,7 @@ bool ValidateNodeName(Application& app, const QString& name) {
 }
 
 bool ValidateNodeAttributeName(Application& app, const QString& attributeName, const QString& nodeName) {
-    const QString probe =
-        u'<' + PureName(nodeName) + u' ' + PureName(attributeName) + QStringLiteral("=\"\"/>");
+    const QString probe = NodeAttributeNameProbe(attributeName, nodeName);
     const QString title = QStringLiteral("This is not a validate attribute name");
     return Probe(app, probe, title) && SaysNoMore(app, probe, 1, title);
 }

@@ -29,6 +29,7 @@ QString NodeNameProbe(const QString& name);
 QString NodeAttributesProbe(const QString& attributes, const QString& nodeName);
 QString NodeTextProbe(const QString& text, const QString& nodeName);
 QString NodeAttributeValueProbe(const QString& value, const QString& nodeName, const QString& attributeName);
+QString NodeAttributeNameProbe(const QString& attributeName, const QString& nodeName);
 /// Shows on status panel 1 what the parser dislikes of a probe, or nothing. No beep, no box, and the last
 /// parse error stays as it was: the text isn't finished yet. An empty probe clears the panel.
 void ComplainWhileTyping(Application& app, const QString& probe);

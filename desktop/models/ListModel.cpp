@@ -8,6 +8,14 @@ namespace desktop {
 
 namespace {
 constexpr int kColumns = 3;
+
+bool ShownStartsWith(text::CompactView cell, const QString& typed) {
+    const auto length = static_cast<std::uint32_t>(typed.size());
+    if (cell.length < length)
+        return false;
+    cell.length = length;
+    return OneLine(cell).compare(typed, Qt::CaseInsensitive) == 0;
+}
 } // namespace
 
 ListModel::ListModel(controls::ListView& list, IconOf iconOf, QObject* parent)
@@ -75,6 +83,23 @@ bool ListModel::setData(const QModelIndex& index, const QVariant& value, int rol
         return false;
     list_.EndLabelEdit(value.toString());
     return true;
+}
+
+QModelIndexList ListModel::match(const QModelIndex& start, int role, const QVariant& value, int hits,
+                                 Qt::MatchFlags flags) const {
+    const bool byLetters = (flags & (Qt::MatchTypeMask | Qt::MatchCaseSensitive)) == Qt::MatchStartsWith;
+    if (role != Qt::DisplayRole || !byLetters || !start.isValid())
+        return QAbstractTableModel::match(start, role, value, hits, flags);
+    const QString typed = value.toString();
+    const int count = rowCount();
+    const int end = (flags & Qt::MatchWrap) ? start.row() + count : count;
+    QModelIndexList found;
+    for (int i = start.row(); i < end && found.size() != hits; ++i) {
+        const int row = i < count ? i : i - count;
+        if (ShownStartsWith(list_.Cell(row + 1, start.column() + 1), typed))
+            found << index(row, start.column());
+    }
+    return found;
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -21,6 +21,9 @@ public:
     /// Takes the text of the row whose label is being edited.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
+    /// What a view's search for typed letters asks for is found without a row being made.
+    QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits = 1,
+                          Qt::MatchFlags flags = {Qt::MatchStartsWith | Qt::MatchWrap}) const override;
     /// The list's column headers; empty where it has none.
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 

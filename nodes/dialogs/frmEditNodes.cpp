@@ -8,6 +8,7 @@
 #include "nodes/FinishEdits.h"
 #include "nodes/ListEditor.h"
 #include "nodes/ListRows.h"
+#include <QScopedValueRollback>
 #include <utility>
 
 namespace {
@@ -19,9 +20,31 @@ void SelectAnyRow(controls::ListView& list) {
         list.SetSelectedItem(1);
 }
 
-void ShowListTab(DocumentWindow& window) {
-    if (window.tbsXML.SelectedKey() != QStringLiteral("listview"))
-        window.tbsXML.Select(QStringLiteral("listview"));
+void SelectAnyNode(controls::TreeView& tree) {
+    if (!tree.SelectedItem() && tree.Nodes.Count() > 0)
+        tree.SetSelectedItem(tree.Nodes(1));
+}
+
+// A window that comes to the front shows its root as the current node; the work goes on where it was.
+void BringToFront(DocumentWindow& window) {
+    Frame* frame = window.app.frame;
+    if (!frame || frame->ActiveForm() == &window)
+        return;
+    controls::ListView& list = window.ListView1;
+    const controls::TreeNode current = window.tvXML.SelectedItem();
+    const QString row = list.SelectedItem() > 0 ? list.Item(list.SelectedItem()).Key : QString();
+    frame->ActivateForm(&window);
+    if (!current) // nothing was, or the tree has been built anew
+        return;
+    window.tvXML.SetSelectedItem(current);
+    DoTree(window);
+    list.SetSelectedItem(row.isEmpty() ? 0 : list.IndexOf(row));
+}
+
+QString GoneNotice() {
+    return QStringLiteral(
+        "The node that was edited is no longer in the document. What was typed stays in the "
+        "dialog; Cancel gives it up.");
 }
 
 } // namespace
@@ -79,10 +102,14 @@ void frmEditNodes::ConnectBoxes() {
 
 // A list of attributes has a validator that does without a box; for other values there is the probe alone.
 void frmEditNodes::txtNodeAttrs_Change() {
-    if (kind_ == kRowElement && IsChanged())
-        m_tvXML::ValidateNodeAttributes(app_, txtNodeAttrs.Text(), name_, false);
+    UndoProbe();
+    if (kind_ != kRowElement || !IsChanged())
+        return ComplainAbout(NodeValueProbe(*window_, hand_, txtNodeAttrs.Text()));
+    NoteBeforeProbe();
+    if (m_tvXML::ValidateNodeAttributes(app_, txtNodeAttrs.Text(), name_, false))
+        UndoProbe();
     else
-        ComplainAbout(NodeValueProbe(*window_, hand_, txtNodeAttrs.Text()));
+        NoteAfterProbe();
 }
 
 void frmEditNodes::ComplainAbout(const QString& probe) {
@@ -92,17 +119,18 @@ void frmEditNodes::ComplainAbout(const QString& probe) {
 // --- start and end ----------------------------------------------------------------------------------------
 
 bool frmEditNodes::Form_Load(DocumentWindow& window) {
-    if (window_ && !SaveCurrentNode())
+    if (!BringUpToDate(window) || (window_ && IsChanged() && !SaveCurrentNode()))
         return false;
-    if (!FinishAllEdits(window))
-        return false;
+    UndoProbe();
+    BringToFront(window); // saving took the window of the node in hand there
     window_ = &window;
     const bool list = window.miPopupContext == kContextList;
-    if (list)
-        ShowListTab(window);
-    window.miPopupContext = list ? kContextList : kContextTree;
     optList.SetValue(list);
     optTree.SetValue(!list);
+    if (list)
+        ShowListTab(window);
+    attention_.reset(); // what the dialog found before, the user has left meanwhile
+    TakeAttention();
     const bool path = window.kind.Name == QStringLiteral("frmXMLEdit");
     lXPath.SetVisible(path);
     txtXPath.SetVisible(path);
@@ -110,33 +138,82 @@ bool frmEditNodes::Form_Load(DocumentWindow& window) {
     return true;
 }
 
-void frmEditNodes::Form_Activate() {
-    if (!window_ || !FinishAllEdits(*window_))
+// A document that is just being closed stays in front: its question has been answered a moment ago.
+bool frmEditNodes::Form_Activate() {
+    const DocumentWindow* front = app_.frame ? app_.frame->ActiveForm() : nullptr;
+    if (!window_ || activating_ || saving_ || (front && front->bUnloading))
+        return false;
+    const bool other = front && front != window_;
+    const QScopedValueRollback activating(activating_, true);
+    try {
+        ComeBack();
+    } catch (const text::Fault& fault) {
+        ShowMessage(fault.Description);
+    }
+    return other;
+}
+
+void frmEditNodes::ComeBack() {
+    BringToFront(*window_);
+    const QScopedValueRollback quiet(window_->bQuietParse, true);
+    const bool upToDate = BringUpToDate(*window_);
+    if (upToDate && InList())
+        ShowListTab(*window_);
+    TakeAttention();
+    if (!upToDate)
         return;
-    const NodeInHand current = GetNodeInHand(*window_, InList() ? kContextList : kContextTree);
-    if (current == hand_ && IsChanged())
-        return; // what was typed stays
-    if (SaveCurrentNode())
-        FetchNode();
+    if (IsChanged()) {
+        if (!FindNodeAgain(*window_, hand_, trace_))
+            return ShowMessage(GoneNotice());
+        if (GetNodeInHand(*window_, Context()) != hand_)
+            SelectNodeInHand(*window_, hand_, Context());
+        FollowUntouched();
+    } else if (!ShowsCurrentNode()) {
+        return FetchNode();
+    }
+    EnableButtons();
+    ShowMenu();
+}
+
+// A box that saving opens takes the activation away too: that is no leaving.
+void frmEditNodes::Form_Deactivate() {
+    if (!window_ || saving_)
+        return;
+    UndoProbe();
+    GiveAttentionBack();
+}
+
+// False when the text doesn't parse. The views are brought up to date for what the user works in there.
+bool frmEditNodes::BringUpToDate(DocumentWindow& window) {
+    if (!FinishAllEdits(window))
+        return false;
+    if (window.bTreeChanged)
+        DoTree(window);
+    return true;
 }
 
 void frmEditNodes::WindowClosed(const DocumentWindow& window) {
     if (window_ == &window)
         cmdCancel_Click();
+    else if (refused_ && refused_->window == &window)
+        refused_.reset();
 }
 
 void frmEditNodes::Unload() {
+    UndoProbe();
+    GiveAttentionBack();
     window_ = nullptr;
     hand_ = {};
-    if (app_.frame)
-        app_.frame->StatusBar1().SetPanel(1, {});
+    ShowMessage({});
     unloaded();
 }
 
 void frmEditNodes::cmdOk_Click() {
-    if (!SaveCurrentNode())
+    if (!SaveCurrentNode()) {
+        if (!FindNodeAgain(*window_, hand_, trace_))
+            return; // nothing would bring the typed text back
         KeepTyped();
-    ShowMenu();
+    }
     Unload();
 }
 
@@ -146,18 +223,75 @@ void frmEditNodes::cmdCancel_Click() {
 }
 
 void frmEditNodes::KeepTyped() {
-    refused_ =
-        Refused{hand_, {name_, attrs_, text_}, {txtNodeName.Text(), txtNodeAttrs.Text(), txtNodeText.Text()}};
+    refused_ = Refused{window_,
+                       hand_,
+                       trace_,
+                       {name_, attrs_, text_},
+                       {txtNodeName.Text(), txtNodeAttrs.Text(), txtNodeText.Text()}};
 }
 
-// Only for the very node as it was: keys are never used twice, but its content may have changed.
+// Only for the very node as it was: it may have changed, or gone.
 void frmEditNodes::BringTypedBack() {
-    if (!refused_ || refused_->hand != hand_ || refused_->node != Texts{name_, attrs_, text_})
+    if (!refused_ || refused_->window != window_ ||
+        !FindNodeAgain(*window_, refused_->hand, refused_->trace) || refused_->hand != hand_ ||
+        refused_->node != Texts{name_, attrs_, text_})
         return;
     const Texts typed = std::exchange(refused_, std::nullopt)->typed;
     txtNodeName.SetText(typed.name);
     txtNodeAttrs.SetText(typed.attrs);
     txtNodeText.SetText(typed.text);
+}
+
+// --- what the dialog borrows -----------------------------------------------------------------------------
+
+void frmEditNodes::TakeAttention() {
+    const int context = window_->miPopupContext == 0 ? kContextTree : window_->miPopupContext;
+    if (!attention_)
+        attention_ = Attention{context, window_->miCurrentView};
+    window_->miPopupContext = Context();
+}
+
+// The focus never left the window's view, so nothing there tells that it has the user's attention again. A
+// view that the dialog chose has it from then on.
+void frmEditNodes::GiveAttentionBack() {
+    const auto found = std::exchange(attention_, std::nullopt);
+    if (!found)
+        return;
+    if (window_->miCurrentView == found->view)
+        window_->miPopupContext = found->context;
+    if (app_.frame && app_.frame->ActiveForm() == window_)
+        app_.frame->SetFormActivatedMenu(*window_);
+}
+
+void frmEditNodes::NoteBeforeProbe() {
+    if (beforeProbe_)
+        return;
+    const controls::RichTextBox& pane = window_->TextInUse();
+    beforeProbe_ = BeforeProbe{app_.lastParseError, &pane,           pane.SelStart(),
+                               pane.SelLength(),    pane.SelStart(), pane.SelLength()};
+}
+
+void frmEditNodes::NoteAfterProbe() {
+    if (!beforeProbe_)
+        return;
+    beforeProbe_->probeStart = beforeProbe_->pane->SelStart();
+    beforeProbe_->probeLength = beforeProbe_->pane->SelLength();
+}
+
+// The document is none the worse for a value that isn't in it. A caret that was moved since stays.
+void frmEditNodes::UndoProbe() {
+    const auto before = std::exchange(beforeProbe_, std::nullopt);
+    if (!before)
+        return;
+    app_.lastParseError = before->error;
+    controls::RichTextBox& pane = window_->TextInUse();
+    if (&pane != before->pane || pane.SelStart() != before->probeStart ||
+        pane.SelLength() != before->probeLength)
+        return;
+    pane.SetSelStart(before->selStart);
+    pane.SetSelLength(before->selLength);
+    if (window_->tbsXML.SelectedKey() == QStringLiteral("textview"))
+        ShowCursorPosition(*window_);
 }
 
 // --- the node in hand -------------------------------------------------------------------------------------
@@ -166,19 +300,60 @@ bool frmEditNodes::InList() const {
     return optList.Value();
 }
 
+int frmEditNodes::Context() const {
+    return InList() ? kContextList : kContextTree;
+}
+
+void frmEditNodes::ShowMessage(const QString& message) {
+    if (app_.frame)
+        app_.frame->StatusBar1().SetPanel(1, message);
+}
+
+void frmEditNodes::ShowListTab(DocumentWindow& window) {
+    if (window.tbsXML.SelectedKey() != QStringLiteral("listview"))
+        window.tbsXML.Select(QStringLiteral("listview"));
+    DoTree(window);
+}
+
 bool frmEditNodes::IsChanged() const {
-    return txtNodeName.Text() != name_ || txtNodeAttrs.Text() != attrs_ || txtNodeText.Text() != text_;
+    return kind_ != kNoNodeInHand &&
+           (txtNodeName.Text() != name_ || txtNodeAttrs.Text() != attrs_ || txtNodeText.Text() != text_);
 }
 
 void frmEditNodes::FetchNode() {
     if (InList())
         SelectAnyRow(window_->ListView1);
-    const int context = InList() ? kContextList : kContextTree;
-    hand_ = GetNodeInHand(*window_, context);
-    SetMemberVars(*window_, context, name_, attrs_, text_, kind_);
+    else
+        SelectAnyNode(window_->tvXML);
+    hand_ = GetNodeInHand(*window_, Context());
+    trace_ = TraceOf(*window_, hand_);
+    SetMemberVars(*window_, Context(), name_, attrs_, text_, kind_);
     ShowCurrentNode();
     BringTypedBack();
     ShowMenu();
+}
+
+bool frmEditNodes::ShowsCurrentNode() {
+    Texts now;
+    int kind = kNoNodeInHand;
+    SetMemberVars(*window_, Context(), now.name, now.attrs, now.text, kind);
+    return GetNodeInHand(*window_, Context()) == hand_ && now == Texts{name_, attrs_, text_} &&
+           window_->txtXPath.Text() == path_;
+}
+
+// What was changed elsewhere meanwhile shows in the boxes that nobody typed in, and isn't written over.
+void frmEditNodes::FollowUntouched() {
+    Texts now;
+    SetMemberVars(*window_, Context(), now.name, now.attrs, now.text, kind_);
+    const auto follow = [](controls::TextBox& box, QString& was, const QString& is) {
+        if (box.Text() == was)
+            box.SetText(is);
+        was = is;
+    };
+    follow(txtNodeName, name_, now.name);
+    follow(txtNodeAttrs, attrs_, now.attrs);
+    follow(txtNodeText, text_, now.text);
+    trace_ = TraceOf(*window_, hand_);
 }
 
 // An attribute with a new name has another row.
@@ -191,9 +366,11 @@ void frmEditNodes::SelectRowInHand() {
 
 // The window's menus are those of the node in hand: it is the current one there.
 void frmEditNodes::ShowMenu() {
+    if (!app_.frame || app_.frame->ActiveForm() != window_)
+        return;
     if (!InList())
         DoMenu(*window_);
-    else if (app_.frame)
+    else
         app_.frame->SetMenuSituation(window_->ListView1.SelectedItem() > 0 ? MenuSituation::ListSelected
                                                                            : MenuSituation::ListUnselected);
 }
@@ -201,14 +378,14 @@ void frmEditNodes::ShowMenu() {
 void frmEditNodes::ShowCurrentNode() {
     if (!window_)
         return;
-    txtXPath.SetText(window_->txtXPath.Text());
+    path_ = window_->txtXPath.Text();
+    txtXPath.SetText(path_);
     txtNodeName.SetText(name_);
     txtNodeAttrs.SetText(attrs_);
     txtNodeText.SetText(text_);
     ShowKind();
     EnableButtons();
-    if (app_.frame)
-        app_.frame->StatusBar1().SetPanel(1, {});
+    ShowMessage({});
 }
 
 void frmEditNodes::ShowKind() {
@@ -228,158 +405,42 @@ void frmEditNodes::ShowKind() {
 }
 
 bool frmEditNodes::SaveCurrentNode() {
-    if (!window_ || !IsChanged())
+    if (!window_)
         return true;
+    const QScopedValueRollback saving(saving_, true);
     try {
-        if (!FinishAllEdits(*window_))
-            return false;
-        // A node can't go without a name, and there is nothing to say about an empty one: it keeps its own.
-        if (txtNodeName.Text().isEmpty())
-            txtNodeName.SetText(name_);
-        if (WriteNodeInHand(*window_, hand_, txtNodeName.Text(), txtNodeAttrs.Text(), txtNodeText.Text()) ==
-            NodeWrite::Refused)
-            return false;
-        SelectRowInHand();
-        name_ = txtNodeName.Text();
-        attrs_ = txtNodeAttrs.Text();
-        text_ = txtNodeText.Text();
-        return true;
+        BringToFront(*window_);
+        return !IsChanged() || (FinishAllEdits(*window_) && WriteTyped());
     } catch (const text::Fault& fault) {
         ErrorReportBox(app_, fault, QStringLiteral("frmEditNodes.SaveCurrentNode"));
         return false;
     }
 }
 
-// --- moving -----------------------------------------------------------------------------------------------
-
-void frmEditNodes::EnableButtons() {
-    if (InList()) {
-        EnableListMoves();
-        return;
+bool frmEditNodes::WriteTyped() {
+    if (!FindNodeAgain(*window_, hand_, trace_)) {
+        app_.services.prompts.MsgBox(GoneNotice(), services::Buttons::Ok, services::Icon::Exclamation);
+        return false;
     }
-    const controls::TreeNode node = window_->tvXML.SelectedItem();
-    cmdUp.SetEnabled(node && node.Previous());
-    cmdDown.SetEnabled(node && node.Next());
-    cmdLeft.SetEnabled(node && node.Parent());
-    cmdRight.SetEnabled(node && node.Child());
-}
-
-void frmEditNodes::EnableListMoves() {
-    const controls::TreeNode shown = window_->tvXML.SelectedItem();
-    const int row = window_->ListView1.SelectedItem();
-    cmdUp.SetEnabled(row > 1);
-    cmdDown.SetEnabled(row > 0 && row < window_->ListView1.Count());
-    cmdLeft.SetEnabled(shown && shown.Parent());
-    cmdRight.SetEnabled(SelectedRowKind(*window_) == kRowElement);
-}
-
-void frmEditNodes::SelectSibling(bool next) {
-    if (!SaveCurrentNode())
-        return;
-    if (InList()) {
-        controls::ListView& list = window_->ListView1;
-        const int row = list.SelectedItem() + (next ? 1 : -1);
-        if (row >= 1 && row <= list.Count()) {
-            list.ClearSelected();
-            list.SetSelectedItem(row);
-            list.EnsureVisible(row);
-        }
-    } else if (const controls::TreeNode node = window_->tvXML.SelectedItem()) {
-        if (const controls::TreeNode sibling = next ? node.Next() : node.Previous()) {
-            window_->tvXML.SetSelectedItem(sibling);
-            DoTree(*window_);
-        }
+    // A node can't go without a name, and there is nothing to say about an empty one: it keeps its own.
+    if (txtNodeName.Text().isEmpty())
+        txtNodeName.SetText(name_);
+    NoteBeforeProbe();
+    const NodeWrite result =
+        WriteNodeInHand(*window_, hand_, txtNodeName.Text(), txtNodeAttrs.Text(), txtNodeText.Text());
+    if (result == NodeWrite::Refused) {
+        NoteAfterProbe();
+        return false;
     }
-    FetchNode();
-}
-
-void frmEditNodes::cmdUp_Click() {
-    SelectSibling(false);
-}
-
-void frmEditNodes::cmdDown_Click() {
-    SelectSibling(true);
-}
-
-void frmEditNodes::cmdRight_Click() {
-    if (!SaveCurrentNode())
-        return;
-    if (InList())
-        ShowListTab(*window_);
-    const controls::TreeNode node = window_->tvXML.SelectedItem();
-    controls::TreeNode below;
-    if (!InList())
-        below = node ? node.Child() : node;
-    else if (SelectedRowKind(*window_) == kRowElement)
-        below = CurrentListNode(*window_);
-    if (below) {
-        window_->tvXML.SetSelectedItem(below);
-        DoTree(*window_);
-        if (InList() && window_->ListView1.Count() > 0) {
-            window_->ListView1.ClearSelected();
-            window_->ListView1.SetSelectedItem(1);
-        }
-    }
-    FetchNode();
-}
-
-// In the list the row of the node that was left becomes the current one.
-void frmEditNodes::cmdLeft_Click() {
-    if (!SaveCurrentNode())
-        return;
-    if (InList())
-        ShowListTab(*window_);
-    const controls::TreeNode node = window_->tvXML.SelectedItem();
-    if (const controls::TreeNode parent = node ? node.Parent() : node) {
-        window_->tvXML.SetSelectedItem(parent);
-        DoTree(*window_);
-        controls::ListView& list = window_->ListView1;
-        if (const int row = InList() ? list.IndexOf(node.Key()) : 0; row > 0) {
-            list.ClearSelected();
-            list.SetSelectedItem(row);
-            list.EnsureVisible(row);
-        }
-    }
-    FetchNode();
-}
-
-void frmEditNodes::ChangeContext(int context) {
-    const bool list = context == kContextList;
-    const bool saved = SaveCurrentNode();
-    optList.SetValue(saved == list);
-    optTree.SetValue(saved != list);
-    if (!saved)
-        return;
-    cmdUp.SetEnabled(true);
-    cmdDown.SetEnabled(true);
-    if (list)
-        ShowListTab(*window_);
-    window_->miPopupContext = context;
-    FetchNode();
-}
-
-void frmEditNodes::txtXPath_KeyDown(int& key) {
-    if (key != Qt::Key_Return && key != Qt::Key_Enter)
-        return;
-    key = 0;
-    const QString path = txtXPath.Text();
-    if (!SaveCurrentNode())
-        return;
-    SelectTreeNodeByPath(*window_, path);
-    FetchNode();
-}
-
-void frmEditNodes::Form_KeyDown(int& key, int modifiers) {
-    if ((modifiers & static_cast<int>(Qt::ControlModifier)) == 0)
-        return;
-    const std::pair<int, controls::CommandButton*> arrows[] = {
-        {Qt::Key_Left, &cmdLeft}, {Qt::Key_Up, &cmdUp}, {Qt::Key_Right, &cmdRight}, {Qt::Key_Down, &cmdDown}};
-    for (const auto& [code, button] : arrows) {
-        if (code != key)
-            continue;
-        key = 0;
-        if (button->Enabled())
-            button->Click();
-        return;
-    }
+    if (result == NodeWrite::Written && kind_ > 0)
+        beforeProbe_.reset(); // the document has been tried anew, and stands as it is
+    else
+        UndoProbe();
+    SelectRowInHand();
+    name_ = txtNodeName.Text();
+    attrs_ = txtNodeAttrs.Text();
+    text_ = txtNodeText.Text();
+    trace_ = TraceOf(*window_, hand_);
+    path_ = window_->txtXPath.Text();
+    return true;
 }

@@ -27,6 +27,20 @@ controls::ListItem RowOf(TreeNode child) {
             kind,        {child.Tag(), firstText ? firstText.Tag() : QString()},     {}};
 }
 
+// The same text as in the row, without a copy of it.
+text::CompactView CellOf(TreeNode child, int column) {
+    static constexpr char kTextName[] = "Node Text";
+    if (!child)
+        return {};
+    if (column == 3) {
+        const TreeNode firstText = FirstTextChild(child);
+        return firstText ? firstText.TagView() : text::CompactView();
+    }
+    if (column == 1 && m_tvXML::GetKeyType(child) == kText)
+        return {reinterpret_cast<const unsigned char*>(kTextName), sizeof kTextName - 1, false};
+    return column == 1 ? child.TextView() : child.TagView();
+}
+
 void AddAllSubNodesToListView(DocumentWindow& window, TreeNode node) {
     const int type = m_tvXML::GetKeyType(node);
     if (type != kElement && !m_tvXML::IsTreeRoot(node))
@@ -52,7 +66,8 @@ void AddAllSubNodesToListView(DocumentWindow& window, TreeNode node) {
     };
     window.ListView1.Fill(
         static_cast<std::uint32_t>(children->size()),
-        [children](std::uint32_t i) { return RowOf((*children)[i]); }, find);
+        [children](std::uint32_t i) { return RowOf((*children)[i]); }, find,
+        [children](std::uint32_t i, int column) { return CellOf((*children)[i], column); });
 }
 
 void AddAttributeRows(DocumentWindow& window, TreeNode node) {

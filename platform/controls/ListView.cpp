@@ -82,13 +82,14 @@ int ListView::Add(int index, const QString& key, const QString& text, int icon, 
     return position + 1;
 }
 
-void ListView::Fill(std::uint32_t count, RowMaker make, RowFinder find) {
+void ListView::Fill(std::uint32_t count, RowMaker make, RowFinder find, CellReader read) {
     if (!slots_.empty())
         Throw(text::kFaultBadCall);
     if (!quiet())
         aboutToReset();
     make_ = std::move(make);
     find_ = std::move(find);
+    read_ = std::move(read);
     renumbered_ = false;
     slots_.resize(count);
     for (std::uint32_t i = 0; i < count; ++i) {
@@ -108,6 +109,7 @@ void ListView::Clear() {
     slots_.clear();
     make_ = {};
     find_ = {};
+    read_ = {};
     current_ = 0;
     labelEdit_ = 0;
     firstVisible_ = 1;
@@ -128,6 +130,16 @@ const ListItem& ListView::Item(const QString& key) const {
     if (index == 0)
         Throw(text::kFaultNotFound);
     return Item(index);
+}
+
+text::CompactView ListView::Cell(int index, int column) const {
+    const Slot& slot = At(index);
+    if (!slot.item && read_)
+        return read_(slot.number, column);
+    const ListItem& item = ItemOf(slot);
+    const QString& text = column == 1 ? item.Text : item.Sub[static_cast<std::size_t>(column - 2)];
+    return {reinterpret_cast<const unsigned char*>(text.utf16()), static_cast<std::uint32_t>(text.size()),
+            true};
 }
 
 int ListView::IndexOf(const QString& key) const {

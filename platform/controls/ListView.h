@@ -2,6 +2,7 @@
 #pragma once
 #include "platform/controls/Dragging.h"
 #include "platform/controls/Event.h"
+#include "platform/text/StringPool.h"
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -40,12 +41,17 @@ public:
     /// Only for an empty list.
     using RowMaker = std::function<ListItem(std::uint32_t number)>;
     using RowFinder = std::function<qint64(const QString& key)>;
-    void Fill(std::uint32_t count, RowMaker make, RowFinder find);
+    /// `read` gives a cell's text without its row being made, for searches.
+    using CellReader = std::function<text::CompactView(std::uint32_t number, int column)>;
+    void Fill(std::uint32_t count, RowMaker make, RowFinder find, CellReader read = {});
     void Clear();
     int Count() const;
     const ListItem& Item(int index) const;          ///< throws Fault 35600
     const ListItem& Item(const QString& key) const; ///< throws Fault 35601
-    int IndexOf(const QString& key) const;          ///< 0 when there is no such row
+    /// The text of a cell in column 1 to 3, good until something changes. A row that nobody looked at so far
+    /// isn't made for it where the list was filled with a reader. Throws Fault 35600.
+    text::CompactView Cell(int index, int column) const;
+    int IndexOf(const QString& key) const; ///< 0 when there is no such row
     void Remove(int index);
     void SetText(int index, const QString& text);
     void SetSubItem(int index, int column, const QString& text); ///< column 1 or 2
@@ -94,6 +100,7 @@ public:
             labelEditFinish();
     }
     Event<bool&> BeforeLabelEdit;               ///< cancel
+    Event<const QString&> LabelTyped;           ///< what the editor holds by now, while the user types
     Event<int, bool&, QString&> AfterLabelEdit; ///< row, cancel, new text
     Event<int> labelEditStarted;                ///< 1-based row; for the widget
     Event<> labelEditFinish, labelEditEnded;
@@ -136,6 +143,7 @@ private:
     QHash<QString, qint64> placeByKey_; ///< rows that were added one by one
     RowMaker make_;
     RowFinder find_;
+    CellReader read_;
     bool renumbered_ = false; ///< places no longer tell the numbers of filled rows
     int current_ = 0;
     int view_ = lvwReport;

@@ -36,8 +36,7 @@ bool IsWordUnit(QChar unit) {
 
 } // namespace
 
-// --- content
-// -------------------------------------------------------------------------------------------------
+// --- content ---------------------------------------------------------------------------------------------
 
 QString RichTextBox::Text() const {
     if (wholeKnown_)
@@ -94,8 +93,7 @@ void RichTextBox::SetTextRTF(const QString& rtf) {
     SetContent({text::LongText::Like(fresh, text_), std::move(runs)});
 }
 
-// --- selection
-// -----------------------------------------------------------------------------------------------
+// --- selection -------------------------------------------------------------------------------------------
 
 void RichTextBox::SetSelStart(qsizetype start) {
     start = std::clamp<qsizetype>(start, 0, text_.size());
@@ -143,8 +141,7 @@ TextPlace RichTextBox::CaretPlace() const {
     return {line + 1, selStart_ - text_.lineStart(line) + 1};
 }
 
-// --- changing the text
-// ---------------------------------------------------------------------------------------
+// --- changing the text -----------------------------------------------------------------------------------
 
 // Replaces a stretch; the selection is a caret behind it then. Nobody is told yet.
 void RichTextBox::Replace(qsizetype at, qsizetype removed, const QString& piece) {
@@ -240,8 +237,7 @@ void RichTextBox::SetFont(const QString& name, double size) {
     fontChanged();
 }
 
-// --- search
-// --------------------------------------------------------------------------------------------------
+// --- search ----------------------------------------------------------------------------------------------
 
 bool RichTextBox::IsWholeWord(const SearchHit& hit) {
     return !IsWordUnit(hit.before) && !IsWordUnit(hit.behind);

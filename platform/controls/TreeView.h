@@ -164,6 +164,7 @@ public:
     }
     Event<bool&> BeforeLabelEdit;                    ///< cancel
     Event<TreeNode, bool&, QString&> AfterLabelEdit; ///< the node, cancel, new text
+    Event<const QString&> LabelTyped;                ///< what the editor holds by now, while the user types
     Event<> LabelEdited;
     Event<TreeNode> labelEditStarted; ///< for the widget
     Event<> labelEditFinish, labelEditEnded;

@@ -132,8 +132,7 @@ bool LongText::holdsOnly(QStringView units) const {
     return only;
 }
 
-// --- lines
-// ---------------------------------------------------------------------------------------------------
+// --- lines -----------------------------------------------------------------------------------------------
 
 qsizetype LongText::lineCount() const {
     return pieces_->total().lineEnds + 1;

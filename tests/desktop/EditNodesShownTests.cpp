@@ -25,6 +25,11 @@ struct EditNodesShown : ::testing::Test {
         ASSERT_TRUE(dialog && dialog->isVisible());
         ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
     }
+    // A window counts as active already while one that belongs to it is.
+    static bool Activate(QWidget& window) {
+        window.activateWindow();
+        return QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; });
+    }
     template <typename Widget> Widget& Of(const char* name) {
         auto* found = dialog->findChild<Widget*>(QLatin1String(name));
         if (!found)
@@ -98,6 +103,28 @@ TEST_F(EditNodesShown, TheRadioButtonsChooseTreeOrList) {
     QTest::keyClick(&Value(), Qt::Key_Down, Qt::ControlModifier);
     EXPECT_EQ(Of<QLabel>("lNodeName").text(), QStringLiteral("Attribute Name:"));
     EXPECT_EQ(t.List().currentIndex().row(), 1);
+}
+
+// The dialog takes its document along, and leaves the views alone while the user works in them.
+TEST_F(EditNodesShown, ActivationMovesBetweenTheDialogAndTheDocuments) {
+    Open("<shop><pen colour='red'>ink</pen></shop>");
+    DocumentWindow& shop = t.window();
+    dialog->reject();
+    t.ClickTab(QStringLiteral("textview"));
+    t.ChooseMenu(QStringLiteral("mnuEditPopupEditNode"));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+    EXPECT_EQ(shop.miPopupContext, kContextTree);
+    QTest::keyClicks(&NodeText(), QStringLiteral("dry "));
+    ASSERT_TRUE(Activate(*t.main));
+    EXPECT_EQ(shop.miPopupContext, kContextText);
+    t.OpenText(QStringLiteral("other.xml"), "<other/>");
+    ASSERT_TRUE(Activate(*dialog));
+    EXPECT_EQ(t.frame().ActiveForm(), &shop);
+    EXPECT_TRUE(t.main->windowTitle().contains(QStringLiteral("shop.xml")))
+        << t.main->windowTitle().toStdString();
+    EXPECT_EQ(NodeText().toPlainText(), QStringLiteral("dry ink"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QApplication::activeWindow(), dialog);
 }
 
 } // namespace

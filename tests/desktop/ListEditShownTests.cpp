@@ -2,6 +2,7 @@
 // Cells and labels of the list, edited with real keys and clicks.
 #include "desktop/EditNodesDialog.h"
 #include "tests/desktop/ShownApp.h"
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -15,6 +16,20 @@ namespace {
 using test::ShownApp;
 
 constexpr char kShop[] = "<shop><pen colour='red'>ink</pen><box/>two\nlines</shop>";
+
+// How often a widget gets an event of a type.
+class EventCount : public QObject {
+public:
+    EventCount(QWidget& widget, QEvent::Type type) : type_(type) { widget.installEventFilter(this); }
+    int count = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == type_;
+        return false;
+    }
+
+private:
+    QEvent::Type type_;
+};
 
 struct ListEditShown : ::testing::Test {
     ShownApp t;
@@ -143,6 +158,87 @@ TEST_F(ListEditShown, ItemsBesideEachOtherHaveRoomForTheirNames) {
                 << item.data().toString().toStdString();
         }
     }
+}
+
+// Names that fill several columns: the scroll bar that they need mustn't set off another layout for ever.
+TEST_F(ListEditShown, ManyNamesComeToRestWithTheCurrentOneInSight) {
+    Open("<list>" + QByteArray("<item/>").repeated(300) + "</list>");
+    QTest::mouseClick(t.List().viewport(), Qt::LeftButton, {}, t.List().visualRect(Cell(0, 1)).center());
+    t.Press(Qt::Key_End);
+    for (const Qt::Key style : {Qt::Key_W, Qt::Key_E, Qt::Key_R}) {
+        t.Press(style, Qt::ControlModifier);
+        auto& icons = t.Find<QListView>(QStringLiteral("ListView1Icons"));
+        const auto sees = [&](int row) {
+            const QRect place = icons.visualRect(icons.model()->index(row, 0));
+            return icons.viewport()->rect().contains(place.center());
+        };
+        EXPECT_TRUE(sees(299)) << style;
+        const EventCount resizes(*icons.viewport(), QEvent::Resize);
+        for (int i = 0; i < 20; ++i)
+            QTest::qWait(1);
+        EXPECT_EQ(resizes.count, 0) << style;
+        t.Press(Qt::Key_Home);
+        EXPECT_TRUE(sees(0)) << style;
+        t.Press(Qt::Key_End);
+        EXPECT_TRUE(sees(299)) << style;
+    }
+}
+
+// The editor and what it writes go by the columns' own order.
+TEST_F(ListEditShown, ColumnsStayWhereTheyAre) {
+    Open();
+    QHeaderView& header = *t.List().header();
+    const QPoint second(header.sectionViewportPosition(1) + 40, header.height() / 2);
+    const QPoint third(header.sectionViewportPosition(2) + header.sectionSize(2) - 20, header.height() / 2);
+    QTest::mousePress(header.viewport(), Qt::LeftButton, {}, second);
+    for (const QPoint& place : {second + QPoint(30, 0), third, third + QPoint(5, 0)}) {
+        QMouseEvent move(QEvent::MouseMove, place, header.viewport()->mapToGlobal(place), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QCoreApplication::sendEvent(header.viewport(), &move);
+    }
+    QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, third);
+    EXPECT_EQ(header.visualIndex(1), 1);
+}
+
+// What Ctrl+C copies is for the program to say: nothing, where nothing is selected.
+TEST_F(ListEditShown, TheWidgetsThemselvesCopyNothing) {
+    Open();
+    QApplication::clipboard()->setText(QStringLiteral("kept"));
+    for (const int style : {controls::lvwReport, controls::lvwList}) {
+        t.window().ListView1.SetView(style);
+        t.window().ListView1.SetFocus();
+        ASSERT_TRUE(qobject_cast<QAbstractItemView*>(QApplication::focusWidget())->currentIndex().isValid());
+        t.Press(Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("kept")) << style;
+    }
+    t.Tree().setFocus();
+    t.Press(Qt::Key_Up); // the document, which can't be copied
+    t.Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("kept"));
+}
+
+// The parser speaks up while a name is typed, about the names that it will be asked about.
+TEST_F(ListEditShown, AWrongNameIsComplainedAboutWhileItIsTyped) {
+    Open("<shop name='Tea'><pen/></shop>");
+    const auto complaint = [&] { return t.frame().StatusBar1().Panel(1); };
+    for (const int row : {0, 1}) {
+        ClickRow(row);
+        t.Press(Qt::Key_F2);
+        t.Type(QStringLiteral("a b"));
+        EXPECT_FALSE(complaint().isEmpty()) << row;
+        t.Press(Qt::Key_Backspace);
+        t.Press(Qt::Key_Backspace);
+        EXPECT_EQ(complaint(), QString()) << row;
+        t.Type(QStringLiteral("<"));
+        EXPECT_FALSE(complaint().isEmpty()) << row;
+        t.Press(Qt::Key_Escape);
+        EXPECT_EQ(complaint(), QString()) << "given up";
+    }
+    t.Press(Qt::Key_F2);
+    t.Type(QStringLiteral("a b"));
+    t.prompts.Answer(services::Answer::Ok);
+    t.Press(Qt::Key_Return);
+    EXPECT_FALSE(complaint().isEmpty()) << "the name was handed in, and refused";
 }
 
 // The double click walks down to the row that is current, and to no other.

@@ -201,4 +201,36 @@ TEST(ListModelTest, stays_sound_through_random_edits_under_a_view) {
     EXPECT_EQ(model.headerData(2, Qt::Horizontal, Qt::DisplayRole).toString(), QStringLiteral("Text"));
 }
 
+// Typed letters that match nothing would make a million rows otherwise.
+TEST(ListModelTest, searching_by_letters_makes_no_rows) {
+    const QStringList names{QStringLiteral("Tee"), QStringLiteral("pen\nred"), QStringLiteral("Teapot")};
+    int made = 0;
+    ListView list;
+    list.Fill(
+        300,
+        [&](std::uint32_t i) {
+            ++made;
+            return controls::ListItem{QString::number(i), names[i % 3], 1, 1, {}, {}};
+        },
+        [](const QString&) { return -1; },
+        [&](std::uint32_t i, int) {
+            const QString& name = names[i % 3];
+            return text::CompactView{reinterpret_cast<const unsigned char*>(name.utf16()),
+                                     static_cast<std::uint32_t>(name.size()), true};
+        });
+    const ListModel model(list);
+    const auto find = [&](int from, const char* typed) {
+        const QModelIndexList found =
+            model.match(model.index(from, 0), Qt::DisplayRole, QString::fromLatin1(typed));
+        return found.isEmpty() ? -1 : found.front().row();
+    };
+    EXPECT_EQ(find(5, "x"), -1);
+    EXPECT_EQ(find(0, "TEA"), 2);
+    EXPECT_EQ(find(299, "pen R"), 1) << "goes on at the top; a line end is shown as a blank";
+    EXPECT_EQ(find(4, "pen red pen"), -1) << "longer than the name";
+    EXPECT_EQ(made, 0);
+    list.Item(5); // "pen\nred" is looked at
+    EXPECT_EQ(find(4, "Pen"), 4);
+}
+
 } // namespace

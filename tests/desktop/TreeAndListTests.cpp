@@ -74,6 +74,23 @@ TEST_F(TreeAndList, AnEditorThatGoesWithoutTheUserLeavesTheLabelAsItWas) {
     EXPECT_EQ(t.SelectedNode(), QStringLiteral("store"));
 }
 
+TEST_F(TreeAndList, AWrongNameIsComplainedAboutWhileItIsTyped) {
+    const auto complaint = [&] { return t.frame().StatusBar1().Panel(1); };
+    t.Press(Qt::Key_F2);
+    t.Type(QStringLiteral("my shop.xml"));
+    EXPECT_EQ(complaint(), QString()) << "a document's name is none of XML";
+    t.Press(Qt::Key_Escape);
+    t.Press(Qt::Key_Down);
+    t.Press(Qt::Key_F2);
+    t.Type(QStringLiteral("7"));
+    EXPECT_FALSE(complaint().isEmpty());
+    t.Press(Qt::Key_Backspace);
+    EXPECT_EQ(complaint(), QString()) << "an empty name says nothing yet";
+    t.Type(QStringLiteral("7up"));
+    t.Press(Qt::Key_Escape);
+    EXPECT_EQ(complaint(), QString()) << "given up";
+}
+
 TEST_F(TreeAndList, TheRootCannotBeClosed) {
     t.Press(Qt::Key_Left);
     EXPECT_TRUE(t.Tree().isExpanded(t.Tree().model()->index(0, 0)));

@@ -163,4 +163,174 @@ TEST_F(EditNodes, TheDialogEndsWithItsWindowAndSavesBeforeTheQuestion) {
     EXPECT_EQ(d->Window(), nullptr);
 }
 
+// A box's end makes the dialog active again: one that opened a box then would never let the user go.
+TEST_F(EditNodes, ComingBackKeepsWhatIsTypedWithItsNodeAndOpensNoBox) {
+    Open();
+    const QString typed = QStringLiteral("colour=\"red\" bad");
+    for (const bool list : {false, true}) {
+        d->txtNodeAttrs.UserTyped(typed);
+        for (int times = 0; times < 2; ++times) {
+            d->Form_Deactivate();
+            t.ClickNode(Named("box"));
+            d->Form_Activate();
+            EXPECT_EQ(d->txtNodeAttrs.Text(), typed);
+            EXPECT_EQ(GetNodeInHand(*w, list ? kContextList : kContextTree).key, Named("pen").Key());
+        }
+        d->txtNodeAttrs.UserTyped(QStringLiteral("colour=\"red\""));
+        t.ClickNode(Named("shop"));
+        d->Form_Activate();
+        d->optList.UserChose();
+    }
+    EXPECT_EQ(w->ListView1.SelectedItem(), 1);
+}
+
+TEST_F(EditNodes, WhatWasChangedInTheWindowIsNotWrittenOver) {
+    Open();
+    d->txtNodeText.UserTyped(QStringLiteral("dry"));
+    d->Form_Deactivate();
+    Named("pen").SetText(QStringLiteral("quill"));
+    w->bTreeChanged = true;
+    d->Form_Activate();
+    EXPECT_EQ(d->txtNodeName.Text(), QStringLiteral("quill"));
+    d->cmdOk.Click();
+    EXPECT_TRUE(Has("<quill colour=\"red\">dry</quill>")) << Text();
+}
+
+// The name in hand, the address and the menus belong to the document in front.
+TEST_F(EditNodes, TheDialogBringsItsOwnDocumentToTheFront) {
+    Open("shop.xml");
+    const QString other = t.folder.Write(QStringLiteral("other.xml"), "<other><a/></other>");
+    const QString copy = t.folder.Path(QStringLiteral("copy.xml"));
+    t.frame().OpenNamed(other);
+    d->txtNodeName.UserTyped(copy);
+    d->cmdOk.Click();
+    EXPECT_EQ(t.frame().ActiveForm(), w);
+    EXPECT_EQ(w->Caption, copy);
+    EXPECT_EQ(t.frame().cmbAddress().Text(), copy);
+    t.ClickNode(Named("pen"));
+    t.ChooseMenu(QStringLiteral("mnuEditPopupEditNode"));
+    t.frame().OpenNamed(other);
+    EXPECT_EQ(t.app().CurrentFileName, other);
+    d->Form_Activate();
+    EXPECT_EQ(t.frame().ActiveForm(), w);
+    EXPECT_EQ(t.app().CurrentFileName, copy);
+    EXPECT_EQ(d->txtNodeName.Text(), QStringLiteral("pen")) << "and goes on with its node";
+    EXPECT_EQ(w->tvXML.SelectedItem(), Named("pen"));
+    EXPECT_EQ(t.folder.Read(QStringLiteral("other.xml")), "<other><a/></other>");
+}
+
+TEST_F(EditNodes, TheViewThatHadTheAttentionHasItAgain) {
+    Open();
+    d->cmdCancel.Click();
+    w->tbsXML.Select(QStringLiteral("textview"));
+    for (const bool ended : {true, false}) {
+        w->rtxtXML.GotFocus();
+        w->rtxtXML.UserSelected(w->rtxtXML.Text().indexOf(QStringLiteral("red")), 3);
+        t.ChooseMenu(QStringLiteral("mnuEditPopupEditNode"));
+        d->Form_Activate();
+        if (ended)
+            d->cmdCancel.Click();
+        else // its window is in front again, and nothing else has happened
+            d->Form_Deactivate();
+        t.PressButton(QStringLiteral("tbCommonEdit"), QStringLiteral("cut"));
+        EXPECT_TRUE(Has("<pen colour=\"\">ink</pen>")) << Text();
+        t.ChooseMenu(QStringLiteral("mnuEditUndo"));
+        EXPECT_TRUE(Has("<pen colour=\"red\">ink</pen>")) << Text();
+    }
+}
+
+TEST_F(EditNodes, ATreeThatWasBuiltAnewKeepsTheNodeInHand) {
+    Open("box");
+    d->txtNodeText.UserTyped(QStringLiteral("full"));
+    d->Form_Deactivate();
+    t.EditText(QStringLiteral("<shop><lid/><pen colour=\"red\">dry</pen><!--note--><box/></shop>"));
+    d->Form_Activate();
+    EXPECT_EQ(d->txtNodeText.Text(), QStringLiteral("full"));
+    EXPECT_EQ(w->tvXML.SelectedItem(), Named("box"));
+    d->cmdUp.Click();
+    EXPECT_TRUE(Has("<box>full</box>")) << Text();
+    EXPECT_TRUE(Has("dry")) << Text();
+    d->optList.UserChose();
+    d->Form_Deactivate();
+    t.EditText(QStringLiteral("<shop><lid>tin</lid></shop>"));
+    d->Form_Activate();
+    EXPECT_FALSE(d->txtNodeName.Text().isEmpty()) << "the list was filled anew";
+}
+
+TEST_F(EditNodes, WhatWasTypedOutlivesItsNodeUntilCancel) {
+    Open();
+    const QString typed = QStringLiteral("a long text");
+    d->txtNodeText.UserTyped(typed);
+    d->Form_Deactivate();
+    t.ClickNode(Named("pen"));
+    t.ChooseMenu(QStringLiteral("mnuDelete"));
+    const std::string before = Text();
+    d->Form_Activate();
+    EXPECT_FALSE(t.frame().StatusBar1().Panel(1).isEmpty());
+    t.prompts.Answer(services::Answer::Ok);
+    d->cmdDown.Click();
+    t.prompts.Answer(services::Answer::Ok);
+    d->cmdOk.Click();
+    EXPECT_EQ(d->txtNodeText.Text(), typed);
+    EXPECT_EQ(closed, 0);
+    d->Form_Deactivate();
+    t.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    d->Form_Activate();
+    d->cmdDown.Click();
+    EXPECT_TRUE(Has(">a long text</pen>")) << Text();
+    EXPECT_FALSE(before.find("pen") != std::string::npos) << before;
+}
+
+TEST_F(EditNodes, AnEmptiedTextLeavesTheWalkWhereItIs) {
+    Open("z", "<b><z>ink<cap/></z><q>full</q></b>");
+    d->txtNodeText.UserTyped({});
+    d->cmdDown.Click();
+    EXPECT_EQ(d->txtNodeName.Text(), QStringLiteral("q"));
+    EXPECT_TRUE(Has("<cap>") && !Has("ink")) << Text();
+    d->cmdRight.Click();
+    d->txtNodeAttrs.UserTyped({});
+    d->cmdLeft.Click();
+    EXPECT_EQ(d->txtNodeName.Text(), QStringLiteral("q"));
+    EXPECT_FALSE(Has("full")) << Text();
+}
+
+TEST_F(EditNodes, AMistypedPathStaysWithTheComplaint) {
+    Open();
+    t.prompts.Answer(services::Answer::Ok);
+    const QString typed = QStringLiteral("/shop[1/box");
+    d->txtXPath.UserTyped(typed);
+    int key = Qt::Key_Return;
+    d->txtXPath.KeyDown(key, 0);
+    d->Form_Activate();
+    EXPECT_EQ(d->txtXPath.Text(), typed);
+    EXPECT_FALSE(t.frame().StatusBar1().Panel(1).isEmpty());
+    d->txtXPath.UserTyped(QStringLiteral("/shop[1]/box"));
+    key = Qt::Key_Return;
+    d->txtXPath.KeyDown(key, 0);
+    EXPECT_EQ(d->txtNodeName.Text(), QStringLiteral("box"));
+    EXPECT_EQ(d->txtXPath.Text(), QStringLiteral("/shop[1]/box[1]"));
+}
+
+// Nothing of it is in the document: closing must not ask for it, and the caret stands where it stood.
+TEST_F(EditNodes, AHalfTypedAttributeThatIsGivenUpLeavesNoMark) {
+    Open();
+    w->tbsXML.Select(QStringLiteral("textview"));
+    w->rtxtXML.GotFocus();
+    w->rtxtXML.UserSelected(2, 3);
+    t.ChooseMenu(QStringLiteral("mnuEditPopupEditNode"));
+    for (const char* ending : {"colour=\"red\"", "colour=\"red\" b=\"1\"", ""}) {
+        d->txtNodeAttrs.UserTyped(QStringLiteral("colour=\"red\" b"));
+        EXPECT_TRUE(t.app().lastParseError);
+        EXPECT_NE(w->rtxtXML.SelStart(), 2);
+        if (*ending)
+            d->txtNodeAttrs.UserTyped(QLatin1String(ending));
+        else
+            d->cmdCancel.Click();
+        EXPECT_FALSE(t.app().lastParseError) << ending;
+        EXPECT_EQ(w->rtxtXML.SelStart(), 2) << ending;
+        EXPECT_EQ(w->rtxtXML.SelLength(), 3) << ending;
+    }
+    EXPECT_TRUE(t.frame().CloseForm(w));
+}
+
 } // namespace

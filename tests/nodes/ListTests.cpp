@@ -170,10 +170,25 @@ TEST_F(List, TheCaretDecidesWhetherAKeyLeavesTheEditor) {
     EXPECT_TRUE(EditorKey(Qt::Key_Left, 0));
     EXPECT_FALSE(w->txtListView.Visible());
     EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"en\" year=\"1999\""));
-    TypeInto(4, 2, QStringLiteral("fr"));
+    TypeInto(4, 2, QStringLiteral("f<r"));
+    EXPECT_FALSE(t.frame().StatusBar1().Panel(1).isEmpty());
     EXPECT_TRUE(EditorKey(Qt::Key_Escape, 2));
+    EXPECT_EQ(t.frame().StatusBar1().Panel(1), QString());
     EXPECT_FALSE(w->txtListView.Visible());
     EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"en\" year=\"1999\"")) << "given up";
+}
+
+// A search looks at cells whose rows nobody has seen yet.
+TEST_F(List, ACellReadsTheSameBeforeItsRowIsMade) {
+    Open("<book lang='de'><title>Tee<b/>!</title>words<!--why--><x n='\xe2\x82\xac'/><![CDATA[<]]></book>");
+    QStringList cells, rows;
+    for (int row = 1; row <= Rows().Count(); ++row)
+        for (int column = 1; column <= 3; ++column)
+            cells << Rows().Cell(row, column).toString();
+    for (int row = 1; row <= Rows().Count(); ++row)
+        rows << Rows().Item(row).Text << Rows().Item(row).Sub[0] << Rows().Item(row).Sub[1];
+    EXPECT_EQ(cells.join(u'|').toStdString(), rows.join(u'|').toStdString());
+    EXPECT_EQ(rows.size(), 6 * 3);
 }
 
 // Ctrl is also the first half of Ctrl+V.
