@@ -195,7 +195,7 @@ private:
     Unit unit_ = Unit::Character;
     text_steps::Range pressed_; ///< what the first click of a selection took
     QPoint pressPlace_;
-    bool drags_ = false, movedInside_ = false;
+    bool movedInside_ = false;
     qsizetype dropAt_ = -1;
     int wheelTurned_ = 0; ///< eighths of a degree that haven't zoomed yet
 };

@@ -16,14 +16,14 @@ void TextView::StartDrag() {
     const QPointer<TextView> self = this;
     QDrag* drag = std::make_unique<QDrag>(this).release(); // it deletes itself when it is over
     drag->setMimeData(MakeTextMime(before, range).release());
-    drags_ = model_->DragsSelection = true;
+    model_->DragsSelection = true;
     movedInside_ = false;
     const Qt::DropActions may = model_->Locked ? Qt::CopyAction : Qt::CopyAction | Qt::MoveAction;
     const Qt::DropAction wanted = model_->Locked ? Qt::CopyAction : Qt::MoveAction;
     const Qt::DropAction done = runsDrag ? runsDrag(*drag) : drag->exec(may, wanted);
-    if (!self)
+    if (!self || !model_)
         return;
-    drags_ = model_->DragsSelection = false;
+    model_->DragsSelection = false;
     EndDragOver();
     // Another program has taken the text; here it is removed, if it still stands where it did.
     if (done == Qt::MoveAction && !movedInside_ && Text() == before)
@@ -56,7 +56,7 @@ void TextView::dragMoveEvent(QDragMoveEvent* event) {
         return;
     const QPoint place = event->position().toPoint();
     const qsizetype position = PositionAt(place);
-    if (!drags_) {
+    if (!model_->DragsSelection) {
         PlaceCaret(position, position);
         model_->UserSelected(position, 0);
     }
@@ -88,7 +88,7 @@ void TextView::dropEvent(QDropEvent* event) {
     setFocus(Qt::MouseFocusReason);
     if (!(Text() == before))
         position = PositionAt(place);
-    auto* from = drags_ ? this : qobject_cast<TextView*>(event->source());
+    auto* from = model_->DragsSelection ? this : qobject_cast<TextView*>(event->source());
     if (from && event->dropAction() == Qt::MoveAction && TakeOver(*from, event->mimeData()->text())) {
         from->movedInside_ = true;
         return MoveSelectionTo(position);

@@ -177,7 +177,7 @@ void TextView::Replace(text_steps::Range range, const QString& text) {
     FollowSelection();
 }
 
-/// A text from elsewhere. Nothing takes the place of nothing.
+/// A text from elsewhere. An empty one replaces nothing.
 void TextView::PutIn(text_steps::Range range, const QString& text) {
     if (text.isEmpty())
         return;

@@ -90,7 +90,6 @@ void CutTreeNode(DocumentWindow& window) {
     if (!CopyTreeNode(window))
         return;
     DeleteTreeNode(window);
-    TreeChangeTextView(window);
     DoTree(window);
 }
 
@@ -118,7 +117,8 @@ void PasteTreeNode(DocumentWindow& window) try {
     if (text.isEmpty())
         return;
     PasteIntoTree(window, window.tvXML.SelectedItem(), text);
-    TreeChangeTextView(window);
+    if (window.bTreeChanged) // else a text that doesn't parse would give way to an old tree
+        TreeChangeTextView(window);
     mXMLEdit::Delay(window.app, kPause);
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".PasteTreeNode"));

@@ -61,9 +61,7 @@ NodeWrite WriteAttribute(DocumentWindow& window, NodeInHand& hand, TreeNode elem
     Application& app = window.app;
     Attributes all(element);
     const qsizetype at = all.names.indexOf(hand.attribute);
-    if (at < 0)
-        return NodeWrite::Gone;
-    if (name == all.names[at] && value == all.values[at])
+    if (at < 0 || (name == all.names[at] && value == all.values[at]))
         return NodeWrite::Unchanged;
     if (name != all.names[at]) {
         if (!m_tvXML::ValidateNodeAttributeName(app, name, element.Text()))
@@ -233,6 +231,18 @@ bool FindNodeAgain(DocumentWindow& window, NodeInHand& hand, const NodeTrace& tr
     return true;
 }
 
+bool ReadNodeInHand(DocumentWindow& window, const NodeInHand& hand, QString& name, QString& value,
+                    QString& text) {
+    const TreeNode node = window.tvXML.Nodes.Find(hand.key);
+    if (!node || !ReadContent(hand, node, value, text))
+        return false;
+    if (hand.kind == kRowAttribute)
+        name = hand.attribute;
+    else if (hand.kind == kRowElement || hand.kind == kTreeRoot)
+        name = node.Text();
+    return true;
+}
+
 NodeInHand GetNodeInHand(DocumentWindow& window, int context) {
     if (context != kContextList) {
         const TreeNode node = window.tvXML.SelectedItem();
@@ -288,10 +298,8 @@ void SetMemberVars(DocumentWindow& window, int context, QString& name, QString& 
 NodeWrite WriteNodeInHand(DocumentWindow& window, NodeInHand& hand, const QString& name, const QString& attrs,
                           const QString& text) {
     const TreeNode node = window.tvXML.Nodes.Find(hand.key);
-    if (hand.kind == kNoNodeInHand)
+    if (!node || hand.kind == kNoNodeInHand)
         return NodeWrite::Unchanged;
-    if (!node)
-        return NodeWrite::Gone;
     if (hand.kind == kTreeRoot)
         return WriteRoot(window, hand, node, name);
     const NodeWrite result = WriteByKind(window, hand, node, name, attrs, text);

@@ -43,9 +43,13 @@ NodeTrace TraceOf(DocumentWindow& window, const NodeInHand& hand);
 /// same, and `hand` is that one from then on.
 bool FindNodeAgain(DocumentWindow& window, NodeInHand& hand, const NodeTrace& trace);
 
+/// What is in a node now, in the terms of SetMemberVars; a name that can't be edited stays as given. False
+/// where it is gone.
+bool ReadNodeInHand(DocumentWindow& window, const NodeInHand& hand, QString& name, QString& value,
+                    QString& text);
+
 enum class NodeWrite {
-    Unchanged,
-    Gone, ///< there is no such node any more
+    Unchanged, ///< or there is no such node any more
     Written,
     Refused ///< the user has been told why; the node is as it was
 };

@@ -138,11 +138,13 @@ bool PasteNodesAndAttributes(DocumentWindow& window, TreeNode target, const QStr
     if (!attributes.isEmpty() && m_tvXML::GetKeyType(target) != kRowElement)
         return refuse();
     const QString before = target.Tag();
+    const bool changedBefore = window.bTreeChanged;
     if (!attributes.isEmpty() && !AddAttributes(window, target, attributes))
         return false;
     if (nodes.isEmpty() || PasteXMLText(window, nodes, target, asChild))
         return true;
     target.SetTag(before);
+    window.bTreeChanged = changedBefore;
     return window.app.lastParseError ? false : refuse(); // the parser's box has told it
 }
 

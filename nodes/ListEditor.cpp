@@ -18,6 +18,11 @@ constexpr double kOutOfSight = -10000;
 constexpr double kIntoTheCell = 10;  // twips from a cell's left edge to the point that stands for it
 constexpr double kButtonWidth = 270; // of cmdPop
 
+bool EditsAttribute(DocumentWindow& window) {
+    const int row = window.ListView1.IndexOf(window.msListEditKey);
+    return row > 0 && window.ListView1.Item(row).SmallIcon == kRowAttribute;
+}
+
 bool IsReport(DocumentWindow& window) {
     return window.ListView1.View() == controls::lvwReport;
 }
@@ -168,13 +173,16 @@ void txtListView_KeyDown(DocumentWindow& window, int& key, int modifiers) {
 
 void txtListView_Change(DocumentWindow& window) {
     if (window.mbIsEditValue)
-        m_tvXML::ComplainWhileTyping(window.app, ListCellProbe(window, window.txtListView.Text()));
+        m_tvXML::ComplainWhileTyping(window.app, ListCellProbe(window, window.txtListView.Text()),
+                                     EditsAttribute(window) ? 1 : -1);
 }
 
 void txtListView_GotFocus(DocumentWindow& window) {
     window.miPopupContext = kContextList;
-    if (window.app.frame)
+    if (window.app.frame) {
+        window.app.frame->SetMenuSituation(MenuSituation::ListSelected); // a cell takes any text
         window.app.frame->EnableEntitiesToolbar();
+    }
     window.miListFirstVisible = window.ListView1.GetFirstVisible();
     window.mdListLeft = window.ListView1.Left();
     window.tmList.SetEnabled(true);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What answers to the menu entries and the toolbar buttons: a command takes one line of a table here.
 #include "shell/Commands.h"
-#include "core/commands/WindowEvents.h"
 #include "core/model/m_tvXML.h"
 #include "core/sync/TreeText.h"
 #include "core/sync/Views.h"
+#include "nodes/EditNode.h"
 #include "nodes/FinishEdits.h"
 #include "nodes/ListCommands.h"
 #include "shell/NodeCommands.h"
@@ -201,24 +201,24 @@ bool IsReadyFor(DocumentWindow& window) {
     FinishEdits(window);
     if (window.miPopupContext == kContextText || !window.bTextChanged)
         return true;
-    const controls::TreeNode chosen = window.tvXML.SelectedItem();
-    const QString path = GetXPath(chosen);
-    const long number = m_tvXML::GetBeforeNodeNumber(window.app, chosen);
+    NodeInHand chosen = GetNodeInHand(window, kContextTree);
+    const NodeTrace trace = TraceOf(window, chosen);
     if (!ReadEditedText(window))
         return false;
-    const controls::TreeNode again = m_tvXML::GetNodeByNumber(window.app, number, window.tvXML.Nodes(1));
-    const bool found = again && window.miPopupContext == kContextTree && GetXPath(again) == path;
+    const bool found = window.miPopupContext != kContextList && FindNodeAgain(window, chosen, trace);
     if (found)
-        window.tvXML.SetSelectedItem(again);
-    DoTree(window);
+        SelectNodeInHand(window, chosen, kContextTree);
+    else if (window.app.frame)
+        window.app.frame->StatusBar1().SetPanel(
+            1, QStringLiteral("The text was changed, and the node isn't there any more as it was."));
     return found;
 }
 
 void RunNodeCommand(DocumentWindow& window, const NodeCommand& command) {
     const bool label = window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0;
-    if (command.inCell && window.txtListView.Visible())
-        command.inCell(window);
-    else if (command.inCell && label)
+    if (command.inCell && window.txtListView.Visible() && command.inCell(window))
+        return;
+    if (command.inCell && label)
         FinishEdits(window); // the letters were meant, not the node that they are the name of
     else if (IsReadyFor(window))
         command.run(window);

@@ -75,7 +75,7 @@ bool CanPaste(DocumentWindow& window, MenuSituation situation) {
     if (!window.app.copiedText.isEmpty()) // also when its document has been closed since
         return true;
     const bool text = situation == MenuSituation::TextSelected || situation == MenuSituation::TextUnselected;
-    return text && window.app.services.clipboard.HasText();
+    return (text || window.mbIsEditValue) && window.app.services.clipboard.HasText();
 }
 
 TreeNode NodeOf(DocumentWindow& window, MenuSituation situation) {

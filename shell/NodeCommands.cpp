@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/NodeCommands.h"
+#include "core/model/m_tvXML.h"
 #include "core/sync/Views.h"
 #include "nodes/Clipboard.h"
 #include "nodes/ListCommands.h"
 #include "nodes/ListEditor.h"
+#include "nodes/ListRows.h"
 #include "nodes/TreeCommands.h"
 
 namespace {
@@ -71,10 +73,15 @@ void NewAttribute(DocumentWindow& window) {
     window.ListView1.SetFocus();
     AddNewListViewAttribute(window);
 }
-// The list shows what belongs to the node: its value is in the first row, unless the user chose another one.
+// The list shows what belongs to the node: the value of a leaf in its only row, the attributes of an element
+// behind its children. A row that the user chose goes before.
 void EditValueOfNode(DocumentWindow& window) {
-    if (window.ListView1.SelectedItem() == 0 && window.ListView1.Count() > 0)
-        window.ListView1.SetSelectedItem(1);
+    controls::ListView& list = window.ListView1;
+    if (list.SelectedItem() == 0 && window.tbsXML.SelectedKey() == QStringLiteral("listview")) {
+        const bool leaf = m_tvXML::GetKeyType(window.tvXML.SelectedItem()) != kRowElement;
+        if (const int row = leaf ? 1 : FindAnyAttributeItem(window); row > 0 && row <= list.Count())
+            list.SetSelectedItem(row);
+    }
     EditListViewAttribute(window);
 }
 void DeleteInTree(DocumentWindow& window) {
@@ -84,21 +91,29 @@ void DeleteInTree(DocumentWindow& window) {
 
 // --- in a cell --------------------------------------------------------------------------------------------
 
-void CopyInCell(DocumentWindow& window) {
+bool CopyInCell(DocumentWindow& window) {
     const controls::TextBox& cell = window.txtListView;
-    services::Clipboard& clipboard = window.app.services.clipboard;
     if (cell.SelLength() > 0)
-        clipboard.SetText(cell.Text().mid(cell.SelStart(), cell.SelLength()));
+        window.app.services.clipboard.SetText(cell.Text().mid(cell.SelStart(), cell.SelLength()));
+    return true;
 }
-void CutInCell(DocumentWindow& window) {
-    CopyInCell(window);
-    if (window.txtListView.SelLength() > 0)
+/// Without marked letters the row is meant.
+bool DeleteInCell(DocumentWindow& window) {
+    const bool marked = window.txtListView.SelLength() > 0;
+    if (marked)
         window.txtListView.SetSelText({});
+    return marked;
 }
-void PasteInCell(DocumentWindow& window) {
+bool CutInCell(DocumentWindow& window) {
+    CopyInCell(window);
+    DeleteInCell(window);
+    return true;
+}
+bool PasteInCell(DocumentWindow& window) {
     const QString text = window.app.services.clipboard.GetText();
     if (!text.isEmpty())
         window.txtListView.SetSelText(text);
+    return true;
 }
 
 // --- the commands ----------------------------------------------------------------------------------------
@@ -125,7 +140,7 @@ constexpr NodeCommand kCommands[] = {
     {{"mnuEditCopy", "mnuCopyP"}, "tbCommonEdit", "copy", Copy, CopyInCell},
     {{"mnuEditCut", "mnuCutP"}, "tbCommonEdit", "cut", Cut, CutInCell},
     {{"mnuEditPaste", "mnuPasteP"}, "tbCommonEdit", "paste", Paste, PasteInCell},
-    {{"mnuDelete", "mnuDeleteP"}, "tbCommonEdit", "delete", ByContext<kDelete>},
+    {{"mnuDelete", "mnuDeleteP"}, "tbCommonEdit", "delete", ByContext<kDelete>, DeleteInCell},
     {{"mnuEditName", "mnuEditP"}, nullptr, nullptr, ByContext<kRename>},
     {{"mnuMoveUP"}, "tbListEdit", "moveup", MoveUp},
     {{"mnuMoveDown"}, "tbListEdit", "movedown", MoveDown},

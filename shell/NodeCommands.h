@@ -11,8 +11,9 @@ struct NodeCommand {
     const char* toolbar;                ///< null: no button
     const char* button;
     void (*run)(DocumentWindow& window);
-    /// The same on what is selected in a cell that is being edited; null: the edit ends first.
-    void (*inCell)(DocumentWindow& window) = nullptr;
+    /// The same on the text of a cell that is being edited; false where it has nothing to do there. Null, or
+    /// false: the edit ends first.
+    bool (*inCell)(DocumentWindow& window) = nullptr;
 };
 
 std::span<const NodeCommand> NodeCommands();

@@ -100,21 +100,11 @@ void frmMDIMain::NewSXMLFile(const FetchedText& text, const QString& fileName) {
     NewFile<frmSXMLEdit>(text, fileName);
 }
 
-namespace {
-
-// What stands around a pasted name belongs to no file, as long as no file is called so: reading passes over
-// it, and so must all that is kept.
-QString NameMeant(Application& app, const QString& name) {
-    return mXMLEdit::FileExist(app, name) ? name : name.trimmed();
-}
-
-} // namespace
-
 void frmMDIMain::OpenNamed(const QString& name) try {
     if (opening_) // a file dropped while another one is still fetched
         return;
     const QScopedValueRollback opening(opening_, true);
-    const QString fileName = NameMeant(app_, name);
+    const QString fileName = mXMLEdit::NameMeant(app_, name);
     app_.CurrentFileName = fileName;
     DocumentWindow* form = nullptr;
     OpenFile(app_, fileName, form);

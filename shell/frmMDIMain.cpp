@@ -163,7 +163,7 @@ void frmMDIMain::cmbAddress_KeyUp(int key) {
     const QString entered = address_.Text();
     cmbAddress_Click();
     if (address_.Text().isEmpty()) // a document from the web: its address isn't shown
-        AddToList(entered);
+        AddToList(mXMLEdit::NameMeant(app_, entered));
     else
         ProcessList(address_);
 }

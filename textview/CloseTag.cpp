@@ -142,7 +142,7 @@ void CloseTag(DocumentWindow& window) try {
     }
     pane.SetSelStart(start);
     pane.SetSelLength(length);
-    if (window.app.frame) // the element that was closed is the current node now
+    if (window.app.frame) // the tree may have another current node now
         ShowNodePath(window, window.app.frame->StatusBar1());
 } catch (const text::Fault& fault) {
     ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".CloseTag"));

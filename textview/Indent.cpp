@@ -134,9 +134,7 @@ void GetLineStartEndPos(const RichTextBox& richText, qsizetype& lineStart, qsize
                         qsizetype position, const QString& separator) {
     const LongText& text = richText.Long();
     const qsizetype before =
-        position < separator.size()
-            ? -1
-            : text.lastIndexOf(separator, position - separator.size(), Qt::CaseSensitive);
+        position < separator.size() ? -1 : text.lastIndexOf(separator, position - separator.size());
     const qsizetype behind = text.indexOf(separator, position, Qt::CaseSensitive);
     lineStart = before < 0 ? 1 : before + 1;
     lineEnd = behind < 0 ? text.size() : behind + 1;
@@ -151,7 +149,7 @@ void GetLineStartPos(const RichTextBox& richText, qsizetype& lineStart, qsizetyp
     // Whole in front of the character at the position; at the text's end, of the last character.
     const qsizetype last = std::min(position, text.size() - 1) + 1 - separator.size();
     if (last >= 0)
-        lineStart = text.lastIndexOf(separator, last, Qt::CaseSensitive) + 1;
+        lineStart = text.lastIndexOf(separator, last) + 1;
 }
 
 void GetLineColumn(const RichTextBox& richText, qsizetype& line, qsizetype& column) {

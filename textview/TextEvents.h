@@ -15,7 +15,7 @@ void PaneClick(DocumentWindow& window, bool second);
 /// Text is dragged over the pane, the pointer at a point in twips: the caret goes there, unless it is the
 /// pane's own selection, which stays. The status bar tells the place.
 void PaneDragOver(DocumentWindow& window, bool second, double x, double y);
-/// A text from elsewhere has gone in at a place: it takes its colours.
+/// Several characters have gone in at once: they take their colours.
 void PanePasted(DocumentWindow& window, bool second, qsizetype start, qsizetype length);
 /// The selection may be another one: menus and status bar tell while the text has the user's attention.
 void PaneSelChange(DocumentWindow& window, bool second, bool wasSelected);

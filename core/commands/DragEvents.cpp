@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/commands/DragEvents.h"
-#include "core/commands/WindowEvents.h"
 #include "nodes/DragDrop.h"
 #include "nodes/FinishEdits.h"
 

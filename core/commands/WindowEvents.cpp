@@ -12,6 +12,7 @@
 #include "nodes/FinishEdits.h"
 #include "nodes/ListCommands.h"
 #include "nodes/ListEditor.h"
+#include "nodes/ListRows.h"
 #include "nodes/TreeCommands.h"
 #include "textview/TextEvents.h"
 #include <QScopeGuard>
@@ -149,10 +150,6 @@ void tvXML_LabelEdited(DocumentWindow& window) {
 void BeforeLabelEdit(DocumentWindow& window, bool& cancel) {
     if (!window.kind.renamesNodes && !m_tvXML::IsTreeRoot(window.tvXML.SelectedItem()))
         cancel = true;
-    if (window.bTextChanged) { // which makes other nodes: the one that was to be renamed may be gone
-        ReadEditedText(window);
-        cancel = true;
-    }
     tvXML_BeforeLabelEdit(window, cancel);
 }
 
@@ -161,19 +158,20 @@ void BeforeLabelEdit(DocumentWindow& window, bool& cancel) {
 void tvXML_LabelTyped(DocumentWindow& window, const QString& text) {
     const TreeNode node = window.tvXML.LabelEditNode();
     const bool asked = node && !m_tvXML::IsTreeRoot(node) && !text.isEmpty();
-    m_tvXML::ComplainWhileTyping(window.app, asked ? m_tvXML::NodeNameProbe(text) : QString());
+    m_tvXML::ComplainWhileTyping(window.app, asked ? m_tvXML::NodeNameProbe(text) : QString(), 0);
 }
 
 void ListView1_LabelTyped(DocumentWindow& window, const QString& text) {
     const int row = window.ListView1.LabelEditRow();
     QString probe;
-    if (row > 0 && window.ListView1.Item(row).SmallIcon == 2) {
+    const bool attribute = row > 0 && window.ListView1.Item(row).SmallIcon == kRowAttribute;
+    if (attribute && !text.isEmpty()) {
         const TreeNode element = window.tvXML.Nodes.Find(window.ListView1.Item(row).Tag);
         probe = element ? m_tvXML::NodeAttributeNameProbe(text, element.Text()) : QString();
     } else if (row > 0 && !text.isEmpty()) {
         probe = m_tvXML::NodeNameProbe(text);
     }
-    m_tvXML::ComplainWhileTyping(window.app, probe);
+    m_tvXML::ComplainWhileTyping(window.app, probe, attribute ? 1 : 0);
 }
 
 void ConnectTree(DocumentWindow& window) {

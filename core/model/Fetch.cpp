@@ -86,10 +86,10 @@ void Tell(Application& app, const QString& reason) {
 } // namespace
 
 bool GetData(Application& app, const QString& address, FetchedText& fetched) {
-    const QString name = text::Trim(address);
-    switch (GetAddressType(address)) {
-    case 1: // a file's name may begin or end with blanks
-        return GetFileData(app, FileExist(app, address) ? address : name, fetched);
+    const QString name = NameMeant(app, address);
+    switch (GetAddressType(name)) {
+    case 1:
+        return GetFileData(app, name, fetched);
     case 2:
         return GetHttpData(app, name, fetched);
     default:

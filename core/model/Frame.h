@@ -63,7 +63,7 @@ public:
 
     /// Whether undo and redo have a step to go, in menu and toolbar.
     virtual void SetUndoRedo(bool undo, bool redo) = 0;
-    /// Shows the find dialog, or brings it to the front; it works on Application::findTarget.
+    /// Shows the find dialog, or brings it to the front; it works on the text of the document in front.
     virtual void ShowFind() = 0;
 
     virtual void UpdateFileMenu(const QString& name) = 0; ///< puts a name in front of the recent files

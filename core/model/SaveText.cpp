@@ -71,6 +71,10 @@ void Remember(const QString& text, const text::Encoded& encoded, text::FileForm&
 
 } // namespace
 
+QString NameMeant(Application& app, const QString& name) {
+    return FileExist(app, name) ? name : name.trimmed();
+}
+
 bool FileExist(Application& app, const QString& path) {
     return app.services.files.Exists(path);
 }

@@ -32,15 +32,24 @@ bool Probe(Application& app, const QString& document, const QString& title) {
 
 // A quote or a blank in what was typed can begin another attribute, and the parser has nothing against that:
 // what is meant to be one name or value must be one.
-bool SaysNoMore(Application& app, const QString& probe, int attributes, const QString& title) {
+bool HoldsAttributes(const QString& probe, int attributes) {
     xml::ParsedDocument document;
     document.loadXML(probe);
-    if (document.documentElement() && document.documentElement().attributeCount() == attributes)
+    return !document.documentElement() || document.documentElement().attributeCount() == attributes;
+}
+
+QString MoreThanOne() {
+    return QStringLiteral(
+        "This is more than one name or value. A quotation mark in a value is written &quot;");
+}
+
+bool ProbeOfOneAttribute(Application& app, const QString& probe, const QString& title) {
+    if (!Probe(app, probe, title))
+        return false;
+    if (HoldsAttributes(probe, 1))
         return true;
     app.services.prompts.Beep();
-    app.services.prompts.MsgBox(QStringLiteral("This is more than one name or value. A quotation mark in a "
-                                               "value is written &quot;"),
-                                Buttons::Ok, Icon::Critical, title);
+    app.services.prompts.MsgBox(MoreThanOne(), Buttons::Ok, Icon::Critical, title);
     return false;
 }
 
@@ -68,22 +77,27 @@ QString NodeAttributeNameProbe(const QString& attributeName, const QString& node
     return u'<' + PureName(nodeName) + u' ' + PureName(attributeName) + QStringLiteral("=\"\"/>");
 }
 
-void ComplainWhileTyping(Application& app, const QString& probe) {
+void ComplainWhileTyping(Application& app, const QString& probe, int attributes) {
     if (!app.frame)
         return;
     xml::ParsedDocument document;
-    const bool fine = probe.isEmpty() || document.loadXML(probe);
-    app.frame->StatusBar1().SetPanel(1, fine ? QString() : document.parseError().reason.trimmed());
+    QString complaint;
+    if (!probe.isEmpty() && !document.loadXML(probe))
+        complaint = document.parseError().reason.trimmed();
+    else if (!probe.isEmpty() && attributes >= 0 && !HoldsAttributes(probe, attributes))
+        complaint = MoreThanOne();
+    app.frame->StatusBar1().SetPanel(1, complaint);
 }
 
 bool ValidateNodeName(Application& app, const QString& name) {
     if (name.isEmpty())
         return false;
-    xml::ParsedDocument document;
-    document.loadXML(NodeNameProbe(name));
-    const bool more = document.documentElement() && document.documentElement().attributeCount() > 0;
-    if (!more && ValidateXML(app, NodeNameProbe(name), true))
-        return true;
+    const QString probe = NodeNameProbe(name);
+    if (ValidateXML(app, probe, true)) {
+        if (HoldsAttributes(probe, 0))
+            return true;
+        app.services.prompts.Beep();
+    }
     app.services.prompts.MsgBox(
         QStringLiteral("Sample:Abc\r\nXML node name ::= (Letter | '_' | ':') (Letter | Digit | '.' | '-' | "
                        "'_' | ':' | CombiningChar | Extender)"),
@@ -94,7 +108,7 @@ bool ValidateNodeName(Application& app, const QString& name) {
 bool ValidateNodeAttributeName(Application& app, const QString& attributeName, const QString& nodeName) {
     const QString probe = NodeAttributeNameProbe(attributeName, nodeName);
     const QString title = QStringLiteral("This is not a validate attribute name");
-    return Probe(app, probe, title) && SaysNoMore(app, probe, 1, title);
+    return ProbeOfOneAttribute(app, probe, title);
 }
 
 bool ValidateNodeAttributes(Application& app, const QString& attributes, const QString& nodeName,
@@ -124,7 +138,7 @@ bool ValidateNodeAttributeValue(Application& app, const QString& value, const QS
                                 const QString& attributeName) {
     const QString probe = NodeAttributeValueProbe(value, nodeName, attributeName);
     const QString title = QStringLiteral("This is not a validate attribute value");
-    return Probe(app, probe, title) && SaysNoMore(app, probe, 1, title);
+    return ProbeOfOneAttribute(app, probe, title);
 }
 
 int GetSelTextType(Application& app, const QString& text) {

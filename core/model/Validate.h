@@ -32,7 +32,8 @@ QString NodeAttributeValueProbe(const QString& value, const QString& nodeName, c
 QString NodeAttributeNameProbe(const QString& attributeName, const QString& nodeName);
 /// Shows on status panel 1 what the parser dislikes of a probe, or nothing. No beep, no box, and the last
 /// parse error stays as it was: the text isn't finished yet. An empty probe clears the panel.
-void ComplainWhileTyping(Application& app, const QString& probe);
+/// `attributes`: how many the probe is to have, -1 for any number.
+void ComplainWhileTyping(Application& app, const QString& probe, int attributes = -1);
 
 /// What a piece of text is that is about to be dropped or pasted.
 enum SelTextType {

@@ -61,6 +61,8 @@ QString GetExtName(const QString& path);      ///< behind the last dot of the fi
 QString GetFSFolderName(const QString& path); ///< the parent folder; only a root ends in a separator
 QString GetFSFileName(const QString& path);   ///< behind the last separator
 bool FileExist(Application& app, const QString& path);
+/// What stands around a pasted name, blanks or a line end, belongs to no file, unless one is called so.
+QString NameMeant(Application& app, const QString& name);
 bool DeleteFileIfExists(Application& app, const QString& path); ///< true when it existed and is gone
 
 enum class SaveOutcome {

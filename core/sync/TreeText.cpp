@@ -103,7 +103,7 @@ ParsedRoot XMLToTree(DocumentWindow& window, const FetchedText& text, long selec
     window.bTextUnread = true; // until it is in the tree, in whatever way this ends
     if (text.text.holdsOnly(u" ")) {
         AddTreeRoot(window, false);
-        window.bTextUnread = false;
+        window.bTextUnread = window.bTextChanged = false;
         return root;
     }
     if (!mXMLEdit::LoadXMLDocFromString(window.app, text, root.document, window.bQuietParse)) {
@@ -176,6 +176,7 @@ void TreeChangeTextView(DocumentWindow& window, bool withNewNode) try {
     });
     WriteTreeAsText(window);
     brokenOff.dismiss();
+    window.bTextChanged = false;
     if (unread && !(window.TextInUse().Long() == before))
         window.app.services.prompts.MsgBox(
             QStringLiteral("The text could not be read into the tree, and the tree has been changed since. "

@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr int kAnyNumber = -1; // of attributes in a probe
+
 constexpr double kOneBox = 5795, kTwoBoxes = 2775; // heights of txtNodeAttrs in twips
 
 void SelectAnyRow(controls::ListView& list) {
@@ -86,14 +88,14 @@ void frmEditNodes::ConnectBoxes() {
     txtNodeName.Change.connect([this] {
         Guarded("frmEditNodes.txtNodeName_Change", [this] {
             if (kind_ == kRowElement || kind_ == kRowAttribute)
-                ComplainAbout(m_tvXML::NodeNameProbe(txtNodeName.Text()));
+                ComplainAbout(m_tvXML::NodeNameProbe(txtNodeName.Text()), 0);
         });
     });
     txtNodeAttrs.Change.connect(
         [this] { Guarded("frmEditNodes.txtNodeAttrs_Change", [this] { txtNodeAttrs_Change(); }); });
     txtNodeText.Change.connect([this] {
         Guarded("frmEditNodes.txtNodeText_Change",
-                [this] { ComplainAbout(m_tvXML::NodeTextProbe(txtNodeText.Text(), name_)); });
+                [this] { ComplainAbout(m_tvXML::NodeTextProbe(txtNodeText.Text(), name_), kAnyNumber); });
     });
     txtXPath.KeyDown.connect([this](int& key, int) {
         Guarded("frmEditNodes.txtXPath_KeyDown", [this, &key] { txtXPath_KeyDown(key); });
@@ -104,7 +106,8 @@ void frmEditNodes::ConnectBoxes() {
 void frmEditNodes::txtNodeAttrs_Change() {
     UndoProbe();
     if (kind_ != kRowElement || !IsChanged())
-        return ComplainAbout(NodeValueProbe(*window_, hand_, txtNodeAttrs.Text()));
+        return ComplainAbout(NodeValueProbe(*window_, hand_, txtNodeAttrs.Text()),
+                             kind_ == kRowAttribute ? 1 : kAnyNumber);
     NoteBeforeProbe();
     if (m_tvXML::ValidateNodeAttributes(app_, txtNodeAttrs.Text(), name_, false))
         UndoProbe();
@@ -112,8 +115,8 @@ void frmEditNodes::txtNodeAttrs_Change() {
         NoteAfterProbe();
 }
 
-void frmEditNodes::ComplainAbout(const QString& probe) {
-    m_tvXML::ComplainWhileTyping(app_, IsChanged() ? probe : QString());
+void frmEditNodes::ComplainAbout(const QString& probe, int attributes) {
+    m_tvXML::ComplainWhileTyping(app_, IsChanged() ? probe : QString(), attributes);
 }
 
 // --- start and end ----------------------------------------------------------------------------------------
@@ -157,11 +160,11 @@ void frmEditNodes::ComeBack() {
     BringToFront(*window_);
     const QScopedValueRollback quiet(window_->bQuietParse, true);
     const bool upToDate = BringUpToDate(*window_);
-    if (upToDate && InList())
-        ShowListTab(*window_);
     TakeAttention();
     if (!upToDate)
         return;
+    if (InList())
+        ShowListTab(*window_);
     if (IsChanged()) {
         if (!FindNodeAgain(*window_, hand_, trace_))
             return ShowMessage(GoneNotice());
@@ -185,18 +188,19 @@ void frmEditNodes::Form_Deactivate() {
 
 // False when the text doesn't parse. The views are brought up to date for what the user works in there.
 bool frmEditNodes::BringUpToDate(DocumentWindow& window) {
+    const bool ahead = window.bTextChanged;
     if (!FinishAllEdits(window))
         return false;
-    if (window.bTreeChanged)
+    if (ahead || window.bTreeChanged)
         DoTree(window);
     return true;
 }
 
 void frmEditNodes::WindowClosed(const DocumentWindow& window) {
-    if (window_ == &window)
-        cmdCancel_Click();
-    else if (refused_ && refused_->window == &window)
+    if (refused_ && refused_->window == &window)
         refused_.reset();
+    if (window_ == &window)
+        Unload();
 }
 
 void frmEditNodes::Unload() {
@@ -218,7 +222,8 @@ void frmEditNodes::cmdOk_Click() {
 }
 
 void frmEditNodes::cmdCancel_Click() {
-    refused_.reset();
+    if (refused_ && refused_->window == window_)
+        refused_.reset();
     Unload();
 }
 
@@ -343,8 +348,9 @@ bool frmEditNodes::ShowsCurrentNode() {
 
 // What was changed elsewhere meanwhile shows in the boxes that nobody typed in, and isn't written over.
 void frmEditNodes::FollowUntouched() {
-    Texts now;
-    SetMemberVars(*window_, Context(), now.name, now.attrs, now.text, kind_);
+    Texts now{name_, attrs_, text_};
+    if (!ReadNodeInHand(*window_, hand_, now.name, now.attrs, now.text))
+        return;
     const auto follow = [](controls::TextBox& box, QString& was, const QString& is) {
         if (box.Text() == was)
             box.SetText(is);
@@ -422,6 +428,7 @@ bool frmEditNodes::WriteTyped() {
         app_.services.prompts.MsgBox(GoneNotice(), services::Buttons::Ok, services::Icon::Exclamation);
         return false;
     }
+    FollowUntouched();
     // A node can't go without a name, and there is nothing to say about an empty one: it keeps its own.
     if (txtNodeName.Text().isEmpty())
         txtNodeName.SetText(name_);

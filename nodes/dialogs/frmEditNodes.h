@@ -85,7 +85,7 @@ private:
     void EnableButtons();
     void EnableListMoves();
     void txtNodeAttrs_Change();
-    void ComplainAbout(const QString& probe);
+    void ComplainAbout(const QString& probe, int attributes);
 
     Application& app_;
     DocumentWindow* window_ = nullptr;

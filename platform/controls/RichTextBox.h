@@ -99,7 +99,7 @@ public:
     Event<const QString&> KeyPress; ///< before typed characters go in
     Event<int, int> KeyUp;
     Event<> GotFocus, LostFocus;
-    Event<qsizetype, qsizetype> Pasted; ///< a text from elsewhere has gone in: where, length
+    Event<qsizetype, qsizetype> Pasted; ///< several characters have gone in at once: where, length
 
     Event<> BeforeChange;  ///< the text is about to become another one; not to be changed now
     Event<> Change;        ///< the text is another one, by user or program

@@ -116,12 +116,13 @@ void RichTextBox::SetColours(qsizetype start, qsizetype length, const std::vecto
     coloursChanged(start, length);
 }
 
-// Text that is typed goes on in the colour before it, or takes that of what it replaces.
+// Text that is typed goes on in the colour before it, or takes that of what it replaces. At the text's start
+// it has none.
 void RichTextBox::TakeTypeColour() {
-    if (selLength_ > 0)
-        typeColour_ = ColourAt(selStart_);
+    if (selStart_ == 0)
+        typeColour_ = 0;
     else
-        typeColour_ = selStart_ > 0 ? ColourAt(selStart_ - 1) : 0;
+        typeColour_ = ColourAt(selLength_ > 0 ? selStart_ : selStart_ - 1);
 }
 
 } // namespace controls

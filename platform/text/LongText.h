@@ -46,7 +46,7 @@ public:
     // --- search: -1 for nothing; an empty `what` is never found
     qsizetype indexOf(QStringView what, qsizetype from, Qt::CaseSensitivity sensitivity) const;
     /// The last place at or before `from` where `what` begins.
-    qsizetype lastIndexOf(QStringView what, qsizetype from, Qt::CaseSensitivity sensitivity) const;
+    qsizetype lastIndexOf(QStringView what, qsizetype from) const;
 
     // --- lines, from 0
     qsizetype lineCount() const;                ///< 1 for an empty text

@@ -76,7 +76,7 @@ qsizetype LongText::longIndexOf(QStringView what, qsizetype from, Qt::CaseSensit
     return -1;
 }
 
-qsizetype LongText::lastIndexOf(QStringView what, qsizetype from, Qt::CaseSensitivity sensitivity) const {
+qsizetype LongText::lastIndexOf(QStringView what, qsizetype from) const {
     from = std::min(from, size() - what.size());
     if (what.isEmpty() || from < 0)
         return -1;
@@ -89,7 +89,7 @@ qsizetype LongText::lastIndexOf(QStringView what, qsizetype from, Qt::CaseSensit
         if (reach > piece.units)
             scratch = mid(start, reach);
         const QStringView part = reach > piece.units ? QStringView(scratch) : piece.view(0, reach, scratch);
-        if (const qsizetype hit = part.lastIndexOf(what, -1, sensitivity); hit >= 0)
+        if (const qsizetype hit = part.lastIndexOf(what, -1); hit >= 0)
             return start + hit;
     }
     return -1;

@@ -58,7 +58,7 @@ void TagSizeGuard::findNext() {
     limit_ = -1;
     while (text_.size() - next_ > kStep) {
         start_ = next_;
-        next_ = text_.lastIndexOf(u"<", start_ + kStep, Qt::CaseSensitive);
+        next_ = text_.lastIndexOf(u"<", start_ + kStep);
         if (next_ > start_)
             continue;
         next_ = text_.indexOf(u"<", start_ + 1, Qt::CaseSensitive);

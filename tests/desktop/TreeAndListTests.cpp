@@ -137,7 +137,6 @@ TEST_F(TreeAndList, EnterInThePathBoxSelectsTheNode) {
     EXPECT_EQ(t.SelectedNode(), QStringLiteral("ink"));
 }
 
-// The Enter that closes a box is released over the path box, which must not search once more.
 // After a deletion another node is current: a key that is held must not go on with that one.
 TEST_F(TreeAndList, AHeldDeleteKeyDeletesOneNode) {
     t.Press(Qt::Key_Down);
@@ -158,6 +157,7 @@ TEST_F(TreeAndList, AHeldDeleteKeyDeletesOneNode) {
     EXPECT_EQ(t.window().rtxtXML.Text(), QStringLiteral("<shop>\r\n\t<ink>blue</ink>\r\n</shop>"));
 }
 
+// The Enter that closes a box is released over the path box, which must not search once more.
 TEST_F(TreeAndList, AKeyThatIsOnlyReleasedHereRaisesNothing) {
     Path().setFocus();
     Path().clear();

@@ -194,6 +194,15 @@ TEST_F(EditNodes, WhatWasChangedInTheWindowIsNotWrittenOver) {
     EXPECT_EQ(d->txtNodeName.Text(), QStringLiteral("quill"));
     d->cmdOk.Click();
     EXPECT_TRUE(Has("<quill colour=\"red\">dry</quill>")) << Text();
+    // Also where the dialog isn't gone back to first.
+    t.ClickNode(Named("quill"));
+    t.ChooseMenu(QStringLiteral("mnuEditPopupEditNode"));
+    d->txtNodeText.UserTyped(QStringLiteral("wet"));
+    d->Form_Deactivate();
+    Named("quill").SetTag(QStringLiteral("colour=\"blue\""));
+    w->bTreeChanged = true;
+    t.ChooseMenu(QStringLiteral("mnuEditPopupEditNode"));
+    EXPECT_TRUE(Has("<quill colour=\"blue\">wet</quill>")) << Text();
 }
 
 // The name in hand, the address and the menus belong to the document in front.
@@ -279,6 +288,14 @@ TEST_F(EditNodes, WhatWasTypedOutlivesItsNodeUntilCancel) {
     d->cmdDown.Click();
     EXPECT_TRUE(Has(">a long text</pen>")) << Text();
     EXPECT_FALSE(before.find("pen") != std::string::npos) << before;
+    // Cancel ends it, and nothing comes back.
+    t.ClickNode(Named("pen"));
+    t.ChooseMenu(QStringLiteral("mnuEditPopupEditNode"));
+    d->txtNodeText.UserTyped(QStringLiteral("given up"));
+    t.ChooseMenu(QStringLiteral("mnuDelete"));
+    d->cmdCancel.Click();
+    EXPECT_EQ(closed, 1);
+    EXPECT_FALSE(Has("given up"));
 }
 
 TEST_F(EditNodes, AnEmptiedTextLeavesTheWalkWhereItIs) {

@@ -56,13 +56,42 @@ TEST_F(ListClipboard, InACellTheCommandsWorkOnItsText) {
     EXPECT_EQ(t.clipboard.text, QStringLiteral("ger"));
     EXPECT_EQ(Xml(), before);
     t.clipboard.text = QStringLiteral("hu");
-    Menu("mnuEditPaste");
+    t.PressButton(QStringLiteral("tbCommonEdit"), QStringLiteral("paste"));
     EXPECT_EQ(w->txtListView.Text(), QStringLiteral("human"));
+    w->txtListView.UserSelected(0, 2);
+    t.PressButton(QStringLiteral("tbCommonEdit"), QStringLiteral("delete"));
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("man"));
+    EXPECT_EQ(Xml(), before);
     // In a label there is nothing that a command can be given: it is finished, and its node stays.
     w->txtListView.LostFocus();
     w->tvXML.StartLabelEdit();
     t.PressButton(QStringLiteral("tbCommonEdit"), QStringLiteral("cut"));
     EXPECT_TRUE(Element());
+}
+
+// A text that doesn't parse is behind no change: it stays.
+TEST_F(ListClipboard, WhatPastesNothingTakesNoTextAway) {
+    Open();
+    t.prompts.Answer(Answer::Ok);
+    t.EditText(QStringLiteral("<book>half"));
+    const QString typed = w->rtxtXML.Text();
+    t.clipboard.text = QStringLiteral("<a");
+    t.prompts.Answer(Answer::Ok);
+    Select(Element());
+    w->tvXML.KeyUp(Qt::Key_V, Qt::ControlModifier);
+    Select(Root());
+    w->tvXML.KeyUp(Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(w->rtxtXML.Text(), typed);
+}
+
+TEST_F(ListClipboard, TheValueOfANodeIsEditedFromTheTree) {
+    Open();
+    t.ChooseMenu(QStringLiteral("mnuEditValue"));
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("de")) << "the first attribute, behind the children";
+    w->txtListView.LostFocus();
+    Select(Root().Child().Next());
+    t.ChooseMenu(QStringLiteral("mnuEditValue"));
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("on tea"));
 }
 
 TEST_F(ListClipboard, ATextKeepsItsCharactersOnTheWay) {

@@ -425,6 +425,7 @@ TEST_F(List, ATextThatStaysEmptyHoldsNothingUp) {
 TEST_F(List, ARowThatIsBeingEditedIsDeletedWithItsEditor) {
     Open();
     TypeInto(2, 3, QStringLiteral("typed"));
+    w->txtListView.UserSelected(5, 0);
     t.PressButton(QStringLiteral("tbCommonEdit"), QStringLiteral("delete"));
     EXPECT_FALSE(w->txtListView.Visible());
     EXPECT_EQ(Xml(), "<book lang=\"de\" year=\"1999\"><title>Tee</title>end</book>");

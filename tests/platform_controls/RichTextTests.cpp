@@ -131,6 +131,10 @@ TEST(RichText, typed_text_takes_the_colour_of_its_place_whatever_stood_there_bef
     box.SetSelColor(7);
     EXPECT_EQ(colourOf(QStringLiteral("x")), 7U) << "or the one chosen for it";
 
+    reset();
+    box.SelectAll();
+    EXPECT_EQ(colourOf(QStringLiteral("x")), 0U) << "at the text's start nothing has said one";
+
     // What is taken away takes its colour along.
     const std::pair<const char*, std::function<void()>> ways[] = {
         {"Backspace", [&] { box.UserReplaced(7, 1, {}); }},

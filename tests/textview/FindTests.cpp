@@ -293,6 +293,13 @@ TEST(Find, WorksOnTheDocumentInFrontAlsoWhereItShowsItsList) {
     EXPECT_EQ(behind.rtxtXML.Text(), first);
     EXPECT_EQ(desk.window().tbsXML.SelectedKey(), QStringLiteral("textview"));
     EXPECT_TRUE(desk.Text().contains(QStringLiteral("<b>x</b>")));
+    // From the list the search goes on behind the last hit, and not at the current node once more.
+    DocumentWindow& list = desk.app.OpenText(QStringLiteral("list.xml"), "<a><b>ab</b><c>ab</c></a>");
+    for (const char* before : {"<b>", "<c>"}) {
+        list.tbsXML.Select(QStringLiteral("listview"));
+        desk.form().cmdFind.Click();
+        EXPECT_EQ(list.rtxtXML.Text().mid(list.rtxtXML.SelStart() - 3, 3), QLatin1String(before));
+    }
 }
 
 TEST(Find, FollowsThePaneAndTheDocumentInUseAndOutlivesThem) {

@@ -39,11 +39,23 @@ bool ShowsText(const DocumentWindow* window) {
     return window && window->tbsXML.SelectedKey() == QStringLiteral("textview");
 }
 
-// By its tab, so that what is new in the tree comes into the text first.
-void ShowText(DocumentWindow& window) {
-    for (const auto& tab : window.tbsXML.Tabs())
-        if (tab.Key == QStringLiteral("textview"))
-            return window.tbsXML.Select(tab.Key);
+// By its tab, so that what is new in the tree comes into the text first. The search goes on where it was, and
+// not from the current node. False when the text has become another one.
+bool ShowText(DocumentWindow& window) {
+    const text::LongText before = window.TextInUse().Long();
+    const qsizetype start = window.TextInUse().SelStart(), length = window.TextInUse().SelLength();
+    for (const auto& tab : window.tbsXML.Tabs()) {
+        if (tab.Key == QStringLiteral("textview")) {
+            window.tbsXML.Select(tab.Key);
+            break;
+        }
+    }
+    controls::RichTextBox& pane = window.TextInUse();
+    if (!(pane.Long() == before))
+        return false;
+    pane.SetSelStart(start);
+    pane.SetSelLength(length);
+    return true;
 }
 
 } // namespace
@@ -160,16 +172,16 @@ bool frmFind::SeeToText() {
     DocumentWindow* active = app_.frame ? app_.frame->ActiveForm() : nullptr;
     if (cmbFind.Text().isEmpty())
         return false;
-    const bool shown = ShowsText(active);
-    if (active && !shown)
-        ShowText(*active);
+    bool same = true;
+    if (active && !ShowsText(active))
+        same = ShowText(*active);
     if (!ShowsText(active)) {
         app_.services.prompts.Beep();
         return false;
     }
     app_.findWindow = active;
     const controls::RichTextBox* before = std::exchange(app_.findTarget, &active->TextInUse());
-    if (app_.findTarget != before || !shown)
+    if (app_.findTarget != before || !same)
         hit_ = {};
     return true;
 }
