@@ -90,6 +90,8 @@ void DocumentView::ConnectLayout() {
     }
     for (const TextView* pane : {ui_->rtxtXML, ui_->rtxtXML2})
         connect(pane, &TextView::contextMenuWanted, this, &DocumentView::contextMenuWanted);
+    ui_->rtxtXML->isInUse = [this] { return window_ && &window_->TextInUse() == &window_->rtxtXML; };
+    ui_->rtxtXML2->isInUse = [this] { return window_ && &window_->TextInUse() == &window_->rtxtXML2; };
 }
 
 void DocumentView::Detach() {

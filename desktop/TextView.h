@@ -62,6 +62,8 @@ public:
 
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
+    /// Whether this is the pane that commands work on; unset, it is.
+    std::function<bool()> isInUse;
     /// Carries a drag out and tells what became of it, in place of the window system: for a test.
     std::function<Qt::DropAction(QDrag&)> runsDrag;
 

@@ -161,8 +161,7 @@ void TextView::ShowCaretHigh() {
 
 // What is typed in one pane goes into the other one too, caret and all: that one keeps showing its place.
 void TextView::ShowProgramsCaret() {
-    const auto* inUse = qobject_cast<const TextView*>(window()->focusWidget()); // also beside a dialog
-    if (!inUse || inUse == this)
+    if (!isInUse || isInUse())
         ShowCaretHigh();
 }
 

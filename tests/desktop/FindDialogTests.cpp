@@ -97,6 +97,7 @@ TEST(FindDialog, ReplacingLeavesTheOtherPaneWhereItIs) {
     QCoreApplication::processEvents();
     ASSERT_TRUE(desk.window().rtxtXML2.Text().contains(QStringLiteral("<entry>n0")));
     EXPECT_EQ(other.FirstRow(), 100);
+    desk.Tree().setFocus(); // whatever has the focus of the window behind
     QTest::mouseClick(&desk.Part<QPushButton>("cmdReplaceAll"), Qt::LeftButton);
     QTest::qWait(1);
     ASSERT_TRUE(desk.window().rtxtXML2.Text().contains(QStringLiteral("<entry>n299")));
