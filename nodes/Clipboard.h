@@ -20,6 +20,8 @@ bool HasTextForm(controls::TreeNode node);
 bool IsLastCopy(const Application& app, const QString& text);
 /// Tells that what is selected has no text form: a CDATA section, a document type, a text that is empty.
 void SayNothingCopied(Application& app);
+/// Tells that what was copied can't stand where it was to go.
+void SayNothingFits(DocumentWindow& window);
 
 // --- tree --------------------------------------------------------------------------------------------------
 /// False when nothing was copied: no node is selected, or it has no text form, which is told. The clipboard

@@ -78,10 +78,6 @@ bool DropOn(DocumentWindow& window, TreeNode node, bool onList) {
     return DropNodes(window, *source, target, onList);
 }
 
-void SayNothingFits(DocumentWindow& window) {
-    window.app.services.prompts.MsgBox(QStringLiteral("This type of data can not paste!"));
-}
-
 void StartDrag(DocumentWindow& window, int view) {
     window.app.dragSource = &window;
     window.app.dragSourceView = view;

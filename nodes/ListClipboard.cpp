@@ -17,15 +17,6 @@ namespace {
 
 using controls::TreeNode;
 
-QString JoinAttributes(const QStringList& names, const QStringList& values) {
-    QStringList pairs;
-    for (qsizetype i = 0; i < names.size(); ++i) {
-        if (!names[i].isEmpty())
-            pairs << names[i] + QStringLiteral("=\"") + values[i] + u'"';
-    }
-    return pairs.join(u' ');
-}
-
 // The element that pasted attributes are for; nothing where there is none.
 TreeNode ElementForAttributes(DocumentWindow& window) {
     TreeNode node = SelectedRowKind(window) == kRowElement ? CurrentListNode(window) : TreeNode();
@@ -37,10 +28,6 @@ TreeNode ElementForAttributes(DocumentWindow& window) {
 bool IsAttributeList(const QString& text) {
     return !text.contains(u'<') && !text.trimmed().isEmpty() &&
            xml::ParsedDocument().loadXML(m_tvXML::NodeAttributesProbe(text, QStringLiteral("temp")));
-}
-
-void SayNothingFits(DocumentWindow& window) {
-    window.app.services.prompts.MsgBox(QStringLiteral("This type of data can not paste!"));
 }
 
 void Refresh(DocumentWindow& window) {
@@ -107,45 +94,6 @@ bool CopyListViewItems(DocumentWindow& window) try {
 void CutListViewItems(DocumentWindow& window) {
     if (CopyListViewItems(window))
         DeleteListViewItems(window);
-}
-
-bool AddAttributes(DocumentWindow& window, TreeNode element, const QString& attributes) {
-    xml::ParsedDocument document;
-    if (!document.loadXML(m_tvXML::NodeAttributesProbe(attributes, QStringLiteral("temp"))))
-        return false;
-    QStringList names, values, newNames, newValues;
-    m_tvXML::GetAllAttributesNameAndValue(element.Tag(), names, values);
-    m_tvXML::GetAllAttributesNameAndValue(m_tvXML::GenerateAttributeString(document.documentElement()),
-                                          newNames, newValues);
-    const QSet<QString> taken(names.begin(), names.end());
-    if (std::any_of(newNames.begin(), newNames.end(),
-                    [&](const QString& name) { return taken.contains(name); })) {
-        window.app.services.prompts.MsgBox(
-            QStringLiteral("Can not set same attribute name at XML attribute list!"));
-        return false;
-    }
-    element.SetTag(JoinAttributes(names + newNames, values + newValues));
-    window.bTreeChanged = true;
-    return true;
-}
-
-bool PasteNodesAndAttributes(DocumentWindow& window, TreeNode target, const QString& nodes,
-                             const QString& attributes, bool asChild) {
-    const auto refuse = [&] {
-        SayNothingFits(window);
-        return false;
-    };
-    if (!attributes.isEmpty() && m_tvXML::GetKeyType(target) != kRowElement)
-        return refuse();
-    const QString before = target.Tag();
-    const bool changedBefore = window.bTreeChanged;
-    if (!attributes.isEmpty() && !AddAttributes(window, target, attributes))
-        return false;
-    if (nodes.isEmpty() || PasteXMLText(window, nodes, target, asChild))
-        return true;
-    target.SetTag(before);
-    window.bTreeChanged = changedBefore;
-    return window.app.lastParseError ? false : refuse(); // the parser's box has told it
 }
 
 namespace {
