@@ -2,7 +2,9 @@
 // Times the text view's widget on a document: bench_view FILE. Each act ends when the view is painted again.
 // Without a screen: QT_QPA_PLATFORM=offscreen.
 #include "bench/Quiet.h"
-#include "core/sync/Views.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Transaction.h"
+#include "core/edit/View.h"
 #include "desktop/TextAdapter.h"
 #include "desktop/TextView.h"
 #include <QApplication>
@@ -42,7 +44,6 @@ int main(int argc, char** argv) {
     bench::Quiet quiet(argc, argv, "bench_view FILE");
     DocumentWindow& window = quiet.window();
     window.tbsXML.Select(QStringLiteral("textview"));
-    tbsXML_Click(window);
     TextView view;
     const TextAdapter adapter(window.rtxtXML, view, nullptr);
     view.resize(900, 700);

@@ -16,6 +16,15 @@ void NodeOrder::remove(std::uint32_t slot) {
     dirty_ = true;
 }
 
+void NodeOrder::restore(std::uint32_t slot) {
+    const std::uint32_t place = slot - 1, bit = place % kBlock;
+    Block& block = *blocks_[place / kBlock];
+    block.removed[bit / 64] &= ~(std::uint64_t{1} << (bit % 64));
+    --block.count;
+    --removed_;
+    dirty_ = true;
+}
+
 void NodeOrder::clear() {
     last_ = removed_ = 0;
     blocks_.clear();

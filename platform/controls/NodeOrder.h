@@ -13,6 +13,7 @@ class NodeOrder {
 public:
     void append() { ++last_; }       ///< the next slot, from 1, is in use
     void remove(std::uint32_t slot); ///< a living slot
+    void restore(std::uint32_t slot); ///< a removed one that lives again
     void clear();
     std::uint32_t count() const { return last_ - removed_; }
     std::uint32_t indexOf(std::uint32_t slot) const; ///< 1-based place of a living slot

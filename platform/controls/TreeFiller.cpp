@@ -12,6 +12,8 @@ TreeFiller::TreeFiller(TreeView& tree, TreeNode parent)
         Throw(text::kFaultBadCall);
     tree.storage_->rows.clear();
     tree.storage_->noteEverything();
+    tree.journal_->noteBefore(TreeView::Journal::What::Filled, top_, tree.storage_->nodes.at(top_));
+    ++tree.revision_;
 }
 
 TreeFiller::Slot TreeFiller::append(Slot parent, std::uint8_t kind, std::uint32_t serial,

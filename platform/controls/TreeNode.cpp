@@ -22,6 +22,7 @@ void TreeNode::SetKey(const QString& key) {
         Throw(text::kFaultInvalidKey);
     if (owner != 0)
         Throw(text::kFaultKeyNotUnique);
+    storage.noteKey(slot_);
     storage.keys.remove(slot_);
     storage.keys.insert(slot_, key);
     storage.note(slot_);

@@ -4,6 +4,7 @@
 #include "platform/controls/KeyTable.h"
 #include "platform/controls/NodeOrder.h"
 #include "platform/controls/NodeStore.h"
+#include "platform/controls/TreeJournal.h"
 #include "platform/controls/TreeView.h"
 
 namespace controls {
@@ -32,6 +33,9 @@ struct TreeView::Storage {
     /// The node is no longer as it was.
     void note(std::uint32_t slot);
     void noteEverything() { changes = {}; }
+    /// The node is about to be written to.
+    void aboutToWrite(std::uint32_t slot);
+    void noteKey(std::uint32_t slot); ///< it is about to get another one
 
     void setText(std::uint32_t slot, Ref ref, bool own);
     void setTag(std::uint32_t slot, Ref ref);
@@ -51,10 +55,17 @@ struct TreeView::Storage {
     TreeChanges changes; ///< since they were taken last
 
     void compactIfWasteful();
+    /// Undoes what an entry tells; all that came after it is undone already.
+    void takeBack(const Journal::Entry& entry);
 
 private:
     void unlink(std::uint32_t slot);
     void dispose(std::uint32_t top);
+    void relink(std::uint32_t top);
+    void revive(const Journal::Entry& removed);
+    /// Every node of a branch, parents first.
+    template <typename Visit> void walk(std::uint32_t top, Visit visit);
+    void noteRemoval(std::uint32_t top);
     void removeAll(bool hadSelection);
     void countWaste(Ref ref);
     void compact();

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/controls/TreeView.h"
 #include "platform/controls/Faults.h"
+#include "platform/controls/TreeJournal.h"
 #include "platform/controls/TreeStorage.h"
 #include <utility>
 
 namespace controls {
 
-TreeView::TreeView() : storage_(std::make_unique<Storage>(*this)) {}
+TreeView::TreeView() : journal_(std::make_unique<Journal>()), storage_(std::make_unique<Storage>(*this)) {}
 
 TreeView::~TreeView() = default;
 

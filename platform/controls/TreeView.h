@@ -189,6 +189,9 @@ public:
     Event<TreeNode> selectionChanged; ///< the new SelectedItem, may be nothing
     Event<TreeNode> ensureVisible;
 
+    /// Goes on with every change of a node below the top nodes: key, text, tag, place. The same number: all
+    /// is as it was.
+    std::uint64_t Revision() const { return revision_; }
     /// All changes of keys, texts, tags and places since the last call, in the order they came.
     TreeChanges TakeChanges();
 
@@ -220,7 +223,13 @@ private:
     friend class TreeNodes;
     friend class TreeCursor;
     friend class TreeFiller;
+    friend class TreeRecord;
+    friend class TreeRebuild;
     struct Storage;
+    struct Journal;
+    std::unique_ptr<Journal> journal_;
+    std::uint64_t revision_ = 0;
+    std::uint32_t generations_ = 1; ///< of contents, this one among them
     std::unique_ptr<Storage> storage_;
     TreeNode labelEdit_;
 };

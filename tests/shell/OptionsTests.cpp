@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The options dialog: what it shows, what Apply stores and takes over, and what a restart makes of it.
-#include "core/model/ColourStrings.h"
 #include "shell/frmOptions.h"
 #include "tests/support/TestApp.h"
+#include "textview/ColourStrings.h"
+#include "textview/TextState.h"
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -226,7 +227,7 @@ TEST(OptionsDialog, TheActiveWindowTakesTheFontAtOnceWithCaretAndHistoryAsTheyWe
     active.tbsXML.Select(QStringLiteral("textview"));
     active.rtxtXML.UserSelected(5, 3);
     active.rtxtXML2.UserSelected(1, 0);
-    const auto steps = active.undoStack.size();
+    const auto steps = textview::StateOf(active).undoStack.size();
     InDialog(t, [](frmOptions& form) {
         form.txtFontName.UserTyped(QStringLiteral("Hack"));
         form.cmbSize.UserTyped(QStringLiteral("18"));
@@ -241,9 +242,9 @@ TEST(OptionsDialog, TheActiveWindowTakesTheFontAtOnceWithCaretAndHistoryAsTheyWe
     EXPECT_EQ(active.rtxtXML.SelStart(), 5);
     EXPECT_EQ(active.rtxtXML.SelLength(), 3);
     EXPECT_EQ(active.rtxtXML2.SelStart(), 1);
-    EXPECT_EQ(active.undoStack.size(), steps);
-    EXPECT_FALSE(active.bTextChanged);
-    EXPECT_FALSE(active.bControlChange);
+    EXPECT_EQ(textview::StateOf(active).undoStack.size(), steps);
+    EXPECT_FALSE(active.bond.bTextChanged());
+    EXPECT_FALSE(textview::StateOf(active).bControlChange);
 }
 
 TEST(OptionsDialog, AFileThatCanNotBeWrittenIsToldOfOnceAndTheValuesHoldForTheRun) {
@@ -289,12 +290,12 @@ TEST(SettingsFile, ADamagedOneGivesTheDefaultsAndKeepsWhatItHolds) {
 }
 
 TEST(ColourStrings, AreMadeFromSixHexadecimalDigitsOrTheEndsOfMore) {
-    EXPECT_EQ(ColorToRTFString(0xFF0000), QStringLiteral("\\red0\\green0\\blue255"));
-    EXPECT_EQ(ColorToRTFString(0), QStringLiteral("\\red0\\green0\\blue0"));
-    EXPECT_EQ(ColorToRTFString(0xA), QStringLiteral("\\red10\\green0\\blue0"));
-    EXPECT_EQ(ColorToRTFString(0x0102), QStringLiteral("\\red2\\green1\\blue0"));
-    EXPECT_EQ(ColorToRTFString(0x1F200AA), QStringLiteral("\\red170\\green32\\blue31"));
-    EXPECT_EQ(ColorToRTFString(0x80112233), QStringLiteral("\\red51\\green17\\blue128"));
+    EXPECT_EQ(textview::ColorToRTFString(0xFF0000), QStringLiteral("\\red0\\green0\\blue255"));
+    EXPECT_EQ(textview::ColorToRTFString(0), QStringLiteral("\\red0\\green0\\blue0"));
+    EXPECT_EQ(textview::ColorToRTFString(0xA), QStringLiteral("\\red10\\green0\\blue0"));
+    EXPECT_EQ(textview::ColorToRTFString(0x0102), QStringLiteral("\\red2\\green1\\blue0"));
+    EXPECT_EQ(textview::ColorToRTFString(0x1F200AA), QStringLiteral("\\red170\\green32\\blue31"));
+    EXPECT_EQ(textview::ColorToRTFString(0x80112233), QStringLiteral("\\red51\\green17\\blue128"));
 }
 
 } // namespace
