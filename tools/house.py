@@ -6,8 +6,12 @@ folder a room may use those of a lower sub-line ("3.1" may use "3.0"), and the p
 """
 
 TODAY = {
-    "9.1": "desktop",
-    "9.0": "desktop/models",
+    "9.5": "desktop",
+    "9.4": "desktop/frame",
+    "9.3": "desktop/dialogs",
+    "9.2": "desktop/text desktop/nodes",
+    "9.1": "desktop/bind desktop/drag",
+    "9.0": "desktop/base desktop/browser desktop/models",
     "8": "shell exchange integration",
     "7": "nodes/dialogs textview/dialogs",
     "6": "core/window schema/window",
@@ -22,8 +26,12 @@ TODAY = {
 
 # Where the rooms are going. When the folders stand like this, ROOMS below takes it, and TODAY goes.
 WANTED = {
-    "8.1": "desktop",
-    "8.0": "desktop/models",
+    "8.5": "desktop",
+    "8.4": "desktop/frame",
+    "8.3": "desktop/dialogs",
+    "8.2": "desktop/text desktop/nodes",
+    "8.1": "desktop/bind desktop/drag",
+    "8.0": "desktop/base desktop/browser",
     "7": "shell",
     "6": "window",
     "5": "exchange integration",
