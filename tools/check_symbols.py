@@ -133,6 +133,7 @@ class House:
         for room, other in sorted(by_room):
             if why := self.rooms.why_not(room, other):
                 self.report(f"a call {why}", lambda source, target: (room_of(source), room_of(target)) == (room, other), self.arrows)
+                del by_room[room, other]  # it would close a circle of everything in between
         found = [circle for arrows in (inside, by_room, gathered(by_room, top_of)) for circle in self.check_circles(arrows)]
         for circle in self.known:
             if circle not in found:
