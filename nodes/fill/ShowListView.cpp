@@ -115,7 +115,7 @@ void AddAllPropertiesToListView(DocumentWindow& window, TreeNode node) {
 
 int AddOneItemToListView(DocumentWindow& window, const QString& key, const QString& text, int icon,
                          const QString& sub1, const QString& sub2) {
-    return window.ListView1.Add(0, key, text, icon, sub1, sub2);
+    return window.ListView1.Add(key, text, icon, sub1, sub2);
 }
 
 bool HaveItemByKey(DocumentWindow& window, const QString& key) {

@@ -36,7 +36,7 @@ TreeFiller::Slot TreeFiller::append(Slot parent, std::uint8_t kind, std::uint32_
     (previous != 0 ? storage.nodes.at(previous).next : family.firstChild) = slot;
     family.lastChild = slot;
     ++family.children;
-    storage.order.append();
+    ++storage.count;
     return slot;
 }
 

@@ -16,7 +16,7 @@ bool TreeView::Storage::isLiving(const TreeNode& node) {
     if (!node.tree_)
         return false;
     const Storage& storage = *node.tree_->storage_;
-    return node.generation_ == storage.generation && (storage.nodes.at(node.slot_).flags & kRemoved) == 0;
+    return node.generation_ == storage.generation && !storage.isRemoved(node.slot_);
 }
 
 TreeView::Storage& TreeView::Storage::of(const TreeNode& node) {
@@ -44,6 +44,22 @@ std::uint32_t TreeView::Storage::slotOf(const TreeNodeData* data) const {
     return data->previous != 0 ? nodes.at(data->previous).next : nodes.at(data->parent).firstChild;
 }
 
+std::uint32_t TreeView::Storage::slotAt(std::uint32_t index) const {
+    while (isRemoved(oldest_))
+        ++oldest_;
+    std::uint32_t slot = oldest_;
+    for (std::uint32_t left = index - 1; left > 0; left -= isRemoved(slot) ? 0 : 1)
+        ++slot;
+    return slot;
+}
+
+std::uint32_t TreeView::Storage::indexOf(std::uint32_t slot) const {
+    std::uint32_t index = 1;
+    for (std::uint32_t before = oldest_; before < slot; ++before)
+        index += isRemoved(before) ? 0 : 1;
+    return index;
+}
+
 std::uint32_t TreeView::Storage::link(std::uint32_t parent, std::uint32_t before) {
     const std::uint32_t slot = nodes.add();
     TreeNodeData& node = nodes.at(slot);
@@ -54,7 +70,7 @@ std::uint32_t TreeView::Storage::link(std::uint32_t parent, std::uint32_t before
     (node.previous != 0 ? nodes.at(node.previous).next : family.firstChild) = slot;
     (before != 0 ? nodes.at(before).previous : family.lastChild) = slot;
     ++family.children;
-    order.append();
+    ++count;
     rows.inserted(slot);
     note(slot);
     return slot;
@@ -85,7 +101,7 @@ void TreeView::Storage::dispose(std::uint32_t top) {
     while (true) {
         TreeNodeData& node = nodes.at(slot);
         keys.remove(slot);
-        order.remove(slot);
+        --count;
         countWaste(node.tag);
         if ((node.flags & kOwnText) != 0)
             countWaste(node.text);
@@ -144,7 +160,8 @@ void TreeView::Storage::removeAll(bool hadSelection) {
 
 void TreeView::Storage::wipe() {
     nodes.clear();
-    order.clear();
+    count = 0;
+    oldest_ = 1;
     keys.clear();
     rows.clear();
     pool.clear();
@@ -245,7 +262,7 @@ std::size_t TreeView::Storage::bytes() const {
     std::size_t named = static_cast<std::size_t>(names.capacity()) * (sizeof(QString) + sizeof(Ref));
     for (auto name = names.keyBegin(); name != names.keyEnd(); ++name)
         named += static_cast<std::size_t>(name->capacity()) * sizeof(QChar);
-    return nodes.bytes() + order.bytes() + keys.bytes() + pool.bytes() + named;
+    return nodes.bytes() + keys.bytes() + pool.bytes() + named;
 }
 
 } // namespace controls
