@@ -69,18 +69,6 @@ std::uint32_t FindEscaped(const CompactView& piece, std::uint32_t from) {
 
 } // namespace
 
-bool IsAscii(const char* bytes, std::size_t length) {
-    constexpr std::size_t kBlock = sizeof(unsigned long long);
-    constexpr unsigned long long kHighBits = 0x8080808080808080ULL;
-    for (; length >= kBlock; bytes += kBlock, length -= kBlock) {
-        unsigned long long word;
-        std::memcpy(&word, bytes, kBlock);
-        if ((word & kHighBits) != 0)
-            return false;
-    }
-    return std::all_of(bytes, bytes + length, [](char byte) { return (byte & 0x80) == 0; });
-}
-
 char16_t* CompactView::copyTo(char16_t* out) const {
     if (length == 0)
         return out;

@@ -2,8 +2,10 @@
 #pragma once
 #include <QString>
 #include <QStringView>
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 namespace text {
@@ -49,6 +51,16 @@ private:
 };
 
 /// Whether all bytes are ASCII.
-bool IsAscii(const char* bytes, std::size_t length);
+inline bool IsAscii(const char* bytes, std::size_t length) {
+    constexpr std::size_t kBlock = sizeof(unsigned long long);
+    constexpr unsigned long long kHighBits = 0x8080808080808080ULL;
+    for (; length >= kBlock; bytes += kBlock, length -= kBlock) {
+        unsigned long long word;
+        std::memcpy(&word, bytes, kBlock);
+        if ((word & kHighBits) != 0)
+            return false;
+    }
+    return std::all_of(bytes, bytes + length, [](char byte) { return (byte & 0x80) == 0; });
+}
 
 } // namespace text

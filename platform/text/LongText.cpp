@@ -155,10 +155,6 @@ qsizetype LongText::lineStart(qsizetype line) const {
     return pieces_->before[i].units + place + 1;
 }
 
-qsizetype LongText::longestLineGuess() const {
-    return pieces_->longestRow;
-}
-
 // --- rows ------------------------------------------------------------------------------------------------
 
 qsizetype LongText::rowCount() const {

@@ -52,7 +52,6 @@ public:
     qsizetype lineCount() const;                ///< 1 for an empty text
     qsizetype lineOf(qsizetype position) const; ///< the line that a position is in
     qsizetype lineStart(qsizetype line) const;  ///< the text's end for a line beyond the last
-    qsizetype longestLineGuess() const;         ///< units of the longest row, for a scroll bar
 
     // --- rows, from 0
     struct Row {
