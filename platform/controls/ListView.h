@@ -47,7 +47,7 @@ public:
     int Count() const;
     const ListItem& Item(int index) const;          ///< throws Fault 35600
     const ListItem& Item(const QString& key) const; ///< throws Fault 35601
-    /// The text of a cell in column 1 to 3, good until something changes. A row that nobody looked at so far
+    /// The text of a cell in column 1 to 3, good until something changes. A row that wasn't looked at so far
     /// isn't made for it where the list was filled with a reader. Throws Fault 35600.
     text::CompactView Cell(int index, int column) const;
     int IndexOf(const QString& key) const; ///< 0 when there is no such row
@@ -128,7 +128,7 @@ private:
     struct Slot {
         std::uint32_t number = 0; ///< grows from row to row, so that a row's index is found by halving
         bool selected = false;
-        mutable std::unique_ptr<ListItem> item; ///< null as long as nobody looked
+        mutable std::unique_ptr<ListItem> item; ///< null until it is looked at
     };
     const Slot& At(int index) const; ///< throws Fault 35600
     Slot& At(int index);

@@ -63,13 +63,13 @@ std::uint32_t TreeView::Storage::indexOf(std::uint32_t slot) const {
 std::uint32_t TreeView::Storage::link(std::uint32_t parent, std::uint32_t before) {
     const std::uint32_t slot = nodes.add();
     TreeNodeData& node = nodes.at(slot);
-    TreeNodeData& family = nodes.at(parent);
+    TreeNodeData& above = nodes.at(parent);
     node.parent = parent;
     node.next = before;
-    node.previous = before != 0 ? nodes.at(before).previous : family.lastChild;
-    (node.previous != 0 ? nodes.at(node.previous).next : family.firstChild) = slot;
-    (before != 0 ? nodes.at(before).previous : family.lastChild) = slot;
-    ++family.children;
+    node.previous = before != 0 ? nodes.at(before).previous : above.lastChild;
+    (node.previous != 0 ? nodes.at(node.previous).next : above.firstChild) = slot;
+    (before != 0 ? nodes.at(before).previous : above.lastChild) = slot;
+    ++above.children;
     ++count;
     rows.inserted(slot);
     note(slot);
@@ -89,10 +89,10 @@ void TreeView::Storage::unlink(std::uint32_t slot) {
     rows.aboutToRemove(slot);
     const TreeNodeData& node = nodes.at(slot);
     note(node.previous != 0 ? node.previous : node.next != 0 ? node.next : node.parent);
-    TreeNodeData& family = nodes.at(node.parent);
-    (node.previous != 0 ? nodes.at(node.previous).next : family.firstChild) = node.next;
-    (node.next != 0 ? nodes.at(node.next).previous : family.lastChild) = node.previous;
-    --family.children;
+    TreeNodeData& above = nodes.at(node.parent);
+    (node.previous != 0 ? nodes.at(node.previous).next : above.firstChild) = node.next;
+    (node.next != 0 ? nodes.at(node.next).previous : above.lastChild) = node.previous;
+    --above.children;
 }
 
 // Every node of an unlinked tree, parents first. Walks along the links: a tree may be deeper than the stack.
@@ -212,7 +212,7 @@ void TreeView::Storage::countWaste(Ref ref) {
     wasted_ += (view.wide ? std::size_t{view.length} * 2 : view.length) + 8;
 }
 
-// Not within an update: whoever fills the tree holds numbers of names.
+// Not within an update: what fills the tree holds numbers of names.
 void TreeView::Storage::compactIfWasteful() {
     if (quiet() || wasted_ <= kWasteWorthCompacting || wasted_ <= pool.bytes() / 2)
         return;

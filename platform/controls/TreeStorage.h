@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-#include "platform/controls/FamilyRows.h"
 #include "platform/controls/KeyTable.h"
 #include "platform/controls/NodeStore.h"
+#include "platform/controls/SiblingRows.h"
 #include "platform/controls/TreeView.h"
 
 namespace controls {
@@ -46,7 +46,7 @@ struct TreeView::Storage {
     NodeStore nodes;
     std::uint32_t count = 0; ///< of living nodes
     KeyTable keys{nodes};
-    FamilyRows rows{nodes};
+    SiblingRows rows{nodes};
     text::StringPool pool;
     QHash<QString, Ref> names; ///< interned
     std::uint32_t selected = 0;

@@ -77,9 +77,9 @@ TreeNode TreeView::NodeOf(const TreeNodeData* data) const {
 }
 
 TreeNode TreeView::ChildAt(TreeNode parent, int row) const {
-    const std::uint32_t family = storage_->slotOrNone(parent);
+    const std::uint32_t above = storage_->slotOrNone(parent);
     return row < 0 ? TreeNode()
-                   : storage_->handle(storage_->rows.childAt(family, static_cast<std::uint32_t>(row)));
+                   : storage_->handle(storage_->rows.childAt(above, static_cast<std::uint32_t>(row)));
 }
 
 int TreeView::TopCount() const {

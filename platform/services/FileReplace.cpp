@@ -71,7 +71,7 @@ int CopyRights(const QByteArray& from, const struct stat& old, int to) {
         (made.st_uid == old.st_uid && made.st_gid == old.st_gid) || fchown(to, old.st_uid, old.st_gid) == 0;
     // Only root may give a file away; the group at least is often possible.
     if (!sameOwners && fchown(to, static_cast<uid_t>(-1), old.st_gid) != 0)
-        mode &= ~kSpecialIds; // nobody runs a program under an id that this file didn't have
+        mode &= ~kSpecialIds; // no program runs under an id that its file didn't have
     else if (!sameOwners)
         mode &= ~static_cast<mode_t>(S_ISUID);
     CopyAttributes(from, to);
