@@ -34,8 +34,7 @@ void Serialise(DocumentWindow& window) {
     }
 }
 
-// The last child of the root element by its number, and its path: what a jump to the end of a large family
-// costs.
+// The last child of the root element by its number, and its path: what a jump behind many siblings costs.
 void Select(Application& app, DocumentWindow& window) {
     const auto root = window.tvXML.Nodes(1);
     auto element = root.LastChild();

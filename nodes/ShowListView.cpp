@@ -77,7 +77,7 @@ void AddAllSubNodesToListView(DocumentWindow& window, TreeNode node) {
 
 void AddOneItemToListView(DocumentWindow& window, const QString& key, const QString& text, int kind,
                           const QString& value, const QString& tag = {}) {
-    const int row = window.ListView1.Add(0, key, text, kind, value);
+    const int row = window.ListView1.Add(key, text, kind, value);
     window.ListView1.SetItemTag(row, tag);
 }
 

@@ -101,7 +101,7 @@ private:
     int value_ = 0;
 };
 
-/// One of several choices; whoever owns them sees to it that one alone is chosen.
+/// One of several choices; their owner sees to it that one alone is chosen.
 class OptionButton {
 public:
     bool Value() const { return value_; }

@@ -159,7 +159,7 @@ int TreeNode::Children() const {
 }
 
 int TreeNode::Index() const {
-    return static_cast<int>(TreeView::Storage::of(*this).order.indexOf(slot_));
+    return static_cast<int>(TreeView::Storage::of(*this).indexOf(slot_));
 }
 
 int TreeNode::Row() const {

@@ -16,7 +16,7 @@ bool TreeView::Storage::isLiving(const TreeNode& node) {
     if (!node.tree_)
         return false;
     const Storage& storage = *node.tree_->storage_;
-    return node.generation_ == storage.generation && (storage.nodes.at(node.slot_).flags & kRemoved) == 0;
+    return node.generation_ == storage.generation && !storage.isRemoved(node.slot_);
 }
 
 TreeView::Storage& TreeView::Storage::of(const TreeNode& node) {
@@ -44,17 +44,33 @@ std::uint32_t TreeView::Storage::slotOf(const TreeNodeData* data) const {
     return data->previous != 0 ? nodes.at(data->previous).next : nodes.at(data->parent).firstChild;
 }
 
+std::uint32_t TreeView::Storage::slotAt(std::uint32_t index) const {
+    while (isRemoved(oldest_))
+        ++oldest_;
+    std::uint32_t slot = oldest_;
+    for (std::uint32_t left = index - 1; left > 0; left -= isRemoved(slot) ? 0 : 1)
+        ++slot;
+    return slot;
+}
+
+std::uint32_t TreeView::Storage::indexOf(std::uint32_t slot) const {
+    std::uint32_t index = 1;
+    for (std::uint32_t before = oldest_; before < slot; ++before)
+        index += isRemoved(before) ? 0 : 1;
+    return index;
+}
+
 std::uint32_t TreeView::Storage::link(std::uint32_t parent, std::uint32_t before) {
     const std::uint32_t slot = nodes.add();
     TreeNodeData& node = nodes.at(slot);
-    TreeNodeData& family = nodes.at(parent);
+    TreeNodeData& above = nodes.at(parent);
     node.parent = parent;
     node.next = before;
-    node.previous = before != 0 ? nodes.at(before).previous : family.lastChild;
-    (node.previous != 0 ? nodes.at(node.previous).next : family.firstChild) = slot;
-    (before != 0 ? nodes.at(before).previous : family.lastChild) = slot;
-    ++family.children;
-    order.append();
+    node.previous = before != 0 ? nodes.at(before).previous : above.lastChild;
+    (node.previous != 0 ? nodes.at(node.previous).next : above.firstChild) = slot;
+    (before != 0 ? nodes.at(before).previous : above.lastChild) = slot;
+    ++above.children;
+    ++count;
     rows.inserted(slot);
     note(slot);
     tree.journal_->note(Journal::What::Added, slot);
@@ -90,10 +106,10 @@ void TreeView::Storage::unlink(std::uint32_t slot) {
     rows.aboutToRemove(slot);
     const TreeNodeData& node = nodes.at(slot);
     note(node.previous != 0 ? node.previous : node.next != 0 ? node.next : node.parent);
-    TreeNodeData& family = nodes.at(node.parent);
-    (node.previous != 0 ? nodes.at(node.previous).next : family.firstChild) = node.next;
-    (node.next != 0 ? nodes.at(node.next).previous : family.lastChild) = node.previous;
-    --family.children;
+    TreeNodeData& above = nodes.at(node.parent);
+    (node.previous != 0 ? nodes.at(node.previous).next : above.firstChild) = node.next;
+    (node.next != 0 ? nodes.at(node.next).previous : above.lastChild) = node.previous;
+    --above.children;
 }
 
 // Along the links: a tree may be deeper than the stack.
@@ -118,7 +134,7 @@ template <typename Visit> void TreeView::Storage::walk(std::uint32_t top, Visit 
 void TreeView::Storage::dispose(std::uint32_t top) {
     walk(top, [this](std::uint32_t slot, TreeNodeData& node) {
         keys.remove(slot);
-        order.remove(slot);
+        --count;
         countWaste(node.tag);
         if ((node.flags & kOwnText) != 0)
             countWaste(node.text);
@@ -181,7 +197,8 @@ void TreeView::Storage::removeAll(bool hadSelection) {
 
 void TreeView::Storage::wipe() {
     nodes.clear();
-    order.clear();
+    count = 0;
+    oldest_ = 1;
     keys.clear();
     rows.clear();
     pool.clear();
@@ -236,7 +253,7 @@ void TreeView::Storage::countWaste(Ref ref) {
     wasted_ += (view.wide ? std::size_t{view.length} * 2 : view.length) + 8;
 }
 
-// Not within an update: whoever fills the tree holds numbers of names. Nor while changes may be taken back:
+// Not within an update: what fills the tree holds numbers of names. Nor while changes may be taken back:
 // the texts that were there before count as waste.
 void TreeView::Storage::compactIfWasteful() {
     if (quiet() || tree.journal_->isOpen() || wasted_ <= kWasteWorthCompacting || wasted_ <= pool.bytes() / 2)
@@ -287,19 +304,18 @@ std::size_t TreeView::Storage::bytes() const {
     std::size_t named = static_cast<std::size_t>(names.capacity()) * (sizeof(QString) + sizeof(Ref));
     for (auto name = names.keyBegin(); name != names.keyEnd(); ++name)
         named += static_cast<std::size_t>(name->capacity()) * sizeof(QChar);
-    return nodes.bytes() + order.bytes() + keys.bytes() + pool.bytes() + named;
+    return nodes.bytes() + keys.bytes() + pool.bytes() + named;
 }
 
-// --- taking back
-// --------------------------------------------------------------------------------------------
+// --- taking back -----------------------------------------------------------------------------------------
 
 // At the place that it was taken from: its neighbours are there again.
 void TreeView::Storage::relink(std::uint32_t top) {
     const TreeNodeData& node = nodes.at(top);
-    TreeNodeData& family = nodes.at(node.parent);
-    (node.previous != 0 ? nodes.at(node.previous).next : family.firstChild) = top;
-    (node.next != 0 ? nodes.at(node.next).previous : family.lastChild) = top;
-    ++family.children;
+    TreeNodeData& above = nodes.at(node.parent);
+    (node.previous != 0 ? nodes.at(node.previous).next : above.firstChild) = top;
+    (node.next != 0 ? nodes.at(node.next).previous : above.lastChild) = top;
+    ++above.children;
     rows.inserted(top);
     note(top);
 }
@@ -307,7 +323,8 @@ void TreeView::Storage::relink(std::uint32_t top) {
 void TreeView::Storage::revive(const Journal::Entry& removed) {
     walk(removed.slot, [this](std::uint32_t slot, TreeNodeData& node) {
         node.flags &= static_cast<std::uint8_t>(~kRemoved);
-        order.restore(slot);
+        ++count;
+        oldest_ = std::min(oldest_, slot);
         if (node.kind != kOddKey)
             keys.claim(slot, node.kind, node.serial);
     });

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-#include "platform/controls/FamilyRows.h"
 #include "platform/controls/KeyTable.h"
-#include "platform/controls/NodeOrder.h"
 #include "platform/controls/NodeStore.h"
+#include "platform/controls/SiblingRows.h"
 #include "platform/controls/TreeJournal.h"
 #include "platform/controls/TreeView.h"
 
@@ -23,6 +22,11 @@ struct TreeView::Storage {
     std::uint32_t slotOrNone(const TreeNode& node) const;
     TreeNode handle(std::uint32_t slot) const;
     std::uint32_t slotOf(const TreeNodeData* data) const; ///< 0 for null and for a removed node
+    /// The order of adding, from 1 to `count`: that of the slots. The first node is found at once, others by
+    /// counting.
+    std::uint32_t slotAt(std::uint32_t index) const;
+    std::uint32_t indexOf(std::uint32_t slot) const;
+    bool isRemoved(std::uint32_t slot) const { return (nodes.at(slot).flags & kRemoved) != 0; }
     bool quiet() const { return updates > 0; }
 
     /// Adds a node without key, text and pictures; `before` 0: behind the last child. No announcement.
@@ -44,9 +48,9 @@ struct TreeView::Storage {
 
     TreeView& tree;
     NodeStore nodes;
-    NodeOrder order;
+    std::uint32_t count = 0; ///< of living nodes
     KeyTable keys{nodes};
-    FamilyRows rows{nodes};
+    SiblingRows rows{nodes};
     text::StringPool pool;
     QHash<QString, Ref> names; ///< interned
     std::uint32_t selected = 0;
@@ -70,7 +74,8 @@ private:
     void countWaste(Ref ref);
     void compact();
 
-    std::size_t wasted_ = 0; ///< bytes in the pool that no node uses any more, about
+    mutable std::uint32_t oldest_ = 1; ///< every slot below it is a removed node's
+    std::size_t wasted_ = 0;           ///< bytes in the pool that no node uses any more, about
 };
 
 } // namespace controls

@@ -131,8 +131,8 @@ TEST(OptionsDialog, ApplyStoresAFirstPageAlwaysAndTheLookOnlyWhenItDiffers) {
     TestApp t;
     InDialog(t, [](frmOptions& form) { form.cmdApply.Click(); });
     EXPECT_EQ(t.folder.Read(QStringLiteral("settings.ini")),
-              "[AppInternal]\nDebug=0\nEncoding=UTF-8\nTreeNodeTextShowLength=64\nTreeToolTipShowLength=0\n"
-              "Steps=16\n");
+              "[AppInternal]\nDebug=0\nEncoding=UTF-8\nSteps=16\nTreeNodeTextShowLength=64\n"
+              "TreeToolTipShowLength=0\n");
     InDialog(t, [](frmOptions& form) {
         form.txtFontName.UserTyped(QStringLiteral("Hack"));
         form.cmbSize.UserTyped(QStringLiteral("11"));
@@ -142,9 +142,10 @@ TEST(OptionsDialog, ApplyStoresAFirstPageAlwaysAndTheLookOnlyWhenItDiffers) {
         form.txtComment.SetForeColor(1);
         form.cmdApply.Click();
     });
-    EXPECT_TRUE(t.folder.Read(QStringLiteral("settings.ini"))
-                    .endsWith("Steps=16\nTextSize=11\nCommentColor=1\nSlashColor=2\nGLColor=3\nEqualColor=4\n"
-                              "TextName=Hack\n"));
+    EXPECT_EQ(
+        t.folder.Read(QStringLiteral("settings.ini")),
+        "[AppInternal]\nCommentColor=1\nDebug=0\nEncoding=UTF-8\nEqualColor=4\nGLColor=3\nSlashColor=2\n"
+        "Steps=16\nTextName=Hack\nTextSize=11\nTreeNodeTextShowLength=64\nTreeToolTipShowLength=0\n");
 }
 
 TEST(OptionsDialog, NumbersAreTakenUncheckedAndTheNextStartMendsThem) {
@@ -265,7 +266,7 @@ TEST(OptionsDialog, AFileThatCanNotBeWrittenIsToldOfOnceAndTheValuesHoldForTheRu
     EXPECT_EQ(t.folder.Read(QStringLiteral("settings.ini")), "[AppInternal]\nDebug=0\n");
 }
 
-TEST(SettingsFile, ADamagedOneGivesTheDefaultsAndKeepsWhatItHolds) {
+TEST(SettingsFile, ADamagedOneGivesTheDefaultsAndIsWrittenAnew) {
     QByteArray noise("\0\xFF\xFE[AppInternal", 15);
     for (int i = 0; i < 3000; ++i)
         noise += static_cast<char>(i * i >> 3);
@@ -283,7 +284,6 @@ TEST(SettingsFile, ADamagedOneGivesTheDefaultsAndKeepsWhatItHolds) {
         EXPECT_EQ(options.TextName, QStringLiteral("Courier New"));
         EXPECT_EQ(options.GLColor, 0xFF0000u);
         InDialog(t, [](frmOptions& form) { form.cmdOK.Click(); });
-        EXPECT_TRUE(t.folder.Read(QStringLiteral("settings.ini")).startsWith(content.left(20)));
         t.Restart();
         EXPECT_EQ(Stored(t, "Steps"), QStringLiteral("16"));
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/xml/ParsedDocument.h"
+#include "Dump.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -18,8 +18,7 @@ std::string Selected(const char* path) {
     QString out;
     for (const xml::Node& node : document.selectNodes(QString::fromUtf8(path), &error)) {
         const QString name = node.nodeName();
-        out += (name.startsWith(u'#') ? u'\'' + node.nodeValue() + u'\''
-                                      : name + node.getAttribute(QStringLiteral("id"))) +
+        out += (name.startsWith(u'#') ? u'\'' + node.nodeValue() + u'\'' : name + AttributeOf(node, "id")) +
                u' ';
     }
     return (error.isEmpty() ? out.trimmed() : QStringLiteral("error")).toStdString();

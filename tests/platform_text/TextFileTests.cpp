@@ -114,7 +114,7 @@ TEST(TextFile, WhatIsReadAndWrittenUnchangedKeepsItsBytes) {
         QByteArray("<\0a>", 4),
         "<a>\xFF\xFF</a>",
         "<a>caf\xE9</a>\n\r\n\r\r",
-        "<?xml version='1.0' encoding='Shift_JIS'?><a>\x87\x90\xED\x40</a>", // twice in the code's table
+        "<?xml version='1.0' encoding='Shift_JIS'?><a>\x87\x90\xED\x40</a>", // twice in the encoding's table
         "<?xml version='1.0' encoding='windows-1252'?><a>\x81\x8D</a>",      // unassigned
         "<?xml version='1.0' encoding='1255'?><a>\xF9\xD1\xEC</a>",          // combining points
         "<?xml version='1.0' encoding='UTF-7'?><a>+AGEAYg-c+AC0-</a>",       // written in an unusual way
@@ -165,7 +165,7 @@ TEST(TextFile, LongTextsAreReadAcrossTheSeamsOfTheSteps) {
     EXPECT_EQ(Encode(document, Decode(unix).form).bytes, unix);
 }
 
-TEST(TextFile, TheMarkWinsOverTheDeclarationAndTheUserLearnsOfIt) {
+TEST(TextFile, TheByteOrderMarkWinsOverTheDeclarationAndTheUserLearnsOfIt) {
     const Decoded utf8 = Decode("\xEF\xBB\xBF<?xml version='1.0' encoding='GB2312'?><a>\xE5\x8C\x97</a>");
     EXPECT_TRUE(utf8.text.toString().endsWith(u"<a>\u5317</a>"));
     EXPECT_TRUE(utf8.form.mark);
@@ -197,7 +197,7 @@ TEST(TextFile, ACharsetStandsBetweenTheDeclarationAndUtf8) {
     const Decoded read = Decode("<a>\xB1\xB1</a>\n", gb);
     EXPECT_EQ(read.text.toString(), u"<a>\u5317</a>\r\n"_qs);
     EXPECT_EQ(read.warning, QString());
-    // Nothing in the text tells its code: it is written in the one that needs no telling.
+    // Nothing in the text tells its encoding: it is written in the one that needs no telling.
     EXPECT_EQ(Encode(read.text.toString(), read.form).bytes, "<a>\xE5\x8C\x97</a>\n");
 
     const QByteArray declared = "<?xml version='1.0' encoding='iso-8859-1'?><a>\xE9\xE8</a>";
@@ -234,7 +234,7 @@ TEST(TextFile, FollowsTheDeclarationOnceItChanges) {
     EXPECT_EQ(Encode(u"<a>\u00e9</a>"_qs, file.form).bytes, "<a>\xC3\xA9</a>");
 }
 
-TEST(TextFile, MarksAreWrittenWhereTheFileHadOneAndForUtf16) {
+TEST(TextFile, ByteOrderMarksAreWrittenWhereTheFileHadOneAndForUtf16) {
     EXPECT_TRUE(EncodeNew(Declared(u"UTF-16"_qs, QString())).bytes.startsWith("\xFF\xFE<"));
     EXPECT_TRUE(
         EncodeNew(Declared(u"UTF-16BE"_qs, QString())).bytes.startsWith(QByteArray("\xFE\xFF\0<", 4)));
@@ -245,7 +245,7 @@ TEST(TextFile, MarksAreWrittenWhereTheFileHadOneAndForUtf16) {
     EXPECT_FALSE(narrow.mark);
 }
 
-TEST(TextFile, NamesTheFirstCharacterThatTheCodeCanNotHold) {
+TEST(TextFile, NamesTheFirstCharacterThatTheEncodingCanNotHold) {
     const QString lf = u"<?xml version=\"1.0\" encoding=\"%1\"?>\r\n<a>ok\r\n%2</a>"_qs;
     for (const char* label : {"ASCII", "8859-1", "1252", "GB2312", "SHIFT-JIS", "BIG5", "850", "8859-2"}) {
         const QString document = lf.arg(QString::fromLatin1(label), u"\u0e01\u0e02"_qs);

@@ -70,7 +70,7 @@ TEST(Stopping, TheStepHearsHowFarALoadIs) {
     EXPECT_GE(steps, 5);
     steps = 0;
     EXPECT_TRUE(document.loadXML(QStringLiteral("<a/>"), {}, step));
-    EXPECT_EQ(steps, 0); // nobody has to wait for a short one
+    EXPECT_EQ(steps, 0); // a short one takes no waiting
 }
 
 TEST(Stopping, AStoppedLoadLeavesNothing) {

@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/controls/FamilyRows.h"
+#include "platform/controls/SiblingRows.h"
 
 namespace controls {
 
 namespace {
-constexpr std::uint32_t kLongWalk = 1024; // cheaper than numbering a family that is worth a thought
-constexpr std::uint32_t kShortWalk = 32;  // cheaper than having a list of the family
+constexpr std::uint32_t kLongWalk = 1024; // cheaper than numbering siblings that are worth a thought
+constexpr std::uint32_t kShortWalk = 32;  // cheaper than having a list of the siblings
 } // namespace
 
-void FamilyRows::clear() {
+void SiblingRows::clear() {
     cursor_ = {};
     list_.clear();
 }
 
 // The row where it is known at once: by the node itself, by its place at an end, or by the cursor beside it.
-std::uint32_t FamilyRows::rowWithoutWalk(std::uint32_t slot) const {
+std::uint32_t SiblingRows::rowWithoutWalk(std::uint32_t slot) const {
     const TreeNodeData& node = nodes_.at(slot);
     const TreeNodeData& parent = nodes_.at(node.parent);
     if ((parent.flags & kRowsDirty) == 0)
@@ -32,7 +32,7 @@ std::uint32_t FamilyRows::rowWithoutWalk(std::uint32_t slot) const {
     return cursor_.slot == node.next ? cursor_.row - 1 : kUnknown;
 }
 
-std::uint32_t FamilyRows::rowOf(std::uint32_t slot) const {
+std::uint32_t SiblingRows::rowOf(std::uint32_t slot) const {
     const TreeNodeData& node = nodes_.at(slot);
     const std::uint32_t row = rowWithoutWalk(slot);
     if (row != kUnknown) {
@@ -46,7 +46,7 @@ std::uint32_t FamilyRows::rowOf(std::uint32_t slot) const {
     return node.row;
 }
 
-bool FamilyRows::walkTo(std::uint32_t slot) const {
+bool SiblingRows::walkTo(std::uint32_t slot) const {
     std::uint32_t forward = cursor_.slot, backward = cursor_.slot;
     for (std::uint32_t steps = 0; steps <= kLongWalk; ++steps) {
         if (forward == slot || backward == slot) {
@@ -60,14 +60,14 @@ bool FamilyRows::walkTo(std::uint32_t slot) const {
     return false;
 }
 
-void FamilyRows::number(std::uint32_t parent) const {
+void SiblingRows::number(std::uint32_t parent) const {
     std::uint32_t row = 0;
     for (std::uint32_t child = nodes_.at(parent).firstChild; child != 0; child = nodes_.at(child).next)
         nodes_.at(child).row = row++;
     nodes_.at(parent).flags &= static_cast<std::uint8_t>(~kRowsDirty);
 }
 
-std::uint32_t FamilyRows::step(std::uint32_t slot, std::int64_t by) const {
+std::uint32_t SiblingRows::step(std::uint32_t slot, std::int64_t by) const {
     for (; by > 0; --by)
         slot = nodes_.at(slot).next;
     for (; by < 0; ++by)
@@ -75,25 +75,25 @@ std::uint32_t FamilyRows::step(std::uint32_t slot, std::int64_t by) const {
     return slot;
 }
 
-std::uint32_t FamilyRows::childAt(std::uint32_t parent, std::uint32_t row) const {
-    const TreeNodeData& family = nodes_.at(parent);
-    if (row >= family.children)
+std::uint32_t SiblingRows::childAt(std::uint32_t parent, std::uint32_t row) const {
+    const TreeNodeData& above = nodes_.at(parent);
+    if (row >= above.children)
         return 0;
     if (!list_.empty() && listed_ == parent)
         return list_[row];
-    const std::int64_t wanted = row, fromLast = wanted - (std::int64_t{family.children} - 1);
+    const std::int64_t wanted = row, fromLast = wanted - (std::int64_t{above.children} - 1);
     const std::int64_t fromCursor = wanted - cursor_.row;
     std::uint32_t slot = 0;
     if (wanted <= kShortWalk) {
-        slot = step(family.firstChild, wanted);
+        slot = step(above.firstChild, wanted);
     } else if (-fromLast <= kShortWalk) {
-        slot = step(family.lastChild, fromLast);
+        slot = step(above.lastChild, fromLast);
     } else if (cursor_.slot != 0 && cursor_.parent == parent && std::abs(fromCursor) <= kShortWalk) {
         slot = step(cursor_.slot, fromCursor);
     } else {
         list_.clear();
-        list_.reserve(family.children);
-        for (std::uint32_t child = family.firstChild; child != 0; child = nodes_.at(child).next)
+        list_.reserve(above.children);
+        for (std::uint32_t child = above.firstChild; child != 0; child = nodes_.at(child).next)
             list_.push_back(child);
         listed_ = parent;
         return list_[row];
@@ -102,15 +102,15 @@ std::uint32_t FamilyRows::childAt(std::uint32_t parent, std::uint32_t row) const
     return slot;
 }
 
-// Forgets what was known of a family's rows.
-void FamilyRows::leave(std::uint32_t parent) const {
+// Forgets what was known of the rows of siblings.
+void SiblingRows::leave(std::uint32_t parent) const {
     if (cursor_.parent == parent)
         cursor_ = {};
     if (listed_ == parent)
         list_.clear();
 }
 
-void FamilyRows::inserted(std::uint32_t slot) {
+void SiblingRows::inserted(std::uint32_t slot) {
     TreeNodeData& node = nodes_.at(slot);
     TreeNodeData& parent = nodes_.at(node.parent);
     if (node.next == 0) {
@@ -134,7 +134,7 @@ void FamilyRows::inserted(std::uint32_t slot) {
         cursor_ = {node.parent, slot, row};
 }
 
-void FamilyRows::aboutToRemove(std::uint32_t slot) {
+void SiblingRows::aboutToRemove(std::uint32_t slot) {
     const TreeNodeData& node = nodes_.at(slot);
     if (node.next == 0) {
         if (cursor_.slot == slot)

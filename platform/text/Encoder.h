@@ -4,32 +4,16 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QStringView>
-#include <algorithm>
-#include <cstddef>
-#include <functional>
 #include <memory>
 
 namespace text {
-
-/// Takes the text of a file piece by piece.
-using UnitSink = std::function<void(const char16_t* units, std::size_t length)>;
-
-enum class Fit {
-    No,       ///< the bytes aren't in this code; what the sink got is worth nothing
-    Yes,      ///< writing the text again may give other bytes: ask an Encoder
-    Halves,   ///< 16-bit units with halves of pairs among them, which no Encoder writes
-    Identical ///< writing the text again gives these bytes
-};
-
-/// Bytes without their mark to 16-bit units, strictly.
-Fit DecodeBytes(const Code& code, QByteArrayView bytes, const UnitSink& sink);
 
 /// Text to bytes, piece by piece.
 class Encoder {
 public:
     virtual ~Encoder() = default;
-    /// Appends a piece. -1, or the place in the piece of the first character that the code can't hold. A pair
-    /// of surrogates must not be cut between two pieces.
+    /// Appends a piece. -1, or the place in the piece of the first character that the encoding can't hold.
+    /// A pair of surrogates must not be cut between two pieces.
     virtual qsizetype Append(QStringView piece) = 0;
     /// To be called behind the last piece.
     virtual void Finish() {}
@@ -52,9 +36,6 @@ private:
     std::size_t used_ = 0;
 };
 
-std::unique_ptr<Encoder> MakeEncoder(const Code& code);
-
-/// 16-bit units that one converter step handles.
-inline constexpr std::size_t kChunkUnits = 16384;
+std::unique_ptr<Encoder> MakeEncoder(const Encoding& encoding);
 
 } // namespace text

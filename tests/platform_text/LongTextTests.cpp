@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/text/LongText.h"
+#include "platform/text/LongTextBuilder.h"
 #include <gtest/gtest.h>
 #include <random>
 

@@ -125,6 +125,10 @@ TEST_F(LocalFiles, ReplacingKeepsTheAccessRightsAndLeavesNothingBehind) {
     umask(mask);
     EXPECT_EQ(folder.Mode(u"b.xml"_qs), 0640U);
     EXPECT_EQ(folder.Names(), (QStringList{u"a.xml"_qs, u"b.xml"_qs}));
+    const QString longest(255, u'x');
+    EXPECT_TRUE(files->Replace(folder.Path(longest), "1"));
+    EXPECT_TRUE(files->Replace(folder.Path(longest), "2"));
+    EXPECT_EQ(folder.Read(longest), "2");
 }
 
 TEST_F(LocalFiles, ReplacingFollowsLinksToTheFileItself) {

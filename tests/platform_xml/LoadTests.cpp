@@ -78,8 +78,8 @@ TEST(Load, HandlesTellWhereTheyStand) {
     ASSERT_TRUE(document.loadXML(QStringLiteral("<!--c--><r a=\"1\" b=\"zwei\"><x/>t</r>")));
     const xml::Node root = document.documentElement();
     EXPECT_EQ(root.nodeName(), QStringLiteral("r"));
-    EXPECT_EQ(root.getAttribute(QStringLiteral("b")), QStringLiteral("zwei"));
-    EXPECT_TRUE(root.getAttribute(QStringLiteral("c")).isEmpty());
+    EXPECT_EQ(AttributeOf(root, "b"), QStringLiteral("zwei"));
+    EXPECT_TRUE(AttributeOf(root, "c").isEmpty());
     EXPECT_EQ(root.parentNode(), document.document());
     EXPECT_EQ(root.firstChild().parentNode(), root);
     EXPECT_TRUE(root.firstChild().firstChild().isNothing());
@@ -112,7 +112,7 @@ TEST(Load, KeepsLongContentOfAllScriptsWhole) {
         ASSERT_TRUE(
             document.loadXML(QStringLiteral("<a b=\"%1\">%1<!--%1--><![CDATA[%1]]><?p %1?></a>").arg(text)));
         const xml::Node root = document.documentElement();
-        EXPECT_EQ(root.getAttribute(QStringLiteral("b")), text);
+        EXPECT_EQ(AttributeOf(root, "b"), text);
         int pieces = 0;
         for (xml::Node node = root.firstChild(); node; node = node.nextSibling(), ++pieces)
             EXPECT_EQ(node.nodeValue(), text) << "node type " << node.nodeType();
@@ -129,8 +129,8 @@ TEST(Load, KeepsManyNodesInOrder) {
     ASSERT_TRUE(document.loadXML(text + QStringLiteral("</r>")));
     int next = 0;
     for (xml::Node node = document.documentElement().firstChild(); node; node = node.nextSibling(), ++next) {
-        ASSERT_EQ(node.getAttribute(QStringLiteral("n")), QString::number(next));
-        ASSERT_EQ(node.getAttribute(QStringLiteral("o")), QStringLiteral("y"));
+        ASSERT_EQ(AttributeOf(node, "n"), QString::number(next));
+        ASSERT_EQ(AttributeOf(node, "o"), QStringLiteral("y"));
     }
     EXPECT_EQ(next, 50'000);
 }

@@ -5,12 +5,12 @@
 
 namespace controls {
 
-/// Rows of siblings: from a node to its row and back. Nodes carry their row; a change in the middle of a
-/// family only marks the family, and it is numbered again when somebody asks. A cursor on the place touched
-/// last keeps runs of changes and walks in order from numbering a large family each time.
-class FamilyRows {
+/// Rows of siblings: from a node to its row and back. Nodes carry their row; a change among
+/// them only marks them, and they are numbered again when a row is asked for. A cursor on the place touched
+/// last keeps runs of changes and walks in order from numbering many siblings each time.
+class SiblingRows {
 public:
-    explicit FamilyRows(const NodeStore& nodes) : nodes_(nodes) {}
+    explicit SiblingRows(const NodeStore& nodes) : nodes_(nodes) {}
 
     std::uint32_t rowOf(std::uint32_t slot) const;
     /// Slot of the child at a row, 0 when there is none. `parent` 0: top level.

@@ -140,7 +140,7 @@ TEST_F(HttpGet, PackedAnswersAreUnpackedHoweverWellTheyShrank) {
     EXPECT_TRUE(answer.body == body);
 }
 
-TEST_F(HttpGet, SaysWhenThereIsNobodyToAsk) {
+TEST_F(HttpGet, SaysWhenThereIsNoServer) {
     QTcpServer closed;
     ASSERT_TRUE(closed.listen(QHostAddress::LocalHost));
     const QString url = u"http://127.0.0.1:%1/"_qs.arg(closed.serverPort());
