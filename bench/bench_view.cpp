@@ -3,14 +3,17 @@
 // Without a screen: QT_QPA_PLATFORM=offscreen.
 #include "bench/Quiet.h"
 #include "core/sync/Views.h"
-#include "desktop/TextAdapter.h"
-#include "desktop/TextView.h"
+#include "desktop/text/TextAdapter.h"
+#include "desktop/text/TextView.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <algorithm>
 #include <vector>
 
 namespace {
+
+using desktop::TextAdapter;
+using desktop::TextView;
 
 void Settle() {
     for (int i = 0; i < 3; ++i)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Boxes, file dialogs, the progress bar and the names that come from outside.
-#include "desktop/GivenNames.h"
-#include "desktop/QtProgress.h"
-#include "desktop/QtPrompts.h"
+#include "desktop/base/QtProgress.h"
+#include "desktop/base/QtPrompts.h"
+#include "desktop/frame/GivenNames.h"
 #include "tests/support/TempFolder.h"
 #include <QAbstractButton>
 #include <QApplication>
@@ -15,6 +15,9 @@
 
 namespace {
 
+using desktop::CommandLineNames;
+using desktop::QtProgress;
+using desktop::QtPrompts;
 using services::Answer;
 using services::Buttons;
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Dragging in the window: presses and moves of the mouse go in as events, and so do the drag's steps.
-#include "desktop/DragViews.h"
+#include "desktop/drag/DragViews.h"
 #include "tests/desktop/ShownApp.h"
 #include <QDropEvent>
 #include <QLineEdit>
@@ -12,6 +12,9 @@
 
 namespace {
 
+using desktop::DragListView;
+using desktop::DragTreeView;
+using desktop::TextView;
 using test::ShownApp;
 
 /// A drag keeps the release of the button for itself.

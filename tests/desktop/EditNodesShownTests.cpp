@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The widgets of the one-by-one editor, by keys and clicks.
-#include "desktop/EditNodesDialog.h"
+#include "desktop/dialogs/EditNodesDialog.h"
 #include "tests/desktop/ShownApp.h"
 #include <QLabel>
 #include <QLineEdit>
@@ -11,6 +11,7 @@
 
 namespace {
 
+using desktop::EditNodesDialog;
 using test::ShownApp;
 
 struct EditNodesShown : ::testing::Test {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The find dialog with its real widgets, beside the text that it searches.
-#include "desktop/FindDialog.h"
+#include "desktop/dialogs/FindDialog.h"
 #include "tests/desktop/ShownApp.h"
 #include <QComboBox>
 #include <QLineEdit>
@@ -10,6 +10,8 @@
 
 namespace {
 
+using desktop::FindDialog;
+using desktop::TextView;
 using test::ShownApp;
 
 class FindDesk : public ShownApp {

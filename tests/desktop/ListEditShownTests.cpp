@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Cells and labels of the list, edited with real keys and clicks.
-#include "desktop/EditNodesDialog.h"
+#include "desktop/dialogs/EditNodesDialog.h"
 #include "tests/desktop/ShownApp.h"
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -13,6 +13,7 @@
 
 namespace {
 
+using desktop::EditNodesDialog;
 using test::ShownApp;
 
 constexpr char kShop[] = "<shop><pen colour='red'>ink</pen><box/>two\nlines</shop>";

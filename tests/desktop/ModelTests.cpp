@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/models/ListModel.h"
-#include "desktop/models/TreeModel.h"
+#include "desktop/nodes/ListModel.h"
+#include "desktop/nodes/TreeModel.h"
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 #include <QTreeView>

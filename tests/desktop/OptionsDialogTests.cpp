@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The options dialog with its real widgets, opened from the menu and worked by keys and clicks.
-#include "desktop/Colours.h"
-#include "desktop/QtPrompts.h"
+#include "desktop/base/Colours.h"
+#include "desktop/base/QtPrompts.h"
 #include "tests/desktop/ShownApp.h"
 #include <QColorDialog>
 #include <QComboBox>
@@ -15,6 +15,8 @@
 
 namespace {
 
+using desktop::QtPrompts;
+using desktop::ReadableOn;
 using test::ShownApp;
 
 /// Finds the widgets of the dialog in front by their controls' names.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the skin adds of its own: pale pictures, title buttons, tips, the list's cursor.
-#include "desktop/FrameStyle.h"
-#include "desktop/Glyphs.h"
-#include "desktop/ThemeIcons.h"
+#include "desktop/base/Glyphs.h"
+#include "desktop/base/ThemeIcons.h"
+#include "desktop/frame/FrameStyle.h"
 #include "tests/desktop/ShownApp.h"
 #include <QHelpEvent>
 #include <QPainter>
@@ -12,6 +12,11 @@
 
 namespace {
 
+using desktop::ChooseIconTheme;
+using desktop::FrameStyle;
+using desktop::NewNodeIcon;
+using desktop::SignIcon;
+using desktop::ThemeIcon;
 using test::ShownApp;
 
 /// How much ink a picture has: the sum of the opacity of its points.

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the editor shows: rows, scrolling, colours, large texts.
-#include "desktop/TextColours.h"
+#include "desktop/text/TextColours.h"
 #include "tests/desktop/Editor.h"
 #include <QPaintEvent>
 #include <QScrollBar>
 
 namespace {
+
+using desktop::RowFont;
+using desktop::ShownColour;
+using desktop::TextRow;
 
 struct TextShown : test::Editor {
     std::size_t Pixels(QRgb colour) {

@@ -8,6 +8,7 @@
 
 namespace {
 
+using desktop::TextView;
 using test::ShownApp;
 const QString kText = QStringLiteral("textview");
 

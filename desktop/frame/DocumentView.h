@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/model/DocumentWindow.h"
+#include <QWidget>
+#include <memory>
+
+namespace Ui {
+class frmXMLEdit;
+}
+
+namespace desktop {
+
+/// The widgets of one document window: the tree on the left, path box, tabs and their pages on the right.
+class DocumentView : public QWidget {
+    Q_OBJECT
+public:
+    explicit DocumentView(DocumentWindow& window, QWidget* parent = nullptr);
+    ~DocumentView() override;
+
+    /// Lets go of the document: from now on it may be destroyed.
+    void Detach();
+    /// Gives the focus to the tree, or to the text when its tab is shown.
+    void FocusFirst();
+    /// The parts that F6 walks through, in order.
+    std::vector<QWidget*> Panes() const;
+
+Q_SIGNALS:
+    void contextMenuWanted(const QPoint& globalPlace);
+
+private:
+    struct Adapters;
+    void MakeAdapters();
+    void ConnectLayout();
+    QWidget* Page() const; ///< what takes the focus on the page that is shown
+
+    DocumentWindow* window_; ///< null once detached
+    std::unique_ptr<Ui::frmXMLEdit> ui_;
+    std::unique_ptr<Adapters> adapters_;
+};
+
+} // namespace desktop
