@@ -49,3 +49,5 @@ void DocumentSubWindow::closeEvent(QCloseEvent* event) {
 }
 
 } // namespace desktop
+
+#include "moc_DocumentSubWindow.cpp"

@@ -127,3 +127,5 @@ std::vector<QWidget*> DocumentView::Panes() const {
 }
 
 } // namespace desktop
+
+#include "moc_DocumentView.cpp"

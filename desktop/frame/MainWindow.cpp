@@ -255,3 +255,5 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 } // namespace desktop
+
+#include "moc_MainWindow.cpp"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/text/TextAccessible.h"
-#include "desktop/text/TextView.h"
+#include "desktop/text/TextSteps.h"
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QScrollBar>
@@ -19,7 +19,8 @@ class AccessibleText : public QAccessibleWidget,
                        public QAccessibleTextInterface,
                        public QAccessibleEditableTextInterface {
 public:
-    explicit AccessibleText(TextView& view) : QAccessibleWidget(&view, QAccessible::EditableText) {}
+    AccessibleText(QWidget& view, const TextParts& parts)
+        : QAccessibleWidget(&view, QAccessible::EditableText), parts_(parts) {}
 
     void* interface_cast(QAccessible::InterfaceType type) override {
         if (type == QAccessible::TextInterface)
@@ -31,8 +32,8 @@ public:
     QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.multiLine = true;
-        state.editable = !View().Model().Locked;
-        state.readOnly = View().Model().Locked;
+        state.editable = !parts_.state.model->Locked;
+        state.readOnly = parts_.state.model->Locked;
         return state;
     }
 
@@ -63,41 +64,44 @@ public:
     }
 
     // --- caret and selection
-    int cursorPosition() const override { return ToInt(View().Caret()); }
-    void setCursorPosition(int position) override { View().Select(position, position); }
-    int selectionCount() const override { return View().Caret() != View().Anchor() ? 1 : 0; }
+    int cursorPosition() const override { return ToInt(parts_.state.caret); }
+    void setCursorPosition(int position) override { parts_.caret.Select(position, position); }
+    int selectionCount() const override { return parts_.state.caret != parts_.state.anchor ? 1 : 0; }
     void selection(int index, int* start, int* end) const override {
-        const TextRange range = index == 0 ? View().Selection() : TextRange{0, 0};
+        const TextRange range = index == 0 ? parts_.state.Selection() : TextRange{0, 0};
         *start = ToInt(range.start);
         *end = ToInt(range.end);
     }
-    void addSelection(int start, int end) override { View().Select(start, end); }
-    void removeSelection(int) override { View().Select(View().Caret(), View().Caret()); }
-    void setSelection(int, int start, int end) override { View().Select(start, end); }
+    void addSelection(int start, int end) override { parts_.caret.Select(start, end); }
+    void removeSelection(int) override { parts_.caret.Select(parts_.state.caret, parts_.state.caret); }
+    void setSelection(int, int start, int end) override { parts_.caret.Select(start, end); }
 
     // --- places
     QRect characterRect(int offset) const override {
         const qsizetype place = Place(offset);
-        const QRect here = View().RectAt(place), next = View().RectAt(NextPlace(Text(), place));
+        const QRect here = parts_.places.RectAt(place), next = parts_.places.RectAt(NextPlace(Text(), place));
         const QRect whole = here.top() == next.top() ? here.united(next.translated(-1, 0)) : here;
-        return {View().viewport()->mapToGlobal(whole.topLeft()), whole.size()};
+        return {parts_.area.viewport()->mapToGlobal(whole.topLeft()), whole.size()};
     }
     int offsetAtPoint(const QPoint& point) const override {
-        const QPoint place = View().viewport()->mapFromGlobal(point);
-        return View().viewport()->rect().contains(place) ? ToInt(View().PositionAt(place)) : -1;
+        const QPoint place = parts_.area.viewport()->mapFromGlobal(point);
+        return parts_.area.viewport()->rect().contains(place) ? ToInt(parts_.places.PositionAt(place)) : -1;
     }
     void scrollToSubstring(int start, int) override {
-        View().verticalScrollBar()->setValue(ToInt(Text().rowOf(Place(start))));
+        parts_.area.verticalScrollBar()->setValue(ToInt(Text().rowOf(Place(start))));
     }
 
     // --- editing
-    void deleteText(int start, int end) override { View().Replace({start, end}, {}); }
-    void insertText(int offset, const QString& text) override { View().Replace({offset, offset}, text); }
-    void replaceText(int start, int end, const QString& text) override { View().Replace({start, end}, text); }
+    void deleteText(int start, int end) override { parts_.editing.Replace({start, end}, {}); }
+    void insertText(int offset, const QString& text) override {
+        parts_.editing.Replace({offset, offset}, text);
+    }
+    void replaceText(int start, int end, const QString& text) override {
+        parts_.editing.Replace({start, end}, text);
+    }
 
 private:
-    TextView& View() const { return static_cast<TextView&>(*widget()); }
-    const text::LongText& Text() const { return View().Model().Long(); }
+    const text::LongText& Text() const { return parts_.Text(); }
     QString Give(TextRange range, int* start, int* end) const {
         *start = ToInt(range.start);
         *end = ToInt(range.end);
@@ -105,7 +109,9 @@ private:
     }
     /// -1 stands for the text's end, -2 for the caret.
     qsizetype Place(qsizetype offset) const {
-        return offset == -2 ? View().Caret() : offset < 0 ? Text().size() : std::min(offset, Text().size());
+        return offset == -2 ? parts_.state.caret
+               : offset < 0 ? Text().size()
+                            : std::min(offset, Text().size());
     }
     // Looks at no more than the row, but for a whole text that is asked for.
     TextRange Piece(qsizetype asked, QAccessible::TextBoundaryType type) const {
@@ -123,11 +129,15 @@ private:
         }
         }
     }
+
+    const TextParts parts_;
 };
 
-QAccessibleInterface* Make(const QString& className, QObject* object) {
-    auto* view = className == QLatin1String("desktop::TextView") ? qobject_cast<TextView*>(object) : nullptr;
-    return view ? new AccessibleText(*view) : nullptr; // the framework keeps and deletes it
+QAccessibleInterface* Make(const QString&, QObject* object) {
+    auto* source = dynamic_cast<AccessibleSource*>(object);
+    if (!source)
+        return nullptr;
+    return new AccessibleText(*static_cast<QWidget*>(object), source->Parts()); // the framework owns it
 }
 
 } // namespace
@@ -136,15 +146,15 @@ void InstallTextAccessibility() {
     QAccessible::installFactory(Make); // one that is known already is not installed again
 }
 
-void TellTextChanged(TextView& view) {
+void TellTextChanged(QWidget& view) {
     if (!QAccessible::isActive())
         return;
     QAccessibleTextUpdateEvent event(&view, 0, QString(), QString());
     QAccessible::updateAccessibility(&event);
 }
 
-// What was removed is gone when this is told, and nobody needs it.
-void TellReplaced(TextView& view, qsizetype at, qsizetype removed, const QString& text) {
+// What was removed is gone when this is told: blanks stand for it.
+void TellReplaced(QWidget& view, qsizetype at, qsizetype removed, const QString& text) {
     if (!QAccessible::isActive())
         return;
     if (removed > 0) {
@@ -157,12 +167,12 @@ void TellReplaced(TextView& view, qsizetype at, qsizetype removed, const QString
     }
 }
 
-void TellSelection(TextView& view) {
+void TellSelection(QWidget& view, const TextState& state) {
     if (!QAccessible::isActive())
         return;
-    const TextRange range = view.Selection();
+    const TextRange range = state.Selection();
     QAccessibleTextSelectionEvent event(&view, ToInt(range.start), ToInt(range.end));
-    event.setCursorPosition(ToInt(view.Caret()));
+    event.setCursorPosition(ToInt(state.caret));
     QAccessible::updateAccessibility(&event);
 }
 

@@ -1,17 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-#include <QString>
+#include "desktop/text/TextParts.h"
 
 namespace desktop {
 
-class TextView;
+/// A widget whose text assistive programs read and edit.
+class AccessibleSource {
+public:
+    virtual TextParts Parts() = 0;
 
-/// Makes text views readable by assistive programs; only the first call counts.
+protected:
+    ~AccessibleSource() = default;
+};
+
+/// Makes such widgets readable by assistive programs; only the first call counts.
 void InstallTextAccessibility();
 
-// --- what the view tells them; costs nothing while none is running
-void TellTextChanged(TextView& view); ///< everything is new
-void TellReplaced(TextView& view, qsizetype at, qsizetype removed, const QString& text);
-void TellSelection(TextView& view);
+// --- what the widget tells them; costs nothing while none is running
+void TellTextChanged(QWidget& view); ///< everything is new
+void TellReplaced(QWidget& view, qsizetype at, qsizetype removed, const QString& text);
+void TellSelection(QWidget& view, const TextState& state);
 
 } // namespace desktop

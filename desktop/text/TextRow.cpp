@@ -10,10 +10,9 @@ namespace desktop {
 namespace {
 
 constexpr int kTabColumns = 4;
-constexpr qsizetype kSegment = 128;       // units
-constexpr qsizetype kSetWhole = 256;      // a shorter row has one segment
-constexpr qsizetype kKeptUnits = 400'000; // of recent rows
-constexpr double kNoLimit = 8'000'000;    // a line never breaks
+constexpr qsizetype kSegment = 128;    // units
+constexpr qsizetype kSetWhole = 256;   // a shorter row has one segment
+constexpr double kNoLimit = 8'000'000; // a line never breaks
 
 bool IsPlain(QChar unit) {
     return unit >= u' ' && unit <= u'~';
@@ -199,27 +198,6 @@ void TextRow::Draw(QPainter& painter, QPointF place, double left, double right,
         layout.draw(&painter, place + QPointF(Left(i), -layout.lineAt(0).ascent()),
                     FormatsOf(segments_[i], selections));
     }
-}
-
-void TextRows::SetFont(const QFont& font) {
-    recent_.clear();
-    older_.clear();
-    recentUnits_ = 0;
-    font_ = RowFont(font);
-}
-
-std::shared_ptr<const TextRow> TextRows::At(const RowText& row) {
-    if (const auto found = recent_.find(row); found != recent_.end())
-        return found->second;
-    if (recentUnits_ > kKeptUnits) {
-        older_ = std::exchange(recent_, {});
-        recentUnits_ = 0;
-    }
-    const auto old = older_.find(row);
-    auto set = old != older_.end() ? old->second : std::make_shared<const TextRow>(row, font_);
-    recent_.emplace(row, set);
-    recentUnits_ += row.text.size() + 16;
-    return set;
 }
 
 } // namespace desktop

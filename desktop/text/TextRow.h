@@ -3,7 +3,6 @@
 #include <QFont>
 #include <QTextLayout>
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 namespace desktop {
@@ -34,7 +33,7 @@ struct RowText {
 };
 
 /// A row of text that has been set. Rows are set from left to right, whatever their first letter is. A long
-/// row is set in segments, and only those that somebody asks about.
+/// row is set in segments, and only those that are asked about.
 class TextRow {
 public:
     /// `extra`: further formats, for text that an input method is composing.
@@ -71,24 +70,6 @@ private:
     QList<QTextLayout::FormatRange> formats_;
     mutable std::vector<Segment> segments_;
     mutable std::size_t placed_ = 0;
-};
-
-/// The rows that were set last. A row is found by what it shows: no edit has to tell which rows it changed,
-/// and rows that move up or down aren't set again.
-class TextRows {
-public:
-    void SetFont(const QFont& font); ///< forgets all rows
-    const RowFont& Font() const { return font_; }
-    std::shared_ptr<const TextRow> At(const RowText& row);
-
-private:
-    struct Hash {
-        std::size_t operator()(const RowText& row) const { return qHash(row.text); }
-    };
-    using Store = std::unordered_map<RowText, std::shared_ptr<const TextRow>, Hash>;
-    RowFont font_;
-    Store recent_, older_; ///< when the recent ones are many, they become the older ones
-    qsizetype recentUnits_ = 0;
 };
 
 } // namespace desktop

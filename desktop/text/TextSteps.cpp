@@ -127,6 +127,14 @@ TextRange LineAt(const LongText& text, qsizetype position) {
     return {text.lineStart(line), text.lineStart(line + 1)};
 }
 
+// What is behind the last character of a part of a long line is the next row's.
+qsizetype RowEnd(const LongText& text, qsizetype position) {
+    const qsizetype number = text.rowOf(position);
+    const LongText::Row row = text.row(number);
+    const bool goesOn = row.lineEnd == 0 && number + 1 < text.rowCount();
+    return goesOn ? PreviousPlace(text, row.start + row.length) : row.start + row.length;
+}
+
 qsizetype SettledPlace(const LongText& text, qsizetype position) {
     position = Cut(text, position);
     Place place(text, position, QTextBoundaryFinder::Grapheme);

@@ -22,6 +22,9 @@ TextRange WordAt(const text::LongText& text, qsizetype position);
 /// The line at a position with its end.
 TextRange LineAt(const text::LongText& text, qsizetype position);
 
+/// The last place of the row at a position.
+qsizetype RowEnd(const text::LongText& text, qsizetype position);
+
 /// The position, or the nearest before it where a caret may stand.
 qsizetype SettledPlace(const text::LongText& text, qsizetype position);
 

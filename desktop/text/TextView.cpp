@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/text/TextView.h"
 #include "desktop/base/Listen.h"
-#include "desktop/text/TextAccessible.h"
-#include <QEvent>
+#include "desktop/text/TextInput.h"
+#include "desktop/text/TextPaint.h"
+#include <QContextMenuEvent>
+#include <QDrag>
+#include <QDropEvent>
+#include <QPaintEvent>
 #include <QScrollBar>
 #include <cmath>
 
@@ -16,8 +20,18 @@ constexpr double kSmallest = 1, kLargest = 200;
 } // namespace
 
 TextView::TextView(QWidget* parent)
-    : QAbstractScrollArea(parent), model_(nullptr), own_(std::make_unique<controls::RichTextBox>()) {
+    : QAbstractScrollArea(parent), own_(std::make_unique<controls::RichTextBox>()), state_(*own_),
+      places_(*this, state_), caret_(*this, state_, places_), editing_(state_, caret_), keys_(Parts()),
+      drag_(Parts()), mouse_(Parts(), drag_) {
     InstallTextAccessibility();
+    Prepare();
+    ConnectParts();
+    SetModel(nullptr);
+}
+
+TextView::~TextView() = default;
+
+void TextView::Prepare() {
     setFocusPolicy(Qt::StrongFocus);
     setInputMethodHints(Qt::ImhMultiLine | Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
     setAttribute(Qt::WA_InputMethodEnabled);
@@ -29,67 +43,69 @@ TextView::TextView(QWidget* parent)
     viewport()->setMouseTracking(true);
     viewport()->setCursor(Qt::IBeamCursor);
     verticalScrollBar()->setSingleStep(1);
-    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { high_ = false; });
-    SetModel(nullptr);
 }
 
-TextView::~TextView() = default;
+void TextView::ConnectParts() {
+    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { state_.high = false; });
+    caret_.moved = [this] {
+        updateMicroFocus();
+        TellSelection(*this, state_);
+    };
+    caret_.isInUse = [this] { return !isInUse || isInUse(); };
+    drag_.over = [this] { Q_EMIT userReleased(); };
+    drag_.runs = [this](QDrag& drag, Qt::DropActions may, Qt::DropAction wanted) {
+        return runsDrag ? runsDrag(drag) : drag.exec(may, wanted);
+    };
+}
 
 // --- the model ---------------------------------------------------------------------------------------------
 
 void TextView::SetModel(controls::RichTextBox* model) {
     listening_ = std::make_unique<QObject>();
-    model_ = model ? model : own_.get();
+    state_.model = model ? model : own_.get();
+    controls::RichTextBox& shown = *state_.model;
     QObject* context = listening_.get();
-    Listen(model_->contentReplaced, context, [this] { ContentReplaced(); });
-    Listen(model_->textReplaced, context,
+    Listen(shown.contentReplaced, context, [this] { ContentReplaced(); });
+    Listen(shown.textReplaced, context,
            [this](qsizetype at, qsizetype removed, const QString& text) { TextReplaced(at, removed, text); });
-    Listen(model_->coloursChanged, context, [this](qsizetype start, qsizetype length) {
-        if (!stale_)
-            UpdateRows(Text().rowOf(start), Text().rowOf(start + length));
+    Listen(shown.coloursChanged, context, [this](qsizetype start, qsizetype length) {
+        if (!state_.stale)
+            places_.UpdateRows(state_.Text().rowOf(start), state_.Text().rowOf(start + length));
     });
-    Listen(model_->selectionChanged, context, [this] { FollowSelection(); });
-    Listen(model_->allSelected, context, [this] {
-        stale_ = stale_ || !isVisible();
-        if (!stale_)
-            SelectAll();
+    Listen(shown.selectionChanged, context, [this] { caret_.FollowModel(); });
+    Listen(shown.allSelected, context, [this] {
+        if (IsAwake())
+            caret_.SelectAll();
     });
-    Listen(model_->fontChanged, context, [this] { ApplyFont(); });
+    Listen(shown.fontChanged, context, [this] { ApplyFont(); });
     ApplyFont();
-    stale_ = true;
+    state_.stale = true;
     if (isVisible())
         Follow();
 }
 
 /// Catches up with what happened while the view was hidden.
 void TextView::Follow() {
-    stale_ = false;
+    state_.stale = false;
     ContentReplaced();
-    ShowCaretHigh();
-    high_ = true;
+    places_.ShowHigh(state_.Selection().start);
+    state_.high = true;
 }
 
-// A program may select half a line's end, which nobody could see: it is taken whole.
-TextRange TextView::ModelSelection() const {
-    const auto splits = [this](qsizetype at) { return Text().at(at - 1) == u'\r' && Text().at(at) == u'\n'; };
-    const qsizetype start = std::clamp<qsizetype>(model_->SelStart(), 0, Text().size());
-    const qsizetype end = std::min(start + model_->SelLength(), Text().size());
-    const qsizetype before = start - (splits(start) ? 1 : 0);
-    return {before, end == start ? before : end + (splits(end) ? 1 : 0)};
+/// A hidden view only notes that the model has changed.
+bool TextView::IsAwake() {
+    state_.stale = state_.stale || !isVisible();
+    return !state_.stale;
 }
 
 // Behind a new content the program mostly sets the caret: until it did, the view stays where it is.
 void TextView::ContentReplaced() {
-    stale_ = stale_ || !isVisible();
-    if (stale_)
+    if (!IsAwake())
         return;
-    widest_ = 0;
-    const TextRange selection = ModelSelection();
-    anchor_ = selection.start;
-    caret_ = selection.end;
-    wantedX_.reset();
-    preedit_.reset();
-    UpdateBars();
+    places_.ForgetWidths();
+    caret_.TakeModels();
+    state_.preedit.reset();
+    places_.UpdateBars();
     viewport()->update();
     follow_ = true;
     later_.start(0, this);
@@ -97,52 +113,26 @@ void TextView::ContentReplaced() {
 }
 
 void TextView::TextReplaced(qsizetype at, qsizetype removed, const QString& text) {
-    stale_ = stale_ || !isVisible();
-    if (stale_)
+    if (!IsAwake())
         return;
-    const qsizetype before = std::exchange(rowCount_, Text().rowCount());
-    const int margin = margin_;
-    UpdateBars();
-    if (margin_ != margin)
-        viewport()->update(); // all rows move
-    const text::LongText& all = Text();
-    const qsizetype first = all.rowOf(all.lineStart(all.lineOf(at)));
-    // A line that is cut into rows may be cut elsewhere from here on; the next line stays as it is.
-    const qsizetype next = all.lineStart(all.lineOf(at + text.size()) + 1);
-    UpdateRows(first, before == rowCount_ ? all.rowOf(next) : rowCount_);
+    places_.FollowEdit(at, text.size());
     TellReplaced(*this, at, removed, text);
-    if (!editing_)
-        FollowSelection();
-}
-
-/// The model's selection is another one. A program that jumps wants the place to be seen with what follows.
-void TextView::FollowSelection() {
-    stale_ = stale_ || !isVisible();
-    if (stale_)
-        return;
-    const TextRange now = Selection(), wanted = ModelSelection();
-    if (now.start != wanted.start || now.end != wanted.end)
-        PlaceCaret(wanted.start, wanted.end);
-    if (editing_)
-        ShowCaret();
-    else
-        ShowProgramsCaret();
+    if (!state_.editing)
+        caret_.FollowModel();
 }
 
 void TextView::ApplyFont() {
-    QFont font(model_->FontName());
+    QFont font(Model().FontName());
     font.setStyleHint(QFont::Monospace);
-    const double size = model_->FontSize();
+    const double size = Model().FontSize();
     font.setPointSizeF(std::clamp((std::isfinite(size) ? size : kSmallest) + zoom_, kSmallest, kLargest));
-    rows_.SetFont(font);
-    widest_ = 0;
-    UpdateBars();
+    places_.SetFont(font);
     viewport()->update();
     updateMicroFocus();
 }
 
 void TextView::Zoom(int points) {
-    const double size = std::clamp(model_->FontSize(), kSmallest, kLargest);
+    const double size = std::clamp(Model().FontSize(), kSmallest, kLargest);
     const double zoomed = std::clamp(size + (points == 0 ? 0 : zoom_ + points), kSmallest, kLargest);
     zoom_ = static_cast<int>(std::lround(zoomed - size));
     ApplyFont();
@@ -153,38 +143,44 @@ void TextView::Zoom(int points) {
     }
 }
 
-// --- events ------------------------------------------------------------------------------------------------
+// --- showing -----------------------------------------------------------------------------------------------
 
 void TextView::timerEvent(QTimerEvent* event) {
-    if (event->timerId() == blinking_.timerId()) {
-        caretShown_ = !caretShown_;
-        UpdateCaretRow();
-    } else if (event->timerId() == scrolling_.timerId()) {
-        ScrollTowardsPointer();
-    } else if (event->timerId() == thirdClick_.timerId()) {
-        thirdClick_.stop();
-    } else if (event->timerId() == later_.timerId()) {
-        later_.stop();
-        UpdateBars();
-        if (std::exchange(follow_, false))
-            ShowProgramsCaret();
-    } else {
-        QAbstractScrollArea::timerEvent(event);
-    }
+    if (event->timerId() != later_.timerId())
+        return QAbstractScrollArea::timerEvent(event);
+    later_.stop();
+    places_.UpdateBars();
+    if (std::exchange(follow_, false))
+        caret_.ShowProgramsPlace();
 }
 
 void TextView::showEvent(QShowEvent* event) {
     QAbstractScrollArea::showEvent(event);
-    if (stale_)
+    if (state_.stale)
         Follow();
 }
 
 // A view gets its real size after it was filled.
 void TextView::resizeEvent(QResizeEvent* event) {
     QAbstractScrollArea::resizeEvent(event);
-    UpdateBars();
-    if (high_ && isVisible())
-        ShowCaretHigh();
+    places_.UpdateBars();
+    if (state_.high && isVisible())
+        places_.ShowHigh(state_.Selection().start);
+}
+
+void TextView::scrollContentsBy(int, int) {
+    viewport()->update();
+    updateMicroFocus();
+}
+
+void TextView::paintEvent(QPaintEvent* event) {
+    if (state_.stale)
+        return;
+    const double widest = places_.Widest();
+    PaintText(*this, state_, places_, event->rect());
+    // The bar may appear, which mustn't happen in the middle of painting.
+    if (places_.Widest() > widest)
+        later_.start(0, this);
 }
 
 void TextView::changeEvent(QEvent* event) {
@@ -194,22 +190,123 @@ void TextView::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);
 }
 
+// --- focus, keys, input methods ----------------------------------------------------------------------------
+
 void TextView::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
-    setAttribute(Qt::WA_InputMethodEnabled, !model_->Locked);
-    RestartBlinking();
+    setAttribute(Qt::WA_InputMethodEnabled, !Model().Locked);
+    caret_.RestartBlinking();
     viewport()->update();
 }
 
 void TextView::focusOutEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusOutEvent(event);
-    RestartBlinking();
+    caret_.RestartBlinking();
     viewport()->update();
 }
 
 // Tab belongs to the text, whatever the model does with it.
 bool TextView::focusNextPrevChild(bool next) {
-    return model_->Locked && QAbstractScrollArea::focusNextPrevChild(next);
+    return Model().Locked && QAbstractScrollArea::focusNextPrevChild(next);
+}
+
+// What the editor does with a key it does before the menus: they must not take its keys away.
+bool TextView::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && ActFor(static_cast<QKeyEvent&>(*event))) {
+        event->accept();
+        return true;
+    }
+    return QAbstractScrollArea::event(event);
+}
+
+void TextView::keyPressEvent(QKeyEvent* event) {
+    const TextKeys::Act act = ActFor(*event);
+    event->setAccepted(static_cast<bool>(act));
+    if (act)
+        act();
+}
+
+TextKeys::Act TextView::ActFor(const QKeyEvent& event) {
+    if (event.key() == Qt::Key_0 && event.modifiers() == Qt::ControlModifier)
+        return [this] { Zoom(0); };
+    return keys_.ActFor(event);
+}
+
+void TextView::inputMethodEvent(QInputMethodEvent* event) {
+    event->setAccepted(TakeInput(Parts(), *event));
+    if (event->isAccepted())
+        updateMicroFocus();
+}
+
+QVariant TextView::inputMethodQuery(Qt::InputMethodQuery query) const {
+    const auto answer = AnswerInput(*this, state_, places_, query);
+    return answer ? *answer : QAbstractScrollArea::inputMethodQuery(query);
+}
+
+// --- mouse -------------------------------------------------------------------------------------------------
+
+void TextView::mousePressEvent(QMouseEvent* event) {
+    mouse_.Press(*event);
+}
+
+void TextView::mouseDoubleClickEvent(QMouseEvent* event) {
+    mouse_.DoubleClick(*event);
+}
+
+void TextView::mouseMoveEvent(QMouseEvent* event) {
+    mouse_.Move(*event);
+}
+
+void TextView::mouseReleaseEvent(QMouseEvent* event) {
+    const bool left = event->button() == Qt::LeftButton;
+    if (left)
+        mouse_.Release(*event);
+    Q_EMIT userReleased();
+    if (left)
+        Q_EMIT userClicked();
+}
+
+void TextView::wheelEvent(QWheelEvent* event) {
+    if (!event->modifiers().testFlag(Qt::ControlModifier))
+        return QAbstractScrollArea::wheelEvent(event);
+    wheelTurned_ += event->angleDelta().y();
+    if (const int steps = wheelTurned_ / QWheelEvent::DefaultDeltasPerStep; steps != 0) {
+        wheelTurned_ -= steps * QWheelEvent::DefaultDeltasPerStep;
+        Zoom(steps);
+    }
+    event->accept();
+}
+
+void TextView::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        places_.Show(Caret());
+        Q_EMIT contextMenuWanted(viewport()->mapToGlobal(RectAt(Caret()).bottomLeft()));
+    } else {
+        Q_EMIT userReleased(); // the menu takes the release
+        Q_EMIT contextMenuWanted(event->globalPos());
+    }
+    event->accept();
+}
+
+// --- drags -------------------------------------------------------------------------------------------------
+
+void TextView::dragEnterEvent(QDragEnterEvent* event) {
+    drag_.Take(*event);
+}
+
+void TextView::dragMoveEvent(QDragMoveEvent* event) {
+    drag_.Move(*event);
+}
+
+void TextView::dragLeaveEvent(QDragLeaveEvent* event) {
+    drag_.Leave();
+    event->accept();
+}
+
+void TextView::dropEvent(QDropEvent* event) {
+    drag_.Drop(*event);
 }
 
 } // namespace desktop
+
+#include "moc_TextView.cpp"

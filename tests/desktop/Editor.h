@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "desktop/text/TextSteps.h"
 #include "desktop/text/TextView.h"
 #include <QApplication>
 #include <QTest>

@@ -116,7 +116,7 @@ TEST(FindDialog, ShowsTheHitAlsoFromBehindTheList) {
     QCoreApplication::processEvents();
     const TextView& text = desk.Text();
     ASSERT_TRUE(text.isVisible());
-    EXPECT_EQ(text.SelectedText(u"\n"), QStringLiteral("n250"));
+    EXPECT_EQ(text.Model().SelText(), QStringLiteral("n250"));
     EXPECT_TRUE(text.viewport()->rect().contains(text.RectAt(text.Caret())));
     EXPECT_TRUE(desk.Dialog().isVisible());
 }
