@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/bind/ChoiceAdapter.h"
-#include "desktop/base/Listen.h"
 #include <QLineEdit>
 #include <QSignalBlocker>
 
 namespace desktop {
 
 ChoiceAdapter::ChoiceAdapter(controls::ComboBox& model, QComboBox& widget, QObject* parent)
-    : QObject(parent), model_(model), widget_(widget) {
+    : QObject(parent), model_(model), widget_(widget), events_(widget, this) {
+    events_.lostFocus = [this] { model_.LostFocus(); };
     widget.setInsertPolicy(QComboBox::NoInsert);
     if (QLineEdit* line = widget.lineEdit()) {
         widget.setCompleter(nullptr);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "desktop/base/ControlEvents.h"
 #include "platform/controls/Controls.h"
 #include <QComboBox>
 #include <QObject>
@@ -16,6 +17,7 @@ private:
     void Show();
     controls::ComboBox& model_;
     QComboBox& widget_;
+    ControlEvents events_;
 };
 
 } // namespace desktop

@@ -3,27 +3,20 @@
 #include "desktop/base/Listen.h"
 #include "desktop/base/ThemeIcons.h"
 #include "desktop/base/Twips.h"
-#include "desktop/bind/LineAdapter.h"
+#include "desktop/bind/BindControls.h"
 #include "ui_frmEditNodes.h"
 #include <QKeyEvent>
-#include <QScopedValueRollback>
 #include <QScreen>
 
 namespace desktop {
 
 namespace {
 
-// As typed: the plain text would turn hard blanks into common ones.
-QString Typed(const QPlainTextEdit& box) {
-    QString text = box.document()->toRawText();
-    text.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
-    return text;
-}
-
-QString Shown(QString text) {
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    return text;
+// Without an icon theme the style draws the arrow.
+void ShowArrow(QToolButton& button, const char* icon, Qt::ArrowType arrow) {
+    button.setIcon(ThemeIcon(QLatin1String(icon)));
+    if (button.icon().isNull())
+        button.setArrowType(arrow);
 }
 
 } // namespace
@@ -31,22 +24,26 @@ QString Shown(QString text) {
 EditNodesDialog::EditNodesDialog(frmEditNodes& form, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmEditNodes>()) {
     ui_->setupUi(this);
-    MakeLabel(form.lXPath, *ui_->lXPath);
-    MakeLabel(form.lNodeName, *ui_->lNodeName);
-    MakeLabel(form.lAttrs, *ui_->lAttrs);
-    MakeLabel(form.lText, *ui_->lText);
-    new LineAdapter(form.txtXPath, *ui_->txtXPath, this);
-    new LineAdapter(form.txtNodeName, *ui_->txtNodeName, this);
-    MakeBox(form.txtNodeAttrs, *ui_->txtNodeAttrs);
-    MakeBox(form.txtNodeText, *ui_->txtNodeText);
-    MakeArrow(form.cmdUp, *ui_->cmdUp, "go-up", Qt::UpArrow);
-    MakeArrow(form.cmdDown, *ui_->cmdDown, "go-down", Qt::DownArrow);
-    MakeArrow(form.cmdLeft, *ui_->cmdLeft, "go-previous", Qt::LeftArrow);
-    MakeArrow(form.cmdRight, *ui_->cmdRight, "go-next", Qt::RightArrow);
-    MakeButton(form.cmdOk, *ui_->cmdOk);
-    MakeButton(form.cmdCancel, *ui_->cmdCancel);
-    MakeOption(form.optTree, *ui_->optTree);
-    MakeOption(form.optList, *ui_->optList);
+    BindControls(*this, {{"lXPath", &form.lXPath},
+                         {"lNodeName", &form.lNodeName},
+                         {"lAttrs", &form.lAttrs},
+                         {"lText", &form.lText},
+                         {"txtXPath", &form.txtXPath},
+                         {"txtNodeName", &form.txtNodeName},
+                         {"txtNodeAttrs", &form.txtNodeAttrs},
+                         {"txtNodeText", &form.txtNodeText},
+                         {"cmdUp", &form.cmdUp},
+                         {"cmdDown", &form.cmdDown},
+                         {"cmdLeft", &form.cmdLeft},
+                         {"cmdRight", &form.cmdRight},
+                         {"cmdOk", &form.cmdOk},
+                         {"cmdCancel", &form.cmdCancel},
+                         {"optTree", &form.optTree},
+                         {"optList", &form.optList}});
+    ShowArrow(*ui_->cmdUp, "go-up", Qt::UpArrow);
+    ShowArrow(*ui_->cmdDown, "go-down", Qt::DownArrow);
+    ShowArrow(*ui_->cmdLeft, "go-previous", Qt::LeftArrow);
+    ShowArrow(*ui_->cmdRight, "go-next", Qt::RightArrow);
     for (QWidget* child : findChildren<QWidget*>())
         child->installEventFilter(this);
     Listen(form.unloaded, this, [this] { hide(); });
@@ -67,59 +64,6 @@ void EditNodesDialog::ShowForm() {
 
 void EditNodesDialog::reject() {
     form_.cmdCancel.Click();
-}
-
-void EditNodesDialog::MakeLabel(controls::Label& model, QLabel& label) {
-    const auto follow = [&model, &label] {
-        label.setText(model.Caption());
-        label.setVisible(model.Visible());
-    };
-    Listen(model.changed, this, follow);
-    follow();
-}
-
-void EditNodesDialog::MakeBox(controls::TextBox& model, QPlainTextEdit& box) {
-    const auto follow = [&model, &box] {
-        if (const QString text = Shown(model.Text()); text != Typed(box)) {
-            const QSignalBlocker quiet(box);
-            box.setPlainText(text);
-        }
-        box.setEnabled(model.Enabled());
-        box.setVisible(model.Visible());
-    };
-    connect(&box, &QPlainTextEdit::textChanged, this, [&model, &box] {
-        if (const QString text = Typed(box); text != Shown(model.Text()))
-            model.UserTyped(text);
-    });
-    Listen(model.changed, this, follow);
-    follow();
-}
-
-void EditNodesDialog::MakeButton(controls::CommandButton& model, QAbstractButton& button) {
-    const auto follow = [&model, &button] { button.setEnabled(model.Enabled()); };
-    connect(&button, &QAbstractButton::clicked, this, [&model] { model.Click(); });
-    Listen(model.changed, this, follow);
-    follow();
-}
-
-// Without an icon theme the style draws the arrow.
-void EditNodesDialog::MakeArrow(controls::CommandButton& model, QToolButton& button, const char* icon,
-                                Qt::ArrowType arrow) {
-    button.setIcon(ThemeIcon(QLatin1String(icon)));
-    if (button.icon().isNull())
-        button.setArrowType(arrow);
-    MakeButton(model, button);
-}
-
-void EditNodesDialog::MakeOption(controls::OptionButton& model, QAbstractButton& button) {
-    const auto follow = [&model, &button] { button.setChecked(model.Value()); };
-    connect(&button, &QAbstractButton::clicked, this, [&model, follow] {
-        if (!model.Value())
-            model.UserChose();
-        follow();
-    });
-    Listen(model.changed, this, follow);
-    follow();
 }
 
 bool EditNodesDialog::eventFilter(QObject* watched, QEvent* event) {

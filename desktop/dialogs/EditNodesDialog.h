@@ -7,10 +7,6 @@
 namespace Ui {
 class frmEditNodes;
 }
-class QAbstractButton;
-class QLabel;
-class QPlainTextEdit;
-class QToolButton;
 
 namespace desktop {
 
@@ -27,13 +23,6 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    void MakeLabel(controls::Label& model, QLabel& label);
-    void MakeBox(controls::TextBox& model, QPlainTextEdit& box);
-    void MakeButton(controls::CommandButton& model, QAbstractButton& button);
-    void MakeArrow(controls::CommandButton& model, QToolButton& button, const char* icon,
-                   Qt::ArrowType arrow);
-    void MakeOption(controls::OptionButton& model, QAbstractButton& button);
-
     frmEditNodes& form_;
     std::unique_ptr<Ui::frmEditNodes> ui_;
 };

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/dialogs/FindDialog.h"
-#include "desktop/base/ControlEvents.h"
 #include "desktop/base/Listen.h"
-#include "desktop/bind/ChoiceAdapter.h"
+#include "desktop/bind/BindControls.h"
 #include "desktop/text/TextView.h"
 #include "ui_frmFind.h"
 #include <QLineEdit>
@@ -13,22 +12,21 @@ namespace desktop {
 FindDialog::FindDialog(frmFind& form, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmFind>()) {
     ui_->setupUi(this);
-    MakeBox(form.cmbFind, *ui_->cmbFind);
-    MakeBox(form.cmbReplace, *ui_->cmbReplace);
-    MakeCheck(form.chkWW, *ui_->chkWW);
-    MakeCheck(form.chkMC, *ui_->chkMC);
-    MakeCheck(form.chkHL, *ui_->chkHL);
-    MakeOption(form.optDU, *ui_->optDU);
-    MakeOption(form.optDD, *ui_->optDD);
-    MakeOption(form.optDA, *ui_->optDA);
-    MakeButton(form.cmdFind, *ui_->cmdFind);
-    MakeButton(form.cmdReplace, *ui_->cmdReplace);
+    BindControls(*this, {{"cmbFind", &form.cmbFind},
+                         {"cmbReplace", &form.cmbReplace},
+                         {"chkWW", &form.chkWW},
+                         {"chkMC", &form.chkMC},
+                         {"chkHL", &form.chkHL},
+                         {"optDU", &form.optDU},
+                         {"optDD", &form.optDD},
+                         {"optDA", &form.optDA},
+                         {"cmdFind", &form.cmdFind},
+                         {"cmdReplace", &form.cmdReplace},
+                         {"cmdReplaceAll", &form.cmdReplaceAll},
+                         {"cmdDelete", &form.cmdDelete},
+                         {"cmdCancel", &form.cmdCancel}});
     for (const QPushButton* button : {ui_->cmdFind, ui_->cmdReplace})
-        connect(button, &QPushButton::clicked, this, &FindDialog::UncoverHit);
-    MakeButton(form.cmdReplaceAll, *ui_->cmdReplaceAll);
-    MakeButton(form.cmdDelete, *ui_->cmdDelete);
-    MakeButton(form.cmdCancel, *ui_->cmdCancel);
-    ui_->cmdDelete->setText(form.cmdDelete.Caption);
+        connect(button, &QPushButton::clicked, this, &FindDialog::UncoverHit); // behind the search
     Listen(form.unloaded, this, [this] { hide(); });
 }
 
@@ -73,34 +71,6 @@ void FindDialog::UncoverHit() {
 
 void FindDialog::reject() {
     form_.cmdCancel.Click();
-}
-
-void FindDialog::MakeBox(controls::ComboBox& model, QComboBox& widget) {
-    new ChoiceAdapter(model, widget, this);
-    boxEvents_.push_back(std::make_unique<ControlEvents>(widget, nullptr));
-    boxEvents_.back()->lostFocus = [&model] { model.LostFocus(); };
-}
-
-void FindDialog::MakeCheck(controls::CheckBox& model, QCheckBox& widget) {
-    const auto showValue = [&model, &widget] { widget.setChecked(model.Value() == 1); };
-    showValue();
-    Listen(model.changed, &widget, showValue);
-    connect(&widget, &QCheckBox::clicked, this, [&model](bool ticked) { model.UserSet(ticked); });
-}
-
-void FindDialog::MakeOption(controls::OptionButton& model, QRadioButton& widget) {
-    // Unchecking follows from another one of the group being checked.
-    const auto showValue = [&model, &widget] {
-        if (model.Value())
-            widget.setChecked(true);
-    };
-    showValue();
-    Listen(model.changed, &widget, showValue);
-    connect(&widget, &QRadioButton::clicked, this, [&model] { model.UserChose(); });
-}
-
-void FindDialog::MakeButton(controls::CommandButton& model, QPushButton& widget) {
-    connect(&widget, &QPushButton::clicked, this, [&model] { model.Click(); });
 }
 
 } // namespace desktop

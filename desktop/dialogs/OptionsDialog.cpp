@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/dialogs/OptionsDialog.h"
 #include "desktop/base/Colours.h"
-#include "desktop/bind/ChoiceAdapter.h"
-#include "desktop/bind/LineAdapter.h"
-#include "desktop/bind/TabAdapter.h"
+#include "desktop/base/Listen.h"
+#include "desktop/bind/BindControls.h"
 #include "platform/text/TextTools.h"
 #include "ui_frmOptions.h"
 #include <algorithm>
@@ -28,12 +27,30 @@ void ShowSample(const ColourSample& sample, QLineEdit& widget) {
 OptionsDialog::OptionsDialog(frmOptions& form, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmOptions>()) {
     ui_->setupUi(this);
-    MakePages();
-    MakeColours();
-    MakeButton(form.cmdFont, *ui_->cmdFont);
-    MakeButton(form.cmdOK, *ui_->cmdOK);
-    MakeButton(form.cmdCancel, *ui_->cmdCancel);
-    MakeButton(form.cmdApply, *ui_->cmdApply);
+    BindControls(*this, {{"tbsOptions", &form.tbsOptions},
+                         {"txtTNTLen", &form.txtTNTLen},
+                         {"txtTTLen", &form.txtTTLen},
+                         {"txtUndoSteps", &form.txtUndoSteps},
+                         {"cmbEnc", &form.cmbEnc},
+                         {"txtFontName", &form.txtFontName},
+                         {"cmbSize", &form.cmbSize},
+                         {"cmdFont", &form.cmdFont},
+                         {"txtGL", Sample(form.txtGL, *ui_->cmdColor0)},
+                         {"txtSlash", Sample(form.txtSlash, *ui_->cmdColor1)},
+                         {"txtEqual", Sample(form.txtEqual, *ui_->cmdColor2)},
+                         {"txtComment", Sample(form.txtComment, *ui_->cmdColor3)},
+                         {"cmdColor0", &form.cmdColor[0]},
+                         {"cmdColor1", &form.cmdColor[1]},
+                         {"cmdColor2", &form.cmdColor[2]},
+                         {"cmdColor3", &form.cmdColor[3]},
+                         {"cmdOK", &form.cmdOK},
+                         {"cmdCancel", &form.cmdCancel},
+                         {"cmdApply", &form.cmdApply}});
+    for (controls::Event<>* event : {&form.txtFontName.changed, &form.cmbSize.changed})
+        Listen(*event, this, [this] { ShowFont(); });
+    ui_->fontSample->setBackgroundRole(QPalette::Base);
+    ui_->fontSample->setForegroundRole(QPalette::Text);
+    ShowFont();
     Listen(form.unloaded, this, [this] { accept(); });
     setFixedSize(sizeHint());
 }
@@ -44,46 +61,15 @@ void OptionsDialog::reject() {
     form_.cmdCancel.Click();
 }
 
-void OptionsDialog::MakePages() {
-    new TabAdapter(
-        form_.tbsOptions, *ui_->tbsOptions, *ui_->pages,
-        {{QStringLiteral("parameters"), ui_->parameters}, {QStringLiteral("textview"), ui_->textview}}, this);
-    new LineAdapter(form_.txtTNTLen, *ui_->txtTNTLen, this);
-    new LineAdapter(form_.txtTTLen, *ui_->txtTTLen, this);
-    new LineAdapter(form_.txtUndoSteps, *ui_->txtUndoSteps, this);
-    new ChoiceAdapter(form_.cmbEnc, *ui_->cmbEnc, this);
-    new LineAdapter(form_.txtFontName, *ui_->txtFontName, this);
-    new ChoiceAdapter(form_.cmbSize, *ui_->cmbSize, this);
-    for (controls::Event<>* event : {&form_.txtFontName.changed, &form_.cmbSize.changed})
-        Listen(*event, this, [this] { ShowFont(); });
-    ui_->fontSample->setBackgroundRole(QPalette::Base);
-    ui_->fontSample->setForegroundRole(QPalette::Text);
-    ShowFont();
-}
-
-void OptionsDialog::MakeColours() {
-    struct Row {
-        ColourSample& sample;
-        QLineEdit& widget;
-        QPushButton& button;
+/// Shows a sample in its colour. Its button has the same text for a name.
+std::function<void(QWidget&)> OptionsDialog::Sample(ColourSample& sample, QPushButton& button) {
+    return [this, &sample, &button](QWidget& widget) {
+        auto& line = static_cast<QLineEdit&>(widget);
+        line.setText(sample.Text);
+        ShowSample(sample, line);
+        Listen(sample.changed, this, [&sample, &line] { ShowSample(sample, line); });
+        button.setAccessibleName(ui_->fraColors->title() + QLatin1Char(' ') + sample.Text);
     };
-    const std::array<Row, 4> rows = {{{form_.txtGL, *ui_->txtGL, *ui_->cmdColor0},
-                                      {form_.txtSlash, *ui_->txtSlash, *ui_->cmdColor1},
-                                      {form_.txtEqual, *ui_->txtEqual, *ui_->cmdColor2},
-                                      {form_.txtComment, *ui_->txtComment, *ui_->cmdColor3}}};
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        const Row& row = rows[i];
-        row.widget.setText(row.sample.Text);
-        ShowSample(row.sample, row.widget);
-        Listen(row.sample.changed, this,
-               [&sample = row.sample, &widget = row.widget] { ShowSample(sample, widget); });
-        row.button.setAccessibleName(ui_->fraColors->title() + QLatin1Char(' ') + row.sample.Text);
-        MakeButton(form_.cmdColor[i], row.button);
-    }
-}
-
-void OptionsDialog::MakeButton(controls::CommandButton& model, QPushButton& button) {
-    connect(&button, &QPushButton::clicked, this, [&model] { model.Click(); });
 }
 
 void OptionsDialog::ShowFont() {

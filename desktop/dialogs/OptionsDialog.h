@@ -2,13 +2,12 @@
 #pragma once
 #include "shell/frmOptions.h"
 #include <QDialog>
+#include <functional>
 #include <memory>
 
 namespace Ui {
 class frmOptions;
 }
-class QComboBox;
-class QLineEdit;
 class QPushButton;
 
 namespace desktop {
@@ -21,9 +20,7 @@ public:
     void reject() override; ///< Esc and the title bar's button cancel
 
 private:
-    void MakePages();
-    void MakeColours();
-    void MakeButton(controls::CommandButton& model, QPushButton& button);
+    std::function<void(QWidget&)> Sample(ColourSample& sample, QPushButton& button);
     void ShowFont();
 
     frmOptions& form_;
