@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/frame/GivenNames.h"
+#include "core/model/mXMLEdit.h"
 #include <QDir>
 #include <QFileInfo>
 #include <QMimeData>
@@ -9,13 +10,8 @@ namespace desktop {
 
 namespace {
 
-bool IsWebScheme(const QString& scheme) {
-    return scheme == QLatin1String("http") || scheme == QLatin1String("https");
-}
-
-bool IsAddress(const QString& name) {
-    const qsizetype colon = name.indexOf(QStringLiteral("://"));
-    return colon > 0 && IsWebScheme(name.left(colon).toLower());
+bool IsWebAddress(const QString& name) {
+    return mXMLEdit::GetAddressType(name) == 2;
 }
 
 QString WithoutQuotes(QString name) {
@@ -27,13 +23,10 @@ QString WithoutQuotes(QString name) {
     return name;
 }
 
-bool IsDrivePath(const QString& name) {
-    return name.size() >= 2 && name[0].isLetter() && name[1] == QLatin1Char(':');
-}
-
 /// One document has one name: dots are taken out of it, unless that leads to another file over a link.
 QString Absolute(const QString& name) {
-    if (name.isEmpty() || IsAddress(name) || IsDrivePath(name))
+    const bool drivePath = mXMLEdit::IsLocalPath(name) && QDir::isRelativePath(name);
+    if (name.isEmpty() || IsWebAddress(name) || drivePath)
         return name;
     if (const QUrl url(name); url.isLocalFile())
         return url.toLocalFile();
@@ -50,8 +43,8 @@ QStringList DroppedNames(const QMimeData& data) {
     for (const QUrl& url : data.urls()) {
         if (url.isLocalFile())
             names += url.toLocalFile();
-        else if (IsWebScheme(url.scheme()))
-            names += url.toString(QUrl::FullyEncoded);
+        else if (const QString address = url.toString(QUrl::FullyEncoded); IsWebAddress(address))
+            names += address;
     }
     return names;
 }
