@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/frame/DocumentView.h"
 #include "core/sync/Views.h"
+#include "desktop/base/Listen.h"
 #include "desktop/base/Twips.h"
 #include "desktop/bind/LineAdapter.h"
 #include "desktop/bind/TabAdapter.h"
@@ -15,73 +16,101 @@
 
 namespace desktop {
 
-struct DocumentView::Adapters {
-    Adapters(DocumentWindow& window, const Ui::frmXMLEdit& ui, const QHash<QString, QWidget*>& pages)
-        : tree(window.tvXML, *ui.tvXML, nullptr),
-          list(window.ListView1, {*ui.listview, *ui.ListView1, *ui.ListView1Icons}, nullptr),
-          cells(window, *ui.ListView1), text(window.rtxtXML, *ui.rtxtXML, nullptr),
-          text2(window.rtxtXML2, *ui.rtxtXML2, nullptr), path(window.txtXPath, *ui.txtXPath, nullptr),
-          browser(window.IE, *ui.browserview, nullptr),
-          tabs(window.tbsXML, *ui.tbsXML, *ui.pages, pages, nullptr), dragging(window, ui) {}
-    TreeAdapter tree;
-    ListAdapter list;
-    ListEditing cells;
-    TextAdapter text, text2;
-    LineAdapter path;
-    BrowserAdapter browser;
-    TabAdapter tabs;
-    DocumentDragging dragging;
+namespace {
+
+QHash<QString, QWidget*> PagesOf(const Ui::frmXMLEdit& ui) {
+    return {
+        {QStringLiteral("listview"), ui.listview},       {QStringLiteral("textview"), ui.textview},
+        {QStringLiteral("tableview"), ui.tableview},     {QStringLiteral("browserview"), ui.browserview},
+        {QStringLiteral("compactview"), ui.compactview}, {QStringLiteral("schema"), ui.txtSchema},
+    };
+}
+
+} // namespace
+
+/// Joins the widgets with the document, as long as it lives.
+class DocumentView::Bond : public QObject {
+public:
+    Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int width);
+    ~Bond() override;
+    const DocumentWindow& Window() const { return window_; }
+
+private:
+    void ConnectSplitters(int width);
+    void ConnectSchema();
+    void ShowSecondPane();
+
+    DocumentWindow& window_;
+    const Ui::frmXMLEdit& ui_;
+    TreeAdapter tree_;
+    ListAdapter list_;
+    ListEditing cells_;
+    TextAdapter text_, text2_;
+    LineAdapter path_;
+    BrowserAdapter browser_;
+    TabAdapter tabs_;
+    DocumentDragging dragging_;
 };
 
+DocumentView::Bond::Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int width)
+    : window_(window), ui_(ui), tree_(window.tvXML, *ui.tvXML, nullptr),
+      list_(window.ListView1, {*ui.listview, *ui.ListView1, *ui.ListView1Icons}, nullptr),
+      cells_(window, *ui.ListView1), text_(window.rtxtXML, *ui.rtxtXML, nullptr),
+      text2_(window.rtxtXML2, *ui.rtxtXML2, nullptr), path_(window.txtXPath, *ui.txtXPath, nullptr),
+      browser_(window.IE, *ui.browserview, nullptr),
+      tabs_(window.tbsXML, *ui.tbsXML, *ui.pages, PagesOf(ui), nullptr), dragging_(window, ui) {
+    ConnectSplitters(width);
+    ConnectSchema();
+    ui.rtxtXML->isInUse = [&window] { return &window.TextInUse() == &window.rtxtXML; };
+    ui.rtxtXML2->isInUse = [&window] { return &window.TextInUse() == &window.rtxtXML2; };
+}
+
+DocumentView::Bond::~Bond() {
+    for (TextView* pane : {ui_.rtxtXML, ui_.rtxtXML2})
+        pane->isInUse = nullptr;
+}
+
+void DocumentView::Bond::ConnectSplitters(int width) {
+    ui_.pctSplit->setStretchFactor(0, 0);
+    ui_.pctSplit->setStretchFactor(1, 1);
+    const int left = ToPixels(window_.msngVSplit);
+    ui_.pctSplit->setSizes({left, std::max(width - left, left)});
+    connect(ui_.pctSplit, &QSplitter::splitterMoved, this,
+            [this](int position) { SetVSplitPosition(window_, ToTwips(position)); });
+    ShowSecondPane();
+    Listen(window_.pctSplitText.changed, this, [this] { ShowSecondPane(); });
+}
+
+void DocumentView::Bond::ShowSecondPane() {
+    const bool split = window_.pctSplitText.Visible();
+    ui_.rtxtXML2->setVisible(split);
+    if (split) // half for each
+        ui_.textview->setSizes({ui_.textview->height(), ui_.textview->height()});
+}
+
+void DocumentView::Bond::ConnectSchema() {
+    const auto show = [this] { ui_.txtSchema->setPlainText(window_.txtSchema.Text()); };
+    show();
+    Listen(window_.txtSchema.changed, this, show);
+    Listen(window_.txtSchema.focusRequested, this, [this] { ui_.txtSchema->setFocus(Qt::OtherFocusReason); });
+}
+
 DocumentView::DocumentView(DocumentWindow& window, QWidget* parent)
-    : QWidget(parent), window_(&window), ui_(std::make_unique<Ui::frmXMLEdit>()) {
+    : QWidget(parent), ui_(std::make_unique<Ui::frmXMLEdit>()) {
     ui_->setupUi(this);
     setObjectName(window.kind.Name);
-    MakeAdapters();
-    ConnectLayout();
+    bond_ = std::make_unique<Bond>(window, *ui_, width());
+    ConnectContextMenus();
     new TreeTip(*ui_->tvXML, window.app.options);
 }
 
 DocumentView::~DocumentView() = default;
 
-void DocumentView::MakeAdapters() {
-    const QHash<QString, QWidget*> pages{
-        {QStringLiteral("listview"), ui_->listview},       {QStringLiteral("textview"), ui_->textview},
-        {QStringLiteral("tableview"), ui_->tableview},     {QStringLiteral("browserview"), ui_->browserview},
-        {QStringLiteral("compactview"), ui_->compactview}, {QStringLiteral("schema"), ui_->txtSchema},
-    };
-    adapters_ = std::make_unique<Adapters>(*window_, *ui_, pages);
+void DocumentView::Detach() {
+    bond_.reset();
 }
 
-void DocumentView::ConnectLayout() {
-    ui_->pctSplit->setStretchFactor(0, 0);
-    ui_->pctSplit->setStretchFactor(1, 1);
-    const int left = ToPixels(window_->msngVSplit);
-    ui_->pctSplit->setSizes({left, std::max(width() - left, left)});
-    connect(ui_->pctSplit, &QSplitter::splitterMoved, this, [this](int position) {
-        if (window_)
-            SetVSplitPosition(*window_, ToTwips(position));
-    });
-
-    const auto showSecondPane = [this] {
-        if (!window_)
-            return;
-        ui_->rtxtXML2->setVisible(window_->pctSplitText.Visible());
-        if (window_->pctSplitText.Visible()) // half for each
-            ui_->textview->setSizes({ui_->textview->height(), ui_->textview->height()});
-    };
-    showSecondPane();
-    Listen(window_->pctSplitText.changed, this, showSecondPane);
-
-    const auto showSchema = [this] {
-        if (window_)
-            ui_->txtSchema->setPlainText(window_->txtSchema.Text());
-    };
-    showSchema();
-    Listen(window_->txtSchema.changed, this, showSchema);
-    Listen(window_->txtSchema.focusRequested, this,
-           [this] { ui_->txtSchema->setFocus(Qt::OtherFocusReason); });
-
+void DocumentView::ConnectContextMenus() {
     for (QAbstractItemView* view :
          {static_cast<QAbstractItemView*>(ui_->tvXML), static_cast<QAbstractItemView*>(ui_->ListView1),
           static_cast<QAbstractItemView*>(ui_->ListView1Icons)}) {
@@ -92,13 +121,6 @@ void DocumentView::ConnectLayout() {
     }
     for (const TextView* pane : {ui_->rtxtXML, ui_->rtxtXML2})
         connect(pane, &TextView::contextMenuWanted, this, &DocumentView::contextMenuWanted);
-    ui_->rtxtXML->isInUse = [this] { return window_ && &window_->TextInUse() == &window_->rtxtXML; };
-    ui_->rtxtXML2->isInUse = [this] { return window_ && &window_->TextInUse() == &window_->rtxtXML2; };
-}
-
-void DocumentView::Detach() {
-    adapters_.reset();
-    window_ = nullptr;
 }
 
 QWidget* DocumentView::Page() const {
@@ -107,7 +129,7 @@ QWidget* DocumentView::Page() const {
         return ui_->listview->currentWidget();
     if (page != ui_->textview)
         return page;
-    return window_ && window_->brtxtXML2Focus && !ui_->rtxtXML2->isHidden() ? ui_->rtxtXML2 : ui_->rtxtXML;
+    return bond_->Window().brtxtXML2Focus && !ui_->rtxtXML2->isHidden() ? ui_->rtxtXML2 : ui_->rtxtXML;
 }
 
 void DocumentView::FocusFirst() {

@@ -17,7 +17,7 @@ public:
     explicit DocumentView(DocumentWindow& window, QWidget* parent = nullptr);
     ~DocumentView() override;
 
-    /// Lets go of the document: from now on it may be destroyed.
+    /// Lets go of the document: from now on it may be destroyed, and nothing else may be asked here.
     void Detach();
     /// Gives the focus to the tree, or to the text when its tab is shown.
     void FocusFirst();
@@ -28,14 +28,12 @@ Q_SIGNALS:
     void contextMenuWanted(const QPoint& globalPlace);
 
 private:
-    struct Adapters;
-    void MakeAdapters();
-    void ConnectLayout();
+    class Bond;
+    void ConnectContextMenus();
     QWidget* Page() const; ///< what takes the focus on the page that is shown
 
-    DocumentWindow* window_; ///< null once detached
     std::unique_ptr<Ui::frmXMLEdit> ui_;
-    std::unique_ptr<Adapters> adapters_;
+    std::unique_ptr<Bond> bond_; ///< null once detached
 };
 
 } // namespace desktop

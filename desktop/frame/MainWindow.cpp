@@ -53,9 +53,10 @@ MainWindow::MainWindow(frmMDIMain& frame) : frame_(frame), ui_(std::make_unique<
             frame_.OpenNamed(name);
     });
     FollowFrame();
+    FollowDialogs();
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, [this] { frame_.RefreshMenu(); });
     for (DocumentWindow* window : frame_.Forms())
-        FormAdded(window);
+        FormAdded(*window);
     ActiveFormChanged(frame_.ActiveForm());
 }
 
@@ -139,8 +140,8 @@ void MainWindow::NextPane(int step) {
 
 void MainWindow::FollowFrame() {
     connect(ui_->MDIArea, &QMdiArea::subWindowActivated, this, &MainWindow::SubWindowActivated);
-    Listen(frame_.formAdded, this, [this](DocumentWindow* window) { FormAdded(window); });
-    Listen(frame_.formRemoved, this, [this](DocumentWindow* window) { FormRemoved(window); });
+    Listen(frame_.formAdded, this, [this](DocumentWindow* window) { FormAdded(*window); });
+    Listen(frame_.formRemoved, this, [this](DocumentWindow* window) { FormRemoved(*window); });
     Listen(frame_.activeFormChanged, this, [this](DocumentWindow* window) { ActiveFormChanged(window); });
     Listen(frame_.arranged, this, [this](int code) {
         // A window that changes its shape gives the focus to the next widget.
@@ -156,13 +157,15 @@ void MainWindow::FollowFrame() {
             QGuiApplication::restoreOverrideCursor();
     });
     Listen(frame_.ended, this, [] { QCoreApplication::exit(0); });
+}
+
+void MainWindow::FollowDialogs() {
     Listen(frame_.optionsShown, this, [this](frmOptions& options) { OptionsDialog(options, this).exec(); });
-    Listen(frame_.editNodesShown, this,
-           [this, dialog = std::make_shared<QPointer<EditNodesDialog>>()](frmEditNodes& form) {
-               if (!*dialog)
-                   *dialog = new EditNodesDialog(form, this);
-               (*dialog)->ShowForm();
-           });
+    Listen(frame_.editNodesShown, this, [this](frmEditNodes& form) {
+        if (!editNodes_)
+            editNodes_ = new EditNodesDialog(form, this);
+        editNodes_->ShowForm();
+    });
     Listen(frame_.findShown, this, [this](frmFind& form) {
         if (!find_)
             find_ = new FindDialog(form, this);
@@ -182,11 +185,11 @@ DocumentSubWindow* MainWindow::SubWindow(const DocumentWindow* window) const {
     return nullptr;
 }
 
-void MainWindow::FormAdded(DocumentWindow* window) {
+void MainWindow::FormAdded(DocumentWindow& window) {
     const QScopedValueRollback guard(following_, true);
     const QMdiSubWindow* active = ui_->MDIArea->activeSubWindow();
     const bool maximised = !active || active->isMaximized();
-    auto* sub = new DocumentSubWindow(*window);
+    auto* sub = new DocumentSubWindow(window);
     connect(sub, &DocumentSubWindow::closeWanted, this, [this, sub] {
         if (sub->Window())
             frame_.CloseForm(sub->Window());
@@ -201,9 +204,9 @@ void MainWindow::FormAdded(DocumentWindow* window) {
 }
 
 // The widgets may be in the middle of an event: they let go of the document now and disappear later.
-void MainWindow::FormRemoved(DocumentWindow* window) {
+void MainWindow::FormRemoved(const DocumentWindow& window) {
     const QScopedValueRollback guard(following_, true);
-    DocumentSubWindow* sub = SubWindow(window);
+    DocumentSubWindow* sub = SubWindow(&window);
     if (!sub)
         return;
     nextMaximised_ = sub->isMaximized();

@@ -15,6 +15,7 @@ class frmMDIMain;
 namespace desktop {
 
 class DocumentSubWindow;
+class EditNodesDialog;
 class FindDialog;
 
 /// The widgets of the frame: menu bar, toolbars, address box, status bar, and a sub-window for each document.
@@ -36,8 +37,9 @@ private:
     void MakeAddressBox(QToolBar& bar);
     void MakeShortcuts();
     void FollowFrame();
-    void FormAdded(DocumentWindow* window);
-    void FormRemoved(DocumentWindow* window);
+    void FollowDialogs();
+    void FormAdded(DocumentWindow& window);
+    void FormRemoved(const DocumentWindow& window);
     void ActiveFormChanged(DocumentWindow* window);
     void SubWindowActivated(QMdiSubWindow* window);
     void ShowPopup(const QPoint& globalPlace);
@@ -48,7 +50,9 @@ private:
     std::unique_ptr<Ui::frmMDIMain> ui_;
     QMenu* popup_ = nullptr;
     QComboBox* address_ = nullptr;
-    FindDialog* find_ = nullptr; ///< made when it is asked for first
+    // Made when they are asked for first.
+    EditNodesDialog* editNodes_ = nullptr;
+    FindDialog* find_ = nullptr;
     bool following_ = false;     ///< the frame changes its windows: the area's signals aren't the user's
     bool nextMaximised_ = false; ///< the window that was closed last was
     bool clicked_ = false; ///< the frame follows a click: the area shows the window already, an icon as one
