@@ -70,33 +70,35 @@ bool ControlEvents::eventFilter(QObject*, QEvent* event) {
         if (!KeepsFocus(static_cast<QFocusEvent*>(event)->reason()))
             FocusOut();
         break;
-    case QEvent::KeyPress: {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        pressed_.insert(key->key(), key->modifiers());
-        if (keyDown) {
-            int code = key->key();
-            keyDown(code, static_cast<int>(key->modifiers()));
-            if (code != key->key())
-                return true;
-        }
+    case QEvent::KeyPress:
+        return KeyPressed(*static_cast<QKeyEvent*>(event));
+    case QEvent::KeyRelease:
+        KeyReleased(*static_cast<QKeyEvent*>(event));
         break;
-    }
-    case QEvent::KeyRelease: {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        const auto pressed = pressed_.constFind(key->key());
-        if (pressed == pressed_.constEnd())
-            break;
-        const Qt::KeyboardModifiers modifiers = *pressed;
-        if (!key->isAutoRepeat())
-            pressed_.erase(pressed);
-        if (keyUp && (!key->isAutoRepeat() || CountsRepeats(key->key())))
-            keyUp(key->key(), static_cast<int>(modifiers));
-        break;
-    }
     default:
         break;
     }
     return false;
+}
+
+/// True when the control uses the key up.
+bool ControlEvents::KeyPressed(const QKeyEvent& event) {
+    pressed_.insert(event.key(), event.modifiers());
+    int key = event.key();
+    if (keyDown)
+        keyDown(key, static_cast<int>(event.modifiers()));
+    return key != event.key();
+}
+
+void ControlEvents::KeyReleased(const QKeyEvent& event) {
+    const auto pressed = pressed_.constFind(event.key());
+    if (pressed == pressed_.constEnd())
+        return;
+    const Qt::KeyboardModifiers modifiers = *pressed;
+    if (!event.isAutoRepeat())
+        pressed_.erase(pressed);
+    if (keyUp && (!event.isAutoRepeat() || CountsRepeats(event.key())))
+        keyUp(event.key(), static_cast<int>(modifiers));
 }
 
 // A box that opens while a mouse press moves the focus has taken that press: without this the click would go

@@ -6,18 +6,19 @@
 #include <QWidget>
 #include <functional>
 
+class QKeyEvent;
+
 namespace desktop {
 
 /// Watches a widget and hands its focus changes and keys to a control model.
 /// The focus counts as kept while a menu is open or another program or a dialog is in front. A key that was
 /// pressed elsewhere (the Enter that closed a box) raises nothing when it is released here. A released key
-/// counts with the modifiers it was pressed with: who lets go of Ctrl first has pressed Ctrl and the key all
-/// the same.
+/// counts with the modifiers it was pressed with, also when Ctrl is let go first.
 class ControlEvents : public QObject {
 public:
     ControlEvents(QWidget& widget, QObject* parent);
     std::function<void()> gotFocus, lostFocus;
-    /// A handler that uses a key up changes its code, and the widget doesn't get it.
+    /// A handler that uses a key up changes `key`, and the widget doesn't get it.
     std::function<void(int& key, int modifiers)> keyDown;
     std::function<void(int key, int modifiers)> keyUp;
 
@@ -40,6 +41,8 @@ public:
 
 private:
     void FocusOut();
+    bool KeyPressed(const QKeyEvent& event);
+    void KeyReleased(const QKeyEvent& event);
     QHash<int, Qt::KeyboardModifiers> pressed_;
     bool hasFocus_ = false;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/nodes/ListModel.h"
+#include "desktop/base/Listen.h"
 #include "desktop/base/OneLine.h"
-#include <QPointer>
 #include <utility>
 
 namespace desktop {
@@ -24,30 +24,20 @@ ListModel::ListModel(controls::ListView& list, IconOf iconOf, QObject* parent)
 }
 
 void ListModel::Follow() {
-    const QPointer<ListModel> self(this); // the list outlives the model
-    const auto whileAlive = [self](auto act) {
-        return [self, act](auto... args) {
-            if (self)
-                act(*self, args...);
-        };
-    };
-    list_.aboutToReset.connect(whileAlive([](ListModel& model) {
-        model.beginResetModel();
-        model.replacing_ = true;
-    }));
-    list_.reset.connect(whileAlive([](ListModel& model) {
-        model.replacing_ = false;
-        model.endResetModel();
-    }));
-    list_.aboutToInsert.connect(
-        whileAlive([](ListModel& model, int row) { model.beginInsertRows({}, row, row); }));
-    list_.inserted.connect(whileAlive([](ListModel& model, int) { model.endInsertRows(); }));
-    list_.aboutToRemove.connect(
-        whileAlive([](ListModel& model, int row) { model.beginRemoveRows({}, row, row); }));
-    list_.removed.connect(whileAlive([](ListModel& model, int) { model.endRemoveRows(); }));
-    list_.changed.connect(whileAlive([](ListModel& model, int row) {
-        Q_EMIT model.dataChanged(model.index(row - 1, 0), model.index(row - 1, kColumns - 1));
-    }));
+    Listen(list_.aboutToReset, this, [this] {
+        beginResetModel();
+        replacing_ = true;
+    });
+    Listen(list_.reset, this, [this] {
+        replacing_ = false;
+        endResetModel();
+    });
+    Listen(list_.aboutToInsert, this, [this](int row) { beginInsertRows({}, row, row); });
+    Listen(list_.inserted, this, [this](int) { endInsertRows(); });
+    Listen(list_.aboutToRemove, this, [this](int row) { beginRemoveRows({}, row, row); });
+    Listen(list_.removed, this, [this](int) { endRemoveRows(); });
+    Listen(list_.changed, this,
+           [this](int row) { Q_EMIT dataChanged(index(row - 1, 0), index(row - 1, kColumns - 1)); });
 }
 
 int ListModel::rowCount(const QModelIndex& parent) const {

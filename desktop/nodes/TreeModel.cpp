@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/nodes/TreeModel.h"
+#include "desktop/base/Listen.h"
 #include "desktop/base/OneLine.h"
-#include <QPointer>
 #include <utility>
 
 namespace desktop {
@@ -15,40 +15,28 @@ TreeModel::TreeModel(controls::TreeView& tree, IconOf iconOf, QObject* parent)
 }
 
 void TreeModel::Follow() {
-    // The tree outlives the model, and its events know no way to leave: each listener asks whether the model
-    // lives.
-    const QPointer<TreeModel> self(this);
-    const auto whileAlive = [self](auto act) {
-        return [self, act](const auto&... args) {
-            if (self)
-                act(*self, args...);
-        };
-    };
-    tree_.aboutToReset.connect(whileAlive([](TreeModel& model) {
-        model.beginResetModel();
-        model.replacing_ = true;
-    }));
-    tree_.reset.connect(whileAlive([](TreeModel& model) {
-        model.replacing_ = false;
-        model.selected_ = model.tree_.SelectedItem();
-        model.endResetModel();
-    }));
-    tree_.aboutToInsert.connect(whileAlive([](TreeModel& model, const TreeNode& family, int first, int last) {
-        model.beginInsertRows(model.IndexOf(family), first, last);
-    }));
-    tree_.inserted.connect(
-        whileAlive([](TreeModel& model, const TreeNode&, int, int) { model.endInsertRows(); }));
-    tree_.aboutToRemove.connect(whileAlive([](TreeModel& model, const TreeNode& family, int first, int last) {
-        model.beginRemoveRows(model.IndexOf(family), first, last);
-    }));
-    tree_.removed.connect(
-        whileAlive([](TreeModel& model, const TreeNode&, int, int) { model.endRemoveRows(); }));
-    tree_.changed.connect(whileAlive([](TreeModel& model, const TreeNode& node) {
-        const QModelIndex index = model.IndexOf(node);
-        Q_EMIT model.dataChanged(index, index);
-    }));
-    tree_.selectionChanged.connect(
-        whileAlive([](TreeModel& model, const TreeNode& selected) { model.ShowSelection(selected); }));
+    Listen(tree_.aboutToReset, this, [this] {
+        beginResetModel();
+        replacing_ = true;
+    });
+    Listen(tree_.reset, this, [this] {
+        replacing_ = false;
+        selected_ = tree_.SelectedItem();
+        endResetModel();
+    });
+    Listen(tree_.aboutToInsert, this, [this](const TreeNode& family, int first, int last) {
+        beginInsertRows(IndexOf(family), first, last);
+    });
+    Listen(tree_.inserted, this, [this](const TreeNode&, int, int) { endInsertRows(); });
+    Listen(tree_.aboutToRemove, this, [this](const TreeNode& family, int first, int last) {
+        beginRemoveRows(IndexOf(family), first, last);
+    });
+    Listen(tree_.removed, this, [this](const TreeNode&, int, int) { endRemoveRows(); });
+    Listen(tree_.changed, this, [this](const TreeNode& node) {
+        const QModelIndex index = IndexOf(node);
+        Q_EMIT dataChanged(index, index);
+    });
+    Listen(tree_.selectionChanged, this, [this](const TreeNode& selected) { ShowSelection(selected); });
 }
 
 void TreeModel::ShowSelection(const TreeNode& selected) {
