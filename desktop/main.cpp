@@ -15,7 +15,7 @@
 
 namespace {
 
-// The web engine refuses to start its sandbox for root; for everybody else the sandbox stays. Where it can't
+// The web engine refuses to start its sandbox for root; for other users the sandbox stays. Where it can't
 // have shared memory it would end the whole program, so it is told to use files instead.
 void PrepareWebEngine() {
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);

@@ -9,7 +9,7 @@
 
 namespace desktop {
 
-/// An item view that leaves it to somebody else what a drag of its items carries, and what is copied.
+/// An item view that leaves it to others what a drag of its items carries, and what is copied.
 template <typename View> class DragView : public View {
 public:
     using View::View;

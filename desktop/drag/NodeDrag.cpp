@@ -18,7 +18,7 @@ QString NodesFormat() {
     return QStringLiteral("application/x-vantrel-nodes-%1").arg(QCoreApplication::applicationPid());
 }
 
-/// A large part of a document is written only when somebody takes it.
+/// A large part of a document is written only when it is taken.
 class NodesMime : public QMimeData {
 public:
     explicit NodesMime(std::function<QString()> text) : make_(std::move(text)) {}

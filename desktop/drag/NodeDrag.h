@@ -19,7 +19,7 @@ struct DragSource {
     std::function<void()> ended;
 };
 
-/// Drags what is selected in a view. Other programs get it as text; it is made when somebody asks for it.
+/// Drags what is selected in a view. Other programs get it as text; it is made when it is asked for.
 class NodeDrag : public QObject {
 public:
     NodeDrag(QAbstractItemView& view, DragSource source, QObject* parent);

@@ -93,7 +93,7 @@ void NodeDrop::Move(QDropEvent& event) {
     if (taken)
         Mark(under);
     mark_->setVisible(taken);
-    event.setDropAction(Qt::CopyAction); // whoever drags would take away what is moved
+    event.setDropAction(Qt::CopyAction); // the source of the drag would take away what is moved
     event.setAccepted(taken);
 }
 

@@ -11,7 +11,7 @@ namespace desktop {
 QString WithLineEnds(QString text, QStringView lineEnd);
 
 /// A stretch of a text for other programs, with "\n" line ends. A large one is copied
-/// when somebody asks for it; until then the text as it is now is kept.
+/// when it is asked for; until then the text as it is now is kept.
 std::unique_ptr<QMimeData> MakeTextMime(const text::LongText& text, TextRange range);
 
 /// Whether an editor takes it: text, and no files, which the window around the editor opens.

@@ -301,7 +301,7 @@ TEST_F(Drag, FilesAreOpenedWhereverTheyAreDroppedAlsoOverAPlaceForText) {
         ASSERT_TRUE(enter.isAccepted());
         EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
         QDropEvent drop(QPointF(5, 5), kOffered, &files, Qt::LeftButton, Qt::ShiftModifier);
-        QApplication::sendEvent(place, &drop); // goes to whoever took it
+        QApplication::sendEvent(place, &drop); // goes to the widget that took it
         QCoreApplication::processEvents();
         ASSERT_EQ(t.frame().FormCount(), 2) << place->objectName().toStdString();
         t.frame().CloseForm(&t.window());

@@ -82,7 +82,7 @@ TEST_F(EditNodesShown, WhatIsTypedIsWrittenByOkAndGivenUpByEsc) {
     EXPECT_EQ(Text().find("dry"), std::string::npos);
 }
 
-// A box has line ends of its own, and plain texts lose hard blanks: what nobody touched must not change.
+// A box has line ends of its own, and plain texts lose hard blanks: what wasn't touched must not change.
 TEST_F(EditNodesShown, ATextOfSeveralLinesIsChangedOnlyWhereItWasTyped) {
     Open("<shop><pen>one\xC2\xA0\ntwo</pen></shop>");
     const std::string before = Text();

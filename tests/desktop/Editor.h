@@ -8,7 +8,7 @@
 
 namespace test {
 
-/// A text view of its own on a screen that nobody sees; acts go in as events.
+/// A text view of its own on an offscreen platform; acts go in as events.
 struct Editor : ::testing::Test {
     controls::RichTextBox model;
     desktop::TextView view;

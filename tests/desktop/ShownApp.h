@@ -13,7 +13,7 @@
 
 namespace test {
 
-/// The application with its real widgets on a screen that nobody sees. Acts go in as events of the window
+/// The application with its real widgets on an offscreen platform. Acts go in as events of the window
 /// system.
 class ShownApp : public TestApp {
 public:

@@ -55,7 +55,7 @@ TEST_F(TextEdit, LineEndsPairsAndAccentsAreOneStepAndGoAsOne) {
     EXPECT_EQ(Walk(Qt::Key_Right), Places({0, 1, 3, 5, 7, 9, 11, 12}));
     EXPECT_EQ(Walk(Qt::Key_Left), Places({12, 11, 9, 7, 5, 3, 1, 0}));
     view.Select(2, 2);
-    EXPECT_EQ(view.Caret(), 1) << "nobody can stand inside a line end";
+    EXPECT_EQ(view.Caret(), 1) << "no caret stands inside a line end";
     model.SetSelStart(2);
     EXPECT_EQ(view.Caret(), 1) << "nor be put there";
     Press(Qt::Key_Delete);
