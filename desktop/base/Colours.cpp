@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/base/Colours.h"
-#include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace desktop {
@@ -22,18 +20,13 @@ double Luminance(const QColor& colour) {
            0.0722 * Linear(colour.blueF());
 }
 
-double Contrast(double one, double other) {
-    return (std::max(one, other) + 0.05) / (std::min(one, other) + 0.05);
+double Contrast(const QColor& light, const QColor& dark) {
+    return (Luminance(light) + 0.05) / (Luminance(dark) + 0.05);
 }
 
-constexpr double kDark = 0.18; // the luminance of a middle grey
-constexpr double kReadable = 4.5;
+constexpr double kDark = 0.18;    // the luminance of a middle grey
+constexpr double kReadable = 4.5; // contrast that text of ordinary size needs
 constexpr int kSteps = 20;
-
-QColor Mixed(const QColor& colour, double white) {
-    const auto part = [white](double value) { return static_cast<float>(value + (1 - value) * white); };
-    return QColor::fromRgbF(part(colour.redF()), part(colour.greenF()), part(colour.blueF()));
-}
 
 } // namespace
 
@@ -49,15 +42,18 @@ std::uint32_t ToColour(const QColor& colour) {
 }
 
 QColor ReadableOn(const QColor& background, const QColor& colour) {
-    const double ground = Luminance(background);
-    if (ground > kDark)
+    if (Luminance(background) > kDark)
         return colour;
-    for (int step = 0; step < kSteps; ++step) {
-        const QColor lighter = Mixed(colour, static_cast<double>(step) / kSteps);
-        if (Contrast(Luminance(lighter), ground) >= kReadable)
-            return lighter;
-    }
-    return Qt::white;
+    QColor shown = colour;
+    const double from = colour.lightnessF();
+    for (int step = 1; step <= kSteps && Contrast(shown, background) < kReadable; ++step)
+        shown.setHslF(colour.hslHueF(), colour.hslSaturationF(),
+                      static_cast<float>(from + (1 - from) * step / kSteps));
+    return shown;
+}
+
+QColor TextColour(std::uint32_t colour, const QColor& background) {
+    return colour == 0 ? QColor() : ReadableOn(background, ToQColor(colour));
 }
 
 } // namespace desktop

@@ -9,7 +9,12 @@ namespace desktop {
 QColor ToQColor(std::uint32_t colour);
 std::uint32_t ToColour(const QColor& colour);
 
-/// The colour, lightened as far as needed to be read on a dark background. On a light one it stays.
+/// Colours of text are chosen for white paper: on a dark `background` one that could hardly be read becomes
+/// as light as needed, with the same hue. On a light one it stays.
 QColor ReadableOn(const QColor& background, const QColor& colour);
+
+/// A text's colour (0x00BBGGRR) as it is painted. Black is the colour of text that has none of its own: it
+/// gives an invalid colour, and the palette's is taken.
+QColor TextColour(std::uint32_t colour, const QColor& background);
 
 } // namespace desktop

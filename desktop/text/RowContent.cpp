@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/text/RowContent.h"
-#include "desktop/text/TextColours.h"
+#include "desktop/base/Colours.h"
 #include <algorithm>
 
 namespace desktop {
@@ -17,7 +17,7 @@ RowText ContentOf(const controls::RichTextBox& model, const text::LongText::Row&
         const qsizetype start = std::max(run->start, row.start) - row.start;
         const qsizetype next = std::next(run) == runs.end() ? text.size() : std::next(run)->start;
         const qsizetype end = std::min(next - row.start, row.length);
-        const QColor colour = ShownColour(run->colour, background);
+        const QColor colour = TextColour(run->colour, background);
         if (start < end && colour.isValid())
             content.colours.push_back({static_cast<int>(start), static_cast<int>(end - start), colour.rgb()});
     }

@@ -10,36 +10,28 @@
 
 namespace {
 
-/// The warnings while it lives.
-class Warnings {
-public:
-    Warnings() {
-        Told().clear();
-        before_ = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext&, const QString& text) { Told() << text; });
-    }
-    ~Warnings() { qInstallMessageHandler(before_); }
-    Warnings(const Warnings&) = delete;
-    Warnings& operator=(const Warnings&) = delete;
-    static QStringList& Told() {
-        static QStringList told;
-        return told;
-    }
-
-private:
-    QtMessageHandler before_;
-};
+/// What is told as warnings while `act` runs.
+template <typename Act> QStringList WarningsOf(Act act) {
+    static QStringList told;
+    told.clear();
+    const auto before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& text) { told << text; });
+    act();
+    qInstallMessageHandler(before);
+    return told;
+}
 
 TEST(BindControls, EveryControlOfADialogHasItsWidgetAndEveryWidgetItsControl) {
     test::TestApp t;
     frmFind find(t.app());
     frmOptions options(t.app());
     frmEditNodes nodes(t.app());
-    const Warnings warnings;
-    const desktop::FindDialog findDialog(find, nullptr);
-    const desktop::OptionsDialog optionsDialog(options, nullptr);
-    const desktop::EditNodesDialog nodesDialog(nodes, nullptr);
-    EXPECT_EQ(Warnings::Told().join(u'\n').toStdString(), "");
+    const QStringList told = WarningsOf([&] {
+        const desktop::FindDialog findDialog(find, nullptr);
+        const desktop::OptionsDialog optionsDialog(options, nullptr);
+        const desktop::EditNodesDialog nodesDialog(nodes, nullptr);
+    });
+    EXPECT_EQ(told.join(u'\n').toStdString(), "");
 }
 
 TEST(BindControls, WhatHasNoPartnerIsTold) {
@@ -51,11 +43,12 @@ TEST(BindControls, WhatHasNoPartnerIsTold) {
     line.setObjectName(QStringLiteral("cmbLine"));
     controls::ComboBox box;
     controls::TextBox text;
-    const Warnings warnings;
-    desktop::BindControls(form, {{"cmbLine", &box}, {"txtGone", &text}});
-    EXPECT_EQ(Warnings::Told(), QStringList({QStringLiteral("frmAny.cmbLine: another kind of widget"),
-                                             QStringLiteral("frmAny.txtGone: no widget"),
-                                             QStringLiteral("frmAny.cmdLeft: no control")}));
+    EXPECT_EQ(WarningsOf([&] {
+                  desktop::BindControls(form, {{"cmbLine", &box}, {"txtGone", &text}});
+              }),
+              QStringList({QStringLiteral("frmAny.cmbLine: another kind of widget"),
+                           QStringLiteral("frmAny.txtGone: no widget"),
+                           QStringLiteral("frmAny.cmdLeft: no control")}));
 }
 
 } // namespace

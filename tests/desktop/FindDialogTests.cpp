@@ -106,21 +106,6 @@ TEST(FindDialog, ReplacingLeavesTheOtherPaneWhereItIs) {
     EXPECT_EQ(other.FirstRow(), 100);
 }
 
-TEST(FindDialog, ShowsTheHitAlsoFromBehindTheList) {
-    FindDesk desk;
-    desk.ClickTab(QStringLiteral("listview"));
-    ASSERT_FALSE(desk.Text().isVisible());
-    desk.Dialog().activateWindow();
-    desk.Enter("cmbFind", QStringLiteral("n250"));
-    QTest::mouseClick(&desk.Part<QPushButton>("cmdFind"), Qt::LeftButton);
-    QCoreApplication::processEvents();
-    const TextView& text = desk.Text();
-    ASSERT_TRUE(text.isVisible());
-    EXPECT_EQ(text.Model().SelText(), QStringLiteral("n250"));
-    EXPECT_TRUE(text.viewport()->rect().contains(text.RectAt(text.Caret())));
-    EXPECT_TRUE(desk.Dialog().isVisible());
-}
-
 TEST(FindDialog, ReplacesWithEachBoxInForceWhileTheTextStaysEditable) {
     FindDesk desk;
     desk.Enter("cmbFind", QStringLiteral("n7"));

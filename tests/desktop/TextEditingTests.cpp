@@ -9,7 +9,7 @@
 
 namespace {
 
-struct TextEdit : test::Editor {
+struct TextEditing : test::Editor {
     /// Positions that a key visits until it stops.
     std::vector<qsizetype> Walk(Qt::Key key, Qt::KeyboardModifiers held = {}) {
         std::vector<qsizetype> places{view.Caret()};
@@ -29,7 +29,7 @@ struct TextEdit : test::Editor {
 
 using Places = std::vector<qsizetype>;
 
-TEST_F(TextEdit, TypedTextAndWholeLineEndsGoIntoTheModel) {
+TEST_F(TextEditing, TypedTextAndWholeLineEndsGoIntoTheModel) {
     Type(QStringLiteral("<a>"));
     Press(Qt::Key_Return);
     Type(QStringLiteral("x"));
@@ -42,7 +42,7 @@ TEST_F(TextEdit, TypedTextAndWholeLineEndsGoIntoTheModel) {
     EXPECT_EQ(model.Text(), QStringLiteral("<a>\r\nx\r\n"));
 }
 
-TEST_F(TextEdit, TheModelIsAskedBeforeTypedTextGoesIn) {
+TEST_F(TextEditing, TheModelIsAskedBeforeTypedTextGoesIn) {
     QStringList asked;
     model.KeyPress.connect([&](const QString& text) { asked << text + model.Text(); });
     Type(QStringLiteral("ab"));
@@ -50,7 +50,7 @@ TEST_F(TextEdit, TheModelIsAskedBeforeTypedTextGoesIn) {
     EXPECT_EQ(asked, QStringList({QStringLiteral("a"), QStringLiteral("ba"), QStringLiteral("\rab")}));
 }
 
-TEST_F(TextEdit, LineEndsPairsAndAccentsAreOneStepAndGoAsOne) {
+TEST_F(TextEditing, LineEndsPairsAndAccentsAreOneStepAndGoAsOne) {
     Load(QStringLiteral("a\r\n\U0001F600e\u0301\r\n\r\nb"));
     EXPECT_EQ(Walk(Qt::Key_Right), Places({0, 1, 3, 5, 7, 9, 11, 12}));
     EXPECT_EQ(Walk(Qt::Key_Left), Places({12, 11, 9, 7, 5, 3, 1, 0}));
@@ -69,7 +69,7 @@ TEST_F(TextEdit, LineEndsPairsAndAccentsAreOneStepAndGoAsOne) {
     EXPECT_EQ(model.Text(), QStringLiteral("a\r\nb"));
 }
 
-TEST_F(TextEdit, WordStepsStopAtWordsRunsOfMarksAndLineEnds) {
+TEST_F(TextEditing, WordStepsStopAtWordsRunsOfMarksAndLineEnds) {
     Load(QStringLiteral("<row id=\"5\"/>\r\n  text"));
     EXPECT_EQ(Walk(Qt::Key_Right, Qt::ControlModifier), Places({0, 1, 5, 7, 9, 10, 13, 15, 17, 21}));
     EXPECT_EQ(Walk(Qt::Key_Left, Qt::ControlModifier), Places({21, 17, 15, 13, 10, 9, 7, 5, 1, 0}));
@@ -80,7 +80,7 @@ TEST_F(TextEdit, WordStepsStopAtWordsRunsOfMarksAndLineEnds) {
     EXPECT_EQ(model.Text().left(6), QStringLiteral("row =\""));
 }
 
-TEST_F(TextEdit, ShiftExtendsTheSelectionAndTheModelKnows) {
+TEST_F(TextEditing, ShiftExtendsTheSelectionAndTheModelKnows) {
     Load(QStringLiteral("<a>one</a>\r\n<b>two</b>\r\n"), 3);
     Press(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(model.SelText(), QStringLiteral("one"));
@@ -96,13 +96,13 @@ TEST_F(TextEdit, ShiftExtendsTheSelectionAndTheModelKnows) {
     EXPECT_EQ(model.Text(), QStringLiteral("<a>!two</b>\r\n"));
 }
 
-TEST_F(TextEdit, UpAndDownKeepTheirColumnOverShorterLines) {
+TEST_F(TextEditing, UpAndDownKeepTheirColumnOverShorterLines) {
     Load(QStringLiteral("<order>\r\n</a>\r\n\t<item/>"), 6);
     EXPECT_EQ(Walk(Qt::Key_Down), Places({6, 13, 18})) << "a tab is as wide as four characters";
     EXPECT_EQ(Walk(Qt::Key_Up), Places({18, 13, 6}));
 }
 
-TEST_F(TextEdit, PagesEndAtBothEndsOfTheText) {
+TEST_F(TextEditing, PagesEndAtBothEndsOfTheText) {
     Load(QStringLiteral("<a/>\r\n").repeated(100), 2);
     Press(Qt::Key_PageDown);
     EXPECT_EQ(model.Long().lineOf(view.Caret()), view.RowsShown() - 1);
@@ -113,7 +113,7 @@ TEST_F(TextEdit, PagesEndAtBothEndsOfTheText) {
     EXPECT_TRUE(Shows(600));
 }
 
-TEST_F(TextEdit, InsertSwitchesToReplacingWhatStandsThere) {
+TEST_F(TextEditing, InsertSwitchesToReplacingWhatStandsThere) {
     Load(QStringLiteral("ab\r\ncd"));
     Press(Qt::Key_Insert);
     Type(QStringLiteral("xyz"));
@@ -125,7 +125,7 @@ TEST_F(TextEdit, InsertSwitchesToReplacingWhatStandsThere) {
 
 // --- mouse -------------------------------------------------------------------------------------------------
 
-TEST_F(TextEdit, ClicksTakeAWordALineAndExtend) {
+TEST_F(TextEditing, ClicksTakeAWordALineAndExtend) {
     Load(QStringLiteral("<order id=\"5\">\r\n<item/>\r\n"));
     QWidget* port = view.viewport();
     QTest::mouseClick(port, Qt::LeftButton, {}, On(3));
@@ -140,7 +140,7 @@ TEST_F(TextEdit, ClicksTakeAWordALineAndExtend) {
 }
 
 // The nearest place of the caret is behind a letter whose right half is under the pointer.
-TEST_F(TextEdit, TheLetterUnderThePointerCountsWhicheverHalfOfItIsThere) {
+TEST_F(TextEditing, TheLetterUnderThePointerCountsWhicheverHalfOfItIsThere) {
     Load(QStringLiteral("<order id=\"5\">"));
     QWidget* port = view.viewport();
     for (const qsizetype behind : {2, 4, 6}) {
@@ -159,7 +159,7 @@ TEST_F(TextEdit, TheLetterUnderThePointerCountsWhicheverHalfOfItIsThere) {
     EXPECT_EQ(shapeAt(view.RectAt(1).center() - QPoint(2, 0)), Qt::IBeamCursor);
 }
 
-TEST_F(TextEdit, DraggingSelectsBothWaysAndBeyondTheEdge) {
+TEST_F(TextEditing, DraggingSelectsBothWaysAndBeyondTheEdge) {
     Load(QStringLiteral("<a>text</a>\r\n").repeated(200));
     QWidget* port = view.viewport();
     const auto moveTo = [&](QPoint place) {
@@ -178,7 +178,7 @@ TEST_F(TextEdit, DraggingSelectsBothWaysAndBeyondTheEdge) {
     EXPECT_EQ(model.SelStart(), 16);
 }
 
-TEST_F(TextEdit, DroppedTextGoesInAtThePointAndFilesAreLeftToTheWindow) {
+TEST_F(TextEditing, DroppedTextGoesInAtThePointAndFilesAreLeftToTheWindow) {
     Load(QStringLiteral("<a></a>\r\n<b></b>"));
     QMimeData text, file;
     text.setText(QStringLiteral("x\ny"));
@@ -197,7 +197,7 @@ TEST_F(TextEdit, DroppedTextGoesInAtThePointAndFilesAreLeftToTheWindow) {
 
 // --- input methods -----------------------------------------------------------------------------------------
 
-TEST_F(TextEdit, ComposedTextIsShownInPlaceAndGoesInWhenItIsDone) {
+TEST_F(TextEditing, ComposedTextIsShownInPlaceAndGoesInWhenItIsDone) {
     Load(QStringLiteral("<a>old</a>"), 3);
     model.SetSelLength(3);
     const int place = view.RectAt(3).x();
@@ -222,7 +222,7 @@ TEST_F(TextEdit, ComposedTextIsShownInPlaceAndGoesInWhenItIsDone) {
 
 // --- clipboard ---------------------------------------------------------------------------------------------
 
-TEST_F(TextEdit, TheClipboardTakesAndGivesTheSameCharacters) {
+TEST_F(TextEditing, TheClipboardTakesAndGivesTheSameCharacters) {
     const QString awkward = QStringLiteral("a\u00A0b\u2029c\uFDD0\uFFFC|");
     Load(awkward + QStringLiteral("\r\nd"));
     Press(Qt::Key_A, Qt::ControlModifier);
@@ -248,7 +248,7 @@ TEST_F(TextEdit, TheClipboardTakesAndGivesTheSameCharacters) {
 
 // --- assistive programs ------------------------------------------------------------------------------------
 
-TEST_F(TextEdit, AssistiveProgramsReadAndEditTheText) {
+TEST_F(TextEditing, AssistiveProgramsReadAndEditTheText) {
     Load(QStringLiteral("<a>\r\n<b>two</b>\r\n</a>"), 8);
     model.SetSelLength(3);
     QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&view);

@@ -11,18 +11,17 @@
 
 namespace {
 
-using desktop::EditNodesDialog;
 using test::ShownApp;
 
-struct EditNodesShown : ::testing::Test {
+struct EditNodesDialog : ::testing::Test {
     ShownApp t;
-    EditNodesDialog* dialog = nullptr;
+    desktop::EditNodesDialog* dialog = nullptr;
 
     void Open(const QByteArray& text) {
         DocumentWindow& w = t.OpenText(QStringLiteral("shop.xml"), text);
         t.ClickNode(w.tvXML.Nodes(1).Child().Child());
         t.ChooseMenu(QStringLiteral("mnuEditPopupEditNode"));
-        dialog = t.main->findChild<EditNodesDialog*>();
+        dialog = t.main->findChild<desktop::EditNodesDialog*>();
         ASSERT_TRUE(dialog && dialog->isVisible());
         ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
     }
@@ -43,7 +42,7 @@ struct EditNodesShown : ::testing::Test {
     std::string Text() { return t.window().rtxtXML.Text().toStdString(); }
 };
 
-TEST_F(EditNodesShown, CtrlAndArrowsWalkFromEachBoxAndTheBoxesFitTheNode) {
+TEST_F(EditNodesDialog, CtrlAndArrowsWalkFromEachBoxAndTheBoxesFitTheNode) {
     Open("<shop><pen colour='red'>ink</pen><!--note--></shop>");
     EXPECT_EQ(Of<QLabel>("lAttrs").text(), QStringLiteral("Attributes:"));
     EXPECT_TRUE(NodeText().isVisible());
@@ -66,7 +65,7 @@ TEST_F(EditNodesShown, CtrlAndArrowsWalkFromEachBoxAndTheBoxesFitTheNode) {
     EXPECT_EQ(t.window().tvXML.SelectedItem().Tag(), QStringLiteral("ink"));
 }
 
-TEST_F(EditNodesShown, WhatIsTypedIsWrittenByOkAndGivenUpByEsc) {
+TEST_F(EditNodesDialog, WhatIsTypedIsWrittenByOkAndGivenUpByEsc) {
     Open("<shop><pen colour='red'>ink</pen></shop>");
     Name().selectAll();
     QTest::keyClicks(&Name(), QStringLiteral("quill"));
@@ -83,7 +82,7 @@ TEST_F(EditNodesShown, WhatIsTypedIsWrittenByOkAndGivenUpByEsc) {
 }
 
 // A box has line ends of its own, and plain texts lose hard blanks: what wasn't touched must not change.
-TEST_F(EditNodesShown, ATextOfSeveralLinesIsChangedOnlyWhereItWasTyped) {
+TEST_F(EditNodesDialog, ATextOfSeveralLinesIsChangedOnlyWhereItWasTyped) {
     Open("<shop><pen>one\xC2\xA0\ntwo</pen></shop>");
     const std::string before = Text();
     QTest::mouseClick(&Of<QPushButton>("cmdOk"), Qt::LeftButton);
@@ -95,7 +94,7 @@ TEST_F(EditNodesShown, ATextOfSeveralLinesIsChangedOnlyWhereItWasTyped) {
     EXPECT_NE(Text().find(">xone\xC2\xA0\r\ntwo<"), std::string::npos) << Text();
 }
 
-TEST_F(EditNodesShown, TheRadioButtonsChooseTreeOrList) {
+TEST_F(EditNodesDialog, TheRadioButtonsChooseTreeOrList) {
     Open("<shop><pen colour='red'>ink</pen></shop>");
     QTest::mouseClick(&Of<QRadioButton>("optList"), Qt::LeftButton, {}, QPoint(8, 8));
     EXPECT_TRUE(Of<QRadioButton>("optList").isChecked());
@@ -107,7 +106,7 @@ TEST_F(EditNodesShown, TheRadioButtonsChooseTreeOrList) {
 }
 
 // The dialog takes its document along, and leaves the views alone while the user works in them.
-TEST_F(EditNodesShown, ActivationMovesBetweenTheDialogAndTheDocuments) {
+TEST_F(EditNodesDialog, ActivationMovesBetweenTheDialogAndTheDocuments) {
     Open("<shop><pen colour='red'>ink</pen></shop>");
     DocumentWindow& shop = t.window();
     dialog->reject();

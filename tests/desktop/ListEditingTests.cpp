@@ -32,7 +32,7 @@ private:
     QEvent::Type type_;
 };
 
-struct ListEditShown : ::testing::Test {
+struct ListEditing : ::testing::Test {
     ShownApp t;
 
     void Open(const QByteArray& text = kShop) {
@@ -54,7 +54,7 @@ struct ListEditShown : ::testing::Test {
     std::string Text() { return t.window().rtxtXML.Text().toStdString(); }
 };
 
-TEST_F(ListEditShown, TabOpensTheEditorOverItsCellAndReturnWrites) {
+TEST_F(ListEditing, TabOpensTheEditorOverItsCellAndReturnWrites) {
     Open();
     OpenEditor(0);
     const QRect cell = t.List().visualRect(Cell(0, 1));
@@ -70,7 +70,7 @@ TEST_F(ListEditShown, TabOpensTheEditorOverItsCellAndReturnWrites) {
     EXPECT_NE(Text().find("<pen colour=\"blue\">"), std::string::npos) << Text();
 }
 
-TEST_F(ListEditShown, TheButtonBesideTheEditorOpensTheOneByOneEditor) {
+TEST_F(ListEditing, TheButtonBesideTheEditorOpensTheOneByOneEditor) {
     Open();
     OpenEditor(0);
     QTest::keyClicks(&Editor(), QStringLiteral("colour=\"blue\""));
@@ -83,7 +83,7 @@ TEST_F(ListEditShown, TheButtonBesideTheEditorOpensTheOneByOneEditor) {
               QStringLiteral("colour=\"blue\""));
 }
 
-TEST_F(ListEditShown, TheEditorGoesWithItsColumn) {
+TEST_F(ListEditing, TheEditorGoesWithItsColumn) {
     Open();
     OpenEditor(0);
     t.List().header()->resizeSection(0, t.List().header()->sectionSize(0) + 40);
@@ -92,7 +92,7 @@ TEST_F(ListEditShown, TheEditorGoesWithItsColumn) {
     EXPECT_LE(Editor().geometry().right(), t.List().visualRect(Cell(0, 1)).right());
 }
 
-TEST_F(ListEditShown, TheEditorScrollsWithItsRow) {
+TEST_F(ListEditing, TheEditorScrollsWithItsRow) {
     Open("<list>" + QByteArray("<item n='1'/>").repeated(200) + "</list>");
     OpenEditor(9);
     t.List().verticalScrollBar()->setValue(3);
@@ -107,7 +107,7 @@ TEST_F(ListEditShown, TheEditorScrollsWithItsRow) {
 }
 
 // The context menu opens before the button is let go, when no click has told of the row yet.
-TEST_F(ListEditShown, TheContextMenuIsThatOfTheRowUnderThePointer) {
+TEST_F(ListEditing, TheContextMenuIsThatOfTheRowUnderThePointer) {
     Open("<shop name='Tea'><pen/></shop>");
     ClickRow(1); // the attribute stands for the root element, which has no siblings
     ASSERT_FALSE(t.frame().Menu(QStringLiteral("mnuNewNodeP")).Enabled());
@@ -122,7 +122,7 @@ TEST_F(ListEditShown, TheContextMenuIsThatOfTheRowUnderThePointer) {
 }
 
 // The box has one line, the text may have more: what isn't touched stays.
-TEST_F(ListEditShown, ATextOfSeveralLinesKeepsThem) {
+TEST_F(ListEditing, ATextOfSeveralLinesKeepsThem) {
     Open();
     OpenEditor(2);
     t.Press(Qt::Key_End);
@@ -133,7 +133,7 @@ TEST_F(ListEditShown, ATextOfSeveralLinesKeepsThem) {
 
 // Ctrl and W close a document from the menu. In the list they show icons, and it doesn't matter which key is
 // let go first.
-TEST_F(ListEditShown, CtrlAndALetterChooseTheStyle) {
+TEST_F(ListEditing, CtrlAndALetterChooseTheStyle) {
     Open();
     ClickRow(0);
     t.Press(Qt::Key_W, Qt::ControlModifier);
@@ -146,7 +146,7 @@ TEST_F(ListEditShown, CtrlAndALetterChooseTheStyle) {
     EXPECT_EQ(t.window().ListView1.View(), controls::lvwList);
 }
 
-TEST_F(ListEditShown, ItemsBesideEachOtherHaveRoomForTheirNames) {
+TEST_F(ListEditing, ItemsBesideEachOtherHaveRoomForTheirNames) {
     Open("<shop><a/>words<description/></shop>");
     ClickRow(0);
     for (const Qt::Key style : {Qt::Key_W, Qt::Key_E, Qt::Key_R}) {
@@ -162,7 +162,7 @@ TEST_F(ListEditShown, ItemsBesideEachOtherHaveRoomForTheirNames) {
 }
 
 // Names that fill several columns: the scroll bar that they need mustn't set off another layout for ever.
-TEST_F(ListEditShown, ManyNamesComeToRestWithTheCurrentOneInSight) {
+TEST_F(ListEditing, ManyNamesComeToRestWithTheCurrentOneInSight) {
     Open("<list>" + QByteArray("<item/>").repeated(300) + "</list>");
     QTest::mouseClick(t.List().viewport(), Qt::LeftButton, {}, t.List().visualRect(Cell(0, 1)).center());
     t.Press(Qt::Key_End);
@@ -186,7 +186,7 @@ TEST_F(ListEditShown, ManyNamesComeToRestWithTheCurrentOneInSight) {
 }
 
 // The editor and what it writes go by the columns' own order.
-TEST_F(ListEditShown, ColumnsStayWhereTheyAre) {
+TEST_F(ListEditing, ColumnsStayWhereTheyAre) {
     Open();
     QHeaderView& header = *t.List().header();
     const QPoint second(header.sectionViewportPosition(1) + 40, header.height() / 2);
@@ -202,7 +202,7 @@ TEST_F(ListEditShown, ColumnsStayWhereTheyAre) {
 }
 
 // What Ctrl+C copies is for the program to say: nothing, where nothing is selected.
-TEST_F(ListEditShown, TheWidgetsThemselvesCopyNothing) {
+TEST_F(ListEditing, TheWidgetsThemselvesCopyNothing) {
     Open();
     QApplication::clipboard()->setText(QStringLiteral("kept"));
     for (const int style : {controls::lvwReport, controls::lvwList}) {
@@ -219,7 +219,7 @@ TEST_F(ListEditShown, TheWidgetsThemselvesCopyNothing) {
 }
 
 // The parser speaks up while a name is typed, about the names that it will be asked about.
-TEST_F(ListEditShown, AWrongNameIsComplainedAboutWhileItIsTyped) {
+TEST_F(ListEditing, AWrongNameIsComplainedAboutWhileItIsTyped) {
     Open("<shop name='Tea'><pen/></shop>");
     const auto complaint = [&] { return t.frame().StatusBar1().Panel(1); };
     for (const int row : {0, 1}) {
@@ -243,7 +243,7 @@ TEST_F(ListEditShown, AWrongNameIsComplainedAboutWhileItIsTyped) {
 }
 
 // The double click walks down to the row that is current, and to no other.
-TEST_F(ListEditShown, ADoubleClickThatTakesARowOutOfTheSelectionStaysOnTheLevel) {
+TEST_F(ListEditing, ADoubleClickThatTakesARowOutOfTheSelectionStaysOnTheLevel) {
     Open();
     ClickRow(0);
     t.window().ListView1.SetSelectedItem(2);
@@ -252,7 +252,7 @@ TEST_F(ListEditShown, ADoubleClickThatTakesARowOutOfTheSelectionStaysOnTheLevel)
 }
 
 // A new name fills the list anew, and the keys stay there.
-TEST_F(ListEditShown, AfterALabelTheListHasTheKeys) {
+TEST_F(ListEditing, AfterALabelTheListHasTheKeys) {
     Open();
     ClickRow(1);
     for (const Qt::Key end : {Qt::Key_Return, Qt::Key_Tab}) {
@@ -278,7 +278,7 @@ TEST_F(ListEditShown, AfterALabelTheListHasTheKeys) {
 }
 
 // What the widget marks is what the next command works on.
-TEST_F(ListEditShown, AfterADeleteTheSelectionIsTheSameInBoth) {
+TEST_F(ListEditing, AfterADeleteTheSelectionIsTheSameInBoth) {
     for (const char* text : {"<shop a='1' b='2' c='3'/>", "<shop><a/><b/><c/></shop>"}) {
         Open(text);
         ClickRow(1);
@@ -293,7 +293,7 @@ TEST_F(ListEditShown, AfterADeleteTheSelectionIsTheSameInBoth) {
     }
 }
 
-TEST_F(ListEditShown, ALabelThatIsBeingTypedReachesTheFileOfAWindowThatCloses) {
+TEST_F(ListEditing, ALabelThatIsBeingTypedReachesTheFileOfAWindowThatCloses) {
     Open();
     ClickRow(1);
     t.Press(Qt::Key_F2);

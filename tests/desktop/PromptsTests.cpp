@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Boxes, file dialogs, the progress bar and the names that come from outside.
+// Boxes, the common dialogs and the progress bar.
 #include "desktop/base/QtProgress.h"
 #include "desktop/base/QtPrompts.h"
-#include "desktop/frame/GivenNames.h"
-#include "tests/support/TempFolder.h"
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDir>
+#include <QFontDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QTest>
@@ -15,7 +13,6 @@
 
 namespace {
 
-using desktop::CommandLineNames;
 using desktop::QtProgress;
 using desktop::QtPrompts;
 using services::Answer;
@@ -27,14 +24,14 @@ Answer AnswerBy(Qt::Key key, Buttons buttons, const QString& text = QStringLiter
     return QtPrompts().MsgBox(text, buttons, services::Icon::Question, QStringLiteral("Vantrel"));
 }
 
-TEST(MessageBoxes, EscapeNeverSaysYes) {
+TEST(Prompts, EscapeNeverSaysYes) {
     EXPECT_EQ(AnswerBy(Qt::Key_Escape, Buttons::YesNoCancel), Answer::Cancel);
     EXPECT_EQ(AnswerBy(Qt::Key_Escape, Buttons::YesNo), Answer::No);
     EXPECT_EQ(AnswerBy(Qt::Key_Escape, Buttons::Ok), Answer::Ok);
     EXPECT_EQ(AnswerBy(Qt::Key_Return, Buttons::YesNo), Answer::Yes);
 }
 
-TEST(MessageBoxes, MarkupIsShownAsItIsAndAnEndlessLineFitsTheScreen) {
+TEST(Prompts, MarkupIsShownAsItIsAndAnEndlessLineFitsTheScreen) {
     QSize size;
     QString shown;
     QTimer::singleShot(0, [&] {
@@ -50,7 +47,7 @@ TEST(MessageBoxes, MarkupIsShownAsItIsAndAnEndlessLineFitsTheScreen) {
     EXPECT_LE(size.width(), QGuiApplication::primaryScreen()->size().width());
 }
 
-TEST(FileDialogs, FiltersKeepTheirCaptionAndStarDotStarMeansEveryFile) {
+TEST(Prompts, FileFiltersKeepTheirCaptionAndStarDotStarMeansEveryFile) {
     EXPECT_EQ(
         QtPrompts::NameFilters(QStringLiteral("XML File (*.xml)|*.xml|Two|*.a;*.b|All Files (*.*)|*.*")),
         QStringList({QStringLiteral("XML File (*.xml) (*.xml)"), QStringLiteral("Two (*.a *.b)"),
@@ -58,7 +55,7 @@ TEST(FileDialogs, FiltersKeepTheirCaptionAndStarDotStarMeansEveryFile) {
     EXPECT_TRUE(QtPrompts::NameFilters(QString()).isEmpty());
 }
 
-TEST(ProgressBar, CancelStopsTheWork) {
+TEST(Prompts, CancelInTheProgressBarStopsTheWork) {
     QtProgress progress;
     progress.Begin(QStringLiteral("/home/u/<big>.xml"));
     qint64 done = 0;
@@ -73,29 +70,31 @@ TEST(ProgressBar, CancelStopsTheWork) {
     progress.End();
 }
 
-TEST(GivenNames, RelativeNamesBecomeAbsoluteAndAddressesStay) {
-    const test::TempFolder folder;
-    folder.Write(QStringLiteral("a b.xml"), "<a/>");
-    folder.Write(QStringLiteral("c.xml"), "<c/>");
-    const QString before = QDir::currentPath();
-    QDir::setCurrent(folder.Path({}));
-    const QString here = QDir::currentPath() + QLatin1Char('/');
-    const auto names = [](std::initializer_list<const char*> arguments) {
-        QStringList list;
-        for (const char* argument : arguments)
-            list << QString::fromUtf8(argument);
-        return CommandLineNames(list);
+TEST(Prompts, AColourAndAFontComeBackAsTheyWereShownUnlessCancelled) {
+    QtPrompts prompts;
+    const auto press = [](Qt::Key key) {
+        QTimer::singleShot(0, [key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
     };
-    EXPECT_EQ(names({"./c.xml"}), QStringList(here + QStringLiteral("c.xml")));
-    EXPECT_EQ(names({"\"a b.xml\""}), QStringList(here + QStringLiteral("a b.xml")));
-    EXPECT_EQ(names({"a", "b.xml"}), QStringList(here + QStringLiteral("a b.xml")));
-    EXPECT_EQ(names({"c.xml", "missing.xml"}),
-              QStringList({here + QStringLiteral("c.xml"), here + QStringLiteral("missing.xml")}));
-    EXPECT_EQ(names({"HTTP://example.org/a.xml", "c:\\a.xml"}),
-              QStringList({QStringLiteral("HTTP://example.org/a.xml"), QStringLiteral("c:\\a.xml")}));
-    EXPECT_TRUE(names({}).isEmpty());
-    EXPECT_TRUE(names({""}).isEmpty());
-    QDir::setCurrent(before);
+    press(Qt::Key_Return);
+    EXPECT_EQ(prompts.ChooseColour(0x80FF10), std::optional<std::uint32_t>(0x80FF10));
+    press(Qt::Key_Escape);
+    EXPECT_EQ(prompts.ChooseColour(0x80FF10), std::nullopt);
+    const services::FontChoice font{QFont().family(), 12};
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(prompts.ChooseFont(font));
+    for (const double size : {12.0, -1.0, 1e30}) { // a size is any number here
+        QTimer::singleShot(0, [] {
+            if (auto* dialog = qobject_cast<QFontDialog*>(QApplication::activeModalWidget()))
+                dialog->accept();
+        });
+        const auto chosen = prompts.ChooseFont({font.name, size});
+        ASSERT_TRUE(chosen);
+        EXPECT_GT(chosen->size, 0);
+        EXPECT_LE(chosen->size, 1000);
+        if (size == font.size) {
+            EXPECT_EQ(chosen->size, size);
+        }
+    }
 }
 
 } // namespace
