@@ -26,6 +26,13 @@ void PrepareWebEngine() {
                 qgetenv("QTWEBENGINE_CHROMIUM_FLAGS") + " --disable-dev-shm-usage");
 }
 
+void PrepareLook() {
+    QApplication::setApplicationName(QStringLiteral("vantrel"));
+    QApplication::setStyle(new desktop::FrameStyle); // the application owns it
+    desktop::ChooseIconTheme();
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("text-xml")));
+}
+
 // For measuring: VANTREL_MEASURE=frame ends the program when the frame has been painted, =document when the
 // given documents have been, without the time that tidying up takes.
 void EndIfMeasured(const char* moment) {
@@ -49,10 +56,7 @@ void OpenGivenNames(frmMDIMain& frame, const QStringList& names) {
 int main(int argumentCount, char** arguments) {
     PrepareWebEngine();
     desktop::VantrelApplication qt(argumentCount, arguments);
-    QApplication::setApplicationName(QStringLiteral("vantrel"));
-    QApplication::setStyle(new desktop::FrameStyle); // the application owns it
-    desktop::ChooseIconTheme();
-    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("text-xml")));
+    PrepareLook();
 
     desktop::QtPrompts prompts;
     desktop::QtProgress progress;

@@ -5,7 +5,6 @@
 #include "desktop/base/ThemeIcons.h"
 #include <QMenu>
 #include <QTextDocument>
-#include <QToolButton>
 
 namespace desktop {
 
@@ -67,19 +66,20 @@ void ToolbarAdapter::Add(controls::ToolButton& button) {
     connect(action, &QAction::triggered, this, [&button] { button.Click(); });
     widget_.addAction(action);
 
-    auto* widget = qobject_cast<QToolButton*>(widget_.widgetForAction(action));
-    if (!widget)
-        return;
-    widget->setAccessibleName(button.ToolTip);
-    widget->setFocusPolicy(Qt::TabFocus);
-    if (button.ButtonMenus.empty())
-        return;
-    auto* menu = new QMenu(widget);
+    auto& widget = static_cast<QToolButton&>(*widget_.widgetForAction(action)); // a plain action gets one
+    widget.setAccessibleName(button.ToolTip);
+    widget.setFocusPolicy(Qt::TabFocus);
+    if (!button.ButtonMenus.empty())
+        AddMenu(button, widget);
+}
+
+void ToolbarAdapter::AddMenu(controls::ToolButton& button, QToolButton& widget) {
+    auto* menu = new QMenu(&widget);
     for (const auto& entry : button.ButtonMenus)
         connect(menu->addAction(entry.Caption), &QAction::triggered, this,
                 [&button, key = entry.Key] { button.ButtonMenuClick(key); });
-    widget->setMenu(menu);
-    widget->setPopupMode(QToolButton::InstantPopup);
+    widget.setMenu(menu);
+    widget.setPopupMode(QToolButton::InstantPopup);
 }
 
 } // namespace desktop

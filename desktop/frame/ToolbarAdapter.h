@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QObject>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace desktop {
 
@@ -14,6 +15,7 @@ public:
 
 private:
     void Add(controls::ToolButton& button);
+    void AddMenu(controls::ToolButton& button, QToolButton& widget);
     QToolBar& widget_;
 };
 
