@@ -9,10 +9,6 @@ namespace desktop {
 // The pictures of nodes and rows, and of buttons that no icon theme knows. They are drawn, sharp at any size,
 // in the colours of the palette in force, so that they suit light and dark desktops alike.
 
-/// How much of a picture is left on what can't be chosen. A style's own way greys pictures, which changes
-/// nothing on the grey ones of dark themes.
-inline constexpr double kDisabledOpacity = 0.35;
-
 /// The icon for a picture key of the tree's image list; an invalid variant for another key.
 QVariant NodeIcon(const QString& picture);
 /// The icon for a list row's kind, numbered as node types are; an invalid variant for another number.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/base/ThemeIcons.h"
-#include "desktop/base/Glyphs.h"
+#include "desktop/base/GlyphIcon.h"
 #include <QApplication>
 #include <QFile>
 #include <QIconEngine>

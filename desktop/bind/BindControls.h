@@ -19,7 +19,7 @@ struct NamedControl {
 };
 
 /// Binds each control to the widget of its name in a form: from now on the widget shows the control's state,
-/// and what the user does reaches the control. Both live as long as the form. The pages of tabs are those of
+/// and what the user does reaches the control. The controls outlive the form. The pages of tabs are those of
 /// the form's stack, named as the tabs' keys are. A control without a widget that can show it is told as a
 /// warning, and so is a widget named as controls are (cmd, txt, cmb, chk, opt, tbs) that none is given for.
 void BindControls(QWidget& form, std::initializer_list<NamedControl> controls);
