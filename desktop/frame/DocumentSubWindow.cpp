@@ -49,5 +49,3 @@ void DocumentSubWindow::closeEvent(QCloseEvent* event) {
 }
 
 } // namespace desktop
-
-#include "moc_DocumentSubWindow.cpp"

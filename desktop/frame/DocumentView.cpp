@@ -149,5 +149,3 @@ std::vector<QWidget*> DocumentView::Panes() const {
 }
 
 } // namespace desktop
-
-#include "moc_DocumentView.cpp"

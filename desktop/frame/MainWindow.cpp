@@ -258,5 +258,3 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 } // namespace desktop
-
-#include "moc_MainWindow.cpp"

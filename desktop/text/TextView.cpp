@@ -308,5 +308,3 @@ void TextView::dropEvent(QDropEvent* event) {
 }
 
 } // namespace desktop
-
-#include "moc_TextView.cpp"
