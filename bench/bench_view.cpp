@@ -5,14 +5,17 @@
 #include "core/edit/NodePath.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/View.h"
-#include "desktop/TextAdapter.h"
-#include "desktop/TextView.h"
+#include "desktop/text/TextAdapter.h"
+#include "desktop/text/TextView.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <algorithm>
 #include <vector>
 
 namespace {
+
+using desktop::TextAdapter;
+using desktop::TextView;
 
 void Settle() {
     for (int i = 0; i < 3; ++i)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "platform/controls/KeyTable.h"
-#include "platform/controls/NodeStore.h"
 #include "platform/controls/SiblingRows.h"
 #include "platform/controls/TreeJournal.h"
 #include "platform/controls/TreeView.h"
