@@ -5,27 +5,7 @@ A room may use every room of a lower line. Rooms of one line don't know each oth
 folder a room may use those of a lower sub-line ("3.1" may use "3.0"), and the pairs of BESIDE hold. A new room is a new word here.
 """
 
-TODAY = {
-    "9.5": "desktop",
-    "9.4": "desktop/frame",
-    "9.3": "desktop/dialogs",
-    "9.2": "desktop/text desktop/nodes",
-    "9.1": "desktop/bind desktop/drag",
-    "9.0": "desktop/base desktop/browser desktop/models",
-    "8": "shell exchange integration",
-    "7": "nodes/dialogs textview/dialogs",
-    "6": "core/window schema/window",
-    "5": "core/commands",
-    "4": "nodes textview table schema",
-    "3": "core/sync",
-    "2": "nodes/fill textview/fill table/fill schema/vocabulary",
-    "1": "core/model",
-    "0.1": "platform/xml platform/controls platform/services",
-    "0.0": "platform/text",
-}
-
-# Where the rooms are going. When the folders stand like this, ROOMS below takes it, and TODAY goes.
-WANTED = {
+LINES = {
     "8.5": "desktop",
     "8.4": "desktop/frame",
     "8.3": "desktop/dialogs",
@@ -36,8 +16,7 @@ WANTED = {
     "6": "window",
     "5": "exchange integration",
     "4": "table schema",
-    "3.2": "nodes/dialogs textview/dialogs",
-    "3.1": "nodes/list",
+    "3.1": "nodes/dialogs textview/dialogs",
     "3.0": "nodes textview",
     "2": "core/edit",
     "1": "core/model",
@@ -77,4 +56,4 @@ class Rooms:
         return int(line), int(sub or 0)
 
 
-ROOMS = Rooms(TODAY, BESIDE)
+ROOMS = Rooms(LINES, BESIDE)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/frame/DocumentSubWindow.h"
-#include "core/model/mXMLEdit.h"
+#include "core/model/FileNames.h"
 #include "desktop/base/Glyphs.h"
 #include "desktop/base/Listen.h"
 #include "desktop/base/OneLine.h"

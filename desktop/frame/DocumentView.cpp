@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/frame/DocumentView.h"
-#include "core/sync/Views.h"
+#include "window/WindowEvents.h"
 #include "desktop/base/Listen.h"
 #include "desktop/base/Twips.h"
 #include "desktop/bind/LineAdapter.h"
@@ -76,7 +76,7 @@ void DocumentView::Bond::ConnectSplitters(int width) {
     const int left = ToPixels(window_.msngVSplit);
     ui_.pctSplit->setSizes({left, std::max(width - left, left)});
     connect(ui_.pctSplit, &QSplitter::splitterMoved, this,
-            [this](int position) { SetVSplitPosition(window_, ToTwips(position)); });
+            [this](int position) { window::SetVSplitPosition(window_, ToTwips(position)); });
     ShowSecondPane();
     Listen(window_.pctSplitText.changed, this, [this] { ShowSecondPane(); });
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/frame/GivenNames.h"
-#include "core/model/mXMLEdit.h"
+#include "core/model/FileNames.h"
 #include <QDir>
 #include <QFileInfo>
 #include <QMimeData>

@@ -171,10 +171,6 @@ void MainWindow::FollowDialogs() {
             find_ = new FindDialog(form, this);
         find_->ShowInFront();
     });
-    Listen(frame_.popup, this, [this](DocumentWindow*, int x, int y) {
-        const bool atPointer = x < 0 || y < 0;
-        ShowPopup(atPointer ? QCursor::pos() : mapToGlobal(QPoint(ToPixels(x), ToPixels(y))));
-    });
 }
 
 DocumentSubWindow* MainWindow::SubWindow(const DocumentWindow* window) const {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/nodes/ListEditing.h"
 #include "desktop/base/Twips.h"
-#include "nodes/ListEditor.h"
+#include "nodes/ListPlace.h"
 #include <QApplication>
 #include <QHeaderView>
 #include <QMouseEvent>
@@ -68,7 +68,7 @@ void ListEditing::ConnectCells() {
     connect(report_.horizontalScrollBar(), &QScrollBar::valueChanged, this, scrolled);
     connect(report_.header(), &QHeaderView::sectionResized, this, [this](int section, int, int width) {
         window_.ListView1.ColumnWidths[static_cast<std::size_t>(section)] = ToTwips(width);
-        LayListViewTextBox(window_);
+        nodes::LayListViewTextBox(window_);
     });
     Listen(window_.ListView1.ensureVisible, this, [this](int row) {
         report_.scrollTo(report_.model()->index(row - 1, 0));

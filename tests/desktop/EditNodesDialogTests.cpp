@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The widgets of the one-by-one editor, by keys and clicks.
+#include "textview/TextState.h"
 #include "desktop/dialogs/EditNodesDialog.h"
 #include "tests/desktop/ShownApp.h"
 #include <QLabel>
@@ -87,7 +88,7 @@ TEST_F(EditNodesDialog, ATextOfSeveralLinesIsChangedOnlyWhereItWasTyped) {
     const std::string before = Text();
     QTest::mouseClick(&Of<QPushButton>("cmdOk"), Qt::LeftButton);
     EXPECT_EQ(Text(), before);
-    EXPECT_EQ(t.window().UndoPos, 0);
+    EXPECT_EQ(textview::StateOf(t.window()).UndoPos, 0);
     t.ChooseMenu(QStringLiteral("mnuEditPopupEditNode"));
     QTest::keyClicks(&NodeText(), QStringLiteral("x"));
     QTest::mouseClick(&Of<QPushButton>("cmdOk"), Qt::LeftButton);

@@ -26,11 +26,11 @@ TEST(ListModel, StaysSoundThroughRandomEditsUnderAView) {
         else if (row > 0 && act == 2)
             list.SetSubItem(row, 1 + step % 2, QStringLiteral("line\n%1").arg(step));
         else
-            list.Add(row, QString::number(step), QStringLiteral("id%1").arg(step), 2, QStringLiteral("v"));
+            list.Add(QString::number(step), QStringLiteral("id%1").arg(step), 2, QStringLiteral("v"));
         if (step % 100 == 99) {
             list.BeginUpdate();
             list.Clear();
-            list.Add(0, QStringLiteral("k"), QStringLiteral("only"), 1);
+            list.Add(QStringLiteral("k"), QStringLiteral("only"), 1);
             list.EndUpdate();
         }
         ASSERT_EQ(model.rowCount(), list.Count());

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The main window: menus, documents side by side, the address box, the walk through the panes.
-#include "core/sync/Views.h"
+#include "textview/TextCommands.h"
 #include "tests/desktop/ShownApp.h"
 #include <QAction>
 #include <QComboBox>
@@ -152,7 +152,7 @@ TEST_F(MainWindow, F6WalksThroughAllPanesAndBackToTheTree) {
 TEST_F(MainWindow, F6ComesByBothPanesOfASplitText) {
     DocumentWindow& window = t.OpenText(QStringLiteral("one.xml"), "<one/>");
     t.ClickTab(QStringLiteral("textview"));
-    SplitTextViewHalf(window);
+    textview::SplitTextViewHalf(window);
     t.Press(Qt::Key_F6);
     EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("rtxtXML2"));
     t.Press(Qt::Key_F6, Qt::ShiftModifier);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The text tab with real keys and clicks.
+#include "textview/TextState.h"
 #include "tests/desktop/ShownApp.h"
 #include <QDialog>
 #include <QInputMethodEvent>
@@ -87,7 +88,7 @@ TEST_F(TextTab, EachCharacterOfATextThatIsPutInAtOnceHasItsColour) {
     }
     EXPECT_EQ(colours, (std::vector<std::uint32_t>{0xff0000, 0, 0x3232ff, 0xff0000}));
     EXPECT_EQ(t.window().rtxtXML2.Runs(), pane.Runs());
-    EXPECT_EQ(t.window().UndoPos, 1);
+    EXPECT_EQ(textview::StateOf(t.window()).UndoPos, 1);
 }
 
 TEST_F(TextTab, TypedTextReachesTheTreeWhenTheTreeIsClicked) {

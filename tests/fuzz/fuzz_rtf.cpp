@@ -3,7 +3,7 @@
 // reading; colouring changes a text by nothing but a blank behind a comment's opener.
 #include "core/model/Application.h"
 #include "platform/controls/Rtf.h"
-#include "textview/fill/ColourRtf.h"
+#include "textview/ColourRtf.h"
 #include <cstdlib>
 #include <cstring>
 
