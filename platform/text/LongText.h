@@ -70,6 +70,7 @@ public:
 private:
     struct Piece;
     struct Pieces;
+    friend class PieceComparison; ///< of two texts: TextDifference
     qsizetype longIndexOf(QStringView what, qsizetype from, Qt::CaseSensitivity sensitivity) const;
     std::shared_ptr<const Pieces> pieces_;
 };
