@@ -87,11 +87,12 @@ QByteArray NameOf(const QByteArray& label) {
     }
     for (const char* prefix : {"8859-", "ISO8859-", "ISO_8859-"}) {
         if (label.startsWith(prefix))
-            return "ISO-8859-" + label.mid(qstrlen(prefix));
+            return "ISO-8859-" + label.mid(QByteArrayView(prefix).size());
     }
     const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
     for (const char* prefix : {"", "WINDOWS-", "X-CP", "MS", "CP-"}) {
-        const QByteArray number = label.startsWith(prefix) ? label.mid(qstrlen(prefix)) : QByteArray();
+        const QByteArray number =
+            label.startsWith(prefix) ? label.mid(QByteArrayView(prefix).size()) : QByteArray();
         if (!number.isEmpty() && std::all_of(number.begin(), number.end(), isDigit))
             return NameOf("CP" + number);
     }
@@ -147,7 +148,7 @@ QByteArray ByteOrderMarkIn(const Encoding& encoding) {
 
 bool SameButForByteOrder(const Encoding& a, const Encoding& b) {
     const auto name = [](const Encoding& encoding) {
-        return encoding.byteCompatible ? encoding.name : encoding.name.first(qstrlen("UTF-16"));
+        return encoding.byteCompatible ? encoding.name : encoding.name.first(QByteArrayView("UTF-16").size());
     };
     return name(a) == name(b);
 }
