@@ -158,7 +158,6 @@ void Loader::libraryError(const xmlError& error) {
     if (error.code == XML_ERR_INTERNAL_ERROR && inDocumentType())
         complaint.code = XML_ERR_DOCTYPE_NOT_FINISHED; // all that the library has to say at its end
     complaint.inEntity = error.ctxt != context_ || context_->inputNr > 1;
-    complaint.message = QString::fromUtf8(error.message);
     const bool namesAttribute =
         error.code == XML_ERR_ATTRIBUTE_REDEFINED || error.code == XML_ERR_ATTRIBUTE_WITHOUT_VALUE;
     if (namesAttribute)
@@ -199,8 +198,11 @@ void Loader::startElement(const xmlChar* name, const xmlChar** attributes) {
     if (open_.size() == 1)
         store_.rootId = id;
     open_.push_back(Open{id, 0, open_.back().preserve});
+    scratch_.clear();
     if (attributes || !rules_.isEmpty())
         addAttributes(id, number, attributes);
+    if (checksPrefixes() && !stopped_)
+        enterScope(number);
 }
 
 /// The number of a name; every name of a node or attribute passes here.
@@ -220,7 +222,6 @@ void Loader::checkNames() {
 
 void Loader::addAttributes(std::uint32_t id, std::uint32_t nameId, const xmlChar** attributes) {
     const ElementRules* rules = rules_.isEmpty() ? nullptr : rules_.of(nameId);
-    scratch_.clear();
     std::size_t nameLengths = 0;
     for (; attributes && attributes[0]; attributes += 2) {
         const std::uint32_t attribute = numberOf(attributes[0]);
@@ -261,6 +262,8 @@ void Loader::flushText() {
 void Loader::endElement() {
     flushText();
     open_.pop_back();
+    if (checksPrefixes())
+        namespaces_.leave();
 }
 
 void Loader::characters(const xmlChar* text, int length) {
@@ -286,6 +289,7 @@ void Loader::instruction(const xmlChar* target, const xmlChar* data) {
         fail(kErrorReservedTarget, QString::fromUtf8(Chars(target)));
         return;
     }
+    checkColon(target);
     if (inDocumentType()) {
         declareOther();
         return;
