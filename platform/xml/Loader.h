@@ -34,7 +34,10 @@ private:
     struct Open {
         std::uint32_t id;
         std::uint32_t lastChild;
-        bool preserve; ///< white space counts here
+        bool preserve;             ///< white space counts here
+        bool hasText = false;      ///< more than blanks
+        bool respaced = false;     ///< has a text whose blanks indenting would change
+        std::uint32_t layouts = 0; ///< dropped blanks with a line end between two children
     };
 
     void parse(qsizetype length);
@@ -76,7 +79,10 @@ private:
     bool inEntity() const;
     void failByName(int code, const QString& name);
     text::StringPool::Ref attributeValue(const ElementRules* rules, std::uint32_t nameId, const char* value);
-    void flushText();
+    void flushText(bool siblingFollows = true);
+    void noteDropped(Open& parent);
+    void notePreserved(Open& parent, bool blank);
+    void noteReference();
     bool inDocumentType() const { return context_->inSubset != 0; }
     bool isJustDeclared(const xmlChar* name);
 
@@ -101,9 +107,10 @@ private:
     std::vector<Open> open_;
     std::vector<Attribute> scratch_; ///< the attributes of the element at hand
     std::vector<std::uint32_t>
-        writtenIn_;        ///< by attribute name: the element that it was last met in; see addDefaults
-    std::string text_;     ///< the text that is not yet a node
-    std::string declared_; ///< the entity that was declared last, until it was asked for once
+        writtenIn_; ///< by attribute name: the element that it was last met in; see addDefaults
+    unsigned long referenceByte_ = 0; ///< where the last reference in the text itself ended
+    std::string text_;                ///< the text that is not yet a node
+    std::string declared_;            ///< the entity that was declared last, until it was asked for once
     unsigned long declarationByte_ =
         0; ///< where the last declaration or long string in the document type ended
     std::optional<Complaint> complaint_;

@@ -55,6 +55,7 @@ void Loader::documentType(const xmlChar* name, const xmlChar* publicId, const xm
     xmlSAX2InternalSubset(context_, name, publicId, systemId);
     const std::uint32_t number = numberOf(name);
     addNode(DOCUMENT_TYPE, number);
+    Losses::add(store_.losses.documentTypes);
     checkForm(number);
     declareOther();
 }
@@ -159,7 +160,17 @@ xmlEntityPtr Loader::entity(const xmlChar* name) {
         fail(kErrorExternalEntity, Text(name));
     else if (!budget_.charge(ExpansionOf(found->content), byte()))
         fail(kErrorExpansion, Text(name));
+    else
+        noteReference();
     return stopped_ ? nullptr : found;
+}
+
+/// References in the content of an entity are met where the reference to it ends.
+void Loader::noteReference() {
+    if (inDocumentType() || byte() == referenceByte_)
+        return;
+    referenceByte_ = byte();
+    Losses::add(store_.losses.references);
 }
 
 xmlEntityPtr Loader::parameterEntity(const xmlChar* name) {

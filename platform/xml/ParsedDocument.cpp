@@ -83,6 +83,10 @@ std::size_t ParsedDocument::nodeCount() const {
     return storage_ ? storage_->nodeCount - 1 : 0;
 }
 
+Losses ParsedDocument::losses() const {
+    return storage_ ? storage_->losses : Losses();
+}
+
 const QString& ParsedDocument::name(std::uint32_t nameId) const {
     return storage_->names[nameId];
 }

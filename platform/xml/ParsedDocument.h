@@ -2,6 +2,7 @@
 #pragma once
 #include "platform/text/LongText.h"
 #include "platform/text/StringPool.h"
+#include "platform/xml/Losses.h"
 #include <QString>
 #include <QStringView>
 #include <cstdint>
@@ -118,6 +119,8 @@ public:
     Node document() const; ///< the document node; nothing before a successful load
     Node documentElement() const;
     std::size_t nodeCount() const; ///< nodes below the document node, attributes not counted
+
+    Losses losses() const; ///< what writing the document anew would drop; nothing before a successful load
 
     const QString& name(std::uint32_t nameId) const;
     std::uint32_t nameCount() const;
