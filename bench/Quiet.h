@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-// An application that asks nobody, for measuring programs.
+// An application that asks no questions, for measuring programs.
 namespace bench {
 
 template <typename Act> double Milliseconds(Act act) {
@@ -19,7 +19,7 @@ template <typename Act> double Milliseconds(Act act) {
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
-class Nobody : public services::Prompts {
+class NoPrompts : public services::Prompts {
 public:
     services::Answer MsgBox(const QString& text, services::Buttons, services::Icon, const QString&) override {
         std::fprintf(stderr, "%s\n", qPrintable(text));
@@ -67,7 +67,7 @@ public:
     DocumentWindow& window() { return *frame_.ActiveForm(); }
 
 private:
-    Nobody nobody_;
+    NoPrompts noPrompts_;
     NoBar noBar_;
     NoClipboard noClipboard_;
     std::unique_ptr<services::SettingsStore> settings_ =
@@ -75,7 +75,8 @@ private:
     std::unique_ptr<services::FileSystem> files_ = services::MakeFileSystem();
     std::unique_ptr<services::HttpClient> http_ = services::MakeHttpClient();
     std::unique_ptr<services::Clock> clock_ = services::MakeClock();
-    Application app_{services::Services{nobody_, noBar_, *settings_, *files_, *http_, *clock_, noClipboard_}};
+    Application app_{
+        services::Services{noPrompts_, noBar_, *settings_, *files_, *http_, *clock_, noClipboard_}};
     frmMDIMain frame_{app_};
 };
 

@@ -2,7 +2,7 @@
 // Times a full colouring pass, step by step, over the largest text that is coloured completely.
 #include "core/model/ColourStrings.h"
 #include "platform/controls/Rtf.h"
-#include "textview/fill/ColourRtf.h"
+#include "textview/ColourRtf.h"
 #include <QElapsedTimer>
 #include <algorithm>
 #include <cstdio>

@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Times what joins text and tree, without a screen: bench_text FILE. The file is one of make_records.
 #include "bench/Quiet.h"
-#include "core/commands/WindowEvents.h"
-#include "core/model/m_tvXML.h"
-#include "core/sync/TreeText.h"
-#include "core/sync/Views.h"
-#include "nodes/TreeCommands.h"
+#include "core/edit/View.h"
+#include "core/model/Attributes.h"
+#include "core/model/NodeContent.h"
+#include "core/model/NodeNumbers.h"
+#include "textview/TreeText.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Transaction.h"
+#include "core/edit/View.h"
+#include "nodes/AddNodes.h"
 #include "textview/Undo.h"
+#include "textview/TextState.h"
 #include <QFile>
 #include <cstring>
 
@@ -50,9 +55,9 @@ void Leave(DocumentWindow& window) {
         window.rtxtXML.SetSelStart(place);
         window.rtxtXML.KeyPress(QStringLiteral("y"));
         const double typed = Milliseconds([&] { window.rtxtXML.Type(QStringLiteral("y")); });
-        const double left = Milliseconds([&] { LeaveTextView(window); });
+        const double left = Milliseconds([&] { textview::LeaveTextView(window); });
         std::printf("type %.2f ms, leave the text %.0f ms%s\n", typed, left,
-                    window.bTextChanged ? " NOT READ" : "");
+                    window.bond.bTextChanged() ? " NOT READ" : "");
     }
 }
 
@@ -60,10 +65,10 @@ void Leave(DocumentWindow& window) {
 void ChangeTree(DocumentWindow& window) {
     for (int round = 0; round < 3; ++round) {
         window.tvXML.SetSelectedItem(window.tvXML.Nodes(1).LastChild().LastChild());
-        window.miPopupContext = kContextTree;
+        edit::Attend(window, kContextTree);
         const double shown = Milliseconds([&] {
-            AddNewTreeCommentNode(window);
-            DoTree(window);
+            nodes::AddNewTreeCommentNode(window);
+            edit::DoTree(window);
         });
         std::printf("comment added until the text shows it: %.1f ms\n", shown);
     }
@@ -76,12 +81,12 @@ void Steps(DocumentWindow& window) {
         auto element = window.tvXML.Nodes(1).LastChild();
         const int last = element.Children() - 1;
         window.tvXML.SetSelectedItem(window.tvXML.ChildAt(element, last * i / 16));
-        AddNewTreeCommentNode(window);
+        nodes::AddNewTreeCommentNode(window);
     }
     std::printf("sixteen steps: %.1f MB, a copy of the text is %.1f MB; %d can be undone\n",
                 Resident() - before, static_cast<double>(window.rtxtXML.Long().bytes()) / 1e6,
-                window.UndoPos);
-    const double back = Milliseconds([&] { rUndo(window); });
+                textview::StateOf(window).UndoPos);
+    const double back = Milliseconds([&] { textview::rUndo(window); });
     std::printf("undo one: %.0f ms\n", back);
 }
 
@@ -92,7 +97,6 @@ int main(int argc, char** argv) {
     bench::Quiet quiet(argc, argv, "bench_text FILE");
     DocumentWindow& window = quiet.window();
     window.tbsXML.Select(QStringLiteral("textview"));
-    tbsXML_Click(window);
     Find(window);
     Leave(window);
     ChangeTree(window);

@@ -2,15 +2,20 @@
 // Times the text view's widget on a document: bench_view FILE. Each act ends when the view is painted again.
 // Without a screen: QT_QPA_PLATFORM=offscreen.
 #include "bench/Quiet.h"
-#include "core/sync/Views.h"
-#include "desktop/TextAdapter.h"
-#include "desktop/TextView.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Transaction.h"
+#include "core/edit/View.h"
+#include "desktop/text/TextAdapter.h"
+#include "desktop/text/TextView.h"
 #include <QApplication>
 #include <QKeyEvent>
 #include <algorithm>
 #include <vector>
 
 namespace {
+
+using desktop::TextAdapter;
+using desktop::TextView;
 
 void Settle() {
     for (int i = 0; i < 3; ++i)
@@ -42,7 +47,6 @@ int main(int argc, char** argv) {
     bench::Quiet quiet(argc, argv, "bench_view FILE");
     DocumentWindow& window = quiet.window();
     window.tbsXML.Select(QStringLiteral("textview"));
-    tbsXML_Click(window);
     TextView view;
     const TextAdapter adapter(window.rtxtXML, view, nullptr);
     view.resize(900, 700);

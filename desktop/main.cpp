@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/Application.h"
-#include "desktop/FrameStyle.h"
-#include "desktop/GivenNames.h"
-#include "desktop/MainWindow.h"
-#include "desktop/QtClipboard.h"
-#include "desktop/QtProgress.h"
-#include "desktop/QtPrompts.h"
-#include "desktop/ThemeIcons.h"
-#include "desktop/VantrelApplication.h"
+#include "desktop/base/QtClipboard.h"
+#include "desktop/base/QtProgress.h"
+#include "desktop/base/QtPrompts.h"
+#include "desktop/base/ThemeIcons.h"
+#include "desktop/frame/FrameStyle.h"
+#include "desktop/frame/GivenNames.h"
+#include "desktop/frame/MainWindow.h"
+#include "desktop/frame/VantrelApplication.h"
 #include "platform/services/RealServices.h"
 #include "shell/frmMDIMain.h"
 #include <cstdlib>
@@ -15,7 +15,7 @@
 
 namespace {
 
-// The web engine refuses to start its sandbox for root; for everybody else the sandbox stays. Where it can't
+// The web engine refuses to start its sandbox for root; for other users the sandbox stays. Where it can't
 // have shared memory it would end the whole program, so it is told to use files instead.
 void PrepareWebEngine() {
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
@@ -24,6 +24,13 @@ void PrepareWebEngine() {
     if (access("/dev/shm", W_OK | X_OK) != 0)
         qputenv("QTWEBENGINE_CHROMIUM_FLAGS",
                 qgetenv("QTWEBENGINE_CHROMIUM_FLAGS") + " --disable-dev-shm-usage");
+}
+
+void PrepareLook() {
+    QApplication::setApplicationName(QStringLiteral("vantrel"));
+    QApplication::setStyle(new desktop::FrameStyle); // the application owns it
+    desktop::ChooseIconTheme();
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("text-xml")));
 }
 
 // For measuring: VANTREL_MEASURE=frame ends the program when the frame has been painted, =document when the
@@ -48,19 +55,16 @@ void OpenGivenNames(frmMDIMain& frame, const QStringList& names) {
 
 int main(int argumentCount, char** arguments) {
     PrepareWebEngine();
-    VantrelApplication qt(argumentCount, arguments);
-    QApplication::setApplicationName(QStringLiteral("vantrel"));
-    QApplication::setStyle(new FrameStyle); // the application owns it
-    ChooseIconTheme();
-    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("text-xml")));
+    desktop::VantrelApplication qt(argumentCount, arguments);
+    PrepareLook();
 
-    QtPrompts prompts;
-    QtProgress progress;
+    desktop::QtPrompts prompts;
+    desktop::QtProgress progress;
     const auto settings = services::MakeIniSettings();
     const auto files = services::MakeFileSystem();
     const auto http = services::MakeHttpClient();
     const auto clock = services::MakeClock();
-    QtClipboard clipboard;
+    desktop::QtClipboard clipboard;
     Application app({prompts, progress, *settings, *files, *http, *clock, clipboard});
     frmMDIMain frame(app);
     frame.MDIForm_Load();
@@ -70,9 +74,9 @@ int main(int argumentCount, char** arguments) {
                        services::Icon::Critical, QStringLiteral("Vantrel"));
     };
 
-    MainWindow window(frame);
-    const QStringList names = CommandLineNames(QApplication::arguments().mid(1));
-    QObject::connect(&window, &MainWindow::painted, &window, [&] {
+    desktop::MainWindow window(frame);
+    const QStringList names = desktop::CommandLineNames(QApplication::arguments().mid(1));
+    QObject::connect(&window, &desktop::MainWindow::painted, &window, [&] {
         EndIfMeasured("frame");
         OpenGivenNames(frame, names);
         EndIfMeasured("document");

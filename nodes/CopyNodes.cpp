@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/CopyNodes.h"
-#include "core/model/m_tvXML.h"
-#include "core/sync/TreeText.h"
+#include "core/edit/Transaction.h"
+#include "core/model/NodeKind.h"
 #include "platform/controls/TreeCursor.h"
 #include <optional>
 #include <vector>
+
+namespace nodes {
 
 namespace {
 
@@ -57,39 +59,29 @@ TreeNode CopyBranch(DocumentWindow& window, TreeNode source, TreeNode relative, 
         if (branch[i].node.Expanded())
             copies[i].SetExpanded(true);
     }
-    window.bTreeChanged = true;
     return copies.front();
 }
 
 } // namespace
 
-QString PasteNodetoNode(DocumentWindow& window, TreeNode source, TreeNode target) try {
+QString PasteNodetoNode(DocumentWindow& window, TreeNode source, TreeNode target) {
     if (!source || !target || source.Key() == target.Key())
         return {};
-    const QString key = CopyBranch(window, source, target, controls::tvwChild).Key();
-    TreeChangeTextView(window);
-    return key;
-} catch (const text::Fault& fault) {
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".PasteNodetoNode"));
-    return {};
+    return edit::Run(window, "PasteNodetoNode",
+                     [&] { return CopyBranch(window, source, target, controls::tvwChild).Key(); });
 }
 
 TreeNode PasteNodetoNodeBehind(DocumentWindow& window, TreeNode source, TreeNode target) {
-    const TreeNode copy = CopyBranch(window, source, target, controls::tvwNext);
-    TreeChangeTextView(window);
-    return copy;
+    return CopyBranch(window, source, target, controls::tvwNext);
 }
 
-TreeNode PasteNodetoNodeBeforeOrAfter(DocumentWindow& window, TreeNode source, bool before) try {
-    constexpr int kInstruction = 7;
+TreeNode PasteNodetoNodeBeforeOrAfter(DocumentWindow& window, TreeNode source, bool before) {
     const TreeNode neighbour = before ? source.Previous() : source.Next();
-    if (!neighbour || (before && m_tvXML::GetKeyType(neighbour) == kInstruction))
+    if (!neighbour || (before && m_tvXML::GetKeyType(neighbour) == m_tvXML::kInstruction))
         return {};
-    const TreeNode copy =
-        CopyBranch(window, source, neighbour, before ? controls::tvwPrevious : controls::tvwNext);
-    TreeChangeTextView(window);
-    return copy;
-} catch (const text::Fault& fault) {
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".PasteNodetoNodeBeforeOrAfter"));
-    return {};
+    return edit::Run(window, "PasteNodetoNodeBeforeOrAfter", [&] {
+        return CopyBranch(window, source, neighbour, before ? controls::tvwPrevious : controls::tvwNext);
+    });
 }
+
+} // namespace nodes

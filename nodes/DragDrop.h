@@ -6,6 +6,16 @@
 // Dragging nodes and rows, and what becomes of a drop. A drag always copies: what was dragged stays where it
 // is. The program keeps where the last drag began, so a drop may come from another window's tree or list.
 // Nodes go into the node at the place of the drop; a leaf's element takes them for the leaf.
+namespace nodes {
+
+/// Where the last drag of nodes or rows began.
+struct DragSlot {
+    explicit DragSlot(Application& app);
+
+    DocumentWindow* dragSource = nullptr; ///< null once that has closed
+    int dragSourceView = 0;               ///< number of the view
+};
+DragSlot& LastDrag(Application& app);
 
 // --- a drag begins -----------------------------------------------------------------------------------------
 
@@ -38,3 +48,5 @@ void ListView1_DragDrop(DocumentWindow& window, controls::TreeNode target);
 /// A text from elsewhere, such as another program: nodes go into `target`, a list of attributes into it if it
 /// is an element. What is neither is told.
 void tvXML_OLEDragDrop(DocumentWindow& window, const QString& text, controls::TreeNode target);
+
+} // namespace nodes

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/FinishEdits.h"
-#include "core/sync/TreeText.h"
-#include "nodes/ListEditor.h"
+#include "core/edit/TextWay.h"
+#include "core/edit/Transaction.h"
+#include "nodes/ListCommit.h"
+
+namespace nodes {
 
 void FinishEdits(DocumentWindow& window) {
     window.tvXML.FinishLabelEdit();
@@ -11,5 +14,8 @@ void FinishEdits(DocumentWindow& window) {
 
 bool FinishAllEdits(DocumentWindow& window) {
     FinishEdits(window);
-    return ReadEditedText(window);
+    return !window.bond.bTextChanged() ||
+           edit::Run(window, "FinishAllEdits", [&] { return window.way->read(window); });
 }
+
+} // namespace nodes

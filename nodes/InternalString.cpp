@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/InternalString.h"
-#include "core/sync/TreeText.h"
+#include "core/model/NodeContent.h"
+
+namespace nodes {
 
 QString ConvertXMLNodeToInternalString(xml::Node node, QStringList& names) {
     const xml::ParsedDocument& document = *node.ownerDocument();
@@ -22,3 +24,5 @@ QString ConvertXMLNodesToInternalString(xml::Node parent, QStringList& names) {
         records << ConvertXMLNodeToInternalString(node, names);
     return records.join(u'<');
 }
+
+} // namespace nodes

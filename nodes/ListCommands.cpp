@@ -1,70 +1,49 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/ListCommands.h"
-#include "core/model/Validate.h"
-#include "core/model/m_tvXML.h"
-#include "core/sync/TreeText.h"
-#include "core/sync/Views.h"
-#include "nodes/CopyNodes.h"
+#include "core/edit/Transaction.h"
+#include "core/model/Attributes.h"
+#include "nodes/DeleteNodes.h"
 #include "nodes/ListRows.h"
-#include "nodes/TreeCommands.h"
-#include "nodes/fill/ShowListView.h"
+#include "nodes/MoveNodes.h"
+#include <QSet>
 #include <optional>
 
-// Names, deleting and moving in the list.
+namespace nodes {
 
 namespace {
 
 using controls::TreeNode;
 
-bool RenameElement(DocumentWindow& window, const QString& key, const QString& name) {
-    if (!m_tvXML::ValidateNodeName(window.app, name))
-        return false;
-    window.tvXML.Nodes(key).SetText(name);
-    return true;
-}
-
-bool RenameAttribute(DocumentWindow& window, int row, const QString& name) {
-    const QString owner = window.ListView1.Item(row).Tag;
-    TreeNode element = window.tvXML.Nodes(owner);
-    if (!m_tvXML::ValidateNodeAttributeName(window.app, name, element.Text()))
-        return false;
-    if (HaveSameNameAttributeAtListView(window, name)) {
-        window.app.services.prompts.MsgBox(
-            QStringLiteral("Can not set same attribute name at XML attribute list!"));
-        return false;
-    }
-    window.ListView1.SetText(row, name);
-    element.SetTag(GetAttrsFromListViewAllItems(window));
-    return true;
-}
-
-// The rows' keys hold the names, so the list is made anew.
-void ShowChanged(DocumentWindow& window, const QString& rowKey) {
-    window.bTreeChanged = true;
-    TreeChangeTextView(window, true); // a text that stays empty holds nothing up
-    ShowListView(window);
-    DoTree(window);
-    if (const int row = window.ListView1.IndexOf(rowKey); row > 0)
-        window.ListView1.SetSelectedItem(row);
-}
-
-// Deletes the attribute rows among `rows` and gives the keys of the other ones.
-QStringList DeleteAttributeRows(DocumentWindow& window, const std::vector<int>& rows) {
-    controls::ListView& list = window.ListView1;
+/// What is deleted: whole nodes by their keys, and attributes of one element by their names.
+struct Doomed {
     QStringList keys;
     QString owner;
-    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
-        const controls::ListItem& item = list.Item(*row);
-        if (item.SmallIcon != kRowAttribute) {
-            keys << item.Key;
-            continue;
+    QSet<QString> names;
+};
+
+Doomed SelectedRows(const controls::ListView& list) {
+    Doomed doomed;
+    for (const int row : list.SelectedRows()) {
+        const controls::ListItem& item = list.Item(row);
+        if (item.SmallIcon == m_tvXML::kAttribute) {
+            doomed.owner = item.Tag;
+            doomed.names.insert(item.Text);
+        } else {
+            doomed.keys << item.Key;
         }
-        owner = item.Tag;
-        list.Remove(*row);
     }
-    if (!owner.isEmpty())
-        window.tvXML.Nodes(owner).SetTag(GetAttrsFromListViewAllItems(window));
-    return keys;
+    return doomed;
+}
+
+void DeleteAttributes(DocumentWindow& window, const QString& owner, const QSet<QString>& names) {
+    TreeNode element = window.tvXML.Nodes(owner);
+    const m_tvXML::Attributes all(element);
+    m_tvXML::Attributes kept;
+    for (qsizetype i = 0; i < all.count(); ++i) {
+        if (!names.contains(all.name(i)))
+            kept.add(all.name(i), all.value(i));
+    }
+    element.SetTag(kept.tag());
 }
 
 // A node on show that is deleted itself gives way as it does in the tree.
@@ -87,20 +66,32 @@ void DeleteNodes(DocumentWindow& window, const QStringList& keys) {
         window.tvXML.SetSelectedItem(shown);
 }
 
+void ChooseRow(DocumentWindow& window, const QString& key) {
+    edit::Then(window, [&window, key] { SelectOnlyRow(window, window.ListView1.IndexOf(key)); });
+}
+
 void MoveUpDownOneAttributeItemAtListView(DocumentWindow& window, int row, bool up) {
     const controls::ListView& list = window.ListView1;
     const int other = up ? row - 1 : row + 1;
     if (other < 1 || other > list.Count())
         return;
-    const controls::ListItem item = list.Item(row);
-    if (list.Item(other).SmallIcon != kRowAttribute) {
+    const controls::ListItem item = list.Item(row), neighbour = list.Item(other);
+    if (neighbour.SmallIcon != m_tvXML::kAttribute) {
         ErrorReportBox(window.app, {text::kFaultBadCall, QStringLiteral("Invalid procedure call")},
                        QStringLiteral("MoveUpDownOneAttributeItemAtListView. Never should be here! "));
         return;
     }
-    TreeNode element = window.tvXML.Nodes(item.Tag);
-    element.SetTag(GetChangedAttrsByIndexFromListViewAllItems(window, row, other));
-    ShowChanged(window, item.Key);
+    edit::Run(window, "MoveUpDownOneItemAtListView", [&] {
+        TreeNode element = window.tvXML.Nodes(item.Tag);
+        m_tvXML::Attributes all(element);
+        const qsizetype from = all.find(item.Text), to = all.find(neighbour.Text);
+        if (from < 0 || to < 0)
+            return;
+        all.swap(from, to);
+        element.SetTag(all.tag());
+        edit::WriteUnnamed(window); // a text that stays empty holds nothing up
+        ChooseRow(window, item.Key);
+    });
 }
 
 // The node moves in the tree; the list stays where it is, with the moved row as the current one.
@@ -110,67 +101,32 @@ void MoveUpDownOneNodeItemAtListView(DocumentWindow& window, TreeNode node, bool
         return;
     window.tvXML.SetSelectedItem(node);
     MoveUpDownOneNodeAtTree(window, up);
-    const QString moved = window.tvXML.SelectedItem().Key();
-    window.tvXML.SetSelectedItem(shown);
-    ShowListView(window);
-    DoTree(window);
-    window.ListView1.ClearSelected();
-    if (const int row = window.ListView1.IndexOf(moved); row > 0)
-        window.ListView1.SetSelectedItem(row);
+    edit::Run(window, "MoveUpDownOneItemAtListView", [&] {
+        ChooseRow(window, window.tvXML.SelectedItem().Key());
+        window.tvXML.SetSelectedItem(shown);
+    });
 }
 
 } // namespace
 
-void EditListViewItemName(DocumentWindow& window) {
-    if (window.ListView1.SelectedItem() > 0)
-        window.ListView1.StartLabelEdit();
+void DeleteListViewItems(DocumentWindow& window) {
+    edit::Run(window, "DeleteListViewItems", [&] {
+        const Doomed doomed = SelectedRows(window.ListView1);
+        if (!doomed.owner.isEmpty())
+            DeleteAttributes(window, doomed.owner, doomed.names);
+        DeleteNodes(window, doomed.keys);
+        edit::WriteUnnamed(window);
+    });
 }
 
-void ListView1_BeforeLabelEdit(DocumentWindow& window, bool& cancel) {
-    const int kind = SelectedRowKind(window);
-    // The caption of a CDATA section is the list's own word and not a name.
-    cancel =
-        cancel || kind == kRowText || kind == kRowComment || kind == kRowInstruction || kind == kRowCData;
-}
-
-void ListView1_AfterLabelEdit(DocumentWindow& window, int row, bool& cancel, QString& newString) try {
-    const controls::ListItem item = window.ListView1.Item(row);
-    const bool attribute = item.SmallIcon == kRowAttribute;
-    cancel =
-        attribute ? !RenameAttribute(window, row, newString) : !RenameElement(window, item.Key, newString);
-    if (cancel && item.Text.isEmpty()) { // a new element can't go without a name
-        newString = QStringLiteral("Unnamed");
-        cancel = !RenameElement(window, item.Key, newString);
-    }
-    if (cancel)
-        return;
-    ShowChanged(window, attribute ? item.Tag + u'/' + newString : item.Key);
-} catch (const text::Fault& fault) {
-    cancel = true;
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".ListView1_AfterLabelEdit"));
-}
-
-void DeleteListViewItems(DocumentWindow& window) try {
-    const std::vector<int> rows = window.ListView1.SelectedRows();
-    if (rows.empty())
-        return;
-    const QStringList keys = DeleteAttributeRows(window, rows);
-    DeleteNodes(window, keys);
-    ShowChanged(window, {});
-} catch (const text::Fault& fault) {
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".DeleteListViewItems"));
-}
-
-void MoveUpDownOneItemAtListView(DocumentWindow& window, bool up) try {
+void MoveUpDownOneItemAtListView(DocumentWindow& window, bool up) {
     const int row = window.ListView1.SelectedItem();
     if (row == 0)
         return;
-    if (window.ListView1.Item(row).SmallIcon == kRowAttribute)
+    if (SelectedRowKind(window) == m_tvXML::kAttribute)
         MoveUpDownOneAttributeItemAtListView(window, row, up);
     else
         MoveUpDownOneNodeItemAtListView(window, CurrentListNode(window), up);
-} catch (const text::Fault& fault) {
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".MoveUpDownOneItemAtListView"));
 }
 
 void SelectAllAtListView(DocumentWindow& window) {
@@ -180,3 +136,5 @@ void SelectAllAtListView(DocumentWindow& window) {
 void SetListViewStyle(DocumentWindow& window, int view) {
     window.ListView1.SetView(view);
 }
+
+} // namespace nodes

@@ -1,23 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/model/Validate.h"
-#include "core/model/mXMLEdit.h"
-#include "core/model/m_tvXML.h"
-#include "core/sync/TreeText.h"
-#include "core/sync/Views.h"
-#include "nodes/Clipboard.h"
-#include "nodes/ListRows.h"
-#include <QSet>
-#include <algorithm>
+#include "nodes/PasteNodes.h"
+#include "core/edit/Report.h"
+#include "core/edit/Transaction.h"
+#include "core/model/DomToTree.h"
+#include "core/model/NodeKind.h"
+#include "core/model/NodeNumbers.h"
+#include "core/model/Probe.h"
 
-// What is pasted into nodes, wherever it comes from and whichever view it is meant for.
+namespace nodes {
 
 namespace {
 
 using controls::TreeNode;
+using m_tvXML::Attributes;
 
 // Beside the root element there is room for comments and instructions alone.
 bool FitsAtTheTop(DocumentWindow& window, xml::Node fragment) {
-    int elements = m_tvXML::HaveElementNodeAtXMLRootLevel(window) ? 1 : 0;
+    int elements = m_tvXML::HaveElementNodeAtXMLRootLevel(window.tvXML) ? 1 : 0;
     for (xml::Node node = fragment.firstChild(); node; node = node.nextSibling()) {
         if (node.nodeType() == xml::TEXT || node.nodeType() == xml::CDATA_SECTION)
             return false;
@@ -26,13 +25,25 @@ bool FitsAtTheTop(DocumentWindow& window, xml::Node fragment) {
     return elements <= 1;
 }
 
-QString JoinAttributes(const QStringList& names, const QStringList& values) {
-    QStringList pairs;
-    for (qsizetype i = 0; i < names.size(); ++i) {
-        if (!names[i].isEmpty())
-            pairs << names[i] + QStringLiteral("=\"") + values[i] + u'"';
+bool Refuse(DocumentWindow& window) {
+    SayNothingFits(window);
+    return false;
+}
+
+// The attributes of an element and those that are added; nothing where that can't be, which is told.
+std::optional<Attributes> WithAttributes(DocumentWindow& window, TreeNode element,
+                                         const QString& attributes) {
+    Attributes all(element);
+    const std::optional<Attributes> added = AttributesOf(attributes);
+    if (!added)
+        return {};
+    if (all.sharesNameWith(*added)) {
+        window.app.services.prompts.MsgBox(
+            QStringLiteral("Can not set same attribute name at XML attribute list!"));
+        return {};
     }
-    return pairs.join(u' ');
+    all.add(*added);
+    return all;
 }
 
 } // namespace
@@ -41,9 +52,9 @@ void SayNothingFits(DocumentWindow& window) {
     window.app.services.prompts.MsgBox(QStringLiteral("This type of data can not paste!"));
 }
 
-// The serialiser would leave out what is below a leaf.
+// The serialiser would leave out what is below a leaf (quirk 5).
 TreeNode Container(TreeNode node) {
-    while (node && !m_tvXML::IsTreeRoot(node) && m_tvXML::GetKeyType(node) != kRowElement)
+    while (node && !m_tvXML::IsTreeRoot(node) && !m_tvXML::IsElement(node))
         node = node.Parent();
     return node;
 }
@@ -52,70 +63,61 @@ void PasteXMLStringToTree(DocumentWindow& window, TreeNode node, bool asChild) {
     PasteXMLText(window, window.app.services.clipboard.GetText(), node, asChild);
 }
 
-bool PasteXMLText(DocumentWindow& window, const QString& text, TreeNode node, bool asChild) try {
-    const TreeNode target = Container(node);
-    if (!target)
-        return false;
-    std::shared_ptr<xml::ParsedDocument> document;
-    const xml::Node temp = ConvertStringToXMLNode(
-        window.app, QStringLiteral("<temp>") + text + QStringLiteral("</temp>"), document);
-    if (!temp || (m_tvXML::IsTreeRoot(target) && !(asChild && FitsAtTheTop(window, temp))))
-        return false;
-    const int before = window.tvXML.Nodes.Count();
-    const TreeNode selected = window.tvXML.SelectedItem();
-    window.bTreeChanged = true; // also if only a part gets there
-    m_tvXML::XMLChildNodesToTree(window.app, &window, temp, target.Key(), window.tvXML);
-    if (selected)
-        window.tvXML.SetSelectedItem(selected);
-    DoTree(window);
-    return window.tvXML.Nodes.Count() > before;
-} catch (const text::Fault& fault) {
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".PasteXMLStringToTree"));
-    return false;
+bool PasteXMLText(DocumentWindow& window, const QString& text, TreeNode node, bool asChild) {
+    return edit::Run(window, "PasteXMLStringToTree", [&] {
+        const TreeNode target = Container(node);
+        if (!target)
+            return false;
+        const mXMLEdit::Parsed parsed =
+            ConvertStringToXMLNode(window.app, QStringLiteral("<temp>") + text + QStringLiteral("</temp>"));
+        const xml::Node temp = parsed.root();
+        if (!temp || (m_tvXML::IsTreeRoot(target) && !(asChild && FitsAtTheTop(window, temp))))
+            return false;
+        const int before = window.tvXML.Nodes.Count();
+        const TreeNode selected = window.tvXML.SelectedItem();
+        m_tvXML::XMLChildNodesToTree(window.app, &window.tvXML, temp, target.Key(), window.tvXML);
+        if (selected)
+            window.tvXML.SetSelectedItem(selected);
+        return window.tvXML.Nodes.Count() > before;
+    });
 }
 
-xml::Node ConvertStringToXMLNode(Application& app, const QString& text,
-                                 std::shared_ptr<xml::ParsedDocument>& document) {
-    if (!mXMLEdit::LoadXMLDocFromString(app, text, document, false))
+mXMLEdit::Parsed ConvertStringToXMLNode(Application& app, const QString& text) {
+    return edit::LoadXMLDocFromString(app, text, edit::Tone::Box);
+}
+
+std::optional<Attributes> AttributesOf(const QString& text) {
+    xml::ParsedDocument document;
+    if (!document.loadXML(m_tvXML::NodeAttributesProbe(text, QStringLiteral("temp"))))
         return {};
-    return document->documentElement();
+    return Attributes(m_tvXML::GenerateAttributeString(document.documentElement()));
 }
 
 bool AddAttributes(DocumentWindow& window, TreeNode element, const QString& attributes) {
-    xml::ParsedDocument document;
-    if (!document.loadXML(m_tvXML::NodeAttributesProbe(attributes, QStringLiteral("temp"))))
+    const std::optional<Attributes> all = WithAttributes(window, element, attributes);
+    if (!all)
         return false;
-    QStringList names, values, newNames, newValues;
-    m_tvXML::GetAllAttributesNameAndValue(element.Tag(), names, values);
-    m_tvXML::GetAllAttributesNameAndValue(m_tvXML::GenerateAttributeString(document.documentElement()),
-                                          newNames, newValues);
-    const QSet<QString> taken(names.begin(), names.end());
-    if (std::any_of(newNames.begin(), newNames.end(),
-                    [&](const QString& name) { return taken.contains(name); })) {
-        window.app.services.prompts.MsgBox(
-            QStringLiteral("Can not set same attribute name at XML attribute list!"));
-        return false;
-    }
-    element.SetTag(JoinAttributes(names + newNames, values + newValues));
-    window.bTreeChanged = true;
+    edit::Run(window, "AddAttributes", [&] { element.SetTag(all->tag()); });
     return true;
 }
 
 bool PasteNodesAndAttributes(DocumentWindow& window, TreeNode target, const QString& nodes,
                              const QString& attributes, bool asChild) {
-    const auto refuse = [&] {
-        SayNothingFits(window);
-        return false;
-    };
-    if (!attributes.isEmpty() && m_tvXML::GetKeyType(target) != kRowElement)
-        return refuse();
-    const QString before = target.Tag();
-    const bool changedBefore = window.bTreeChanged;
-    if (!attributes.isEmpty() && !AddAttributes(window, target, attributes))
-        return false;
-    if (nodes.isEmpty() || PasteXMLText(window, nodes, target, asChild))
+    if (!attributes.isEmpty() && !m_tvXML::IsElement(target))
+        return Refuse(window);
+    std::optional<Attributes> all;
+    if (!attributes.isEmpty()) {
+        all = WithAttributes(window, target, attributes);
+        if (!all)
+            return false;
+    }
+    return edit::Run(window, "PasteNodesAndAttributes", [&] {
+        if (!nodes.isEmpty() && !PasteXMLText(window, nodes, target, asChild))
+            return window.app.lastParseError ? false : Refuse(window); // the parser's box has told it
+        if (all)
+            target.SetTag(all->tag());
         return true;
-    target.SetTag(before);
-    window.bTreeChanged = changedBefore;
-    return window.app.lastParseError ? false : refuse(); // the parser's box has told it
+    });
 }
+
+} // namespace nodes

@@ -1,106 +1,64 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "nodes/TreeClipboard.h"
+#include "core/edit/CopySlot.h"
+#include "core/edit/Transaction.h"
+#include "core/edit/View.h"
+#include "core/model/Delay.h"
+#include "core/model/NodeKind.h"
 #include "core/model/Serialise.h"
-#include "core/model/mXMLEdit.h"
-#include "core/model/m_tvXML.h"
-#include "core/sync/TreeText.h"
-#include "core/sync/Views.h"
-#include "nodes/Clipboard.h"
-#include "nodes/TreeCommands.h"
+#include "nodes/DeleteNodes.h"
+#include "nodes/KeepCopy.h"
+#include "nodes/PasteNodes.h"
 
-// The clipboard of the tree, and what tree and list share.
+namespace nodes {
 
 namespace {
 
 using controls::TreeNode;
 
-constexpr int kElement = 1;
-constexpr int kText = 3;
-constexpr int kInstruction = 7;
-constexpr int kComment = 8;
-
-} // namespace
-
-bool CopyTreeNode(DocumentWindow& window) try {
-    const TreeNode node = window.tvXML.SelectedItem();
-    if (!node)
-        return false;
-    Application& app = window.app;
-    const QString text = m_tvXML::GetTreeNodesXML(node, QStringLiteral("\t"));
-    if (text.isEmpty() || !HasTextForm(node)) {
-        SayNothingCopied(app);
-        return false;
-    }
-    app.clipboardSource = &window;
-    app.copiedText = text;
-    app.copiedAttributes.clear();
-    app.services.clipboard.Clear();
-    app.services.clipboard.SetText(app.copiedText);
-    app.ClipboardSourceView = kViewTree;
-    window.msNodeClip = node.Key();
-    DoMenu(window);
-    return true;
-} catch (const text::Fault& fault) {
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".CopyTreeNode"));
-    return false;
-}
-
-bool HasTextForm(TreeNode node) {
-    switch (m_tvXML::GetKeyType(node)) {
-    case kElement:
-    case kText:
-    case kInstruction:
-    case kComment:
-        return true;
-    default:
-        return m_tvXML::IsTreeRoot(node);
-    }
-}
-
-bool IsLastCopy(const Application& app, const QString& text) {
-    if (app.copiedText.isEmpty() || text.isEmpty())
-        return false;
-    const auto plain = [](QString one) { return one.remove(u'\r'); };
-    return text == app.copiedText || plain(text) == plain(app.copiedText);
-}
-
-void SayNothingCopied(Application& app) {
-    app.services.prompts.MsgBox(QStringLiteral("This type of data can not copy!"));
-}
-
-void CutTreeNode(DocumentWindow& window) {
-    if (!CopyTreeNode(window))
-        return;
-    DeleteTreeNode(window);
-    DoTree(window);
-}
-
-namespace {
-
 // Rows that were copied may have attributes, which go into an element; beside nodes the clipboard's text
 // can't hold them.
 void PasteIntoTree(DocumentWindow& window, TreeNode node, const QString& text) {
-    const Application& app = window.app;
+    const edit::CopySlot& copy = edit::LastCopy(window.app);
     const TreeNode target = Container(node);
-    if (!target || app.copiedAttributes.isEmpty() || !IsLastCopy(app, text)) {
+    if (!target || copy.copiedAttributes.isEmpty() || !edit::IsLastCopy(window.app, text)) {
         PasteXMLStringToTree(window, node);
         return;
     }
-    const bool nodes = app.copiedText != app.copiedAttributes;
-    if (PasteNodesAndAttributes(window, target, nodes ? text : QString(), app.copiedAttributes, false))
-        DoTree(window);
+    const bool nodesToo = copy.copiedText != copy.copiedAttributes;
+    PasteNodesAndAttributes(window, target, nodesToo ? text : QString(), copy.copiedAttributes, false);
 }
 
 } // namespace
 
-void PasteTreeNode(DocumentWindow& window) try {
+bool CopyTreeNode(DocumentWindow& window) {
+    return edit::Guarded(window, "CopyTreeNode", [&] {
+        const TreeNode node = window.tvXML.SelectedItem();
+        if (!node)
+            return false;
+        const QString text = m_tvXML::GetTreeNodesXML(node, QStringLiteral("\t"));
+        if (text.isEmpty() || !m_tvXML::HasTextForm(node)) {
+            SayNothingCopied(window.app);
+            return false;
+        }
+        KeepCopy(window, edit::kViewTree, node.Key(), text, {});
+        edit::DoTree(window);
+        return true;
+    });
+}
+
+void CutTreeNode(DocumentWindow& window) {
+    if (CopyTreeNode(window))
+        DeleteTreeNode(window);
+}
+
+void PasteTreeNode(DocumentWindow& window) {
     constexpr int kPause = 10; // milliseconds
     const QString text = window.app.services.clipboard.GetText();
     if (text.isEmpty())
         return;
-    PasteIntoTree(window, window.tvXML.SelectedItem(), text);
-    if (window.bTreeChanged) // else a text that doesn't parse would give way to an old tree
-        TreeChangeTextView(window);
+    edit::Run(window, "PasteTreeNode", [&] { PasteIntoTree(window, window.tvXML.SelectedItem(), text); });
     mXMLEdit::Delay(window.app, kPause);
-} catch (const text::Fault& fault) {
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".PasteTreeNode"));
 }
+
+} // namespace nodes

@@ -1,8 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "core/edit/Command.h"
+#include "shell/FrameParts.h"
+#include <functional>
+#include <span>
+#include <vector>
 
-class frmMDIMain;
+namespace shell {
 
-/// Connects the menu entries and toolbar buttons whose command is built to their routines and marks them so;
-/// a fault that gets out of one is reported under the handler's name.
-void ConnectCommands(frmMDIMain& frame);
+/// The commands of all rooms, collected from their tables.
+class Commands {
+public:
+    explicit Commands(FrameParts& frame);
+    Commands(const Commands&) = delete;
+    Commands& operator=(const Commands&) = delete;
+
+    /// Joins menu entries and buttons to what they run and marks them so; a fault that gets out of a command
+    /// is reported under its handler's name. A command on the document needs a window in front.
+    void Connect();
+    std::vector<const edit::Offer*> Offers() const; ///< they stay where they are
+
+private:
+    struct Row {
+        const edit::Offer* offer;
+        std::function<void(int index)> run; ///< none for a command that isn't there yet
+    };
+    void AddCommands(std::span<const edit::Command> commands, std::span<const edit::CommandForm> forms);
+    void ConnectEntries(const Row& row);
+    void ConnectButton(const Row& row);
+    void RunFirstOffered(const edit::Button& button) const;
+    bool IsOffered(const Row& row) const;
+
+    FrameParts& frame_;
+    std::vector<Row> rows_;
+};
+
+} // namespace shell

@@ -2,6 +2,8 @@
 #include "shell/MenuData.h"
 #include <span>
 
+namespace shell {
+
 namespace {
 
 /// One entry of a menu; a null name is a separator.
@@ -164,17 +166,69 @@ constexpr Row kPopup[] = {
     {"mnuEditAttrP", "编辑值", "", "document-edit"},
 };
 
-constexpr Row kNoSchemaEntry{"mnuNewSNone", "(none)"};
+// The entries that insert schema elements. "appInfo" with a capital I and "choice" without a command behind
+// it are right as they stand.
+constexpr Row kSchemaElements[] = {
+    {"mnuNewSElement", "element"},
+    {"mnuNewSAttribute", "attribute"},
+    {"mnuNewSAttrG", "attributeGroup"},
+    {"mnuNewSGroup", "group"},
+    {"mnuNewSComplexType", "complexType"},
+    {"mnuNewSSimpleType", "simpleType"},
+    {"mnuNewSAnnotation", "annotation"},
+    {"mnuNewSDoc", "documentation"},
+    {"mnuNewSNotation", "notation"},
+    {"mnuNewSCContent", "complexContent"},
+    {"mnuNewSSContent", "simpleContent"},
+    {"mnuNewSExt", "extension"},
+    {"mnuNewSRestriction", "restriction"},
+    {"mnuNewSSchema", "schema"},
+    {"mnuNewSAny", "any"},
+    {"mnuNewSAnyAttr", "anyAttribute"},
+    {"mnuNewSAppInfo", "appInfo"},
+    {"mnuNewSEnum", "enumeration"},
+    {"mnuNewSField", "field"},
+    {"mnuNewSImport", "import"},
+    {"mnuNewSInclude", "include"},
+    {"mnuNewSKey", "key"},
+    {"mnuNewSKeyRef", "keyref"},
+    {"mnuNewSLength", "length"},
+    {"mnuNewSList", "list"},
+    {"mnuNewSMInc", "maxInclusive"},
+    {"mnuNewSMExc", "maxExclusive"},
+    {"mnuNewSMLen", "maxLength"},
+    {"mnuNewSMiInc", "minInclusive"},
+    {"mnuNewSMiExc", "minExclusive"},
+    {"mnuNewSMiLen", "minLength"},
+    {"mnuNewSFDig", "fractionDigits"},
+    {"mnuNewSTDig", "totalDigits"},
+    {"mnuNewSWSpace", "whiteSpace"},
+    {"mnuNewSPattern", "pattern"},
+    {"mnuNewSRedefine", "redefine"},
+    {"mnuNewSSelector", "selector"},
+    {"mnuNewSUnion", "union"},
+    {"mnuNewSUnique", "unique"},
+    {"mnuNewSSeq", "sequence"},
+    {"mnuNewSChoice", "choice"},
+    {"mnuNewSAll", "all"},
+    {"mnuNewSNone", "(none)"},
+};
 
 struct TopMenu {
     const char* name;
     const char* caption;
-    std::span<const Row> rows; ///< empty for mnuXSD, which is made from SchemaEntries
+    std::span<const Row> rows;
 };
 constexpr TopMenu kMenus[] = {
-    {"mnuFile", "文件(&F)", kFile},    {"mnuEdit", "编辑(&E)", kEdit},     {"mnuXML", "XML(&X)", kXml},
-    {"mnuSchema", "S&chema", kSchema}, {"mnuXSD", "&Schema设计", {}},      {"mnuView", "视图(&V)", kView},
-    {"mnuTool", "工具(&T)", kTool},    {"mnuWindow", "窗口(&W)", kWindow}, {"mnuHelp", "帮助(&H)", kHelp},
+    {"mnuFile", "文件(&F)", kFile},
+    {"mnuEdit", "编辑(&E)", kEdit},
+    {"mnuXML", "XML(&X)", kXml},
+    {"mnuSchema", "S&chema", kSchema},
+    {"mnuXSD", "&Schema设计", kSchemaElements},
+    {"mnuView", "视图(&V)", kView},
+    {"mnuTool", "工具(&T)", kTool},
+    {"mnuWindow", "窗口(&W)", kWindow},
+    {"mnuHelp", "帮助(&H)", kHelp},
     {"mnuPopup", "Popup", kPopup},
 };
 
@@ -213,55 +267,6 @@ void Fill(controls::MenuItem& menu, std::span<const Row> rows) {
 
 } // namespace
 
-const std::vector<SchemaEntry>& SchemaEntries() {
-    // "appInfo" with a capital I and "choice" without a command behind it are right as they stand.
-    static const std::vector<SchemaEntry> entries = {
-        {"mnuNewSElement", "element"},
-        {"mnuNewSAttribute", "attribute"},
-        {"mnuNewSAttrG", "attributeGroup"},
-        {"mnuNewSGroup", "group"},
-        {"mnuNewSComplexType", "complexType"},
-        {"mnuNewSSimpleType", "simpleType"},
-        {"mnuNewSAnnotation", "annotation"},
-        {"mnuNewSDoc", "documentation"},
-        {"mnuNewSNotation", "notation"},
-        {"mnuNewSCContent", "complexContent"},
-        {"mnuNewSSContent", "simpleContent"},
-        {"mnuNewSExt", "extension"},
-        {"mnuNewSRestriction", "restriction"},
-        {"mnuNewSSchema", "schema"},
-        {"mnuNewSAny", "any"},
-        {"mnuNewSAnyAttr", "anyAttribute"},
-        {"mnuNewSAppInfo", "appInfo"},
-        {"mnuNewSEnum", "enumeration"},
-        {"mnuNewSField", "field"},
-        {"mnuNewSImport", "import"},
-        {"mnuNewSInclude", "include"},
-        {"mnuNewSKey", "key"},
-        {"mnuNewSKeyRef", "keyref"},
-        {"mnuNewSLength", "length"},
-        {"mnuNewSList", "list"},
-        {"mnuNewSMInc", "maxInclusive"},
-        {"mnuNewSMExc", "maxExclusive"},
-        {"mnuNewSMLen", "maxLength"},
-        {"mnuNewSMiInc", "minInclusive"},
-        {"mnuNewSMiExc", "minExclusive"},
-        {"mnuNewSMiLen", "minLength"},
-        {"mnuNewSFDig", "fractionDigits"},
-        {"mnuNewSTDig", "totalDigits"},
-        {"mnuNewSWSpace", "whiteSpace"},
-        {"mnuNewSPattern", "pattern"},
-        {"mnuNewSRedefine", "redefine"},
-        {"mnuNewSSelector", "selector"},
-        {"mnuNewSUnion", "union"},
-        {"mnuNewSUnique", "unique"},
-        {"mnuNewSSeq", "sequence"},
-        {"mnuNewSChoice", "choice"},
-        {"mnuNewSAll", "all"},
-    };
-    return entries;
-}
-
 std::vector<std::unique_ptr<controls::MenuItem>> BuildMenus() {
     std::vector<std::unique_ptr<controls::MenuItem>> menus;
     for (const TopMenu& top : kMenus) {
@@ -269,12 +274,9 @@ std::vector<std::unique_ptr<controls::MenuItem>> BuildMenus() {
         menu->Name = QString::fromUtf8(top.name);
         menu->SetCaption(QString::fromUtf8(top.caption));
         Fill(*menu, top.rows);
-        if (top.rows.empty()) {
-            for (const SchemaEntry& entry : SchemaEntries())
-                Append(*menu, {entry.name, entry.element});
-            Append(*menu, kNoSchemaEntry).SetEnabled(false);
-        }
         menus.push_back(std::move(menu));
     }
     return menus;
 }
+
+} // namespace shell

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Settings.h"
-#include "core/model/ColourStrings.h"
-#include "core/model/DocumentWindow.h"
+#include "core/edit/Guard.h"
 #include "core/model/Frame.h"
 #include "platform/text/TextTools.h"
-#include "textview/fill/FillText.h"
+#include "textview/ColourStrings.h"
+#include "textview/FillText.h"
+#include "textview/TextState.h"
 #include <QCoreApplication>
 #include <QScopedValueRollback>
 #include <cmath>
+
+namespace shell {
 
 namespace {
 
@@ -32,7 +35,7 @@ public:
         const int value = text::ValInt16(Text(key, {}));
         return value == 0 ? missing : value;
     }
-    /// Black can't be told from a missing colour, so black is never read.
+    /// Black can't be told from a missing colour: quirk 16.
     std::uint32_t ColourOf(const char* key, std::uint32_t missing) const {
         const auto value = static_cast<std::uint32_t>(text::ValInt32(Text(key, {})));
         return value == 0 ? missing : value;
@@ -45,8 +48,7 @@ private:
 void ReadLengths(const Reader& reader, Options& options) {
     options.TreeNodeTextShowLength = reader.Number("TreeNodeTextShowLength", kDefaultNodeTextLength);
     options.TreeToolTipShowLength = reader.Number("TreeToolTipShowLength", 0);
-    // The tool tip's default goes to the node text: users know their trees with 64 characters and without
-    // tool tips on a first start, and it holds until both lengths have been stored.
+    // The tool tip's default goes to the node text: quirk 15.
     if (options.TreeToolTipShowLength == 0)
         options.TreeNodeTextShowLength = kDefaultToolTipLength;
 }
@@ -55,6 +57,34 @@ QString ApplicationFolder() {
     const QString folder = text::Trim(QCoreApplication::applicationDirPath());
     const bool complete = folder.isEmpty() || folder.endsWith(u'/') || folder.endsWith(u'\\');
     return complete ? folder : folder + u'/';
+}
+
+/// Where caret and selection of a pane stand; colouring writes the whole content anew and loses them.
+class KeptSelection {
+public:
+    explicit KeptSelection(controls::RichTextBox& pane)
+        : pane_(pane), start_(pane.SelStart()), length_(pane.SelLength()) {}
+    void Restore() const {
+        if (pane_.SelStart() == start_ && pane_.SelLength() == length_)
+            return; // a view that was scrolled away from its caret stays
+        pane_.SetSelStart(start_);
+        pane_.SetSelLength(length_);
+    }
+
+private:
+    controls::RichTextBox& pane_;
+    qsizetype start_, length_;
+};
+
+void ShowLook(DocumentWindow& window) {
+    const Options& options = window.app.options;
+    const QScopedValueRollback ownWriting(textview::StateOf(window).bControlChange, true);
+    const KeptSelection first(window.rtxtXML), second(window.rtxtXML2);
+    window.rtxtXML.SetFont(options.TextName, options.TextSize);
+    window.rtxtXML2.SetFont(options.TextName, options.TextSize);
+    textview::SetTreeXMLColor(window);
+    first.Restore();
+    second.Restore();
 }
 
 } // namespace
@@ -81,40 +111,12 @@ void ReadSettings(Application& app) {
     options.ApplicationFolder = ApplicationFolder();
 }
 
-namespace {
-
-/// Where caret and selection of a pane stand; colouring writes the whole content anew and loses them.
-class KeptSelection {
-public:
-    explicit KeptSelection(controls::RichTextBox& pane)
-        : pane_(pane), start_(pane.SelStart()), length_(pane.SelLength()) {}
-    void Restore() const {
-        if (pane_.SelStart() == start_ && pane_.SelLength() == length_)
-            return; // a view that was scrolled away from its caret stays
-        pane_.SetSelStart(start_);
-        pane_.SetSelLength(length_);
-    }
-
-private:
-    controls::RichTextBox& pane_;
-    qsizetype start_, length_;
-};
-
-} // namespace
-
-void SetRTFColorString(Application& app) try {
-    MakeRTFColorStrings(app.options);
-    DocumentWindow* window = app.frame ? app.frame->ActiveForm() : nullptr;
-    if (!window)
-        return;
-    const QScopedValueRollback ownWriting(window->bControlChange, true);
-    const KeptSelection first(window->rtxtXML);
-    const KeptSelection second(window->rtxtXML2);
-    window->rtxtXML.SetFont(app.options.TextName, app.options.TextSize);
-    window->rtxtXML2.SetFont(app.options.TextName, app.options.TextSize);
-    SetTreeXMLColor(*window);
-    first.Restore();
-    second.Restore();
-} catch (const text::Fault& fault) {
-    ErrorReportBox(app, fault, QStringLiteral("mXMLEdit@SetRTFColorString"));
+void SetRTFColorString(Application& app) {
+    edit::Guarded(app, QStringLiteral("mXMLEdit@SetRTFColorString"), [&] {
+        textview::MakeRTFColorStrings(app.options);
+        if (DocumentWindow* window = app.frame().ActiveForm())
+            ShowLook(*window);
+    });
 }
+
+} // namespace shell

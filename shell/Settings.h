@@ -2,6 +2,8 @@
 #pragma once
 #include "core/model/Application.h"
 
+namespace shell {
+
 /// Section of the options in the settings store.
 inline constexpr auto kOptionsSection = "AppInternal";
 
@@ -12,3 +14,5 @@ void ReadSettings(Application& app);
 /// Makes the RTF colour strings anew and brings font and colours to both text panes of the active window;
 /// other windows keep theirs until they are coloured next. Carets and selections stay.
 void SetRTFColorString(Application& app);
+
+} // namespace shell

@@ -2,6 +2,8 @@
 #include "shell/ToolbarData.h"
 #include <span>
 
+namespace shell {
+
 namespace {
 
 struct ButtonRow {
@@ -93,3 +95,5 @@ std::vector<std::unique_ptr<controls::Toolbar>> BuildToolbars() {
     };
     return toolbars;
 }
+
+} // namespace shell

@@ -1,24 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-#include "core/model/DocumentWindow.h"
 #include "core/model/Frame.h"
-#include "core/window/frmXMLEdit.h"
-#include "schema/window/frmSXMLEdit.h"
-#include <QHash>
-#include <QStringList>
-#include <memory>
-#include <variant>
-#include <vector>
+#include "shell/Commands.h"
+#include "shell/FrameCommands.h"
+#include "shell/FrameParts.h"
+#include "shell/MenuState.h"
 
-class frmEditNodes;
-class frmFind;
-class frmOptions;
-
-/// How Arrange places the document windows, numbered as the platform does.
-enum ArrangeCode { vbCascade = 0, vbTileHorizontal = 1, vbTileVertical = 2, vbArrangeIcons = 3 };
-
-/// The one main window: menus, toolbars, address box, status bar, and the document windows in it.
+/// The one main window: menus, toolbars, address box, status bar, and the document windows in it. It is the
+/// face of its parts, each of which stands in a file of its own.
 class frmMDIMain : public Frame {
+    Application& app_;
+    shell::FrameParts parts_;
+    shell::Commands commands_;
+    shell::MenuState menuState_;
+    int mousePointer_ = 0;
+
 public:
     explicit frmMDIMain(Application& application); ///< builds the controls; MDIForm_Load fills them
     ~frmMDIMain() override;
@@ -29,140 +25,63 @@ public:
     /// for none.
     void MDIForm_Activate(const QString& commandLine);
     /// The frame's close button: closes each document window with its question. False when the user kept one.
-    bool QueryUnload();
+    bool QueryUnload() { return parts_.windows.QueryUnload(); }
 
     // --- controls -----------------------------------------------------------------------------------------
     /// The menu bar; mnuPopup stands last and is not shown in the bar.
-    std::vector<std::unique_ptr<controls::MenuItem>> Menus;
-    controls::MenuItem& Menu(const QString& name, int index = 0); ///< throws Fault 35601
-    std::vector<std::unique_ptr<controls::Toolbar>> Toolbars;     ///< in the order of the bands of CoolBar1
-    controls::Toolbar& ToolbarByName(const QString& name);        ///< throws Fault 35601
-    controls::StatusBar& StatusBar1() override { return statusBar_; }
-    controls::ComboBox& cmbAddress() override { return address_; }
+    const std::vector<std::unique_ptr<controls::MenuItem>>& Menus = parts_.menus.Menus;
+    /// In the order of the bands of CoolBar1.
+    const std::vector<std::unique_ptr<controls::Toolbar>>& Toolbars = parts_.menus.Toolbars;
+    /// Both throw Fault 35601 for a name that isn't there.
+    controls::MenuItem& Menu(const QString& name, int index = 0) { return parts_.menus.Menu(name, index); }
+    controls::Toolbar& ToolbarByName(const QString& name) { return parts_.menus.ToolbarByName(name); }
+    /// All entries that have a name, in the order of the menus.
+    const std::vector<controls::MenuItem*>& MenuEntries() const { return parts_.menus.MenuEntries(); }
+    controls::StatusBar& StatusBar1() override { return parts_.statusBar; }
+    controls::ComboBox& cmbAddress() override { return parts_.address; }
     int MousePointer() const override { return mousePointer_; }
     void SetMousePointer(int pointer) override;
-    QString lbAddress = QStringLiteral("地址:");
+    const QString lbAddress = QStringLiteral("地址:");
 
     // --- documents ----------------------------------------------------------------------------------------
-    DocumentWindow* ActiveForm() override;
-    int FormCount() override;
-    std::vector<DocumentWindow*> Forms() const; ///< in the order of opening
+    DocumentWindow* ActiveForm() override { return parts_.windows.ActiveForm(); }
+    int FormCount() override { return parts_.windows.FormCount(); }
+    std::vector<DocumentWindow*> Forms() const { return parts_.windows.Forms(); } ///< in the order of opening
     void NewXMLFile(const FetchedText& text, const QString& fileName) override;
     void NewSXMLFile(const FetchedText& text, const QString& fileName) override;
-    void OpenXMLFile();
-    void OpenNamed(const QString& name); ///< command line, address box, recent files, dropped files
-    void HaveSameNameForm(const QString& name, bool bringToFront, bool& result) override;
+    /// Command line, address box, recent files, dropped files.
+    void OpenNamed(const QString& name) { parts_.windows.OpenNamed(name); }
+    bool HaveSameNameForm(const QString& name, bool bringToFront) override;
     /// The user (or a command) brings a window to the front. Runs Form_Activate when it wasn't active.
-    void ActivateForm(DocumentWindow* window) override;
-    /// Form_Unload, then the window goes. False when the user chose Cancel.
-    bool CloseForm(DocumentWindow* window);
-    void NextWindow(); ///< the active window goes to the back of the order
+    void ActivateForm(DocumentWindow* window) override { parts_.windows.ActivateForm(window); }
+    /// Form_Unload, then the window goes. False when it stays.
+    bool CloseForm(DocumentWindow* window) { return parts_.windows.CloseForm(window); }
+    /// The active window goes to the back of the order.
+    void NextWindow() { parts_.windows.NextWindow(); }
 
-    // Window events for the skin.
-    controls::Event<DocumentWindow*> formAdded;         ///< made and filled, about to become visible
-    controls::Event<DocumentWindow*> formRemoved;       ///< about to be destroyed
-    controls::Event<DocumentWindow*> activeFormChanged; ///< may be null
-    controls::Event<int> arranged;                      ///< an ArrangeCode
-    controls::Event<int> mousePointerChanged;           ///< see MousePointer
-    controls::Event<> ended;                            ///< mnuFileExit: the process is to end at once
+    // --- for the skin -------------------------------------------------------------------------------------
+    controls::Event<DocumentWindow*>& formAdded = parts_.windows.formAdded;
+    controls::Event<DocumentWindow*>& formRemoved = parts_.windows.formRemoved;
+    controls::Event<DocumentWindow*>& activeFormChanged = parts_.windows.activeFormChanged;
+    controls::Event<int>& arranged = parts_.arranged;
+    controls::Event<>& ended = parts_.ended;
+    controls::Event<int> mousePointerChanged; ///< see MousePointer
     /// Show a dialog and come back when it is done with (frmOptions::unloaded).
-    controls::Event<frmOptions&> optionsShown;
+    controls::Event<frmOptions&>& optionsShown = parts_.dialogs.optionsShown;
     /// Show a dialog beside the documents, or bring it to the front, until frmFind::unloaded.
-    controls::Event<frmFind&> findShown;
+    controls::Event<frmFind&>& findShown = parts_.dialogs.findShown;
     /// Likewise, until frmEditNodes::unloaded.
-    controls::Event<frmEditNodes&> editNodesShown;
-    /// Show mnuPopup over a control (x, y in twips; -1: at the pointer).
-    controls::Event<DocumentWindow*, int, int> popup;
-
-    // --- file dialogs -------------------------------------------------------------------------------------
-    QString GetFileName(const QString& extension);
-    QString GetSaveFileAs(const QString& filter);
-    QString GetFileNameByFilter(const QString& filter);
-    void MessageBox(const QString& message, const QString& title); ///< with the information icon and OK
-
-    // --- Frame --------------------------------------------------------------------------------------------
-    void ErrorReportBox(const text::Fault& fault, const QString& routineName) override;
-    void SetMenuSituation(MenuSituation situation) override;
-    void SetFormActivatedMenu(DocumentWindow& window) override;
-    void SetToolBar() override;
-    void EnableEntitiesToolbar() override;
-    void RunMenuCommand(const QString& entry) override;
-    void SetUndoRedo(bool undo, bool redo) override;
-    void ShowFind() override;
-    void UpdateFileMenu(const QString& name) override;
-    void AddToList(const QString& name) override;
-
-    // --- recent files and the address box's history ----------------------------------------------------
-    /// Fills the menu entries from the store; entries that aren't reached keep what they had.
-    void GetRecentFiles();
-    /// The store's values in its order; one empty text for an empty section.
-    void GetRecentFilesArray(QStringList& list);
-    /// 1 to 4: the menu entry that shows the name; else -1.
-    int FindRecentFile(const QString& name);
-    /// 0-based place in the list, else -1; a list of one empty text counts as empty.
-    static int HasSameFile(const QString& name, const QStringList& list);
-    void WriteRecentFiles(const QString& name); ///< puts a name at the front
-    void FillCombo();                           ///< the address box from the store
-    static void FillComboOrList(controls::ComboBox& control, const QStringList& list);
-    /// Adds the box's text to its items if it isn't among them.
-    static void ProcessList(controls::ComboBox& combo);
-
-    // --- menu state: see MenuState.cpp -------------------------------------------------------------------
-    /// The situation that was set last, looked at anew: the current node or row, the selection or the
-    /// clipboard may have changed since.
-    void RefreshMenu();
-    MenuSituation SituationInForce() const { return menuSituation_; }
-    /// All entries that have a name, in the order of the menus.
-    const std::vector<controls::MenuItem*>& MenuEntries() const { return entries_; }
+    controls::Event<frmEditNodes&>& editNodesShown = parts_.dialogs.editNodesShown;
 
     // --- commands -----------------------------------------------------------------------------------------
-    void mnuFileNew_Click();
-    void mnuNewschema_Click();
-    void mnuFileClose_Click();
-    void mnuCloseAll_Click();
-    void mnuFileSave_Click();
-    void mnuFileSaveAs_Click();
-    void mnuFileSaveAll_Click();
-    void mnuFileMRU_Click(int index);
-    void mnuFileExit_Click();
-    void mnuToolOptions_Click();
-    void mnuEditPopupEditNode_Click();
-    void cmbAddress_Change();
-    void cmbAddress_Click();
-    void cmbAddress_KeyUp(int key);
-
-private:
-    using AnyForm = std::variant<std::unique_ptr<frmXMLEdit>, std::unique_ptr<frmSXMLEdit>>;
-    struct Opened {
-        AnyForm form;
-        DocumentWindow* window;
-    };
-    void ShowForm(DocumentWindow& window); ///< to the front, and restored when it is minimised
-    template <typename Form> void NewFile(const FetchedText& text, const QString& fileName);
-    template <typename Form> DocumentWindow& MakeForm(const QString& name);
-    void FillWindow(DocumentWindow& window, const FetchedText& text);
-    void BringToFront(DocumentWindow& window); ///< without events
-    void LeaveActiveForm();
-    void Forget(DocumentWindow& window); ///< takes a window out of both lists and destroys it
-    void AnnounceActive();               ///< Form_Activate of the window in front, then activeFormChanged
-    void IndexMenu(controls::MenuItem& item);
-    void ConnectAddressBox();
-    /// Whether nothing is left of what was typed into the one-by-one editor about a node of a window.
-    bool NodeInHandIsWritten(const DocumentWindow& window);
-
-    Application& app_;
-    std::unique_ptr<frmFind> find_;           ///< made when it is asked for first
-    std::unique_ptr<frmEditNodes> editNodes_; ///< likewise
-    std::vector<controls::MenuItem*> entries_;
-    QHash<QString, std::vector<controls::MenuItem*>> entriesByName_;
-    controls::StatusBar statusBar_{2};
-    controls::ComboBox address_;
-    std::vector<Opened> forms_;                ///< in the order of opening
-    std::vector<DocumentWindow*> windowOrder_; ///< front first
-    MenuSituation menuSituation_ = MenuSituation::NoForm;
-    int mousePointer_ = 0;
-    int newDocuments_ = 0; ///< documents that got a made-up name
-    bool opening_ = false; ///< a document is being fetched
-    /// One empty entry, and nothing is ever added: see mnuFileSaveAll_Click.
-    std::vector<DocumentWindow*> windowList_{nullptr};
+    void ErrorReportBox(const text::Fault& fault, const QString& routineName) override;
+    void RunMenuCommand(const QString& entry) override;
+    void RefreshMenu() override;
+    void DisableMenu() override;
+    MenuSituation SituationInForce() const { return menuState_.SituationInForce(); }
+    void ShowFind() override { parts_.dialogs.ShowFind(); }
+    void UpdateFileMenu(const QString& name) override { parts_.recentFiles.UpdateFileMenu(name); }
+    void AddToList(const QString& name) override { parts_.recentFiles.AddToList(name); }
+    /// The file menu from the store: another program may have written names.
+    void GetRecentFiles() { parts_.recentFiles.GetRecentFiles(); }
 };

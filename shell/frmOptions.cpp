@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/frmOptions.h"
-#include "core/model/mXMLEdit.h"
+#include "core/model/Encodings.h"
 #include "platform/text/TextTools.h"
 #include "shell/Settings.h"
-#include "shell/frmMDIMain.h"
 
 namespace {
 
@@ -16,7 +15,7 @@ public:
 
     void Store(const char* key, const QString& value) {
         if (firstFailure_)
-            firstFailure_ = store_.Save(QLatin1String(kOptionsSection), QLatin1String(key), value);
+            firstFailure_ = store_.Save(QLatin1String(shell::kOptionsSection), QLatin1String(key), value);
     }
     void Take(const char* key, const QString& value, QString& inForce) {
         Store(key, value);
@@ -91,7 +90,7 @@ void frmOptions::Form_Load() {
     txtTNTLen.SetText(QString::number(options.TreeNodeTextShowLength));
     txtTTLen.SetText(QString::number(options.TreeToolTipShowLength));
     txtUndoSteps.SetText(QString::number(options.Steps));
-    // A label that isn't on offer, from a file that somebody wrote, stays unless another one is chosen.
+    // A label that isn't on offer, from a settings file written by hand, stays unless another one is chosen.
     cmbEnc.SetText(options.Encoding);
     mXMLEdit::FindEncoding(options.Encoding, cmbEnc);
     txtFontName.SetText(options.TextName);
@@ -120,7 +119,7 @@ void frmOptions::cmdApply_Click() {
     Writer writer(app_.services.settings);
     TakeParameters(*this, writer, app_.options);
     TakeLook(*this, writer, app_.options);
-    SetRTFColorString(app_);
+    shell::SetRTFColorString(app_);
     if (const services::FileResult& result = writer.Result(); !result)
         app_.services.prompts.MsgBox(QStringLiteral("The settings could not be stored.\r\n%1\r\n"
                                                     "They hold until the program ends.")
@@ -135,10 +134,4 @@ void frmOptions::cmdOK_Click() {
 
 void frmOptions::cmdCancel_Click() {
     unloaded();
-}
-
-void frmMDIMain::mnuToolOptions_Click() {
-    frmOptions dialog(app_);
-    dialog.Form_Load();
-    optionsShown(dialog);
 }

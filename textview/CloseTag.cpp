@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/model/Frame.h"
-#include "core/model/Serialise.h"
-#include "core/sync/TreeText.h"
-#include "core/sync/Views.h"
-#include "textview/Indent.h"
+#include "textview/CloseTag.h"
+#include "core/edit/Guard.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/View.h"
+#include "core/model/NodePlaces.h"
 #include "textview/TextCommands.h"
+#include "textview/TreeText.h"
 #include "textview/Undo.h"
+
+namespace textview {
 
 namespace {
 
@@ -83,11 +86,26 @@ bool OpenElements(QStringView text, std::vector<QStringView>& open) {
 
 // The place of the character before the caret.
 void TellPlace(DocumentWindow& window) {
-    qsizetype line = 0, column = 0;
-    GetLineColumn(window.TextInUse(), line, column);
     window.app.services.prompts.MsgBox(
         QStringLiteral("This line's position %1 should not be space, carriage returns, line feeds, or tabs.")
-            .arg(column - 1));
+            .arg(window.TextInUse().CaretPlace().column - 1));
+}
+
+// The tree follows a text that has the end tag. One that the user keeps although it doesn't parse still waits
+// to be read.
+void ReadWithTag(DocumentWindow& window, qsizetype caret) {
+    const text::LongText text = window.TextInUse().Long();
+    if (XMLToTree(window, text, m_tvXML::GetNodeNumByTextPosition(text, caret)).good())
+        window.bond.msLastParsedText = window.TextInUse().Long();
+    else
+        window.bond.move(BondMove::TextEdited);
+}
+
+bool KeepsInvalidText(DocumentWindow& window) {
+    return window.app.services.prompts.MsgBox(
+               QStringLiteral("The XML is invalid. Please move cursor to end of start tag. "
+                              "Do you want to ignor it?"),
+               services::Buttons::YesNo, services::Icon::Question) != services::Answer::No;
 }
 
 } // namespace
@@ -113,37 +131,27 @@ QString GetCloseTag(DocumentWindow& window) {
     return QStringLiteral("</%1>").arg(open.back());
 }
 
-void CloseTag(DocumentWindow& window) try {
-    using services::Answer;
-    if (window.tbsXML.SelectedKey() != QStringLiteral("textview"))
-        return;
-    services::Prompts& prompts = window.app.services.prompts;
-    controls::RichTextBox& pane = window.TextInUse();
-    const qsizetype start = pane.SelStart(), length = pane.SelLength();
-    const QString tag = GetCloseTag(window);
-    if (tag.isEmpty()) {
-        prompts.MsgBox(QStringLiteral("Please move cursor to end of current node's start tag."));
-        return;
-    }
-    InsertString(window, tag);
-    bool valid = false;
-    Validate(window, true, valid);
-    const QString question = QStringLiteral("The XML is invalid. Please move cursor to end of start tag. "
-                                            "Do you want to ignor it?");
-    if (!valid &&
-        prompts.MsgBox(question, services::Buttons::YesNo, services::Icon::Question) == Answer::No) {
-        rUndo(window);
-    } else {
-        const long number = m_tvXML::GetNodeNumByTextPosition(pane.Long(), start);
-        if (XMLToTree(window, pane.Long(), number).document) {
-            window.bTextChanged = false;
-            window.msLastParsedText = pane.Long();
+void CloseTag(DocumentWindow& window) {
+    edit::Guarded(window, "CloseTag", [&] {
+        if (!edit::Shows(window, edit::kTextTab))
+            return;
+        controls::RichTextBox& pane = window.TextInUse();
+        const qsizetype start = pane.SelStart(), length = pane.SelLength();
+        const QString tag = GetCloseTag(window);
+        if (tag.isEmpty()) {
+            window.app.services.prompts.MsgBox(
+                QStringLiteral("Please move cursor to end of current node's start tag."));
+            return;
         }
-    }
-    pane.SetSelStart(start);
-    pane.SetSelLength(length);
-    if (window.app.frame) // the tree may have another current node now
-        ShowNodePath(window, window.app.frame->StatusBar1());
-} catch (const text::Fault& fault) {
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".CloseTag"));
+        InsertString(window, tag);
+        if (Validate(window, true) || KeepsInvalidText(window))
+            ReadWithTag(window, start);
+        else
+            rUndo(window);
+        pane.SetSelStart(start);
+        pane.SetSelLength(length);
+        edit::ShowCursorPosition(window);
+    });
 }
+
+} // namespace textview

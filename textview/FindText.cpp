@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/FindText.h"
 
+namespace textview {
+
 namespace {
 
 bool IsPartOfWord(QChar c) {
@@ -52,3 +54,5 @@ qsizetype FindTextRev(controls::RichTextBox& target, const QString& text, qsizet
                       const FindOptions& options) {
     return TakeHit(target, SearchUp(target, text, start, options), text.size(), options);
 }
+
+} // namespace textview

@@ -6,6 +6,8 @@
 
 // Finding a text in a text pane, downwards and upwards.
 
+namespace textview {
+
 /// What the find dialog's boxes say.
 struct FindOptions {
     bool wholeWord = false;
@@ -29,3 +31,5 @@ qsizetype SearchUp(const controls::RichTextBox& target, const QString& text, qsi
 
 /// Whether the characters on both sides of a hit are neither letters from A to Z nor numeric.
 bool IsWholeWord(const controls::SearchHit& hit);
+
+} // namespace textview

@@ -2,6 +2,8 @@
 #include "textview/Indent.h"
 #include "platform/controls/ColourRuns.h"
 
+namespace textview {
+
 namespace {
 
 using controls::RichTextBox;
@@ -27,9 +29,8 @@ bool LineEndsAt(const LongText& text, qsizetype position) {
 Lines SelectedLines(const RichTextBox& richText) {
     constexpr qsizetype kFirstPlaces = 3; // a line end's length and one
     const LongText& text = richText.Long();
-    qsizetype lineStart = 0;
-    if (richText.SelStart() >= kFirstPlaces)
-        GetLineStartPos(richText, lineStart, richText.SelStart(), LineEnd());
+    const qsizetype lineStart =
+        richText.SelStart() >= kFirstPlaces ? GetLineStartPos(richText, richText.SelStart(), LineEnd()) : 0;
     Lines lines{std::max<qsizetype>(lineStart - 1, 0), richText.SelStart() + richText.SelLength(),
                 lineStart == 0};
     const qsizetype least = lines.first ? lines.start : lines.start + 2; // the line end before them stays in
@@ -116,8 +117,7 @@ void SetDecreasePrefix(RichTextBox& richText, const QString& find, const QString
 
 void SetPrefixCurrentLine(RichTextBox& richText, qsizetype position, const QString& find,
                           const QString& replace) {
-    qsizetype lineStart = 0, lineEnd = 0;
-    GetLineStartEndPos(richText, lineStart, lineEnd, position, LineEnd());
+    const auto [lineStart, lineEnd] = GetLineStartEndPos(richText, position, LineEnd());
     const LongText& text = richText.Long();
     const qsizetype start = lineStart - 1;
     const qsizetype end = lineEnd == text.size() ? lineEnd : lineEnd - 1;
@@ -130,31 +130,21 @@ void SetPrefixCurrentLine(RichTextBox& richText, qsizetype position, const QStri
     richText.SetSelStart(std::max(position - shorter, start + replace.size()));
 }
 
-void GetLineStartEndPos(const RichTextBox& richText, qsizetype& lineStart, qsizetype& lineEnd,
-                        qsizetype position, const QString& separator) {
+LinePlaces GetLineStartEndPos(const RichTextBox& richText, qsizetype position, const QString& separator) {
     const LongText& text = richText.Long();
     const qsizetype before =
         position < separator.size() ? -1 : text.lastIndexOf(separator, position - separator.size());
     const qsizetype behind = text.indexOf(separator, position, Qt::CaseSensitive);
-    lineStart = before < 0 ? 1 : before + 1;
-    lineEnd = behind < 0 ? text.size() : behind + 1;
+    return {before < 0 ? 1 : before + 1, behind < 0 ? text.size() : behind + 1};
 }
 
-void GetLineStartPos(const RichTextBox& richText, qsizetype& lineStart, qsizetype position,
-                     const QString& separator) {
+qsizetype GetLineStartPos(const RichTextBox& richText, qsizetype position, const QString& separator) {
     const LongText& text = richText.Long();
-    lineStart = 0;
     if (position <= 0)
-        return;
+        return 0;
     // Whole in front of the character at the position; at the text's end, of the last character.
     const qsizetype last = std::min(position, text.size() - 1) + 1 - separator.size();
-    if (last >= 0)
-        lineStart = text.lastIndexOf(separator, last) + 1;
+    return last < 0 ? 0 : text.lastIndexOf(separator, last) + 1;
 }
 
-void GetLineColumn(const RichTextBox& richText, qsizetype& line, qsizetype& column) {
-    qsizetype lineStart = 0;
-    GetLineStartPos(richText, lineStart, richText.SelStart(), LineEnd());
-    line = richText.GetLineFromChar(richText.SelStart()) + 1;
-    column = richText.SelStart() - lineStart + (lineStart == 0 ? 1 : 0);
-}
+} // namespace textview

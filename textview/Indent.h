@@ -5,6 +5,7 @@
 
 // Indenting by Tab. An indent is one tab character; a line's indent is found as the tab behind the line end
 // before it. Positions are 0-based, lineStart and lineEnd 1-based.
+namespace textview {
 
 /// Without a selection a tab takes the caret's place; with one each of its lines gets a tab in front.
 void RTabKey(controls::RichTextBox& richText);
@@ -23,12 +24,15 @@ void SetDecreasePrefix(controls::RichTextBox& richText, const QString& find, con
 void SetPrefixCurrentLine(controls::RichTextBox& richText, qsizetype position, const QString& find,
                           const QString& replace);
 
-/// The places of the separators before and behind a position: 1 and the text's length where there is none.
-void GetLineStartEndPos(const controls::RichTextBox& richText, qsizetype& lineStart, qsizetype& lineEnd,
-                        qsizetype position, const QString& separator);
+/// The places of the separators around a position.
+struct LinePlaces {
+    qsizetype lineStart, lineEnd;
+};
+/// 1 and the text's length where there is none.
+LinePlaces GetLineStartEndPos(const controls::RichTextBox& richText, qsizetype position,
+                              const QString& separator);
 /// The place of the separator before a position; 0 without one, and for position 0.
-void GetLineStartPos(const controls::RichTextBox& richText, qsizetype& lineStart, qsizetype position,
-                     const QString& separator);
+qsizetype GetLineStartPos(const controls::RichTextBox& richText, qsizetype position,
+                          const QString& separator);
 
-/// Line and column of the selection's start, from 1.
-void GetLineColumn(const controls::RichTextBox& richText, qsizetype& line, qsizetype& column);
+} // namespace textview

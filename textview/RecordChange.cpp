@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "textview/RecordChange.h"
+#include "core/edit/Guard.h"
+#include "core/model/Frame.h"
 #include "platform/controls/ColourRuns.h"
 #include "platform/text/TextTools.h"
-#include "textview/Undo.h"
-#include "textview/fill/Colour.h"
-#include "textview/fill/FillText.h"
+#include "textview/Colour.h"
+#include "textview/FillText.h"
+#include "textview/History.h"
 #include <QScopedValueRollback>
 
-// From a change in a pane to a record of it.
+namespace textview {
 
 namespace {
 
@@ -49,17 +52,27 @@ bool TellsAll(const UndoRecord& record, const LongText& now, const LongText& old
            LeadsTo(now, old, record.InsPos, record.InsText, record.DelPos, record.DelText);
 }
 
-void KeepWhole(UndoRecord& record, const TextStatus& now, const TextStatus& old) {
-    record = {};
+UndoRecord WholeTextStep(const TextStatus& now, const TextStatus& old) {
+    UndoRecord record;
     record.WholeText = true;
     record.OldRTF = std::make_shared<const controls::RichContent>(old.Content);
     record.NewRTF = std::make_shared<const controls::RichContent>(now.Content);
+    return record;
+}
+
+UndoRecord StepBetween(const TextStatus& now, const TextStatus& old) {
+    UndoRecord record = RichTextChange(now, old);
+    if (!TellsAll(record, now.Content.text, old.Content.text))
+        return WholeTextStep(now, old);
+    if (record.DelText.size() > kLongestColoured)
+        record.DelColours = controls::RunsOf(old.Content.runs, record.DelPos, record.DelText.size());
+    return record;
 }
 
 // The other pane takes the step; one that had come to differ takes everything.
 void BringIntoOtherPane(DocumentWindow& window, const UndoRecord& record, const RichTextBox& pane,
                         RichTextBox& other) {
-    const QScopedValueRollback ownWriting(window.bControlChange, true);
+    const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
     if (!record.WholeText) {
         RDelete(other, record.DelPos, record.DelText);
         RInsert(window.app, other, record.InsPos, record.InsText);
@@ -71,73 +84,60 @@ void BringIntoOtherPane(DocumentWindow& window, const UndoRecord& record, const 
 }
 
 void Record(DocumentWindow& window, const RichTextBox& pane, RichTextBox& other) {
-    window.previousStatus = std::move(window.currentStatus);
-    SetTextStatus(pane, window.currentStatus);
-    const TextStatus& old = window.previousStatus;
-    const TextStatus& now = window.currentStatus;
-    auto& stack = window.undoStack;
-    stack.resize(static_cast<std::size_t>(window.UndoPos)); // what could be done again is gone
-    if (now.Content.text == old.Content.text)
+    TextState& state = StateOf(window);
+    state.previousStatus = std::move(state.currentStatus);
+    SetTextStatus(window, pane);
+    state.undoStack.resize(static_cast<std::size_t>(state.UndoPos)); // what could be done again is gone
+    if (state.currentStatus.Content.text == state.previousStatus.Content.text)
         return;
-    UndoRecord& record = stack.emplace_back();
-    RichTextChange(record, now, old);
-    if (!TellsAll(record, now.Content.text, old.Content.text))
-        KeepWhole(record, now, old);
-    else if (record.DelText.size() > mXMLEdit::kLongestColoured)
-        record.DelColours = controls::RunsOf(old.Content.runs, record.DelPos, record.DelText.size());
-    ++window.UndoPos;
-    SetUndoRedoMenuToolBar(window);
-    BringIntoOtherPane(window, record, pane, other);
+    state.undoStack.push_back(StepBetween(state.currentStatus, state.previousStatus));
+    ++state.UndoPos;
+    BringIntoOtherPane(window, state.undoStack.back(), pane, other);
+    window.app.frame().RefreshMenu(); // no edit of nodes, at whose end that is done: the tree stays behind
 }
 
 } // namespace
 
-void SetTextStatus(const RichTextBox& richText, TextStatus& status) {
-    status = {richText.Content(), richText.SelStart(), richText.SelLength()};
-}
-
-void RichTextChange(UndoRecord& record, const TextStatus& now, const TextStatus& old) {
+UndoRecord RichTextChange(const TextStatus& now, const TextStatus& old) {
     const LongText& newText = now.Content.text;
     const LongText& oldText = old.Content.text;
     const bool selected = now.SelLength > 0, wasSelected = old.SelLength > 0;
     const qsizetype moved = now.SelStart - old.SelStart;
     const auto oldSelection = [&] { return oldText.mid(old.SelStart, old.SelLength); };
+    const auto step = [](qsizetype delPos, const QString& delText, qsizetype insPos, const QString& insText) {
+        UndoRecord record;
+        record.DelPos = delPos;
+        record.DelText = delText;
+        record.InsPos = insPos;
+        record.InsText = insText;
+        return record;
+    };
 
-    if (!wasSelected && moved > 0) { // typing
-        record.InsPos = record.DelPos = old.SelStart;
-        record.InsText = newText.mid(old.SelStart, moved);
-        record.DelText.clear();
-    } else if (wasSelected && !selected && moved >= 0) { // overtyping, or the selection is deleted
-        record.InsPos = record.DelPos = old.SelStart;
-        record.InsText = newText.mid(old.SelStart, moved);
-        record.DelText = oldSelection();
-    } else if (!wasSelected && !selected && moved < 0) { // Backspace
-        record.InsPos = old.SelStart;
-        record.InsText.clear();
-        record.DelPos = now.SelStart;
-        record.DelText = oldText.mid(now.SelStart, -moved);
-    } else if (!wasSelected && !selected && !oldText.isEmpty()) { // Delete: one character, also of a line end
-        record.InsPos = record.DelPos = old.SelStart;
-        record.InsText.clear();
-        record.DelText = oldText.mid(old.SelStart, 1);
-    } else if (wasSelected && selected && moved != 0) { // the selection was dragged
-        record.InsPos = now.SelStart;
-        record.InsText = newText.mid(now.SelStart, now.SelLength);
-        record.DelPos = old.SelStart;
-        record.DelText = oldSelection();
-    }
+    if (!wasSelected && moved > 0) // typing
+        return step(old.SelStart, {}, old.SelStart, newText.mid(old.SelStart, moved));
+    if (wasSelected && !selected && moved >= 0) // overtyping, or the selection is deleted
+        return step(old.SelStart, oldSelection(), old.SelStart, newText.mid(old.SelStart, moved));
+    if (!wasSelected && !selected && moved < 0) // Backspace
+        return step(now.SelStart, oldText.mid(now.SelStart, -moved), old.SelStart, {});
+    if (!wasSelected && !selected && !oldText.isEmpty()) // Delete: one character, also of a line end
+        return step(old.SelStart, oldText.mid(old.SelStart, 1), old.SelStart, {});
+    if (wasSelected && selected && moved != 0) // the selection was dragged
+        return step(old.SelStart, oldSelection(), now.SelStart, newText.mid(now.SelStart, now.SelLength));
+    return {};
 }
 
-void RecordTextChange(DocumentWindow& window) try {
-    if (!window.brtxtXML2Focus && !window.bControlChange)
-        Record(window, window.rtxtXML, window.rtxtXML2);
-} catch (const text::Fault& fault) {
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".RecordTextChange"));
+void RecordTextChange(DocumentWindow& window) {
+    edit::Guarded(window, "RecordTextChange", [&] {
+        if (!window.brtxtXML2Focus && !StateOf(window).bControlChange)
+            Record(window, window.rtxtXML, window.rtxtXML2);
+    });
 }
 
-void RecordTextChange2(DocumentWindow& window) try {
-    if (window.brtxtXML2Focus && !window.bControlChange)
-        Record(window, window.rtxtXML2, window.rtxtXML);
-} catch (const text::Fault& fault) {
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".RecordTextChange2"));
+void RecordTextChange2(DocumentWindow& window) {
+    edit::Guarded(window, "RecordTextChange2", [&] {
+        if (window.brtxtXML2Focus && !StateOf(window).bControlChange)
+            Record(window, window.rtxtXML2, window.rtxtXML);
+    });
 }
+
+} // namespace textview

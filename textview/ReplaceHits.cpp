@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/ReplaceHits.h"
-#include "textview/Undo.h"
-#include "textview/fill/FillText.h"
+#include "core/model/Frame.h"
+#include "textview/FillText.h"
+#include "textview/TextState.h"
 #include <QScopedValueRollback>
 #include <algorithm>
 #include <map>
+
+namespace textview {
 
 namespace {
 
@@ -31,8 +34,9 @@ QString WithReplacements(const text::LongText& text, const std::vector<qsizetype
 // replaced before.
 void RecordSteps(DocumentWindow& window, const text::LongText& text, const std::vector<qsizetype>& hits,
                  qsizetype length, const QString& replacement) {
-    auto& stack = window.undoStack;
-    stack.resize(static_cast<std::size_t>(window.UndoPos));
+    TextState& state = StateOf(window);
+    auto& stack = state.undoStack;
+    stack.resize(static_cast<std::size_t>(state.UndoPos));
     stack.reserve(stack.size() + hits.size());
     const bool down = hits.front() < hits.back();
     QString same; // most hits are one text, which is then held once
@@ -46,7 +50,7 @@ void RecordSteps(DocumentWindow& window, const text::LongText& text, const std::
         record.InsText = replacement;
         shift += down ? replacement.size() - length : 0;
     }
-    window.UndoPos = static_cast<int>(stack.size());
+    state.UndoPos = static_cast<int>(stack.size());
 }
 
 /// Gives replacements the colours that each would take if it were put in alone.
@@ -161,19 +165,23 @@ qsizetype ReplaceHits(DocumentWindow& window, RichTextBox& target, const std::ve
     const text::LongText before = target.Long();
     RichContent after{text::LongText::Like(WithReplacements(before, places, length, replacement), before),
                       {}};
-    window.miTextSizeLevel = GetTextSizeLevel(after.text.size());
+    TextState& state = StateOf(window);
+    state.miTextSizeLevel = GetTextSizeLevel(after.text.size());
     after.runs = Recolouring(window.app, target, replacement).Runs(places, length, hits == places);
     RecordSteps(window, before, hits, length, replacement);
     {
-        const QScopedValueRollback ownWriting(window.bControlChange, true);
+        const QScopedValueRollback ownWriting(state.bControlChange, true);
         target.SetContent(after);
         SetContentInPlace(other, after, places, length, replacement.size());
     }
-    window.bTextChanged = window.bTextChanged || window.bLoaded;
-    const UndoRecord& last = window.undoStack.back();
-    target.SetSelStart(last.InsPos);
+    if (window.bLoaded)
+        window.bond.move(BondMove::TextEdited);
+    const qsizetype last = state.undoStack.back().InsPos;
+    target.SetSelStart(last);
     target.SetSelLength(replacement.size());
-    SetTextStatus(target, window.currentStatus);
-    SetUndoRedoMenuToolBar(window);
-    return last.InsPos;
+    SetTextStatus(window, target);
+    window.app.frame().RefreshMenu();
+    return last;
 }
+
+} // namespace textview

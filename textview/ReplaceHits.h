@@ -6,6 +6,7 @@
 #include <vector>
 
 // Replacing many hits at once, in one pass over the text.
+namespace textview {
 
 /// The hits of a search that goes on behind each hit, from a 0-based position down to the end of the text.
 /// Hits that are the replacement already are left out.
@@ -20,3 +21,5 @@ std::vector<qsizetype> HitsUp(const controls::RichTextBox& target, const QString
 /// the last replacement in `target` and gives its place.
 qsizetype ReplaceHits(DocumentWindow& window, controls::RichTextBox& target,
                       const std::vector<qsizetype>& hits, qsizetype length, const QString& replacement);
+
+} // namespace textview

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/TextCommands.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Report.h"
+#include "core/edit/Transaction.h"
+#include "core/edit/View.h"
 #include "core/model/Frame.h"
-#include "core/model/mXMLEdit.h"
-#include "core/sync/Views.h"
-#include "textview/fill/FillText.h"
+#include "textview/FillText.h"
+#include "textview/FindSlot.h"
+
+namespace textview {
 
 namespace {
-
-bool ShowsTab(const DocumentWindow& window, const char* key) {
-    return window.tbsXML.SelectedKey() == QLatin1String(key);
-}
 
 void InsertIntoPane(DocumentWindow& window, const QString& text) {
     controls::RichTextBox& pane = window.TextInUse();
@@ -20,15 +21,15 @@ void InsertIntoPane(DocumentWindow& window, const QString& text) {
 
 } // namespace
 
-void InsertString(DocumentWindow& window, const QString& text) try {
-    if (ShowsTab(window, "textview"))
-        InsertIntoPane(window, text);
-    else if (ShowsTab(window, "listview") && window.txtListView.Visible())
-        window.txtListView.SetSelText(text);
-    else if (ShowsTab(window, "schema"))
-        window.txtSchema.SetSelText(text);
-} catch (const text::Fault& fault) {
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".InsertString"));
+void InsertString(DocumentWindow& window, const QString& text) {
+    edit::Guarded(window, "InsertString", [&] {
+        if (edit::Shows(window, edit::kTextTab))
+            InsertIntoPane(window, text);
+        else if (edit::Shows(window, edit::kListTab) && window.txtListView.Visible())
+            window.txtListView.SetSelText(text);
+        else if (edit::Shows(window, edit::kSchemaTab))
+            window.txtSchema.SetSelText(text);
+    });
 }
 
 void SelectAllAtTextView(DocumentWindow& window) {
@@ -37,32 +38,30 @@ void SelectAllAtTextView(DocumentWindow& window) {
 }
 
 void ShowSelection(DocumentWindow& window) {
-    Frame* frame = window.app.frame;
-    if (!frame || frame->ActiveForm() != &window || !ShowsTab(window, "textview"))
+    if (window.app.frame().ActiveForm() != &window || !edit::Shows(window, edit::kTextTab))
         return;
-    const bool selected = window.TextInUse().SelLength() > 0;
-    frame->SetMenuSituation(selected ? MenuSituation::TextSelected : MenuSituation::TextUnselected);
-    ShowCursorPosition(window);
+    edit::Run(window, "ShowSelection", [&] { window.menuSide = MenuSide::View; });
+    edit::ShowCursorPosition(window);
 }
 
 void RFind(DocumentWindow& window) {
-    if (!ShowsTab(window, "textview"))
+    if (!edit::Shows(window, edit::kTextTab))
         return;
-    window.app.findWindow = &window;
-    window.app.findTarget = &window.TextInUse();
-    if (window.app.frame)
-        window.app.frame->ShowFind();
+    FindSlot& slot = Finding(window.app);
+    slot.findWindow = &window;
+    slot.findTarget = &window.TextInUse();
+    window.app.frame().ShowFind();
 }
 
-void Validate(DocumentWindow& window, bool quiet, bool& result) try {
-    BringPanesTogether(window);
-    std::shared_ptr<xml::ParsedDocument> document;
-    result = mXMLEdit::LoadXMLDocFromString(window.app, window.rtxtXML.Long(), document, quiet);
-    if (result && !quiet)
-        window.app.services.prompts.MsgBox(QStringLiteral("It is valid XML!"));
-} catch (const text::Fault& fault) {
-    result = false;
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".Validate"));
+bool Validate(DocumentWindow& window, bool quiet) {
+    return edit::Guarded(window, "Validate", [&] {
+        BringPanesTogether(window);
+        const edit::Tone tone = quiet ? edit::Tone::Quiet : edit::Tone::Box;
+        const bool valid = edit::ValidateXML(window.app, window.rtxtXML.Long(), tone);
+        if (valid && !quiet)
+            window.app.services.prompts.MsgBox(QStringLiteral("It is valid XML!"));
+        return valid;
+    });
 }
 
 void SplitText(DocumentWindow& window) {
@@ -80,7 +79,13 @@ void SplitText(DocumentWindow& window) {
     window.rtxtXML.SetFocus();
 }
 
+void SplitTextViewHalf(DocumentWindow& window) {
+    window.pctSplitText.SetVisible(!window.pctSplitText.Visible());
+}
+
 qsizetype rtGetCharFromPos(const controls::RichTextBox& richText, double x, double y) {
     const qsizetype position = richText.charFromPos ? richText.charFromPos(x, y) : -1;
     return position < 0 ? richText.SelStart() : position;
 }
+
+} // namespace textview

@@ -4,17 +4,11 @@
 #include <QString>
 
 // Commands on the text of a window.
+namespace textview {
 
 /// Puts a text in at the caret of the editor that is showing: the text pane in use, the open editor of the
 /// list, or the schema's text.
 void InsertString(DocumentWindow& window, const QString& text);
-
-/// The end tag of the element that the caret stands in. Empty, after a message where there is something to
-/// say, when there is none or its name can't be read.
-QString GetCloseTag(DocumentWindow& window);
-/// Puts that end tag in while the text view shows. A text that has become wrong by it is kept only when the
-/// user says so; the tree follows the text.
-void CloseTag(DocumentWindow& window);
 
 void SelectAllAtTextView(DocumentWindow& window); ///< the view stays where it is
 /// Menus and status bar for the selection of the pane in use, where a command has set it.
@@ -22,13 +16,16 @@ void ShowSelection(DocumentWindow& window);
 /// Opens the find dialog on the pane in use while the text view shows.
 void RFind(DocumentWindow& window);
 
-/// Checks the text; `result` tells. A fault is told in a box or, when quiet, on the status bar; success in a
-/// box unless quiet.
-void Validate(DocumentWindow& window, bool quiet, bool& result);
+/// Whether the text parses. A fault is told in a box or, when quiet, on the status bar; success in a box
+/// unless quiet.
+bool Validate(DocumentWindow& window, bool quiet);
 
 /// Two panes on one text, or one again: the keys then go to the upper one.
 void SplitText(DocumentWindow& window);
+void SplitTextViewHalf(DocumentWindow& window); ///< the panes alone
 
 /// The 0-based position of the character at a point of the pane, in twips; that of the caret while no widget
 /// shows the pane.
 qsizetype rtGetCharFromPos(const controls::RichTextBox& richText, double x, double y);
+
+} // namespace textview

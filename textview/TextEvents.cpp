@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/TextEvents.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Transaction.h"
+#include "core/edit/View.h"
 #include "core/model/Frame.h"
-#include "core/sync/TreeText.h"
-#include "core/sync/Views.h"
+#include "textview/Colour.h"
+#include "textview/FillText.h"
 #include "textview/Indent.h"
+#include "textview/RecordChange.h"
 #include "textview/TextCommands.h"
+#include "textview/TextLink.h"
 #include "textview/Undo.h"
-#include "textview/fill/Colour.h"
-#include "textview/fill/FillText.h"
+
+// What the events of a text pane do; `second` tells which pane raised one. Keys are Qt's, modifiers too.
+namespace textview {
 
 namespace {
 
@@ -25,8 +31,7 @@ bool Holds(int modifiers, Qt::KeyboardModifier modifier) {
 }
 
 void RunMenuCommand(DocumentWindow& window, const char* entry) {
-    if (window.app.frame)
-        window.app.frame->RunMenuCommand(QLatin1String(entry));
+    window.app.frame().RunMenuCommand(QLatin1String(entry));
 }
 
 // --- keys with Ctrl ----------------------------------------------------------------------------------------
@@ -94,20 +99,26 @@ bool PassesTagBorder(const text::LongText& text, qsizetype from, qsizetype to) {
     return passes;
 }
 
-// The path of the current node follows.
-void FollowCaretInTree(DocumentWindow& window) {
-    const controls::TreeNode before = window.tvXML.SelectedItem();
-    SelectNodeAtCaret(window);
-    if (window.app.frame && window.tvXML.SelectedItem() != before)
-        ShowNodePath(window, window.app.frame->StatusBar1());
+// --- events ------------------------------------------------------------------------------------------------
+
+void Pane_GotFocus(DocumentWindow& window, bool second) {
+    edit::Run(window, second ? "rtxtXML2_GotFocus" : "rtxtXML_GotFocus", [&] {
+        window.brtxtXML2Focus = second;
+        edit::Attend(window, kContextText);
+        BringTextUpToDate(window);
+    });
 }
 
-} // namespace
+void Pane_LostFocus(DocumentWindow& window, bool second) {
+    if (window.brtxtXML2Focus == second)
+        LeaveTextView(window);
+}
 
+// A key that the pane mustn't see any more becomes 0 (Tab) or 1 (a command with Ctrl).
 void PaneKeyDown(DocumentWindow& window, bool second, int& key, int modifiers) {
     RichTextBox& pane = Pane(window, second);
-    window.miPopupContext = kContextText;
-    SetTextStatus(pane, window.currentStatus);
+    edit::Attend(window, kContextText);
+    SetTextStatus(window, pane);
     const bool shift = Holds(modifiers, Qt::ShiftModifier);
     const bool control = Holds(modifiers, Qt::ControlModifier) && !Holds(modifiers, Qt::AltModifier);
     if (!control && (key == Qt::Key_Tab || key == Qt::Key_Backtab)) {
@@ -126,27 +137,29 @@ void PaneKeyPress(DocumentWindow& window, bool second, const QString& text) {
         ColourTypedKey(window, second, text.front().unicode());
 }
 
-void PaneKeyUp(DocumentWindow& window, bool second, int key, int) {
+void PaneKeyUp(DocumentWindow& window, bool second, int key) {
     const RichTextBox& pane = Pane(window, second);
-    const qsizetype before = window.currentStatus.SelStart;
-    SetTextStatus(pane, window.currentStatus);
+    const qsizetype before = StateOf(window).currentStatus.SelStart;
+    SetTextStatus(window, pane);
     if (IsArrow(key) && PassesTagBorder(pane.Long(), before, pane.SelStart()))
-        FollowCaretInTree(window);
-    ShowCursorPosition(window);
+        SelectNodeAtCaret(window);
+    edit::ShowCursorPosition(window);
 }
 
 void PaneMouseUp(DocumentWindow& window, bool second) {
-    SetTextStatus(Pane(window, second), window.currentStatus);
+    SetTextStatus(window, Pane(window, second));
     ShowSelection(window);
 }
 
 void PaneClick(DocumentWindow& window, bool second) {
-    window.miPopupContext = kContextText;
-    SetTextStatus(Pane(window, second), window.currentStatus);
-    FollowCaretInTree(window);
-    ShowCursorPosition(window);
+    edit::Attend(window, kContextText);
+    SetTextStatus(window, Pane(window, second));
+    SelectNodeAtCaret(window);
+    edit::ShowCursorPosition(window);
 }
 
+// The caret goes to the point (in twips) that text is dragged over, unless it is the pane's own selection
+// that is dragged, which stays. The status bar tells the place.
 void PaneDragOver(DocumentWindow& window, bool second, double x, double y) {
     RichTextBox& pane = Pane(window, second);
     RichTextBox aside; // the place of the pointer, while the pane keeps the selection that is dragged
@@ -154,15 +167,12 @@ void PaneDragOver(DocumentWindow& window, bool second, double x, double y) {
         aside.SetText(pane.Long());
     RichTextBox& shown = pane.DragsSelection ? aside : pane;
     shown.SetSelStart(rtGetCharFromPos(pane, x, y));
-    ShowCursorPosition(window, shown);
-}
-
-void PanePasted(DocumentWindow& window, bool second, qsizetype start, qsizetype length) {
-    ColourInserted(window, Pane(window, second), start, length);
+    edit::ShowCursorPosition(window, shown);
 }
 
 void PaneSelChange(DocumentWindow& window, bool second, bool wasSelected) {
-    if (window.bControlChange || window.brtxtXML2Focus != second || window.miPopupContext != kContextText)
+    if (StateOf(window).bControlChange || window.brtxtXML2Focus != second ||
+        window.miPopupContext != kContextText)
         return;
     if (wasSelected != (Pane(window, second).SelLength() > 0))
         ShowSelection(window);
@@ -170,26 +180,46 @@ void PaneSelChange(DocumentWindow& window, bool second, bool wasSelected) {
 
 // What is dropped goes into a pane that doesn't have the keys yet.
 void PaneBeforeChange(DocumentWindow& window, bool second) {
-    if (window.bControlChange)
+    if (StateOf(window).bControlChange)
         return;
     window.brtxtXML2Focus = second;
-    SetTextStatus(Pane(window, second), window.currentStatus);
+    SetTextStatus(window, Pane(window, second));
 }
 
 void PaneChange(DocumentWindow& window, bool second) {
     if (window.brtxtXML2Focus != second)
         return;
     const RichTextBox& pane = Pane(window, second);
-    window.miTextSizeLevel = GetTextSizeLevel(pane.Long().size());
-    if (window.bControlChange) {
-        SetTextStatus(pane, window.currentStatus);
-        return;
-    }
+    StateOf(window).miTextSizeLevel = GetTextSizeLevel(pane.Long().size());
+    if (StateOf(window).bControlChange)
+        return SetTextStatus(window, pane);
     if (second)
         RecordTextChange2(window);
     else
         RecordTextChange(window);
     if (window.bLoaded)
-        window.bTextChanged = true;
-    ShowCursorPosition(window);
+        window.bond.move(BondMove::TextEdited);
+    edit::ShowCursorPosition(window);
 }
+
+} // namespace
+
+void ConnectPane(DocumentWindow& window, RichTextBox& pane, bool second) {
+    pane.BeforeChange.connect([&window, second] { PaneBeforeChange(window, second); });
+    pane.Change.connect([&window, second] { PaneChange(window, second); });
+    pane.GotFocus.connect([&window, second] { Pane_GotFocus(window, second); });
+    pane.LostFocus.connect([&window, second] { Pane_LostFocus(window, second); });
+    pane.KeyDown.connect(
+        [&window, second](int& key, int modifiers) { PaneKeyDown(window, second, key, modifiers); });
+    pane.KeyPress.connect([&window, second](const QString& text) { PaneKeyPress(window, second, text); });
+    pane.KeyUp.connect([&window, second](int key, int) { PaneKeyUp(window, second, key); });
+    pane.DragOver.connect([&window, second](double x, double y) { PaneDragOver(window, second, x, y); });
+    pane.MouseUp.connect([&window, second] { PaneMouseUp(window, second); });
+    pane.SelChange.connect(
+        [&window, second](bool wasSelected) { PaneSelChange(window, second, wasSelected); });
+    pane.Pasted.connect(
+        [&window, &pane](qsizetype start, qsizetype length) { ColourInserted(window, pane, start, length); });
+    pane.Click.connect([&window, second] { PaneClick(window, second); });
+}
+
+} // namespace textview

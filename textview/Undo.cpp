@@ -1,18 +1,26 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/Undo.h"
-#include "core/sync/TreeText.h"
-#include "core/sync/Views.h"
+#include "core/edit/FollowPath.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Transaction.h"
+#include "core/edit/View.h"
 #include "platform/controls/ColourRuns.h"
 #include "platform/text/TextTools.h"
-#include "textview/fill/Colour.h"
-#include "textview/fill/FillText.h"
+#include "textview/Colour.h"
+#include "textview/FillText.h"
+#include "textview/History.h"
+#include "textview/TreeText.h"
 #include <QScopedValueRollback>
+
+namespace textview {
 
 namespace {
 
 using controls::RichTextBox;
 
 enum class Way { Back, Again };
+
+// --- the text ----------------------------------------------------------------------------------------------
 
 /// One side of a step.
 struct Side {
@@ -26,14 +34,14 @@ struct Side {
 void Exchange(Application& app, RichTextBox& pane, const Side& take, const Side& put) {
     if (pane.Long().mid(take.position, take.text.size()) != take.text)
         return;
-    if (take.text.size() > mXMLEdit::kLongestColoured)
+    if (take.text.size() > kLongestColoured)
         take.colours = controls::RunsOf(pane.Runs(), take.position, take.text.size());
     RDelete(pane, take.position, take.text);
     RInsert(app, pane, put.position, put.text, put.colours);
 }
 
 void ApplyToText(DocumentWindow& window, UndoRecord& record, Way way) {
-    const QScopedValueRollback ownWriting(window.bControlChange, true);
+    const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
     const Side deleted{record.DelPos, record.DelText, record.DelColours},
         inserted{record.InsPos, record.InsText, record.InsColours};
     for (RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2}) {
@@ -46,76 +54,85 @@ void ApplyToText(DocumentWindow& window, UndoRecord& record, Way way) {
     }
 }
 
-// A text on the way between two states that parse often doesn't: the status bar tells, a box at each step
-// would not be wanted.
-ParsedRoot BuildTree(DocumentWindow& window) {
-    const text::LongText text = window.TextInUse().Long();
-    window.bQuietParse = true;
-    ParsedRoot root = XMLToTree(window, text, 0);
-    window.bTextChanged = false;
-    window.msLastParsedText = window.TextInUse().Long();
-    return root;
+void StepInText(DocumentWindow& window, Way way) {
+    TextState& state = StateOf(window);
+    const auto index = static_cast<std::size_t>(way == Way::Back ? state.UndoPos - 1 : state.UndoPos);
+    UndoRecord record = state.undoStack[index];
+    ApplyToText(window, record, way);
+    state.undoStack[index] = std::move(record);
+    state.UndoPos += way == Way::Back ? -1 : 1;
+    window.bond.move(BondMove::TextEdited);
 }
 
-// Step back or again; the node that was current stays so where it still exists.
+// --- the tree ----------------------------------------------------------------------------------------------
+
+// A text on the way between two states that parse often doesn't: the status bar tells, a box at each step
+// would not be wanted.
+mXMLEdit::Parsed BuildTree(DocumentWindow& window) {
+    const text::LongText text = window.TextInUse().Long();
+    mXMLEdit::Parsed parsed = XMLToTree(window, text, 0, edit::Tone::Quiet);
+    window.bond.msLastParsedText = window.TextInUse().Long();
+    return parsed;
+}
+
+QString CurrentKey(const DocumentWindow& window) {
+    const controls::TreeNode node = window.tvXML.SelectedItem();
+    return node ? node.Key() : QString();
+}
+
+// The path of the node that the user works on, also where an earlier step took it away.
+QString PathInHand(DocumentWindow& window) {
+    const TextState& state = StateOf(window);
+    const bool lost = !state.placeTakenBy.isEmpty() && state.placeTakenBy == CurrentKey(window);
+    return lost ? state.lostPath : text::Trim(window.txtXPath.Text());
+}
+
+// The node that was current stays so. Where the step took it away, its path is kept for the step that brings
+// it back.
+void KeepCurrentNode(DocumentWindow& window, const xml::ParsedDocument& document, const QString& path) {
+    TextState& state = StateOf(window);
+    state.placeTakenBy.clear();
+    if (path.isEmpty() || edit::SelectTreeNodeByXPath(window, document, path))
+        return;
+    state.lostPath = path;
+    state.placeTakenBy = CurrentKey(window);
+}
+
 void TakeStep(DocumentWindow& window, Way way) {
-    const QString path = text::Trim(window.txtXPath.Text());
-    const QScopedValueRollback running(window.bUndoRunning, true);
+    const QString path = PathInHand(window);
     const PaneSelections selections(window);
-    const int index = way == Way::Back ? window.UndoPos - 1 : window.UndoPos;
-    UndoRecord record = window.undoStack[static_cast<std::size_t>(index)];
-    ApplyToText(window, record, way);
-    window.undoStack[static_cast<std::size_t>(index)] = std::move(record);
-    window.bTextChanged = true;
-    window.UndoPos += way == Way::Back ? -1 : 1;
-    SetUndoRedoMenuToolBar(window);
-    const ParsedRoot root = BuildTree(window);
-    if (window.tbsXML.SelectedKey() == QStringLiteral("browserview"))
-        tbsXML_Click(window);
+    StepInText(window, way);
+    const mXMLEdit::Parsed parsed = BuildTree(window);
     selections.restore();
-    if (window.tbsXML.SelectedKey() == QStringLiteral("textview"))
-        ShowCursorPosition(window); // a text that doesn't parse has shown the place of its error
-    if (root.document && !path.isEmpty())
-        SelectTreeNodeByXPath(window, *root.document, path);
+    if (parsed.good())
+        return KeepCurrentNode(window, *parsed.document, path);
+    // A text that doesn't parse comes to the front with its error selected: the user's place counts.
+    edit::Then(window, [&window, selections] {
+        selections.restore();
+        if (edit::Shows(window, edit::kTextTab))
+            edit::ShowCursorPosition(window);
+    });
+}
+
+// What waits in the tree is a step itself.
+void RunStep(DocumentWindow& window, const char* routine, Way way) {
+    edit::DoTree(window);
+    const TextState& state = StateOf(window);
+    const int steps = static_cast<int>(state.undoStack.size());
+    if (way == Way::Back ? state.UndoPos == 0 : state.UndoPos >= steps)
+        return;
+    const QScopedValueRollback running(StateOf(window).bUndoRunning, true);
+    edit::Run(window, routine, [&] { TakeStep(window, way); });
 }
 
 } // namespace
 
-void RInsert(Application& app, RichTextBox& richText, qsizetype position, const QString& text,
-             const std::vector<controls::ColourRun>& colours) {
-    if (text.isEmpty())
-        return;
-    richText.SetSelStart(position);
-    richText.SetSelLength(0);
-    if (text.size() > mXMLEdit::kLongestColoured)
-        richText.SetSelContent(text, colours);
-    else
-        richText.SetSelText(text);
-    richText.SetSelStart(position);
-    richText.SetSelLength(text.size());
-    mXMLEdit::SetSeltextColor(app, richText);
+void rUndo(DocumentWindow& window) {
+    RunStep(window, "rUndo", Way::Back);
 }
 
-void RDelete(RichTextBox& richText, qsizetype position, const QString& text) {
-    if (text.isEmpty())
-        return;
-    richText.SetSelStart(position);
-    richText.SetSelLength(text.size());
-    richText.SetSelText({});
+void rRedo(DocumentWindow& window) {
+    RunStep(window, "rRedo", Way::Again);
 }
 
-void rUndo(DocumentWindow& window) try {
-    DoTree(window);
-    if (window.UndoPos > 0)
-        TakeStep(window, Way::Back);
-} catch (const text::Fault& fault) {
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".rUndo"));
-}
-
-void rRedo(DocumentWindow& window) try {
-    DoTree(window);
-    if (window.UndoPos < static_cast<int>(window.undoStack.size()))
-        TakeStep(window, Way::Again);
-} catch (const text::Fault& fault) {
-    ErrorReportBox(window.app, fault, window.kind.Name + QStringLiteral(".rRedo"));
-}
+} // namespace textview

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Holds the house to its floors: reads every include and reports each one that goes where it must not.
+"""Holds the house to its order (tools/house.py): reads every include and reports each one that goes where it must not.
 
     tools/check_includes.py ROOT --qt-headers DIR
 
@@ -12,28 +12,7 @@ import re
 import sys
 from pathlib import Path
 
-# A file includes only its own room or a room of a lower floor. A new room is a new line here.
-FLOORS = {
-    "platform/text": 0, "platform/xml": 0, "platform/controls": 0, "platform/services": 0,
-    "core/model": 1,
-    "textview/fill": 2, "nodes/fill": 2, "table/fill": 2, "schema/vocabulary": 2,
-    "core/sync": 3,
-    "core/commands": 4, "nodes": 4, "textview": 4, "table": 4, "schema": 4,
-    "core/window": 5, "schema/window": 5,
-    "shell": 6, "exchange": 6, "integration": 6, "nodes/dialogs": 6, "textview/dialogs": 6,
-    "desktop": 7, "desktop/models": 7,
-}
-
-# The only includes across a floor: the text helpers lie under the rest of the platform, the item models
-# under the widgets that use them. As no pair stands here both ways, no two rooms can include each other.
-SAME_FLOOR = {
-    ("platform/xml", "platform/text"), ("platform/controls", "platform/text"), ("platform/services", "platform/text"),
-    ("desktop", "desktop/models"),
-    # The frame opens the dialogs.
-    ("shell", "textview/dialogs"), ("shell", "nodes/dialogs"),
-    # The events of a window lie above the commands that they call.
-    ("core/commands", "nodes"), ("core/commands", "textview"), ("core/commands", "table"),
-}
+from house import ROOMS, top_of
 
 # Folders that aren't rooms: they may include what they measure or test.
 NOT_ROOMS = {"tests", "bench", "cmake", "tools", "samples", "docs"}
@@ -52,18 +31,15 @@ INCLUDE = re.compile(r"\s*#\s*include\b\s*(.*)")
 TARGET = re.compile(r'(<([^>]+)>|"([^"]+)")')
 
 
-def room_of(folder):
-    """The room a folder (relative, with slashes) is; None when it is none."""
-    return folder if folder in FLOORS else None
-
-
 def is_desktop(room):
-    return room == "desktop" or room.startswith("desktop/")
+    return top_of(room) == "desktop"
 
 
 class House:
-    def __init__(self, root, qt_headers):
+    def __init__(self, root, qt_headers, rooms=ROOMS):
         self.root = root
+        self.rooms = rooms
+        self.tops = {top_of(room) for room in rooms.line}
         self.qt_headers = qt_headers
         self.faults = []
 
@@ -88,9 +64,9 @@ class House:
             self.fault(relative, 1, f'the line "{SPDX}" is missing')
 
     def check_source(self, path, relative):
-        room = room_of(relative.parent.as_posix())
-        if room is None:
-            self.fault(relative, 1, f"{relative.parent.as_posix()} is not a room: give it a floor in tools/check_includes.py")
+        room = relative.parent.as_posix()
+        if room not in self.rooms:
+            self.fault(relative, 1, f"{room} is not a room: give it a line in tools/house.py")
             return
         text = path.read_text(encoding="utf-8", errors="replace")
         # Blanked, not cut, so that line numbers stay right.
@@ -102,7 +78,7 @@ class House:
             target = TARGET.match(include.group(1))
             if not target:
                 self.fault(relative, number, "an include that only the preprocessor can read")
-            elif target.group(3) is not None or target.group(2).split("/")[0] in {name.split("/")[0] for name in FLOORS}:
+            elif target.group(3) is not None or top_of(target.group(2)) in self.tops:
                 self.check_own(relative, number, room, target.group(3) or target.group(2))
             else:
                 self.check_library(relative, number, room, target.group(2))
@@ -116,18 +92,11 @@ class House:
         if ".." in name.split("/"):
             self.fault(relative, number, f'"{name}" must be written from the project root')
             return
-        folder = name.rsplit("/", 1)[0]
-        target = room_of(folder)
-        if target is None:
+        folder = name.rpartition("/")[0]
+        if folder not in self.rooms:
             self.fault(relative, number, f'"{name}": {folder} is not a room')
-            return
-        if target == room:
-            return
-        if FLOORS[target] > FLOORS[room]:
-            self.fault(relative, number,
-                       f'"{name}" goes up: {room} is on floor {FLOORS[room]}, {target} on floor {FLOORS[target]}')
-        elif FLOORS[target] == FLOORS[room] and (room, target) not in SAME_FLOOR:
-            self.fault(relative, number, f'"{name}" goes to another room of the same floor ({FLOORS[room]})')
+        elif why := self.rooms.why_not(room, folder):
+            self.fault(relative, number, f'"{name}" {why}')
 
     def check_library(self, relative, number, room, name):
         if name.startswith(XML_LIBRARIES):

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "core/model/StateSlots.h"
+#include "platform/controls/Event.h"
 #include "platform/services/Services.h"
 #include "platform/text/Fault.h"
 #include "platform/xml/ParsedDocument.h"
 #include <QString>
-#include <QStringList>
 #include <cstdint>
+#include <memory>
 #include <optional>
 
-namespace controls {
-class RichTextBox;
-}
 class Frame;
 struct DocumentWindow;
 
@@ -33,36 +32,47 @@ struct Options {
     QString ApplicationFolder; ///< where the program lies, with a separator at the end; for the help file
 };
 
+/// How often the dear steps ran since the start: for measuring, and for tests that no step runs twice.
+struct Work {
+    int parses = 0; ///< of whole documents
+    int probes = 0; ///< of tiny documents around one name or value
+    int texts = 0;  ///< the text written from the tree
+    int listFills = 0;
+    int paths = 0;
+    int menuStates = 0;
+    int toolbars = 0;
+    bool operator==(const Work&) const = default;
+};
+
 /// All process-wide state, passed by reference, so that a test makes a fresh one.
 struct Application {
-    explicit Application(const services::Services& given) : services(given) {}
+    explicit Application(const services::Services& given);
+    ~Application();
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
 
     services::Services services;
-    Frame* frame = nullptr; ///< set by the frame as long as it lives
     Options options;
+
+    /// The main window; one that does nothing while there is none.
+    Frame& frame() const { return *frame_; }
+    void SetFrame(Frame* frame); ///< null: there is none any more
 
     QString CurrentFileName;            ///< the name of the document in hand
     std::int32_t ElementKeyCounter = 0; ///< never reset, so a key is never used twice in a run
     long NodeWalkCounter = 0;           ///< see GetNodeByNumber
-    // --- the last copy ---
-    DocumentWindow* clipboardSource = nullptr; ///< the window it came from; null once that has closed
-    int ClipboardSourceView = 0;               ///< the view it came from: 1 tree, 2 list
-    QString copiedText;                        ///< what it put on the clipboard
-    QString copiedAttributes;                  ///< attributes of list rows that were copied
-
-    // --- the last drag of nodes or rows ---
-    DocumentWindow* dragSource = nullptr; ///< the window it began in; null once that has closed
-    int dragSourceView = 0;               ///< the view it began in: 1 tree, 2 list
-
-    // --- finding ---
-    DocumentWindow* findWindow = nullptr;        ///< whose text is searched; null once it has closed
-    controls::RichTextBox* findTarget = nullptr; ///< the pane of it that was in use
-    QStringList findHistory, replaceHistory;     ///< newest first; kept for this run only
 
     /// Nothing after a successful parse, the error after a failed one.
     std::optional<xml::ParseError> lastParseError;
+
+    /// A document window is about to be destroyed.
+    controls::Event<DocumentWindow&> windowClosed;
+    StateSlots rooms; ///< what single rooms keep for the whole run
+    Work work;
+
+private:
+    std::unique_ptr<Frame> noFrame_;
+    Frame* frame_;
 };
 
 /// What a routine's error exit calls: the frame's report under the routine's name. Shows a box only when

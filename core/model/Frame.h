@@ -27,7 +27,7 @@ enum class MenuSituation {
 /// The frame's pointer while something takes its time.
 inline constexpr int vbHourglass = 11;
 
-/// What document windows ask of the frame. The frame implements it; nobody below includes the frame itself.
+/// What document windows ask of the frame, which stands above them.
 class Frame {
 public:
     virtual ~Frame() = default;
@@ -47,22 +47,17 @@ public:
     virtual void NewSXMLFile(const FetchedText& text, const QString& fileName) = 0;
 
     /// Whether a window bears this name, exactly as it is spelled; brings it to the front if asked.
-    virtual void HaveSameNameForm(const QString& name, bool bringToFront, bool& result) = 0;
+    virtual bool HaveSameNameForm(const QString& name, bool bringToFront) = 0;
 
-    virtual void SetMenuSituation(MenuSituation situation) = 0;
-    /// The menu situation of the active window as it stands, by its kind and the view in use: for one that
-    /// has become active, or stays after all.
-    virtual void SetFormActivatedMenu(DocumentWindow& window) = 0;
-    virtual void SetToolBar() = 0; ///< toolbars by the view in force
-
-    virtual void EnableEntitiesToolbar() = 0; ///< an editor that takes entities has the focus
+    /// Menus and toolbars of the active window as it stands. Costs next to nothing where nothing has changed
+    /// that they depend on. Called at the end of every edit; commands don't call it.
+    virtual void RefreshMenu() = 0;
+    virtual void DisableMenu() = 0; ///< as without a window, until they are refreshed
 
     /// Runs the command of a menu entry, as a key of a view asks for it; whether the entry is enabled isn't
     /// looked at. Nothing happens for an entry without a command.
     virtual void RunMenuCommand(const QString& entry) = 0;
 
-    /// Whether undo and redo have a step to go, in menu and toolbar.
-    virtual void SetUndoRedo(bool undo, bool redo) = 0;
     /// Shows the find dialog, or brings it to the front; it works on the text of the document in front.
     virtual void ShowFind() = 0;
 

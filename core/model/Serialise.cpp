@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/Serialise.h"
+#include "core/model/NodeNumbers.h"
 #include "core/model/TreeWriter.h"
-#include "core/model/m_tvXML.h"
 
 namespace m_tvXML {
 
@@ -42,29 +42,6 @@ private:
     char16_t* at_;
 };
 
-// Calls `visit` with the 0-based place of each "<" in the first `length` units that begins no end tag there,
-// until it returns false.
-template <typename Visit> void VisitNodeStarts(const text::LongText& text, qsizetype length, Visit visit) {
-    qsizetype start = 0; // of the piece
-    qsizetype last = -1; // a "<" that ended the piece before
-    bool more = true;
-    text.visit(0, length, [&](QStringView piece) {
-        if (last >= 0 && piece.front() != u'/')
-            more = visit(last);
-        last = -1;
-        for (qsizetype at = piece.indexOf(u'<'); at >= 0 && more; at = piece.indexOf(u'<', at + 1)) {
-            if (at + 1 == piece.size())
-                last = start + at;
-            else if (piece[at + 1] != u'/')
-                more = visit(start + at);
-        }
-        start += piece.size();
-        return more;
-    });
-    if (last >= 0 && more)
-        visit(last);
-}
-
 } // namespace
 
 QString GetTreeNodesXML(controls::TreeNode node, const QString& indentUnit) {
@@ -77,33 +54,6 @@ QString GetTreeNodesXML(controls::TreeNode node, const QString& indentUnit) {
     TextSink sink(length.length());
     TreeWriter<TextSink>(sink, indentUnit).write(top, level);
     return sink.take();
-}
-
-qsizetype GetTextPositionByNodeNum(const text::LongText& text, long number) {
-    if (number <= 0)
-        return 0;
-    long count = 0;
-    qsizetype found = 0;
-    VisitNodeStarts(text, text.size(), [&](qsizetype place) {
-        if (++count == number)
-            found = place + 1;
-        return found == 0;
-    });
-    return found;
-}
-
-long GetNodeNumByTextPosition(const text::LongText& text, qsizetype position) {
-    long number = 0;
-    bool open = false; // the piece before ended in a "<"
-    text.visit(0, position, [&](QStringView piece) {
-        number += open && piece.front() != u'/' ? 1 : 0;
-        const char16_t* const units = piece.utf16();
-        for (qsizetype i = 0; i + 1 < piece.size(); ++i) // without branches: many at once
-            number += static_cast<long>(units[i] == u'<') & static_cast<long>(units[i + 1] != u'/');
-        open = piece.back() == u'<';
-        return true;
-    });
-    return number + (open ? 1 : 0);
 }
 
 } // namespace m_tvXML

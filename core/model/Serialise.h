@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "platform/controls/TreeView.h"
-#include "platform/text/LongText.h"
 #include <QString>
 
 namespace m_tvXML {
@@ -12,11 +11,5 @@ namespace m_tvXML {
 /// are left out. There is no empty-element form and no line break at the end. Tags are escaped already, so
 /// nothing is escaped here. Empty for nothing. Throws std::bad_alloc for a text that memory can't hold.
 QString GetTreeNodesXML(controls::TreeNode node, const QString& indentUnit);
-
-/// 1-based place of the start of the `number`-th node in a text; 0 for none. Every "<" that doesn't begin
-/// "</" counts.
-qsizetype GetTextPositionByNodeNum(const text::LongText& text, long number);
-/// Number of the last node that starts in the first `position` characters; 0 for none.
-long GetNodeNumByTextPosition(const text::LongText& text, qsizetype position);
 
 } // namespace m_tvXML

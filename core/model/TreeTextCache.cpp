@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/TreeTextCache.h"
+#include "core/model/NodeNumbers.h"
 #include "core/model/TreeWriter.h"
-#include "core/model/m_tvXML.h"
 #include "platform/text/LineEnds.h"
 
 namespace m_tvXML {

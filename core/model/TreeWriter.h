@@ -1,23 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "core/model/NodeKind.h"
 #include "platform/controls/TreeCursor.h"
 #include <QStringView>
 #include <algorithm>
 
 namespace m_tvXML {
 
-/// Kinds of nodes as their keys number them.
-enum NodeKind { kRoot = 0, kElement = 1, kText = 3, kInstruction = 7, kComment = 8 };
-
 inline text::CompactView WithoutTrailingBlanks(text::CompactView view) {
     while (view.length > 0 && view.at(view.length - 1) == u' ')
         --view.length;
     return view;
-}
-
-// The root's key is the document's name: whatever that looks like, it says no kind.
-inline int KindOf(controls::TreeCursor node) {
-    return node.parent() ? std::max(node.kind(), 0) : kRoot;
 }
 
 inline bool IsText(controls::TreeCursor node) {
@@ -41,11 +34,11 @@ public:
             if (opening) {
                 if (until && node == until)
                     return;
-                const int kind = KindOf(node);
+                const int kind = GetKeyType(node);
                 open(node, kind, level);
-                if ((kind == kElement || kind == kRoot) && node.firstChild()) {
+                if ((kind == kElement || kind == kTreeRoot) && node.firstChild()) {
                     node = node.firstChild();
-                    level += kind == kRoot ? 0 : 1;
+                    level += kind == kTreeRoot ? 0 : 1;
                     continue;
                 }
             }
@@ -58,7 +51,7 @@ public:
                 continue;
             }
             node = node.parent();
-            const bool root = KindOf(node) == kRoot;
+            const bool root = GetKeyType(node) == kTreeRoot;
             level -= root ? 0 : 1;
             if (!root)
                 close(node, level);

@@ -5,6 +5,9 @@
 #include <vector>
 
 struct DocumentWindow;
+namespace edit {
+struct View;
+}
 
 /// All that differs between the two kinds of document window, at a glance.
 struct WindowKind {
@@ -13,4 +16,6 @@ struct WindowKind {
     bool schema;       ///< designs schemas: the schema menus are offered
     bool renamesNodes; ///< labels of the tree can be edited, not the tree root's alone
     std::vector<controls::TabStrip::Tab> tabs;
+    /// The views behind the tabs, in their order.
+    std::vector<const edit::View*> views;
 };

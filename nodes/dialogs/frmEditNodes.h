@@ -1,22 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/model/DocumentWindow.h"
-#include "nodes/EditNode.h"
+#include "nodes/dialogs/BorrowedAttention.h"
+#include "nodes/dialogs/NodeEditor.h"
 #include "platform/controls/Controls.h"
-#include "platform/xml/ParsedDocument.h"
-#include <optional>
+#include <memory>
 
 /// The dialog that walks the nodes of a document one at a time, along the tree or the list, and edits the one
 /// in hand: its name, its attributes or value, and its text. Its document window can be worked in meanwhile.
-class frmEditNodes {
+/// It ends with its window.
+class frmEditNodes : public nodes::NodeEditor {
 public:
     explicit frmEditNodes(Application& app);
     frmEditNodes(const frmEditNodes&) = delete;
     frmEditNodes& operator=(const frmEditNodes&) = delete;
 
-    controls::Label lNodeName, lAttrs, lText, lXPath;
-    /// The height of txtNodeAttrs tells the layout: 5795 twips with one box, 2775 with two.
-    controls::TextBox txtNodeName, txtNodeAttrs, txtNodeText, txtXPath;
     controls::CommandButton cmdUp, cmdDown, cmdLeft, cmdRight, cmdOk, cmdCancel;
     controls::OptionButton optTree, optList;
 
@@ -30,14 +28,11 @@ public:
     /// node in hand changed or gone. What is typed stays, together with its node. Opens no box of its own:
     /// the dialog becomes active again when a box closes. True when another document had to give way.
     bool Form_Activate();
-    /// The user goes to the documents: what waits in the boxes leaves no mark on them.
+    /// The user goes to the documents.
     void Form_Deactivate();
     /// Qt key code and modifiers, from any control. Ctrl and an arrow work the button of that direction;
     /// `key` is 0 then.
     void Form_KeyDown(int& key, int modifiers);
-    /// Ends the dialog with its window; other windows don't matter.
-    void WindowClosed(const DocumentWindow& window);
-    DocumentWindow* Window() const { return window_; } ///< null while the dialog isn't shown
 
     void ShowCurrentNode();
     /// Writes what was changed to the node in hand. False when that was refused: the user has been told, the
@@ -47,80 +42,31 @@ public:
     bool SaveCurrentNode();
 
 private:
+    template <typename Act> void Guarded(const char* routine, Act act);
+    template <typename Event, typename Act> void Connect(Event& event, const char* routine, Act act);
     void ConnectButtons();
     void ConnectBoxes();
-    void Click(controls::CommandButton& button, void (frmEditNodes::*act)(), const char* routine);
-    template <typename Act> void Guarded(const char* routine, Act act);
-    void cmdUp_Click();
-    void cmdDown_Click();
-    void cmdLeft_Click();
-    void cmdRight_Click();
+    template <typename Walk> void Move(Walk walk);
     void cmdOk_Click();
     void cmdCancel_Click();
-    void Unload();
-    void KeepTyped();
-    void BringTypedBack();
-    bool BringUpToDate(DocumentWindow& window);
-    void ComeBack();
-    bool WriteTyped();
-    void ShowMessage(const QString& message);
-    void FollowUntouched();
-    void TakeAttention();
-    void GiveAttentionBack();
-    void NoteBeforeProbe();
-    void NoteAfterProbe();
-    void UndoProbe();
-    int Context() const;
-    bool ShowsCurrentNode();
-    static void ShowListTab(DocumentWindow& window);
     void ChangeContext(int context);
     void txtXPath_KeyDown(int& key);
-    void SelectSibling(bool next);
-    void FetchNode(); ///< SetMemberVars and ShowCurrentNode
-    bool InList() const;
-    bool IsChanged() const;
-    void ShowKind();
-    void ShowMenu();
-    void SelectRowInHand();
+
+    void WindowClosed(const DocumentWindow& window);
+    void Unload();
+    bool BringUpToDate(DocumentWindow& window);
+    bool TextParses();
+    void ComeBack();
+
+    bool InList() const { return optList.Value(); }
+    int Context() const { return InList() ? kContextList : kContextTree; }
+    void FetchNode(); ///< takes the current node in hand and shows it
     void EnableButtons();
-    void EnableListMoves();
-    void txtNodeAttrs_Change();
-    void ComplainAbout(const QString& probe, int attributes);
+    void SelectRowInHand();
 
-    Application& app_;
-    DocumentWindow* window_ = nullptr;
-    NodeInHand hand_;
-    NodeTrace trace_;
-    QString name_, attrs_, text_; ///< as the node had them
-    QString path_;                ///< as the window showed it
-    int kind_ = kNoNodeInHand;
+    QString path_; ///< as the window showed it
     bool activating_ = false, saving_ = false;
+    nodes::BorrowedAttention attention_;
 
-    struct Texts {
-        QString name, attrs, text;
-        bool operator==(const Texts&) const = default;
-    };
-    struct Refused {
-        const DocumentWindow* window;
-        NodeInHand hand;
-        NodeTrace trace;
-        Texts node, typed;
-    };
-    std::optional<Refused> refused_; ///< what OK could not write
-
-    /// What had the user's attention in the window before the dialog had it, and the view in force then.
-    struct Attention {
-        int context, view;
-    };
-    std::optional<Attention> attention_;
-
-    /// What checking an unfinished value changes beside the dialog: the program's last parse error and the
-    /// caret of the text view.
-    struct BeforeProbe {
-        std::optional<xml::ParseError> error;
-        const controls::RichTextBox* pane;
-        qsizetype selStart, selLength;
-        qsizetype probeStart, probeLength; ///< where the probe left the caret
-    };
-    std::optional<BeforeProbe> beforeProbe_;
+    std::shared_ptr<frmEditNodes*> self_; ///< events of the application outlive the dialog
 };

@@ -165,9 +165,13 @@ void TabStrip::Select(const QString& key) {
     const auto index = static_cast<int>(found - tabs_.begin());
     if (index == selected_)
         return;
-    selected_ = index;
+    bool cancel = false;
+    BeforeClick(cancel);
+    if (!cancel)
+        selected_ = index;
     changed();
-    Click();
+    if (!cancel)
+        Click();
 }
 
 // --- menus, toolbars, status bar -----------------------------------------------------------------------

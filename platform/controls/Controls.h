@@ -101,7 +101,7 @@ private:
     int value_ = 0;
 };
 
-/// One of several choices; whoever owns them sees to it that one alone is chosen.
+/// One of several choices; their owner sees to it that one alone is chosen.
 class OptionButton {
 public:
     bool Value() const { return value_; }
@@ -160,9 +160,10 @@ public:
     const std::vector<Tab>& Tabs() const { return tabs_; }
     const QString& SelectedKey() const;             ///< empty without tabs
     int SelectedIndex() const { return selected_; } ///< 0-based
-    /// Selects a tab; raises Click when it is another one, whether program or user did it. Unknown key: Fault
-    /// 35601.
+    /// Selects a tab; raises BeforeClick and Click when it is another one, whether program or user did it. The
+    /// tab stays, which is announced, where BeforeClick cancels. Unknown key: Fault 35601.
     void Select(const QString& key);
+    Event<bool&> BeforeClick; ///< cancel
     Event<> Click;
     Event<> changed;
 

@@ -5,15 +5,6 @@
 
 namespace controls {
 
-namespace {
-constexpr qint64 kStride = qint64{1} << 32; // room for rows that are put between two others
-
-// Filled rows get places by their numbers.
-qint64 PlaceOf(std::uint32_t number) {
-    return (qint64{number} + 1) * kStride;
-}
-} // namespace
-
 const ListView::Slot& ListView::At(int index) const {
     if (index < 1 || index > Count())
         Throw(text::kFaultOutOfBounds);
@@ -30,53 +21,27 @@ ListItem& ListView::ItemOf(const Slot& slot) const {
     return *slot.item;
 }
 
-int ListView::IndexOfPlace(qint64 place) const {
-    const auto found = std::lower_bound(slots_.begin(), slots_.end(), place,
-                                        [](const Slot& one, qint64 wanted) { return one.place < wanted; });
-    return found != slots_.end() && found->place == place ? static_cast<int>(found - slots_.begin()) + 1 : 0;
+int ListView::IndexOfNumber(std::uint32_t number) const {
+    const auto found =
+        std::lower_bound(slots_.begin(), slots_.end(), number,
+                         [](const Slot& one, std::uint32_t wanted) { return one.number < wanted; });
+    return found != slots_.end() && found->number == number ? static_cast<int>(found - slots_.begin()) + 1
+                                                            : 0;
 }
 
-// A place for a row at a 0-based position; all rows get new ones when no room is left there.
-qint64 ListView::PlaceBefore(std::size_t position) {
-    if (slots_.empty())
-        return 0;
-    if (position == slots_.size())
-        return slots_.back().place + kStride;
-    if (position == 0)
-        return slots_.front().place - kStride;
-    const qint64 low = slots_[position - 1].place, high = slots_[position].place;
-    if (high - low > 1)
-        return low + (high - low) / 2;
-    QHash<qint64, qint64> moved;
-    qint64 place = 0;
-    for (Slot& slot : slots_) {
-        place += kStride;
-        moved.insert(slot.place, place);
-        slot.place = place;
-    }
-    for (qint64& known : placeByKey_)
-        known = moved.value(known);
-    renumbered_ = true;
-    return PlaceBefore(position);
-}
-
-int ListView::Add(int index, const QString& key, const QString& text, int icon, const QString& sub1,
+int ListView::Add(const QString& key, const QString& text, int icon, const QString& sub1,
                   const QString& sub2) {
-    if (index < 0 || index > Count() + 1)
-        Throw(text::kFaultOutOfBounds);
     if (!key.isEmpty() && IndexOf(key) > 0)
         Throw(text::kFaultKeyNotUnique);
-    const int position = index == 0 ? Count() : index - 1;
+    const int position = Count();
     if (!quiet())
         aboutToInsert(position);
     Slot slot;
     slot.item = std::make_unique<ListItem>(ListItem{key, text, icon, icon, {sub1, sub2}, {}});
-    slot.place = PlaceBefore(static_cast<std::size_t>(position));
+    slot.number = next_++;
     if (!key.isEmpty())
-        placeByKey_.insert(key, slot.place);
-    if (current_ > position)
-        ++current_;
-    slots_.insert(slots_.begin() + position, std::move(slot));
+        numberByKey_.insert(key, slot.number);
+    slots_.push_back(std::move(slot));
     if (!quiet())
         inserted(position);
     return position + 1;
@@ -90,12 +55,10 @@ void ListView::Fill(std::uint32_t count, RowMaker make, RowFinder find, CellRead
     make_ = std::move(make);
     find_ = std::move(find);
     read_ = std::move(read);
-    renumbered_ = false;
     slots_.resize(count);
-    for (std::uint32_t i = 0; i < count; ++i) {
+    for (std::uint32_t i = 0; i < count; ++i)
         slots_[i].number = i;
-        slots_[i].place = PlaceOf(i);
-    }
+    next_ = count;
     if (!quiet())
         reset();
 }
@@ -105,7 +68,7 @@ void ListView::Clear() {
         return;
     if (!quiet())
         aboutToReset();
-    placeByKey_.clear();
+    numberByKey_.clear();
     slots_.clear();
     make_ = {};
     find_ = {};
@@ -143,17 +106,10 @@ text::CompactView ListView::Cell(int index, int column) const {
 }
 
 int ListView::IndexOf(const QString& key) const {
-    if (const auto known = placeByKey_.constFind(key); known != placeByKey_.constEnd())
-        return IndexOfPlace(*known);
+    if (const auto known = numberByKey_.constFind(key); known != numberByKey_.constEnd())
+        return IndexOfNumber(*known);
     const qint64 number = find_ ? find_(key) : -1;
-    if (number < 0)
-        return 0;
-    if (!renumbered_)
-        return IndexOfPlace(PlaceOf(static_cast<std::uint32_t>(number)));
-    const auto found = std::find_if(slots_.begin(), slots_.end(), [&](const Slot& slot) {
-        return slot.number == number && ItemOf(slot).Key == key;
-    });
-    return found == slots_.end() ? 0 : static_cast<int>(found - slots_.begin()) + 1;
+    return number < 0 ? 0 : IndexOfNumber(static_cast<std::uint32_t>(number));
 }
 
 void ListView::Remove(int index) {
@@ -162,7 +118,7 @@ void ListView::Remove(int index) {
     if (!quiet())
         aboutToRemove(index - 1);
     if (slot.item)
-        placeByKey_.remove(slot.item->Key);
+        numberByKey_.remove(slot.item->Key);
     slots_.erase(slots_.begin() + (index - 1));
     if (current_ == index)
         current_ = 0;

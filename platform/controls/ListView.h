@@ -32,9 +32,8 @@ enum ListViewStyle { lvwIcon = 0, lvwSmallIcon = 1, lvwList = 2, lvwReport = 3 }
 class ListView {
 public:
     // --- items ---------------------------------------------------------------------------------------
-    /// Adds a row behind the others (index 0) or at 1-based `index`; returns its 1-based index. Throws Fault
-    /// 35602 for a key that exists.
-    int Add(int index, const QString& key, const QString& text, int icon, const QString& sub1 = {},
+    /// Adds a row behind the others; returns its 1-based index. Throws Fault 35602 for a key that exists.
+    int Add(const QString& key, const QString& text, int icon, const QString& sub1 = {},
             const QString& sub2 = {});
     /// Adds `count` rows behind the others, each made when it is first looked at: `make` is given its number
     /// from 0. `find` tells the number of the row with a key, -1 for none; a row's key must not change.
@@ -48,7 +47,7 @@ public:
     int Count() const;
     const ListItem& Item(int index) const;          ///< throws Fault 35600
     const ListItem& Item(const QString& key) const; ///< throws Fault 35601
-    /// The text of a cell in column 1 to 3, good until something changes. A row that nobody looked at so far
+    /// The text of a cell in column 1 to 3, good until something changes. A row that wasn't looked at so far
     /// isn't made for it where the list was filled with a reader. Throws Fault 35600.
     text::CompactView Cell(int index, int column) const;
     int IndexOf(const QString& key) const; ///< 0 when there is no such row
@@ -127,24 +126,22 @@ public:
 
 private:
     struct Slot {
-        qint64 place = 0;         ///< grows from row to row, so that a row's index is found by halving
-        std::uint32_t number = 0; ///< for the row maker
+        std::uint32_t number = 0; ///< grows from row to row, so that a row's index is found by halving
         bool selected = false;
-        mutable std::unique_ptr<ListItem> item; ///< null as long as nobody looked
+        mutable std::unique_ptr<ListItem> item; ///< null until it is looked at
     };
     const Slot& At(int index) const; ///< throws Fault 35600
     Slot& At(int index);
     ListItem& ItemOf(const Slot& slot) const;
-    int IndexOfPlace(qint64 place) const; ///< 0 when there is none
-    qint64 PlaceBefore(std::size_t position);
+    int IndexOfNumber(std::uint32_t number) const; ///< 0 when there is none
     bool quiet() const { return updates_ > 0; }
 
     std::deque<Slot> slots_;
-    QHash<QString, qint64> placeByKey_; ///< rows that were added one by one
+    std::uint32_t next_ = 0;                    ///< number of the next row
+    QHash<QString, std::uint32_t> numberByKey_; ///< rows that were added one by one
     RowMaker make_;
     RowFinder find_;
     CellReader read_;
-    bool renumbered_ = false; ///< places no longer tell the numbers of filled rows
     int current_ = 0;
     int view_ = lvwReport;
     int updates_ = 0;

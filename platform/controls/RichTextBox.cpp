@@ -143,7 +143,7 @@ TextPlace RichTextBox::CaretPlace() const {
 
 // --- changing the text -----------------------------------------------------------------------------------
 
-// Replaces a stretch; the selection is a caret behind it then. Nobody is told yet.
+// Replaces a stretch; the selection is a caret behind it then. Nothing is announced yet.
 void RichTextBox::Replace(qsizetype at, qsizetype removed, const QString& piece) {
     BeforeChange();
     text_.replace(at, removed, piece);

@@ -152,20 +152,13 @@ private:
             group_.skipped = true; // only readers that know the destination look into it
             break;
         case u'~':
-            PutUnit(0xa0);
+            PutUnit(QChar::Nbsp);
             break;
         case u'_':
             PutUnit(0x2011);
             break;
         case u'-':
-            PutUnit(0xad);
-            break;
-        case u'\t':
-            PutUnit(u'\t');
-            break;
-        case u'\r':
-        case u'\n':
-            Put(u"\r\n");
+            PutUnit(QChar::SoftHyphen);
             break;
         default:
             break;
@@ -178,8 +171,7 @@ private:
         if (high < 0 || low < 0)
             return;
         at_ += 2;
-        const int code = high * 16 + low;
-        PutUnit(FromCp1252(code));
+        PutUnit(FromCp1252(high * 16 + low));
     }
 
     QStringView ReadName() {
@@ -241,9 +233,6 @@ private:
             break;
         case RtfAct::Blue:
             SetPart(16, number);
-            break;
-        case RtfAct::Binary:
-            at_ = std::min<qsizetype>(at_ + std::max(number, 0), rtf_.size());
             break;
         }
     }

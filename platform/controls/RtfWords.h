@@ -13,11 +13,10 @@ enum class RtfAct {
     Insert,      ///< stands for a character or a line end
     Plain,       ///< formatting back to the default
     ColourTable, ///< the group is the colour table
-    Skip,        ///< the group isn't body text
+    Skip,        ///< the group isn't body text; others that aren't say so by \*
     Red,
     Green,
-    Blue,
-    Binary ///< \binN and N units that aren't RTF
+    Blue
 };
 
 struct RtfWord {

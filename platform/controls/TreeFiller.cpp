@@ -12,6 +12,8 @@ TreeFiller::TreeFiller(TreeView& tree, TreeNode parent)
         Throw(text::kFaultBadCall);
     tree.storage_->rows.clear();
     tree.storage_->noteEverything();
+    tree.journal_->noteBefore(TreeView::Journal::What::Filled, top_, tree.storage_->nodes.at(top_));
+    ++tree.revision_;
 }
 
 TreeFiller::Slot TreeFiller::append(Slot parent, std::uint8_t kind, std::uint32_t serial,
@@ -22,21 +24,21 @@ TreeFiller::Slot TreeFiller::append(Slot parent, std::uint8_t kind, std::uint32_
     if (!storage.keys.claim(storage.nodes.end(), kind, serial))
         Throw(text::kFaultKeyNotUnique);
     const Slot slot = storage.nodes.add();
-    TreeNodeData& family = storage.nodes.at(parent);
-    const Slot previous = family.lastChild;
+    TreeNodeData& above = storage.nodes.at(parent);
+    const Slot previous = above.lastChild;
     TreeNodeData& node = storage.nodes.at(slot);
     node.parent = parent;
     node.previous = previous;
-    node.row = family.children;
+    node.row = above.children;
     node.kind = kind;
     node.serial = serial;
     node.text = text;
     node.image = static_cast<std::uint8_t>(image);
     node.selectedImage = static_cast<std::uint8_t>(selectedImage);
-    (previous != 0 ? storage.nodes.at(previous).next : family.firstChild) = slot;
-    family.lastChild = slot;
-    ++family.children;
-    storage.order.append();
+    (previous != 0 ? storage.nodes.at(previous).next : above.firstChild) = slot;
+    above.lastChild = slot;
+    ++above.children;
+    ++storage.count;
     return slot;
 }
 

@@ -4,7 +4,7 @@
 
 namespace controls {
 
-/// Copies a document into a tree, node by node at the end of a family, at the speed of memory: what a handle
+/// Copies a document into a tree, node by node behind the last sibling, at the speed of memory: what a handle
 /// checks on each use is checked here once, when the filler is made. Nodes are named by their slots, which
 /// are good as long as the filler lives. Only within an update; nothing else may change the tree meanwhile.
 class TreeFiller {

@@ -22,6 +22,7 @@ void TreeNode::SetKey(const QString& key) {
         Throw(text::kFaultInvalidKey);
     if (owner != 0)
         Throw(text::kFaultKeyNotUnique);
+    storage.noteKey(slot_);
     storage.keys.remove(slot_);
     storage.keys.insert(slot_, key);
     storage.note(slot_);
@@ -158,7 +159,7 @@ int TreeNode::Children() const {
 }
 
 int TreeNode::Index() const {
-    return static_cast<int>(TreeView::Storage::of(*this).order.indexOf(slot_));
+    return static_cast<int>(TreeView::Storage::of(*this).indexOf(slot_));
 }
 
 int TreeNode::Row() const {

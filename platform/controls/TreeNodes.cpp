@@ -61,11 +61,11 @@ TreeNode TreeNodes::operator()(int index) const {
     const auto& storage = *tree_.storage_;
     if (index < 1 || index > Count())
         Throw(text::kFaultOutOfBounds);
-    return storage.handle(storage.order.slotAt(static_cast<std::uint32_t>(index)));
+    return storage.handle(storage.slotAt(static_cast<std::uint32_t>(index)));
 }
 
 int TreeNodes::Count() const {
-    return static_cast<int>(tree_.storage_->order.count());
+    return static_cast<int>(tree_.storage_->count);
 }
 
 void TreeNodes::Remove(const QString& key) {

@@ -16,7 +16,7 @@ bool TreeView::Storage::isLiving(const TreeNode& node) {
     if (!node.tree_)
         return false;
     const Storage& storage = *node.tree_->storage_;
-    return node.generation_ == storage.generation && (storage.nodes.at(node.slot_).flags & kRemoved) == 0;
+    return node.generation_ == storage.generation && !storage.isRemoved(node.slot_);
 }
 
 TreeView::Storage& TreeView::Storage::of(const TreeNode& node) {
@@ -44,19 +44,37 @@ std::uint32_t TreeView::Storage::slotOf(const TreeNodeData* data) const {
     return data->previous != 0 ? nodes.at(data->previous).next : nodes.at(data->parent).firstChild;
 }
 
+std::uint32_t TreeView::Storage::slotAt(std::uint32_t index) const {
+    while (isRemoved(oldest_))
+        ++oldest_;
+    std::uint32_t slot = oldest_;
+    for (std::uint32_t left = index - 1; left > 0; left -= isRemoved(slot) ? 0 : 1)
+        ++slot;
+    return slot;
+}
+
+std::uint32_t TreeView::Storage::indexOf(std::uint32_t slot) const {
+    std::uint32_t index = 1;
+    for (std::uint32_t before = oldest_; before < slot; ++before)
+        index += isRemoved(before) ? 0 : 1;
+    return index;
+}
+
 std::uint32_t TreeView::Storage::link(std::uint32_t parent, std::uint32_t before) {
     const std::uint32_t slot = nodes.add();
     TreeNodeData& node = nodes.at(slot);
-    TreeNodeData& family = nodes.at(parent);
+    TreeNodeData& above = nodes.at(parent);
     node.parent = parent;
     node.next = before;
-    node.previous = before != 0 ? nodes.at(before).previous : family.lastChild;
-    (node.previous != 0 ? nodes.at(node.previous).next : family.firstChild) = slot;
-    (before != 0 ? nodes.at(before).previous : family.lastChild) = slot;
-    ++family.children;
-    order.append();
+    node.previous = before != 0 ? nodes.at(before).previous : above.lastChild;
+    (node.previous != 0 ? nodes.at(node.previous).next : above.firstChild) = slot;
+    (before != 0 ? nodes.at(before).previous : above.lastChild) = slot;
+    ++above.children;
+    ++count;
     rows.inserted(slot);
     note(slot);
+    tree.journal_->note(Journal::What::Added, slot);
+    ++tree.revision_;
     return slot;
 }
 
@@ -69,29 +87,37 @@ void TreeView::Storage::note(std::uint32_t slot) {
         changes.nodes.push_back(handle(slot));
 }
 
+void TreeView::Storage::aboutToWrite(std::uint32_t slot) {
+    tree.journal_->noteBefore(Journal::What::Written, slot, nodes.at(slot));
+    if (nodes.at(slot).parent != 0) // a top node stands for the document, and says nothing of its content
+        ++tree.revision_;
+}
+
+void TreeView::Storage::noteKey(std::uint32_t slot) {
+    if (tree.journal_->isOpen()) {
+        tree.journal_->note(Journal::What::Key, slot);
+        tree.journal_->entries.back().keys.emplace_back(slot, keys.keyOf(nodes.at(slot)));
+    }
+    if (nodes.at(slot).parent != 0)
+        ++tree.revision_;
+}
+
 void TreeView::Storage::unlink(std::uint32_t slot) {
     rows.aboutToRemove(slot);
     const TreeNodeData& node = nodes.at(slot);
     note(node.previous != 0 ? node.previous : node.next != 0 ? node.next : node.parent);
-    TreeNodeData& family = nodes.at(node.parent);
-    (node.previous != 0 ? nodes.at(node.previous).next : family.firstChild) = node.next;
-    (node.next != 0 ? nodes.at(node.next).previous : family.lastChild) = node.previous;
-    --family.children;
+    TreeNodeData& above = nodes.at(node.parent);
+    (node.previous != 0 ? nodes.at(node.previous).next : above.firstChild) = node.next;
+    (node.next != 0 ? nodes.at(node.next).previous : above.lastChild) = node.previous;
+    --above.children;
 }
 
-// Every node of an unlinked tree, parents first. Walks along the links: a tree may be deeper than the stack.
-void TreeView::Storage::dispose(std::uint32_t top) {
+// Along the links: a tree may be deeper than the stack.
+template <typename Visit> void TreeView::Storage::walk(std::uint32_t top, Visit visit) {
     std::uint32_t slot = top;
     while (true) {
         TreeNodeData& node = nodes.at(slot);
-        keys.remove(slot);
-        order.remove(slot);
-        countWaste(node.tag);
-        if ((node.flags & kOwnText) != 0)
-            countWaste(node.text);
-        node.flags |= kRemoved;
-        if (slot == selected)
-            selected = 0;
+        visit(slot, node);
         if (node.firstChild != 0) {
             slot = node.firstChild;
             continue;
@@ -102,6 +128,20 @@ void TreeView::Storage::dispose(std::uint32_t top) {
             return;
         slot = nodes.at(slot).next;
     }
+}
+
+// An unlinked branch goes. Its nodes keep their fields: it may be taken back.
+void TreeView::Storage::dispose(std::uint32_t top) {
+    walk(top, [this](std::uint32_t slot, TreeNodeData& node) {
+        keys.remove(slot);
+        --count;
+        countWaste(node.tag);
+        if ((node.flags & kOwnText) != 0)
+            countWaste(node.text);
+        node.flags |= kRemoved;
+        if (slot == selected)
+            selected = 0;
+    });
 }
 
 void TreeView::Storage::remove(std::uint32_t top) {
@@ -119,6 +159,7 @@ void TreeView::Storage::remove(std::uint32_t top) {
     const int row = told ? static_cast<int>(rows.rowOf(top)) : 0;
     if (told)
         tree.aboutToRemove(parent, row, row);
+    noteRemoval(top);
     unlink(top);
     dispose(top);
     const bool selectionLost = hadSelection && selected == 0;
@@ -129,6 +170,18 @@ void TreeView::Storage::remove(std::uint32_t top) {
         tree.removed(parent, row, row);
     if (selectionLost && !quiet())
         tree.selectionChanged(handle(selected));
+}
+
+void TreeView::Storage::noteRemoval(std::uint32_t top) {
+    ++tree.revision_;
+    if (!tree.journal_->isOpen())
+        return;
+    tree.journal_->note(Journal::What::Removed, top);
+    Journal::Entry& entry = tree.journal_->entries.back();
+    walk(top, [&](std::uint32_t slot, TreeNodeData& node) {
+        if (node.kind == kOddKey)
+            entry.keys.emplace_back(slot, keys.keyOf(node));
+    });
 }
 
 void TreeView::Storage::removeAll(bool hadSelection) {
@@ -144,18 +197,22 @@ void TreeView::Storage::removeAll(bool hadSelection) {
 
 void TreeView::Storage::wipe() {
     nodes.clear();
-    order.clear();
+    count = 0;
+    oldest_ = 1;
     keys.clear();
     rows.clear();
     pool.clear();
     names.clear();
     selected = 0;
     wasted_ = 0;
-    ++generation;
+    generation = ++tree.generations_;
+    ++tree.revision_;
+    tree.journal_->newContent();
     noteEverything();
 }
 
 void TreeView::Storage::setText(std::uint32_t slot, Ref ref, bool own) {
+    aboutToWrite(slot);
     TreeNodeData& node = nodes.at(slot);
     if ((node.flags & kOwnText) != 0)
         countWaste(node.text);
@@ -168,6 +225,7 @@ void TreeView::Storage::setText(std::uint32_t slot, Ref ref, bool own) {
 }
 
 void TreeView::Storage::setTag(std::uint32_t slot, Ref ref) {
+    aboutToWrite(slot);
     TreeNodeData& node = nodes.at(slot);
     if (node.text == node.tag && (node.flags & kOwnText) == 0)
         node.flags |= kOwnText; // the text had the tag's storage and has it alone now
@@ -195,9 +253,10 @@ void TreeView::Storage::countWaste(Ref ref) {
     wasted_ += (view.wide ? std::size_t{view.length} * 2 : view.length) + 8;
 }
 
-// Not within an update: whoever fills the tree holds numbers of names.
+// Not within an update: what fills the tree holds numbers of names. Nor while changes may be taken back:
+// the texts that were there before count as waste.
 void TreeView::Storage::compactIfWasteful() {
-    if (quiet() || wasted_ <= kWasteWorthCompacting || wasted_ <= pool.bytes() / 2)
+    if (quiet() || tree.journal_->isOpen() || wasted_ <= kWasteWorthCompacting || wasted_ <= pool.bytes() / 2)
         return;
     try {
         compact();
@@ -245,7 +304,64 @@ std::size_t TreeView::Storage::bytes() const {
     std::size_t named = static_cast<std::size_t>(names.capacity()) * (sizeof(QString) + sizeof(Ref));
     for (auto name = names.keyBegin(); name != names.keyEnd(); ++name)
         named += static_cast<std::size_t>(name->capacity()) * sizeof(QChar);
-    return nodes.bytes() + order.bytes() + keys.bytes() + pool.bytes() + named;
+    return nodes.bytes() + keys.bytes() + pool.bytes() + named;
+}
+
+// --- taking back -----------------------------------------------------------------------------------------
+
+// At the place that it was taken from: its neighbours are there again.
+void TreeView::Storage::relink(std::uint32_t top) {
+    const TreeNodeData& node = nodes.at(top);
+    TreeNodeData& above = nodes.at(node.parent);
+    (node.previous != 0 ? nodes.at(node.previous).next : above.firstChild) = top;
+    (node.next != 0 ? nodes.at(node.next).previous : above.lastChild) = top;
+    ++above.children;
+    rows.inserted(top);
+    note(top);
+}
+
+void TreeView::Storage::revive(const Journal::Entry& removed) {
+    walk(removed.slot, [this](std::uint32_t slot, TreeNodeData& node) {
+        node.flags &= static_cast<std::uint8_t>(~kRemoved);
+        ++count;
+        oldest_ = std::min(oldest_, slot);
+        if (node.kind != kOddKey)
+            keys.claim(slot, node.kind, node.serial);
+    });
+    for (const auto& [slot, key] : removed.keys)
+        keys.insert(slot, key);
+    relink(removed.slot);
+}
+
+void TreeView::Storage::takeBack(const Journal::Entry& entry) {
+    TreeNodeData& node = nodes.at(entry.slot);
+    switch (entry.what) {
+    case Journal::What::Added:
+        unlink(entry.slot);
+        dispose(entry.slot);
+        return;
+    case Journal::What::Removed:
+        revive(entry);
+        return;
+    case Journal::What::Written:
+        node.text = entry.before.text;
+        node.tag = entry.before.tag;
+        node.flags = static_cast<std::uint8_t>((node.flags & ~kOwnText) | (entry.before.flags & kOwnText));
+        note(entry.slot);
+        return;
+    case Journal::What::Key:
+        keys.remove(entry.slot);
+        keys.insert(entry.slot, entry.keys.front().second);
+        note(entry.slot);
+        return;
+    case Journal::What::Filled:
+        while (node.lastChild != entry.before.lastChild) {
+            const std::uint32_t added = node.lastChild;
+            unlink(added);
+            dispose(added);
+        }
+        return;
+    }
 }
 
 } // namespace controls

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-#include "platform/controls/FamilyRows.h"
 #include "platform/controls/KeyTable.h"
-#include "platform/controls/NodeOrder.h"
-#include "platform/controls/NodeStore.h"
+#include "platform/controls/SiblingRows.h"
+#include "platform/controls/TreeJournal.h"
 #include "platform/controls/TreeView.h"
 
 namespace controls {
@@ -22,6 +21,11 @@ struct TreeView::Storage {
     std::uint32_t slotOrNone(const TreeNode& node) const;
     TreeNode handle(std::uint32_t slot) const;
     std::uint32_t slotOf(const TreeNodeData* data) const; ///< 0 for null and for a removed node
+    /// The order of adding, from 1 to `count`: that of the slots. The first node is found at once, others by
+    /// counting.
+    std::uint32_t slotAt(std::uint32_t index) const;
+    std::uint32_t indexOf(std::uint32_t slot) const;
+    bool isRemoved(std::uint32_t slot) const { return (nodes.at(slot).flags & kRemoved) != 0; }
     bool quiet() const { return updates > 0; }
 
     /// Adds a node without key, text and pictures; `before` 0: behind the last child. No announcement.
@@ -32,6 +36,9 @@ struct TreeView::Storage {
     /// The node is no longer as it was.
     void note(std::uint32_t slot);
     void noteEverything() { changes = {}; }
+    /// The node is about to be written to.
+    void aboutToWrite(std::uint32_t slot);
+    void noteKey(std::uint32_t slot); ///< it is about to get another one
 
     void setText(std::uint32_t slot, Ref ref, bool own);
     void setTag(std::uint32_t slot, Ref ref);
@@ -40,9 +47,9 @@ struct TreeView::Storage {
 
     TreeView& tree;
     NodeStore nodes;
-    NodeOrder order;
+    std::uint32_t count = 0; ///< of living nodes
     KeyTable keys{nodes};
-    FamilyRows rows{nodes};
+    SiblingRows rows{nodes};
     text::StringPool pool;
     QHash<QString, Ref> names; ///< interned
     std::uint32_t selected = 0;
@@ -51,15 +58,23 @@ struct TreeView::Storage {
     TreeChanges changes; ///< since they were taken last
 
     void compactIfWasteful();
+    /// Undoes what an entry tells; all that came after it is undone already.
+    void takeBack(const Journal::Entry& entry);
 
 private:
     void unlink(std::uint32_t slot);
     void dispose(std::uint32_t top);
+    void relink(std::uint32_t top);
+    void revive(const Journal::Entry& removed);
+    /// Every node of a branch, parents first.
+    template <typename Visit> void walk(std::uint32_t top, Visit visit);
+    void noteRemoval(std::uint32_t top);
     void removeAll(bool hadSelection);
     void countWaste(Ref ref);
     void compact();
 
-    std::size_t wasted_ = 0; ///< bytes in the pool that no node uses any more, about
+    mutable std::uint32_t oldest_ = 1; ///< every slot below it is a removed node's
+    std::size_t wasted_ = 0;           ///< bytes in the pool that no node uses any more, about
 };
 
 } // namespace controls

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/controls/TreeView.h"
 #include "platform/controls/Faults.h"
+#include "platform/controls/TreeJournal.h"
 #include "platform/controls/TreeStorage.h"
 #include <utility>
 
 namespace controls {
 
-TreeView::TreeView() : storage_(std::make_unique<Storage>(*this)) {}
+TreeView::TreeView() : journal_(std::make_unique<Journal>()), storage_(std::make_unique<Storage>(*this)) {}
 
 TreeView::~TreeView() = default;
 
@@ -58,17 +59,17 @@ int TreeView::ImageIndex(const QString& image) const {
 void TreeView::SetTextFromTag(TreeNode node, std::uint32_t length) {
     if (&Storage::of(node) != storage_.get())
         Throw(text::kFaultBadCall);
-    const text::CompactView tag = node.TagView();
+    const TreeNodeData& data = storage_->nodes.at(node.slot_);
+    const text::CompactView text = storage_->pool.view(data.text), tag = storage_->pool.view(data.tag);
     if (tag.length <= length) {
-        const text::StringPool::Ref ref = storage_->nodes.at(node.slot_).tag;
-        if (node.TextId() != ref && !(node.TextView() == tag))
-            storage_->setText(node.slot_, ref, false);
+        if (data.text != data.tag && !(text == tag))
+            storage_->setText(node.slot_, data.tag, false);
         return;
     }
     text::CompactBuilder shortened;
     shortened.append(text::CompactView{tag.data, length, tag.wide});
     shortened.append("...", 3);
-    if (!(node.TextView() == shortened.view()))
+    if (!(text == shortened.view()))
         storage_->setText(node.slot_, storage_->pool.add(shortened.view()), true);
 }
 
@@ -77,9 +78,9 @@ TreeNode TreeView::NodeOf(const TreeNodeData* data) const {
 }
 
 TreeNode TreeView::ChildAt(TreeNode parent, int row) const {
-    const std::uint32_t family = storage_->slotOrNone(parent);
+    const std::uint32_t above = storage_->slotOrNone(parent);
     return row < 0 ? TreeNode()
-                   : storage_->handle(storage_->rows.childAt(family, static_cast<std::uint32_t>(row)));
+                   : storage_->handle(storage_->rows.childAt(above, static_cast<std::uint32_t>(row)));
 }
 
 int TreeView::TopCount() const {

@@ -67,7 +67,7 @@ public:
     TreeNode LastSibling() const;
     TreeNode Root() const; ///< the top node of its tree (the first top node)
     int Children() const;
-    int Index() const; ///< 1-based place in the control's Nodes, in the order of adding
+    int Index() const; ///< 1-based place in the control's Nodes, in the order of adding: found by counting
     int Row() const;   ///< 0-based place among its siblings
 
     // For walks over whole documents: no strings are made.
@@ -103,8 +103,9 @@ public:
     /// (an empty picture key is no picture).
     TreeNode Add(TreeNode relative, int relationship, const QString& key, const QString& text,
                  const QString& image = {}, const QString& selectedImage = {});
-    /// Looks a node up in constant time; throws Fault 35601 for an unknown key, 35600 for an index outside 1
-    /// to Count.
+    /// Looks a node up by its key, or by its 1-based place in the order of adding: in constant time, but for
+    /// a place beyond the first. Throws Fault 35601 for an unknown key, 35600 for an index outside 1 to
+    /// Count.
     TreeNode operator()(const QString& key) const;
     TreeNode operator()(int index) const;
     TreeNode Find(const QString& key) const; ///< as above, but nothing for an unknown key
@@ -189,6 +190,9 @@ public:
     Event<TreeNode> selectionChanged; ///< the new SelectedItem, may be nothing
     Event<TreeNode> ensureVisible;
 
+    /// Goes on with every change of a node below the top nodes: key, text, tag, place. The same number: all
+    /// is as it was.
+    std::uint64_t Revision() const { return revision_; }
     /// All changes of keys, texts, tags and places since the last call, in the order they came.
     TreeChanges TakeChanges();
 
@@ -220,7 +224,13 @@ private:
     friend class TreeNodes;
     friend class TreeCursor;
     friend class TreeFiller;
+    friend class TreeRecord;
+    friend class TreeRebuild;
     struct Storage;
+    struct Journal;
+    std::unique_ptr<Journal> journal_;
+    std::uint64_t revision_ = 0;
+    std::uint32_t generations_ = 1; ///< of contents, this one among them
     std::unique_ptr<Storage> storage_;
     TreeNode labelEdit_;
 };

@@ -2,7 +2,7 @@
 #include "platform/services/FileReplace.h"
 #include "platform/services/FileHandle.h"
 #include <QFile>
-#include <QRandomGenerator>
+#include <QTemporaryFile>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -43,59 +43,6 @@ int FollowLinks(QByteArray& path) {
     return ELOOP;
 }
 
-/// A file made beside the target, which goes again unless it became the target.
-class TemporaryFile {
-public:
-    TemporaryFile(const QByteArray& folder, mode_t mode) {
-        constexpr int kTries = 20;
-        for (int i = 0; i < kTries; ++i) {
-            path_ = folder + "/.vantrel-" + QByteArray::number(QRandomGenerator::system()->generate64(), 36) +
-                    ".tmp";
-            handle_ = FileHandle(open(path_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-            there_ = handle_.IsOpen();
-            error_ = there_ ? 0 : errno;
-            if (error_ != EEXIST)
-                return;
-        }
-    }
-    ~TemporaryFile() {
-        if (there_)
-            unlink(path_.constData());
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    int Error() const { return error_; } ///< why it couldn't be made; 0 when it is there
-    int Descriptor() const { return handle_.Get(); }
-
-    /// All bytes to the disk; an error number when that fails.
-    int Write(const QByteArray& bytes) {
-        qsizetype done = 0;
-        while (done < bytes.size()) {
-            const ssize_t count =
-                write(handle_.Get(), bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done));
-            if (count < 0 && errno != EINTR)
-                return errno;
-            done += std::max<ssize_t>(count, 0);
-        }
-        if (fsync(handle_.Get()) != 0)
-            return errno;
-        return handle_.Close();
-    }
-    int RenameTo(const QByteArray& target) {
-        if (std::rename(path_.constData(), target.constData()) != 0)
-            return errno;
-        there_ = false;
-        return 0;
-    }
-
-private:
-    QByteArray path_;
-    FileHandle handle_;
-    int error_ = 0;
-    bool there_ = false;
-};
-
 /// Access lists and other attributes of the old file, as far as the system lets them be copied.
 void CopyAttributes(const QByteArray& from, int to) {
     QByteArray names(static_cast<qsizetype>(std::max<ssize_t>(listxattr(from.constData(), nullptr, 0), 0)),
@@ -124,11 +71,18 @@ int CopyRights(const QByteArray& from, const struct stat& old, int to) {
         (made.st_uid == old.st_uid && made.st_gid == old.st_gid) || fchown(to, old.st_uid, old.st_gid) == 0;
     // Only root may give a file away; the group at least is often possible.
     if (!sameOwners && fchown(to, static_cast<uid_t>(-1), old.st_gid) != 0)
-        mode &= ~kSpecialIds; // nobody runs a program under an id that this file didn't have
+        mode &= ~kSpecialIds; // no program runs under an id that its file didn't have
     else if (!sameOwners)
         mode &= ~static_cast<mode_t>(S_ISUID);
     CopyAttributes(from, to);
     return fchmod(to, mode) == 0 ? 0 : errno;
+}
+
+/// Rights of a file that wasn't there.
+int GrantRights(mode_t mode, int to) {
+    const mode_t mask = umask(0);
+    umask(mask);
+    return fchmod(to, mode & ~mask) == 0 ? 0 : errno;
 }
 
 /// Why an existing target must not be replaced; nothing when it may.
@@ -167,16 +121,23 @@ FileResult FindTarget(const QString& path, Target& target) {
     return {};
 }
 
-/// Whether the new file could be made beside the target.
-FileResult Made(const TemporaryFile& file) {
-    if (file.Error() == 0)
-        return {};
-    const FileResult failure = FailureOf(file.Error());
-    return failure.error == FileError::Permission ? Failure(FileError::ReadOnly, failure.description)
-                                                  : failure;
+FileResult FailureIn(const QFile& file) {
+    const bool full = file.error() == QFileDevice::ResourceError;
+    return Failure(full ? FileError::DiskFull : FileError::Other, file.errorString());
 }
 
-constexpr mode_t kPrivate = 0600; // until a new file has the rights of the old one
+/// Makes the new file beside the target, for this user alone. It goes again unless it becomes the target. Its
+/// name is short, whatever the target's is: with a part added to it a long name would become too long.
+FileResult OpenBeside(const Target& target, QTemporaryFile& file) {
+    const QByteArray folder = FolderOf(target.path);
+    if (faccessat(AT_FDCWD, folder.constData(), W_OK | X_OK, AT_EACCESS) != 0) {
+        const FileResult failure = FailureOf(errno);
+        const bool denied = failure.error == FileError::Permission;
+        return Failure(denied ? FileError::ReadOnly : failure.error, failure.description);
+    }
+    file.setFileTemplate(QFile::decodeName(folder) + QStringLiteral("/.vantrel-XXXXXX.tmp"));
+    return file.open() ? FileResult() : FailureIn(file);
+}
 
 void FlushFolder(const QByteArray& folder) {
     const FileHandle handle(open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -218,26 +179,28 @@ FileResult ReplaceFile(const QString& path, const QByteArray& bytes, mode_t newF
     Target target;
     if (FileResult result = FindTarget(path, target); !result)
         return result;
-    const QByteArray folder = FolderOf(target.path);
-    TemporaryFile file(folder, target.exists ? kPrivate : newFileMode);
-    if (FileResult result = Made(file); !result)
+    QTemporaryFile file;
+    if (FileResult result = OpenBeside(target, file); !result)
         return result;
-    int error = target.exists ? CopyRights(target.path, target.old, file.Descriptor()) : 0;
-    if (error == 0)
-        error = file.Write(bytes);
-    if (error == 0)
-        error = file.RenameTo(target.path);
+    const int error = target.exists ? CopyRights(target.path, target.old, file.handle())
+                                    : GrantRights(newFileMode, file.handle());
     if (error != 0)
         return FailureOf(error);
-    FlushFolder(folder);
+    if (file.write(bytes) != bytes.size() || !file.flush())
+        return FailureIn(file);
+    if (fsync(file.handle()) != 0 ||
+        std::rename(QFile::encodeName(file.fileName()).constData(), target.path.constData()) != 0)
+        return FailureOf(errno);
+    file.setAutoRemove(false);
+    FlushFolder(FolderOf(target.path));
     return {};
 }
 
 FileResult MayReplaceFile(const QString& path) {
     Target target;
-    if (FileResult result = FindTarget(path, target); !result)
-        return result;
-    return Made(TemporaryFile(FolderOf(target.path), kPrivate));
+    QTemporaryFile file;
+    FileResult result = FindTarget(path, target);
+    return result ? OpenBeside(target, file) : result;
 }
 
 } // namespace services

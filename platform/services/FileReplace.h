@@ -3,7 +3,7 @@
 #include "platform/services/Services.h"
 #include <sys/types.h>
 
-// Replacing a file whole or not at all, as the documents and the settings need it.
+// Replacing a file whole or not at all.
 namespace services {
 
 inline constexpr mode_t kNewFileMode = 0666;

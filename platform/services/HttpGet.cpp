@@ -114,7 +114,7 @@ private:
         const QNetworkReply::NetworkError error = reply_.error();
         answer_.status = reply_.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
         answer_.charset = CharsetOf(reply_.header(QNetworkRequest::ContentTypeHeader).toString());
-        // Where nobody answers the resource can't be located; a server that answers "not found" has been.
+        // Where no server answers the resource can't be located; a server that answers "not found" has been.
         answer_.cannotLocate =
             error == QNetworkReply::HostNotFoundError || error == QNetworkReply::ConnectionRefusedError;
         if (answer_.cancelled)

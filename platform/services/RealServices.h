@@ -7,8 +7,8 @@
 namespace services {
 
 /// An INI file; `path` empty: vantrel/vantrel.ini under the user's configuration folder. Read anew when the
-/// file changed; written whole or not at all, under a lock that all running programs share; keys, comments
-/// and other lines of others stay. A file that can't be read counts as empty and is not written over.
+/// file changed; written whole or not at all, under a lock that all running programs share: keys of others
+/// stay, comments don't. A file that can't be read counts as empty and is not written over.
 std::unique_ptr<SettingsStore> MakeIniSettings(const QString& path = {});
 std::unique_ptr<FileSystem> MakeFileSystem();
 std::unique_ptr<HttpClient> MakeHttpClient(); ///< needs a QCoreApplication

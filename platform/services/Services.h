@@ -68,7 +68,7 @@ public:
     virtual QString Get(const QString& section, const QString& key, const QString& fallback = {}) const = 0;
     /// A failure leaves what was stored whole; its description names the file and the reason.
     virtual FileResult Save(const QString& section, const QString& key, const QString& value) = 0;
-    /// All pairs of a section, in the order of the file; empty without any.
+    /// All pairs of a section, in the order of their keys; empty without any.
     virtual std::vector<std::pair<QString, QString>> GetAll(const QString& section) const = 0;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/text/Latin1.h"
-#include "platform/text/StringPool.h"
-#include "platform/text/Utf8.h"
+#include "platform/text/CompactText.h"
+#include <QStringDecoder>
+#include <QVarLengthArray>
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -11,8 +11,6 @@
 namespace text {
 
 namespace {
-
-constexpr char16_t kReplacement = 0xFFFD;
 
 QStringView WideView(const CompactView& view) {
     return QStringView(reinterpret_cast<const char16_t*>(view.data), static_cast<qsizetype>(view.length));
@@ -75,7 +73,7 @@ char16_t* CompactView::copyTo(char16_t* out) const {
     if (length == 0)
         return out;
     if (!wide)
-        return WidenLatin1(data, length, out);
+        return std::copy_n(data, length, out);
     std::memcpy(out, data, length * sizeof(char16_t));
     return out + length;
 }
@@ -111,8 +109,7 @@ void CompactBuilder::clear() {
 }
 
 void CompactBuilder::widen() {
-    wide_.resize(narrow_.size());
-    WidenLatin1(narrow_.data(), narrow_.size(), wide_.data());
+    wide_.assign(narrow_.begin(), narrow_.end());
     narrow_.clear();
     isWide_ = true;
 }
@@ -127,13 +124,10 @@ void CompactBuilder::append(char ascii) {
 
 void CompactBuilder::append(const char* ascii, std::size_t length) {
     const auto* from = reinterpret_cast<const unsigned char*>(ascii);
-    if (!isWide_) {
+    if (isWide_)
+        wide_.insert(wide_.end(), from, from + length);
+    else
         narrow_.insert(narrow_.end(), from, from + length);
-        return;
-    }
-    const std::size_t old = wide_.size();
-    wide_.resize(old + length);
-    WidenLatin1(from, length, wide_.data() + old);
 }
 
 void CompactBuilder::append(CompactView piece) {
@@ -164,24 +158,12 @@ void CompactBuilder::appendUtf8(const char* bytes, std::size_t length) {
         append(bytes, length);
         return;
     }
-    const auto* p = reinterpret_cast<const unsigned char*>(bytes);
-    const auto* end = p + length;
-    // Lead bytes up to C3 make characters up to U+00FF.
-    if (!isWide_ && *std::max_element(p, end) > 0xC3)
-        widen();
-    while (p != end) {
-        const Utf8Char c = ReadUtf8(p, end);
-        if (c.length == 0 && !isWide_)
-            widen();
-        const char32_t code = c.length == 0 ? kReplacement : c.code;
-        if (isWide_) {
-            char16_t units[2];
-            wide_.insert(wide_.end(), units, WriteUtf16(code, units));
-        } else {
-            narrow_.push_back(static_cast<unsigned char>(code));
-        }
-        p += std::max(c.length, 1U);
-    }
+    using Decoder = QStringDecoder;
+    Decoder decoder(Decoder::Utf8, Decoder::Flag::Stateless | Decoder::Flag::ConvertInitialBom);
+    QVarLengthArray<QChar> units(decoder.requiredSpace(static_cast<qsizetype>(length)));
+    const QChar* const end =
+        decoder.appendToBuffer(units.data(), QByteArrayView(bytes, static_cast<qsizetype>(length)));
+    append(QStringView(units.data(), end));
 }
 
 void CompactBuilder::appendEscaped(CompactView piece) {

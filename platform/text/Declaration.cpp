@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/text/TextFile.h"
+#include "platform/text/Declaration.h"
 
 namespace text {
 

@@ -60,26 +60,26 @@ constexpr std::array kAliases = {
     Alias{"ISO-8859-8-E", "ISO-8859-8"},
 };
 
-struct OwnCode {
+struct OwnEncoding {
     const char* name;
-    Code::Kind kind;
-    bool markAlways;
+    Encoding::Kind kind;
+    bool needsByteOrderMark;
     bool byteCompatible;
 };
 
-constexpr std::array kOwnCodes = {
-    OwnCode{"UTF-7", Code::Kind::Utf7, false, true},
-    OwnCode{"UTF-8", Code::Kind::Utf8, false, true},
-    OwnCode{"UTF-16", Code::Kind::Utf16Le, true, false},
-    OwnCode{"UTF-16LE", Code::Kind::Utf16Le, false, false},
-    OwnCode{"UTF-16BE", Code::Kind::Utf16Be, false, false},
-    OwnCode{"UTF-32LE", Code::Kind::Other, false, false},
-    OwnCode{"UTF-32BE", Code::Kind::Other, false, false},
-    OwnCode{"ISO-8859-1", Code::Kind::Latin1, false, true},
-    OwnCode{"US-ASCII", Code::Kind::Ascii, false, true},
+constexpr std::array kOwnEncodings = {
+    OwnEncoding{"UTF-7", Encoding::Kind::Utf7, false, true},
+    OwnEncoding{"UTF-8", Encoding::Kind::Utf8, false, true},
+    OwnEncoding{"UTF-16", Encoding::Kind::Utf16Le, true, false},
+    OwnEncoding{"UTF-16LE", Encoding::Kind::Utf16Le, false, false},
+    OwnEncoding{"UTF-16BE", Encoding::Kind::Utf16Be, false, false},
+    OwnEncoding{"UTF-32LE", Encoding::Kind::Other, false, false},
+    OwnEncoding{"UTF-32BE", Encoding::Kind::Other, false, false},
+    OwnEncoding{"ISO-8859-1", Encoding::Kind::Latin1, false, true},
+    OwnEncoding{"US-ASCII", Encoding::Kind::Ascii, false, true},
 };
 
-/// The one name of a code: labels with their prefix left out or written otherwise get the usual one.
+/// The one name of an encoding: labels with their prefix left out or written otherwise get the usual one.
 QByteArray NameOf(const QByteArray& label) {
     for (const Alias& alias : kAliases) {
         if (label == alias.label)
@@ -98,8 +98,8 @@ QByteArray NameOf(const QByteArray& label) {
     return label;
 }
 
-/// Any other code that the system's converter knows, as long as a declaration in it can be read as ASCII.
-std::optional<Code> SystemCode(const QByteArray& name) {
+/// Any other encoding that the system's converter knows, as long as a declaration in it can be read as ASCII.
+std::optional<Encoding> SystemEncoding(const QByteArray& name) {
     const auto usual = [](char c) {
         return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '_' || c == '.' ||
                c == ':';
@@ -110,46 +110,46 @@ std::optional<Code> SystemCode(const QByteArray& name) {
     if (!Iconv(kUtf16Native, name.constData()).IsOpen() ||
         !Iconv(name.constData(), kUtf16Native).ConvertsToItself("<?xml version='1.0'?>"))
         return std::nullopt;
-    return Code{Code::Kind::Other, name};
+    return Encoding{Encoding::Kind::Other, name};
 }
 
 } // namespace
 
-std::optional<Code> FindCode(const QString& label) {
+std::optional<Encoding> FindEncoding(const QString& label) {
     const QByteArray name = NameOf(label.trimmed().toUpper().toLatin1());
     if (name == "UTF-32")
-        return Code{Code::Kind::Other, "UTF-32LE", true, false};
-    for (const OwnCode& own : kOwnCodes) {
+        return Encoding{Encoding::Kind::Other, "UTF-32LE", true, false};
+    for (const OwnEncoding& own : kOwnEncodings) {
         if (name == own.name)
-            return Code{own.kind, own.name, own.markAlways, own.byteCompatible};
+            return Encoding{own.kind, own.name, own.needsByteOrderMark, own.byteCompatible};
     }
-    return SystemCode(name);
+    return SystemEncoding(name);
 }
 
-std::optional<Code> LocaleCode() {
-    std::optional<Code> code = FindCode(QString::fromLatin1(nl_langinfo(CODESET)));
-    if (!code || (code->kind != Code::Kind::Other && code->kind != Code::Kind::Latin1))
+std::optional<Encoding> LocaleEncoding() {
+    std::optional<Encoding> encoding = FindEncoding(QString::fromLatin1(nl_langinfo(CODESET)));
+    if (!encoding || (encoding->kind != Encoding::Kind::Other && encoding->kind != Encoding::Kind::Latin1))
         return std::nullopt;
-    return code;
+    return encoding;
 }
 
-QByteArray MarkOf(const Code& code) {
-    if (code.kind == Code::Kind::Utf16Le)
+QByteArray ByteOrderMarkIn(const Encoding& encoding) {
+    if (encoding.kind == Encoding::Kind::Utf16Le)
         return QByteArrayLiteral("\xFF\xFE");
-    if (code.kind == Code::Kind::Utf16Be)
+    if (encoding.kind == Encoding::Kind::Utf16Be)
         return QByteArrayLiteral("\xFE\xFF");
-    if (code.name == "UTF-32LE")
+    if (encoding.name == "UTF-32LE")
         return QByteArray("\xFF\xFE\0\0", 4);
-    if (code.name == "UTF-32BE")
+    if (encoding.name == "UTF-32BE")
         return QByteArray("\0\0\xFE\xFF", 4);
     return QByteArrayLiteral("\xEF\xBB\xBF");
 }
 
-bool SameFamily(const Code& a, const Code& b) {
-    const auto family = [](const Code& code) {
-        return code.byteCompatible ? code.name : code.name.first(qstrlen("UTF-16"));
+bool SameButForByteOrder(const Encoding& a, const Encoding& b) {
+    const auto name = [](const Encoding& encoding) {
+        return encoding.byteCompatible ? encoding.name : encoding.name.first(qstrlen("UTF-16"));
     };
-    return family(a) == family(b);
+    return name(a) == name(b);
 }
 
 } // namespace text

@@ -15,7 +15,7 @@ inline constexpr const char* kUtf16Native = "UTF-16BE";
 inline constexpr const char* kUtf16Native = "UTF-16LE";
 #endif
 
-/// One of the system's converters, from one code to another.
+/// One of the system's converters, from one encoding to another.
 class Iconv {
 public:
     Iconv(const char* from, const char* to) : handle_(iconv_open(to, from)) {}

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "platform/text/LongTextBuilder.h"
 #include "platform/text/TextFile.h"
 #include <QString>
 #include <QStringView>

@@ -7,18 +7,6 @@ namespace text {
 
 LongText::LongText() : pieces_(std::make_shared<Pieces>()) {}
 
-LongText::LongText(QStringView text) {
-    Builder builder;
-    builder.append(text);
-    *this = builder.finish();
-}
-
-LongText LongText::Like(QStringView text, const LongText& other) {
-    Builder builder(other);
-    builder.append(text);
-    return builder.finish();
-}
-
 qsizetype LongText::size() const {
     return pieces_->total().units;
 }
@@ -167,10 +155,6 @@ qsizetype LongText::lineStart(qsizetype line) const {
     return pieces_->before[i].units + place + 1;
 }
 
-qsizetype LongText::longestLineGuess() const {
-    return pieces_->longestRow;
-}
-
 // --- rows ------------------------------------------------------------------------------------------------
 
 qsizetype LongText::rowCount() const {
@@ -218,6 +202,33 @@ std::size_t LongText::bytes() const {
                static_cast<std::size_t>(piece->bytes.capacity() + 2 * piece->wide.capacity()) +
                piece->rows.capacity() * sizeof(std::uint16_t);
     return sum;
+}
+
+// --- reader -----------------------------------------------------------------------------------------------
+
+LongText::Reader::Reader(const LongText& text, qsizetype from) : pieces_(text.pieces_) {
+    from = std::clamp<qsizetype>(from, 0, text.size());
+    if (from == text.size()) {
+        next_ = pieces_->list.size();
+        return;
+    }
+    next_ = pieces_->pieceAt(from);
+    skip_ = from - pieces_->before[next_].units;
+}
+
+LongText::Reader::~Reader() = default;
+
+bool LongText::Reader::next() {
+    if (next_ == pieces_->list.size()) {
+        view_ = {};
+        return false;
+    }
+    const Piece& piece = *pieces_->list[next_];
+    start_ = pieces_->before[next_].units + skip_;
+    view_ = piece.view(skip_, piece.units - skip_, scratch_);
+    skip_ = 0;
+    ++next_;
+    return true;
 }
 
 } // namespace text

@@ -52,7 +52,6 @@ public:
     qsizetype lineCount() const;                ///< 1 for an empty text
     qsizetype lineOf(qsizetype position) const; ///< the line that a position is in
     qsizetype lineStart(qsizetype line) const;  ///< the text's end for a line beyond the last
-    qsizetype longestLineGuess() const;         ///< units of the longest row, for a scroll bar
 
     // --- rows, from 0
     struct Row {
@@ -73,29 +72,6 @@ private:
     struct Pieces;
     qsizetype longIndexOf(QStringView what, qsizetype from, Qt::CaseSensitivity sensitivity) const;
     std::shared_ptr<const Pieces> pieces_;
-};
-
-/// Makes a long text out of parts as they come; no more than a piece of it is held twice.
-class LongText::Builder {
-public:
-    Builder();
-    /// The text will share every piece with `old` in which both are equal: beginning and end at least.
-    explicit Builder(LongText old);
-    ~Builder();
-    Builder(Builder&&) noexcept;
-    void append(QStringView part);
-    /// The whole text. Call once, at the end.
-    LongText finish();
-
-private:
-    void cut(QStringView piece);
-    void cutWholePieces();
-
-    LongText old_;
-    std::shared_ptr<Pieces> made_;
-    QString rest_;        ///< the end that isn't cut yet; longer than what it holds
-    qsizetype used_ = 0;  ///< of it
-    bool inFront_ = true; ///< so far all is as in the old text
 };
 
 /// Walks over a text piece by piece, at no cost of copying where that can be.

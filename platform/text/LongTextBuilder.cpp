@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Texts that are made from parts, and read piece by piece.
+#include "platform/text/LongTextBuilder.h"
 #include "platform/text/LongTextPieces.h"
 #include <algorithm>
 #include <utility>
@@ -33,8 +33,6 @@ template <typename List> std::size_t EqualBehind(const List& list, const LongTex
 }
 
 } // namespace
-
-// --- builder ----------------------------------------------------------------------------------------------
 
 LongText::Builder::Builder() : made_(std::make_shared<Pieces>()), inFront_(false) {}
 
@@ -113,31 +111,16 @@ LongText LongText::Builder::finish() {
     return result;
 }
 
-// --- reader -----------------------------------------------------------------------------------------------
-
-LongText::Reader::Reader(const LongText& text, qsizetype from) : pieces_(text.pieces_) {
-    from = std::clamp<qsizetype>(from, 0, text.size());
-    if (from == text.size()) {
-        next_ = pieces_->list.size();
-        return;
-    }
-    next_ = pieces_->pieceAt(from);
-    skip_ = from - pieces_->before[next_].units;
+LongText::LongText(QStringView text) {
+    Builder builder;
+    builder.append(text);
+    *this = builder.finish();
 }
 
-LongText::Reader::~Reader() = default;
-
-bool LongText::Reader::next() {
-    if (next_ == pieces_->list.size()) {
-        view_ = {};
-        return false;
-    }
-    const Piece& piece = *pieces_->list[next_];
-    start_ = pieces_->before[next_].units + skip_;
-    view_ = piece.view(skip_, piece.units - skip_, scratch_);
-    skip_ = 0;
-    ++next_;
-    return true;
+LongText LongText::Like(QStringView text, const LongText& other) {
+    Builder builder(other);
+    builder.append(text);
+    return builder.finish();
 }
 
 } // namespace text

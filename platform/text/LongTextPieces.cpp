@@ -53,12 +53,10 @@ LongText::Piece::Piece(QStringView text) : units(text.size()) {
             qsizetype row = kLongestRow;
             if (Tears(text[start + row - 1], text[start + row]))
                 --row;
-            longestRow = std::max(longestRow, row);
             start += row;
             rest -= row;
             rows.push_back(static_cast<std::uint16_t>(start));
         }
-        longestRow = std::max(longestRow, std::min(end - start, kLongestRow));
         start = end;
     }
 }
@@ -103,7 +101,6 @@ void LongText::Piece::append(QString& to, qsizetype position, qsizetype length) 
 
 void LongText::Pieces::sum() {
     before.resize(list.size() + 1);
-    longestRow = 0;
     Before sums;
     for (std::size_t i = 0; i < list.size(); ++i) {
         before[i] = sums;
@@ -111,7 +108,6 @@ void LongText::Pieces::sum() {
         sums.units += piece.units;
         sums.lineEnds += piece.lineEnds;
         sums.rows += static_cast<qsizetype>(piece.rows.size());
-        longestRow = std::max(longestRow, piece.longestRow);
     }
     before.back() = sums;
 }

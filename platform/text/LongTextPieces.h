@@ -27,7 +27,6 @@ struct LongText::Piece {
     bool latin = true;
     qsizetype units = 0;
     qsizetype lineEnds = 0;
-    qsizetype longestRow = 0;
     std::vector<std::uint16_t> rows; ///< where rows begin, the first at 0
 };
 
@@ -38,7 +37,6 @@ struct LongText::Pieces {
     };
     std::vector<std::shared_ptr<const Piece>> list;
     std::vector<Before> before{Before{}}; ///< one more than pieces: the last one sums up all
-    qsizetype longestRow = 0;
 
     void sum();
     const Before& total() const { return before.back(); }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/text/StringPool.h"
-#include "platform/text/Latin1.h"
 #include <cstring>
 #include <new>
 

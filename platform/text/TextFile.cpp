@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/text/TextFile.h"
+#include "platform/text/Decoder.h"
+#include "platform/text/Encoder.h"
 #include "platform/text/Encodings.h"
 #include "platform/text/LineEnds.h"
-#include "platform/text/TextCoder.h"
 #include <optional>
 
 namespace text {
@@ -11,18 +12,16 @@ namespace {
 
 constexpr qsizetype kDeclarationBytes = 1024;
 
-Code KnownCode(const char* name) {
-    return FindCode(QString::fromLatin1(name)).value_or(Code{});
+Encoding Known(const char* name) {
+    return FindEncoding(QString::fromLatin1(name)).value_or(Encoding{});
 }
 
 /// Compares what an encoder makes of the text, piece by piece, with the bytes that the text came from.
 class RewriteCheck {
 public:
-    RewriteCheck(const Code& code, QByteArrayView bytes) : encoder_(MakeEncoder(code)), rest_(bytes) {}
-    void Append(const char16_t* units, std::size_t length) {
-        same_ =
-            same_ && encoder_->Append(QStringView(units, static_cast<qsizetype>(length))) < 0 && Compare();
-    }
+    RewriteCheck(const Encoding& encoding, QByteArrayView bytes)
+        : encoder_(MakeEncoder(encoding)), rest_(bytes) {}
+    void Append(QStringView piece) { same_ = same_ && encoder_->Append(piece) < 0 && Compare(); }
     bool Finish() {
         encoder_->Finish();
         return same_ && Compare() && rest_.isEmpty();
@@ -46,54 +45,54 @@ void KeepOriginal(Decoded& result, const QByteArray& bytes) {
     result.form.originalText = result.text;
 }
 
-/// Reads the bytes strictly in this code; nothing when they don't fit.
-std::optional<Decoded> ReadAs(const Code& code, const QByteArray& bytes, qsizetype markSize) {
+/// Reads the bytes strictly in this encoding; nothing when they don't fit.
+std::optional<Decoded> ReadAs(const Encoding& encoding, const QByteArray& bytes, qsizetype markSize) {
     const QByteArrayView body = QByteArrayView(bytes).sliced(markSize);
     LineEndReader reader;
-    const bool doubtful = code.kind == Code::Kind::Utf7 || code.kind == Code::Kind::Other;
+    const bool doubtful = encoding.kind == Encoding::Kind::Utf7 || encoding.kind == Encoding::Kind::Other;
     std::optional<RewriteCheck> check;
     if (doubtful)
-        check.emplace(code, body);
-    const Fit fit = DecodeBytes(code, body, [&](const char16_t* units, std::size_t length) {
-        reader.append(QStringView(units, static_cast<qsizetype>(length)));
+        check.emplace(encoding, body);
+    const Fit fit = DecodeBytes(encoding, body, [&](QStringView piece) {
+        reader.append(piece);
         if (check)
-            check->Append(units, length);
+            check->Append(piece);
     });
     if (fit == Fit::No)
         return std::nullopt;
     Decoded result;
     result.text = reader.finish();
     result.form.lineEnds = reader.ends(result.text);
-    result.form.encoding = QString::fromLatin1(code.name);
+    result.form.encoding = QString::fromLatin1(encoding.name);
     result.form.declared = DeclaredEncoding(result.text);
     result.form.mark = markSize > 0;
-    if (fit == Fit::Halves || (check && !check->Finish()))
+    if (fit == Fit::Surrogates || (check && !check->Finish()))
         KeepOriginal(result, bytes);
     return result;
 }
 
-/// The code whose byte-order mark the bytes start with.
-std::optional<Code> MarkedCode(const QByteArray& bytes) {
+/// The encoding whose byte-order mark the bytes start with.
+std::optional<Encoding> ByByteOrderMark(const QByteArray& bytes) {
     // The mark of UTF-32LE starts like the one of UTF-16LE.
     for (const char* name : {"UTF-32LE", "UTF-32BE", "UTF-8", "UTF-16LE", "UTF-16BE"}) {
-        Code code = KnownCode(name);
-        const bool whole = code.kind != Code::Kind::Other || bytes.size() % 4 == 0;
-        if (whole && bytes.startsWith(MarkOf(code)))
-            return code;
+        Encoding encoding = Known(name);
+        const bool whole = encoding.kind != Encoding::Kind::Other || bytes.size() % 4 == 0;
+        if (whole && bytes.startsWith(ByteOrderMarkIn(encoding)))
+            return encoding;
     }
     return std::nullopt;
 }
 
-/// A code of two or four bytes a character, recognised by the "<" in front.
-std::optional<Code> WideCode(const QByteArray& bytes) {
+/// A encoding of two or four bytes a character, recognised by the "<" in front.
+std::optional<Encoding> ByFirstBytes(const QByteArray& bytes) {
     if (bytes.startsWith(QByteArray("<\0\0\0", 4)))
-        return KnownCode("UTF-32LE");
+        return Known("UTF-32LE");
     if (bytes.startsWith(QByteArray("\0\0\0<", 4)))
-        return KnownCode("UTF-32BE");
+        return Known("UTF-32BE");
     if (bytes.startsWith(QByteArray("<\0", 2)))
-        return KnownCode("UTF-16LE");
+        return Known("UTF-16LE");
     if (bytes.startsWith(QByteArray("\0<", 2)))
-        return KnownCode("UTF-16BE");
+        return Known("UTF-16BE");
     return std::nullopt;
 }
 
@@ -102,14 +101,14 @@ QString LabelIn(QByteArrayView bytes) {
     return DeclaredEncoding(QString::fromLatin1(bytes.first(std::min(bytes.size(), kDeclarationBytes))));
 }
 
-/// Reads by what was said beside the bytes; nothing when that doesn't fit. A code of more than one byte a
+/// Reads by what was said beside the bytes; nothing when that doesn't fit. A encoding of more than one byte a
 /// character would have been recognised by its first bytes; here it would take any bytes and give nonsense.
 std::optional<Decoded> ReadByCharset(const QString& charset, const QByteArray& bytes, qsizetype markSize) {
-    const std::optional<Code> code = FindCode(charset);
-    return code && code->byteCompatible ? ReadAs(*code, bytes, markSize) : std::nullopt;
+    const std::optional<Encoding> encoding = FindEncoding(charset);
+    return encoding && encoding->byteCompatible ? ReadAs(*encoding, bytes, markSize) : std::nullopt;
 }
 
-/// The form of a text whose code nothing in it names: only UTF-8 needs no naming.
+/// The form of a text whose encoding nothing in it names: only UTF-8 needs no naming.
 void WriteAsUtf8(Decoded& read) {
     read.form.encoding = QStringLiteral("UTF-8");
     read.form.originalBytes.reset();
@@ -118,13 +117,13 @@ void WriteAsUtf8(Decoded& read) {
 
 /// The last resorts, of which Latin-1 takes anything.
 Decoded ReadUndeclared(const QByteArray& bytes, qsizetype markSize) {
-    if (std::optional<Decoded> result = ReadAs(KnownCode("UTF-8"), bytes, markSize))
+    if (std::optional<Decoded> result = ReadAs(Known("UTF-8"), bytes, markSize))
         return *std::move(result);
-    if (const std::optional<Code> locale = LocaleCode()) {
+    if (const std::optional<Encoding> locale = LocaleEncoding()) {
         if (std::optional<Decoded> result = ReadAs(*locale, bytes, markSize))
             return *std::move(result);
     }
-    return ReadAs(KnownCode("ISO-8859-1"), bytes, markSize).value_or(Decoded{});
+    return ReadAs(Known("ISO-8859-1"), bytes, markSize).value_or(Decoded{});
 }
 
 QString DeclarationWarning(const QString& label, bool known, const QString& used) {
@@ -149,10 +148,10 @@ QString NoDeclarationWarning(const QString& charset, const QString& used) {
 /// Reads by the declaration, or without one.
 Decoded ReadByDeclaration(const QByteArray& bytes, qsizetype markSize, const QString& charset) {
     const QString label = LabelIn(QByteArrayView(bytes).sliced(markSize));
-    const std::optional<Code> declared = label.isEmpty() ? std::nullopt : FindCode(label);
+    const std::optional<Encoding> declared = label.isEmpty() ? std::nullopt : FindEncoding(label);
     if (declared) {
         std::optional<Decoded> result = ReadAs(*declared, bytes, markSize);
-        // A code in which the declaration itself reads differently can't be meant.
+        // A encoding in which the declaration itself reads differently can't be meant.
         if (result && result->form.declared == label)
             return *std::move(result);
     }
@@ -168,44 +167,45 @@ Decoded ReadByDeclaration(const QByteArray& bytes, qsizetype markSize, const QSt
     return result;
 }
 
-/// What to tell about a declaration that names another code than the one that the first bytes gave away.
-QString Contradiction(const Decoded& read, const Code& code) {
+/// What to tell about a declaration that names another encoding than the one that the first bytes gave away.
+QString Contradiction(const Decoded& read, const Encoding& encoding) {
     const QString& label = read.form.declared;
-    const std::optional<Code> declared = FindCode(label);
-    if (label.isEmpty() || (declared && SameFamily(*declared, code)))
+    const std::optional<Encoding> declared = FindEncoding(label);
+    if (label.isEmpty() || (declared && SameButForByteOrder(*declared, encoding)))
         return {};
     return QStringLiteral("The declared encoding is \"%1\", but the first bytes of the file say %2, as which "
                           "it was read.")
         .arg(label, read.form.encoding);
 }
 
-/// Whether a text in this code gets a mark in front.
-bool NeedsMark(const Code& code, const FileForm& form) {
-    if (QString::fromLatin1(code.name) != form.encoding)
-        return !code.byteCompatible;
-    const bool canHaveOne = code.kind == Code::Kind::Utf8 || !code.byteCompatible;
-    return code.markAlways || (form.mark && canHaveOne);
+/// Whether a text in this encoding gets a mark in front.
+bool NeedsByteOrderMark(const Encoding& encoding, const FileForm& form) {
+    if (QString::fromLatin1(encoding.name) != form.encoding)
+        return !encoding.byteCompatible;
+    const bool canHaveOne = encoding.kind == Encoding::Kind::Utf8 || !encoding.byteCompatible;
+    return encoding.needsByteOrderMark || (form.mark && canHaveOne);
 }
 
-/// The code to write a text in.
-Code CodeFor(const QString& text, const FileForm& form) {
+/// The encoding to write a text in.
+Encoding EncodingFor(const QString& text, const FileForm& form) {
     const QString label = DeclaredEncoding(text);
-    return FindCode(label == form.declared ? form.encoding : label).value_or(Code{Code::Kind::Utf8, "UTF-8"});
+    return FindEncoding(label == form.declared ? form.encoding : label)
+        .value_or(Encoding{Encoding::Kind::Utf8, "UTF-8"});
 }
 
 } // namespace
 
 Decoded Decode(const QByteArray& bytes, const QString& charset) {
-    const std::optional<Code> marked = MarkedCode(bytes);
-    if (const std::optional<Code> code = marked ? marked : WideCode(bytes)) {
-        const qsizetype markSize = marked ? MarkOf(*code).size() : 0;
-        if (std::optional<Decoded> result = ReadAs(*code, bytes, markSize)) {
-            result->warning = Contradiction(*result, *code);
+    const std::optional<Encoding> marked = ByByteOrderMark(bytes);
+    if (const std::optional<Encoding> encoding = marked ? marked : ByFirstBytes(bytes)) {
+        const qsizetype markSize = marked ? ByteOrderMarkIn(*encoding).size() : 0;
+        if (std::optional<Decoded> result = ReadAs(*encoding, bytes, markSize)) {
+            result->warning = Contradiction(*result, *encoding);
             return *std::move(result);
         }
     }
-    const bool spoiled = marked && marked->kind == Code::Kind::Utf8;
-    Decoded result = ReadByDeclaration(bytes, spoiled ? MarkOf(*marked).size() : 0, charset);
+    const bool spoiled = marked && marked->kind == Encoding::Kind::Utf8;
+    Decoded result = ReadByDeclaration(bytes, spoiled ? ByteOrderMarkIn(*marked).size() : 0, charset);
     if (spoiled) {
         // A mark that says the wrong thing would only spoil the text. It goes once the text is changed.
         result.form.mark = false;
@@ -228,13 +228,13 @@ Encoded Encode(const QString& text, const FileForm& form) {
         result.mark = form.mark;
         return result;
     }
-    const Code code = CodeFor(text, form);
-    result.encoding = QString::fromLatin1(code.name);
-    result.mark = NeedsMark(code, form);
-    const std::unique_ptr<Encoder> encoder = MakeEncoder(code);
+    const Encoding encoding = EncodingFor(text, form);
+    result.encoding = QString::fromLatin1(encoding.name);
+    result.mark = NeedsByteOrderMark(encoding, form);
+    const std::unique_ptr<Encoder> encoder = MakeEncoder(encoding);
     encoder->Reserve(text.size() + text.size() / 16);
     if (result.mark)
-        encoder->AppendBytes(MarkOf(code));
+        encoder->AppendBytes(ByteOrderMarkIn(encoding));
     WriteLineEnds(text, form.lineEnds, [&](QStringView piece, qsizetype position) {
         const qsizetype bad = encoder->Append(piece);
         if (bad >= 0)
@@ -248,7 +248,7 @@ Encoded Encode(const QString& text, const FileForm& form) {
 }
 
 bool KnowsEncoding(const QString& label) {
-    return FindCode(label).has_value();
+    return FindEncoding(label).has_value();
 }
 
 } // namespace text

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "platform/text/Declaration.h"
 #include "platform/text/LongText.h"
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
-#include <QStringView>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -25,7 +24,7 @@ struct LineEnds {
 
 /// What a window remembers of its file.
 struct FileForm {
-    QString encoding = QStringLiteral("UTF-8"); ///< the code the bytes are in (a name Encode takes)
+    QString encoding = QStringLiteral("UTF-8"); ///< the one the bytes are in (a name Encode takes)
     QString declared;  ///< the label in the declaration as it was read, empty without one
     bool mark = false; ///< a byte-order mark stands in front
     LineEnds lineEnds;
@@ -35,38 +34,34 @@ struct FileForm {
 };
 
 struct Decoded {
-    LongText text; ///< with CR LF line ends, without the mark
+    LongText text; ///< with CR LF line ends, without the byte-order mark
     FileForm form;
-    QString warning; ///< one sentence for the user where the declared code or mark didn't fit; else empty
+    QString
+        warning; ///< one sentence for the user where declaration or byte-order mark didn't fit; else empty
 };
 
 /// Bytes to text: byte-order mark, else UTF-16 recognised by its first bytes, else the declared encoding,
 /// else `charset` (what a server says beside the bytes, empty for nothing), else UTF-8, else the locale's
-/// 8-bit code, else Latin-1, which takes any byte. Where the mark, the declared code or the charset doesn't
-/// fit the bytes the next in this order is used and `warning` says so. Never fails; no byte is lost. A text
-/// read by its charset alone is written as UTF-8: a file has no place to say that charset.
+/// 8-bit encoding, else Latin-1, which takes any byte. Where the byte-order mark, the declared encoding or
+/// the charset doesn't fit the bytes the next in this order is used and `warning` says so. Never fails; no
+/// byte is lost. A text read by its charset alone is written as UTF-8: a file has no place to say that
+/// charset.
 Decoded Decode(const QByteArray& bytes, const QString& charset = {});
 
 struct Encoded {
     QByteArray bytes;
-    QString encoding;  ///< the code that was used
+    QString encoding;  ///< the one that was used
     bool mark = false; ///< a byte-order mark stands in front
-    qsizetype badPosition =
-        -1; ///< 0-based place of the first character that the code can't hold; -1 when all fit
+    /// 0-based place of the first character that the encoding can't hold; -1 when all fit.
+    qsizetype badPosition = -1;
 };
 
-/// Text (CR LF line ends) to bytes. The code is the one the file was read with as long as the text's
+/// Text (CR LF line ends) to bytes. The encoding is the one the file was read with as long as the text's
 /// declaration is the one it was read with (also: none), else the one the declaration names now (an unknown
-/// label: UTF-8); the mark and the line ends are those of the form. UTF-16 is written with a mark always. A
-/// lone half of a surrogate pair counts as a character that can't be held.
+/// label: UTF-8); byte-order mark and line ends are those of the form. UTF-16 always gets a byte-order mark.
+/// A surrogate that lacks its partner counts as a character that can't be held.
 Encoded Encode(const QString& text, const FileForm& form);
 
-/// The label in the encoding pseudo-attribute of the declaration a text starts with; empty without one.
-QString DeclaredEncoding(QStringView text);
-QString DeclaredEncoding(const LongText& text);
-/// The text with the declaration's encoding changed to `label` (added when the declaration has none; a text
-/// without a declaration comes back unchanged, since it means UTF-8 then).
-QString WithDeclaredEncoding(const QString& text, const QString& label);
 /// Whether a label (any case, all of the vocabulary's fourteen and the usual names) can be read and written.
 bool KnowsEncoding(const QString& label);
 

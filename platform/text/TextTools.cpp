@@ -102,38 +102,13 @@ QString Str(double number) {
     return QString::number(number, 'G', kDigits);
 }
 
-QString Mid(const QString& text, qsizetype start, qsizetype length) {
-    if (length < 0)
-        return text.mid(std::max<qsizetype>(start - 1, 0));
-    return text.mid(start - 1, length);
-}
-
-qsizetype InStr(const QString& text, const QString& what, qsizetype start) {
-    const qsizetype from = std::max<qsizetype>(start, 1) - 1;
-    if (from >= text.size())
-        return 0;
-    return text.indexOf(what, from) + 1;
-}
-
-qsizetype InStrRev(const QString& text, const QString& what, qsizetype start) {
-    const qsizetype from = (start < 0 ? text.size() : std::min(start, text.size())) - 1;
-    if (from < 0)
-        return 0;
-    return text.lastIndexOf(what, from) + 1;
-}
-
-QString RTrim(const QString& text) {
-    qsizetype end = text.size();
+QString Trim(const QString& text) {
+    qsizetype start = 0, end = text.size();
     while (end > 0 && text[end - 1] == u' ')
         --end;
-    return end == text.size() ? text : text.first(end); // shared: the text may be a whole document
-}
-
-QString Trim(const QString& text) {
-    qsizetype start = 0;
-    while (start < text.size() && text[start] == u' ')
+    while (start < end && text[start] == u' ')
         ++start;
-    return RTrim(start == 0 ? text : text.sliced(start));
+    return text.mid(start, end - start); // shared when it is all: the text may be a whole document
 }
 
 bool IsBlank(QStringView text) {

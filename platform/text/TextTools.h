@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringView>
 
-// The few text helpers whose exact manner the commands rely on. Positions are 1-based and count 16-bit units.
+// The few text helpers whose exact manner the commands rely on.
 namespace text {
 
 /// The number at the front of a text: leading blanks are passed over, reading stops at the first character
@@ -14,15 +14,8 @@ int ValInt16(QStringView text);
 int ValInt32(QStringView text);
 /// General decimal text of a number, without a leading blank: "3", "0.5", "1E+20".
 QString Str(double number);
-/// Part of a text from 1-based `start`, `length` characters or to the end; out of range gives what there is.
-QString Mid(const QString& text, qsizetype start, qsizetype length = -1);
-/// 1-based position of `what` in `text` at or behind 1-based `start`; 0 when it isn't there.
-qsizetype InStr(const QString& text, const QString& what, qsizetype start = 1);
-/// 1-based position of the last occurrence that starts at or before `start` (-1: the end); 0 when not there.
-qsizetype InStrRev(const QString& text, const QString& what, qsizetype start = -1);
-/// Without blanks (U+0020 only) at both ends, and at the right end.
+/// Without blanks (U+0020 only) at both ends.
 QString Trim(const QString& text);
-QString RTrim(const QString& text);
 /// Whether a text holds nothing but blanks, tabs and line ends.
 bool IsBlank(QStringView text);
 /// 0-based place of the first half of a surrogate pair that lacks its other half; -1 without one.

@@ -17,7 +17,7 @@ class XPathTree;
 /// the next number.
 struct NodeRecord {
     std::uint32_t parent;
-    std::uint32_t next;      ///< next sibling; 0: none (number 0 is the document node, no sibling of any)
+    std::uint32_t next;      ///< next sibling; 0: none (number 0 is the document node, which is no sibling)
     std::uint32_t type : 4;  ///< a NodeType
     std::uint32_t name : 28; ///< number of its name
     std::uint32_t value;     ///< element: index of its first attribute; others: the value's Ref in the pool

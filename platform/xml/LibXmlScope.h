@@ -7,7 +7,7 @@ namespace xml {
 /// While it lives the parser library is set up, prints nothing, and opens no file or address on this thread.
 class LibXmlScope {
 public:
-    /// `handler` is told of each error, with `context`; by default nobody is.
+    /// `handler` is told of each error, with `context`; by default errors go unheard.
     explicit LibXmlScope(xmlStructuredErrorFunc handler = nullptr, void* context = nullptr);
     ~LibXmlScope();
     LibXmlScope(const LibXmlScope&) = delete;

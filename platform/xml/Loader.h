@@ -93,8 +93,9 @@ private:
     DocumentStore& store_;
     const ParsedDocument::Step& step_;
     const Prefixes prefixes_;
-    qsizetype nextStep_ = 0; ///< the unit at which the step is due
-    qsizetype length_ = 0;   ///< of the text
+    static constexpr qsizetype kUnitsPerStep = 250'000;
+    qsizetype nextStep_ = kUnitsPerStep; ///< the unit at which the step is due
+    qsizetype length_ = 0;               ///< of the text
     std::exception_ptr failureOfStep_;
     NameCache names_;
     NamespaceScope namespaces_;

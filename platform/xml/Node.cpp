@@ -55,10 +55,6 @@ text::CompactView Node::valueView() const {
     return document_->view(document_->storage_->nodes[id_].value);
 }
 
-bool Node::hasChildNodes() const {
-    return !firstChild().isNothing();
-}
-
 Node Node::firstChild() const {
     if (isNothing())
         return {};
@@ -87,15 +83,6 @@ const Attribute* Node::attributes() const {
         return nullptr;
     const auto& store = *document_->storage_;
     return &store.attributes[store.nodes[id_].value];
-}
-
-QString Node::getAttribute(const QString& name) const {
-    const Attribute* all = attributes();
-    for (int i = 0; i < attributeCount(); ++i) {
-        if (document_->name(all[i].nameId) == name)
-            return document_->view(all[i].value).toString();
-    }
-    return {};
 }
 
 } // namespace xml

@@ -56,7 +56,7 @@ bool ParsedDocument::loadXML(const text::LongText& text, const QString& url, con
         if (!complaint && !ofStep)
             storage_ = std::move(storage);
         else if (complaint && complaint->code == kErrorStopped)
-            error_.errorCode = kErrorStopped; // the place does not matter
+            error_.errorCode = kErrorStopped; // the place means nothing then
         else if (complaint)
             error_ = MakeParseError(text.toString(), *complaint, url);
     } catch (const std::exception&) {

@@ -70,13 +70,11 @@ public:
     QString nodeValue() const;    ///< text, comment, CDATA or instruction data; empty for the others
     std::uint32_t nameId() const; ///< number of nodeName in the document's names
     text::CompactView valueView() const;
-    bool hasChildNodes() const;
     Node firstChild() const;
     Node nextSibling() const;
     Node parentNode() const;
     int attributeCount() const;
-    const Attribute* attributes() const;             ///< attributeCount entries
-    QString getAttribute(const QString& name) const; ///< value, empty without such an attribute
+    const Attribute* attributes() const; ///< attributeCount entries
     const ParsedDocument* ownerDocument() const { return document_; }
 
 private:

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/sync/TreeText.h"
-#include "core/sync/Views.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Transaction.h"
+#include "core/edit/View.h"
 #include "tests/support/LoopbackServer.h"
 #include "tests/support/TestApp.h"
+#include "textview/TreeText.h"
 #include <QDir>
 #include <QTcpServer>
 #include <gtest/gtest.h>
@@ -100,7 +102,7 @@ TEST_F(BadInput, RunningOutOfMemoryWhileOpeningChangesNothing) {
         if (full)
             throw std::bad_alloc();
     });
-    EXPECT_THROW(app.frame().mnuFileNew_Click(), std::bad_alloc);
+    EXPECT_THROW(app.frame().RunMenuCommand(QStringLiteral("mnuFileNew")), std::bad_alloc);
     EXPECT_EQ(app.app().CurrentFileName, bystander);
     full = false;
     app.prompts.ForgetUnused();
@@ -119,12 +121,10 @@ TEST_F(BadInput, EditsCountAfterMemoryRanOutWhileABadTextWasShown) {
         if (full)
             throw std::bad_alloc();
     });
-    window.bQuietParse = true;
-    EXPECT_THROW(XMLToTree(window, QStringLiteral("<by>"), 0), std::bad_alloc);
+    EXPECT_THROW(textview::XMLToTree(window, QStringLiteral("<by>"), 0), std::bad_alloc);
     full = false;
-    window.bTextChanged = false;
     window.rtxtXML.Type(QStringLiteral("x"));
-    EXPECT_TRUE(window.bTextChanged);
+    EXPECT_TRUE(window.bond.bTextChanged());
 }
 
 TEST_F(BadInput, RunningOutOfMemoryWhileAnEditedTextIsReadLeavesNoHalfDocument) {

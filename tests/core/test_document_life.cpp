@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/model/m_tvXML.h"
-#include "core/sync/Files.h"
-#include "core/sync/Views.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Open.h"
+#include "core/edit/Save.h"
+#include "core/edit/Transaction.h"
+#include "core/edit/View.h"
+#include "core/model/Attributes.h"
+#include "core/model/NodeContent.h"
+#include "core/model/NodeNumbers.h"
 #include "tests/support/TestApp.h"
+#include "textview/TextState.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -18,7 +24,7 @@ TEST(Opening, ShowsTheDocumentAsItsFileHasIt) {
     DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
     EXPECT_EQ(window.rtxtXML.Text().toStdString(),
               "<order id=\"7\"><item>Tee</item><item>Milch</item></order>\r\n");
-    EXPECT_EQ(window.msOpenText.toString(), window.rtxtXML.Text());
+    EXPECT_EQ(window.bond.msOpenText.toString(), window.rtxtXML.Text());
     EXPECT_TRUE(window.bLoaded);
     EXPECT_EQ(window.Caption, app.folder.Path(QStringLiteral("order.xml")));
     EXPECT_EQ(window.tvXML.Nodes(1).Key(), window.Caption);
@@ -66,7 +72,7 @@ TEST(Opening, ANewDocumentHasNothingToUndo) {
     TestApp t;
     t.ChooseMenu(QStringLiteral("mnuFileNew"));
     EXPECT_FALSE(t.frame().Menu(QStringLiteral("mnuEditUndo")).Enabled());
-    EXPECT_EQ(t.window().UndoPos, 0);
+    EXPECT_EQ(textview::StateOf(t.window()).UndoPos, 0);
 }
 
 TEST(Opening, AFailedReloadLeavesTheWindowAlone) {
@@ -75,7 +81,7 @@ TEST(Opening, AFailedReloadLeavesTheWindowAlone) {
     const QString text = window.rtxtXML.Text();
     app.prompts.Answer(Answer::Ok);
     DocumentWindow* form = &window;
-    OpenFile(app.app(), app.folder.Path(QStringLiteral("gone.xml")), form);
+    edit::OpenFile(app.app(), app.folder.Path(QStringLiteral("gone.xml")), form);
     EXPECT_EQ(app.prompts.Texts().last(),
               QStringLiteral("Can not find ") + app.folder.Path(QStringLiteral("gone.xml")));
     EXPECT_EQ(window.rtxtXML.Text(), text);
@@ -115,7 +121,7 @@ TEST(TextView, AnEditReachesTheTreeOnLeaving) {
     DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
     app.EditText(QStringLiteral("<order><item>Kaffee</item></order>"));
     EXPECT_EQ(window.tvXML.Nodes(1).Child().Child().Child().Tag(), QStringLiteral("Kaffee"));
-    EXPECT_FALSE(window.bTextChanged);
+    EXPECT_FALSE(window.bond.bTextChanged());
     // The text view still shows, so it takes the tree's form of the text.
     EXPECT_EQ(window.rtxtXML.Text().toStdString(), "<order>\r\n\t<item>Kaffee</item>\r\n</order>");
     EXPECT_EQ(window.rtxtXML2.Text(), window.rtxtXML.Text());
@@ -169,7 +175,7 @@ TEST(TextView, AnEditThatWasTakenBackLeavesTheTreeAlone) {
     const QString text = window.rtxtXML.Text();
     app.EditText(text);
     EXPECT_EQ(window.rtxtXML.Text(), text);
-    EXPECT_FALSE(window.bTextChanged);
+    EXPECT_FALSE(window.bond.bTextChanged());
 }
 
 TEST(TextView, CaretAndTreeFollowEachOther) {
@@ -196,14 +202,14 @@ TEST(TextView, EmptyingItClearsTheTree) {
 TEST(Views, TabsShowWhatTheyAreFor) {
     TestApp app;
     DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
-    const std::vector<std::pair<const char*, int>> views{{"textview", kViewText},
-                                                         {"tableview", kViewTable},
-                                                         {"browserview", kViewBrowser},
-                                                         {"schema", kViewSchema},
-                                                         {"listview", kViewList}};
+    const std::vector<std::pair<const char*, int>> views{{"textview", edit::kViewText},
+                                                         {"tableview", edit::kViewTable},
+                                                         {"browserview", edit::kViewBrowser},
+                                                         {"schema", edit::kViewSchema},
+                                                         {"listview", edit::kViewList}};
     for (const auto& [key, view] : views) {
         window.tbsXML.Select(QString::fromLatin1(key));
-        EXPECT_EQ(window.miCurrentView, view) << key;
+        EXPECT_EQ(edit::miCurrentView(window), view) << key;
     }
     EXPECT_FALSE(window.rtxtXML.TabStop);
     const QString preview = window.IE.LocationURL();
@@ -224,10 +230,11 @@ TEST(NodePaths, LeadThereAndBack) {
     for (const char* path : paths) {
         window.txtXPath.UserTyped(QString::fromLatin1(path));
         window.txtXPath.KeyUp(Qt::Key_Return, 0);
-        EXPECT_EQ(GetXPath(window.tvXML.SelectedItem()).toStdString(), path);
+        EXPECT_EQ(edit::GetXPath(window.tvXML.SelectedItem()).toStdString(), path);
     }
-    EXPECT_EQ(GetXPath(root), QString());
-    EXPECT_EQ(GetXPath(root.Child().LastChild()).toStdString(), "/p:a[1]/"); // an instruction adds nothing
+    EXPECT_EQ(edit::GetXPath(root), QString());
+    EXPECT_EQ(edit::GetXPath(root.Child().LastChild()).toStdString(),
+              "/p:a[1]/"); // an instruction adds nothing
     app.prompts.Answer(Answer::Ok);
     window.txtXPath.UserTyped(QStringLiteral("/nowhere["));
     window.txtXPath.KeyUp(Qt::Key_Enter, 0);
@@ -243,7 +250,7 @@ TEST(Saving, UnchangedAndChanged) {
     app.ChooseMenu(QStringLiteral("mnuFileSave"));
     // The file has LF line ends, and keeps them.
     EXPECT_EQ(app.folder.Read(QStringLiteral("order.xml")), "<order>\n\t<item>Kaffee</item>\n</order>");
-    EXPECT_EQ(window.msOpenText.toString(), window.rtxtXML.Text());
+    EXPECT_EQ(window.bond.msOpenText.toString(), window.rtxtXML.Text());
     EXPECT_TRUE(app.prompts.boxes.empty());
 }
 
@@ -254,8 +261,7 @@ TEST(Saving, ATreeChangeIsSavedFromAnyView) {
         window.tbsXML.Select(QString::fromLatin1(tab));
         TreeNode text = window.tvXML.Nodes(1).Child().Child().Child();
         text.SetTag(QStringLiteral("from ") + QString::fromLatin1(tab));
-        window.bTreeChanged = true;
-        DoTree(window);
+        edit::DoTree(window);
         app.ChooseMenu(QStringLiteral("mnuFileSave"));
         EXPECT_TRUE(app.folder.Read(QStringLiteral("order.xml")).contains(QByteArray("from ") + tab)) << tab;
     }
@@ -416,8 +422,7 @@ TEST(Saving, TheListFollowsADeclarationThatSavingChanged) {
         window.tvXML.Nodes(1), controls::tvwChild, m_tvXML::GetDistinctElementKey(app.app(), 8),
         QStringLiteral("#comment"), QStringLiteral("comment"), QStringLiteral("opencomment"));
     comment.SetTag(QString::fromUtf8("中文"));
-    window.bTreeChanged = true;
-    DoTree(window);
+    edit::DoTree(window);
     ASSERT_EQ(window.tbsXML.SelectedKey(), QStringLiteral("listview"));
     app.prompts.Answer(Answer::Yes);
     app.ChooseMenu(QStringLiteral("mnuFileSave"));

@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/model/Attributes.h"
+#include "core/model/Escaping.h"
+#include "core/model/FileNames.h"
+#include "core/model/NodeContent.h"
+#include "core/model/NodeNumbers.h"
+#include "core/model/NodePlaces.h"
+#include "core/model/Parse.h"
 #include "core/model/Serialise.h"
-#include "core/model/mXMLEdit.h"
-#include "core/model/m_tvXML.h"
-#include "core/sync/TreeText.h"
 #include "tests/support/TestApp.h"
+#include "textview/TreeText.h"
 #include <gtest/gtest.h>
 
 namespace {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The bar and its Cancel while a large document is opened.
-#include "core/sync/Files.h"
+#include "core/edit/Open.h"
+#include "core/edit/Save.h"
 #include "tests/support/TestApp.h"
 #include <gtest/gtest.h>
 
@@ -48,13 +49,13 @@ TEST_F(Progress, AReloadThatIsCancelledLeavesTheWindowAsItWas) {
     const QString text = window->rtxtXML.Text();
     const int nodes = window->tvXML.Nodes.Count();
     app.progress.cancelAtStep = app.progress.steps + steps - 1;
-    OpenFile(app.app(), large, window);
+    edit::OpenFile(app.app(), large, window);
     EXPECT_EQ(window->rtxtXML.Text(), text);
     EXPECT_EQ(window->tvXML.Nodes.Count(), nodes);
     EXPECT_EQ(window->Caption, app.folder.Path(QStringLiteral("bystander.xml")));
     EXPECT_TRUE(window->bLoaded);
     app.progress.cancelAtStep = -1;
-    OpenFile(app.app(), large, window);
+    edit::OpenFile(app.app(), large, window);
     EXPECT_EQ(window->tvXML.Nodes.Count(), 100'002); // root, list, and a record with its text each
     EXPECT_EQ(app.progress.begun.size(), static_cast<std::size_t>(app.progress.ended));
 }

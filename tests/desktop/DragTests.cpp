@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Dragging in the window: presses and moves of the mouse go in as events, and so do the drag's steps.
-#include "desktop/DragViews.h"
+#include "desktop/drag/DragViews.h"
 #include "tests/desktop/ShownApp.h"
 #include <QDropEvent>
 #include <QLineEdit>
@@ -12,6 +12,9 @@
 
 namespace {
 
+using desktop::DragListView;
+using desktop::DragTreeView;
+using desktop::TextView;
 using test::ShownApp;
 
 /// A drag keeps the release of the button for itself.
@@ -285,24 +288,33 @@ TEST_F(Drag, RestingOverAClosedNodeOpensItAndAtTheEdgeTheViewScrolls) {
     QApplication::sendEvent(&viewport, &leave);
 }
 
+// A file manager proposes to move files, and takes away what a program says it has moved.
 TEST_F(Drag, FilesAreOpenedWhereverTheyAreDroppedAlsoOverAPlaceForText) {
+    t.ClickTab(QStringLiteral("textview"));
     QMimeData files;
-    const QString name = t.folder.Write(QStringLiteral("dropped.xml"), "<dropped/>");
-    files.setUrls({QUrl::fromLocalFile(name)});
+    const QString name = t.folder.Write(QStringLiteral("a b&c.xml"), "<two/>");
+    files.setUrls({QUrl::fromLocalFile(name),
+                   QUrl::fromLocalFile(t.folder.Write(QStringLiteral("three.xsd"), "<three/>"))});
     files.setText(name);
+    const QString before = t.window().rtxtXML.Text();
     for (QWidget* place :
          {static_cast<QWidget*>(&t.Find<QLineEdit>(QStringLiteral("txtXPath"))), Tree().viewport(),
-          static_cast<QWidget*>(&t.Find<QTabBar>(QStringLiteral("tbsXML")))}) {
+          t.Text().viewport(), static_cast<QWidget*>(&t.Find<QTabBar>(QStringLiteral("tbsXML")))}) {
         QDragEnterEvent enter(QPoint(5, 5), kOffered, &files, Qt::LeftButton, Qt::ShiftModifier);
         QApplication::sendEvent(place, &enter);
         ASSERT_TRUE(enter.isAccepted());
         EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
         QDropEvent drop(QPointF(5, 5), kOffered, &files, Qt::LeftButton, Qt::ShiftModifier);
-        QApplication::sendEvent(place, &drop); // goes to whoever took it
+        QApplication::sendEvent(place, &drop); // goes to the widget that took it
+        EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
         QCoreApplication::processEvents();
-        ASSERT_EQ(t.frame().FormCount(), 2) << place->objectName().toStdString();
-        t.frame().CloseForm(&t.window());
+        ASSERT_EQ(t.frame().FormCount(), 3) << place->objectName().toStdString();
+        EXPECT_EQ(t.frame().Forms().at(1)->Caption, name);
+        EXPECT_TRUE(t.frame().Forms().at(2)->kind.schema);
+        t.frame().CloseForm(t.frame().Forms().at(2));
+        t.frame().CloseForm(t.frame().Forms().at(1));
     }
+    EXPECT_EQ(t.window().rtxtXML.Text(), before);
 }
 
 } // namespace

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-#include "desktop/TextView.h"
+#include "desktop/text/TextSteps.h"
+#include "desktop/text/TextView.h"
 #include <QApplication>
 #include <QTest>
 #include <gtest/gtest.h>
 
 namespace test {
 
-/// A text view of its own on a screen that nobody sees; acts go in as events.
+/// A text view of its own on an offscreen platform; acts go in as events.
 struct Editor : ::testing::Test {
     controls::RichTextBox model;
-    TextView view;
+    desktop::TextView view;
 
     Editor() {
         view.SetModel(&model);
@@ -34,7 +35,7 @@ struct Editor : ::testing::Test {
     }
     /// The middle of the character behind a position.
     QPoint On(qsizetype position) {
-        const QRect next = view.RectAt(text_steps::Next(model.Long(), position));
+        const QRect next = view.RectAt(desktop::NextPlace(model.Long(), position));
         return (view.RectAt(position).center() + next.center()) / 2;
     }
     void Click(qsizetype position, Qt::KeyboardModifiers held = {}) {

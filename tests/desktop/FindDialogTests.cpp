@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The find dialog with its real widgets, beside the text that it searches.
-#include "desktop/FindDialog.h"
+#include "desktop/dialogs/FindDialog.h"
 #include "tests/desktop/ShownApp.h"
 #include <QComboBox>
 #include <QLineEdit>
@@ -10,6 +10,8 @@
 
 namespace {
 
+using desktop::FindDialog;
+using desktop::TextView;
 using test::ShownApp;
 
 class FindDesk : public ShownApp {
@@ -102,21 +104,6 @@ TEST(FindDialog, ReplacingLeavesTheOtherPaneWhereItIs) {
     QTest::qWait(1);
     ASSERT_TRUE(desk.window().rtxtXML2.Text().contains(QStringLiteral("<entry>n299")));
     EXPECT_EQ(other.FirstRow(), 100);
-}
-
-TEST(FindDialog, ShowsTheHitAlsoFromBehindTheList) {
-    FindDesk desk;
-    desk.ClickTab(QStringLiteral("listview"));
-    ASSERT_FALSE(desk.Text().isVisible());
-    desk.Dialog().activateWindow();
-    desk.Enter("cmbFind", QStringLiteral("n250"));
-    QTest::mouseClick(&desk.Part<QPushButton>("cmdFind"), Qt::LeftButton);
-    QCoreApplication::processEvents();
-    const TextView& text = desk.Text();
-    ASSERT_TRUE(text.isVisible());
-    EXPECT_EQ(text.SelectedText(u"\n"), QStringLiteral("n250"));
-    EXPECT_TRUE(text.viewport()->rect().contains(text.RectAt(text.Caret())));
-    EXPECT_TRUE(desk.Dialog().isVisible());
 }
 
 TEST(FindDialog, ReplacesWithEachBoxInForceWhileTheTextStaysEditable) {

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The options dialog with its real widgets, opened from the menu and worked by keys and clicks.
-#include "desktop/Colours.h"
-#include "desktop/QtPrompts.h"
 #include "tests/desktop/ShownApp.h"
-#include <QColorDialog>
 #include <QComboBox>
 #include <QDialog>
-#include <QFontDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -128,44 +124,6 @@ TEST(OptionsDialog, ASampleShowsItsColourAtOnce) {
         EXPECT_EQ(dialog.Ink("txtComment"), QColor(0, 128, 128));
         EXPECT_EQ(dialog.Ink("txtSlash"), QColor(50, 200, 50));
     });
-}
-
-TEST(OptionsDialog, ColoursCanBeReadOnDarkGroundAndStayOnLightGround) {
-    const QColor dark(35, 38, 41);
-    for (const QColor& colour : {QColor(0, 0, 0), QColor(0, 0, 255), QColor(120, 0, 0)}) {
-        EXPECT_EQ(ReadableOn(Qt::white, colour), colour);
-        EXPECT_GT(ReadableOn(dark, colour).lightnessF(), 0.4) << colour.name().toStdString();
-    }
-    const QColor blue = ReadableOn(dark, QColor(0, 0, 255));
-    EXPECT_GT(blue.blue(), blue.red()); // still a blue
-    EXPECT_EQ(ReadableOn(dark, QColor(180, 180, 180)), QColor(180, 180, 180));
-}
-
-TEST(CommonDialogs, AColourAndAFontComeBackAsTheyWereShownUnlessCancelled) {
-    QtPrompts prompts;
-    const auto press = [](Qt::Key key) {
-        QTimer::singleShot(0, [key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
-    };
-    press(Qt::Key_Return);
-    EXPECT_EQ(prompts.ChooseColour(0x80FF10), std::optional<std::uint32_t>(0x80FF10));
-    press(Qt::Key_Escape);
-    EXPECT_EQ(prompts.ChooseColour(0x80FF10), std::nullopt);
-    const services::FontChoice font{QFont().family(), 12};
-    press(Qt::Key_Escape);
-    EXPECT_FALSE(prompts.ChooseFont(font));
-    for (const double size : {12.0, -1.0, 1e30}) { // a size is any number here
-        QTimer::singleShot(0, [] {
-            if (auto* dialog = qobject_cast<QFontDialog*>(QApplication::activeModalWidget()))
-                dialog->accept();
-        });
-        const auto chosen = prompts.ChooseFont({font.name, size});
-        ASSERT_TRUE(chosen);
-        EXPECT_GT(chosen->size, 0);
-        EXPECT_LE(chosen->size, 1000);
-        if (size == font.size) {
-            EXPECT_EQ(chosen->size, size);
-        }
-    }
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-#include "desktop/MainWindow.h"
-#include "desktop/TextView.h"
+#include "desktop/frame/MainWindow.h"
+#include "desktop/text/TextView.h"
 #include "tests/support/TestApp.h"
 #include <QApplication>
 #include <QTabBar>
@@ -13,11 +13,11 @@
 
 namespace test {
 
-/// The application with its real widgets on a screen that nobody sees. Acts go in as events of the window
+/// The application with its real widgets on an offscreen platform. Acts go in as events of the window
 /// system.
 class ShownApp : public TestApp {
 public:
-    ShownApp() : main(std::make_unique<MainWindow>(frame())) {
+    ShownApp() : main(std::make_unique<desktop::MainWindow>(frame())) {
         main->show();
         main->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(main.get()));
@@ -36,7 +36,7 @@ public:
     }
     QTreeView& Tree() { return Find<QTreeView>(QStringLiteral("tvXML")); }
     QTreeView& List() { return Find<QTreeView>(QStringLiteral("ListView1")); }
-    TextView& Text() { return Find<TextView>(QStringLiteral("rtxtXML")); }
+    desktop::TextView& Text() { return Find<desktop::TextView>(QStringLiteral("rtxtXML")); }
 
     void Click(QWidget& widget, QPoint place, Qt::MouseButton button = Qt::LeftButton) {
         QTest::mouseClick(main->windowHandle(), button, {}, widget.mapTo(main.get(), place));
@@ -65,7 +65,7 @@ public:
         return window().tvXML.SelectedItem() ? window().tvXML.SelectedItem().Text() : QString();
     }
 
-    std::unique_ptr<MainWindow> main;
+    std::unique_ptr<desktop::MainWindow> main;
 };
 
 } // namespace test

@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the skin adds of its own: pale pictures, title buttons, tips, the list's cursor.
-#include "desktop/FrameStyle.h"
-#include "desktop/Glyphs.h"
-#include "desktop/ThemeIcons.h"
-#include "tests/desktop/ShownApp.h"
-#include <QHelpEvent>
+// What is painted instead of the style: pale pictures, title buttons.
+#include "desktop/base/Glyphs.h"
+#include "desktop/base/ThemeIcons.h"
+#include "desktop/frame/FrameStyle.h"
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOptionTitleBar>
-#include <QToolTip>
+#include <gtest/gtest.h>
 
 namespace {
 
-using test::ShownApp;
-
+using desktop::ChooseIconTheme;
+using desktop::FrameStyle;
+using desktop::NewNodeIcon;
+using desktop::SignIcon;
+using desktop::ThemeIcon;
 /// How much ink a picture has: the sum of the opacity of its points.
 double Ink(const QIcon& icon, QIcon::Mode mode) {
     const QImage image = icon.pixmap(QSize(16, 16), 1, mode).toImage();
@@ -66,68 +67,6 @@ TEST(Skin, TitleButtonsOfAWindowInTheBackShowOnADarkPalette) {
     QPalette dark(QColor(49, 54, 59));
     dark.setColor(QPalette::WindowText, QColor(239, 240, 241));
     EXPECT_GT(LightestOfCloseButton(dark), 180);
-}
-
-struct Tips : ::testing::Test {
-    ShownApp t;
-    const QString words =
-        QStringLiteral("He said &lt;b>once&lt;/b> and then fell silent. ").repeated(3).trimmed();
-    Tips() { t.OpenText(QStringLiteral("talk.xml"), "<talk>" + words.toUtf8() + "</talk>"); }
-    ~Tips() override { QToolTip::hideText(); }
-    QString TipOver(const QModelIndex& index) {
-        QToolTip::hideText();
-        t.Tree().expandAll();
-        const QPoint place = t.Tree().visualRect(index).center();
-        QHelpEvent help(QEvent::ToolTip, place, t.Tree().viewport()->mapToGlobal(place));
-        QApplication::sendEvent(t.Tree().viewport(), &help);
-        QString shown = QToolTip::text();
-        return shown.remove(0, shown.indexOf(QLatin1Char('>')) + 1).remove(QStringLiteral("</p>"));
-    }
-    QModelIndex Text() {
-        const QModelIndex root = t.Tree().model()->index(0, 0);
-        return t.Tree().model()->index(0, 0, t.Tree().model()->index(0, 0, root));
-    }
-};
-
-TEST_F(Tips, OverACutTextIsTheWholeOneAndNeverMarkup) {
-    EXPECT_EQ(TipOver(Text().parent()), QString()) << "a name that fits needs none";
-    const QString whole = t.window().tvXML.Nodes(3).Tag();
-    EXPECT_EQ(TipOver(Text()), whole.toHtmlEscaped());
-    t.app().options.TreeToolTipShowLength = 7;
-    EXPECT_EQ(TipOver(Text()), QStringLiteral("He said..."));
-}
-
-// Blanks alone would not keep them narrower than the screen; and half a character is none.
-TEST_F(Tips, WordsLongerThanALineAreBrokenAndCharactersAreCutWhole) {
-    t.OpenText(QStringLiteral("word.xml"), "<w>" + QByteArray(300, 'x') + "</w>");
-    const QString tip = TipOver(Text());
-    EXPECT_EQ(tip.count(QLatin1Char('x')), 300);
-    for (const QString& piece : tip.split(QChar(0x200B)))
-        EXPECT_LE(piece.size(), 81);
-    t.OpenText(QStringLiteral("faces.xml"), "<w>" + QByteArray("\xF0\x9F\x98\x80").repeated(100) + "</w>");
-    t.app().options.TreeToolTipShowLength = 5;
-    EXPECT_EQ(TipOver(Text()), QString::fromUtf8("\xF0\x9F\x98\x80\xF0\x9F\x98\x80..."));
-}
-
-TEST(ListCursor, TheFirstDownSelectsTheFirstRow) {
-    ShownApp t;
-    t.OpenText(QStringLiteral("shop.xml"), "<shop><pen/><ink/></shop>");
-    t.Press(Qt::Key_Down);
-    controls::ListView& list = t.window().ListView1;
-    for (const int style : {controls::lvwReport, controls::lvwList}) {
-        list.SetView(style);
-        list.SetSelectedItem(0);
-        list.ClearSelected();
-        t.Tree().setFocus();
-        list.SetFocus();
-        EXPECT_EQ(list.SelectedItem(), 0) << "the focus alone chooses nothing";
-        t.Press(Qt::Key_Down);
-        EXPECT_EQ(list.SelectedItem(), 1);
-        EXPECT_TRUE(list.Selected(1));
-        t.Press(Qt::Key_Down);
-        EXPECT_EQ(list.SelectedItem(), 2);
-        EXPECT_FALSE(list.Selected(1));
-    }
 }
 
 } // namespace

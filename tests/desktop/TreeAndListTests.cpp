@@ -91,12 +91,6 @@ TEST_F(TreeAndList, AWrongNameIsComplainedAboutWhileItIsTyped) {
     EXPECT_EQ(complaint(), QString()) << "given up";
 }
 
-TEST_F(TreeAndList, TheRootCannotBeClosed) {
-    t.Press(Qt::Key_Left);
-    EXPECT_TRUE(t.Tree().isExpanded(t.Tree().model()->index(0, 0)));
-    EXPECT_TRUE(t.window().tvXML.Nodes(1).Expanded());
-}
-
 TEST_F(TreeAndList, ADoubleClickInTheListWalksDown) {
     t.Press(Qt::Key_Down);
     const QRect row = t.List().visualRect(t.List().model()->index(1, 0));
@@ -129,14 +123,6 @@ TEST_F(TreeAndList, AfterRemovingTheSelectedNodeTreeAndWidgetAgree) {
     EXPECT_EQ(t.Tree().currentIndex().data().toString(), QStringLiteral("ink"));
 }
 
-TEST_F(TreeAndList, EnterInThePathBoxSelectsTheNode) {
-    Path().setFocus();
-    Path().clear();
-    t.Type(QStringLiteral("/shop/ink"));
-    t.Press(Qt::Key_Return);
-    EXPECT_EQ(t.SelectedNode(), QStringLiteral("ink"));
-}
-
 // After a deletion another node is current: a key that is held must not go on with that one.
 TEST_F(TreeAndList, AHeldDeleteKeyDeletesOneNode) {
     t.Press(Qt::Key_Down);
@@ -167,6 +153,29 @@ TEST_F(TreeAndList, AKeyThatIsOnlyReleasedHereRaisesNothing) {
     t.prompts.Answer(services::Answer::Ok);
     t.Press(Qt::Key_Return);
     EXPECT_EQ(t.prompts.boxes.size(), 1U);
+    Path().clear();
+    t.Type(QStringLiteral("/shop/ink"));
+    t.Press(Qt::Key_Return);
+    EXPECT_EQ(t.SelectedNode(), QStringLiteral("ink"));
+}
+
+TEST_F(TreeAndList, TheFirstDownInTheListSelectsTheFirstRow) {
+    t.Press(Qt::Key_Down);
+    controls::ListView& list = t.window().ListView1;
+    for (const int style : {controls::lvwReport, controls::lvwList}) {
+        list.SetView(style);
+        list.SetSelectedItem(0);
+        list.ClearSelected();
+        t.Tree().setFocus();
+        list.SetFocus();
+        EXPECT_EQ(list.SelectedItem(), 0) << "the focus alone chooses nothing";
+        t.Press(Qt::Key_Down);
+        EXPECT_EQ(list.SelectedItem(), 1);
+        EXPECT_TRUE(list.Selected(1));
+        t.Press(Qt::Key_Down);
+        EXPECT_EQ(list.SelectedItem(), 2);
+        EXPECT_FALSE(list.Selected(1));
+    }
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 // reading; colouring changes a text by nothing but a blank behind a comment's opener.
 #include "core/model/Application.h"
 #include "platform/controls/Rtf.h"
-#include "textview/fill/ColourRtf.h"
+#include "textview/ColourRtf.h"
 #include <cstdlib>
 #include <cstring>
 
@@ -79,10 +79,10 @@ void CheckColouring(const Rich& rich, int level) {
     options.EqualRTF = QStringLiteral("\\red255\\green50\\blue50");
     options.SlashRTF = QStringLiteral("\\red50\\green200\\blue50");
     options.CommentRTF = QStringLiteral("\\red180\\green180\\blue180");
-    const Rich coloured = Read(ColourRTF(Write(rich), options, level));
+    const Rich coloured = Read(textview::ColourRTF(Write(rich), options, level));
     Require(OnlyBlanksAdded(rich.text, coloured.text));
     Require(level < 2 || coloured.text == rich.text);
-    const QString rtf = ColourRTF(Write(coloured), options, level);
+    const QString rtf = textview::ColourRTF(Write(coloured), options, level);
     Require(rtf.count(QStringLiteral("{\\colortbl ;")) ==
             (level < 3 || rtf.contains(u"{\\colortbl") ? 1 : 0));
     const Rich twice = Read(rtf);

@@ -9,7 +9,11 @@ from pathlib import Path
 sys.dont_write_bytecode = True  # no folder of byte code among the sources
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
 import check_includes  # noqa: E402
+import house  # noqa: E402
 
+ROOMS = house.Rooms({"9.1": "desktop", "9.0": "desktop/models", "7": "shell", "4.1": "nodes/dialogs", "4.0": "nodes textview",
+                     "1": "core/model", "0.1": "platform/xml platform/services platform/controls", "0.0": "platform/text"},
+                    beside={("textview", "nodes")})
 LICENCE = "// SPDX-License-Identifier: GPL-3.0-or-later\n"
 
 
@@ -29,6 +33,8 @@ class IncludeCheck(unittest.TestCase):
         self.write("platform/xml/Loader.cpp", '#include "platform/text/TextTools.h"\n#include <libxml/parser.h>\n')
         self.write("platform/services/Http.cpp", "#include <QTcpSocket>\n#include <QtCore/qglobal.h>\n")
         self.write("core/model/Application.h", '#include "platform/xml/Loader.h"\n#include "core/model/Other.h"\n')
+        self.write("nodes/dialogs/frmEditNodes.cpp", '#include "nodes/Clipboard.h"\n')
+        self.write("textview/Find.cpp", '#include "nodes/Clipboard.h"\n#include "platform/text/TextTools.h"\n')
         self.write("shell/frmMDIMain.cpp", '#include "core/model/Application.h"\n#include <vector>\n')
         self.write("desktop/main.cpp", '#include "ui_frame.h"\n#include <QWidget>\n#include "desktop/models/Tree.h"\n'
                                        '#include "shell/frmMDIMain.h"\n')
@@ -41,7 +47,7 @@ class IncludeCheck(unittest.TestCase):
         path.write_text(licence + text, encoding="utf-8")
 
     def faults(self):
-        return check_includes.House(self.root, self.qt).check()
+        return check_includes.House(self.root, self.qt, ROOMS).check()
 
     def expect(self, name, text, *words, licence=LICENCE):
         """One more file brings exactly one fault, in that file, that holds all the words."""
@@ -56,24 +62,21 @@ class IncludeCheck(unittest.TestCase):
         self.assertEqual(self.faults(), [])
 
     def test_include_that_goes_up(self):
-        self.expect("core/model/A.cpp", '#include <QString>\n#include "shell/frmMDIMain.h"\n', ":3:", "floor 1", "floor 6")
+        self.expect("core/model/A.cpp", '#include <QString>\n#include "shell/frmMDIMain.h"\n', ":3:", "line 1", "line 7")
         self.expect("platform/text/A.h", '  #  include "core/model/Application.h"\n', "goes up")
         self.expect("nodes/A.cpp", '#include <nodes/dialogs/frmEditNodes.h>\n', "goes up")
+        self.expect("desktop/models/Tree.h", '#include "desktop/main.h"\n', "goes up")
 
-    def test_other_room_of_the_same_floor(self):
-        self.expect("nodes/fill/A.cpp", '#include "textview/fill/FillText.h"\n', "same floor")
-        self.expect("platform/xml/A.cpp", '#include "platform/controls/TreeView.h"\n', "same floor")
-
-    def test_rooms_that_include_each_other(self):
-        self.expect("desktop/models/Tree.h", '#include "desktop/main.h"\n', "same floor")  # main.cpp includes the model
-        self.expect("platform/text/A.h", '#include "platform/xml/Loader.h"\n', "same floor")  # the loader includes the text
-        both = {pair for pair in check_includes.SAME_FLOOR if pair[::-1] in check_includes.SAME_FLOOR}
-        self.assertEqual(both, set())
+    def test_other_room_of_the_same_line(self):
+        self.expect("nodes/A.cpp", '#include "textview/FillText.h"\n', "same line")
+        self.expect("nodes/dialogs/A.cpp", '#include "textview/FillText.h"\n', "same line")
+        self.expect("platform/xml/A.cpp", '#include "platform/controls/TreeView.h"\n', "same line")
+        self.assertEqual({pair for pair in house.BESIDE if pair[::-1] in house.BESIDE}, set())
 
     def test_headers_that_a_room_may_not_use(self):
         for header, word in [("QWidget", "QtWidgets"), ("QtWidgets/QWidget", "QtWidgets"), ("QtWidgets", "QtWidgets"),
                              ("QIcon", "QtGui"), ("QTcpSocket", "QtNetwork"), ("QNotInstalled", "no module")]:
-            self.expect("core/sync/A.cpp", f"#include <{header}>\n", word)
+            self.expect("nodes/A.cpp", f"#include <{header}>\n", word)
         self.expect("platform/services/A.cpp", "#include <QIcon>\n", "QtGui")
         self.expect("core/model/A.cpp", "#include <libxml/tree.h>\n", "platform/xml")
 

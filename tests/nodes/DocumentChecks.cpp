@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/nodes/DocumentChecks.h"
+#include "core/model/Attributes.h"
+#include "core/model/DomToTree.h"
+#include "core/model/NodeContent.h"
+#include "core/model/NodeNumbers.h"
 #include "core/model/Serialise.h"
-#include "core/model/m_tvXML.h"
-#include "core/sync/TreeText.h"
 #include "platform/text/LineEnds.h"
 #include "platform/text/TextTools.h"
 #include "platform/xml/ParsedDocument.h"
+#include "textview/TreeText.h"
 
 namespace test {
 
@@ -134,7 +137,7 @@ QString WrittenWithoutLiberties(DocumentWindow& window, QStringList& rules) {
     const TreeNode root = tree.Nodes.Add({}, 0, QStringLiteral("root"), QStringLiteral("root"));
     Tamer(tree, rules).CopyChildren(window.tvXML.Nodes(1), root);
     TreeNode element;
-    if (!m_tvXML::HaveElementNode(root.Child(), element)) {
+    if (element = m_tvXML::FirstElement(root.Child()); !element) {
         rules << QStringLiteral("the root element can be deleted, or isn't there yet");
         tree.Nodes.Add(root, controls::tvwChild, QStringLiteral("<1>0"), QStringLiteral("r"));
     }

@@ -153,7 +153,7 @@ TEST_F(DragDrop, NodesAndRowsGoIntoAnotherDocumentAsLongAsTheirWindowIsOpen) {
     ASSERT_TRUE(DragNode(Named("tail")));
     Drop(other, Named(other, "y"));
     EXPECT_EQ(Text(other), "<z><y n=\"1\"><c></c>tail</y></z>");
-    EXPECT_EQ(w.rtxtXML.Text(), w.msOpenText.toString()) << "a drag only copies";
+    EXPECT_EQ(w.rtxtXML.Text(), w.bond.msOpenText.toString()) << "a drag only copies";
     t.frame().CloseForm(&w);
     EXPECT_EQ(Taker(other, Named(other, "y")), QString());
 }

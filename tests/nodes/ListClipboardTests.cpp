@@ -265,7 +265,7 @@ TEST(InternalString, IsTheValuesOfAttributesAndTextRecordByRecord) {
         xml::ParsedDocument document;
         EXPECT_TRUE(document.loadXML(QStringLiteral("<temp>") + QString::fromUtf8(nodes) +
                                      QStringLiteral("</temp>")));
-        return ConvertXMLNodesToInternalString(document.documentElement(), names).toStdString();
+        return nodes::ConvertXMLNodesToInternalString(document.documentElement(), names).toStdString();
     };
     QStringList names;
     EXPECT_EQ(convert("<r a='1' b='2'>t</r><r a='3' b='4'>u</r>", names), "1'2't<3'4'u");

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "core/model/Attributes.h"
+#include "core/model/NodeContent.h"
+#include "core/model/NodeNumbers.h"
 #include "core/model/Serialise.h"
-#include "core/model/m_tvXML.h"
 #include "tests/support/TestApp.h"
 #include <gtest/gtest.h>
 
@@ -23,11 +25,7 @@ struct ListDesk : testing::Test {
     }
     controls::ListView& Rows() { return w->ListView1; }
     controls::TreeNode Root() { return w->tvXML.Nodes(1); }
-    controls::TreeNode Element() {
-        controls::TreeNode found;
-        m_tvXML::HaveElementNode(Root().Child(), found);
-        return found;
-    }
+    controls::TreeNode Element() { return m_tvXML::FirstElement(Root().Child()); }
     void Select(controls::TreeNode node) { t.ClickNode(node); }
     /// "kind name|value|text" of each row.
     std::string Table() {

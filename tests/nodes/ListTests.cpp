@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The list: its rows, its cell editor, its names, and its commands, by the acts of a user.
-#include "core/sync/TreeText.h"
+#include "core/edit/Transaction.h"
 #include "nodes/ListEditor.h"
+#include "nodes/ListPlace.h"
 #include "tests/nodes/ListDesk.h"
+#include "textview/TreeText.h"
 
 namespace {
 
@@ -110,7 +112,7 @@ TEST_F(List, HostileValuesAreRefusedOrKeptToTheLastCharacter) {
             EXPECT_EQ(Xml(), "<r a=\"\">x</r>") << "unit " << int{value.at(0).unicode()} << " row " << row;
         }
     }
-    const QString good[] = {megabyte, QStringLiteral("&#60;&gt;'"), QStringLiteral("tab\tline\nend"),
+    const QString good[] = {megabyte, QStringLiteral("&#60;&gt;'"), QStringLiteral("tab&#9;line&#10;end"),
                             QString::fromUtf8("\xF0\x9F\x8D\xB5 \xE2\x80\x8Fme")};
     for (const QString& value : good) {
         TypeInto(2, 2, value);
@@ -118,6 +120,10 @@ TEST_F(List, HostileValuesAreRefusedOrKeptToTheLastCharacter) {
         EXPECT_EQ(Element().Tag(), QStringLiteral("a=\"") + value + u'"');
         EXPECT_EQ(Rows().Item(2).Sub[0], value);
     }
+    // They would be blanks after the next reading.
+    TypeInto(2, 2, QStringLiteral("tab\tline\nend"));
+    w->txtListView.LostFocus();
+    EXPECT_EQ(Element().Tag(), QStringLiteral("a=\"tab&#9;line&#10;end\""));
 }
 
 // An element's text cell shows its first text: where that went, the next one.
@@ -205,7 +211,7 @@ TEST_F(List, TheEditorKeepsToItsColumn) {
     TypeInto(1, 3, QStringLiteral("Kakao"));
     const controls::Bounds before = w->txtListView.Place();
     Rows().ColumnWidths[0] += 600;
-    LayListViewTextBox(*w);
+    nodes::LayListViewTextBox(*w);
     EXPECT_EQ(w->txtListView.Place().Left, before.Left + 600);
     EXPECT_EQ(w->cmdPop.Place().Left, w->txtListView.Place().Left + w->txtListView.Place().Width);
     EXPECT_EQ(w->txtListView.Text(), QStringLiteral("Kakao"));
@@ -317,7 +323,7 @@ TEST_F(List, AnElementThatTheListCannotShowGetsItsNameToo) {
     Menu("mnuNewNodeP");
     ASSERT_EQ(Root().Child().Next().Children(), 1);
     EXPECT_EQ(Root().Child().Next().Child().Text(), QStringLiteral("Unnamed"));
-    EXPECT_FALSE(IsAddingNewNode(*w)) << "the text isn't held back";
+    EXPECT_FALSE(edit::IsAddingNewNode(*w)) << "the text isn't held back";
 }
 
 TEST_F(List, SelectedRowsAreDeletedTogether) {
@@ -415,7 +421,6 @@ TEST_F(List, ATextThatStaysEmptyHoldsNothingUp) {
     EXPECT_EQ(w->rtxtXML.Text().indexOf(QStringLiteral("end")), -1) << "an emptied text, too";
 
     Element().SetTag(QStringLiteral("year=\"2000\""));
-    w->bTreeChanged = true; // as it is behind a command of the tree
     Menu("mnuEditUndo");
     EXPECT_NE(Xml().find("tongue="), std::string::npos) << "the last step alone is taken back";
     Menu("mnuRedo");

@@ -2,12 +2,17 @@
 // Ten thousand commands in no order over two documents: tree, list, text, clipboard, history and the
 // one-by-one editor. After each of them the views tell the same document, and the menus what can be done; a
 // text that doesn't parse got there by a rule that lets it through, and only so.
-#include "core/model/m_tvXML.h"
-#include "core/sync/TreeText.h"
+#include "core/edit/Transaction.h"
+#include "core/model/Attributes.h"
+#include "core/model/NodeContent.h"
+#include "core/model/NodeNumbers.h"
+#include "nodes/ListState.h"
 #include "nodes/dialogs/frmEditNodes.h"
 #include "platform/text/LineEnds.h"
 #include "tests/nodes/DocumentChecks.h"
 #include "tests/support/TestApp.h"
+#include "textview/TextState.h"
+#include "textview/TreeText.h"
 #include <gtest/gtest.h>
 #include <random>
 
@@ -132,10 +137,11 @@ protected:
         TypeCell();
     }
     void TypeCell() {
-        if (!w->mbIsEditValue)
+        if (!nodes::ListOf(*w).mbIsEditValue)
             return;
         w->txtListView.GotFocus();
-        const bool attributes = List().Item(w->msListEditKey).SmallIcon == 1 && w->txtListView.Tag == "1";
+        const bool attributes =
+            List().Item(nodes::ListOf(*w).msListEditKey).SmallIcon == 1 && w->txtListView.Tag == "1";
         w->txtListView.UserTyped(AnyOf(attributes ? kAttributes : kValues));
         w->txtListView.LostFocus();
     }
@@ -194,14 +200,14 @@ protected:
     void UndoAndRedo() {
         for (int waiting = 0; waiting < 2; ++waiting) { // a change that waited becomes a step first
             const QString before = w->rtxtXML.Text();
-            const int place = w->UndoPos;
+            const int place = textview::StateOf(*w).UndoPos;
             if (place == 0)
                 return;
             Undo();
             Redo();
             if (waiting == 1) {
                 EXPECT_EQ(w->rtxtXML.Text(), before);
-                EXPECT_EQ(w->UndoPos, place);
+                EXPECT_EQ(textview::StateOf(*w).UndoPos, place);
             }
         }
     }
@@ -305,7 +311,7 @@ protected:
     // --- what must hold -----------------------------------------------------------------------------------
     // A text that was typed and can't be read stays beside the tree as it was.
     void ExpectTextIsTree() {
-        if (w->bTextUnread)
+        if (w->bond.refused())
             return;
         const QString text = w->rtxtXML.Text();
         const QString written = test::Written(w->tvXML);
@@ -358,7 +364,7 @@ protected:
         EXPECT_EQ(w->rtxtXML.Text(), w->rtxtXML2.Text());
         for (int i = 2; i <= w->tvXML.Nodes.Count(); ++i)
             ExpectCaption(w->tvXML.Nodes(i));
-        if (!IsAddingNewNode(*w)) // else an empty text waits to be filled
+        if (!edit::IsAddingNewNode(*w)) // else an empty text waits to be filled
             ExpectTextIsTree();
         ExpectDocument();
         ExpectMenu();

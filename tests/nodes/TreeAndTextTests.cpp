@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A document changed in the tree while its text is, or has been, changed too: neither side is lost in
 // silence.
-#include "core/model/m_tvXML.h"
+#include "core/model/Attributes.h"
+#include "core/model/NodeContent.h"
+#include "core/model/NodeNumbers.h"
 #include "tests/support/TestApp.h"
 #include <gtest/gtest.h>
 

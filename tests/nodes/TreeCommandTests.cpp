@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Commands on the nodes of the tree, chosen from the menu or by keys as a user does.
-#include "core/model/m_tvXML.h"
-#include "core/sync/TreeText.h"
+#include "core/edit/Transaction.h"
+#include "core/model/Attributes.h"
+#include "core/model/NodeContent.h"
+#include "core/model/NodeNumbers.h"
 #include "tests/support/TestApp.h"
+#include "textview/TextState.h"
+#include "textview/TreeText.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -35,11 +39,7 @@ struct Tree : testing::Test {
 
     void Open(const char* text = kBook) { w = &t.OpenText(QStringLiteral("book.xml"), text); }
     TreeNode Root() { return w->tvXML.Nodes(1); }
-    TreeNode Element() {
-        TreeNode found;
-        m_tvXML::HaveElementNode(Root().Child(), found);
-        return found;
-    }
+    TreeNode Element() { return m_tvXML::FirstElement(Root().Child()); }
     std::string Nodes() { return Shape(Root()).toStdString(); }
     std::string Text() { return w->rtxtXML.Text().toStdString(); }
     void Key(int key, int modifiers = 0) {
@@ -65,7 +65,7 @@ TEST_F(Tree, ANewElementStandsBehindTheCurrentOneAndIsNamedAtOnce) {
     EXPECT_EQ(w->tvXML.SelectedItem().SelectedImage(), QStringLiteral("openelement"));
     EXPECT_NE(Text().find("<note></note>"), std::string::npos);
     EXPECT_EQ(w->txtXPath.Text(), QStringLiteral("/book[1]/note[1]"));
-    EXPECT_EQ(w->UndoPos, 1);
+    EXPECT_EQ(textview::StateOf(*w).UndoPos, 1);
 }
 
 TEST_F(Tree, AnElementAtTheTopIsTheFirstAndOnlyOne) {
@@ -125,7 +125,7 @@ TEST_F(Tree, TextsGoIntoElementsOnly) {
     t.frame().RunMenuCommand(QStringLiteral("mnuNewNodeTextP"));
     EXPECT_EQ(Nodes(), "xml book(title('Tee') '' chapter chapter('x' b) '')");
     EXPECT_EQ(w->tvXML.SelectedItem(), Element());
-    EXPECT_TRUE(IsAddingNewNode(*w)) << "a text without content waits for it";
+    EXPECT_TRUE(edit::IsAddingNewNode(*w)) << "a text without content waits for it";
     EXPECT_TRUE(t.prompts.boxes.empty());
 }
 
@@ -228,7 +228,7 @@ TEST_F(Tree, DeletingSelectsTheFirstElementThatIsLeft) {
     t.ChooseMenu(QStringLiteral("mnuDelete"));
     EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter('x' b))");
     EXPECT_EQ(w->tvXML.SelectedItem(), Element().Child());
-    EXPECT_EQ(w->UndoPos, 1);
+    EXPECT_EQ(textview::StateOf(*w).UndoPos, 1);
 
     t.ClickNode(Element().Child().Child()); // the only child: its parent is selected
     Key(Qt::Key_Delete);
@@ -295,14 +295,14 @@ TEST_F(Tree, AMoveIsACopyWithNewKeysAndTwoStepsOfTheText) {
     EXPECT_EQ(moved.Tag(), QStringLiteral("n=\"2\""));
     EXPECT_TRUE(moved.Expanded());
     EXPECT_EQ(moved.LastChild().SelectedImage(), QStringLiteral("openelement"));
-    EXPECT_EQ(w->UndoPos, 2);
+    EXPECT_EQ(textview::StateOf(*w).UndoPos, 2);
     EXPECT_EQ(w->miPopupContext, kContextTree);
 
     t.ClickNode(Element().Child());
     t.ChooseMenu(QStringLiteral("mnuMoveUP"));
     t.ClickNode(Element().LastChild());
     t.ChooseMenu(QStringLiteral("mnuMoveDown"));
-    EXPECT_EQ(w->UndoPos, 2) << "at the ends nothing moves";
+    EXPECT_EQ(textview::StateOf(*w).UndoPos, 2) << "at the ends nothing moves";
     t.ClickNode(Element()); // nothing passes the declaration, nor does it leave its place
     t.ChooseMenu(QStringLiteral("mnuMoveUP"));
     t.ClickNode(Root().Child());

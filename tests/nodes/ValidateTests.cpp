@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What is accepted as a name, a value or a text, and what the user hears of the rest.
-#include "core/model/Validate.h"
-#include "core/model/mXMLEdit.h"
+#include "core/edit/Report.h"
+#include "core/edit/Validate.h"
+#include "core/model/FileNames.h"
+#include "core/model/Parse.h"
 #include "tests/support/TestApp.h"
 #include <gtest/gtest.h>
 
@@ -31,7 +33,7 @@ TEST(Validation, NodeNamesAreWhatTheParserTakesBehindThePrefix) {
                           {"a/", false},
                           {"a\"", false},
                           {" ", false}})
-        EXPECT_EQ(ValidateNodeName(t.app(), QString::fromUtf8(c.text)), c.valid) << c.text;
+        EXPECT_EQ(edit::ValidateNodeName(t.app(), QString::fromUtf8(c.text)), c.valid) << c.text;
     ASSERT_FALSE(t.prompts.boxes.empty());
     EXPECT_EQ(t.prompts.boxes.front().title, QStringLiteral("XML node name fomula"));
     EXPECT_EQ(t.prompts.boxes.front().icon, services::Icon::Information);
@@ -39,7 +41,7 @@ TEST(Validation, NodeNamesAreWhatTheParserTakesBehindThePrefix) {
         t.prompts.boxes.front().text.startsWith(QStringLiteral("Sample:Abc\r\nXML node name ::= (Letter")));
 
     const std::size_t boxes = t.prompts.boxes.size();
-    EXPECT_FALSE(ValidateNodeName(t.app(), {}));
+    EXPECT_FALSE(edit::ValidateNodeName(t.app(), {}));
     EXPECT_EQ(t.prompts.boxes.size(), boxes) << "an empty name is refused without a word";
 }
 
@@ -54,12 +56,12 @@ TEST(Validation, ValuesAndTextsAreJudgedAsEscapedXml) {
                           {"<", false},
                           {"", true},
                           {">", true}})
-        EXPECT_EQ(ValidateNodeAttributeValue(t.app(), QLatin1String(c.text), QStringLiteral("x"),
-                                             QStringLiteral("id")),
+        EXPECT_EQ(edit::ValidateNodeAttributeValue(t.app(), QLatin1String(c.text), QStringLiteral("x"),
+                                                   QStringLiteral("id")),
                   c.valid)
             << c.text;
     EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("This is not a validate attribute value"));
-    EXPECT_FALSE(ValidateNodeAttributeValue(t.app(), QStringLiteral("1"), {}, QStringLiteral("id")));
+    EXPECT_FALSE(edit::ValidateNodeAttributeValue(t.app(), QStringLiteral("1"), {}, QStringLiteral("id")));
 
     for (const Case& c : {Case{"", true},
                           {"<b>x</b>", true},
@@ -68,23 +70,26 @@ TEST(Validation, ValuesAndTextsAreJudgedAsEscapedXml) {
                           {"</x>", false},
                           {"a & b", false},
                           {"a \"b\"", true}})
-        EXPECT_EQ(ValidateNodeText(t.app(), QLatin1String(c.text), QStringLiteral("x")), c.valid) << c.text;
+        EXPECT_EQ(edit::ValidateNodeText(t.app(), QLatin1String(c.text), QStringLiteral("x")), c.valid)
+            << c.text;
     EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("This is not a validate node text"));
-    EXPECT_TRUE(ValidateNodeText(t.app(), QStringLiteral("y"), QStringLiteral("ns:x")));
+    EXPECT_TRUE(edit::ValidateNodeText(t.app(), QStringLiteral("y"), QStringLiteral("ns:x")));
 }
 
 TEST(Validation, AttributeNamesAndLists) {
     test::TestApp t;
     t.prompts.AllowAnyBox();
     for (const Case& c : {Case{"id", true}, {"xlink:href", true}, {"1d", false}, {"a b", false}, {"", false}})
-        EXPECT_EQ(ValidateNodeAttributeName(t.app(), QLatin1String(c.text), QStringLiteral("x")), c.valid)
+        EXPECT_EQ(edit::ValidateNodeAttributeName(t.app(), QLatin1String(c.text), QStringLiteral("x")),
+                  c.valid)
             << c.text;
     EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("This is not a validate attribute name"));
     EXPECT_EQ(t.prompts.boxes.back().icon, services::Icon::Critical);
 
     for (const Case& c :
          {Case{"", true}, {"a=\"1\" b='2'", true}, {"a=\"1\" a=\"2\"", false}, {"a=1", false}})
-        EXPECT_EQ(ValidateNodeAttributes(t.app(), QLatin1String(c.text), QStringLiteral("x"), true), c.valid)
+        EXPECT_EQ(edit::ValidateNodeAttributes(t.app(), QLatin1String(c.text), QStringLiteral("x"), true),
+                  c.valid)
             << c.text;
     EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("This is not valid attributes"));
 }
@@ -94,25 +99,25 @@ TEST(Validation, WhatWouldBeAnotherAttributeIsRefused) {
     test::TestApp t;
     t.prompts.AllowAnyBox();
     const QString element = QStringLiteral("box");
-    EXPECT_FALSE(ValidateNodeName(t.app(), QStringLiteral("box a=\"1\"")));
-    EXPECT_FALSE(ValidateNodeAttributeName(t.app(), QStringLiteral("a=\"1\" b"), element));
+    EXPECT_FALSE(edit::ValidateNodeName(t.app(), QStringLiteral("box a=\"1\"")));
+    EXPECT_FALSE(edit::ValidateNodeAttributeName(t.app(), QStringLiteral("a=\"1\" b"), element));
     EXPECT_FALSE(
-        ValidateNodeAttributeValue(t.app(), QStringLiteral("1\" b=\"3"), element, QStringLiteral("a")));
+        edit::ValidateNodeAttributeValue(t.app(), QStringLiteral("1\" b=\"3"), element, QStringLiteral("a")));
     EXPECT_EQ(t.prompts.boxes.size(), 3U);
-    EXPECT_TRUE(
-        ValidateNodeAttributeValue(t.app(), QStringLiteral("1&quot; b='3'"), element, QStringLiteral("a")));
+    EXPECT_TRUE(edit::ValidateNodeAttributeValue(t.app(), QStringLiteral("1&quot; b='3'"), element,
+                                                 QStringLiteral("a")));
 }
 
 // While the user types, the complaint comes without a box, with the line ends that the quiet load's lacks.
 TEST(Validation, AQuietComplaintStandsOnTheStatusPanelAlone) {
     test::TestApp t;
-    EXPECT_FALSE(ValidateNodeAttributes(t.app(), QStringLiteral("a=1"), QStringLiteral("x"), false));
+    EXPECT_FALSE(edit::ValidateNodeAttributes(t.app(), QStringLiteral("a=1"), QStringLiteral("x"), false));
     const QString complaint = t.frame().StatusBar1().Panel(1);
     EXPECT_TRUE(complaint.contains(QStringLiteral("\r\nFilePos:"))) << complaint.toStdString();
     EXPECT_EQ(t.prompts.beeps, 1);
-    EXPECT_FALSE(mXMLEdit::ValidateXML(t.app(), QStringLiteral("<a>"), true));
+    EXPECT_FALSE(edit::ValidateXML(t.app(), QStringLiteral("<a>"), edit::Tone::Quiet));
     EXPECT_TRUE(t.frame().StatusBar1().Panel(1).contains(QStringLiteral("--FilePos:")));
-    EXPECT_TRUE(mXMLEdit::ValidateXML(t.app(), QStringLiteral("<a/>"), true));
+    EXPECT_TRUE(edit::ValidateXML(t.app(), QStringLiteral("<a/>"), edit::Tone::Quiet));
     EXPECT_EQ(t.frame().StatusBar1().Panel(1), QString());
 }
 
@@ -120,11 +125,11 @@ TEST(Validation, AQuietComplaintStandsOnTheStatusPanelAlone) {
 TEST(Validation, AFailedProbeMovesTheCaretOfAShownText) {
     test::TestApp t;
     DocumentWindow& w = t.OpenText(QStringLiteral("a.xml"), "<orders><order id=\"1\"/></orders>");
-    ValidateNodeAttributes(t.app(), QStringLiteral("a=1"), QStringLiteral("x"), false);
+    edit::ValidateNodeAttributes(t.app(), QStringLiteral("a=1"), QStringLiteral("x"), false);
     EXPECT_EQ(w.rtxtXML.SelStart(), 0);
     w.tbsXML.Select(QStringLiteral("textview"));
     w.rtxtXML.SetSelStart(0);
-    ValidateNodeAttributes(t.app(), QStringLiteral("a=1"), QStringLiteral("x"), false);
+    edit::ValidateNodeAttributes(t.app(), QStringLiteral("a=1"), QStringLiteral("x"), false);
     EXPECT_EQ(w.rtxtXML.SelStart(), t.app().lastParseError->filepos - 1);
     EXPECT_EQ(w.rtxtXML.SelLength(), 1);
 }
@@ -138,7 +143,7 @@ TEST(Validation, DroppedTextIsClassified) {
     } cases[] = {{"a=\"1\"", 2}, {"", 2},     {"<a/>", 1}, {"<a/><b/>", 100},
                  {"x<a/>", 100}, {"abc", -1}, {"<a>", -1}};
     for (const auto& c : cases)
-        EXPECT_EQ(GetSelTextType(t.app(), QLatin1String(c.text)), c.type) << c.text;
+        EXPECT_EQ(edit::GetSelTextType(t.app(), QLatin1String(c.text)), c.type) << c.text;
     EXPECT_EQ(t.prompts.boxes.size(), 1U) << "only a wrong attribute list is told in a box";
 }
 

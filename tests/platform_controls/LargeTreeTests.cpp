@@ -8,7 +8,7 @@ namespace {
 
 using namespace controls;
 
-TEST(LargeTree, a_chain_deeper_than_any_stack_is_shown_and_removed) {
+TEST(LargeTree, AChainDeeperThanAnyStackIsShownAndRemoved) {
     constexpr std::uint32_t kDepth = 300'000;
     TreeView tree;
     const TreeNode root = tree.Nodes.Add({}, 0, QStringLiteral("/deep.xml"), QString());
@@ -29,7 +29,7 @@ TEST(LargeTree, a_chain_deeper_than_any_stack_is_shown_and_removed) {
     EXPECT_EQ(tree.SelectedItem().Key(), QStringLiteral("/other.xml"));
 }
 
-TEST(LargeTree, a_huge_family_is_edited_in_the_middle_and_cleared_from_either_end) {
+TEST(LargeTree, AHugeFamilyIsEditedInTheMiddleAndClearedFromEitherEnd) {
     constexpr int kChildren = 400'000;
     TreeView tree;
     const TreeNode root = tree.Nodes.Add({}, 0, QStringLiteral("/wide.xml"), QString());
@@ -57,7 +57,7 @@ TEST(LargeTree, a_huge_family_is_edited_in_the_middle_and_cleared_from_either_en
     EXPECT_EQ(tree.ChildAt(root, root.Children() - 1), added);
 }
 
-TEST(LargeTree, storage_of_replaced_texts_is_won_back_and_living_texts_stay) {
+TEST(LargeTree, StorageOfReplacedTextsIsWonBackAndLivingTextsStay) {
     TreeView tree;
     const TreeNode root = tree.Nodes.Add({}, 0, QStringLiteral("/x.xml"), QStringLiteral("/x.xml"));
     {
@@ -85,10 +85,10 @@ TEST(LargeTree, storage_of_replaced_texts_is_won_back_and_living_texts_stay) {
     EXPECT_EQ(tree.InternText(QStringLiteral("книга")), first.TextId());
 }
 
-TEST(LargeList, rows_are_found_by_key_while_thousands_go) {
+TEST(LargeList, RowsAreFoundByKeyWhileThousandsGo) {
     ListView list;
     for (int i = 0; i < 400'000; ++i)
-        list.Add(0, QStringLiteral("<1>%1").arg(i), QStringLiteral("item"), 1);
+        list.Add(QStringLiteral("<1>%1").arg(i), QStringLiteral("item"), 1);
     for (int i = 0; i < 399'990; ++i)
         list.Remove(list.IndexOf(QStringLiteral("<1>%1").arg(i)));
     EXPECT_EQ(list.Item(1).Key, QStringLiteral("<1>399990"));

@@ -20,7 +20,7 @@ void SetColoured(RichTextBox& box, const QString& text, const Runs& runs) {
     box.SetContent({text::LongText(text), runs});
 }
 
-TEST(RichText, whatever_is_written_has_whole_line_ends) {
+TEST(RichText, WhateverIsWrittenHasWholeLineEnds) {
     RichTextBox box;
     box.SetText(QStringLiteral("<a>\n<b/>\r</a>"));
     EXPECT_EQ(box.Text(), QStringLiteral("<a>\r\n<b/>\r\n</a>"));
@@ -36,7 +36,7 @@ TEST(RichText, whatever_is_written_has_whole_line_ends) {
     EXPECT_EQ(box.Text(), QStringLiteral("one\r\ntwo"));
 }
 
-TEST(RichText, a_selection_is_cut_to_the_text) {
+TEST(RichText, ASelectionIsCutToTheText) {
     RichTextBox box;
     box.SetText(QStringLiteral("<a/>"));
     box.SetSelStart(-3);
@@ -53,7 +53,7 @@ TEST(RichText, a_selection_is_cut_to_the_text) {
     EXPECT_EQ(box.SelStart(), 4);
 }
 
-TEST(RichText, announcements_follow_what_really_changed) {
+TEST(RichText, AnnouncementsFollowWhatReallyChanged) {
     RichTextBox box;
     QStringList log;
     box.contentReplaced.connect([&] { log << QStringLiteral("content"); });
@@ -71,7 +71,7 @@ TEST(RichText, announcements_follow_what_really_changed) {
     EXPECT_EQ(log.join(u','), QStringLiteral("content,change,selection,selection,1-1+b,change,content"));
 }
 
-TEST(RichText, colours_move_along_with_an_edit) {
+TEST(RichText, ColoursMoveAlongWithAnEdit) {
     RichTextBox box;
     auto colour = [&] { SetColoured(box, QStringLiteral("<a>text</a>"), {{0, 1}, {1, 2}, {3, 3}, {7, 1}}); };
     colour();
@@ -113,7 +113,7 @@ TEST(RichText, colours_move_along_with_an_edit) {
     EXPECT_EQ(other.Text(), box.Text());
 }
 
-TEST(RichText, typed_text_takes_the_colour_of_its_place_whatever_stood_there_before) {
+TEST(RichText, TypedTextTakesTheColourOfItsPlaceWhateverStoodThereBefore) {
     RichTextBox box;
     const auto reset = [&] {
         SetColoured(box, QStringLiteral("<a>text</a>"), {{0, 1}, {1, 2}, {3, 3}, {7, 1}});
@@ -153,7 +153,7 @@ TEST(RichText, typed_text_takes_the_colour_of_its_place_whatever_stood_there_bef
     EXPECT_EQ(colourOf(QStringLiteral("x")), 9U) << "new colours in front of the caret";
 }
 
-TEST(RichText, pasting_nothing_changes_nothing) {
+TEST(RichText, PastingNothingChangesNothing) {
     RichTextBox box;
     box.SetText(QStringLiteral("<a>text</a>"));
     box.UserSelected(3, 4);
@@ -162,7 +162,7 @@ TEST(RichText, pasting_nothing_changes_nothing) {
     EXPECT_EQ(box.SelText(), QStringLiteral("text"));
 }
 
-TEST(RichText, a_piece_with_colours_of_its_own_leaves_those_around_it) {
+TEST(RichText, APieceWithColoursOfItsOwnLeavesThoseAroundIt) {
     RichTextBox box;
     const auto put = [&](qsizetype start, qsizetype length, const QString& text, const Runs& runs) {
         SetColoured(box, QStringLiteral("<a>text</a>"), {{0, 1}, {1, 2}, {3, 3}, {7, 1}});
@@ -180,7 +180,7 @@ TEST(RichText, a_piece_with_colours_of_its_own_leaves_those_around_it) {
     EXPECT_EQ(box.Runs(), (Runs{{0, 1}, {1, 2}, {2, 5}, {4, 6}, {5, 3}, {7, 1}, {11, 0}}));
 }
 
-TEST(SmallControls, a_chosen_entry_stays_chosen_and_typing_ends_it) {
+TEST(SmallControls, AChosenEntryStaysChosenAndTypingEndsIt) {
     ComboBox box;
     box.AddItem(QStringLiteral("UTF-8"));
     box.AddItem(QStringLiteral("UTF-16"));
@@ -193,7 +193,7 @@ TEST(SmallControls, a_chosen_entry_stays_chosen_and_typing_ends_it) {
     EXPECT_EQ(box.ListIndex(), -1);
 }
 
-TEST(SmallControls, tabs_and_panels_announce_another_value_only) {
+TEST(SmallControls, TabsAndPanelsAnnounceAnotherValueOnly) {
     TabStrip tabs;
     tabs.SetTabs({{QStringLiteral("listview"), QString()}, {QStringLiteral("textview"), QString()}});
     QStringList clicks;

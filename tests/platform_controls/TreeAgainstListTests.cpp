@@ -108,7 +108,7 @@ QString RandomKey(Pair& pair, int number) {
     }
 }
 
-TEST(TreeAgainstList, random_adds_and_removes_keep_order_rows_and_keys) {
+TEST(TreeAgainstList, RandomAddsAndRemovesKeepOrderRowsAndKeys) {
     for (const bool listened : {false, true}) {
         Pair pair(listened ? 11 : 7);
         if (listened) // rows are then asked for at every step, else only when all is compared
@@ -131,7 +131,7 @@ TEST(TreeAgainstList, random_adds_and_removes_keep_order_rows_and_keys) {
 
 // The notes that spare a large family from being numbered at each change must not outlive their truth. Some
 // changes are announced, which asks for rows, and some are made in silence.
-TEST(TreeAgainstList, rows_in_a_large_family_are_right_after_each_change) {
+TEST(TreeAgainstList, RowsInALargeFamilyAreRightAfterEachChange) {
     Pair pair(3);
     pair.add(nullptr, 0, QStringLiteral("/x"));
     Plain* const root = pair.order[0];

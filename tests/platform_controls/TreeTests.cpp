@@ -29,7 +29,7 @@ struct Tree : ::testing::Test {
     TreeNode root;
 };
 
-TEST_F(Tree, keys_of_any_shape_are_found_and_come_back_as_they_were_given) {
+TEST_F(Tree, KeysOfAnyShapeAreFoundAndComeBackAsTheyWereGiven) {
     const QStringList keys{QStringLiteral("<1>42"),
                            QStringLiteral("<3>42"),
                            QStringLiteral("<8>42"),
@@ -61,7 +61,7 @@ TEST_F(Tree, keys_of_any_shape_are_found_and_come_back_as_they_were_given) {
     EXPECT_TRUE(tree.Nodes.Find(QStringLiteral("<4>42")).IsNothing());
 }
 
-TEST_F(Tree, a_key_is_free_again_after_its_node_was_removed_or_renamed) {
+TEST_F(Tree, AKeyIsFreeAgainAfterItsNodeWasRemovedOrRenamed) {
     for (const QString& key : {QStringLiteral("<1>7"), QStringLiteral("<3>7"), QStringLiteral("c:\\a.xml")})
         add(root, key);
     tree.Nodes.Remove(QStringLiteral("<3>7"));
@@ -81,7 +81,7 @@ TEST_F(Tree, a_key_is_free_again_after_its_node_was_removed_or_renamed) {
     EXPECT_EQ(tree.Nodes(QStringLiteral("c:\\b.xml")).Row(), 0);
 }
 
-TEST_F(Tree, misuse_throws_the_fault_the_commands_expect_and_adds_nothing) {
+TEST_F(Tree, MisuseThrowsTheFaultTheCommandsExpectAndAddsNothing) {
     TreeNode node = add(root, QStringLiteral("<1>1"));
     TreeView other;
     EXPECT_EQ(FaultOf([&] { add(root, QString()); }), text::kFaultInvalidKey);
@@ -100,7 +100,7 @@ TEST_F(Tree, misuse_throws_the_fault_the_commands_expect_and_adds_nothing) {
     EXPECT_EQ(tree.Nodes.Count(), 2);
 }
 
-TEST_F(Tree, a_handle_of_a_removed_node_is_nothing_for_ever) {
+TEST_F(Tree, AHandleOfARemovedNodeIsNothingForEver) {
     const TreeNode parent = add(root, QStringLiteral("<1>1")), child = add(parent, QStringLiteral("<1>2"));
     tree.Nodes.Remove(parent);
     EXPECT_TRUE(child.IsNothing());
@@ -113,7 +113,7 @@ TEST_F(Tree, a_handle_of_a_removed_node_is_nothing_for_ever) {
     EXPECT_TRUE(root.IsNothing()) << "a new tree reuses the place of the old root";
 }
 
-TEST_F(Tree, selection_goes_to_next_then_previous_then_parent_when_its_node_goes) {
+TEST_F(Tree, SelectionGoesToNextThenPreviousThenParentWhenItsNodeGoes) {
     const TreeNode parent = add(root, QStringLiteral("<1>1"));
     const TreeNode a = add(parent, QStringLiteral("<1>2")), b = add(parent, QStringLiteral("<1>3")),
                    c = add(parent, QStringLiteral("<1>4"));
@@ -135,7 +135,7 @@ TEST_F(Tree, selection_goes_to_next_then_previous_then_parent_when_its_node_goes
     EXPECT_TRUE(told[4].IsNothing());
 }
 
-TEST_F(Tree, each_change_is_announced_once_and_a_setter_that_changes_nothing_is_silent) {
+TEST_F(Tree, EachChangeIsAnnouncedOnceAndASetterThatChangesNothingIsSilent) {
     QStringList log;
     auto name = [](TreeNode node) { return node ? node.Key() : QStringLiteral("-"); };
     auto rows = [&](const char* what) {
@@ -196,7 +196,7 @@ TEST_F(Tree, each_change_is_announced_once_and_a_setter_that_changes_nothing_is_
     expect({QStringLiteral("reset"), QStringLiteral("done")});
 }
 
-TEST_F(Tree, a_text_made_of_the_tag_is_cut_behind_the_length_only) {
+TEST_F(Tree, ATextMadeOfTheTagIsCutBehindTheLengthOnly) {
     TreeNode node = add(root, QStringLiteral("<3>1"));
     node.SetTag(QStringLiteral("Größe"));
     tree.SetTextFromTag(node, 5);
@@ -212,7 +212,7 @@ TEST_F(Tree, a_text_made_of_the_tag_is_cut_behind_the_length_only) {
         << "a text that shared the tag's storage keeps its own value";
 }
 
-TEST_F(Tree, names_that_were_interned_are_told_apart_by_number) {
+TEST_F(Tree, NamesThatWereInternedAreToldApartByNumber) {
     const TreeUpdate update(tree);
     const auto book = tree.InternText(QStringLiteral("book")),
                title = tree.InternText(QStringLiteral("title"));

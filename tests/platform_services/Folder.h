@@ -47,9 +47,9 @@ private:
 class OrdinaryUser {
 public:
     OrdinaryUser() : wasRoot_(geteuid() == 0) {
-        constexpr uid_t kNobody = 65534;
+        constexpr uid_t kOther = 65534;
         if (wasRoot_) {
-            EXPECT_EQ(seteuid(kNobody), 0);
+            EXPECT_EQ(seteuid(kOther), 0);
         }
     }
     ~OrdinaryUser() {

@@ -4,6 +4,16 @@
 #include <QString>
 #include <string>
 
+/// Empty without such an attribute.
+inline QString AttributeOf(xml::Node node, const char* name) {
+    for (int i = 0; i < node.attributeCount(); ++i) {
+        const xml::Attribute& a = node.attributes()[i];
+        if (node.ownerDocument()->name(a.nameId) == QLatin1String(name))
+            return node.ownerDocument()->view(a.value).toString();
+    }
+    return {};
+}
+
 /// A document in one line, to compare with: each node as type number, name and value, an element's attributes
 /// in parentheses and its children in brackets.
 inline QString DumpNodes(xml::Node node) {
@@ -17,7 +27,7 @@ inline QString DumpNodes(xml::Node node) {
         }
         if (node.nodeType() != xml::ELEMENT)
             out += u'\'' + node.nodeValue() + u'\'';
-        if (node.hasChildNodes())
+        if (node.firstChild())
             out += u'[' + DumpNodes(node.firstChild()) + u']';
         out += u' ';
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The menu entries that follow the situation of the active window.
-#include "core/sync/Views.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Transaction.h"
+#include "core/edit/View.h"
 #include "tests/support/TestApp.h"
 #include <gtest/gtest.h>
 
@@ -57,11 +59,6 @@ constexpr Situation kSituations[] = {
      }},
     {"text selected", [](TestApp& t) { ShowTextView(t, 6); }},
     {"text none", [](TestApp& t) { ShowTextView(t, 0); }},
-    {"table selected",
-     [](TestApp& t) {
-         ShowTableView(t);
-         t.frame().SetMenuSituation(MenuSituation::TableSelected);
-     }},
     {"table none", ShowTableView},
     {"browser view",
      [](TestApp& t) {
@@ -76,14 +73,14 @@ struct Row {
 };
 // In a document that has its root element, with nothing copied and nothing changed.
 constexpr Row kRows[] = {
-    {"mnuEditCut", "DDEEDEDEDD"},     {"mnuEditCopy", "DDEEDEDEDD"},    {"mnuEditPaste", "DDDDDDDDDD"},
-    {"mnuDelete", "DDEEEEEEDD"},      {"mnuEditName", "DEEEDDDEED"},    {"mnuEditValue", "DDEEEDDEED"},
-    {"mnuNewCNode", "DDEEEDDDDD"},    {"mnuNewNode", "DDEEEDDDDD"},     {"mnuNewAttr", "DDEEEDDDDD"},
-    {"mnuNewNodeText", "DDEEEDDDDD"}, {"mnuNewComment", "DEEEEDDDDD"},  {"mnuFindReplace", "DDDDDEEDDD"},
-    {"mnuSplitEditor", "DDDDDEEDDD"}, {"mnuWinSplit", "DDDDDEEDDD"},    {"mnuCopyAsHTML", "DDDDDDDEED"},
-    {"mnuNewCNodeP", "DDEEEDDDDD"},   {"mnuNewCommentP", "DEEEEDDDDD"}, {"mnuEditP", "DEEEDDDEED"},
-    {"mnuSelectAll", "DDDEEEEEED"},   {"mnuEditUndo", "DDDDDDDDDD"},    {"mnuMoveUP", "DEEEEEEEED"},
-    {"mnuXMLCloseTag", "DDDDDEEDDD"}, {"mnuXSD", "EDDDDDDDDD"},
+    {"mnuEditCut", "DDEEDEDDD"},     {"mnuEditCopy", "DDEEDEDDD"},    {"mnuEditPaste", "DDDDDDDDD"},
+    {"mnuDelete", "DDEEEEEDD"},      {"mnuEditName", "DEEEDDDED"},    {"mnuEditValue", "DDEEEDDED"},
+    {"mnuNewCNode", "DDEEEDDDD"},    {"mnuNewNode", "DDEEEDDDD"},     {"mnuNewAttr", "DDEEEDDDD"},
+    {"mnuNewNodeText", "DDEEEDDDD"}, {"mnuNewComment", "DEEEEDDDD"},  {"mnuFindReplace", "DDDDDEEDD"},
+    {"mnuSplitEditor", "DDDDDEEDD"}, {"mnuWinSplit", "DDDDDEEDD"},    {"mnuCopyAsHTML", "DDDDDDDED"},
+    {"mnuNewCNodeP", "DDEEEDDDD"},   {"mnuNewCommentP", "DEEEEDDDD"}, {"mnuEditP", "DEEEDDDED"},
+    {"mnuSelectAll", "DDDEEEEED"},   {"mnuEditUndo", "DDDDDDDDD"},    {"mnuMoveUP", "DEEEEEEED"},
+    {"mnuXMLCloseTag", "DDDDDEEDD"}, {"mnuXSD", "EDDDDDDDD"},
 };
 
 char Letter(TestApp& t, const char* entry) {
@@ -210,15 +207,6 @@ TEST(MenuMatrix, FollowsEachCommand) {
     w.tvXML.SetSelectedItem(w.tvXML.Nodes(1));
     w.tvXML.KeyUp(Qt::Key_Up, 0);
     EXPECT_EQ(Letter(t, "mnuEditCut"), 'D') << "the arrow keys went to the tree root";
-}
-
-TEST(MenuMatrix, ASituationShowsContextEntriesThatWereHidden) {
-    TestApp t;
-    SelectNode(t);
-    controls::MenuItem& entry = t.frame().Menu(QStringLiteral("mnuNewAttrP"));
-    entry.SetVisible(false);
-    t.ClickNode(Pen(t.window()));
-    EXPECT_TRUE(entry.Visible());
 }
 
 // The view in use says which commands there are, also where no click or key has told of it again.

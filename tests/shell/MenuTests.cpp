@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The menu tree, and which entries and buttons can be chosen when.
-#include "core/sync/Views.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Transaction.h"
+#include "core/edit/View.h"
 #include "tests/support/TestApp.h"
 #include <QSet>
 #include <gtest/gtest.h>
@@ -172,7 +174,7 @@ TEST(Menus, AViewIsShownOnlyWhereTheWindowHasIt) {
     t.frame().Menu(QStringLiteral("mnuViewCompact")).Click(); // an XML window has no compact view
     EXPECT_EQ(t.window().tbsXML.SelectedKey(), QStringLiteral("textview"));
     t.ChooseMenu(QStringLiteral("mnuViewList"));
-    EXPECT_EQ(t.window().miCurrentView, kViewList);
+    EXPECT_EQ(edit::miCurrentView(t.window()), edit::kViewList);
 }
 
 TEST(Toolbars, UpOneLevelGoesToTheParentAndStopsAtTheRoot) {
@@ -184,7 +186,7 @@ TEST(Toolbars, UpOneLevelGoesToTheParentAndStopsAtTheRoot) {
         t.PressButton(QStringLiteral("tbListEdit"), QStringLiteral("uponelevel"));
         EXPECT_EQ(w.tvXML.SelectedItem(), parent);
     }
-    DoMenu(t.window());
+    edit::DoTree(t.window());
     EXPECT_FALSE(
         t.frame().ToolbarByName(QStringLiteral("tbListEdit")).Button(QStringLiteral("uponelevel")).Usable());
 }

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The options dialog: what it shows, what Apply stores and takes over, and what a restart makes of it.
-#include "core/model/ColourStrings.h"
 #include "shell/frmOptions.h"
 #include "tests/support/TestApp.h"
+#include "textview/ColourStrings.h"
+#include "textview/TextState.h"
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -130,8 +131,8 @@ TEST(OptionsDialog, ApplyStoresAFirstPageAlwaysAndTheLookOnlyWhenItDiffers) {
     TestApp t;
     InDialog(t, [](frmOptions& form) { form.cmdApply.Click(); });
     EXPECT_EQ(t.folder.Read(QStringLiteral("settings.ini")),
-              "[AppInternal]\nDebug=0\nEncoding=UTF-8\nTreeNodeTextShowLength=64\nTreeToolTipShowLength=0\n"
-              "Steps=16\n");
+              "[AppInternal]\nDebug=0\nEncoding=UTF-8\nSteps=16\nTreeNodeTextShowLength=64\n"
+              "TreeToolTipShowLength=0\n");
     InDialog(t, [](frmOptions& form) {
         form.txtFontName.UserTyped(QStringLiteral("Hack"));
         form.cmbSize.UserTyped(QStringLiteral("11"));
@@ -141,9 +142,10 @@ TEST(OptionsDialog, ApplyStoresAFirstPageAlwaysAndTheLookOnlyWhenItDiffers) {
         form.txtComment.SetForeColor(1);
         form.cmdApply.Click();
     });
-    EXPECT_TRUE(t.folder.Read(QStringLiteral("settings.ini"))
-                    .endsWith("Steps=16\nTextSize=11\nCommentColor=1\nSlashColor=2\nGLColor=3\nEqualColor=4\n"
-                              "TextName=Hack\n"));
+    EXPECT_EQ(
+        t.folder.Read(QStringLiteral("settings.ini")),
+        "[AppInternal]\nCommentColor=1\nDebug=0\nEncoding=UTF-8\nEqualColor=4\nGLColor=3\nSlashColor=2\n"
+        "Steps=16\nTextName=Hack\nTextSize=11\nTreeNodeTextShowLength=64\nTreeToolTipShowLength=0\n");
 }
 
 TEST(OptionsDialog, NumbersAreTakenUncheckedAndTheNextStartMendsThem) {
@@ -226,7 +228,7 @@ TEST(OptionsDialog, TheActiveWindowTakesTheFontAtOnceWithCaretAndHistoryAsTheyWe
     active.tbsXML.Select(QStringLiteral("textview"));
     active.rtxtXML.UserSelected(5, 3);
     active.rtxtXML2.UserSelected(1, 0);
-    const auto steps = active.undoStack.size();
+    const auto steps = textview::StateOf(active).undoStack.size();
     InDialog(t, [](frmOptions& form) {
         form.txtFontName.UserTyped(QStringLiteral("Hack"));
         form.cmbSize.UserTyped(QStringLiteral("18"));
@@ -241,9 +243,9 @@ TEST(OptionsDialog, TheActiveWindowTakesTheFontAtOnceWithCaretAndHistoryAsTheyWe
     EXPECT_EQ(active.rtxtXML.SelStart(), 5);
     EXPECT_EQ(active.rtxtXML.SelLength(), 3);
     EXPECT_EQ(active.rtxtXML2.SelStart(), 1);
-    EXPECT_EQ(active.undoStack.size(), steps);
-    EXPECT_FALSE(active.bTextChanged);
-    EXPECT_FALSE(active.bControlChange);
+    EXPECT_EQ(textview::StateOf(active).undoStack.size(), steps);
+    EXPECT_FALSE(active.bond.bTextChanged());
+    EXPECT_FALSE(textview::StateOf(active).bControlChange);
 }
 
 TEST(OptionsDialog, AFileThatCanNotBeWrittenIsToldOfOnceAndTheValuesHoldForTheRun) {
@@ -264,7 +266,7 @@ TEST(OptionsDialog, AFileThatCanNotBeWrittenIsToldOfOnceAndTheValuesHoldForTheRu
     EXPECT_EQ(t.folder.Read(QStringLiteral("settings.ini")), "[AppInternal]\nDebug=0\n");
 }
 
-TEST(SettingsFile, ADamagedOneGivesTheDefaultsAndKeepsWhatItHolds) {
+TEST(SettingsFile, ADamagedOneGivesTheDefaultsAndIsWrittenAnew) {
     QByteArray noise("\0\xFF\xFE[AppInternal", 15);
     for (int i = 0; i < 3000; ++i)
         noise += static_cast<char>(i * i >> 3);
@@ -282,19 +284,18 @@ TEST(SettingsFile, ADamagedOneGivesTheDefaultsAndKeepsWhatItHolds) {
         EXPECT_EQ(options.TextName, QStringLiteral("Courier New"));
         EXPECT_EQ(options.GLColor, 0xFF0000u);
         InDialog(t, [](frmOptions& form) { form.cmdOK.Click(); });
-        EXPECT_TRUE(t.folder.Read(QStringLiteral("settings.ini")).startsWith(content.left(20)));
         t.Restart();
         EXPECT_EQ(Stored(t, "Steps"), QStringLiteral("16"));
     }
 }
 
 TEST(ColourStrings, AreMadeFromSixHexadecimalDigitsOrTheEndsOfMore) {
-    EXPECT_EQ(ColorToRTFString(0xFF0000), QStringLiteral("\\red0\\green0\\blue255"));
-    EXPECT_EQ(ColorToRTFString(0), QStringLiteral("\\red0\\green0\\blue0"));
-    EXPECT_EQ(ColorToRTFString(0xA), QStringLiteral("\\red10\\green0\\blue0"));
-    EXPECT_EQ(ColorToRTFString(0x0102), QStringLiteral("\\red2\\green1\\blue0"));
-    EXPECT_EQ(ColorToRTFString(0x1F200AA), QStringLiteral("\\red170\\green32\\blue31"));
-    EXPECT_EQ(ColorToRTFString(0x80112233), QStringLiteral("\\red51\\green17\\blue128"));
+    EXPECT_EQ(textview::ColorToRTFString(0xFF0000), QStringLiteral("\\red0\\green0\\blue255"));
+    EXPECT_EQ(textview::ColorToRTFString(0), QStringLiteral("\\red0\\green0\\blue0"));
+    EXPECT_EQ(textview::ColorToRTFString(0xA), QStringLiteral("\\red10\\green0\\blue0"));
+    EXPECT_EQ(textview::ColorToRTFString(0x0102), QStringLiteral("\\red2\\green1\\blue0"));
+    EXPECT_EQ(textview::ColorToRTFString(0x1F200AA), QStringLiteral("\\red170\\green32\\blue31"));
+    EXPECT_EQ(textview::ColorToRTFString(0x80112233), QStringLiteral("\\red51\\green17\\blue128"));
 }
 
 } // namespace

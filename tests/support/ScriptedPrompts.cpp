@@ -59,28 +59,9 @@ services::Answer ScriptedPrompts::MsgBox(const QString& text, Buttons buttons, s
     return buttons == Buttons::Ok ? services::Answer::Ok : fallback_;
 }
 
-QString ScriptedPrompts::NextName(const FileDialog& dialog) {
-    dialogs.push_back(dialog);
-    if (fileNames_.empty()) {
-        ADD_FAILURE() << "unexpected file dialog \"" << dialog.title.toStdString() << "\"";
-        return {};
-    }
-    const QString name = fileNames_.front();
-    fileNames_.pop_front();
-    return name;
-}
-
-QString ScriptedPrompts::OpenFileName(const QString& title, const QString& filter) {
-    return NextName({false, title, filter, {}});
-}
-
-QString ScriptedPrompts::SaveFileName(const QString& title, const QString& filter, const QString& suggested) {
-    return NextName({true, title, filter, suggested});
-}
-
 namespace {
 
-template <typename Choice> Choice Next(std::deque<Choice>& choices, const char* dialog) {
+template <typename Choice> Choice Next(std::deque<Choice>& choices, const std::string& dialog) {
     if (choices.empty()) {
         ADD_FAILURE() << "unexpected " << dialog << " dialog";
         return {};
@@ -91,6 +72,19 @@ template <typename Choice> Choice Next(std::deque<Choice>& choices, const char* 
 }
 
 } // namespace
+
+QString ScriptedPrompts::NextName(const FileDialog& dialog) {
+    dialogs.push_back(dialog);
+    return Next(fileNames_, '"' + dialog.title.toStdString() + '"');
+}
+
+QString ScriptedPrompts::OpenFileName(const QString& title, const QString& filter) {
+    return NextName({false, title, filter, {}});
+}
+
+QString ScriptedPrompts::SaveFileName(const QString& title, const QString& filter, const QString& suggested) {
+    return NextName({true, title, filter, suggested});
+}
 
 std::optional<std::uint32_t> ScriptedPrompts::ChooseColour(std::uint32_t present) {
     colourDialogs.push_back(present);

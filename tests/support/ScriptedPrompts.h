@@ -28,7 +28,7 @@ struct FileDialog {
 };
 
 /// The person before the screen: records every box and dialog and answers from queues. One that no answer was
-/// prepared for fails the test (and gets Ok, No or an empty name); so does an answer that nobody asked for.
+/// prepared for fails the test (and gets Ok, No or an empty name); so does an answer that wasn't asked for.
 class ScriptedPrompts : public services::Prompts {
 public:
     ~ScriptedPrompts() override;

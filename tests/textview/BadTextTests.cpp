@@ -2,6 +2,7 @@
 // Texts that nobody expects, through the panes: whatever they hold, nothing of them is lost.
 #include "platform/text/TextTools.h"
 #include "tests/textview/TextDesk.h"
+#include "textview/TextState.h"
 #include "textview/dialogs/frmFind.h"
 
 namespace {
@@ -43,7 +44,7 @@ TEST(AwkwardText, IsPastedUndoneAndPastedAgainInBothPanes) {
         const QString after = QString(before).insert(place, text::ToCrLf(text));
         EXPECT_TRUE(desk.Text() == after);
         EXPECT_TRUE(desk.PanesAgree());
-        EXPECT_EQ(desk.window().UndoPos, 1);
+        EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 1);
         for (int i = 0; i < 3; ++i)
             desk.Undo();
         EXPECT_TRUE(desk.Text() == before);
@@ -94,7 +95,7 @@ TEST(AwkwardText, AloneInTheViewIsKeptWhenItIsLeft) {
         EXPECT_TRUE(desk.Text() == pasted || name == QLatin1String("no line end"));
         EXPECT_TRUE(desk.PanesAgree());
         desk.Enter(desk.window().rtxtXML);
-        while (desk.window().UndoPos > 0)
+        while (textview::StateOf(desk.window()).UndoPos > 0)
             desk.Undo();
         EXPECT_TRUE(desk.Text() == QStringLiteral("<a>\r\n\t<b>one</b>\r\n</a>"));
     }
@@ -109,7 +110,7 @@ TEST(AwkwardText, KeysAtEachPlaceNeverPartALineEnd) {
          {int(Qt::Key_Tab), int(Qt::Key_Backtab), int(Qt::Key_Delete), int(Qt::Key_Backspace)}) {
         for (qsizetype place = 0; place <= text.size(); ++place) {
             for (const qsizetype length : {0, 1, 2, 7, 99}) {
-                SetRichText(desk.window(), text);
+                textview::SetRichText(desk.window(), text);
                 desk.pane().UserSelected(place, length);
                 desk.Press(key, key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
                 const QString after = desk.Text();
@@ -146,7 +147,7 @@ TEST(Find, TextsThatCannotBeFoundAreToldAndChangeNothing) {
         }
     }
     EXPECT_EQ(desk.Text(), before);
-    EXPECT_EQ(desk.window().UndoPos, 0);
+    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 0);
 }
 
 } // namespace

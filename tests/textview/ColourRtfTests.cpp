@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/model/ColourStrings.h"
 #include "platform/controls/Rtf.h"
 #include "tests/support/PrintText.h"
-#include "textview/fill/ColourRtf.h"
-#include "textview/fill/FillText.h"
+#include "textview/ColourRtf.h"
+#include "textview/ColourStrings.h"
+#include "textview/FillText.h"
 #include <QHash>
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ Options Colours() {
     options.EqualColor = kEqual;
     options.SlashColor = kSlash;
     options.CommentColor = kComment;
-    MakeRTFColorStrings(options);
+    textview::MakeRTFColorStrings(options);
     return options;
 }
 
@@ -52,7 +52,7 @@ QString Rtf(const QString& text) {
     return controls::WriteRtf(text, {}, QStringLiteral("Courier New"), 10);
 }
 QString Coloured(const char* text, int level) {
-    return ColourRTF(Rtf(QString::fromUtf8(text)), Colours(), level);
+    return textview::ColourRTF(Rtf(QString::fromUtf8(text)), Colours(), level);
 }
 Look LookAt(const char* text, int level) {
     return LookOf(Coloured(text, level));
@@ -77,7 +77,7 @@ TEST(ColourRtf, each_step_works_on_what_the_one_before_left) {
     };
     QString text = QStringLiteral("<a b=\"c\"/>");
     for (std::size_t step = 0; step < std::size(walk); ++step) {
-        RunColourStep(text, ColourSteps(0)[step]);
+        textview::RunColourStep(text, textview::ColourSteps(0)[step]);
         EXPECT_EQ(text, QString::fromUtf8(walk[step])) << "after step " << step + 1;
     }
 }
@@ -150,22 +150,23 @@ TEST(ColourRtf, colouring_again_puts_a_new_table_in_the_old_ones_place) {
     QString text;
     controls::ReadRtf(Coloured("<!--x--><a b=\"http://c\"/><!-- y -->", 0), text, runs);
     const QString again =
-        ColourRTF(controls::WriteRtf(text, runs, QStringLiteral("Courier New"), 10), Colours(), 0);
+        textview::ColourRTF(controls::WriteRtf(text, runs, QStringLiteral("Courier New"), 10), Colours(), 0);
     EXPECT_EQ(again.count(QStringLiteral("colortbl")), 1);
     EXPECT_EQ(LookOf(again), first);
 }
 
 TEST(ColourRtf, a_table_goes_with_its_line_end_and_nothing_else_does) {
     QString rtf = QStringLiteral("{\\rtf1{\\colortbl ;\\red1\\green2\\blue3;}\r\n{\\f0}\r\nx}");
-    RemoveRTFColorTable(rtf);
+    textview::RemoveRTFColorTable(rtf);
     EXPECT_EQ(rtf, QStringLiteral("{\\rtf1{\\f0}\r\nx}"));
     for (const char* other : {"{\\rtf1 x}\r\n", "{\\rtf1{\\colortbl ;\\red1;} x}"}) {
         rtf = QString::fromLatin1(other);
-        RemoveRTFColorTable(rtf);
+        textview::RemoveRTFColorTable(rtf);
         EXPECT_EQ(rtf, QString::fromLatin1(other));
     }
     // Without the anchor there is no place for a table, and the words name colours that don't exist.
-    EXPECT_EQ(LookOf(ColourRTF(QStringLiteral("{\\rtf1\\pard <a/>}"), Colours(), 0)), As("<a/>", "...."));
+    EXPECT_EQ(LookOf(textview::ColourRTF(QStringLiteral("{\\rtf1\\pard <a/>}"), Colours(), 0)),
+              As("<a/>", "...."));
 }
 
 TEST(ColourRtf, the_level_falls_with_the_length_but_not_at_the_two_open_bounds) {
@@ -175,7 +176,7 @@ TEST(ColourRtf, the_level_falls_with_the_length_but_not_at_the_two_open_bounds) 
     } cases[] = {{0, 0},      {81920, 0},  {81921, 1},  {163839, 1}, {163840, 0},
                  {163841, 2}, {409599, 2}, {409600, 0}, {409601, 3}, {100'000'000, 3}};
     for (const auto& one : cases)
-        EXPECT_EQ(GetTextSizeLevel(one.length), one.level) << one.length;
+        EXPECT_EQ(textview::GetTextSizeLevel(one.length), one.level) << one.length;
 }
 
 } // namespace

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/model/ColourStrings.h"
 #include "shell/Settings.h"
 #include "tests/support/TestApp.h"
-#include "textview/fill/Colour.h"
-#include "textview/fill/FillText.h"
+#include "textview/Colour.h"
+#include "textview/ColourStrings.h"
+#include "textview/FillText.h"
+#include "textview/TextState.h"
 #include <gtest/gtest.h>
 #include <map>
 
@@ -38,7 +39,7 @@ protected:
     std::uint32_t Pressed(DocumentWindow& window, QChar key, int level) {
         window.rtxtXML.UserSelected(1, 0);
         window.rtxtXML.SetSelColor(kOther);
-        window.miTextSizeLevel = level;
+        textview::StateOf(window).miTextSizeLevel = level;
         window.rtxtXML.KeyPress(QString(key));
         return window.rtxtXML.SelColor();
     }
@@ -56,7 +57,8 @@ TEST_F(Colouring, the_blank_that_a_comment_gains_is_no_edit) {
     DocumentWindow& window = Open("<a><!--b--></a>");
     EXPECT_TRUE(window.rtxtXML.Text().contains(QStringLiteral("<!-- b-->")));
     EXPECT_EQ(window.rtxtXML2.Text(), window.rtxtXML.Text());
-    EXPECT_FALSE(window.bTextChanged || window.bTreeChanged || window.bControlChange);
+    EXPECT_FALSE(window.bond.bTextChanged() || window.bond.bTreeChanged() ||
+                 textview::StateOf(window).bControlChange);
     window.tbsXML.Select(QStringLiteral("textview"));
     window.rtxtXML.GotFocus();
     window.rtxtXML.LostFocus();
@@ -76,7 +78,7 @@ TEST_F(Colouring, the_amount_of_colour_follows_the_length_of_the_text) {
                                                    {163840, all}, {163841, slashes}, {409599, slashes},
                                                    {409600, all}, {409601, nothing}};
     for (const auto& [length, look] : cases) {
-        SetRichText(window, start + QString(length - start.size(), u'x'));
+        textview::SetRichText(window, start + QString(length - start.size(), u'x'));
         EXPECT_EQ(Look(window.rtxtXML).left(start.size()), look) << length;
         EXPECT_EQ(Look(window.rtxtXML2).left(start.size()), look) << length;
     }
@@ -108,7 +110,7 @@ TEST_F(Colouring, a_key_press_colours_both_panes_and_none_at_the_start_of_the_te
     EXPECT_EQ(window.rtxtXML.SelLength(), 4);
     for (const RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2})
         EXPECT_EQ(Look(*pane), QStringLiteral("g.g....gs.g")) << "the old selection goes as it is";
-    EXPECT_FALSE(window.bControlChange || window.bTextChanged);
+    EXPECT_FALSE(textview::StateOf(window).bControlChange || window.bond.bTextChanged());
     window.rtxtXML2.Type(QStringLiteral("="));
     for (const RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2})
         EXPECT_EQ(Look(*pane), QStringLiteral("g.gegs.g"));
@@ -131,19 +133,19 @@ TEST_F(Colouring, a_letter_typed_into_a_comment_stays_grey_only_in_the_default_g
     };
     EXPECT_EQ(typed(), kGrey);
     app.app().options.CommentColor = kOther;
-    SetRTFColorString(app.app());
+    shell::SetRTFColorString(app.app());
     EXPECT_EQ(typed(), kBlack);
 }
 
 TEST_F(Colouring, typed_characters_keep_the_fixed_colours_until_the_next_full_pass) {
     DocumentWindow& window = Open("<a>text</a>");
     app.app().options.GLColor = kOther;
-    SetRTFColorString(app.app());
+    shell::SetRTFColorString(app.app());
     EXPECT_EQ(Look(window.rtxtXML), QStringLiteral("?.?....?s.?"));
     EXPECT_EQ(Pressed(window, u'<', 0), kBlue);
     window.rtxtXML.Type(QStringLiteral("<"));
     EXPECT_EQ(Look(window.rtxtXML).left(3), QStringLiteral("?g."));
-    SetTreeXMLColor(window);
+    textview::SetTreeXMLColor(window);
     EXPECT_EQ(Look(window.rtxtXML).left(3), QStringLiteral("??."));
 }
 
@@ -153,8 +155,8 @@ TEST_F(Colouring, a_short_selection_is_coloured_one_by_one_and_stays_selected) {
     const auto coloured = [&](const QString& text, int level) {
         box.SetText(text);
         box.SetSelLength(text.size());
-        window.miTextSizeLevel = level;
-        mXMLEdit::SetSeltextColor(app.app(), box);
+        textview::StateOf(window).miTextSizeLevel = level;
+        textview::SetSeltextColor(app.app(), box);
         EXPECT_EQ(box.SelLength(), text.size());
         EXPECT_EQ(box.SelStart(), 0);
         return Look(box);
@@ -178,7 +180,7 @@ TEST_F(Colouring, in_a_grey_selection_plain_characters_stay_grey_up_to_the_first
     RichTextBox box;
     box.SetContent({text::LongText(u"ab<cd"), {{0, kGrey}}});
     box.SetSelLength(5);
-    mXMLEdit::SetSeltextColor(app.app(), box);
+    textview::SetSeltextColor(app.app(), box);
     EXPECT_EQ(Look(box), QStringLiteral("ccg.."));
 }
 
@@ -186,7 +188,7 @@ TEST_F(Colouring, a_text_too_large_for_colours_still_takes_the_font) {
     DocumentWindow& window = Open("<a>" + QByteArray(409'600, 'x') + "</a>");
     app.app().options.TextName = QStringLiteral("Monospace");
     app.app().options.GLColor = kOther;
-    SetRTFColorString(app.app());
+    shell::SetRTFColorString(app.app());
     for (const RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2}) {
         EXPECT_TRUE(pane->Runs().empty());
         EXPECT_EQ(pane->FontName(), QStringLiteral("Monospace"));

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The find dialog on the text in use.
 #include "tests/textview/TextDesk.h"
+#include "textview/FindSlot.h"
 #include "textview/FindText.h"
 #include "textview/ReplaceHits.h"
+#include "textview/TextState.h"
 #include "textview/dialogs/frmFind.h"
 
 namespace {
@@ -89,23 +91,23 @@ TEST(Find, WithoutHighlightMovesTheCaretAlone) {
 // Whole words are looked for block by block: none is missed at a border, and refused ones hold nothing up.
 TEST(Find, WholeWordsAreFoundWhereverTheyStandInALargeText) {
     const QString word = QStringLiteral("ab"), refused = QStringLiteral("xab").repeated(30'000);
-    FindOptions options;
+    textview::FindOptions options;
     options.wholeWord = true;
     controls::RichTextBox box;
     for (qsizetype before = 65'530; before < 65'545; ++before) {
         const QString text = refused.left(before) + QStringLiteral("-AB-");
         box.SetText(text + refused);
-        EXPECT_EQ(SearchDown(box, word, 0, options), before + 1);
-        EXPECT_EQ(SearchDown(box, word, before + 2, options), -1);
-        EXPECT_EQ(HitsDown(box, word, 0, {}, options), std::vector{before + 1});
+        EXPECT_EQ(textview::SearchDown(box, word, 0, options), before + 1);
+        EXPECT_EQ(textview::SearchDown(box, word, before + 2, options), -1);
+        EXPECT_EQ(textview::HitsDown(box, word, 0, {}, options), std::vector{before + 1});
         box.SetText(QStringLiteral("-AB-") + refused.right(before));
-        EXPECT_EQ(SearchUp(box, word, box.Long().size(), options), 1);
-        EXPECT_EQ(SearchUp(box, word, 2, options), -1);
-        EXPECT_EQ(HitsUp(box, word, box.Long().size(), {}, options), std::vector{qsizetype(1)});
+        EXPECT_EQ(textview::SearchUp(box, word, box.Long().size(), options), 1);
+        EXPECT_EQ(textview::SearchUp(box, word, 2, options), -1);
+        EXPECT_EQ(textview::HitsUp(box, word, box.Long().size(), {}, options), std::vector{qsizetype(1)});
     }
     box.SetText(QStringLiteral("ab ").repeated(50'000) + word);
-    EXPECT_EQ(HitsDown(box, word, 0, {}, options).size(), 50'001U);
-    EXPECT_EQ(HitsUp(box, word, box.Long().size(), {}, options).size(), 50'001U);
+    EXPECT_EQ(textview::HitsDown(box, word, 0, {}, options).size(), 50'001U);
+    EXPECT_EQ(textview::HitsUp(box, word, box.Long().size(), {}, options).size(), 50'001U);
 }
 
 TEST(Find, AnEmptyTextIsNotLookedFor) {
@@ -114,7 +116,7 @@ TEST(Find, AnEmptyTextIsNotLookedFor) {
     desk.form().cmdFind.Click();
     desk.form().cmdReplaceAll.Click();
     EXPECT_TRUE(desk.app.prompts.boxes.empty());
-    EXPECT_EQ(desk.window().UndoPos, 0);
+    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 0);
 }
 
 TEST(Replace, FindsFirstThenReplacesTheSelectedHitAndGoesOnBehindIt) {
@@ -122,7 +124,7 @@ TEST(Replace, FindsFirstThenReplacesTheSelectedHitAndGoesOnBehindIt) {
     desk.Look(QStringLiteral("ab"), QStringLiteral("abab"));
     desk.form().cmdReplace.Click();
     EXPECT_EQ(desk.Selection(), QStringLiteral("3+2"));
-    EXPECT_EQ(desk.window().UndoPos, 0);
+    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 0);
     desk.form().cmdReplace.Click();
     EXPECT_EQ(desk.Text(), QStringLiteral("<a>abab abc 1ab AB ab</a>"));
     EXPECT_EQ(desk.Selection(), QStringLiteral("3+4"));
@@ -161,7 +163,7 @@ TEST(ReplaceAll, ReplacesEachHitAsAStepAndAlwaysEnds) {
         desk.form().cmdReplaceAll.Click();
         EXPECT_EQ(desk.Text(), one.after);
         EXPECT_EQ(desk.app.prompts.Texts(), QStringList{kReached});
-        EXPECT_EQ(desk.window().UndoPos, one.steps);
+        EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, one.steps);
         EXPECT_TRUE(desk.PanesAgree());
         for (int i = 0; i < one.steps; ++i)
             desk.Undo();
@@ -183,9 +185,10 @@ TEST(ReplaceAll, IsWhatReplacingOneByOneComesTo) {
     while (single.app.prompts.boxes.empty())
         single.form().cmdReplace.Click();
     EXPECT_EQ(all.Text(), single.Text());
-    ASSERT_EQ(all.window().UndoPos, single.window().UndoPos);
-    for (std::size_t i = 0; i < all.window().undoStack.size(); ++i) {
-        const UndoRecord &a = all.window().undoStack[i], &b = single.window().undoStack[i];
+    ASSERT_EQ(textview::StateOf(all.window()).UndoPos, textview::StateOf(single.window()).UndoPos);
+    for (std::size_t i = 0; i < textview::StateOf(all.window()).undoStack.size(); ++i) {
+        const textview::UndoRecord &a = textview::StateOf(all.window()).undoStack[i],
+                                   &b = textview::StateOf(single.window()).undoStack[i];
         EXPECT_EQ(a.DelPos, b.DelPos);
         EXPECT_EQ(a.DelText, b.DelText);
         EXPECT_EQ(a.InsPos, b.InsPos);
@@ -215,7 +218,7 @@ TEST(Replace, WhatGoesInHasItsColoursOneByOneAndAllAtOnce) {
             const std::vector<std::uint32_t> once = Colours(all.pane());
             EXPECT_EQ(once, Colours(single.pane()));
             EXPECT_EQ(once, Colours(all.window().rtxtXML2));
-            for (int i = 0, steps = all.window().UndoPos; i < 2 * steps; ++i)
+            for (int i = 0, steps = textview::StateOf(all.window()).UndoPos; i < 2 * steps; ++i)
                 i < steps ? all.Undo() : all.Redo();
             EXPECT_EQ(once, Colours(all.pane()));
             if (replacement.startsWith(u'<')) {
@@ -240,12 +243,12 @@ TEST(ReplaceAll, LeavesThePlaceOfTheOtherPane) {
 // At the end of the text the search begins again at its start: what is taken away there ends it, too.
 TEST(ReplaceAll, BeginsAgainAtTheStartWhenTheTextsEndIsTakenAway) {
     FindDesk desk;
-    SetRichText(desk.window(), QStringLiteral("x-1-2-x"));
+    textview::SetRichText(desk.window(), QStringLiteral("x-1-2-x"));
     desk.Select(3);
     desk.Look(QStringLiteral("x"));
     desk.form().cmdReplaceAll.Click();
     EXPECT_EQ(desk.Text(), QStringLiteral("-1-2-"));
-    EXPECT_EQ(desk.window().UndoPos, 2);
+    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 2);
 }
 
 TEST(FindHistory, KeepsTheNewestFirstAndEachOnceForTheRun) {
@@ -275,7 +278,6 @@ TEST(Find, BringsTheTextToTheFrontWithWhatTheTreeHasNew) {
         desk.Look(QStringLiteral("two"), QStringLiteral("three"));
         desk.window().tbsXML.Select(QStringLiteral("listview"));
         desk.window().tvXML.Nodes(1).Child().Child().Child().SetTag(QStringLiteral("two"));
-        desk.window().bTreeChanged = true;
         (all ? desk.form().cmdReplaceAll : desk.form().cmdFind).Click();
         EXPECT_EQ(desk.window().tbsXML.SelectedKey(), QStringLiteral("textview"));
         EXPECT_EQ(desk.pane().SelText(), all ? QStringLiteral("three") : QStringLiteral("two"));
@@ -313,10 +315,10 @@ TEST(Find, FollowsThePaneAndTheDocumentInUseAndOutlivesThem) {
     desk.window().tbsXML.Select(QStringLiteral("textview"));
     desk.form().cmdFind.Click();
     EXPECT_EQ(desk.window().rtxtXML.SelText(), QStringLiteral("ab"));
-    desk.app.frame().mnuCloseAll_Click();
+    desk.app.frame().RunMenuCommand(QStringLiteral("mnuCloseAll"));
     desk.form().cmdFind.Click();
     desk.form().cmdReplaceAll.Click();
-    EXPECT_EQ(desk.app.app().findTarget, nullptr);
+    EXPECT_EQ(textview::Finding(desk.app.app()).findTarget, nullptr);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // Tab and the keys with Ctrl, and the caret's place in the status bar.
 #include "tests/textview/TextDesk.h"
 #include "textview/Indent.h"
+#include "textview/TextState.h"
 
 namespace {
 
@@ -65,7 +66,7 @@ TEST(TabKey, IndentsTheLinesOfASelectionKeepsThemSelectedAndIsOneStep) {
 TEST(TabKey, ShiftAndTabTakesTheLinesTabAndChangesNothingWhereThereIsNone) {
     TextDesk desk("<a>\n\t<b>one</b>\n<c>\ttwo</c>\n</a>");
     desk.app.prompts.AllowAnyBox();
-    SetRichText(desk.window(), QStringLiteral("<a>\r\n\t<b>one</b>\r\n<c>\ttwo</c>\r\n</a>"));
+    textview::SetRichText(desk.window(), QStringLiteral("<a>\r\n\t<b>one</b>\r\n<c>\ttwo</c>\r\n</a>"));
     const QString before = desk.Text();
     for (const char* place : {"<a>", "<c>\t", "two</c>", "</a>"}) {
         desk.CaretBehind(QLatin1String(place));
@@ -75,7 +76,7 @@ TEST(TabKey, ShiftAndTabTakesTheLinesTabAndChangesNothingWhereThereIsNone) {
     desk.SelectLines(QStringLiteral("<c>"), QStringLiteral("</a>"));
     desk.Press(Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_EQ(desk.Text(), before);
-    EXPECT_EQ(desk.window().UndoPos, 0);
+    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 0);
 
     desk.CaretBehind(QStringLiteral("one"));
     desk.Press(Qt::Key_Tab, Qt::ShiftModifier);
@@ -128,23 +129,6 @@ TEST(CaretPanel, ShowsLineAndColumnFromOne) {
     desk.pane().charFromPos = [](double x, double) { return static_cast<qsizetype>(x / 15); };
     desk.pane().DragOver(45, 30);
     EXPECT_EQ(panel(), QStringLiteral("Ln 1 , Col 4"));
-}
-
-TEST(CaretPanel, LineAndColumnAreThoseOfTheTextsLinesAtEveryPlace) {
-    TextDesk desk;
-    controls::RichTextBox box;
-    for (const char* text : {"", "a", "\r\n", "\r\n\r\na\r\n", "<a>\r\n\t<b>\r\n\r\n</a>"}) {
-        box.SetText(QLatin1String(text));
-        for (qsizetype place = 0; place <= box.Long().size(); ++place) {
-            if (box.Long().at(place) == u'\n')
-                continue; // nobody stands inside a line's end
-            box.SetSelStart(place);
-            qsizetype line = 0, column = 0;
-            GetLineColumn(box, line, column);
-            EXPECT_EQ(line, box.CaretPlace().line) << text << place;
-            EXPECT_EQ(column, box.CaretPlace().column) << text << place;
-        }
-    }
 }
 
 TEST(CaretLink, ArrowsOverATagsBorderSelectTheNodeAndClicksDo) {

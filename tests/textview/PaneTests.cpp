@@ -2,6 +2,7 @@
 // Two panes on one text: which one is in use, what menus and path box show, and the colours of what comes in.
 #include "shell/Settings.h"
 #include "tests/textview/TextDesk.h"
+#include "textview/TextState.h"
 
 namespace {
 
@@ -97,7 +98,7 @@ TEST(PaneInUse, TakesTheClipboardsCommandsByKeyMenuAndToolbar) {
             way.paste(desk);
             EXPECT_EQ(desk.Text(), QStringLiteral("<a>\r\n\t<b>b>one</b>\r\n</a>"));
             EXPECT_TRUE(desk.PanesAgree());
-            EXPECT_EQ(desk.window().UndoPos, 3);
+            EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 3);
         }
     }
 }
@@ -176,7 +177,7 @@ TEST(Indent, KeepsTheColoursOfTheLinesInBothPanes) {
         document += "\n\t<item>number " + QByteArray::number(i) + "</item>";
     TextDesk desk(document + "\n</list>");
     desk.app.app().options.GLColor = kOther;
-    SetRTFColorString(desk.app.app());
+    shell::SetRTFColorString(desk.app.app());
     const std::vector<controls::ColourRun> before = desk.pane().Runs();
     const auto coloured = [&](const char* moment) {
         SCOPED_TRACE(moment);

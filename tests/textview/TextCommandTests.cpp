@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Close tag, entities, validation, both panes.
 #include "tests/textview/TextDesk.h"
+#include "textview/CloseTag.h"
 #include "textview/TextCommands.h"
+#include "textview/TextState.h"
 
 namespace {
 
@@ -20,23 +22,23 @@ TEST(CloseTag, KnowsTheElementThatTheCaretStandsIn) {
         {"<a><b/><c></c>|", "</a>"},
         {"<a><p:b x=\"1>2\"\ty='/>'>t|</a>", "</p:b>"},
         {"<?xml version=\"1.0\"?><a><!-- <c> -->|", "</a>"},
-        {"<a><![CDATA[<x>]]>|", "</a>"},
+        {"<a><![CDATA[a > <b>]]>|", "</a>"},
         {"<a><b\r\nx='1'|", "</b>"},
     };
     TextDesk desk;
     for (const auto& [document, tag] : cases) {
         QString text = QLatin1String(document);
         const qsizetype caret = text.indexOf(u'|');
-        SetRichText(desk.window(), text.remove(caret, 1));
+        textview::SetRichText(desk.window(), text.remove(caret, 1));
         desk.Select(caret);
-        EXPECT_EQ(GetCloseTag(desk.window()), QLatin1String(tag)) << document;
+        EXPECT_EQ(textview::GetCloseTag(desk.window()), QLatin1String(tag)) << document;
     }
 }
 
 TEST(CloseTag, PutsTheEndTagInKeepsTheCaretAndTheTreeFollows) {
     TextDesk desk("<a>\n\t<b>one</b>\n\t<c>two</c>\n</a>");
     const QString open = QStringLiteral("<a>\r\n\t<b>one</b>\r\n\t<c>two\r\n</a>");
-    SetRichText(desk.window(), open);
+    textview::SetRichText(desk.window(), open);
     desk.CaretBehind(QStringLiteral("two"));
     const QString caret = desk.Selection();
     desk.app.PressButton(QStringLiteral("tbTextEdit"), QStringLiteral("closetag"));
@@ -56,7 +58,7 @@ TEST(CloseTag, TellsWhyThereIsNone) {
         desk.app.prompts.AllowAnyBox();
         QString given = QString::fromLatin1(text);
         const qsizetype caret = given.indexOf(u'|');
-        SetRichText(desk.window(), given.remove(caret, 1));
+        textview::SetRichText(desk.window(), given.remove(caret, 1));
         desk.Select(caret);
         desk.app.ChooseMenu(QStringLiteral("mnuXMLCloseTag"));
         EXPECT_EQ(desk.Text(), given);
@@ -78,7 +80,7 @@ TEST(CloseTag, AsksWhenTheTextIsWrongThenAndTakesTheTagAwayOnNo) {
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         TextDesk desk;
         const QString wrong = QStringLiteral("<a><b>one<c></b></a>");
-        SetRichText(desk.window(), wrong);
+        textview::SetRichText(desk.window(), wrong);
         desk.CaretBehind(QStringLiteral("<a>"));
         desk.app.prompts.Answer(answer);
         if (answer == Answer::Yes)
@@ -112,14 +114,14 @@ TEST(Entities, GoInAtTheCaretOfTheEditorThatShows) {
     }
     EXPECT_TRUE(desk.Text().contains(QStringLiteral("<b>%1</b>").arg(inserted)));
     EXPECT_TRUE(desk.PanesAgree());
-    EXPECT_EQ(desk.window().UndoPos, 5);
+    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 5);
 
     desk.window().tbsXML.Select(QStringLiteral("listview"));
     desk.window().txtListView.SetVisible(true);
     desk.window().txtListView.SetText(QStringLiteral("ab"));
     desk.window().txtListView.Select(1, 0);
     const QString text = desk.Text();
-    InsertString(desk.window(), QStringLiteral("&amp;"));
+    textview::InsertString(desk.window(), QStringLiteral("&amp;"));
     EXPECT_EQ(desk.window().txtListView.Text(), QStringLiteral("a&amp;b"));
     EXPECT_EQ(desk.Text(), text);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "tests/support/TestApp.h"
-#include "textview/fill/FillText.h"
+#include "textview/FillText.h"
 #include <gtest/gtest.h>
 
 namespace test {

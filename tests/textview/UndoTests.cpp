@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The history of the text, through the events of the panes.
-#include "core/sync/Views.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Transaction.h"
+#include "core/edit/View.h"
 #include "tests/textview/TextDesk.h"
+#include "textview/TextState.h"
 #include "textview/Undo.h"
 #include <random>
 
@@ -13,10 +16,11 @@ const QString kText = QStringLiteral("<a>\r\n\t<b>one</b>\r\n</a>");
 
 /// What the last step took away and put in, as "3-abc 3+x".
 QString LastStep(TextDesk& desk) {
-    const DocumentWindow& window = desk.window();
-    if (window.UndoPos == 0)
+    DocumentWindow& window = desk.window();
+    if (textview::StateOf(window).UndoPos == 0)
         return QStringLiteral("none");
-    const UndoRecord& record = window.undoStack.at(static_cast<std::size_t>(window.UndoPos) - 1);
+    const textview::UndoRecord& record = textview::StateOf(window).undoStack.at(
+        static_cast<std::size_t>(textview::StateOf(window).UndoPos) - 1);
     return record.WholeText ? QStringLiteral("whole")
                             : QStringLiteral("%1-%2 %3+%4")
                                   .arg(record.DelPos)
@@ -84,7 +88,7 @@ TEST(Undo, DeleteAtTheEndOfTheTextIsNoStep) {
     TextDesk desk;
     desk.Select(desk.Text().size());
     desk.Press(Qt::Key_Delete);
-    EXPECT_EQ(desk.window().UndoPos, 0);
+    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 0);
     EXPECT_EQ(desk.Text(), kText);
 }
 
@@ -98,7 +102,7 @@ TEST(Undo, ANewEditEndsWhatCouldBeRedone) {
     desk.CaretBehind(QStringLiteral("one"));
     desk.Type(QStringLiteral("z"));
     EXPECT_EQ(desk.Steps(), QStringLiteral("u"));
-    EXPECT_EQ(desk.window().undoStack.size(), 2u);
+    EXPECT_EQ(textview::StateOf(desk.window()).undoStack.size(), 2u);
     desk.Redo();
     EXPECT_TRUE(desk.Text().contains(QStringLiteral("onez")));
     desk.Undo();
@@ -113,21 +117,20 @@ TEST(Undo, TypedStepsAreAllKeptAndTreeChangesUpToOneMoreThanTheLimit) {
     desk.app.app().options.Steps = 4;
     desk.CaretBehind(QStringLiteral("one"));
     desk.Type(QStringLiteral("0123456789"));
-    EXPECT_EQ(desk.window().UndoPos, 10);
+    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 10);
     for (int i = 0; i < 10; ++i)
         desk.Undo();
     EXPECT_EQ(desk.Text(), kText);
 
     const auto changeTree = [&](int number) {
         desk.window().tvXML.Nodes(1).Child().Child().Child().SetTag(QString::number(number));
-        desk.window().bTreeChanged = true;
         desk.window().tvXML.LostFocus();
     };
     for (int i = 1; i <= 5; ++i)
         changeTree(i);
-    EXPECT_EQ(desk.window().undoStack.size(), 5u);
+    EXPECT_EQ(textview::StateOf(desk.window()).undoStack.size(), 5u);
     changeTree(6);
-    EXPECT_EQ(desk.window().undoStack.size(), 5u);
+    EXPECT_EQ(textview::StateOf(desk.window()).undoStack.size(), 5u);
     for (int i = 0; i < 8; ++i)
         desk.Undo();
     EXPECT_TRUE(desk.Text().contains(QStringLiteral("<b>1</b>"))) << "the oldest step is lost, no other one";
@@ -136,7 +139,6 @@ TEST(Undo, TypedStepsAreAllKeptAndTreeChangesUpToOneMoreThanTheLimit) {
 TEST(Undo, WithoutAStepTheChangedTreeStillReachesTheText) {
     TextDesk desk;
     desk.window().tvXML.Nodes(1).Child().Child().Child().SetTag(QStringLiteral("two"));
-    desk.window().bTreeChanged = true;
     desk.Undo();
     EXPECT_EQ(desk.Text(), kText) << "brought into the text as a step, and that one taken back";
     desk.Redo();
@@ -155,7 +157,7 @@ TEST(Undo, ATextInAFormOfItsOwnGoesBackToTheFirstStep) {
     for (int i = 0; i < 4; ++i)
         desk.Undo();
     EXPECT_EQ(desk.Text(), kText);
-    EXPECT_EQ(desk.window().UndoPos, 0);
+    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 0);
     while (desk.Steps().contains(u'r'))
         desk.Redo();
     EXPECT_EQ(desk.Text(), tidy);
@@ -166,7 +168,7 @@ TEST(Undo, KeepsSelectionsAndTheCurrentNodeAndTellsABadTextQuietly) {
     desk.CaretBehind(QStringLiteral("<c>"));
     desk.Type(QStringLiteral("x<"));
     desk.window().tvXML.SetSelectedItem(desk.window().tvXML.Nodes(1).Child().Child().Next());
-    ShowNodePath(desk.window(), desk.app.frame().StatusBar1());
+    edit::ShowNodePath(desk.window(), desk.app.frame().StatusBar1());
     desk.Undo();
     EXPECT_EQ(desk.window().tvXML.SelectedItem().Text(), QStringLiteral("c"));
     desk.Select(3, 4);
@@ -197,7 +199,7 @@ TEST(Undo, NeverTakesOtherTextAway) {
     desk.CaretBehind(QStringLiteral("one"));
     desk.Type(QStringLiteral("x"));
     const QString other = QStringLiteral("<a>\r\n\t<c>1234567890</c>\r\n</a>");
-    SetRichText(desk.window(), other);
+    textview::SetRichText(desk.window(), other);
     desk.Undo();
     EXPECT_EQ(desk.Text(), other);
     desk.Redo();
@@ -250,7 +252,8 @@ TEST(Undo, ARandomWalkGoesBackToTheFirstTextAndAgainToTheLast) {
     TextDesk desk;
     Walk walk(desk, 7);
     const auto stepsLeft = [&] {
-        return desk.window().UndoPos < static_cast<int>(desk.window().undoStack.size());
+        return textview::StateOf(desk.window()).UndoPos <
+               static_cast<int>(textview::StateOf(desk.window()).undoStack.size());
     };
     for (int i = 0; i < 2000; ++i) {
         walk.Step();
@@ -259,7 +262,7 @@ TEST(Undo, ARandomWalkGoesBackToTheFirstTextAndAgainToTheLast) {
     while (stepsLeft())
         desk.Redo();
     const QString last = desk.Text();
-    while (desk.window().UndoPos > 0)
+    while (textview::StateOf(desk.window()).UndoPos > 0)
         desk.Undo();
     EXPECT_EQ(desk.Text(), kText);
     EXPECT_TRUE(desk.PanesAgree());

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/dialogs/frmFind.h"
-#include "core/model/DocumentWindow.h"
+#include "core/edit/Guard.h"
+#include "core/edit/View.h"
 #include "core/model/Frame.h"
+#include "textview/FillText.h"
 #include "textview/ReplaceHits.h"
 #include "textview/TextCommands.h"
-#include "textview/fill/FillText.h"
 
 namespace {
 
@@ -14,8 +15,8 @@ void FillComboOrList(controls::ComboBox& combo, const QStringList& list) {
         combo.AddItem(item);
 }
 
-void FillArrayFromCombo(const controls::ComboBox& combo, QStringList& list) {
-    list = combo.Items();
+QStringList FillArrayFromCombo(const controls::ComboBox& combo) {
+    return combo.Items();
 }
 
 /// Puts the box's text at the head of its list, unless the list holds it already.
@@ -36,7 +37,7 @@ void Choose(controls::OptionButton& chosen, std::initializer_list<controls::Opti
 }
 
 bool ShowsText(const DocumentWindow* window) {
-    return window && window->tbsXML.SelectedKey() == QStringLiteral("textview");
+    return window && edit::Shows(*window, edit::kTextTab);
 }
 
 // By its tab, so that what is new in the tree comes into the text first. The search goes on where it was, and
@@ -44,12 +45,7 @@ bool ShowsText(const DocumentWindow* window) {
 bool ShowText(DocumentWindow& window) {
     const text::LongText before = window.TextInUse().Long();
     const qsizetype start = window.TextInUse().SelStart(), length = window.TextInUse().SelLength();
-    for (const auto& tab : window.tbsXML.Tabs()) {
-        if (tab.Key == QStringLiteral("textview")) {
-            window.tbsXML.Select(tab.Key);
-            break;
-        }
-    }
+    edit::ShowView(window, edit::kTextTab);
     controls::RichTextBox& pane = window.TextInUse();
     if (!(pane.Long() == before))
         return false;
@@ -60,7 +56,7 @@ bool ShowText(DocumentWindow& window) {
 
 } // namespace
 
-frmFind::frmFind(Application& app) : app_(app) {
+frmFind::frmFind(Application& app) : app_(app), slot_(textview::Finding(app)) {
     for (controls::OptionButton* option : {&optDU, &optDD, &optDA})
         option->Click.connect([this, option] { Choose(*option, {&optDU, &optDD, &optDA}); });
     optDD.SetValue(true);
@@ -81,20 +77,20 @@ void frmFind::Show() {
 }
 
 void frmFind::Form_Load() {
-    FillBox(cmbFind, app_.findHistory);
-    FillBox(cmbReplace, app_.replaceHistory);
+    FillBox(cmbFind, slot_.findHistory);
+    FillBox(cmbReplace, slot_.replaceHistory);
     loaded_ = true;
 }
 
 void frmFind::Form_Unload() {
     if (!std::exchange(loaded_, false))
         return;
-    FillArrayFromCombo(cmbFind, app_.findHistory);
-    FillArrayFromCombo(cmbReplace, app_.replaceHistory);
+    slot_.findHistory = FillArrayFromCombo(cmbFind);
+    slot_.replaceHistory = FillArrayFromCombo(cmbReplace);
     unloaded();
 }
 
-FindOptions frmFind::Options() const {
+textview::FindOptions frmFind::Options() const {
     return {chkWW.Value() == 1, chkMC.Value() == 1, chkHL.Value() == 1};
 }
 
@@ -125,33 +121,33 @@ void frmFind::Replace(controls::RichTextBox& target, const QString& replacement)
     if (target.SelLength() == 0)
         target.SetSelLength(cmbFind.Text().size());
     target.SetSelText(replacement);
-    ColourInserted(*app_.findWindow, target, at, replacement.size());
+    textview::ColourInserted(*slot_.findWindow, target, at, replacement.size());
     target.SetSelStart(at);
     target.SetSelLength(replacement.size());
     hit_ = {at, replacement.size(), false};
 }
 
-void frmFind::GeneralFindReplace(controls::RichTextBox& target, bool replacing, const QString& replacement,
-                                 qsizetype& result) {
+qsizetype frmFind::GeneralFindReplace(controls::RichTextBox& target, bool replacing,
+                                      const QString& replacement) {
     const qsizetype start = target.SelStart(), length = target.SelLength();
     const bool up = optDU.Value();
     if (!up && start == target.Long().size())
         target.SetSelStart(0);
     if (replacing && SelectsHit(target, replacement)) {
         Replace(target, replacement);
-        result = hit_.at;
-        return;
+        return hit_.at;
     }
     const QString& wanted = cmbFind.Text();
-    result = up ? FindTextRev(target, wanted, target.SelStart(), Options())
-                : FindText(target, wanted, BehindHit(target), Options());
-    if (result >= 0) {
-        hit_ = {result, wanted.size(), true};
-        return;
-    }
+    const qsizetype found = up ? textview::FindTextRev(target, wanted, target.SelStart(), Options())
+                               : textview::FindText(target, wanted, BehindHit(target), Options());
     hit_ = {};
+    if (found >= 0) {
+        hit_ = {found, wanted.size(), true};
+        return found;
+    }
     target.SetSelStart(start);
     target.SetSelLength(length);
+    return -1;
 }
 
 // --- commands ----------------------------------------------------------------------------------------------
@@ -169,9 +165,9 @@ void frmFind::TellEnd() {
 // The pane in use of the document in front is the one that is searched, also when the user went there
 // meanwhile, or to another view of it.
 bool frmFind::SeeToText() {
-    DocumentWindow* active = app_.frame ? app_.frame->ActiveForm() : nullptr;
     if (cmbFind.Text().isEmpty())
         return false;
+    DocumentWindow* active = app_.frame().ActiveForm();
     bool same = true;
     if (active && !ShowsText(active))
         same = ShowText(*active);
@@ -179,24 +175,23 @@ bool frmFind::SeeToText() {
         app_.services.prompts.Beep();
         return false;
     }
-    app_.findWindow = active;
-    const controls::RichTextBox* before = std::exchange(app_.findTarget, &active->TextInUse());
-    if (app_.findTarget != before || !same)
+    slot_.findWindow = active;
+    const controls::RichTextBox* before = std::exchange(slot_.findTarget, &active->TextInUse());
+    if (slot_.findTarget != before || !same)
         hit_ = {};
     return true;
 }
 
-void frmFind::Run(bool replacing) try {
-    if (!SeeToText())
-        return;
-    qsizetype result = -1;
-    GeneralFindReplace(*app_.findTarget, replacing, cmbReplace.Text(), result);
-    ShowSelection(*app_.findWindow);
-    ProcessLists(replacing);
-    if (result < 0)
-        TellEnd();
-} catch (const text::Fault& fault) {
-    ErrorReportBox(app_, fault, QStringLiteral("frmFind.GeneralFindReplace"));
+void frmFind::Run(bool replacing) {
+    edit::Guarded(app_, QStringLiteral("frmFind.GeneralFindReplace"), [&] {
+        if (!SeeToText())
+            return;
+        const qsizetype found = GeneralFindReplace(*slot_.findTarget, replacing, cmbReplace.Text());
+        textview::ShowSelection(*slot_.findWindow);
+        ProcessLists(replacing);
+        if (found < 0)
+            TellEnd();
+    });
 }
 
 void frmFind::cmdFind_Click() {
@@ -208,12 +203,10 @@ void frmFind::cmdReplace_Click() {
 }
 
 // What repeating cmdReplace_Click to its end would do, in one pass over the text.
-void frmFind::cmdReplaceAll_Click() try {
-    if (!SeeToText())
-        return;
+void frmFind::ReplaceAll() {
     const QString wanted = cmbFind.Text(), replacement = cmbReplace.Text();
-    controls::RichTextBox& target = *app_.findTarget;
-    const FindOptions options = Options();
+    controls::RichTextBox& target = *slot_.findTarget;
+    const textview::FindOptions options = Options();
     const bool up = optDU.Value();
     // Only a replacement by nothing at the very end of the text leaves the caret there, and then the search
     // begins again at the start; the text has become shorter, so that ends.
@@ -224,20 +217,28 @@ void frmFind::cmdReplaceAll_Click() try {
         const qsizetype from = selected ? target.SelStart() + (up ? wanted.size() : 0)
                                : up     ? target.SelStart()
                                         : BehindHit(target);
-        const std::vector<qsizetype> hits = up ? HitsUp(target, wanted, from, replacement, options)
-                                               : HitsDown(target, wanted, from, replacement, options);
+        const std::vector<qsizetype> hits =
+            up ? textview::HitsUp(target, wanted, from, replacement, options)
+               : textview::HitsDown(target, wanted, from, replacement, options);
         if (hits.empty())
             break;
-        const qsizetype last = ReplaceHits(*app_.findWindow, target, hits, wanted.size(), replacement);
+        const qsizetype last =
+            textview::ReplaceHits(*slot_.findWindow, target, hits, wanted.size(), replacement);
         hit_ = {last, replacement.size(), false};
         again = !up && replacement.isEmpty() && last == target.Long().size();
     }
     hit_ = {};
-    ShowSelection(*app_.findWindow);
-    ProcessLists(true);
-    TellEnd();
-} catch (const text::Fault& fault) {
-    ErrorReportBox(app_, fault, QStringLiteral("frmFind.cmdReplaceAll_Click"));
+}
+
+void frmFind::cmdReplaceAll_Click() {
+    edit::Guarded(app_, QStringLiteral("frmFind.cmdReplaceAll_Click"), [&] {
+        if (!SeeToText())
+            return;
+        ReplaceAll();
+        textview::ShowSelection(*slot_.findWindow);
+        ProcessLists(true);
+        TellEnd();
+    });
 }
 
 void frmFind::cmdCancel_Click() {

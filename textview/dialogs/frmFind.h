@@ -2,10 +2,11 @@
 #pragma once
 #include "core/model/Application.h"
 #include "platform/controls/Controls.h"
+#include "textview/FindSlot.h"
 #include "textview/FindText.h"
 
 /// The dialog that finds and replaces in the text pane in use of the document in front, which it keeps as
-/// Application::findTarget. Where another view shows, it brings the text to the front. It stands beside the
+/// the slot's findTarget. Where another view shows, it brings the text to the front. It stands beside the
 /// documents, which stay within reach.
 class frmFind {
 public:
@@ -22,7 +23,7 @@ public:
     controls::Event<> unloaded;
 
     bool Loaded() const { return loaded_; }
-    const controls::RichTextBox* Target() const { return app_.findTarget; }
+    const controls::RichTextBox* Target() const { return slot_.findTarget; }
     void Show();        ///< loads it if it isn't; the next search starts afresh
     void Form_Load();   ///< fills the boxes from the history
     void Form_Unload(); ///< and keeps them there
@@ -37,10 +38,8 @@ public:
     void cmbReplace_LostFocus();
 
     /// One search, or one replacement where the last hit is selected still and isn't the replacement already.
-    /// `result` is the place of the hit or the replacement, -1 when nothing was found; the selection then
-    /// stays.
-    void GeneralFindReplace(controls::RichTextBox& target, bool replacing, const QString& replacement,
-                            qsizetype& result);
+    /// The place of the hit or the replacement, -1 when nothing was found; the selection then stays.
+    qsizetype GeneralFindReplace(controls::RichTextBox& target, bool replacing, const QString& replacement);
 
 private:
     /// What was found or put in last, as long as the search goes on from there.
@@ -50,15 +49,17 @@ private:
         bool found = false; ///< found, and not put in
     };
     bool SeeToText(); ///< false when there is nothing to look for, or no text to look in
-    FindOptions Options() const;
+    textview::FindOptions Options() const;
     bool SelectsHit(const controls::RichTextBox& target, const QString& replacement) const;
     qsizetype BehindHit(const controls::RichTextBox& target) const;
     void Replace(controls::RichTextBox& target, const QString& replacement);
     void Run(bool replacing);
     void ProcessLists(bool replacing);
     void TellEnd();
+    void ReplaceAll();
 
     Application& app_;
+    textview::FindSlot& slot_;
     bool loaded_ = false;
     Hit hit_;
 };

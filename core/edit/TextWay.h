@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/model/DocumentWindow.h"
+#include "core/model/FetchedText.h"
+#include <QString>
+
+namespace edit {
+
+/// How a document's text is read and written: the one record by which the rest reaches the room that keeps
+/// the text. None of it opens an edit of its own; none of it tells of a fault but by throwing it.
+struct TextWay {
+    /// The text as it would be saved.
+    const text::LongText& (*text)(const DocumentWindow& window);
+    /// A new document's text, and the tree from it; the history begins with it.
+    void (*begin)(DocumentWindow& window, const FetchedText& fetched);
+    /// A new document without a text: the tree is there, and the text is made from it. The history begins.
+    void (*beginFromTree)(DocumentWindow& window);
+    /// An edited text into the tree. False when it doesn't parse and the user has just been told; true also
+    /// when there was nothing to do.
+    bool (*read)(DocumentWindow& window);
+    /// The text from the changed tree, as one step of the history.
+    void (*write)(DocumentWindow& window);
+    /// Another text in the place of the whole, with its tree, as one step: saving may have changed the
+    /// declaration.
+    void (*replace)(DocumentWindow& window, const QString& text);
+};
+
+} // namespace edit

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/edit/Guard.h"
+#include "core/model/DocumentWindow.h"
+#include "platform/controls/TreeRecord.h"
+#include <functional>
+
+// The one way in which nodes are changed, and in which everything else follows.
+//
+// Whatever changes nodes or the current node runs inside an edit. Edits may be nested; when the outermost one
+// ends, once and in this order:
+//   1. the text, if nodes changed: written from the tree, one step of its history;
+//   2. the view on show, and what a command does in it (Then);
+//   3. the path of the current node;
+//   4. menus and toolbars.
+// A fault inside an edit takes back what that edit did to the nodes: tree, text and history are as they were.
+namespace edit {
+
+class Transaction {
+public:
+    explicit Transaction(DocumentWindow& window);
+    ~Transaction(); ///< one that wasn't closed is taken back
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void Close();    ///< the edit's end; throws what writing the text throws, after taking the edit back
+    void TakeBack(); ///< the nodes are as they were at the beginning; the edit goes on
+
+private:
+    DocumentWindow& window_;
+    controls::TreeRecord record_;
+    Bond before_;
+    bool open_ = true;
+};
+
+/// Runs `act` as one edit. What it throws takes the edit back.
+template <typename Act> auto RunEdit(DocumentWindow& window, Act act) -> decltype(act()) {
+    Transaction edit(window);
+    if constexpr (std::is_void_v<decltype(act())>) {
+        act();
+        edit.Close();
+    } else {
+        auto result = act();
+        edit.Close();
+        return result;
+    }
+}
+
+/// The same with the error exit of a routine of the window.
+template <typename Act> auto Run(DocumentWindow& window, const char* routine, Act act) -> decltype(act()) {
+    return Guarded(window, routine, [&] { return RunEdit(window, act); });
+}
+/// The same; the routine's name is given as it is reported.
+template <typename Act> auto Run(DocumentWindow& window, const QString& routine, Act act) -> decltype(act()) {
+    return Guarded(window.app, routine, [&] { return RunEdit(window, act); });
+}
+
+/// What the running edit does in the view on show once that has followed: choosing a row, opening an editor.
+/// Outside an edit it is done at once.
+void Then(DocumentWindow& window, std::function<void()> act);
+
+/// The text of the running edit is written also while a new node waits for its name or text: what was left
+/// empty stays so.
+void WriteUnnamed(DocumentWindow& window);
+
+/// A new node is under way: the selected node, or a child of it, has no name or text yet. The text waits.
+bool IsAddingNewNode(const DocumentWindow& window);
+
+/// The views, path and menus follow the current node; the text follows a tree that is ahead of it.
+void DoTree(DocumentWindow& window);
+/// Makes a node the current one. All that follows it does so at the end of the edit.
+void SelectNode(DocumentWindow& window, controls::TreeNode node);
+/// Opens and selects the root, if there is one.
+void ExpandRoot(DocumentWindow& window);
+/// The current node's path has been told already, or is to be told again although it is the same.
+void TellPathAgain(DocumentWindow& window);
+
+} // namespace edit

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/edit/View.h"
+#include "core/model/NodeKind.h"
+
+namespace edit {
+
+namespace {
+
+const View* ViewOf(const DocumentWindow& window, const QString& key) {
+    for (const View* view : window.views) {
+        if (key == QLatin1String(view->key))
+            return view;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+const View* ViewOnShow(const DocumentWindow& window) {
+    return ViewOf(window, window.tbsXML.SelectedKey());
+}
+
+int miCurrentView(const DocumentWindow& window) {
+    const View* view = ViewOnShow(window);
+    return view ? view->number : kViewTree;
+}
+
+bool Shows(const DocumentWindow& window, const char* key) {
+    return window.tbsXML.SelectedKey() == QLatin1String(key);
+}
+
+bool HasView(const DocumentWindow& window, const char* key) {
+    return ViewOf(window, QLatin1String(key)) != nullptr;
+}
+
+void ShowView(DocumentWindow& window, const char* key) {
+    if (HasView(window, key))
+        window.tbsXML.Select(QLatin1String(key));
+}
+
+MenuSituation SituationOf(DocumentWindow& window) {
+    const View* view = ViewOnShow(window);
+    if (view && view->situation && window.menuSide == MenuSide::View)
+        return view->situation(window);
+    return m_tvXML::IsTreeRoot(window.tvXML.SelectedItem()) ? MenuSituation::TreeRoot
+                                                            : MenuSituation::TreeNode;
+}
+
+void Attend(DocumentWindow& window, int context) {
+    window.miPopupContext = context;
+    window.menuSide =
+        context == kContextTree || context == kContextTreeNode ? MenuSide::Tree : MenuSide::View;
+}
+
+} // namespace edit

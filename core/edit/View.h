@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/model/DocumentWindow.h"
+#include "core/model/Frame.h"
+
+// The views of a document. Each is one record in the room that owns it; a window's kind lists its records,
+// and everything that concerns whichever view shows goes through the list. Which one shows is told by the
+// selected tab alone.
+namespace edit {
+
+// Keys of the tabs.
+inline constexpr char kListTab[] = "listview";
+inline constexpr char kCompactTab[] = "compactview";
+inline constexpr char kTextTab[] = "textview";
+inline constexpr char kTableTab[] = "tableview";
+inline constexpr char kBrowserTab[] = "browserview";
+inline constexpr char kSchemaTab[] = "schema";
+
+// Numbers of the views, as miCurrentView tells them.
+inline constexpr int kViewTree = 1;
+inline constexpr int kViewList = 2;
+inline constexpr int kViewTable = 3;
+inline constexpr int kViewText = 4;
+inline constexpr int kViewSchema = 5;
+inline constexpr int kViewBrowser = 6;
+inline constexpr int kViewCompact = 7;
+
+struct View {
+    const char* key; ///< of its tab
+    int number;
+    // Each of these may be null: nothing to do.
+    /// The window is made: controls and events of the view are joined.
+    void (*load)(DocumentWindow& window) = nullptr;
+    /// Its tab has been chosen. The view takes the focus and shows what it shows now.
+    void (*show)(DocumentWindow& window) = nullptr;
+    /// It is on show, and a change has come to its end; with `treeChanged` nodes are no longer as they were,
+    /// else another node may be current. Costs next to nothing when nothing of it concerns the view.
+    void (*refresh)(DocumentWindow& window, bool treeChanged) = nullptr;
+    /// Another tab is about to be chosen. False keeps it on show; the user has been told why.
+    bool (*leave)(DocumentWindow& window) = nullptr;
+    /// What the menus offer while the view has the user's attention.
+    MenuSituation (*situation)(DocumentWindow& window) = nullptr;
+    /// The window is closing for good.
+    void (*unload)(DocumentWindow& window) = nullptr;
+};
+
+/// The record of the view on show; null in a window without tabs.
+const View* ViewOnShow(const DocumentWindow& window);
+int miCurrentView(const DocumentWindow& window); ///< its number; kViewTree without one
+bool Shows(const DocumentWindow& window, const char* key);
+/// Whether the window has such a tab.
+bool HasView(const DocumentWindow& window, const char* key);
+/// Chooses a tab, where the window has it.
+void ShowView(DocumentWindow& window, const char* key);
+
+/// The situation of the menus for a window as it stands.
+MenuSituation SituationOf(DocumentWindow& window);
+/// The user's attention is with a part of the window: commands and menus are for that.
+void Attend(DocumentWindow& window, int context);
+
+} // namespace edit

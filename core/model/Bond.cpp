@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/model/Bond.h"
+#include <array>
+
+namespace {
+
+using enum Standing;
+
+// A row for each standing, a column for each move, in the order of the two enumerations.
+constexpr Standing kMoves[][6] = {
+    // TreeChanged, TextEdited, TextWritten, TextRead, TextRefused, TextTakenBack
+    {TreeAhead, TextEdited, Agree, Agree, TextRefused, Agree},
+    {TreeAheadTextEdited, TextEdited, Agree, Agree, TextRefused, Agree},
+    {TreeAheadTextRefused, RefusedEdited, Agree, Agree, TextRefused, TextRefused},
+    {TreeAheadRefusedEdited, RefusedEdited, Agree, Agree, TextRefused, TextRefused},
+    {TreeAhead, TreeAheadTextEdited, Agree, Agree, TreeAheadTextRefused, TreeAhead},
+    {TreeAheadTextEdited, TreeAheadTextEdited, Agree, Agree, TreeAheadTextRefused, TreeAhead},
+    {TreeAheadTextRefused, TreeAheadRefusedEdited, Agree, Agree, TreeAheadTextRefused, TreeAheadTextRefused},
+    {TreeAheadRefusedEdited, TreeAheadRefusedEdited, Agree, Agree, TreeAheadTextRefused,
+     TreeAheadTextRefused},
+};
+
+} // namespace
+
+Standing After(Standing standing, BondMove move) {
+    return kMoves[static_cast<std::size_t>(standing)][static_cast<std::size_t>(move)];
+}
+
+void Bond::takeTreeBack(const Bond& before) {
+    treeRevision = before.treeRevision;
+    if (bTreeChanged() && !before.bTreeChanged())
+        standing_ = static_cast<Standing>(static_cast<int>(standing_) - static_cast<int>(TreeAhead));
+}
+
+bool Bond::bTreeChanged() const {
+    return standing_ >= TreeAhead;
+}
+
+bool Bond::bTextChanged() const {
+    return standing_ == Standing::TextEdited || standing_ == RefusedEdited ||
+           standing_ == TreeAheadTextEdited || standing_ == TreeAheadRefusedEdited;
+}
+
+bool Bond::refused() const {
+    return standing_ == Standing::TextRefused || standing_ == RefusedEdited ||
+           standing_ == TreeAheadTextRefused || standing_ == TreeAheadRefusedEdited;
+}

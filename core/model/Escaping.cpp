@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/model/Escaping.h"
+#include <algorithm>
+#include <cstring>
+
+namespace mXMLEdit {
+
+namespace {
+
+bool Holds(text::CompactView view, char wanted) {
+    if (!view.wide)
+        return view.length > 0 && std::memchr(view.data, wanted, view.length) != nullptr;
+    for (std::uint32_t i = 0; i < view.length; ++i) {
+        if (view.at(i) == static_cast<char16_t>(wanted))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+QString convertStringToXML(const QString& text) {
+    text::CompactBuilder plain;
+    plain.append(text);
+    text::CompactBuilder escaped;
+    escaped.appendEscaped(plain.view());
+    return escaped.view().toString();
+}
+
+void AppendText(text::CompactBuilder& out, text::CompactView value) {
+    if (!Holds(value, '\r'))
+        return out.appendEscaped(value);
+    out.append(convertStringToXML(value.toString()).replace(u'\r', QStringLiteral("&#13;")));
+}
+
+void AppendAttributeValue(text::CompactBuilder& out, text::CompactView value) {
+    if (!Holds(value, '\n') && !Holds(value, '\t') && !Holds(value, '\r'))
+        return out.appendEscaped(value);
+    // Behind a parser a carriage return beside a line feed is one of its own.
+    out.append(
+        WithLineEndReferences(convertStringToXML(value.toString()).replace(u'\r', QStringLiteral("&#13;"))));
+}
+
+QString WithLineEndReferences(QString value) {
+    value.replace(QStringLiteral("\r\n"), QStringLiteral("&#10;"));
+    value.replace(u'\n', QStringLiteral("&#10;"));
+    value.replace(u'\r', QStringLiteral("&#13;"));
+    return value.replace(u'\t', QStringLiteral("&#9;"));
+}
+
+} // namespace mXMLEdit

@@ -1,7 +1,0 @@
-// SPDX-License-Identifier: GPL-3.0-or-later
-#pragma once
-#include <QString>
-
-/// The text with places to break, which have no width, in words that are longer than a line: a widget that
-/// wraps its text at blanks alone would become as wide as they are.
-QString WithBreaksInLongWords(const QString& text);

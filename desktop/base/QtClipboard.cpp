@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/base/QtClipboard.h"
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+
+namespace desktop {
+
+void QtClipboard::Clear() {
+    QGuiApplication::clipboard()->clear();
+}
+
+void QtClipboard::SetText(const QString& text) {
+    QString plain = text;
+#ifndef Q_OS_WIN
+    plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+#endif
+    QGuiApplication::clipboard()->setText(plain);
+}
+
+bool QtClipboard::HasText() {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    return data && data->hasText();
+}
+
+QString QtClipboard::GetText() {
+    return QGuiApplication::clipboard()->text();
+}
+
+} // namespace desktop

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "nodes/dialogs/frmEditNodes.h"
+#include <QDialog>
+#include <memory>
+
+namespace Ui {
+class frmEditNodes;
+}
+
+namespace desktop {
+
+/// The widgets of the one-by-one editor, which stay beside the documents.
+class EditNodesDialog : public QDialog {
+public:
+    EditNodesDialog(frmEditNodes& form, QWidget* parent);
+    ~EditNodesDialog() override;
+    void ShowForm();        ///< shows the dialog, or brings it to the front
+    void reject() override; ///< Esc and the title bar's button cancel
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    frmEditNodes& form_;
+    std::unique_ptr<Ui::frmEditNodes> ui_;
+};
+
+} // namespace desktop

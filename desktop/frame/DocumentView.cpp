@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/frame/DocumentView.h"
+#include "core/sync/Views.h"
+#include "desktop/base/Listen.h"
+#include "desktop/base/Twips.h"
+#include "desktop/bind/LineAdapter.h"
+#include "desktop/bind/TabAdapter.h"
+#include "desktop/frame/BrowserAdapter.h"
+#include "desktop/frame/DocumentDragging.h"
+#include "desktop/nodes/ListAdapter.h"
+#include "desktop/nodes/ListEditing.h"
+#include "desktop/nodes/TreeAdapter.h"
+#include "desktop/nodes/TreeTip.h"
+#include "desktop/text/TextAdapter.h"
+#include "ui_frmXMLEdit.h"
+
+namespace desktop {
+
+namespace {
+
+QHash<QString, QWidget*> PagesOf(const Ui::frmXMLEdit& ui) {
+    return {
+        {QStringLiteral("listview"), ui.listview},       {QStringLiteral("textview"), ui.textview},
+        {QStringLiteral("tableview"), ui.tableview},     {QStringLiteral("browserview"), ui.browserview},
+        {QStringLiteral("compactview"), ui.compactview}, {QStringLiteral("schema"), ui.txtSchema},
+    };
+}
+
+} // namespace
+
+/// Joins the widgets with the document, as long as it lives.
+class DocumentView::Bond : public QObject {
+public:
+    Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int width);
+    ~Bond() override;
+    const DocumentWindow& Window() const { return window_; }
+
+private:
+    void ConnectSplitters(int width);
+    void ConnectSchema();
+    void ShowSecondPane();
+
+    DocumentWindow& window_;
+    const Ui::frmXMLEdit& ui_;
+    TreeAdapter tree_;
+    ListAdapter list_;
+    ListEditing cells_;
+    TextAdapter text_, text2_;
+    LineAdapter path_;
+    BrowserAdapter browser_;
+    TabAdapter tabs_;
+    DocumentDragging dragging_;
+};
+
+DocumentView::Bond::Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int width)
+    : window_(window), ui_(ui), tree_(window.tvXML, *ui.tvXML, nullptr),
+      list_(window.ListView1, {*ui.listview, *ui.ListView1, *ui.ListView1Icons}, nullptr),
+      cells_(window, *ui.ListView1), text_(window.rtxtXML, *ui.rtxtXML, nullptr),
+      text2_(window.rtxtXML2, *ui.rtxtXML2, nullptr), path_(window.txtXPath, *ui.txtXPath, nullptr),
+      browser_(window.IE, *ui.browserview, nullptr),
+      tabs_(window.tbsXML, *ui.tbsXML, *ui.pages, PagesOf(ui), nullptr), dragging_(window, ui) {
+    ConnectSplitters(width);
+    ConnectSchema();
+    ui.rtxtXML->isInUse = [&window] { return &window.TextInUse() == &window.rtxtXML; };
+    ui.rtxtXML2->isInUse = [&window] { return &window.TextInUse() == &window.rtxtXML2; };
+}
+
+DocumentView::Bond::~Bond() {
+    for (TextView* pane : {ui_.rtxtXML, ui_.rtxtXML2})
+        pane->isInUse = nullptr;
+}
+
+void DocumentView::Bond::ConnectSplitters(int width) {
+    ui_.pctSplit->setStretchFactor(0, 0);
+    ui_.pctSplit->setStretchFactor(1, 1);
+    const int left = ToPixels(window_.msngVSplit);
+    ui_.pctSplit->setSizes({left, std::max(width - left, left)});
+    connect(ui_.pctSplit, &QSplitter::splitterMoved, this,
+            [this](int position) { SetVSplitPosition(window_, ToTwips(position)); });
+    ShowSecondPane();
+    Listen(window_.pctSplitText.changed, this, [this] { ShowSecondPane(); });
+}
+
+void DocumentView::Bond::ShowSecondPane() {
+    const bool split = window_.pctSplitText.Visible();
+    ui_.rtxtXML2->setVisible(split);
+    if (split) // half for each
+        ui_.textview->setSizes({ui_.textview->height(), ui_.textview->height()});
+}
+
+void DocumentView::Bond::ConnectSchema() {
+    const auto show = [this] { ui_.txtSchema->setPlainText(window_.txtSchema.Text()); };
+    show();
+    Listen(window_.txtSchema.changed, this, show);
+    Listen(window_.txtSchema.focusRequested, this, [this] { ui_.txtSchema->setFocus(Qt::OtherFocusReason); });
+}
+
+DocumentView::DocumentView(DocumentWindow& window, QWidget* parent)
+    : QWidget(parent), ui_(std::make_unique<Ui::frmXMLEdit>()) {
+    ui_->setupUi(this);
+    setObjectName(window.kind.Name);
+    bond_ = std::make_unique<Bond>(window, *ui_, width());
+    ConnectContextMenus();
+    new TreeTip(*ui_->tvXML, window.app.options);
+}
+
+DocumentView::~DocumentView() = default;
+
+void DocumentView::Detach() {
+    bond_.reset();
+}
+
+void DocumentView::ConnectContextMenus() {
+    for (QAbstractItemView* view :
+         {static_cast<QAbstractItemView*>(ui_->tvXML), static_cast<QAbstractItemView*>(ui_->ListView1),
+          static_cast<QAbstractItemView*>(ui_->ListView1Icons)}) {
+        view->setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(view, &QWidget::customContextMenuRequested, this, [this, view](const QPoint& place) {
+            Q_EMIT contextMenuWanted(view->viewport()->mapToGlobal(place));
+        });
+    }
+    for (const TextView* pane : {ui_->rtxtXML, ui_->rtxtXML2})
+        connect(pane, &TextView::contextMenuWanted, this, &DocumentView::contextMenuWanted);
+}
+
+QWidget* DocumentView::Page() const {
+    QWidget* page = ui_->pages->currentWidget();
+    if (page == ui_->listview)
+        return ui_->listview->currentWidget();
+    if (page != ui_->textview)
+        return page;
+    return bond_->Window().brtxtXML2Focus && !ui_->rtxtXML2->isHidden() ? ui_->rtxtXML2 : ui_->rtxtXML;
+}
+
+void DocumentView::FocusFirst() {
+    if (ui_->pages->currentWidget() == ui_->textview)
+        Page()->setFocus(Qt::OtherFocusReason);
+    else
+        ui_->tvXML->setFocus(Qt::OtherFocusReason);
+}
+
+std::vector<QWidget*> DocumentView::Panes() const {
+    std::vector<QWidget*> panes{ui_->tvXML, ui_->txtXPath, ui_->tbsXML};
+    if (ui_->pages->currentWidget() == ui_->textview && !ui_->rtxtXML2->isHidden())
+        panes.insert(panes.end(), {ui_->rtxtXML, ui_->rtxtXML2});
+    else
+        panes.push_back(Page());
+    return panes;
+}
+
+} // namespace desktop

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/nodes/LabelDelegate.h"
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QStyle>
+#include <QTimer>
+#include <limits>
+#include <utility>
+
+namespace desktop {
+
+namespace {
+constexpr int kNarrowest = 160; // pixels
+} // namespace
+
+LabelDelegate::LabelDelegate(QObject* parent, std::function<void()> givenUp,
+                             std::function<void(const QString&)> typed)
+    : QStyledItemDelegate(parent), typed_(std::move(typed)) {
+    connect(this, &QAbstractItemDelegate::closeEditor, this,
+            [this, givenUp = std::move(givenUp)](QWidget*, EndEditHint hint) {
+                editor_ = nullptr;
+                if (hint == RevertModelCache)
+                    givenUp();
+            });
+}
+
+// The new name may change all rows, and the view lets go of the editor then: the focus is brought back to the
+// view before, and the editor closed only where it is still there.
+void LabelDelegate::Finish() {
+    const QPointer<QWidget> editor = std::exchange(editor_, nullptr);
+    if (!editor)
+        return;
+    if (editor->hasFocus())
+        editor->parentWidget()->setFocus(Qt::OtherFocusReason);
+    Q_EMIT commitData(editor);
+    if (editor && !editor->isHidden())
+        Q_EMIT closeEditor(editor, NoHint);
+}
+
+bool LabelDelegate::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusOut) {
+        if (watched == editor_ && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
+            Finish();
+        return false;
+    }
+    const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Tab && key != Qt::Key_Backtab)
+        return QStyledItemDelegate::eventFilter(watched, event);
+    // Behind the key: what answers to the name may open a box.
+    QTimer::singleShot(0, this, &LabelDelegate::Finish);
+    return true;
+}
+
+// A selected picture is drawn in the colour that goes with the selection's: it needs that behind it.
+void LabelDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->showDecorationSelected = true;
+}
+
+QSize LabelDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    QSize size = QStyledItemDelegate::sizeHint(option, index);
+    if (itemWidth_ > 0)
+        size.setWidth(itemWidth_);
+    return size;
+}
+
+QWidget* LabelDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex&) const {
+    auto editor = std::make_unique<QLineEdit>(parent);
+    editor->setMaxLength(std::numeric_limits<int>::max());
+    editor->setFrame(true);
+    connect(editor.get(), &QLineEdit::textEdited, this, typed_);
+    editor_ = editor.get();
+    return editor.release();
+}
+
+void LabelDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                         const QModelIndex& index) const {
+    QStyleOptionViewItem item = option;
+    initStyleOption(&item, index);
+    QRect place = option.widget->style()->subElementRect(QStyle::SE_ItemViewItemText, &item, option.widget);
+    const int room = editor->parentWidget()->width() - place.left();
+    place.setWidth(std::max({place.width() + editor->fontMetrics().averageCharWidth() * 4, kNarrowest}));
+    place.setWidth(std::clamp(room, std::min(place.width(), kNarrowest), place.width()));
+    editor->setGeometry(place);
+}
+
+} // namespace desktop

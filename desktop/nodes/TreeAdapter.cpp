@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "desktop/nodes/TreeAdapter.h"
+#include "desktop/base/Glyphs.h"
+#include "desktop/nodes/LabelDelegate.h"
+#include <QApplication>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+namespace desktop {
+
+using controls::TreeNode;
+
+TreeAdapter::TreeAdapter(controls::TreeView& model, QTreeView& widget, QObject* parent)
+    : QObject(parent), model_(model), widget_(widget), rows_(model, NodeIcon), events_(widget, this) {
+    events_.Bind(model, widget);
+    // The model's "about to" announcements must reach this object before the widget, and the others behind
+    // it: while rows go, the widget selects a neighbour by itself.
+    connect(&rows_, &QAbstractItemModel::rowsAboutToBeRemoved, this, [this] { ++updating_; });
+    connect(&rows_, &QAbstractItemModel::modelAboutToBeReset, this, [this] { ++updating_; });
+    widget.setModel(&rows_);
+    widget.header()->setStretchLastSection(false);
+    widget.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    widget.viewport()->installEventFilter(this);
+    ConnectRows();
+
+    connect(widget.selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &TreeAdapter::CurrentChanged);
+    connect(&widget, &QTreeView::expanded, this, [this](const QModelIndex& i) { ExpandedByWidget(i, true); });
+    connect(&widget, &QTreeView::collapsed, this,
+            [this](const QModelIndex& i) { ExpandedByWidget(i, false); });
+    connect(&widget, &QTreeView::doubleClicked, this, [this] { model_.DblClick(); });
+
+    Listen(model.selectionChanged, this, [this](const TreeNode&) { ShowSelected(); });
+    Listen(model.expandedChanged, this, [this](const TreeNode& node) { ShowExpanded(node); });
+    Listen(model.Drag.End, this, [this] { DragEnded(); });
+    Listen(model.ensureVisible, this,
+           [this](const TreeNode& node) { widget_.scrollTo(rows_.IndexOf(node)); });
+    RestoreExpanded();
+    ShowSelected();
+    ConnectLabels();
+}
+
+void TreeAdapter::ConnectLabels() {
+    auto* const labels = new LabelDelegate(
+        this, [this] { model_.CancelLabelEdit(); }, [this](const QString& text) { model_.LabelTyped(text); });
+    widget_.setItemDelegate(labels);
+    Listen(model_.labelEditFinish, labels, [labels] { labels->Finish(); });
+    Listen(model_.labelEditStarted, this,
+           [this](const TreeNode& node) { widget_.edit(rows_.IndexOf(node)); });
+    // The widget drops its editors when the tree is replaced as a whole.
+    connect(&rows_, &QAbstractItemModel::modelReset, labels, [this] {
+        if (model_.LabelEditNode())
+            model_.CancelLabelEdit();
+    });
+}
+
+void TreeAdapter::ConnectRows() {
+    connect(&rows_, &QAbstractItemModel::rowsRemoved, this, [this] {
+        --updating_;
+        ShowSelected();
+    });
+    connect(&rows_, &QAbstractItemModel::modelReset, this, [this] {
+        --updating_;
+        RestoreExpanded();
+        ShowSelected();
+    });
+}
+
+TreeAdapter::~TreeAdapter() {
+    ++updating_;
+    widget_.setModel(nullptr);
+}
+
+// --- the user's acts -------------------------------------------------------------------------------------
+
+void TreeAdapter::CurrentChanged(const QModelIndex& current) {
+    if (updating_ > 0)
+        return;
+    const TreeNode node = rows_.NodeAt(current);
+    if (node == model_.SelectedItem())
+        return;
+    {
+        const QScopedValueRollback guard(updating_, updating_ + 1);
+        model_.SetSelectedItem(node);
+    }
+    // With the mouse the click comes when the button is let go.
+    if (QApplication::mouseButtons() != Qt::NoButton)
+        moved_ = true;
+    else
+        model_.NodeClick(node);
+}
+
+void TreeAdapter::ExpandedByWidget(const QModelIndex& index, bool expanded) {
+    TreeNode node = rows_.NodeAt(index);
+    if (!node || node.Expanded() == expanded)
+        return;
+    const bool byUser = updating_ == 0;
+    {
+        const QScopedValueRollback guard(updating_, updating_ + 1);
+        node.SetExpanded(expanded);
+    }
+    if (!byUser)
+        return;
+    if (expanded)
+        model_.Expand(node);
+    else
+        model_.Collapse(node);
+}
+
+bool TreeAdapter::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonRelease)
+        MouseReleased(static_cast<QMouseEvent*>(event)->pos());
+    // A context menu keeps the button's release for itself, and works on the node it was opened over, the
+    // current one too.
+    if (event->type() == QEvent::ContextMenu) {
+        moved_ = false;
+        if (model_.SelectedItem())
+            model_.NodeClick(model_.SelectedItem());
+    }
+    return false;
+}
+
+void TreeAdapter::MouseReleased(const QPoint& place) {
+    const bool onNode = widget_.indexAt(place).isValid();
+    if ((std::exchange(moved_, false) || onNode) && model_.SelectedItem())
+        model_.NodeClick(model_.SelectedItem());
+    model_.Click();
+}
+
+// The drag has kept the button's release for itself. Where it ended in another view that has the focus, the
+// views followed the node when the tree lost it.
+void TreeAdapter::DragEnded() {
+    moved_ = false;
+    if (widget_.hasFocus() && model_.SelectedItem())
+        model_.NodeClick(model_.SelectedItem());
+}
+
+// --- the model's changes -----------------------------------------------------------------------------------
+
+void TreeAdapter::ShowSelected() {
+    if (updating_ > 0)
+        return;
+    const QScopedValueRollback guard(updating_, updating_ + 1);
+    const QModelIndex index = rows_.IndexOf(model_.SelectedItem());
+    if (!index.isValid())
+        widget_.selectionModel()->clear();
+    else if (index != widget_.currentIndex())
+        widget_.setCurrentIndex(index);
+    else
+        widget_.selectionModel()->select(index, QItemSelectionModel::ClearAndSelect);
+}
+
+void TreeAdapter::ShowExpanded(TreeNode node) {
+    const QScopedValueRollback guard(updating_, updating_ + 1);
+    widget_.setExpanded(rows_.IndexOf(node), node.Expanded());
+}
+
+// Only what is below open nodes is looked at: of millions of nodes that is a handful.
+void TreeAdapter::RestoreExpanded() {
+    const QScopedValueRollback guard(updating_, updating_ + 1);
+    std::vector<TreeNode> open;
+    const auto collect = [&open](TreeNode node) {
+        for (; node; node = node.Next())
+            if (node.Expanded())
+                open.push_back(node);
+    };
+    collect(model_.ChildAt({}, 0));
+    while (!open.empty()) {
+        const TreeNode node = open.back();
+        open.pop_back();
+        widget_.expand(rows_.IndexOf(node));
+        collect(node.Child());
+    }
+}
+
+} // namespace desktop

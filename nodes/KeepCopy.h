@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/model/DocumentWindow.h"
+#include <QString>
+
+namespace nodes {
+
+/// Puts a text on the clipboard and keeps it as the last copy (see core/edit/CopySlot.h): of the view with a
+/// number, at the node with a key. `attributes` go along.
+void KeepCopy(DocumentWindow& window, int view, const QString& key, const QString& text,
+              const QString& attributes);
+/// Tells that what is selected has no text form: a CDATA section, a document type, a text that is empty.
+void SayNothingCopied(Application& app);
+
+} // namespace nodes

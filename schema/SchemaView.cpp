@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "schema/SchemaView.h"
+
+namespace schema {
+
+namespace {
+
+void Show(DocumentWindow& window) {
+    window.txtSchema.SetFocus();
+}
+
+MenuSituation Situation(DocumentWindow&) {
+    return MenuSituation::ViewWithoutEditing;
+}
+
+} // namespace
+
+const edit::View& SchemaView() {
+    static constexpr edit::View view{
+        .key = edit::kSchemaTab, .number = edit::kViewSchema, .show = Show, .situation = Situation};
+    return view;
+}
+
+const edit::View& CompactView() {
+    static constexpr edit::View view{
+        .key = edit::kCompactTab, .number = edit::kViewCompact, .situation = Situation};
+    return view;
+}
+
+} // namespace schema

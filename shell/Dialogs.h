@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/model/DocumentWindow.h"
+#include <memory>
+
+class frmEditNodes;
+class frmFind;
+class frmOptions;
+
+namespace shell {
+
+/// The frame's dialogs. Those that stand beside the documents are made when they are asked for first.
+class Dialogs {
+public:
+    explicit Dialogs(Application& app);
+    ~Dialogs();
+    Dialogs(const Dialogs&) = delete;
+    Dialogs& operator=(const Dialogs&) = delete;
+
+    void ShowOptions(); ///< back when it is done with
+    void ShowFind();
+    /// On the nodes of a window; not shown where its document can't be edited node by node, which is told.
+    void ShowEditNodes(DocumentWindow& window);
+    /// Writes what was typed into the one-by-one editor about a node of a window. False when it was refused:
+    /// the user has been told, and it stays typed.
+    bool NodeInHandIsWritten(const DocumentWindow& window);
+
+    controls::Event<frmOptions&> optionsShown;
+    controls::Event<frmFind&> findShown;
+    controls::Event<frmEditNodes&> editNodesShown;
+
+private:
+    Application& app_;
+    std::unique_ptr<frmFind> find_;
+    std::unique_ptr<frmEditNodes> editNodes_;
+};
+
+} // namespace shell

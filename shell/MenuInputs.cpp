@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/MenuInputs.h"
+#include "core/edit/CopySlot.h"
+#include "core/model/NodeNumbers.h"
+#include "nodes/ListState.h"
+#include "textview/TextState.h"
+
+namespace shell {
+
+namespace {
+
+using controls::TreeNode;
+
+// A node has been copied in this program, even if its document has been closed since; a text takes any text.
+bool CanPaste(DocumentWindow& window, MenuSituation situation, bool editsCell) {
+    if (!edit::LastCopy(window.app).copiedText.isEmpty())
+        return true;
+    const bool text = situation == MenuSituation::TextSelected || situation == MenuSituation::TextUnselected;
+    return (text || editsCell) && window.app.services.clipboard.HasText();
+}
+
+TreeNode NodeOf(DocumentWindow& window, MenuSituation situation) {
+    const int row = window.ListView1.SelectedItem();
+    if (situation != MenuSituation::ListSelected || row == 0)
+        return window.tvXML.SelectedItem();
+    const controls::ListItem& item = window.ListView1.Item(row);
+    return window.tvXML.Nodes.Find(item.SmallIcon == m_tvXML::kAttribute ? item.Tag : item.Key);
+}
+
+edit::Target TargetOf(DocumentWindow& window, MenuSituation situation) {
+    const TreeNode node = NodeOf(window, situation), current = window.tvXML.SelectedItem();
+    const textview::TextState& text = textview::StateOf(window);
+    edit::Target target;
+    target.kind = m_tvXML::GetKeyType(node);
+    target.atRootLevel = node && m_tvXML::IsTreeRoot(node.Parent());
+    target.hasLevelAbove = current && !m_tvXML::IsTreeRoot(current);
+    target.hasRootElement = m_tvXML::HaveElementNodeAtXMLRootLevel(window.tvXML);
+    target.editsCell = nodes::ListOf(window).mbIsEditValue;
+    target.canPaste = CanPaste(window, situation, target.editsCell);
+    target.canUndo = text.UndoPos > 0;
+    target.canRedo = text.UndoPos < std::ssize(text.undoStack);
+    target.view = edit::miCurrentView(window);
+    return target;
+}
+
+} // namespace
+
+MenuInputs InputsOf(DocumentWindow* window) {
+    if (!window)
+        return {};
+    const MenuSituation situation = edit::SituationOf(*window);
+    return {true, window->kind.schema, situation, TargetOf(*window, situation)};
+}
+
+} // namespace shell

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "shell/RunCommand.h"
+#include "core/edit/Report.h"
+#include "core/edit/TextWay.h"
+#include "core/edit/Transaction.h"
+#include "core/model/NodeAddress.h"
+#include "core/model/NodeContent.h"
+#include "nodes/FinishEdits.h"
+
+namespace shell {
+
+namespace {
+
+using controls::TreeNode;
+
+const edit::Form* FormFor(std::span<const edit::Form> forms, int context) {
+    const edit::Form* found = nullptr;
+    for (const edit::Form& form : forms) {
+        if (form.run && (form.context == context || (form.context == 0 && !found)))
+            found = &form;
+    }
+    return found;
+}
+
+/// A node, to be found again in a tree that was built anew: at the same place, with the same in it.
+class FoundAgain {
+public:
+    explicit FoundAgain(TreeNode node)
+        : key_(node ? node.Key() : QString()), address_(node), content_(m_tvXML::ContentOf(node)) {}
+    TreeNode In(const controls::TreeView& tree) const {
+        if (key_.isEmpty())
+            return {};
+        if (const TreeNode node = tree.Nodes.Find(key_))
+            return node;
+        const TreeNode node = address_.findIn(tree);
+        return node && m_tvXML::ContentOf(node) == content_ ? node : TreeNode();
+    }
+
+private:
+    QString key_;
+    m_tvXML::NodeAddress address_;
+    m_tvXML::NodeContent content_;
+};
+
+// The tree is another one once the text is read: the node that the command was for has to be found in it.
+bool ReadTextAround(DocumentWindow& window) {
+    const FoundAgain chosen(window.tvXML.SelectedItem());
+    return edit::Run(window, "ReadEditedText", [&] {
+        if (!window.way->read(window))
+            return false;
+        const TreeNode node = window.miPopupContext == kContextList ? TreeNode() : chosen.In(window.tvXML);
+        if (node)
+            window.tvXML.SetSelectedItem(node);
+        else
+            edit::Message(window.app,
+                          QStringLiteral("The text was changed, and the node isn't there any more "
+                                         "as it was."));
+        return static_cast<bool>(node);
+    });
+}
+
+// Toolbar buttons don't take the focus, and the search and the entities change a text that hasn't got it: a
+// text that is ahead of the tree goes in before a command looks at the nodes.
+bool ReadText(DocumentWindow& window) {
+    if (!window.bond.bTextChanged())
+        return true;
+    if (window.miPopupContext != kContextText)
+        return ReadTextAround(window);
+    return edit::Run(window, "ReadEditedText", [&] { return window.way->read(window); });
+}
+
+void RunForm(DocumentWindow& window, const edit::Command& command, std::span<const edit::Form> forms) {
+    if (command.before != edit::Before::Nothing)
+        nodes::FinishEdits(window);
+    const edit::Form* form = FormFor(forms, window.miPopupContext);
+    if (!form)
+        return;
+    const bool onText = form->context == kContextText;
+    if (command.before != edit::Before::ReadsText || onText || ReadText(window))
+        form->run(window);
+}
+
+} // namespace
+
+void RunCommand(DocumentWindow& window, const edit::Command& command, std::span<const edit::Form> forms) {
+    const bool label = window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0;
+    if (command.inCell && window.txtListView.Visible() && command.inCell(window))
+        return;
+    if (command.inCell && label)
+        nodes::FinishEdits(window); // the letters were meant, not the node that they are the name of
+    else
+        RunForm(window, command, forms);
+}
+
+} // namespace shell

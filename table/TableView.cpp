@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "table/TableView.h"
+#include "core/model/NodeKind.h"
+
+namespace table {
+
+namespace {
+
+void Show(DocumentWindow& window) {
+    window.chtAna.SetVisible(true);
+    window.pctLHSplit.SetVisible(true);
+    window.pctTableView.ZOrder();
+    const controls::TreeNode selected = window.tvXML.SelectedItem();
+    if (m_tvXML::IsTreeRoot(selected) && selected.Child())
+        window.tvXML.SetSelectedItem(selected.Child());
+}
+
+MenuSituation Situation(DocumentWindow&) {
+    return MenuSituation::TableUnselected;
+}
+
+} // namespace
+
+const edit::View& TableView() {
+    static constexpr edit::View view{
+        .key = edit::kTableTab, .number = edit::kViewTable, .show = Show, .situation = Situation};
+    return view;
+}
+
+} // namespace table

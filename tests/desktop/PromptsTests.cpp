@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Boxes, the common dialogs and the progress bar.
+#include "desktop/base/QtProgress.h"
+#include "desktop/base/QtPrompts.h"
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFontDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace {
+
+using desktop::QtProgress;
+using desktop::QtPrompts;
+using services::Answer;
+using services::Buttons;
+
+// Shows a box and presses one key in it.
+Answer AnswerBy(Qt::Key key, Buttons buttons, const QString& text = QStringLiteral("Really?")) {
+    QTimer::singleShot(0, [key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
+    return QtPrompts().MsgBox(text, buttons, services::Icon::Question, QStringLiteral("Vantrel"));
+}
+
+TEST(Prompts, EscapeNeverSaysYes) {
+    EXPECT_EQ(AnswerBy(Qt::Key_Escape, Buttons::YesNoCancel), Answer::Cancel);
+    EXPECT_EQ(AnswerBy(Qt::Key_Escape, Buttons::YesNo), Answer::No);
+    EXPECT_EQ(AnswerBy(Qt::Key_Escape, Buttons::Ok), Answer::Ok);
+    EXPECT_EQ(AnswerBy(Qt::Key_Return, Buttons::YesNo), Answer::Yes);
+}
+
+TEST(Prompts, MarkupIsShownAsItIsAndAnEndlessLineFitsTheScreen) {
+    QSize size;
+    QString shown;
+    QTimer::singleShot(0, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        EXPECT_EQ(box->textFormat(), Qt::PlainText);
+        size = box->size();
+        shown = box->text();
+        QTest::keyClick(box, Qt::Key_Escape);
+    });
+    const QString text = QStringLiteral("<b>bold</b>\r\n") + QString(5'000'000, QLatin1Char('x'));
+    QtPrompts().MsgBox(text, Buttons::Ok, services::Icon::None, QStringLiteral("This is not valid XML"));
+    EXPECT_TRUE(shown.startsWith(QStringLiteral("<b>bold</b>\n")));
+    EXPECT_LE(size.width(), QGuiApplication::primaryScreen()->size().width());
+}
+
+TEST(Prompts, FileFiltersKeepTheirCaptionAndStarDotStarMeansEveryFile) {
+    EXPECT_EQ(
+        QtPrompts::NameFilters(QStringLiteral("XML File (*.xml)|*.xml|Two|*.a;*.b|All Files (*.*)|*.*")),
+        QStringList({QStringLiteral("XML File (*.xml) (*.xml)"), QStringLiteral("Two (*.a *.b)"),
+                     QStringLiteral("All Files (*.*) (*)")}));
+    EXPECT_TRUE(QtPrompts::NameFilters(QString()).isEmpty());
+}
+
+TEST(Prompts, CancelInTheProgressBarStopsTheWork) {
+    QtProgress progress;
+    progress.Begin(QStringLiteral("/home/u/<big>.xml"));
+    qint64 done = 0;
+    while (progress.Step(++done, 0)) {
+        if (QWidget* bar = QApplication::activeModalWidget())
+            bar->findChild<QAbstractButton*>()->click();
+    }
+    progress.End();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    progress.Begin(QStringLiteral("next"));
+    EXPECT_TRUE(progress.Step(1, 2));
+    progress.End();
+}
+
+TEST(Prompts, AColourAndAFontComeBackAsTheyWereShownUnlessCancelled) {
+    QtPrompts prompts;
+    const auto press = [](Qt::Key key) {
+        QTimer::singleShot(0, [key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
+    };
+    press(Qt::Key_Return);
+    EXPECT_EQ(prompts.ChooseColour(0x80FF10), std::optional<std::uint32_t>(0x80FF10));
+    press(Qt::Key_Escape);
+    EXPECT_EQ(prompts.ChooseColour(0x80FF10), std::nullopt);
+    const services::FontChoice font{QFont().family(), 12};
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(prompts.ChooseFont(font));
+    for (const double size : {12.0, -1.0, 1e30}) { // a size is any number here
+        QTimer::singleShot(0, [] {
+            if (auto* dialog = qobject_cast<QFontDialog*>(QApplication::activeModalWidget()))
+                dialog->accept();
+        });
+        const auto chosen = prompts.ChooseFont({font.name, size});
+        ASSERT_TRUE(chosen);
+        EXPECT_GT(chosen->size, 0);
+        EXPECT_LE(chosen->size, 1000);
+        if (size == font.size) {
+            EXPECT_EQ(chosen->size, size);
+        }
+    }
+}
+
+} // namespace

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/model/DocumentWindow.h"
+#include <QString>
+
+// Filling both panes, and the colours of what is put in.
+namespace textview {
+
+/// Caret and selection of both panes as they stand when it is made.
+class PaneSelections {
+public:
+    explicit PaneSelections(DocumentWindow& window);
+    void restore() const;
+
+private:
+    struct Selection {
+        controls::RichTextBox& pane;
+        qsizetype start, length;
+    };
+    Selection first_, second_;
+};
+
+/// What stands in the pane in use stands in the other one, too.
+void BringPanesTogether(DocumentWindow& window);
+
+/// Replaces the text in both panes and colours it; no undo step.
+void SetRichText(DocumentWindow& window, const text::LongText& text); ///< CR LF line ends
+void SetRichText(DocumentWindow& window, const QString& text);
+/// Colours the pane in use and copies its content to the other one.
+void SetTreeXMLColor(DocumentWindow& window);
+/// Gives a pane the colours of another one with the same text.
+void TakeColours(controls::RichTextBox& pane, const controls::RichTextBox& from);
+/// The colours that a text takes where it is put in, as SetSeltextColor gives them, counted from its start;
+/// `around` is the colour there. A text too long for that has none.
+std::vector<controls::ColourRun> InsertedColours(Application& app, const QString& text, std::uint32_t around);
+/// The colour that a text put in at a place begins with: that of the character before it, at the text's start
+/// of the one at `behind`.
+std::uint32_t ColourAround(const controls::RichTextBox& pane, qsizetype place, qsizetype behind);
+/// Gives a text that was put in at a place of a pane its colours, in both panes. The selection stays.
+void ColourInserted(DocumentWindow& window, controls::RichTextBox& pane, qsizetype start, qsizetype length);
+/// Colouring level by the length of a text: 0 (everything) to 3 (nothing). The bounds are open on both sides,
+/// so a text of exactly 163840 or 409600 characters is coloured like a small one (quirk 20).
+int GetTextSizeLevel(qsizetype length);
+
+} // namespace textview

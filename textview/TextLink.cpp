@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "textview/TextLink.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Transaction.h"
+#include "core/model/NodeNumbers.h"
+#include "core/model/NodePlaces.h"
+#include "textview/FillText.h"
+#include "textview/TreeText.h"
+
+namespace textview {
+
+namespace {
+
+using controls::TreeNode;
+
+// The caret jumps this far beyond a node before it goes there, so that the node comes to stand high in the
+// view.
+constexpr qsizetype kJumpBeyond = 800;
+
+void BuildTreeFromText(DocumentWindow& window) {
+    const PaneSelections selections(window);
+    const text::LongText text = window.TextInUse().Long();
+    const long number = m_tvXML::GetNodeNumByTextPosition(text, window.TextInUse().SelStart());
+    // The text stands for the last parsed one after this whether it parsed or not: leaving the same bad text
+    // again is quiet.
+    window.bond.msLastParsedText = text;
+    if (XMLToTree(window, text, number).good())
+        selections.restore();
+}
+
+} // namespace
+
+void LeaveTextView(DocumentWindow& window) try {
+    // Only a text that the user emptied clears the tree; an empty view may also be one that was never filled
+    // (quirk 18).
+    if (!window.bond.bTextChanged())
+        return;
+    BringPanesTogether(window);
+    if (window.TextInUse().Long() == window.bond.msLastParsedText)
+        window.bond.move(BondMove::TextTakenBack);
+    else
+        BuildTreeFromText(window);
+} catch (const text::Fault& fault) {
+    // A position that the text no longer has isn't worth a word.
+    if (fault.Number != text::kFaultBadCall)
+        ErrorReportBox(window.app, fault, edit::RoutineName(window, "rtxtXML_LostFocus"));
+}
+
+bool ReadEditedText(DocumentWindow& window) {
+    if (!window.bond.bTextChanged())
+        return true;
+    const bool told = window.TextInUse().Long() == window.bond.msLastParsedText; // of this very text, before
+    LeaveTextView(window);
+    return told || !window.bond.refused();
+}
+
+void BringTextUpToDate(DocumentWindow& window) {
+    const bool naming = window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0;
+    if (!naming)
+        edit::WriteUnnamed(window);
+}
+
+void NavToNodeRelatedText(DocumentWindow& window) {
+    edit::Guarded(window, "NavToNodeRelatedText", [&] {
+        controls::RichTextBox& target = window.TextInUse();
+        const TreeNode node = window.tvXML.SelectedItem();
+        if (!node) {
+            target.SetSelStart(target.Long().size());
+            return;
+        }
+        target.Tag = node.Key();
+        const qsizetype place =
+            m_tvXML::GetTextPositionByNodeNum(target.Long(), m_tvXML::GetBeforeNodeNumber(window.app, node));
+        target.SetSelStart(place + kJumpBeyond);
+        target.SetSelStart(std::abs(place - 1));
+        target.SetSelLength(1);
+        edit::ShowCursorPosition(window);
+    });
+}
+
+void SelectNodeAtCaret(DocumentWindow& window) {
+    edit::Run(window, "rtxtXML_Click", [&] {
+        if (window.tvXML.Nodes.Count() == 0)
+            return;
+        const controls::RichTextBox& target = window.TextInUse();
+        const long number = m_tvXML::GetNodeNumByTextPosition(target.Long(), target.SelStart());
+        if (const TreeNode node = m_tvXML::GetNodeByNumber(window.app, number, window.tvXML.Nodes(1)))
+            window.tvXML.SetSelectedItem(node);
+    });
+}
+
+} // namespace textview

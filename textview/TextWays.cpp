@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "textview/TextWays.h"
+#include "core/model/NodeKind.h"
+#include "core/model/NodeNumbers.h"
+#include "textview/FillText.h"
+#include "textview/History.h"
+#include "textview/TextLink.h"
+#include "textview/TreeText.h"
+
+namespace textview {
+
+namespace {
+
+const text::LongText& Text(const DocumentWindow& window) {
+    return window.rtxtXML.Long();
+}
+
+// A window that is loaded again may hold a text that was never read: it belonged to another document.
+void ForgetDocument(DocumentWindow& window) {
+    window.bond.move(BondMove::TextRead);
+    window.bond.treeRevision = window.tvXML.Revision();
+}
+
+// A window that merely comes to the front keeps its text (quirk 17).
+void Begin(DocumentWindow& window, const FetchedText& fetched) {
+    ForgetDocument(window);
+    SetRichText(window, fetched.text);
+    // Colouring may have put blanks in; which line end is whose is told by the text as it was before an edit.
+    if (!window.fileForm.lineEnds.each.empty())
+        window.fileForm.lineEnds.loadedText = window.rtxtXML.Long();
+    XMLToTree(window, fetched, 0);
+    window.bond.msLastParsedText = window.rtxtXML.Long();
+    BeginHistory(window);
+}
+
+void BeginFromTree(DocumentWindow& window) {
+    ForgetDocument(window);
+    TreeChangeTextView(window);
+    BeginHistory(window);
+}
+
+// The current node stays by its number, since the keys are new; the root has none of its own.
+void Replace(DocumentWindow& window, const QString& text) {
+    ChangeText(window, text::LongText::Like(text, window.rtxtXML.Long()), window.TextInUse().Content());
+    const controls::TreeNode selected = window.tvXML.SelectedItem();
+    const long number = m_tvXML::GetBeforeNodeNumber(window.app, selected);
+    const bool root = m_tvXML::IsTreeRoot(selected);
+    XMLToTree(window, text, number, edit::Tone::Quiet);
+    if (root)
+        window.tvXML.SetSelectedItem(window.tvXML.Nodes(1));
+    window.bond.msLastParsedText = window.rtxtXML.Long();
+}
+
+} // namespace
+
+const edit::TextWay& WrittenAnew() {
+    static constexpr edit::TextWay way{.text = Text,
+                                       .begin = Begin,
+                                       .beginFromTree = BeginFromTree,
+                                       .read = ReadEditedText,
+                                       .write = TreeChangeTextView,
+                                       .replace = Replace};
+    return way;
+}
+
+} // namespace textview

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/edit/Report.h"
+#include "core/model/DocumentWindow.h"
+#include "core/model/FetchedText.h"
+
+// Text to tree and tree to text.
+namespace textview {
+
+/// Copies a text into the tree, whole: new nodes, new keys; a blank text leaves the root alone. The text view
+/// then shows the tree's own form of the text, where it is on show or empty. A text that doesn't parse is
+/// told and leaves the tree as it is (a tree without a document gets the default one); the text view comes up
+/// with the character at the error selected. `selectNumber` is the number of the node to select (0: the first
+/// one). What came of the parse; nothing for a blank text and after a fault, which is reported.
+mXMLEdit::Parsed XMLToTree(DocumentWindow& window, const FetchedText& text, long selectNumber,
+                           edit::Tone tone = edit::Tone::Box);
+
+/// Brings the text up to date after a change in the tree, with one undo step if it differs. Tree and text
+/// agree then; where that fails all stands as before.
+void TreeChangeTextView(DocumentWindow& window);
+
+} // namespace textview

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "window/WindowEvents.h"
+#include "core/edit/FollowPath.h"
+#include "core/edit/Save.h"
+#include "core/edit/Tabs.h"
+#include "core/edit/Transaction.h"
+#include "core/model/FileNames.h"
+#include "core/model/Frame.h"
+#include "nodes/DragEvents.h"
+#include "nodes/FinishEdits.h"
+#include "nodes/TreeEvents.h"
+#include "textview/TextWays.h"
+#include <QScopeGuard>
+#include <Qt>
+#include <algorithm>
+
+namespace window {
+
+namespace {
+
+// What a document that was closed leaves behind: its name in the lists of names.
+void FileName(DocumentWindow& window) {
+    Frame& frame = window.app.frame();
+    frame.cmbAddress().SetText(window.app.CurrentFileName);
+    if (mXMLEdit::GetAddressType(window.Caption) > 0) {
+        frame.UpdateFileMenu(window.Caption);
+        frame.AddToList(window.Caption);
+    }
+}
+
+} // namespace
+
+void Form_Load(DocumentWindow& window) {
+    window.way = &textview::WrittenAnew();
+    window.chtAna.SetVisible(false);
+    window.pctLHSplit.SetVisible(false);
+    // What is being typed in a label or a cell goes in before another view shows.
+    window.tbsXML.BeforeClick.connect([&window](bool&) { nodes::FinishEdits(window); });
+    edit::LoadViews(window);
+    nodes::ConnectTree(window);
+    nodes::ConnectDragging(window);
+    window.txtXPath.KeyUp.connect([&window](int key, int) {
+        if (key == Qt::Key_Return || key == Qt::Key_Enter)
+            edit::SelectTreeNodeByPath(window, window.txtXPath.Text());
+    });
+}
+
+void Form_Activate(DocumentWindow& window) {
+    edit::Run(window, "Form_Activate", [&] {
+        SetVSplitPosition(window, window.msngVSplit);
+        edit::ExpandRoot(window);
+        if (window.tvXML.Nodes.Count() > 0) {
+            window.app.CurrentFileName = window.tvXML.Nodes(1).Text();
+            window.SetCaption(window.app.CurrentFileName);
+        }
+        const bool local = mXMLEdit::IsLocalPath(window.Caption);
+        window.app.frame().cmbAddress().SetText(local ? window.Caption : QString());
+    });
+}
+
+bool Form_Unload(DocumentWindow& window) {
+    window.bUnloading = true;
+    // Where saving breaks off, the window stays, and can be closed again.
+    auto brokenOff = qScopeGuard([&window] {
+        window.bUnloading = window.bCancelSave = false;
+        window.app.frame().RefreshMenu();
+    });
+    if (window.app.frame().FormCount() <= 1)
+        window.app.frame().DisableMenu();
+    nodes::FinishEdits(window);
+    edit::SaveXMLFile(window, false, false);
+    if (window.bCancelSave)
+        return false;
+    brokenOff.dismiss();
+    FileName(window);
+    edit::UnloadViews(window);
+    return true;
+}
+
+void SetVSplitPosition(DocumentWindow& window, double position) {
+    window.msngVSplit = std::max(position, 0.0);
+}
+
+} // namespace window
