@@ -44,6 +44,7 @@ struct DocumentStore {
     std::vector<QString> names;
     std::uint32_t nodeCount = 1; ///< with the document node
     std::uint32_t rootId = 0;    ///< the root element
+    Losses losses;
 
     std::unique_ptr<XPathTree> xpathTree; ///< made when a path is first asked for
 

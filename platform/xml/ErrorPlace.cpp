@@ -61,7 +61,59 @@ qsizetype MissingEndTagName(QStringView text, qsizetype place) {
     return text.left(at).endsWith(u"</") ? at : place;
 }
 
+qsizetype PastBlanks(QStringView text, qsizetype at) {
+    while (at < text.size() && IsBlank(text[at]))
+        ++at;
+    return at;
+}
+
+/// The place behind a name that starts there.
+qsizetype NameEnd(QStringView text, qsizetype at) {
+    while (at < text.size() && !IsBlank(text[at]) && !QStringView(u"=/>").contains(text[at]))
+        ++at;
+    return at;
+}
+
+/// The parser stands behind the attributes of a tag; the name is the element's or one of theirs. An attribute
+/// that the element has by default isn't there: the element's name stands for it.
+qsizetype NameInTagBefore(QStringView text, qsizetype place, QStringView name) {
+    const qsizetype element = LastBefore(text, u"<", place) + 1;
+    for (qsizetype at = element; at < place;) {
+        const qsizetype end = NameEnd(text, at);
+        if (text.mid(at, end - at) == name)
+            return at;
+        at = PastBlanks(text, end);
+        if (at < place && text[at] == u'=') {
+            at = PastBlanks(text, at + 1);
+            const qsizetype quote = at < place ? text.indexOf(text[at], at + 1) : -1;
+            at = quote < 0 ? place : PastBlanks(text, quote + 1);
+        } else if (end == at) {
+            break;
+        }
+    }
+    return element;
+}
+
+/// The parser stands behind a declaration, or behind a part of it that holds the name.
+qsizetype NameInDeclarationBefore(QStringView text, qsizetype place, QStringView name) {
+    const qsizetype from = LastBefore(text, u"<!", place);
+    const qsizetype found = text.indexOf(name, from);
+    return found < 0 || found > place ? from : found;
+}
+
+/// The parser stands behind what a name belongs to that breaks a rule for namespaces.
+qsizetype BadNameBefore(QStringView text, const Complaint& complaint) {
+    const qsizetype place = complaint.place;
+    if (text.left(place).endsWith(u"?>"))
+        return LastBefore(text, u"<?", place) + 2;
+    const bool declared = text.mid(LastBefore(text, u"<", place)).startsWith(u"<!");
+    return declared || complaint.code == kErrorColon ? NameInDeclarationBefore(text, place, complaint.name)
+                                                     : NameInTagBefore(text, place, complaint.name);
+}
+
 bool IsNoticedBehind(const Complaint& complaint) {
+    if (IsNamespaceError(complaint.code))
+        return true;
     switch (complaint.code) {
     case XML_ERR_TAG_NAME_MISMATCH:
     case XML_ERR_ATTRIBUTE_REDEFINED:
@@ -79,6 +131,7 @@ bool IsNoticedBehind(const Complaint& complaint) {
     case kErrorManyNames:
     case kErrorParameterEntity:
     case kErrorReservedTarget:
+    case kErrorNotation:
         return true;
     default:
         return complaint.inEntity;
@@ -90,6 +143,8 @@ qsizetype PlaceOfKind(QStringView text, const Complaint& complaint) {
     const qsizetype place = complaint.place;
     if (complaint.inEntity)
         return ReferenceBefore(text, place);
+    if (IsNamespaceError(complaint.code))
+        return BadNameBefore(text, complaint);
     switch (complaint.code) {
     case XML_ERR_TAG_NAME_MISMATCH:
         return std::min(LastBefore(text, u"</", place) + 2, text.size() - 1);
@@ -113,6 +168,8 @@ qsizetype PlaceOfKind(QStringView text, const Complaint& complaint) {
     case kErrorComparedAttributes:
     case kErrorDefaults:
         return place < text.size() && text[place] == u'<' ? place : LastBefore(text, u"<", place);
+    case kErrorNotation:
+        return NameInDeclarationBefore(text, place, complaint.name);
     case XML_ERR_MISPLACED_CDATA_END:
         return CDataEndFrom(text, place);
     case XML_ERR_HYPHEN_IN_COMMENT:
@@ -137,6 +194,10 @@ bool IsForbiddenCharacter(QStringView text, qsizetype place) {
     if (QChar::isLowSurrogate(unit))
         return place == 0 || !text[place - 1].isHighSurrogate();
     return unit >= 0xFFFE;
+}
+
+bool IsSecondMark(QStringView text, const Complaint& complaint, qsizetype place) {
+    return complaint.code == XML_ERR_DOCUMENT_EMPTY && place >= 0 && text[place] == QChar::ByteOrderMark;
 }
 
 bool IsPrematureEnd(QStringView text, const Complaint& complaint) {

@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/xml/ErrorReport.h"
+#include "platform/xml/ErrorWords.h"
+#include "platform/xml/KindReason.h"
+#include "platform/xml/NamespaceReason.h"
 #include <libxml/xmlerror.h>
 
 namespace xml {
 
 namespace {
-
-constexpr qsizetype kLongestName = 80; // of a name or character run that is quoted in a sentence
-
-QString Quoted(QStringView name) {
-    const QString shown =
-        name.size() <= kLongestName ? name.toString() : name.left(kLongestName).toString() + QChar(0x2026);
-    return u'\'' + shown + u'\'';
-}
 
 /// The character at a place, as it can be shown in a sentence.
 QString Shown(QStringView text, qsizetype place) {
@@ -152,8 +147,6 @@ QString ContentReason(QStringView text, const Complaint& complaint, qsizetype pl
             .arg(Shown(text, place));
     case XML_ERR_MISPLACED_CDATA_END:
         return QStringLiteral("The characters ']]>' cannot stand in a text; write ']]&gt;'.");
-    case XML_ERR_HYPHEN_IN_COMMENT:
-        return QStringLiteral("The characters '--' cannot stand in a comment.");
     case XML_ERR_INVALID_CHAR:
         return QStringLiteral("The number reference %1 does not stand for a character of XML.")
             .arg(Quoted(NameAt(text, place + 1).toString().prepend(u'&').append(u';')));
@@ -162,32 +155,12 @@ QString ContentReason(QStringView text, const Complaint& complaint, qsizetype pl
     case XML_ERR_INVALID_CHARREF:
         return QStringLiteral("A number reference has %1 where a digit or ';' should stand.")
             .arg(Shown(text, place));
-    case XML_ERR_RESERVED_XML_NAME:
-        return QStringLiteral("An XML declaration can stand only at the very start of the document.");
     case kErrorReservedTarget:
         return QStringLiteral("The name %1 is reserved; a processing instruction cannot have it.")
             .arg(Quoted(complaint.name));
     case XML_ERR_PI_NOT_STARTED:
         return QStringLiteral("A processing instruction must start with a name, not with %1.")
             .arg(Shown(text, place));
-    case kErrorStopped:
-        return QStringLiteral("Reading the document was stopped.");
-    case kErrorDepth:
-        return QStringLiteral("The elements are nested too deep: more than 5000 levels.");
-    case kErrorManyAttributes:
-        return QStringLiteral("The element has too many attributes, or too long ones.");
-    case kErrorComparedAttributes:
-        return QStringLiteral("Too many elements have hundreds or thousands of attributes.");
-    case kErrorManyNames:
-        return QStringLiteral("The document has too many different names: more than 100000.");
-    case kErrorLongDeclaration:
-        return QStringLiteral("A declaration inside the document type declaration is too long.");
-    case XML_ERR_DOCTYPE_NOT_FINISHED:
-        return QStringLiteral("The document type declaration holds something that is not a declaration.");
-    case kErrorDefaults:
-        return QStringLiteral("The default values of attributes amount to too much text.");
-    case kErrorUnexpected:
-        return QStringLiteral("The text is not well-formed.");
     default:
         return {};
     }
@@ -196,6 +169,8 @@ QString ContentReason(QStringView text, const Complaint& complaint, qsizetype pl
 /// Something beside the root element.
 QString OutsideReason(QStringView text, const Complaint& complaint, qsizetype place) {
     const QStringView rest = text.mid(place);
+    if (IsSecondMark(text, complaint, place))
+        return KindReason(kErrorByteOrderMark);
     if (complaint.code == XML_ERR_DOCUMENT_EMPTY)
         return QStringLiteral("Text is not allowed before the root element.");
     if (complaint.code != XML_ERR_DOCUMENT_END)
@@ -208,13 +183,13 @@ QString OutsideReason(QStringView text, const Complaint& complaint, qsizetype pl
     return QStringLiteral("Text is not allowed behind the root element.");
 }
 
-/// The library's own words as a sentence, for the rarer kinds (most concern the document type declaration).
-QString LibrarySentence(const Complaint& complaint) {
-    QString words = complaint.message.simplified();
-    if (words.isEmpty())
-        return QStringLiteral("The text is not well-formed.");
-    words[0] = words[0].toUpper();
-    return words.endsWith(u'.') ? words : words + u'.';
+/// What is wrong inside an entity's replacement text, as the end of a sentence.
+QString InsideReason(const Complaint& complaint) {
+    QString sentence = NamespaceReason(complaint);
+    if (sentence.isEmpty())
+        sentence = KindReason(complaint.code);
+    sentence[0] = sentence[0].toLower();
+    return sentence;
 }
 
 } // namespace
@@ -231,15 +206,18 @@ QString ErrorReason(QStringView text, const Complaint& complaint, qsizetype plac
         return reference;
     if (complaint.inEntity)
         return QStringLiteral("The entity %1 does not fit here: %2")
-            .arg(EntityName(text, place), LibrarySentence(complaint));
+            .arg(EntityName(text, place), InsideReason(complaint));
     if (IsPrematureEnd(text, complaint))
         return EndReason(complaint);
+    const QString name = NamespaceReason(complaint);
+    if (!name.isEmpty())
+        return name;
     for (const auto reason : {TagReason, ContentReason, OutsideReason}) {
         const QString sentence = reason(text, complaint, place);
         if (!sentence.isEmpty())
             return sentence;
     }
-    return LibrarySentence(complaint);
+    return KindReason(complaint.code);
 }
 
 } // namespace xml

@@ -56,12 +56,19 @@ QString SourceLine(QStringView text, qsizetype start, qsizetype place) {
     return text.mid(start, end - start).toString();
 }
 
+/// The kind of error by what stands at its place, where that tells more than the parser did.
+int CodeAt(QStringView text, const Complaint& complaint, qsizetype place) {
+    if (IsForbiddenCharacter(text, place))
+        return XML_ERR_INVALID_CHAR;
+    return IsSecondMark(text, complaint, place) ? kErrorByteOrderMark : complaint.code;
+}
+
 } // namespace
 
 ParseError MakeParseError(QStringView text, const Complaint& complaint, const QString& url) {
     ParseError error;
     const qsizetype place = ErrorPlace(text, complaint);
-    error.errorCode = IsForbiddenCharacter(text, place) ? XML_ERR_INVALID_CHAR : complaint.code;
+    error.errorCode = CodeAt(text, complaint, place);
     error.reason = ErrorReason(text, complaint, place) + QStringLiteral("\r\n");
     error.url = url;
     if (place < 0)

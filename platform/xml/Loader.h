@@ -5,6 +5,7 @@
 #include "platform/xml/EntityBudget.h"
 #include "platform/xml/ErrorReport.h"
 #include "platform/xml/NameCache.h"
+#include "platform/xml/NamespaceScope.h"
 #include "platform/xml/TagSizeGuard.h"
 #include "platform/xml/Utf8Feed.h"
 #include <exception>
@@ -18,8 +19,8 @@ namespace xml {
 /// Parses one text into a store. The parser calls back event by event; the first thing that is wrong ends it.
 class Loader {
 public:
-    Loader(DocumentStore& store, const ParsedDocument::Step& step)
-        : store_(store), step_(step), names_(store) {}
+    Loader(DocumentStore& store, const ParsedDocument::Step& step, Prefixes prefixes)
+        : store_(store), step_(step), prefixes_(prefixes), names_(store), namespaces_(store) {}
 
     /// The complaint, or nothing when the text was well-formed. Throws when memory runs out.
     std::optional<Complaint> load(const text::LongText& text);
@@ -33,7 +34,10 @@ private:
     struct Open {
         std::uint32_t id;
         std::uint32_t lastChild;
-        bool preserve; ///< white space counts here
+        bool preserve;             ///< white space counts here
+        bool hasText = false;      ///< more than blanks
+        bool respaced = false;     ///< has a text whose blanks indenting would change
+        std::uint32_t layouts = 0; ///< dropped blanks with a line end between two children
     };
 
     void parse(qsizetype length);
@@ -53,6 +57,8 @@ private:
     void declareAttribute(const xmlChar* element, const xmlChar* attribute, int type, const xmlChar* value);
     void declareEntity(const xmlChar* name, int type, const xmlChar* publicId, const xmlChar* systemId,
                        xmlChar* content);
+    void declareElement(const xmlChar* name);
+    void declareNotation(const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId);
     void declareOther(); ///< what needs no keeping
     void declareUnparsed(const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId,
                          const xmlChar* notation);
@@ -66,8 +72,17 @@ private:
     void addValueNode(NodeType type, std::uint32_t nameId, const char* value, std::size_t length);
     void addAttributes(std::uint32_t id, std::uint32_t nameId, const xmlChar** attributes);
     void addDefaults(const ElementRules& rules);
+    void enterScope(std::uint32_t nameId);
+    bool checksPrefixes() const { return prefixes_ == Prefixes::Declared; }
+    void checkForm(std::uint32_t nameId);
+    void checkColon(const xmlChar* name);
+    bool inEntity() const;
+    void failByName(int code, const QString& name);
     text::StringPool::Ref attributeValue(const ElementRules* rules, std::uint32_t nameId, const char* value);
-    void flushText();
+    void flushText(bool siblingFollows = true);
+    void noteDropped(Open& parent);
+    void notePreserved(Open& parent, bool blank);
+    void noteReference();
     bool inDocumentType() const { return context_->inSubset != 0; }
     bool isJustDeclared(const xmlChar* name);
 
@@ -77,11 +92,13 @@ private:
 
     DocumentStore& store_;
     const ParsedDocument::Step& step_;
+    const Prefixes prefixes_;
     static constexpr qsizetype kUnitsPerStep = 250'000;
     qsizetype nextStep_ = kUnitsPerStep; ///< the unit at which the step is due
     qsizetype length_ = 0;               ///< of the text
     std::exception_ptr failureOfStep_;
     NameCache names_;
+    NamespaceScope namespaces_;
     AttributeRules rules_;
     EntityBudget budget_;
     ComparedAttributes compared_;
@@ -91,9 +108,10 @@ private:
     std::vector<Open> open_;
     std::vector<Attribute> scratch_; ///< the attributes of the element at hand
     std::vector<std::uint32_t>
-        writtenIn_;        ///< by attribute name: the element that it was last met in; see addDefaults
-    std::string text_;     ///< the text that is not yet a node
-    std::string declared_; ///< the entity that was declared last, until it was asked for once
+        writtenIn_; ///< by attribute name: the element that it was last met in; see addDefaults
+    unsigned long referenceByte_ = 0; ///< where the last reference in the text itself ended
+    std::string text_;                ///< the text that is not yet a node
+    std::string declared_;            ///< the entity that was declared last, until it was asked for once
     unsigned long declarationByte_ =
         0; ///< where the last declaration or long string in the document type ended
     std::optional<Complaint> complaint_;

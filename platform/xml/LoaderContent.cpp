@@ -18,6 +18,10 @@ bool IsBlankText(const std::string& text) {
                        [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; });
 }
 
+bool IsLineEnd(char c) {
+    return c == '\n' || c == '\r';
+}
+
 } // namespace
 
 /// Whether the parser stands in a tag, and not in markup or text that could only look like one.
@@ -64,13 +68,15 @@ void Loader::startElement(const xmlChar* name, const xmlChar** attributes) {
     if (open_.size() == 1)
         store_.rootId = id;
     open_.push_back(Open{id, 0, open_.back().preserve});
+    scratch_.clear();
     if (attributes || !rules_.isEmpty())
         addAttributes(id, number, attributes);
+    if (checksPrefixes() && !stopped_)
+        enterScope(number);
 }
 
 void Loader::addAttributes(std::uint32_t id, std::uint32_t nameId, const xmlChar** attributes) {
     const ElementRules* rules = rules_.isEmpty() ? nullptr : rules_.of(nameId);
-    scratch_.clear();
     std::size_t nameLengths = 0;
     for (; attributes && attributes[0]; attributes += 2) {
         const std::uint32_t attribute = numberOf(attributes[0]);
@@ -100,17 +106,43 @@ void Loader::addAttributes(std::uint32_t id, std::uint32_t nameId, const xmlChar
     }
 }
 
-void Loader::flushText() {
+void Loader::flushText(bool siblingFollows) {
     if (text_.empty())
         return;
-    if (open_.back().preserve || !IsBlankText(text_))
+    Open& parent = open_.back();
+    const bool blank = IsBlankText(text_);
+    parent.hasText = parent.hasText || !blank;
+    if (parent.preserve)
+        notePreserved(parent, blank);
+    else if (blank && siblingFollows && parent.lastChild != 0)
+        noteDropped(parent);
+    if (parent.preserve || !blank)
         addValueNode(TEXT, DocumentStore::kTextName, text_.data(), text_.size());
     text_.clear();
 }
 
+/// Blanks with a line end are layout as long as their parent has no other text, which may still follow.
+void Loader::noteDropped(Open& parent) {
+    if (text_.find('\n') == std::string::npos)
+        Losses::add(store_.losses.blanks);
+    else
+        ++parent.layouts;
+}
+
+void Loader::notePreserved(Open& parent, bool blank) {
+    if (parent.respaced || !(blank || IsLineEnd(text_.front()) || IsLineEnd(text_.back())))
+        return;
+    parent.respaced = true;
+    Losses::add(store_.losses.preserved);
+}
+
 void Loader::endElement() {
-    flushText();
+    flushText(false);
+    if (open_.back().hasText)
+        Losses::add(store_.losses.blanks, open_.back().layouts);
     open_.pop_back();
+    if (checksPrefixes())
+        namespaces_.leave();
 }
 
 void Loader::characters(const xmlChar* text, int length) {
@@ -119,6 +151,8 @@ void Loader::characters(const xmlChar* text, int length) {
 
 void Loader::cdata(const xmlChar* text, int length) {
     flushText();
+    open_.back().hasText = true;
+    Losses::add(store_.losses.sections);
     addValueNode(CDATA_SECTION, DocumentStore::kCDataName, Chars(text), static_cast<std::size_t>(length));
 }
 
@@ -136,6 +170,7 @@ void Loader::instruction(const xmlChar* target, const xmlChar* data) {
         fail(kErrorReservedTarget, QString::fromUtf8(Chars(target)));
         return;
     }
+    checkColon(target);
     if (inDocumentType()) {
         declareOther();
         return;

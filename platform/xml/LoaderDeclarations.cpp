@@ -53,8 +53,24 @@ bool Loader::isDeclarationTooLong() {
 
 void Loader::documentType(const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId) {
     xmlSAX2InternalSubset(context_, name, publicId, systemId);
-    addNode(DOCUMENT_TYPE, numberOf(name));
+    const std::uint32_t number = numberOf(name);
+    addNode(DOCUMENT_TYPE, number);
+    Losses::add(store_.losses.documentTypes);
+    checkForm(number);
     declareOther();
+}
+
+void Loader::declareElement(const xmlChar* name) {
+    declareOther();
+    if (checksPrefixes() && std::strchr(Chars(name), ':'))
+        checkForm(numberOf(name));
+}
+
+void Loader::declareNotation(const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId) {
+    declareOther();
+    checkColon(name);
+    if (!publicId && !systemId)
+        failByName(kErrorNotation, Text(name));
 }
 
 void Loader::declareAttribute(const xmlChar* element, const xmlChar* attribute, int type,
@@ -63,7 +79,10 @@ void Loader::declareAttribute(const xmlChar* element, const xmlChar* attribute, 
     text::StringPool::Ref ref = 0;
     if (value)
         ref = store_.texts.addUtf8(Chars(value), std::strlen(Chars(value)));
-    rules_.add(numberOf(element), numberOf(attribute), type != XML_ATTRIBUTE_CDATA, value ? &ref : nullptr);
+    const std::uint32_t ofElement = numberOf(element), number = numberOf(attribute);
+    rules_.add(ofElement, number, type != XML_ATTRIBUTE_CDATA, value ? &ref : nullptr);
+    checkForm(ofElement);
+    checkForm(number);
 }
 
 text::StringPool::Ref Loader::attributeValue(const ElementRules* rules, std::uint32_t nameId,
@@ -92,6 +111,7 @@ void Loader::addDefaults(const ElementRules& rules) {
 void Loader::declareEntity(const xmlChar* name, int type, const xmlChar* publicId, const xmlChar* systemId,
                            xmlChar* content) {
     declareOther();
+    checkColon(name);
     declared_ = Chars(name);
     if (IsParameter(type) && Length(content) > kMaxDeclaration) {
         fail(kErrorLongDeclaration);
@@ -124,6 +144,7 @@ bool Loader::isJustDeclared(const xmlChar* name) {
 void Loader::declareUnparsed(const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId,
                              const xmlChar* notation) {
     declareOther();
+    checkColon(name);
     xmlSAX2UnparsedEntityDecl(context_, name, publicId, systemId, notation);
 }
 
@@ -139,7 +160,17 @@ xmlEntityPtr Loader::entity(const xmlChar* name) {
         fail(kErrorExternalEntity, Text(name));
     else if (!budget_.charge(ExpansionOf(found->content), byte()))
         fail(kErrorExpansion, Text(name));
+    else
+        noteReference();
     return stopped_ ? nullptr : found;
+}
+
+/// References in the content of an entity are met where the reference to it ends.
+void Loader::noteReference() {
+    if (inDocumentType() || byte() == referenceByte_)
+        return;
+    referenceByte_ = byte();
+    Losses::add(store_.losses.references);
 }
 
 xmlEntityPtr Loader::parameterEntity(const xmlChar* name) {

@@ -76,11 +76,11 @@ xmlSAXHandler LoaderEvents::Handlers() {
                               const xmlChar* notation) {
         Do(l, [=](Loader& s) { s.declareUnparsed(name, publicId, systemId, notation); });
     };
-    h.elementDecl = [](void* l, const xmlChar*, int, xmlElementContentPtr) {
-        Do(l, [](Loader& s) { s.declareOther(); });
+    h.elementDecl = [](void* l, const xmlChar* name, int, xmlElementContentPtr) {
+        Do(l, [=](Loader& s) { s.declareElement(name); });
     };
-    h.notationDecl = [](void* l, const xmlChar*, const xmlChar*, const xmlChar*) {
-        Do(l, [](Loader& s) { s.declareOther(); });
+    h.notationDecl = [](void* l, const xmlChar* name, const xmlChar* publicId, const xmlChar* systemId) {
+        Do(l, [=](Loader& s) { s.declareNotation(name, publicId, systemId); });
     };
     h.getEntity = [](void* l, const xmlChar* name) {
         xmlEntityPtr found = nullptr;

@@ -75,7 +75,6 @@ void Loader::libraryError(const xmlError& error) {
     if (error.code == XML_ERR_INTERNAL_ERROR && inDocumentType())
         complaint.code = XML_ERR_DOCTYPE_NOT_FINISHED; // all that the library has to say at its end
     complaint.inEntity = error.ctxt != context_ || context_->inputNr > 1;
-    complaint.message = QString::fromUtf8(error.message);
     const bool namesAttribute =
         error.code == XML_ERR_ATTRIBUTE_REDEFINED || error.code == XML_ERR_ATTRIBUTE_WITHOUT_VALUE;
     if (namesAttribute)

@@ -31,7 +31,7 @@ ParseError MemoryError(const QString& url) {
 ParsedDocument::ParsedDocument() = default;
 ParsedDocument::~ParsedDocument() = default;
 
-bool ParsedDocument::loadXML(const QString& text, const QString& url, const Step& step) {
+bool ParsedDocument::loadXML(const QString& text, const QString& url, const Step& step, Prefixes prefixes) {
     std::optional<text::LongText> pieces;
     try {
         pieces.emplace(text);
@@ -40,16 +40,17 @@ bool ParsedDocument::loadXML(const QString& text, const QString& url, const Step
         error_ = MemoryError(url);
         return false;
     }
-    return loadXML(*pieces, url, step);
+    return loadXML(*pieces, url, step, prefixes);
 }
 
-bool ParsedDocument::loadXML(const text::LongText& text, const QString& url, const Step& step) {
+bool ParsedDocument::loadXML(const text::LongText& text, const QString& url, const Step& step,
+                             Prefixes prefixes) {
     storage_.reset();
     error_ = {};
     std::exception_ptr ofStep;
     try {
         auto storage = std::make_unique<Storage>();
-        Loader loader(*storage, step);
+        Loader loader(*storage, step, prefixes);
         const auto complaint = loader.load(text);
         ofStep = loader.failureOfStep();
         if (!complaint && !ofStep)
@@ -80,6 +81,10 @@ Node ParsedDocument::documentElement() const {
 
 std::size_t ParsedDocument::nodeCount() const {
     return storage_ ? storage_->nodeCount - 1 : 0;
+}
+
+Losses ParsedDocument::losses() const {
+    return storage_ ? storage_->losses : Losses();
 }
 
 const QString& ParsedDocument::name(std::uint32_t nameId) const {

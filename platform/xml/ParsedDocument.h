@@ -2,6 +2,7 @@
 #pragma once
 #include "platform/text/LongText.h"
 #include "platform/text/StringPool.h"
+#include "platform/xml/Losses.h"
 #include <QString>
 #include <QStringView>
 #include <cstdint>
@@ -12,6 +13,12 @@
 namespace xml {
 
 class ParsedDocument;
+
+/// Which prefixes a text may use.
+enum class Prefixes : std::uint8_t {
+    Declared, ///< those that are declared in it, by the rules of Namespaces in XML 1.0: for documents
+    Any       ///< all: for fragments whose prefixes are declared elsewhere
+};
 
 /// What the parser disliked. Positions count 16-bit units of the very text that was given.
 struct ParseError {
@@ -78,7 +85,7 @@ private:
 };
 
 /// A text taken apart. Strict XML 1.0 well-formedness; the encoding named in the declaration is ignored,
-/// since a text is decoded already; a prefix without a declaration is not an error. White-space-only text is
+/// since a text is decoded already. White-space-only text is
 /// dropped unless xml:space="preserve" is in scope. The XML declaration is a processing instruction "xml".
 /// Internal entities are resolved, external ones and DTDs are never fetched: a reference to one is a parse
 /// error, because its content could not be kept. Entity expansion and depth (5000 levels) are bounded: a text
@@ -95,11 +102,14 @@ public:
     using Step = std::function<bool(qsizetype done, qsizetype total)>;
 
     /// Takes the text apart. `url` is only reported back in the parse error. `step` is called about every
-    /// 250,000 units, and not for shorter texts.
+    /// 250,000 units, and not for shorter texts. Prefixes::Declared also checks the text by the rules for
+    /// namespaces.
     /// False on an ill-formed text: parseError() tells why and the document is empty. No exception leaves it
     /// but one that `step` throws, with the document empty as well.
-    bool loadXML(const text::LongText& text, const QString& url = {}, const Step& step = {});
-    bool loadXML(const QString& text, const QString& url = {}, const Step& step = {});
+    bool loadXML(const text::LongText& text, const QString& url = {}, const Step& step = {},
+                 Prefixes prefixes = Prefixes::Any);
+    bool loadXML(const QString& text, const QString& url = {}, const Step& step = {},
+                 Prefixes prefixes = Prefixes::Any);
     const ParseError& parseError() const { return error_; }
     /// Whether `step` stopped the last load; it has a parse error then, too.
     bool wasStopped() const;
@@ -107,6 +117,8 @@ public:
     Node document() const; ///< the document node; nothing before a successful load
     Node documentElement() const;
     std::size_t nodeCount() const; ///< nodes below the document node, attributes not counted
+
+    Losses losses() const; ///< what writing the document anew would drop; nothing before a successful load
 
     const QString& name(std::uint32_t nameId) const;
     std::uint32_t nameCount() const;

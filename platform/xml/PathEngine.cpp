@@ -24,10 +24,34 @@ bool IsNameCharacter(QChar c) {
     return c.isLetterOrNumber() || c.isSurrogate() || c.isMark() || c == u'_' || c == u'-' || c == u'.';
 }
 
+/// What the engine dislikes in a path, in our words.
+QString PathReason(int code) {
+    switch (code - static_cast<int>(XML_XPATH_EXPRESSION_OK)) {
+    case XPATH_UNDEF_VARIABLE_ERROR:
+    case XPATH_VARIABLE_REF_ERROR:
+    case XPATH_FORBID_VARIABLE_ERROR:
+        return QStringLiteral("The path uses a variable; there are none here.");
+    case XPATH_UNKNOWN_FUNC_ERROR:
+        return QStringLiteral("The path uses a function that does not exist.");
+    case XPATH_INVALID_ARITY:
+        return QStringLiteral("The path uses a function with too few or too many arguments.");
+    case XPATH_INVALID_TYPE:
+    case XPATH_INVALID_OPERAND:
+        return QStringLiteral("The path uses a value of a kind that does not fit there.");
+    case XPATH_UNFINISHED_LITERAL_ERROR:
+        return QStringLiteral("A text in the path lacks its closing quotation mark.");
+    case XPATH_INVALID_PREDICATE_ERROR:
+        return QStringLiteral("A condition in the path is not closed: ']' is missing.");
+    case XPATH_UNCLOSED_ERROR:
+        return QStringLiteral("A ')' is missing in the path.");
+    default:
+        return code == kStepsSpent ? PathTakesTooLong() : QStringLiteral("The path is not a path of XPath.");
+    }
+}
+
 /// Keeps the engine's first complaint.
 void KeepComplaint(void* user, xmlErrorPtr error) {
-    static_cast<PathEngine*>(user)->complain(
-        error->code == kStepsSpent ? PathTakesTooLong() : QString::fromUtf8(error->message).simplified());
+    static_cast<PathEngine*>(user)->complain(PathReason(error->code));
 }
 
 /// The number of the node that a result entry stands for: an attribute stands for its element. False: for

@@ -125,18 +125,16 @@ bool Reader::read() {
 XmlDeclaration ReadXmlDeclaration(QStringView text) {
     constexpr QStringView kStart = u"<?xml";
     XmlDeclaration result;
-    result.end = text.startsWith(QChar(QChar::ByteOrderMark)) ? 1 : 0;
-    const QStringView rest = text.mid(result.end);
-    if (!rest.startsWith(kStart))
+    if (!text.startsWith(kStart))
         return result;
-    if (rest.size() > kStart.size() && !IsBlank(rest[kStart.size()]) && rest[kStart.size()] != u'?')
+    if (text.size() > kStart.size() && !IsBlank(text[kStart.size()]) && text[kStart.size()] != u'?')
         return result; // an instruction such as xml-stylesheet
-    Reader reader(text, result.end + kStart.size());
+    Reader reader(text, kStart.size());
     if (!reader.read()) {
         result.complaint = reader.complaint();
         return result;
     }
-    qsizetype from = result.end + kStart.size();
+    qsizetype from = kStart.size();
     while (IsBlank(text[from]))
         ++from;
     result.present = true;

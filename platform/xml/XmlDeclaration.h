@@ -11,8 +11,7 @@ namespace xml {
 struct XmlDeclaration {
     bool present = false;
     QString data; ///< what stands between "<?xml" and "?>", without the blanks ahead of it, line ends as LF
-    qsizetype end =
-        0; ///< the unit behind it; without a declaration the text's first (behind a byte-order mark)
+    qsizetype end = 0;                  ///< the unit behind it; without a declaration the text's first
     std::optional<Complaint> complaint; ///< set when it is wrong; `end` is not to be used then
 };
 

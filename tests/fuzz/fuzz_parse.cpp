@@ -40,12 +40,24 @@ void CheckError(const xml::ParseError& error, const QString& text) {
     Require(error.srcText.size() <= 400 && error.reason.endsWith(QStringLiteral(".\r\n")));
 }
 
+/// The rules for namespaces only refuse more, at a place in the text.
+void CheckPrefixes(const QString& text, bool wellFormed) {
+    xml::ParsedDocument document;
+    if (document.loadXML(text, {}, {}, xml::Prefixes::Declared))
+        Require(wellFormed);
+    else
+        CheckError(document.parseError(), text);
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const QString text = TextFrom(data, size);
     xml::ParsedDocument document;
-    if (!document.loadXML(text)) {
+    const bool wellFormed = document.loadXML(text);
+    CheckPrefixes(text, wellFormed);
+    if (!wellFormed) {
+        Require(!document.losses().any());
         CheckError(document.parseError(), text);
         return 0;
     }

@@ -31,11 +31,6 @@ TEST(Load, IgnoresTheEncodingThatTheTextNames) {
     }
 }
 
-TEST(Load, PassesOverOneByteOrderMark) {
-    EXPECT_EQ(Dump(QChar(0xFEFF) + QStringLiteral("<?xml version=\"1.0\"?><a/>")),
-              "7:xml'version=\"1.0\"' 1:a");
-}
-
 TEST(Load, JoinsTextOverReferencesAndKeepsItApartAroundMarkup) {
     EXPECT_EQ(Dump(QStringLiteral("<!DOCTYPE a [<!ENTITY e \"in<b>side</b>out\"><!ENTITY n \"N\">]>"
                                   "<a>1&n;2&#51;&e;4<!--c-->5<![CDATA[6]]><![CDATA[7]]>8\r\n9\r0</a>")),
