@@ -83,7 +83,7 @@ bool PasteXMLText(DocumentWindow& window, const QString& text, TreeNode node, bo
 }
 
 mXMLEdit::Parsed ConvertStringToXMLNode(Application& app, const QString& text) {
-    return edit::LoadXMLDocFromString(app, text, edit::Tone::Box);
+    return edit::LoadXMLDocFromString(app, text, edit::Tone::Box, xml::Prefixes::Any);
 }
 
 std::optional<Attributes> AttributesOf(const QString& text) {

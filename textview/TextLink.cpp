@@ -21,10 +21,11 @@ void BuildTreeFromText(DocumentWindow& window) {
     const PaneSelections selections(window);
     const text::LongText text = window.TextInUse().Long();
     const long number = m_tvXML::GetNodeNumByTextPosition(text, window.TextInUse().SelStart());
-    // The text stands for the last parsed one after this whether it parsed or not: leaving the same bad text
-    // again is quiet.
-    window.bond.msLastParsedText = text;
-    if (XMLToTree(window, text, number).good())
+    const bool good = XMLToTree(window, text, number).good();
+    // Whether it parsed or not: leaving the same bad text again is quiet.
+    if (window.TextInUse().Long() == text)
+        window.bond.msLastParsedText = text;
+    if (good)
         selections.restore();
 }
 

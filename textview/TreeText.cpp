@@ -7,6 +7,7 @@
 #include "platform/text/TextTools.h"
 #include "textview/FillText.h"
 #include "textview/History.h"
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 namespace textview {
@@ -80,10 +81,12 @@ void TakeDocument(DocumentWindow& window, const xml::ParsedDocument& document, l
 
 mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long selectNumber,
                           edit::Tone tone) {
-    window.bond.move(BondMove::TextRefused); // until it is in the tree, in whatever way this ends
+    auto brokenOff = qScopeGuard([&window] { window.bond.move(BondMove::TextEdited); }); // to be read again
+    window.bond.move(BondMove::TextRefused); // until it is in the tree
     if (text.text.holdsOnly(u" ")) {
         m_tvXML::AddTreeRoot(window.app, window.tvXML, false);
         CountAsRead(window);
+        brokenOff.dismiss();
         return {};
     }
     mXMLEdit::Parsed parsed = edit::LoadXMLDocFromString(window.app, text, tone);
@@ -91,6 +94,7 @@ mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long 
         TakeDocument(window, *parsed.document, selectNumber);
     else
         ShowBadText(window, text.text, parsed);
+    brokenOff.dismiss();
     return parsed;
 }
 

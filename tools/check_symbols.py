@@ -24,17 +24,7 @@ def files(room, names):
 
 
 # Circles that stand for now. One that is gone or has changed must go from here, or change with it.
-KNOWN_CIRCLES = [
-    frozenset({"core", "nodes", "textview"}),
-    files("core/sync", "NodePath TextLink Views"),
-    files("desktop", "TextAccessible TextView TextViewCaret TextViewDrop TextViewKeys TextViewMouse"),
-    files("nodes", "AddNodes DeleteAndMove FinishEdits ListCommands ListCommit ListEditor"),
-    files("nodes/dialogs", "frmEditNodes frmEditNodesMoves"),
-    files("platform/controls", "TreeNode TreeView"),
-    files("platform/text", "LongText LongTextBuilder"),
-    files("platform/xml", "Loader LoaderDeclarations LoaderEvents"),
-    files("shell", "Commands MenuPlan MenuState RecentFiles TextCommands ToolbarState Windows frmMDIMain"),
-]
+KNOWN_CIRCLES = []
 
 SHOWN = 6  # symbols of one arrow
 

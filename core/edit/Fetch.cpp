@@ -49,7 +49,7 @@ bool ParseAhead(Application& app, Fetching& fetching, FetchedText& fetched) {
         return true;
     ++app.work.parses;
     auto parsed = std::make_shared<xml::ParsedDocument>();
-    parsed->loadXML(fetched.text, {}, fetching.step(kDecoded, kParsed));
+    parsed->loadXML(fetched.text, {}, fetching.step(kDecoded, kParsed), xml::Prefixes::Declared);
     if (parsed->wasStopped())
         return false;
     fetched.parsed = std::move(parsed);

@@ -37,17 +37,18 @@ void Message(Application& app, const QString& text) {
     app.frame().StatusBar1().SetPanel(1, text);
 }
 
-mXMLEdit::Parsed LoadXMLDocFromString(Application& app, const FetchedText& text, Tone tone) {
+mXMLEdit::Parsed LoadXMLDocFromString(Application& app, const FetchedText& text, Tone tone,
+                                      xml::Prefixes prefixes) {
     return Guarded(app, QStringLiteral("mXMLEdit.LoadXMLDocFromString"), [&] {
-        mXMLEdit::Parsed parsed = mXMLEdit::Parse(app, text);
+        mXMLEdit::Parsed parsed = mXMLEdit::Parse(app, text, prefixes);
         if (parsed.document)
             Tell(app, parsed.error(), tone);
         return parsed;
     });
 }
 
-bool ValidateXML(Application& app, const FetchedText& text, Tone tone) {
-    return LoadXMLDocFromString(app, text, tone).good();
+bool ValidateXML(Application& app, const FetchedText& text, Tone tone, xml::Prefixes prefixes) {
+    return LoadXMLDocFromString(app, text, tone, prefixes).good();
 }
 
 bool Tell(Application& app, const m_tvXML::ProbeResult& result, Tone tone) {

@@ -19,9 +19,11 @@ void Message(Application& app, const QString& text); ///< on status panel 1
 
 /// Parses, and tells of a failure, which stays the last parse error. A good text clears that and status
 /// panel 1. An empty text does nothing.
-mXMLEdit::Parsed LoadXMLDocFromString(Application& app, const FetchedText& text, Tone tone);
+mXMLEdit::Parsed LoadXMLDocFromString(Application& app, const FetchedText& text, Tone tone,
+                                      xml::Prefixes prefixes = xml::Prefixes::Declared);
 /// Whether a text parses; told likewise. False and not a word for an empty text.
-bool ValidateXML(Application& app, const FetchedText& text, Tone tone);
+bool ValidateXML(Application& app, const FetchedText& text, Tone tone,
+                 xml::Prefixes prefixes = xml::Prefixes::Declared);
 /// What became of a probe, told likewise. True for one without an error of the parser.
 bool Tell(Application& app, const m_tvXML::ProbeResult& result, Tone tone);
 

@@ -92,10 +92,10 @@ int GetSelTextType(Application& app, const QString& text) {
     if (!text.contains(u'<'))
         return ValidateNodeAttributes(app, text, QStringLiteral("temp"), true) ? kSelTextAttributes
                                                                                : kSelTextNothing;
-    if (ValidateXML(app, text, Tone::Quiet))
+    if (ValidateXML(app, text, Tone::Quiet, xml::Prefixes::Any))
         return kSelTextDocument;
     const QString wrapped = QStringLiteral("<temp> ") + text + QStringLiteral(" </temp>");
-    return ValidateXML(app, wrapped, Tone::Quiet) ? kSelTextFragment : kSelTextNothing;
+    return ValidateXML(app, wrapped, Tone::Quiet, xml::Prefixes::Any) ? kSelTextFragment : kSelTextNothing;
 }
 
 } // namespace edit

@@ -9,14 +9,14 @@ std::optional<xml::ParseError> Parsed::error() const {
     return document && !good() ? std::optional(document->parseError()) : std::nullopt;
 }
 
-Parsed Parse(Application& app, const FetchedText& text) {
+Parsed Parse(Application& app, const FetchedText& text, xml::Prefixes prefixes) {
     if (text.text.isEmpty())
         return {};
     Parsed parsed{std::exchange(text.parsed, nullptr)};
     if (!parsed.document) {
         ++app.work.parses;
         parsed.document = std::make_shared<xml::ParsedDocument>();
-        parsed.document->loadXML(text.text);
+        parsed.document->loadXML(text.text, {}, {}, prefixes);
     }
     return parsed;
 }

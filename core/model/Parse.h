@@ -20,8 +20,9 @@ struct Parsed {
     xml::Node root() const { return good() ? document->documentElement() : xml::Node(); }
 };
 
-/// Parses. A text that was taken apart when it was fetched isn't parsed again.
-Parsed Parse(Application& app, const FetchedText& text);
+/// Parses. A text that was taken apart when it was fetched isn't parsed again. Prefixes have to be declared
+/// in a document; those of a part of one may be declared elsewhere.
+Parsed Parse(Application& app, const FetchedText& text, xml::Prefixes prefixes = xml::Prefixes::Declared);
 
 /// The seven lines that tell of an error.
 QString ErrorLines(const xml::ParseError& error);

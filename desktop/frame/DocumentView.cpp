@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/frame/DocumentView.h"
-#include "window/WindowEvents.h"
 #include "desktop/base/Listen.h"
 #include "desktop/base/Twips.h"
 #include "desktop/bind/LineAdapter.h"
@@ -13,6 +12,7 @@
 #include "desktop/nodes/TreeTip.h"
 #include "desktop/text/TextAdapter.h"
 #include "ui_frmXMLEdit.h"
+#include "window/WindowEvents.h"
 
 namespace desktop {
 
