@@ -25,6 +25,7 @@ void Show(DocumentWindow& window) {
     edit::Then(window, [&window] { Display(window); });
 }
 
+// Without the focus (quirk 8).
 void Refresh(DocumentWindow& window, bool treeChanged) {
     if (treeChanged)
         Display(window);

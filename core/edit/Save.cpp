@@ -30,11 +30,9 @@ bool BringTogether(DocumentWindow& window) {
     return changed && window.bUnloading;
 }
 
-// The last parse error belongs to the whole program, not to the window: while some text is known not to
-// parse, closing any window asks, an unchanged one too. Which text it was is not kept, and a needless
-// question loses nothing where a missing one might.
+// Whatever another document's last parse was, a text that is in its file needs no saving (quirk 25).
 bool NothingToSave(DocumentWindow& window, bool bSaveAs) {
-    return !window.app.lastParseError && !bSaveAs && window.way->text(window) == window.bond.msOpenText;
+    return !bSaveAs && window.way->text(window) == window.bond.msOpenText;
 }
 
 bool WantsSaving(DocumentWindow& window) {
@@ -54,9 +52,6 @@ QString AskSaveFileName(DocumentWindow& window) {
         window.Caption);
 }
 
-// The name is taken as soon as it is chosen, before the question whether a file of that name may be replaced:
-// after No the window keeps the new name with its text unwritten, and a later plain Save writes to it without
-// asking again. Odd, but kept: a window bears the name that its user chose last, written or not.
 void TakeName(DocumentWindow& window, const QString& name) {
     if (window.tvXML.Nodes.Count() > 0) {
         controls::TreeNode root = window.tvXML.Nodes(window.Caption);
@@ -69,11 +64,12 @@ void TakeName(DocumentWindow& window, const QString& name) {
 }
 
 // The user may have let the declaration be changed on the way to the file: text and tree follow.
-// False when the user declined another encoding: that is no saving, and a closing window stays.
+// False when that was no saving: the user declined another encoding, or a closing window has nowhere else to
+// keep its text. The window stays then.
 bool Write(DocumentWindow& window, const QString& fileName) {
     QString text = window.way->text(window).toString();
     const SaveOutcome outcome = WriteText(window.app, text, fileName, &window.fileForm);
-    if (outcome == SaveOutcome::Declined) {
+    if (outcome == SaveOutcome::Declined || (outcome == SaveOutcome::Refused && window.bUnloading)) {
         window.bCancelSave = window.bUnloading;
         return false;
     }
@@ -91,14 +87,27 @@ bool SaveUnderOwnName(DocumentWindow& window) {
     return true;
 }
 
+// Two windows on one file would save over each other.
+bool IsOpenElsewhere(DocumentWindow& window, const QString& name) {
+    if (name == window.Caption || !window.app.frame().HaveSameNameForm(name, false))
+        return false;
+    window.app.services.prompts.MsgBox(name + QStringLiteral("\r\nis open in another window."), Buttons::Ok,
+                                       Icon::Exclamation);
+    return true;
+}
+
 bool SaveUnderNewName(DocumentWindow& window) {
     const QString name = AskSaveFileName(window);
     window.bCancelSave = window.bUnloading; // a closing window whose user backs out from here stays
     if (name.isEmpty())
         return false;
-    const bool exists = mXMLEdit::FileExist(window.app, name);
+    // Refused or answered with No, the window keeps its name: the next save would write over that file
+    // without a word (quirk 26).
+    if (IsOpenElsewhere(window, name) ||
+        (mXMLEdit::FileExist(window.app, name) && !MayReplace(window.app, name)))
+        return false;
     TakeName(window, name);
-    if ((exists && !MayReplace(window.app, name)) || !Write(window, name))
+    if (!Write(window, name))
         return false;
     window.bCancelSave = false;
     return true;

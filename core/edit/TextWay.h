@@ -7,7 +7,8 @@
 namespace edit {
 
 /// How a document's text is read and written: the one record by which the rest reaches the room that keeps
-/// the text. None of it opens an edit of its own; none of it tells of a fault but by throwing it.
+/// the text. Where it builds
+/// the tree anew it opens an edit, with that routine's error exit.
 struct TextWay {
     /// The text as it would be saved.
     const text::LongText& (*text)(const DocumentWindow& window);

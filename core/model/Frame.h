@@ -50,7 +50,8 @@ public:
     virtual bool HaveSameNameForm(const QString& name, bool bringToFront) = 0;
 
     /// Menus and toolbars of the active window as it stands. Costs next to nothing where nothing has changed
-    /// that they depend on. Called at the end of every edit; commands don't call it.
+    /// that they depend on. Called at the end of every edit, and where the attention alone
+    /// has moved.
     virtual void RefreshMenu() = 0;
     virtual void DisableMenu() = 0; ///< as without a window, until they are refreshed
 

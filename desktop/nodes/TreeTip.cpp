@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/nodes/TreeTip.h"
+#include "core/model/NodeKind.h"
 #include "desktop/base/LongWords.h"
 #include "desktop/nodes/TreeModel.h"
 #include <QHelpEvent>
@@ -10,7 +11,6 @@ namespace desktop {
 namespace {
 
 constexpr std::uint32_t kMost = 2000; // units; beyond that a tip covers the screen
-constexpr int kText = 3;              // the kind of node whose shown text may be a cut one
 
 /// The document's own text is no mark-up, whatever it looks like. What is longer than a line is wrapped.
 QString AsTip(const QString& text) {
@@ -46,7 +46,7 @@ QString TreeTip::TextFor(const QModelIndex& index) const {
         return {};
     text::CompactView whole = node.TextView();
     bool cut = false;
-    if (node.KeyKind() == kText && node.TagView().length > whole.length) {
+    if (node.KeyKind() == m_tvXML::kText && node.TagView().length > whole.length) {
         whole = node.TagView();
         cut = true;
     }
