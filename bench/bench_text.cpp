@@ -5,7 +5,7 @@
 #include "core/model/Attributes.h"
 #include "core/model/NodeContent.h"
 #include "core/model/NodeNumbers.h"
-#include "textview/TreeText.h"
+#include "textview/TextLink.h"
 #include "core/edit/NodePath.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/View.h"

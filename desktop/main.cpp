@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/edit/Journal.h"
 #include "core/model/Application.h"
 #include "desktop/base/QtClipboard.h"
 #include "desktop/base/QtProgress.h"
 #include "desktop/base/QtPrompts.h"
 #include "desktop/base/ThemeIcons.h"
+#include "desktop/bind/TimerAdapter.h"
 #include "desktop/frame/FrameStyle.h"
 #include "desktop/frame/GivenNames.h"
 #include "desktop/frame/MainWindow.h"
 #include "desktop/frame/VantrelApplication.h"
+#include "platform/services/JournalFiles.h"
 #include "platform/services/RealServices.h"
 #include "shell/frmMDIMain.h"
 #include <cstdlib>
@@ -44,9 +47,7 @@ void EndIfMeasured(const char* moment) {
 
 // The first name is the command line's; the frame takes it when it has been painted.
 void OpenGivenNames(frmMDIMain& frame, const QStringList& names) {
-    if (names.isEmpty())
-        return;
-    frame.MDIForm_Activate(names.constFirst());
+    frame.MDIForm_Activate(names.value(0));
     for (const QString& name : names.mid(1))
         frame.OpenNamed(name);
 }
@@ -65,7 +66,8 @@ int main(int argumentCount, char** arguments) {
     const auto http = services::MakeHttpClient();
     const auto clock = services::MakeClock();
     desktop::QtClipboard clipboard;
-    Application app({prompts, progress, *settings, *files, *http, *clock, clipboard});
+    const auto journal = services::MakeJournalStore();
+    Application app({prompts, progress, *settings, *files, *http, *clock, clipboard, journal.get()});
     frmMDIMain frame(app);
     frame.MDIForm_Load();
     qt.faulted = [&frame](const text::Fault& fault) { frame.ErrorReportBox(fault, QStringLiteral("main")); };
@@ -73,6 +75,10 @@ int main(int argumentCount, char** arguments) {
         prompts.MsgBox(QStringLiteral("Not enough memory for this."), services::Buttons::Ok,
                        services::Icon::Critical, QStringLiteral("Vantrel"));
     };
+
+    edit::Journal& unsaved = edit::JournalOf(app);
+    const desktop::TimerAdapter tick(unsaved.tmJournal), goOn(unsaved.tmJournalOn);
+    QObject::connect(&qt, &QGuiApplication::commitDataRequest, &qt, [&unsaved] { unsaved.WriteAll(); });
 
     desktop::MainWindow window(frame);
     const QStringList names = desktop::CommandLineNames(QApplication::arguments().mid(1));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/FrameCommands.h"
+#include "core/edit/Journal.h"
 #include "core/edit/Save.h"
 #include "nodes/FinishEdits.h"
 #include "shell/OpenDialog.h"
@@ -49,6 +50,7 @@ void mnuFileMRU_Click(FrameParts& frame, int index) {
 }
 // Unsaved changes are given up, and nothing is asked (quirk 11).
 void mnuFileExit_Click(FrameParts& frame, int) {
+    edit::JournalOf(frame.app).WriteAll(); // and is offered at the next start
     frame.ended();
 }
 

@@ -16,11 +16,12 @@ namespace shell {
 
 namespace {
 
-// The menus of a window that comes back are for what was in use last: the tree, or the view beside it. The
-// browser and schema views take no commands on nodes, whichever part was in use.
+// The menus of a window that comes back are for what was in use last: the tree, or the view beside it. A view
+// without editing takes no commands on nodes, whichever part was in use.
 void FollowAttention(DocumentWindow& window) {
     const bool tree = window.miPopupContext == 0 || window.miPopupContext == kContextTree;
-    const bool shut = edit::Shows(window, edit::kBrowserTab) || edit::Shows(window, edit::kSchemaTab);
+    const edit::View* view = edit::ViewOnShow(window);
+    const bool shut = view && view->situation && view->situation(window) == MenuSituation::ViewWithoutEditing;
     window.menuSide = tree && !shut ? MenuSide::Tree : MenuSide::View;
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/frmMDIMain.h"
+#include "shell/Recovery.h"
 #include "shell/Settings.h"
 #include "window/WindowKinds.h"
 #include <utility>
@@ -32,6 +33,7 @@ void frmMDIMain::MDIForm_Load() {
 }
 
 void frmMDIMain::MDIForm_Activate(const QString& commandLine) {
+    shell::OfferUnsavedWork(app_);
     if (commandLine.isEmpty())
         return;
     QString name = commandLine;

@@ -253,4 +253,8 @@ void Journal::Drop(Orphan orphan) {
         orphan.file->Remove();
 }
 
+Journal& JournalOf(Application& app) {
+    return app.rooms.of<Journal>(app, app.services.journal);
+}
+
 } // namespace edit

@@ -88,4 +88,7 @@ private:
     bool told_ = false; ///< that there is no journal
 };
 
+/// The journal of this run.
+Journal& JournalOf(Application& app);
+
 } // namespace edit

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/Open.h"
 #include "core/edit/Fetch.h"
+#include "core/edit/Journal.h"
 #include "core/edit/Save.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
@@ -78,6 +79,7 @@ void FillWindow(DocumentWindow& window, const FetchedText& fetched) {
     }
     TellPathAgain(window);
     edit.Close();
+    JournalOf(window.app).Watch(window);
 }
 
 void OpenFile(Application& app, const QString& fileName, DocumentWindow*& form) {

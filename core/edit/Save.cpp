@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/Save.h"
+#include "core/edit/Journal.h"
 #include "core/edit/Report.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
@@ -41,6 +42,8 @@ bool WantsSaving(DocumentWindow& window) {
         QStringLiteral("This XML file has been changed. Do you want to save it?"), Buttons::YesNoCancel,
         Icon::Question);
     window.bCancelSave = answer == Answer::Cancel;
+    if (answer == Answer::No)
+        JournalOf(window.app).Forget(window);
     return answer == Answer::Yes;
 }
 
@@ -69,12 +72,15 @@ void TakeName(DocumentWindow& window, const QString& name) {
 // False when the user declined another encoding: that is no saving, and a closing window stays.
 bool Write(DocumentWindow& window, const QString& fileName) {
     QString text = window.way->text(window).toString();
-    if (WriteText(window.app, text, fileName, &window.fileForm) == SaveOutcome::Declined) {
+    const SaveOutcome outcome = WriteText(window.app, text, fileName, &window.fileForm);
+    if (outcome == SaveOutcome::Declined) {
         window.bCancelSave = window.bUnloading;
         return false;
     }
     if (!(window.way->text(window) == text))
         Run(window, "SaveXMLFile", [&] { window.way->replace(window, text); });
+    if (outcome == SaveOutcome::Written) // else the text is nowhere but here
+        JournalOf(window.app).Forget(window);
     return true;
 }
 

@@ -86,20 +86,38 @@ void Transaction::TakeBack() {
 }
 
 // What follows may change nodes itself, such as a refused name that becomes "Unnamed": it follows once more.
-void Transaction::Close() {
+void Transaction::Follow() {
     constexpr int kRounds = 4;
-    if (PendingOf(window_).depth == 1) {
+    RefreshView(window_);
+    for (int round = 1; round < kRounds && !IsSettled(window_); ++round) {
         WriteText(window_);
         RefreshView(window_);
-        for (int round = 1; round < kRounds && !IsSettled(window_); ++round) {
-            WriteText(window_);
-            RefreshView(window_);
-        }
-        RefreshPath(window_);
     }
+    RefreshPath(window_);
+}
+
+void Transaction::End() {
     open_ = false;
-    if (--PendingOf(window_).depth == 0)
-        window_.app.frame().RefreshMenu();
+    --PendingOf(window_).depth;
+    window_.app.frame().RefreshMenu();
+}
+
+void Transaction::Close() {
+    Pending& pending = PendingOf(window_);
+    if (pending.depth > 1) {
+        open_ = false;
+        --pending.depth;
+        return;
+    }
+    WriteText(window_);
+    try {
+        Follow();
+    } catch (...) { // text and history have the edit: taking the nodes back alone would part them
+        pending.after.clear();
+        End();
+        throw;
+    }
+    End();
 }
 
 void Then(DocumentWindow& window, std::function<void()> act) {

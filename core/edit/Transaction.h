@@ -14,6 +14,7 @@
 //   3. the path of the current node;
 //   4. menus and toolbars.
 // A fault inside an edit takes back what that edit did to the nodes: tree, text and history are as they were.
+// A fault of a view, once the text is written, takes nothing back.
 namespace edit {
 
 class Transaction {
@@ -23,10 +24,15 @@ public:
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 
-    void Close();    ///< the edit's end; throws what writing the text throws, after taking the edit back
+    /// The edit's end. What writing the text throws takes the edit back; what comes behind the text may
+    /// throw, too, but the edit stands.
+    void Close();
     void TakeBack(); ///< the nodes are as they were at the beginning; the edit goes on
 
 private:
+    void Follow(); ///< what comes behind the text
+    void End();
+
     DocumentWindow& window_;
     controls::TreeRecord record_;
     Bond before_;

@@ -13,8 +13,8 @@ struct FetchedText {
     text::LongText text; ///< with CR LF line ends
     text::FileForm form;
     bool cancelled = false; ///< the user stopped the fetching: nothing is to follow
-    /// The text taken apart, also where that failed; nothing when nobody did so yet. Whoever parses the text
-    /// first takes it, so that a large one isn't kept longer than it is needed.
+    /// The text taken apart, also where that failed; nothing before that. What parses the text
+    /// first takes it along, so that a large one isn't kept longer than it is needed.
     mutable std::shared_ptr<xml::ParsedDocument> parsed;
     /// Keeps the bar of a long fetching open until the document stands.
     std::shared_ptr<void> bar;

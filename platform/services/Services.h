@@ -130,6 +130,8 @@ public:
     virtual bool HasText() { return !GetText().isEmpty(); }
 };
 
+class JournalStore; // see JournalFiles.h
+
 /// Everything at hand, owned elsewhere (by main or a test).
 struct Services {
     Prompts& prompts;
@@ -139,6 +141,7 @@ struct Services {
     HttpClient& http;
     Clock& clock;
     Clipboard& clipboard;
+    JournalStore* journal = nullptr; ///< null: nothing outlives a crash
 };
 
 } // namespace services

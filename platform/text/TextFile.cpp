@@ -213,8 +213,9 @@ Decoded Decode(const QByteArray& bytes, const QString& charset) {
     }
     if (marked) {
         result.warning =
-            QStringLiteral("The file starts with the mark of %1, but its bytes aren't in that code; "
-                           "it was read as %2.")
+            QStringLiteral(
+                "The file starts with the byte-order mark of %1, but its bytes aren't in that encoding; "
+                "it was read as %2.")
                 .arg(QString::fromLatin1(marked->name), result.form.encoding);
     }
     return result;

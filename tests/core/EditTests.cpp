@@ -121,3 +121,18 @@ TEST(Edit, WhereTheTextCanNotFollowTheNodesAreAsTheyWere) {
     edit::Run(window, "Test", [&] { window.tvXML.Nodes.Remove(notes.Child()); });
     EXPECT_FALSE(window.rtxtXML.Text().contains(QStringLiteral("one")));
 }
+
+// Text and history have the change already: the tree keeps it, too.
+TEST(Edit, AViewThatFailsLeavesTreeAndTextTogether) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("notes.xml"), kNotes);
+    TreeNode note = window.tvXML.Nodes(1).Child().Child();
+    edit::Run(window, "Test", [&] {
+        note.SetTag(QStringLiteral("day=\"9\""));
+        edit::Then(window, [] { throw text::Fault(text::kFaultBadCall, QStringLiteral("view")); });
+    });
+    EXPECT_TRUE(window.rtxtXML.Text().contains(QStringLiteral("day=\"9\"")));
+    EXPECT_EQ(note.Tag(), QStringLiteral("day=\"9\""));
+    app.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    EXPECT_EQ(window.tvXML.Nodes(1).Child().Child().Tag(), QStringLiteral("day=\"1\""));
+}

@@ -50,7 +50,7 @@ class Desk:
         assert display, "Xvfb didn't start"
         self.environment = {
             **os.environ, "DISPLAY": f":{display}", "HOME": str(home), "XDG_RUNTIME_DIR": str(runtime),
-            "XDG_CONFIG_HOME": str(home / "config"), "XDG_DATA_HOME": str(home / "data"), "XDG_CACHE_HOME": str(home / "cache"),
+            "XDG_CONFIG_HOME": str(home / "config"), "XDG_DATA_HOME": str(home / "data"), "XDG_STATE_HOME": str(home / "state"), "XDG_CACHE_HOME": str(home / "cache"),
             "TMPDIR": str(self.folder), "QT_QPA_PLATFORM": "xcb", "LC_ALL": "C.UTF-8",
             # In a sanitized build: what the desktop's plugins keep when they are unloaded can't be told from a leak of ours.
             "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "") + ":detect_leaks=0",

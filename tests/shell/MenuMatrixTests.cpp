@@ -227,6 +227,13 @@ TEST(MenuMatrix, IsThatOfTheViewInUseInAWindowThatStaysOrComesBack) {
     t.frame().ActivateForm(&text);
     t.frame().ActivateForm(&tree);
     EXPECT_EQ(letter("mnuEditName"), 'D') << "browser view";
+
+    DocumentWindow& schema = t.OpenText(QStringLiteral("c.xsd"), "<schema/>");
+    schema.tbsXML.Select(QStringLiteral("compactview"));
+    EXPECT_EQ(letter("mnuEditName"), 'D') << "compact view";
+    t.frame().ActivateForm(&tree);
+    t.frame().ActivateForm(&schema);
+    EXPECT_EQ(letter("mnuEditName"), 'D') << "compact view";
 }
 
 TEST(MenuMatrix, AShownTextCanBeCheckedFromTheTreeBesideIt) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/model/Application.h"
+#include "platform/services/JournalFiles.h"
 #include "platform/services/RealServices.h"
 #include "shell/frmMDIMain.h"
 #include "tests/support/PrintText.h"
@@ -55,6 +56,7 @@ private:
     std::unique_ptr<services::FileSystem> files_;
     std::unique_ptr<services::HttpClient> http_;
     std::unique_ptr<services::Clock> clock_;
+    std::unique_ptr<services::JournalStore> journal_;
     std::unique_ptr<Application> app_;
     std::unique_ptr<frmMDIMain> frame_;
 };
