@@ -2,18 +2,18 @@
 #include "core/edit/Journal.h"
 #include "core/model/Frame.h"
 #include "platform/services/RealServices.h"
+#include "tests/support/FullDisk.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TempFolder.h"
 #include <QDir>
 #include <QFileInfo>
-#include <csignal>
 #include <deque>
 #include <gtest/gtest.h>
 #include <random>
-#include <sys/resource.h>
 
 using edit::Journal;
 using edit::Orphan;
+using test::FullDisk;
 
 namespace {
 
@@ -77,26 +77,6 @@ struct Desk {
 QByteArray Saved(const FetchedText& text) {
     return text::Encode(text.text.toString(), text.form).bytes;
 }
-
-/// No file of this process may grow beyond a size, as on a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit before_{};
-    void (*handler_)(int);
-};
 
 } // namespace
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/edit/NodePath.h"
 #include "core/model/NodeNumbers.h"
 #include "core/model/NodePlaces.h"
 #include "platform/controls/TreeCursor.h"
@@ -62,21 +63,25 @@ TEST(NodePlaces, EachNumberedNodeIsFoundInTheTextAsItWasWritten) {
     EXPECT_EQ(m_tvXML::GetTextPositionByNodeNum(text, number + 1), 0);
 }
 
-// A path leads to what it was made from, also in a document with a document type and sections.
-TEST(NodePlaces, PathsCountSiblingsOfOneKindAndName) {
+// A path leads to what it was made from, also in a document with a document type.
+TEST(NodePlaces, PathsLeadThereAndBack) {
     TestApp app;
     DocumentWindow& window = app.OpenText(
-        QStringLiteral("r.xml"), "<!DOCTYPE r [<!ELEMENT r ANY>]>\n<r><a/>one<?a b?><a/>two<a/></r>");
-    const controls::TreeNode r = window.tvXML.Nodes(1).LastChild();
-    app.ClickNode(r);
-    EXPECT_EQ(window.txtXPath.Text(), QStringLiteral("/r[1]"));
-    app.ClickNode(r.LastChild());
-    EXPECT_EQ(window.txtXPath.Text(), QStringLiteral("/r[1]/a[3]"));
-    app.ClickNode(r.LastChild().Previous());
-    EXPECT_EQ(window.txtXPath.Text(), QStringLiteral("/r[1]/text()[2]"));
-    const controls::TreeNode two = window.tvXML.SelectedItem();
-    app.ClickNode(r);
-    window.txtXPath.SetText(QStringLiteral("/r[1]/text()[2]"));
-    window.txtXPath.KeyUp(Qt::Key_Return, 0);
-    EXPECT_EQ(window.tvXML.SelectedItem(), two);
+        QStringLiteral("p.xml"), "<!DOCTYPE p:a [<!ELEMENT r ANY>]>\n<p:a xmlns:p=\"u\"><!--one--><b/>"
+                                 "<!--two--><b>x<c/>x<?c d?><c/></b><?pi data?></p:a>");
+    const controls::TreeNode element = window.tvXML.Nodes(1).LastChild();
+    for (const char* path :
+         {"/p:a[1]/b[2]/c[2]", "/p:a[1]/comment()[2]", "/p:a[1]/b[2]/text()[2]", "/p:a[1]/b[1]", "/p:a[1]"}) {
+        window.txtXPath.UserTyped(QString::fromLatin1(path));
+        window.txtXPath.KeyUp(Qt::Key_Return, 0);
+        EXPECT_EQ(edit::GetXPath(window.tvXML.SelectedItem()).toStdString(), path);
+    }
+    app.ClickNode(element.LastChild().Previous().LastChild());
+    EXPECT_EQ(window.txtXPath.Text(), QStringLiteral("/p:a[1]/b[2]/c[2]"));
+    EXPECT_EQ(edit::GetXPath(window.tvXML.Nodes(1)), QString());
+    EXPECT_EQ(edit::GetXPath(element.LastChild()).toStdString(), "/p:a[1]/"); // an instruction adds nothing
+    app.prompts.Answer(services::Answer::Ok);
+    window.txtXPath.UserTyped(QStringLiteral("/nowhere["));
+    window.txtXPath.KeyUp(Qt::Key_Enter, 0);
+    EXPECT_EQ(app.prompts.Texts().last(), QStringLiteral("Can not find any node by path:"));
 }

@@ -97,6 +97,7 @@ TEST_F(ListEditing, TheEditorScrollsWithItsRow) {
     OpenEditor(9);
     t.List().verticalScrollBar()->setValue(3);
     EXPECT_EQ(Editor().geometry().top(), t.List().visualRect(Cell(9, 1)).top());
+    EXPECT_EQ(t.Find<QToolButton>(QStringLiteral("cmdPop")).geometry().top(), Editor().geometry().top());
     t.List().verticalScrollBar()->setValue(100);
     EXPECT_FALSE(t.List().viewport()->rect().intersects(Editor().geometry()));
     QTest::keyClick(&Editor(), Qt::Key_End);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The main window: menus, documents side by side, the address box, the walk through the panes.
-#include "textview/TextCommands.h"
 #include "tests/desktop/ShownApp.h"
+#include "textview/TextCommands.h"
 #include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
@@ -130,6 +130,9 @@ TEST_F(MainWindow, ClosingTheFrameStopsAtTheDocumentThatIsKept) {
     EXPECT_FALSE(t.main->close());
     EXPECT_TRUE(t.main->isVisible());
     EXPECT_EQ(t.frame().FormCount(), 2);
+    t.prompts.Answer(services::Answer::No);
+    EXPECT_TRUE(t.main->close());
+    EXPECT_EQ(t.frame().FormCount(), 0);
 }
 
 // F6 must come by every part of the window, or the mouse is needed.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The text tab with real keys and clicks.
-#include "textview/TextState.h"
 #include "tests/desktop/ShownApp.h"
+#include "textview/TextState.h"
 #include <QDialog>
 #include <QInputMethodEvent>
 #include <QScrollBar>
@@ -111,16 +111,6 @@ TEST_F(TextTab, AClickInTheTextSelectsItsNode) {
     t.Click(*t.Text().viewport(), t.Text().RectAt(22).center());
     EXPECT_EQ(t.SelectedNode(), QStringLiteral("invoice"));
     EXPECT_EQ(t.Tree().currentIndex().data().toString(), QStringLiteral("invoice"));
-}
-
-TEST_F(TextTab, TheErrorIsSelectedInTheEditor) {
-    t.prompts.AllowAnyBox();
-    Open("<a>\n\U0001F600<b></c></a>");
-    ASSERT_EQ(t.prompts.boxes.size(), 1U);
-    EXPECT_EQ(t.window().tbsXML.SelectedKey(), kText);
-    EXPECT_EQ(t.Text().Selection().start, t.window().rtxtXML.SelStart());
-    EXPECT_EQ(t.Text().Caret(), t.window().rtxtXML.SelStart() + 1);
-    t.prompts.ForgetUnused();
 }
 
 // The box has taken the click: were it delivered behind the box, the list would hide the text with the error.

@@ -36,6 +36,27 @@ TEST_F(DocumentName, OfAnotherWindowIsNotTaken) {
     EXPECT_EQ(t.prompts.boxes.size(), 1U);
 }
 
+TEST_F(DocumentName, GivesTheFileACopyUnderIt) {
+    const QString old = t.OpenText(QStringLiteral("book.xml"), "<book/>").Caption;
+    EXPECT_EQ(Rename(QStringLiteral("x")), old) << "one character is no name";
+    EXPECT_EQ(t.window().tvXML.Nodes(1).Text(), old);
+    const QString copy = Path("copy.xml");
+    EXPECT_EQ(Rename(copy), copy);
+    EXPECT_EQ(t.folder.Read(QStringLiteral("copy.xml")) + t.folder.Read(QStringLiteral("book.xml")),
+              "<book/><book/>");
+    const controls::TreeNode root = t.window().tvXML.Nodes(1);
+    for (const QString& name :
+         {root.Text(), root.Key(), t.app().CurrentFileName, t.frame().cmbAddress().Text()})
+        EXPECT_EQ(name, copy);
+    const QString third = t.folder.Write(QStringLiteral("third.xml"), "<mine/>");
+    t.prompts.Answer(Answer::No);
+    EXPECT_EQ(Rename(third), third);
+    EXPECT_EQ(t.folder.Read(QStringLiteral("third.xml")), "<mine/>") << "the name alone is taken";
+    const QString address = QStringLiteral("http://example.org/a.xml");
+    EXPECT_EQ(Rename(address), address);
+    EXPECT_EQ(Rename(root.Child().Key()), address) << "another node's key";
+}
+
 TEST_F(DocumentName, OfAFolderPutsTheFileThere) {
     t.OpenText(QStringLiteral("note.xml"), "<note/>");
     ASSERT_EQ(mkdir(Path("sub").toLocal8Bit().constData(), 0700), 0);

@@ -91,17 +91,6 @@ TEST_F(DragDrop, TheNodeThatTakesADropIsMarkedAndNoneTakesWhatMakesNoSense) {
     EXPECT_FALSE(w.tvXML.Drag.Highlight());
 }
 
-TEST_F(DragDrop, ADroppedNodeIsTextWithoutTheIndentationOfItsOldPlace) {
-    const auto dragged = [this](const char* name) {
-        EXPECT_TRUE(DragNode(Named(name)));
-        QString text;
-        w.tvXML.Drag.Text(text);
-        return text.toStdString();
-    };
-    EXPECT_EQ(dragged("d"), "<d></d>");
-    EXPECT_EQ(dragged("tail"), "tail");
-}
-
 // --- the list ----------------------------------------------------------------------------------------------
 
 TEST_F(DragDrop, RowsGoWhereTheyFitAndAreToldOtherwise) {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The clipboard of the list: what rows and nodes are as text, and what of a text goes where.
-#include "nodes/InternalString.h"
 #include "tests/nodes/ListDesk.h"
 
 namespace {
@@ -258,22 +257,6 @@ TEST_F(ListClipboard, AFragmentOfMegabytesIsPasted) {
     Key(Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(LastBox(), "This is not valid XML");
     EXPECT_EQ(Rows().Count(), kItems);
-}
-
-TEST(InternalString, IsTheValuesOfAttributesAndTextRecordByRecord) {
-    const auto convert = [](const char* nodes, QStringList& names) {
-        xml::ParsedDocument document;
-        EXPECT_TRUE(document.loadXML(QStringLiteral("<temp>") + QString::fromUtf8(nodes) +
-                                     QStringLiteral("</temp>")));
-        return nodes::ConvertXMLNodesToInternalString(document.documentElement(), names).toStdString();
-    };
-    QStringList names;
-    EXPECT_EQ(convert("<r a='1' b='2'>t</r><r a='3' b='4'>u</r>", names), "1'2't<3'4'u");
-    EXPECT_EQ(names, QStringList({"a", "b", "Node Text"}));
-    EXPECT_EQ(convert("<r a=\"it's\">1 &lt; 2</r><s/>", names), "it's'1 < 2<")
-        << "as it stands: nothing is escaped";
-    EXPECT_EQ(names, QStringList({"Node Text"})) << "those of the last node";
-    EXPECT_EQ(convert("", names), "");
 }
 
 } // namespace

@@ -158,15 +158,4 @@ TEST_F(TreeAndText, ViewsFollowANewNodeWhenItHasItsName) {
     EXPECT_EQ(w.txtXPath.Text(), path + QStringLiteral("/new[1]"));
 }
 
-// Its labels can't be edited, so the node has its name at once.
-TEST(SchemaTree, ANewElementReachesTextAndListWithoutANameOfTheUser) {
-    TestApp t;
-    DocumentWindow& w =
-        t.OpenText(QStringLiteral("a.xsd"), "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\"/>");
-    t.ClickNode(w.tvXML.Nodes(1).Child());
-    t.frame().RunMenuCommand(QStringLiteral("mnuNewCNodeP"));
-    EXPECT_TRUE(w.rtxtXML.Text().contains(QStringLiteral("<Unnamed>")));
-    EXPECT_EQ(w.txtXPath.Text(), QStringLiteral("/xs:schema[1]/Unnamed[1]"));
-}
-
 } // namespace

@@ -33,7 +33,7 @@ QString Shape(TreeNode node) {
     return children.join(u' ');
 }
 
-struct Tree : testing::Test {
+struct TreeCommand : testing::Test {
     TestApp t;
     DocumentWindow* w = nullptr;
 
@@ -54,7 +54,7 @@ struct Tree : testing::Test {
     }
 };
 
-TEST_F(Tree, ANewElementStandsBehindTheCurrentOneAndIsNamedAtOnce) {
+TEST_F(TreeCommand, ANewElementStandsBehindTheCurrentOneAndIsNamedAtOnce) {
     Open();
     t.ClickNode(Element().Child().Next());
     t.ChooseMenu(QStringLiteral("mnuNewNode"));
@@ -68,7 +68,7 @@ TEST_F(Tree, ANewElementStandsBehindTheCurrentOneAndIsNamedAtOnce) {
     EXPECT_EQ(textview::StateOf(*w).UndoPos, 1);
 }
 
-TEST_F(Tree, AnElementAtTheTopIsTheFirstAndOnlyOne) {
+TEST_F(TreeCommand, AnElementAtTheTopIsTheFirstAndOnlyOne) {
     Open();
     t.ClickNode(Root());
     EXPECT_FALSE(t.frame().Menu(QStringLiteral("mnuNewNode")).Usable());
@@ -85,7 +85,7 @@ TEST_F(Tree, AnElementAtTheTopIsTheFirstAndOnlyOne) {
     EXPECT_EQ(Nodes(), "xml(odd) book(title('Tee') chapter chapter('x' b))");
 }
 
-TEST_F(Tree, AnEmptyDocumentGetsItsRootElement) {
+TEST_F(TreeCommand, AnEmptyDocumentGetsItsRootElement) {
     t.ChooseMenu(QStringLiteral("mnuFileNew"));
     w = &t.window();
     t.ClickNode(Root());
@@ -98,7 +98,7 @@ TEST_F(Tree, AnEmptyDocumentGetsItsRootElement) {
     EXPECT_EQ(t.prompts.Texts(), QStringList{QStringLiteral("You already have one root node!")});
 }
 
-TEST_F(Tree, ANewChildComesLast) {
+TEST_F(TreeCommand, ANewChildComesLast) {
     Open();
     t.prompts.AllowAnyBox();
     t.ClickNode(Element());
@@ -112,7 +112,7 @@ TEST_F(Tree, ANewChildComesLast) {
     EXPECT_EQ(Element().LastChild().Text(), QStringLiteral("Unnamed")) << "Esc leaves no node without a name";
 }
 
-TEST_F(Tree, TextsGoIntoElementsOnly) {
+TEST_F(TreeCommand, TextsGoIntoElementsOnly) {
     Open();
     const std::string before = Nodes();
     t.ClickNode(Root().Child()); // the declaration
@@ -129,7 +129,7 @@ TEST_F(Tree, TextsGoIntoElementsOnly) {
     EXPECT_TRUE(t.prompts.boxes.empty());
 }
 
-TEST_F(Tree, ACommentMayStandBesideTheRootElement) {
+TEST_F(TreeCommand, ACommentMayStandBesideTheRootElement) {
     Open();
     t.ClickNode(Root());
     t.ChooseMenu(QStringLiteral("mnuNewComment"));
@@ -138,7 +138,7 @@ TEST_F(Tree, ACommentMayStandBesideTheRootElement) {
     EXPECT_NE(Text().find("<!-- -->"), std::string::npos) << "colouring puts a blank behind the opener";
 }
 
-TEST_F(Tree, AWrongNameBecomesUnnamed) {
+TEST_F(TreeCommand, AWrongNameBecomesUnnamed) {
     Open();
     t.prompts.AllowAnyBox();
     t.ClickNode(Element());
@@ -171,7 +171,7 @@ TEST_F(Tree, AWrongNameBecomesUnnamed) {
     }
 }
 
-TEST_F(Tree, LabelsOfTextsAndInstructionsCannotBeEdited) {
+TEST_F(TreeCommand, LabelsOfTextsAndInstructionsCannotBeEdited) {
     Open();
     for (const TreeNode node : {Root().Child(), Element().Child().Child()}) {
         w->tvXML.SetSelectedItem(node);
@@ -181,47 +181,7 @@ TEST_F(Tree, LabelsOfTextsAndInstructionsCannotBeEdited) {
     }
 }
 
-TEST_F(Tree, TheRootsLabelRenamesTheDocument) {
-    Open();
-    const QString old = w->Caption;
-    const QByteArray bytes = t.folder.Read(QStringLiteral("book.xml"));
-    t.ClickNode(Root());
-    const auto rename = [&](const QString& name) {
-        t.ChooseMenu(QStringLiteral("mnuEditName"));
-        w->tvXML.EndLabelEdit(name);
-    };
-    rename(QStringLiteral("x"));
-    EXPECT_EQ(Root().Text(), old) << "one character is no name";
-
-    t.prompts.Answer(Answer::Ok); // the folder isn't there: the user is told, and the old name stays
-    rename(t.folder.Path(QStringLiteral("missing/copy.xml")));
-    EXPECT_EQ(w->Caption, old);
-    EXPECT_EQ(Root().Text(), old);
-    EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("Copy file ..."));
-
-    const QString copy = t.folder.Path(QStringLiteral("copy.xml"));
-    rename(copy);
-    EXPECT_EQ(t.folder.Read(QStringLiteral("copy.xml")), bytes);
-    EXPECT_EQ(t.folder.Read(QStringLiteral("book.xml")), bytes);
-    for (const QString& name :
-         {Root().Text(), Root().Key(), w->Caption, t.app().CurrentFileName, t.frame().cmbAddress().Text()})
-        EXPECT_EQ(name, copy);
-
-    const QString third = t.folder.Write(QStringLiteral("third.xml"), "<mine/>");
-    t.prompts.Answer(Answer::No);
-    rename(third);
-    EXPECT_EQ(t.prompts.boxes.back().text,
-              third + QStringLiteral(" already exists. Do you want to replace it?"));
-    EXPECT_EQ(t.folder.Read(QStringLiteral("third.xml")), QByteArray("<mine/>")) << "the name alone is taken";
-    EXPECT_EQ(w->Caption, third);
-
-    rename(QStringLiteral("http://example.org/a.xml"));
-    EXPECT_EQ(w->Caption, QStringLiteral("http://example.org/a.xml"));
-    rename(w->tvXML.Nodes(1).Child().Key()); // would be another node's key
-    EXPECT_EQ(w->Caption, QStringLiteral("http://example.org/a.xml"));
-}
-
-TEST_F(Tree, DeletingSelectsTheFirstElementThatIsLeft) {
+TEST_F(TreeCommand, DeletingSelectsTheFirstElementThatIsLeft) {
     Open();
     const TreeNode second = Element().Child().Next();
     t.ClickNode(second);
@@ -241,7 +201,7 @@ TEST_F(Tree, DeletingSelectsTheFirstElementThatIsLeft) {
     EXPECT_EQ(Nodes(), "xml book(title chapter('x' b))") << "the tree root stays";
 }
 
-TEST_F(Tree, EverythingCanBeDeletedAndAddedAnew) {
+TEST_F(TreeCommand, EverythingCanBeDeletedAndAddedAnew) {
     Open();
     while (Root().Child()) {
         t.ClickNode(Root().LastChild());
@@ -257,31 +217,28 @@ TEST_F(Tree, EverythingCanBeDeletedAndAddedAnew) {
     EXPECT_EQ(Text(), "<again></again>");
 }
 
-TEST_F(Tree, CommandsWithoutASelectionDoNothing) {
+// The tree as the delete command sees it isn't added to.
+TEST_F(TreeCommand, CommandsWithoutASelectionOrForDeletingAloneAddNothing) {
     Open();
     w->tvXML.SetSelectedItem({});
-    w->miPopupContext = kContextTree;
     const std::string before = Nodes();
-    for (const char* entry : {"mnuNewNodeP", "mnuNewCNodeP", "mnuNewNodeTextP", "mnuNewCommentP",
-                              "mnuDeleteP", "mnuEditP", "mnuMoveUP", "mnuMoveDown"})
+    const std::vector<const char*> adding{"mnuNewNodeP", "mnuNewCNodeP", "mnuNewNodeTextP", "mnuNewCommentP",
+                                          "mnuNewAttrP", "mnuDeleteP",   "mnuEditP",        "mnuMoveUP"};
+    for (const char* entry : adding) {
+        w->miPopupContext = kContextTree;
         t.frame().RunMenuCommand(QLatin1String(entry));
+    }
     EXPECT_EQ(Nodes(), before);
     EXPECT_TRUE(t.prompts.boxes.empty());
-}
-
-// Attention of this kind is for deleting alone.
-TEST_F(Tree, TheTreeAsTheDeleteCommandSeesItIsNotAddedTo) {
-    Open();
     t.ClickNode(Element().LastChild());
-    for (const char* entry :
-         {"mnuNewNodeP", "mnuNewCNodeP", "mnuNewNodeTextP", "mnuNewCommentP", "mnuNewAttrP", "mnuDeleteP"}) {
+    for (std::size_t i = 0; i < 6; ++i) {
         w->miPopupContext = kContextTreeNode;
-        t.frame().RunMenuCommand(QLatin1String(entry));
+        t.frame().RunMenuCommand(QLatin1String(adding[i]));
     }
     EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter)");
 }
 
-TEST_F(Tree, AMoveIsACopyWithNewKeysAndTwoStepsOfTheText) {
+TEST_F(TreeCommand, AMoveIsACopyWithNewKeysAndTwoStepsOfTheText) {
     Open();
     TreeNode chapter = Element().LastChild();
     const QString key = chapter.Key();
@@ -311,7 +268,7 @@ TEST_F(Tree, AMoveIsACopyWithNewKeysAndTwoStepsOfTheText) {
 }
 
 // A moved node is a new one: its name is finished before, also where the button leaves the editor open.
-TEST_F(Tree, ANameThatIsBeingTypedGoesAlongWithAMove) {
+TEST_F(TreeCommand, ANameThatIsBeingTypedGoesAlongWithAMove) {
     Open();
     w->tvXML.labelEditFinish.connect([this] { w->tvXML.EndLabelEdit(QStringLiteral("typed")); });
     t.ClickNode(Element().Child());
@@ -324,7 +281,7 @@ TEST_F(Tree, ANameThatIsBeingTypedGoesAlongWithAMove) {
     EXPECT_NE(Text().find("<typed></typed>"), std::string::npos);
 }
 
-TEST_F(Tree, ANodeChangesItsLevel) {
+TEST_F(TreeCommand, ANodeChangesItsLevel) {
     Open();
     t.ClickNode(Element().LastChild());
     t.PressButton(QStringLiteral("tbListEdit"), QStringLiteral("movedownlevel"));
@@ -336,7 +293,7 @@ TEST_F(Tree, ANodeChangesItsLevel) {
 }
 
 // The views that show follow each command.
-TEST_F(Tree, ListTextAndBrowserFollow) {
+TEST_F(TreeCommand, ListTextAndBrowserFollow) {
     Open();
     t.ClickNode(Element());
     ASSERT_EQ(w->ListView1.Count(), 4);
@@ -361,21 +318,11 @@ TEST_F(Tree, ListTextAndBrowserFollow) {
     EXPECT_EQ(w->rtxtXML.Text(), w->rtxtXML2.Text());
 }
 
-TEST_F(Tree, TheRootStaysOpen) {
+TEST_F(TreeCommand, TheRootStaysOpen) {
     Open();
     Root().SetExpanded(false);
     w->tvXML.Collapse(Root());
     EXPECT_TRUE(Root().Expanded());
-}
-
-TEST(SchemaTree, OnlyTheDocumentsNameIsALabelToEdit) {
-    TestApp t;
-    DocumentWindow& w =
-        t.OpenText(QStringLiteral("a.xsd"), "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\"/>");
-    w.tvXML.SetSelectedItem(w.tvXML.Nodes(1).Child());
-    EXPECT_FALSE(w.tvXML.StartLabelEdit());
-    w.tvXML.SetSelectedItem(w.tvXML.Nodes(1));
-    EXPECT_TRUE(w.tvXML.StartLabelEdit());
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/controls/ListView.h"
 #include "platform/controls/TreeFiller.h"
 #include <gtest/gtest.h>
 
@@ -83,16 +82,6 @@ TEST(LargeTree, StorageOfReplacedTextsIsWonBackAndLivingTextsStay) {
     EXPECT_EQ(shared.Text() + shared.Tag() + root.Text(), QStringLiteral("a &amp; ba &amp; b/x.xml"));
     const TreeUpdate update(tree);
     EXPECT_EQ(tree.InternText(QStringLiteral("книга")), first.TextId());
-}
-
-TEST(LargeList, RowsAreFoundByKeyWhileThousandsGo) {
-    ListView list;
-    for (int i = 0; i < 400'000; ++i)
-        list.Add(QStringLiteral("<1>%1").arg(i), QStringLiteral("item"), 1);
-    for (int i = 0; i < 399'990; ++i)
-        list.Remove(list.IndexOf(QStringLiteral("<1>%1").arg(i)));
-    EXPECT_EQ(list.Item(1).Key, QStringLiteral("<1>399990"));
-    EXPECT_EQ(list.IndexOf(QStringLiteral("<1>399999")), 10);
 }
 
 } // namespace

@@ -8,7 +8,7 @@ namespace {
 
 using namespace controls;
 
-TEST(List, RandomChangesKeepKeysAndIndexesTogether) {
+TEST(ListView, RandomChangesKeepKeysAndIndexesTogether) {
     std::mt19937 random(5);
     ListView list;
     QStringList plain;
@@ -34,7 +34,7 @@ TEST(List, RandomChangesKeepKeysAndIndexesTogether) {
     }
 }
 
-TEST(List, TheCurrentRowStaysWithItsItem) {
+TEST(ListView, TheCurrentRowStaysWithItsItem) {
     ListView list;
     for (const QString& key : {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")})
         list.Add(key, key, 1);
@@ -54,7 +54,7 @@ TEST(List, TheCurrentRowStaysWithItsItem) {
     EXPECT_EQ(told, 3);
 }
 
-TEST(List, MisuseThrowsAndUpdatesAnnounceAResetOnly) {
+TEST(ListView, MisuseThrowsAndUpdatesAnnounceAResetOnly) {
     ListView list;
     QStringList log;
     list.aboutToReset.connect([&] { log << QStringLiteral("reset"); });
@@ -86,6 +86,16 @@ TEST(List, MisuseThrowsAndUpdatesAnnounceAResetOnly) {
     EXPECT_EQ(fault([&] { list.Item(QStringLiteral("a")); }), text::kFaultNotFound);
     EXPECT_EQ(fault([&] { list.SetSelectedItem(2); }), text::kFaultOutOfBounds);
     EXPECT_EQ(list.Count(), 1);
+}
+
+TEST(ListView, RowsAreFoundByKeyWhileThousandsGo) {
+    ListView list;
+    for (int i = 0; i < 400'000; ++i)
+        list.Add(QStringLiteral("<1>%1").arg(i), QStringLiteral("item"), 1);
+    for (int i = 0; i < 399'990; ++i)
+        list.Remove(list.IndexOf(QStringLiteral("<1>%1").arg(i)));
+    EXPECT_EQ(list.Item(1).Key, QStringLiteral("<1>399990"));
+    EXPECT_EQ(list.IndexOf(QStringLiteral("<1>399999")), 10);
 }
 
 } // namespace

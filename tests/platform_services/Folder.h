@@ -1,32 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <gtest/gtest.h>
+#include "tests/support/TempFolder.h"
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace test {
 
 /// A folder of the test's own with plain files in it.
-class Folder {
+class Folder : public TempFolder {
 public:
-    Folder() { chmod(QFile::encodeName(folder_.path()).constData(), 0755); }
-    QString Path(const QString& name = {}) const { return folder_.filePath(name); }
+    Folder() { chmod(Native({}).constData(), 0755); }
     QByteArray Native(const QString& name) const { return QFile::encodeName(Path(name)); }
     QString Write(const QString& name, const QByteArray& bytes, mode_t mode = 0644) const {
-        QFile file(Path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        EXPECT_EQ(file.write(bytes), bytes.size());
-        file.close();
+        const QString path = TempFolder::Write(name, bytes);
         EXPECT_EQ(chmod(Native(name).constData(), mode), 0);
-        return file.fileName();
-    }
-    QByteArray Read(const QString& name) const {
-        QFile file(Path(name));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
-        return file.readAll();
+        return path;
     }
     mode_t Mode(const QString& name) const {
         struct stat info {};
@@ -35,12 +23,8 @@ public:
     }
     /// All names in the folder, hidden ones too.
     QStringList Names() const {
-        return QDir(folder_.path())
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+        return QDir(Path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
-
-private:
-    QTemporaryDir folder_;
 };
 
 /// Root may do anything: as long as this lives the test runs with an ordinary user's rights.

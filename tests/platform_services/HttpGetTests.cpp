@@ -1,44 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/services/RealServices.h"
+#include "tests/support/LoopbackServer.h"
 #include <QHash>
 #include <QTcpServer>
-#include <QTcpSocket>
 #include <gtest/gtest.h>
 
 using services::HttpAnswer;
 
 namespace {
-
-/// A web server on loopback, driven by the event loop of the request itself. It sends fixed bytes by path,
-/// then closes.
-class Server {
-public:
-    Server() {
-        EXPECT_TRUE(server_.listen(QHostAddress::LocalHost));
-        QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this] {
-            while (QTcpSocket* socket = server_.nextPendingConnection())
-                QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { Answer(*socket); });
-        });
-    }
-    QString Url(const QString& path) const {
-        return u"http://127.0.0.1:%1%2"_qs.arg(server_.serverPort()).arg(path);
-    }
-    void Put(const QString& path, const QByteArray& response) { responses_[path.toLatin1()] = response; }
-    int requests = 0;
-
-private:
-    void Answer(QTcpSocket& socket) {
-        const QList<QByteArray> words = socket.readAll().split(' ');
-        ++requests;
-        const auto response = responses_.constFind(words.value(1));
-        if (response == responses_.constEnd())
-            return; // no answer ever
-        socket.write(*response);
-        socket.disconnectFromHost();
-    }
-    QTcpServer server_;
-    QHash<QByteArray, QByteArray> responses_;
-};
 
 QByteArray Ok(const QByteArray& headers, const QByteArray& body) {
     return "HTTP/1.1 200 OK\r\nConnection: close\r\n" + headers +
@@ -52,7 +21,9 @@ QByteArray RedirectTo(const QString& url) {
 
 class HttpGet : public testing::Test {
 protected:
-    Server server;
+    QHash<QByteArray, QByteArray> pages; ///< what the server sends, by path; nothing ever for another one
+    test::LoopbackServer server{
+        [this](const QByteArray& request) { return pages.value(request.split(' ').value(1)); }};
     std::unique_ptr<services::HttpClient> http = services::MakeHttpClient();
     HttpAnswer Get(const QString& url) {
         return http->Get(url, [](qint64, qint64) { return true; });
@@ -62,9 +33,8 @@ protected:
 } // namespace
 
 TEST_F(HttpGet, GivesTheBodyAndItsCharset) {
-    server.Put(u"/a.xml"_qs,
-               Ok("Content-Type: text/xml; boundary=x; Charset=\"gb2312\"\r\n", "<a>\xB1\xB1</a>"));
-    server.Put(u"/empty"_qs, Ok("", ""));
+    pages["/a.xml"] = Ok("Content-Type: text/xml; boundary=x; Charset=\"gb2312\"\r\n", "<a>\xB1\xB1</a>");
+    pages["/empty"] = Ok("", "");
     const HttpAnswer answer = Get(u"  "_qs + server.Url(u"/a.xml"_qs));
     EXPECT_TRUE(answer.ok) << answer.error.toStdString();
     EXPECT_EQ(answer.status, 200);
@@ -78,8 +48,8 @@ TEST_F(HttpGet, GivesTheBodyAndItsCharset) {
 
 TEST_F(HttpGet, AnErrorOfTheServerComesWithItsBody) {
     for (const int status : {404, 500}) {
-        server.Put(u"/bad"_qs, "HTTP/1.1 " + QByteArray::number(status) +
-                                   " Bad\r\nConnection: close\r\nContent-Length: 5\r\n\r\n<no/>");
+        pages["/bad"] = "HTTP/1.1 " + QByteArray::number(status) +
+                        " Bad\r\nConnection: close\r\nContent-Length: 5\r\n\r\n<no/>";
         const HttpAnswer answer = Get(server.Url(u"/bad"_qs));
         EXPECT_FALSE(answer.ok);
         EXPECT_FALSE(answer.cannotLocate);
@@ -90,16 +60,16 @@ TEST_F(HttpGet, AnErrorOfTheServerComesWithItsBody) {
 }
 
 TEST_F(HttpGet, FollowsRedirectsButNotInCirclesOrToFiles) {
-    server.Put(u"/a.xml"_qs, Ok("", "<a/>"));
-    server.Put(u"/moved"_qs, RedirectTo(u"/a.xml"_qs));
+    pages["/a.xml"] = Ok("", "<a/>");
+    pages["/moved"] = RedirectTo(u"/a.xml"_qs);
     EXPECT_EQ(Get(server.Url(u"/moved"_qs)).body, "<a/>");
-    server.Put(u"/circle"_qs, RedirectTo(server.Url(u"/circle"_qs)));
-    server.requests = 0;
+    pages["/circle"] = RedirectTo(server.Url(u"/circle"_qs));
+    const int before = server.Requests();
     const HttpAnswer circle = Get(server.Url(u"/circle"_qs));
     EXPECT_FALSE(circle.ok);
     EXPECT_FALSE(circle.error.isEmpty());
-    EXPECT_LE(server.requests, 50); // some are sent again when the server closes
-    server.Put(u"/file"_qs, RedirectTo(u"file:///etc/passwd"_qs));
+    EXPECT_LE(server.Requests() - before, 50); // some are sent again when the server closes
+    pages["/file"] = RedirectTo(u"file:///etc/passwd"_qs);
     const HttpAnswer file = Get(server.Url(u"/file"_qs));
     EXPECT_FALSE(file.ok);
     EXPECT_TRUE(file.body.isEmpty());
@@ -108,13 +78,13 @@ TEST_F(HttpGet, FollowsRedirectsButNotInCirclesOrToFiles) {
 TEST_F(HttpGet, AnAnswerThatIsCutIsAFailure) {
     const QByteArray whole = Ok("", "<a>0123456789</a>");
     for (const qsizetype length : {qsizetype{0}, qsizetype{9}, whole.indexOf("\r\n\r\n"), whole.size() - 1}) {
-        server.Put(u"/cut"_qs, whole.first(length));
+        pages["/cut"] = whole.first(length);
         const HttpAnswer answer = Get(server.Url(u"/cut"_qs));
         EXPECT_FALSE(answer.ok) << length;
         EXPECT_FALSE(answer.error.isEmpty()) << length;
     }
     // Without a length the end of the connection is the end of the answer.
-    server.Put(u"/open"_qs, "HTTP/1.0 200 OK\r\n\r\n<a/>");
+    pages["/open"] = "HTTP/1.0 200 OK\r\n\r\n<a/>";
     const HttpAnswer open = Get(server.Url(u"/open"_qs));
     EXPECT_TRUE(open.ok) << open.error.toStdString();
     EXPECT_EQ(open.body, "<a/>");
@@ -128,13 +98,13 @@ TEST_F(HttpGet, AServerThatNeverAnswersIsLeftWhenTheUserCancels) {
     EXPECT_FALSE(answer.ok);
     EXPECT_FALSE(answer.cannotLocate);
     EXPECT_EQ(steps, 3);
-    server.Put(u"/a.xml"_qs, Ok("", "<a/>"));
+    pages["/a.xml"] = Ok("", "<a/>");
     EXPECT_TRUE(Get(server.Url(u"/a.xml"_qs)).ok); // the next request is as good as ever
 }
 
 TEST_F(HttpGet, PackedAnswersAreUnpackedHoweverWellTheyShrank) {
     const QByteArray body = "<a>" + QByteArray(20'000'000, ' ') + "</a>";
-    server.Put(u"/packed"_qs, Ok("Content-Encoding: deflate\r\n", qCompress(body, 9).sliced(4)));
+    pages["/packed"] = Ok("Content-Encoding: deflate\r\n", qCompress(body, 9).sliced(4));
     const HttpAnswer answer = Get(server.Url(u"/packed"_qs));
     EXPECT_TRUE(answer.ok) << answer.error.toStdString();
     EXPECT_TRUE(answer.body == body);

@@ -60,18 +60,6 @@ TEST(IniSettings, AFileWrittenByHandOrOnAnotherSystemIsRead) {
     EXPECT_EQ(store->GetAll(u"Other"_qs), Pairs());
 }
 
-TEST(IniSettings, TwoProgramsThatWriteByTurnsKeepEachOthersKeys) {
-    const test::Folder folder;
-    const QString path = folder.Path(u"settings.ini"_qs);
-    const auto first = MakeIniSettings(path);
-    const auto second = MakeIniSettings(path);
-    first->Save(kSection, u"A"_qs, u"1"_qs);
-    second->Save(kSection, u"B"_qs, u"2"_qs);
-    first->Save(kSection, u"C"_qs, u"3"_qs);
-    EXPECT_EQ(first->Get(kSection, u"B"_qs), u"2"_qs);
-    EXPECT_EQ(second->GetAll(kSection), (Pairs{{u"A"_qs, u"1"_qs}, {u"B"_qs, u"2"_qs}, {u"C"_qs, u"3"_qs}}));
-}
-
 TEST(IniSettings, ProgramsThatWriteAtTheSameMomentLoseNothing) {
     const test::Folder folder;
     const QString path = folder.Path(u"settings.ini"_qs);

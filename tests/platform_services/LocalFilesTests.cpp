@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/services/RealServices.h"
 #include "tests/platform_services/Folder.h"
-#include <csignal>
+#include "tests/support/FullDisk.h"
 #include <cstring>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 
@@ -27,26 +26,6 @@ protected:
     void Link(const QString& target, const QString& name) {
         ASSERT_EQ(symlink(QFile::encodeName(target).constData(), folder.Native(name).constData()), 0);
     }
-};
-
-/// Files can't grow beyond `bytes` as long as this lives: a disk that is full after so many.
-class SmallDisk {
-public:
-    explicit SmallDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &old_);
-        const rlimit limit{bytes, old_.rlim_max};
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-    }
-    ~SmallDisk() {
-        setrlimit(RLIMIT_FSIZE, &old_);
-        std::signal(SIGXFSZ, handler_);
-    }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
-
-private:
-    rlimit old_{};
-    void (*handler_)(int);
 };
 
 } // namespace
@@ -183,7 +162,7 @@ TEST_F(LocalFiles, WhatTheUserMayNotWriteIsReadOnly) {
 TEST_F(LocalFiles, WhenTheDiskFailsHalfwayTheOldFileStaysWhole) {
     const QString path = folder.Write(u"a.xml"_qs, "<old/>");
     {
-        const SmallDisk disk(100'000);
+        const test::FullDisk disk(100'000);
         EXPECT_EQ(files->Replace(path, QByteArray(300'000, 'x')).error, FileError::Other);
         EXPECT_FALSE(files->Replace(folder.Path(u"new.xml"_qs), QByteArray(300'000, 'x')));
         EXPECT_TRUE(files->Replace(folder.Path(u"small.xml"_qs), QByteArray(100'000, 'x')));

@@ -112,25 +112,6 @@ TEST(LongText, SearchFindsWhatAPlainSearchFinds) {
     EXPECT_EQ(LongText().indexOf(u"a", 0, Qt::CaseSensitive), -1);
 }
 
-TEST(LongText, AChangedTextSharesWhatIsEqual) {
-    QString plain;
-    for (int i = 0; i < 40'000; ++i)
-        plain += QStringLiteral("<row n=\"%1\"/>\r\n").arg(i);
-    const LongText before(plain);
-    plain.insert(plain.size() / 2, QStringLiteral("<new/>\r\n"));
-    const LongText after = LongText::Like(plain, before);
-    EXPECT_TRUE(after == QStringView(plain));
-    EXPECT_FALSE(after == before);
-    plain.truncate(5);
-    EXPECT_EQ(LongText::Like(plain, after).toString(), plain);
-    EXPECT_EQ(LongText::Like({}, after).toString(), QString());
-    EXPECT_EQ(LongText::Like(u"a\r\nb", LongText()).toString(), QStringLiteral("a\r\nb"));
-    QString changed = before.toString();
-    changed[0] = u'>';
-    EXPECT_EQ(LongText::Like(changed, before).toString(), changed);
-    EXPECT_TRUE(LongText::Like(before.toString(), after) == before);
-}
-
 // Whatever the old text looks like and however the new one comes in: it is what was put in, and its rows
 // stand.
 TEST(LongText, ATextBuiltFromPartsIsItsParts) {

@@ -90,7 +90,7 @@ TEST(StringPool, TurnsUtf8ThatIsCutOrWrongIntoReplacementCharacters) {
         EXPECT_EQ(pool.toString(pool.addUtf8(c.bytes, qstrlen(c.bytes))), c.text) << c.text.toStdString();
 }
 
-TEST(CompactBuilder, TurnsWideInTheMiddleAndNarrowAgainWhenCleared) {
+TEST(StringPool, ABuilderTurnsWideInTheMiddleAndNarrowAgainWhenCleared) {
     StringPool pool;
     CompactBuilder builder;
     builder.append("<", 1);
@@ -107,14 +107,14 @@ TEST(CompactBuilder, TurnsWideInTheMiddleAndNarrowAgainWhenCleared) {
     EXPECT_TRUE(builder.view() == QStringView(u"plain"));
 }
 
-TEST(CompactBuilder, EscapesMarkupCharactersInNarrowAndWideTexts) {
+TEST(StringPool, ABuilderEscapesMarkupCharactersInNarrowAndWideTexts) {
     EXPECT_EQ(Escaped(u"a<b & \"c\">'d'"_qs), u"a&lt;b &amp; &quot;c&quot;&gt;&apos;d&apos;"_qs);
     EXPECT_EQ(Escaped(u"\u4e2d<\u6587&\u0126"_qs), u"\u4e2d&lt;\u6587&amp;\u0126"_qs);
     EXPECT_EQ(Escaped(u"&lt;"_qs), u"&amp;lt;"_qs);
     EXPECT_EQ(Escaped(u"nothing to do"_qs), u"nothing to do"_qs);
 }
 
-TEST(CompactView, ComparesTextsHeldInDifferentWidths) {
+TEST(StringPool, AViewComparesTextsHeldInDifferentWidths) {
     const char16_t wideAbc[] = u"abc";
     const CompactView wide{reinterpret_cast<const unsigned char*>(wideAbc), 3, true};
     const CompactView narrow{reinterpret_cast<const unsigned char*>("abc"), 3, false};

@@ -27,55 +27,41 @@ std::string Name(const QString& text) {
 } // namespace
 
 TEST(TextFile, WritesAndReadsEveryLabel) {
-    const struct {
-        const char* label;
-        const char* content; // UTF-8
-    } cases[] = {
-        {"UTF-7", "1 + 1 = 2; \\ ~ äöü 北京 😀"},
-        {"UTF-8", "äöü 北京 😀"},
-        {"UTF-16", "äöü 北京 😀"},
-        {"GB2312", "北京市 長"},
-        {"8859-1", "äöü ÿ"},
-        {"8859-2", "Łódź"},
-        {"ASCII", "plain ~ text"},
-        {"ISO-646", "plain ~ text"},
-        {"850", "äöü ░"},
-        {"1252", "„Zitat“ €"},
-        {"1255", "שלום"},
-        {"SHIFT-JIS", "日本語 カナ ~ \\ ①"},
-        {"MS-KANJI", "日本語 カナ ~ \\ ①"},
-        {"BIG5", "臺北"},
-        {"ISO-8859-1", "äöü"},
-        {"ISO-8859-15", "€"},
-        {"iso-8859-5", "Москва"},
-        {"ISO-10646-UCS-2", "北京"},
-        {"windows-1250", "Łódź"},
-        {"windows-1251", "Москва"},
-        {"cp1257", "Ķekava"},
-        {"IBM437", "äöü"},
-        {"GBK", "北京市 長"},
-        {"GB18030", "北京 😀"},
-        {"Shift_JIS", "日本語"},
-        {"EUC-JP", "日本語"},
-        {"ISO-2022-JP", "日本語"},
-        {"EUC-KR", "서울"},
-        {"KOI8-R", "Москва"},
-        {"UTF-16LE", "北京 😀"},
-        {"UTF-16BE", "北京 😀"},
-        {"UTF-32", "北京 😀"},
-        {"UTF-32BE", "北京 😀"},
-        {"utf-8", "北京 😀"},
+    const std::pair<const char*, const char*> cases[] = {
+        // what is written, in which encodings
+        {"1 + 1 = 2; \\ ~ äöü 北京 😀", "UTF-7"},
+        {"äöü 北京 😀", "UTF-8 UTF-16"},
+        {"北京市 長", "GB2312 GBK"},
+        {"äöü ÿ", "8859-1"},
+        {"Łódź", "8859-2 windows-1250"},
+        {"plain ~ text", "ASCII ISO-646"},
+        {"äöü ░", "850"},
+        {"„Zitat“ €", "1252"},
+        {"שלום", "1255"},
+        {"日本語 カナ ~ \\ ①", "SHIFT-JIS MS-KANJI"},
+        {"臺北", "BIG5"},
+        {"äöü", "ISO-8859-1 IBM437"},
+        {"€", "ISO-8859-15"},
+        {"Москва", "iso-8859-5 windows-1251 KOI8-R"},
+        {"北京", "ISO-10646-UCS-2"},
+        {"Ķekava", "cp1257"},
+        {"北京 😀", "GB18030 UTF-16LE UTF-16BE UTF-32 UTF-32BE utf-8"},
+        {"日本語", "Shift_JIS EUC-JP ISO-2022-JP"},
+        {"서울", "EUC-KR"},
     };
-    for (const auto& c : cases) {
-        const QString document = Declared(QString::fromLatin1(c.label), QString::fromUtf8(c.content));
-        EXPECT_TRUE(text::KnowsEncoding(QString::fromLatin1(c.label))) << c.label;
-        const Encoded encoded = EncodeNew(document);
-        EXPECT_EQ(encoded.badPosition, -1) << c.label;
-        const Decoded decoded = Decode(encoded.bytes);
-        EXPECT_EQ(decoded.text.toString(), document) << c.label;
-        EXPECT_EQ(decoded.warning, QString()) << c.label;
-        EXPECT_EQ(decoded.form.declared, QString::fromLatin1(c.label));
-        EXPECT_EQ(Encode(decoded.text.toString(), decoded.form).bytes, encoded.bytes) << c.label;
+    for (const auto& [content, labels] : cases) {
+        for (const QString& label : QString::fromLatin1(labels).split(u' ')) {
+            SCOPED_TRACE(Name(label));
+            const QString document = Declared(label, QString::fromUtf8(content));
+            EXPECT_TRUE(text::KnowsEncoding(label));
+            const Encoded encoded = EncodeNew(document);
+            EXPECT_EQ(encoded.badPosition, -1);
+            const Decoded decoded = Decode(encoded.bytes);
+            EXPECT_EQ(decoded.text.toString(), document);
+            EXPECT_EQ(decoded.warning, QString());
+            EXPECT_EQ(decoded.form.declared, label);
+            EXPECT_EQ(Encode(decoded.text.toString(), decoded.form).bytes, encoded.bytes);
+        }
     }
     for (const char* label :
          {"x-none", "", "EBCDIC-US", "IBM037", "WCHAR_T", "INTERNAL", "ASCII//TRANSLIT", "UTF-8/x"})

@@ -53,7 +53,7 @@ QString Large() {
     return QStringLiteral("<l>%1</l>").arg(QStringLiteral("<r a=\"1\">text</r>").repeated(100'000));
 }
 
-TEST(Stopping, TheStepHearsHowFarALoadIs) {
+TEST(Memory, TheStepHearsHowFarALoadIs) {
     const QString text = Large();
     qsizetype last = 0;
     int steps = 0;
@@ -74,7 +74,7 @@ TEST(Stopping, TheStepHearsHowFarALoadIs) {
     EXPECT_EQ(steps, 0); // a short one takes no waiting
 }
 
-TEST(Stopping, AStoppedLoadLeavesNothing) {
+TEST(Memory, AStoppedLoadLeavesNothing) {
     ParsedDocument document;
     ASSERT_TRUE(document.loadXML(QStringLiteral("<a/>")));
     int steps = 0;
@@ -86,7 +86,7 @@ TEST(Stopping, AStoppedLoadLeavesNothing) {
     EXPECT_FALSE(document.wasStopped());
 }
 
-TEST(Stopping, WhatTheStepThrowsReachesTheCaller) {
+TEST(Memory, WhatTheStepThrowsReachesTheCaller) {
     ParsedDocument document;
     const auto step = [](qsizetype, qsizetype) -> bool { throw std::runtime_error("no bar"); };
     EXPECT_THROW(document.loadXML(Large(), {}, step), std::runtime_error);

@@ -80,12 +80,12 @@ const Case kRefused[] = {
      "entity 'e' does not fit here"},
 };
 
-TEST(Namespaces, NamesThatBreakTheRulesAreRefusedWhereTheyStand) {
+TEST(Namespace, NamesThatBreakTheRulesAreRefusedWhereTheyStand) {
     for (const Case& c : kRefused)
         ExpectRefusal(c);
 }
 
-TEST(Namespaces, NamesThatKeepTheRulesAreTaken) {
+TEST(Namespace, NamesThatKeepTheRulesAreTaken) {
     const char16_t* const good[] = {
         u"<p:a xml:lang='de' q:b='' p:b='' b='' xmlns:q='v' xmlns:p='u'><q:p xmlns='w'><p:q/></q:p></p:a>",
         u"<a xmlns='u' xmlns:p='u' b='' p:b=''><b xmlns=''/></a>", // a default is none of attributes
@@ -104,7 +104,7 @@ TEST(Namespaces, NamesThatKeepTheRulesAreTaken) {
 }
 
 /// A tag that isn't finished lacks more than its declarations.
-TEST(Namespaces, ATextThatEndsInATagIsTooShort) {
+TEST(Namespace, ATextThatEndsInATagIsTooShort) {
     const QString whole = QStringLiteral("<a><p:b q:c='1' xmlns:p='u' xmlns:q='v'>");
     for (qsizetype length = 1; length <= whole.size(); ++length) {
         xml::ParsedDocument document;
@@ -114,7 +114,7 @@ TEST(Namespaces, ATextThatEndsInATagIsTooShort) {
 }
 
 /// Many declarations in each other, and elements with many attributes of several prefixes.
-TEST(Namespaces, DeclarationsEndWithTheirElement) {
+TEST(Namespace, DeclarationsEndWithTheirElement) {
     QString text = QStringLiteral("<a xmlns:p='0'>"), end = QStringLiteral("</a>");
     for (int i = 1; i <= 4000; ++i) {
         text += QStringLiteral("<p:a xmlns:p='%1' xmlns:q='%2' p:b='' q:b=''>").arg(i).arg(i - 1);

@@ -9,6 +9,11 @@ const char16_t kBooks[] =
     u"<book id=\"1\" s:kind=\"a:b\">One<![CDATA[ & more]]></book><!--note--><s:book id=\"2\"/>"
     u"<nobody:book xml:lang=\"de\"><book id=\"3\">Größe 😀</book></nobody:book><?go on?></s:list>";
 
+/// Paths with two blanks or a line end between them.
+QStringList PathsOf(const char* paths) {
+    return QString::fromUtf8(paths).replace(u'\n', QStringLiteral("  ")).split(QStringLiteral("  "));
+}
+
 /// Names, or values of nodes without a name of their own, of what a path selects.
 std::string Selected(const char* path) {
     xml::ParsedDocument document;
@@ -59,65 +64,22 @@ TEST(XPath, StepsSelectWhatTheEngineSelects) {
         "n='3'/>"
         "</a><b n='4'>2<b>3</b></b><c.d-e/><a><b/><a/></a>tail</a><?last?>",
     };
-    const char* const paths[] = {
-        "/s:list/book",
-        "/s:list/*[2]",
-        "/s:list/book[1]/text()[2]",
-        "s:list/comment()",
-        "/*/*/*[1]",
-        "//book",
-        "//a",
-        "//a//b",
-        "//a/a//text()",
-        "//a//a//b",
-        "//b//b",
-        "//text()",
-        "//comment()",
-        "//node()",
-        "//processing-instruction()",
-        "//s:*",
-        "//s:book",
-        "//a[1]",
-        "//a[2]",
-        "//*[1][1]",
-        "//b[last()]",
-        "//a[position()<3]",
-        "//b[.='3']",
-        "//a[b][2]",
-        "//a[.//b]/b",
-        "//*[@id='3']",
-        "//*[a|b]",
-        "//a[count(a)=1]",
-        "//b[../a]",
-        "//book[@id>1]/..",
-        "//@id",
-        "//@*",
-        "//a/@n",
-        "/*/@s:on",
-        "//@xmlns:s",
-        "//b/..",
-        "//./b",
-        "//..",
-        ".",
-        "//b/ancestor::a",
-        "//a/descendant::b[1]",
-        "//b/preceding-sibling::*[1]",
-        "//b/following::*",
-        "//a[@n='1']/following-sibling::node()",
-        "//b/ancestor-or-self::*[2]",
-        "//a/self::a[@n]",
-        "/ * / * [ 1 ]",
-        "//c.d-e | //b | //a[1]",
-        "//text()[contains(., '[/]') or . = 'x']",
-        "//a[//b]/text()",
-    };
-    for (const char* path : paths) {
+    const QStringList paths = PathsOf(
+        R"(/s:list/book  /s:list/*[2]  /s:list/book[1]/text()[2]  s:list/comment()  /*/*/*[1]  //book  //a
+//a//b  //a/a//text()  //a//a//b  //b//b  //text()  //comment()  //node()
+//processing-instruction()  //s:*  //s:book  //a[1]  //a[2]  //*[1][1]  //b[last()]
+//a[position()<3]  //b[.='3']  //a[b][2]  //a[.//b]/b  //*[@id='3']  //*[a|b]  //a[count(a)=1]
+//b[../a]  //book[@id>1]/..  //@id  //@*  //a/@n  /*/@s:on  //@xmlns:s  //b/..  //./b  //..  .
+//b/ancestor::a  //a/descendant::b[1]  //b/preceding-sibling::*[1]  //b/following::*
+//a[@n='1']/following-sibling::node()  //b/ancestor-or-self::*[2]  //a/self::a[@n]
+/ * / * [ 1 ]  //c.d-e | //b | //a[1]  //text()[contains(., '[/]') or . = 'x']  //a[//b]/text())");
+    for (const QString& plain : paths) {
+        const std::string path = plain.toStdString();
         std::size_t selected = 0;
         for (const char* text : texts) {
             xml::ParsedDocument document;
             ASSERT_TRUE(document.loadXML(QString::fromUtf8(text)));
             QString error;
-            const QString plain = QString::fromUtf8(path);
             const auto nodes = document.selectNodes(plain, &error);
             EXPECT_TRUE(error.isEmpty()) << path << ": " << error.toStdString();
             EXPECT_EQ(nodes, document.selectNodes(u'(' + plain + u')')) << path;
@@ -133,29 +95,12 @@ TEST(XPath, AStepNeverSelectsThePlaceZero) {
 }
 
 TEST(XPath, TellsAWrongPathFromOneThatSelectsNothing) {
-    for (const char* path : {"//book[",
-                             "",
-                             "  ",
-                             "count(//book)",
-                             "//book/fly()",
-                             "$x",
-                             "//book |",
-                             "x:f()",
-                             "document('a')",
-                             "/a[",
-                             "/a//",
-                             "/1a",
-                             "/a[1]x",
-                             "//a[]",
-                             "//a/[1]",
-                             "//book[@id=]",
-                             "//a]",
-                             "//a[1",
-                             ".[1]",
-                             "//@id[",
-                             "a b",
-                             "//nowhere::a"})
-        EXPECT_EQ(Selected(path), "error") << path;
+    QStringList wrong = PathsOf(
+        R"(//book[  count(//book)  //book/fly()  $x  //book |  x:f()  document('a')  /a[  /a//  /1a  /a[1]x
+//a[]  //a/[1]  //book[@id=]  //a]  //a[1  .[1]  //@id[  a b  //nowhere::a)");
+    wrong << QString() << QStringLiteral("  ");
+    for (const QString& path : wrong)
+        EXPECT_EQ(Selected(path.toUtf8().constData()), "error") << path.toStdString();
     EXPECT_EQ(Selected("//nothing"), "");
 }
 

@@ -97,38 +97,6 @@ TEST(MenuMatrix, EachSituationEnablesItsEntries) {
     }
 }
 
-TEST(MenuMatrix, AButtonIsEnabledWithTheEntryThatDoesTheSame) {
-    constexpr struct {
-        const char *toolbar, *button, *entry;
-    } twins[] = {
-        {"tbCommonEdit", "cut", "mnuEditCut"},          {"tbCommonEdit", "paste", "mnuEditPaste"},
-        {"tbCommonEdit", "delete", "mnuDelete"},        {"tbCommonEdit", "undo", "mnuEditUndo"},
-        {"tbCommonEdit", "find", "mnuFindReplace"},     {"tbCommonEdit", "az", "mnuSortAZ"},
-        {"tbListEdit", "newcomment", "mnuNewCommentP"}, {"tbListEdit", "newattribute", "mnuNewAttrP"},
-        {"tbListEdit", "moveup", "mnuMoveUP"},          {"tbListEdit", "popedit", "mnuEditPopupEditNode"},
-        {"tbTextEdit", "validate", "mnuXMLValidate"},
-    };
-    const auto agree = [&](TestApp& t, const char* situation) {
-        for (const auto& twin : twins)
-            EXPECT_EQ(t.frame()
-                          .ToolbarByName(QLatin1String(twin.toolbar))
-                          .Button(QLatin1String(twin.button))
-                          .Enabled(),
-                      t.frame().Menu(QLatin1String(twin.entry)).Enabled())
-                << twin.button << " in the situation: " << situation;
-    };
-    for (const Situation& situation : kSituations) {
-        TestApp t;
-        situation.enter(t);
-        agree(t, situation.name);
-    }
-    TestApp t;
-    ShowTextView(t, 0);
-    t.ClickNode(Pen(t.window())); // the tree beside the text is in use
-    EXPECT_EQ(Letter(t, "mnuNewAttrP"), 'E');
-    agree(t, "tree beside the text");
-}
-
 // What was copied here can be pasted in every view; a text takes what other programs copy as well.
 TEST(MenuMatrix, PasteFollowsWhatWasCopied) {
     for (std::size_t column = 1; column < std::size(kSituations); ++column) {
@@ -157,35 +125,59 @@ TEST(MenuMatrix, PasteFollowsWhatWasCopied) {
     EXPECT_EQ(Letter(t, "mnuEditPaste"), 'E');
 }
 
-// The row says what can be done: letters for child, node, attribute, text, comment, name, value.
-TEST(MenuMatrix, ARowOffersWhatItsNodeAllows) {
+TEST(MenuMatrix, ANodeOffersWhatItsKindAndPlaceAllowInTheTreeAndAsARow) {
     TestApp t;
-    DocumentWindow& w = t.OpenText(QStringLiteral("a.xml"),
-                                   "<?style a?><a n='1'>words<b/><!--note--><?page 2?><![CDATA[x]]></a>");
-    const auto states = [&](int row) {
-        w.ListView1.ClearSelected();
-        w.ListView1.SetSelectedItem(row);
-        w.ListView1.Click();
-        std::string letters;
-        for (const char* entry : {"mnuNewCNodeP", "mnuNewNode", "mnuNewAttr", "mnuNewNodeText",
-                                  "mnuNewComment", "mnuEditName", "mnuEditValue"})
-            letters += Letter(t, entry);
-        return letters;
+    DocumentWindow* w = nullptr;
+    // Letters for child, node, attribute, text, comment, name, value, delete.
+    const auto letters = [&] {
+        std::string all;
+        for (const char* entry : {"mnuNewCNode", "mnuNewNode", "mnuNewAttr", "mnuNewNodeText",
+                                  "mnuNewComment", "mnuEditName", "mnuEditValue", "mnuDelete"})
+            all += Letter(t, entry);
+        return all;
     };
-    t.ClickNode(w.tvXML.Nodes(1));
-    w.ListView1.GotFocus();
-    EXPECT_EQ(states(1), "DDDDEDE") << "instruction beside the root element";
-    EXPECT_EQ(states(2), "EDDDEEE") << "root element";
-    t.ClickNode(w.tvXML.Nodes(1).Child().Next());
-    w.ListView1.GotFocus();
-    EXPECT_EQ(states(1), "DEDDEDE") << "text";
-    EXPECT_EQ(states(2), "EEEEEEE") << "element";
-    EXPECT_EQ(states(3), "DEDDEDE") << "comment";
-    EXPECT_EQ(states(4), "DEDDEDE") << "instruction";
-    EXPECT_EQ(states(6), "EDDDEEE") << "an attribute stands for its element, here the root element";
-    w.ListView1.SetSelectedItem(1);
-    w.ListView1.KeyUp(Qt::Key_Up, 0); // the keys went to another row
+    const auto chooseRow = [&](int row) {
+        w->ListView1.GotFocus();
+        w->ListView1.ClearSelected();
+        w->ListView1.SetSelectedItem(row);
+        w->ListView1.Click();
+    };
+    const auto expect = [&](controls::TreeNode node, const char* states, const char* what) {
+        t.ClickNode(node);
+        EXPECT_EQ(letters(), states) << what;
+        t.ClickNode(node.Parent());
+        chooseRow(w->ListView1.IndexOf(node.Key()));
+        EXPECT_EQ(letters(), states) << what << " as a row";
+    };
+    w = &t.OpenText(QStringLiteral("a.xml"),
+                    "<!--top--><?style a?><a n='1'><b/>words<!--note--><?page 2?></a>");
+    const controls::TreeNode root = w->tvXML.Nodes(1), top = root.Child(), element = root.LastChild();
+    t.ClickNode(root);
+    EXPECT_EQ(letters(), "DDDDEEDD") << "tree root";
+    expect(top, "DDDDEDEE", "comment beside the root element");
+    expect(top.Next(), "DDDDEDEE", "instruction beside the root element");
+    expect(element, "EDDDEEEE", "root element");
+    for (const char* entry : {"mnuNewAttrP", "mnuNewNodeTextP"})
+        EXPECT_EQ(Letter(t, entry), 'E') << "within reach of the context menu: " << entry;
+    EXPECT_EQ(Letter(t, "mnuNewNodeP"), 'D');
+    expect(element.Child(), "EEEEEEEE", "element");
+    for (controls::TreeNode node = element.Child().Next(); node; node = node.Next())
+        expect(node, "DEDDEDEE", "text, comment or instruction");
+    chooseRow(5);
+    EXPECT_EQ(letters(), "EDDDEEEE") << "an attribute stands for its element, here the root element";
+    chooseRow(1);
+    w->ListView1.SetSelectedItem(2);
+    w->ListView1.KeyUp(Qt::Key_Down, 0); // the keys went to another row
     EXPECT_EQ(Letter(t, "mnuEditName"), 'D') << "text";
+
+    t.ChooseMenu(QStringLiteral("mnuFileNew"));
+    w = &t.window();
+    const controls::TreeNode declaration = w->tvXML.Nodes(1).Child();
+    t.ClickNode(w->tvXML.Nodes(1));
+    EXPECT_EQ(letters(), "EDDDEEDD") << "a root element can be made";
+    EXPECT_EQ(Letter(t, "mnuNewCNodeP"), 'E');
+    expect(declaration, "DDDDEDEE", "instruction in a document without root element");
+    expect(declaration.Next(), "DEDDEDEE", "comment in a document without root element");
 }
 
 // What a command changed is seen in the menus at once.
@@ -207,6 +199,9 @@ TEST(MenuMatrix, FollowsEachCommand) {
     w.tvXML.SetSelectedItem(w.tvXML.Nodes(1));
     w.tvXML.KeyUp(Qt::Key_Up, 0);
     EXPECT_EQ(Letter(t, "mnuEditCut"), 'D') << "the arrow keys went to the tree root";
+    w.txtXPath.UserTyped(QStringLiteral("/*/*"));
+    w.txtXPath.KeyUp(Qt::Key_Return, 0);
+    EXPECT_EQ(Letter(t, "mnuEditCut"), 'E') << "a path led to a node";
 }
 
 // The view in use says which commands there are, also where no click or key has told of it again.
@@ -241,15 +236,6 @@ TEST(MenuMatrix, IsThatOfTheViewInUseInAWindowThatStaysOrComesBack) {
     EXPECT_EQ(letter("mnuEditName"), 'D') << "compact view";
 }
 
-TEST(MenuMatrix, FollowsTheNodeThatAPathLedTo) {
-    TestApp t;
-    DocumentWindow& w = t.OpenText(QStringLiteral("a.xml"), kShop);
-    ASSERT_EQ(Letter(t, "mnuEditCut"), 'D');
-    w.txtXPath.UserTyped(QStringLiteral("/*/*"));
-    w.txtXPath.KeyUp(Qt::Key_Return, 0);
-    EXPECT_EQ(Letter(t, "mnuEditCut"), 'E');
-}
-
 TEST(MenuMatrix, AShownTextCanBeCheckedFromTheTreeBesideIt) {
     TestApp t;
     DocumentWindow& w = t.OpenText(QStringLiteral("a.xml"), kShop);
@@ -257,6 +243,7 @@ TEST(MenuMatrix, AShownTextCanBeCheckedFromTheTreeBesideIt) {
     w.tbsXML.Select(QStringLiteral("textview"));
     t.ClickNode(Pen(w));
     EXPECT_EQ(Letter(t, "mnuXMLValidate"), 'E');
+    EXPECT_EQ(Letter(t, "mnuNewAttrP"), 'E') << "the tree is in use";
     t.prompts.Answer(services::Answer::Ok);
     t.PressButton(QStringLiteral("tbTextEdit"), QStringLiteral("validate"));
     EXPECT_EQ(t.prompts.Texts().back(), QStringLiteral("It is valid XML!"));

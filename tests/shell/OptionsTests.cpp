@@ -2,7 +2,6 @@
 // The options dialog: what it shows, what Apply stores and takes over, and what a restart makes of it.
 #include "shell/frmOptions.h"
 #include "tests/support/TestApp.h"
-#include "textview/ColourStrings.h"
 #include "textview/TextState.h"
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -26,43 +25,11 @@ void InDialog(TestApp& t, const std::function<void(frmOptions&)>& act) {
     EXPECT_EQ(shown, 1);
 }
 
-void ApplyNodeTextLength(TestApp& t, const QString& typed) {
-    InDialog(t, [&](frmOptions& form) {
-        form.txtTNTLen.UserTyped(typed);
-        form.cmdApply.Click();
-    });
-}
-
 QString Stored(TestApp& t, const char* key) {
     return t.settings().Get(kSection, QLatin1String(key), QStringLiteral("(none)"));
 }
 
-TEST(OptionsDialog, ShowsWhatIsInForce) {
-    TestApp t;
-    const std::pair<const char*, const char*> stored[] = {
-        {"Encoding", "GB2312"}, {"TreeNodeTextShowLength", "30"}, {"TreeToolTipShowLength", "200"},
-        {"Steps", "5"},         {"TextName", "DejaVu Sans Mono"}, {"TextSize", "12.5"},
-        {"GLColor", "255"},     {"CommentColor", "65280"}};
-    for (const auto& [key, value] : stored)
-        t.settings().Save(kSection, QLatin1String(key), QLatin1String(value));
-    t.Restart();
-    InDialog(t, [](frmOptions& form) {
-        EXPECT_EQ(form.cmbEnc.Text(), QStringLiteral("GB2312"));
-        EXPECT_EQ(form.cmbEnc.Items().value(form.cmbEnc.ListIndex()), QStringLiteral("GB2312"));
-        EXPECT_EQ(form.txtTNTLen.Text(), QStringLiteral("30"));
-        EXPECT_EQ(form.txtTTLen.Text(), QStringLiteral("200"));
-        EXPECT_EQ(form.txtUndoSteps.Text(), QStringLiteral("5"));
-        EXPECT_EQ(form.txtFontName.Text(), QStringLiteral("DejaVu Sans Mono"));
-        EXPECT_EQ(form.cmbSize.Text(), QStringLiteral("12.5"));
-        EXPECT_EQ(form.cmbSize.Items().join(u' '), QStringLiteral("8 9 10 11 12 14 16 18 24"));
-        EXPECT_EQ(form.txtGL.ForeColor(), 255u);
-        EXPECT_EQ(form.txtSlash.ForeColor(), 0x32C832u);
-        EXPECT_EQ(form.txtEqual.ForeColor(), 0x3232FFu);
-        EXPECT_EQ(form.txtComment.ForeColor(), 65280u);
-    });
-}
-
-TEST(OptionsDialog, AppliedValuesHoldAtOnceAndAfterARestart) {
+TEST(Options, AppliedValuesHoldAtOnceAndAfterARestart) {
     TestApp t;
     t.prompts.ChooseColours({0x112233u, 0x445566u, 0x778899u, 0xAABBCCu, std::nullopt});
     t.prompts.ChooseFonts({services::FontChoice{QStringLiteral("Liberation Mono"), 13.5}, std::nullopt});
@@ -88,20 +55,23 @@ TEST(OptionsDialog, AppliedValuesHoldAtOnceAndAfterARestart) {
     for (const char* when : {"at once", "after a restart"}) {
         SCOPED_TRACE(when);
         const Options& options = t.app().options;
-        EXPECT_EQ(options.Encoding, QStringLiteral("BIG5"));
-        EXPECT_EQ(options.TreeNodeTextShowLength, 20);
-        EXPECT_EQ(options.TreeToolTipShowLength, 100);
-        EXPECT_EQ(options.Steps, 7);
-        EXPECT_EQ(options.GLColor, 0x112233u);
-        EXPECT_EQ(options.SlashColor, 0x445566u);
-        EXPECT_EQ(options.EqualColor, 0x778899u);
-        EXPECT_EQ(options.CommentColor, 0xAABBCCu);
+        const std::vector<std::uint32_t> colours{options.GLColor, options.SlashColor, options.EqualColor,
+                                                 options.CommentColor};
+        EXPECT_EQ(colours, (std::vector<std::uint32_t>{0x112233, 0x445566, 0x778899, 0xAABBCC}));
         EXPECT_EQ(options.GLRTF, QStringLiteral("\\red51\\green34\\blue17"));
         EXPECT_EQ(options.SlashRTF, QStringLiteral("\\red102\\green85\\blue68"));
         EXPECT_EQ(options.EqualRTF, QStringLiteral("\\red153\\green136\\blue119"));
         EXPECT_EQ(options.CommentRTF, QStringLiteral("\\red204\\green187\\blue170"));
-        EXPECT_EQ(options.TextName, QStringLiteral("Liberation Mono"));
-        EXPECT_EQ(options.TextSize, 13.5);
+        InDialog(t, [&](frmOptions& form) {
+            QStringList shown{form.cmbEnc.Items().value(form.cmbEnc.ListIndex())};
+            for (const controls::TextBox* box : {&form.txtTNTLen, &form.txtTTLen, &form.txtUndoSteps})
+                shown << box->Text();
+            shown << form.txtFontName.Text() << form.cmbSize.Text();
+            EXPECT_EQ(shown.join(u'|').toStdString(), "BIG5|20|100|7|Liberation Mono|13.5");
+            const std::vector<std::uint32_t> samples{form.txtGL.ForeColor(), form.txtSlash.ForeColor(),
+                                                     form.txtEqual.ForeColor(), form.txtComment.ForeColor()};
+            EXPECT_EQ(samples, colours);
+        });
         t.Restart();
     }
     t.ChooseMenu(QStringLiteral("mnuFileNew"));
@@ -109,7 +79,7 @@ TEST(OptionsDialog, AppliedValuesHoldAtOnceAndAfterARestart) {
     EXPECT_EQ(t.window().rtxtXML.FontName(), QStringLiteral("Liberation Mono"));
 }
 
-TEST(OptionsDialog, CancelStoresNothingAndOkClosesOnce) {
+TEST(Options, CancelStoresNothingAndOkClosesOnce) {
     TestApp t;
     const QByteArray before = t.folder.Read(QStringLiteral("settings.ini"));
     for (const bool ok : {false, true}) {
@@ -127,7 +97,7 @@ TEST(OptionsDialog, CancelStoresNothingAndOkClosesOnce) {
 }
 
 // Length, steps and encoding are stored whatever they are, font and colours only when they are new.
-TEST(OptionsDialog, ApplyStoresAFirstPageAlwaysAndTheLookOnlyWhenItDiffers) {
+TEST(Options, ApplyStoresAFirstPageAlwaysAndTheLookOnlyWhenItDiffers) {
     TestApp t;
     InDialog(t, [](frmOptions& form) { form.cmdApply.Click(); });
     EXPECT_EQ(t.folder.Read(QStringLiteral("settings.ini")),
@@ -148,7 +118,7 @@ TEST(OptionsDialog, ApplyStoresAFirstPageAlwaysAndTheLookOnlyWhenItDiffers) {
         "Steps=16\nTextName=Hack\nTextSize=11\nTreeNodeTextShowLength=64\nTreeToolTipShowLength=0\n");
 }
 
-TEST(OptionsDialog, NumbersAreTakenUncheckedAndTheNextStartMendsThem) {
+TEST(Options, NumbersAreTakenUncheckedAndTheNextStartMendsThem) {
     TestApp t;
     InDialog(t, [](frmOptions& form) {
         form.txtTNTLen.UserTyped(QStringLiteral("abc"));
@@ -177,7 +147,7 @@ TEST(OptionsDialog, NumbersAreTakenUncheckedAndTheNextStartMendsThem) {
     EXPECT_EQ(mended.SlashColor, 0x32C832u);
 }
 
-TEST(OptionsDialog, NegativeNumbersLeaveDocumentsUsable) {
+TEST(Options, NegativeNumbersLeaveDocumentsUsable) {
     TestApp t;
     InDialog(t, [](frmOptions& form) {
         for (controls::TextBox* field : {&form.txtTNTLen, &form.txtTTLen, &form.txtUndoSteps})
@@ -194,23 +164,7 @@ TEST(OptionsDialog, NegativeNumbersLeaveDocumentsUsable) {
     EXPECT_EQ(window.rtxtXML.Text().count(QStringLiteral("<!--")), 3);
 }
 
-TEST(OptionsDialog, TheTreesOwnLengthHoldsOnceAToolTipLengthIsStored) {
-    TestApp t;
-    ApplyNodeTextLength(t, QStringLiteral("20"));
-    EXPECT_EQ(t.app().options.TreeNodeTextShowLength, 20);
-    t.Restart();
-    EXPECT_EQ(t.app().options.TreeNodeTextShowLength, 64); // a tool tip length of 0 counts as none
-    t.settings().Save(kSection, QStringLiteral("TreeToolTipShowLength"), QStringLiteral("80"));
-    t.Restart();
-    ApplyNodeTextLength(t, QStringLiteral("20"));
-    t.Restart();
-    EXPECT_EQ(t.app().options.TreeNodeTextShowLength, 20);
-    ApplyNodeTextLength(t, QStringLiteral("0"));
-    t.Restart();
-    EXPECT_EQ(t.app().options.TreeNodeTextShowLength, 16);
-}
-
-TEST(OptionsDialog, AnEncodingThatIsNotOnOfferStaysUnlessAnotherOneIsChosen) {
+TEST(Options, AnEncodingThatIsNotOnOfferStaysUnlessAnotherOneIsChosen) {
     TestApp t;
     t.settings().Save(kSection, QStringLiteral("Encoding"), QStringLiteral("ISO-8859-15"));
     t.Restart();
@@ -221,7 +175,7 @@ TEST(OptionsDialog, AnEncodingThatIsNotOnOfferStaysUnlessAnotherOneIsChosen) {
     EXPECT_EQ(Stored(t, "Encoding"), QStringLiteral("ISO-8859-15"));
 }
 
-TEST(OptionsDialog, TheActiveWindowTakesTheFontAtOnceWithCaretAndHistoryAsTheyWere) {
+TEST(Options, TheActiveWindowTakesTheFontAtOnceWithCaretAndHistoryAsTheyWere) {
     TestApp t;
     DocumentWindow& other = t.OpenText(QStringLiteral("a.xml"), "<a/>");
     DocumentWindow& active = t.OpenText(QStringLiteral("b.xml"), "<b>\n <c/>\n</b>");
@@ -248,7 +202,7 @@ TEST(OptionsDialog, TheActiveWindowTakesTheFontAtOnceWithCaretAndHistoryAsTheyWe
     EXPECT_FALSE(textview::StateOf(active).bControlChange);
 }
 
-TEST(OptionsDialog, AFileThatCanNotBeWrittenIsToldOfOnceAndTheValuesHoldForTheRun) {
+TEST(Options, AFileThatCanNotBeWrittenIsToldOfOnceAndTheValuesHoldForTheRun) {
     TestApp t;
     const QString path = t.folder.Path(QStringLiteral("settings.ini"));
     ASSERT_EQ(chmod(path.toLocal8Bit().constData(), 0444), 0);
@@ -266,7 +220,7 @@ TEST(OptionsDialog, AFileThatCanNotBeWrittenIsToldOfOnceAndTheValuesHoldForTheRu
     EXPECT_EQ(t.folder.Read(QStringLiteral("settings.ini")), "[AppInternal]\nDebug=0\n");
 }
 
-TEST(SettingsFile, ADamagedOneGivesTheDefaultsAndIsWrittenAnew) {
+TEST(Options, ADamagedFileGivesTheDefaultsAndIsWrittenAnew) {
     QByteArray noise("\0\xFF\xFE[AppInternal", 15);
     for (int i = 0; i < 3000; ++i)
         noise += static_cast<char>(i * i >> 3);
@@ -283,19 +237,15 @@ TEST(SettingsFile, ADamagedOneGivesTheDefaultsAndIsWrittenAnew) {
         EXPECT_EQ(options.TextSize, 10);
         EXPECT_EQ(options.TextName, QStringLiteral("Courier New"));
         EXPECT_EQ(options.GLColor, 0xFF0000u);
+        EXPECT_EQ(options.SlashColor, 0x32C832u);
+        EXPECT_EQ(options.CommentColor, 0xB4B4B4u);
+        EXPECT_EQ(options.EqualColor, 0x3232FFu);
+        EXPECT_EQ(options.Encoding, QStringLiteral("UTF-8"));
+        EXPECT_EQ(options.TreeNodeTextShowLength, 64);
         InDialog(t, [](frmOptions& form) { form.cmdOK.Click(); });
         t.Restart();
         EXPECT_EQ(Stored(t, "Steps"), QStringLiteral("16"));
     }
-}
-
-TEST(ColourStrings, AreMadeFromSixHexadecimalDigitsOrTheEndsOfMore) {
-    EXPECT_EQ(textview::ColorToRTFString(0xFF0000), QStringLiteral("\\red0\\green0\\blue255"));
-    EXPECT_EQ(textview::ColorToRTFString(0), QStringLiteral("\\red0\\green0\\blue0"));
-    EXPECT_EQ(textview::ColorToRTFString(0xA), QStringLiteral("\\red10\\green0\\blue0"));
-    EXPECT_EQ(textview::ColorToRTFString(0x0102), QStringLiteral("\\red2\\green1\\blue0"));
-    EXPECT_EQ(textview::ColorToRTFString(0x1F200AA), QStringLiteral("\\red170\\green32\\blue31"));
-    EXPECT_EQ(textview::ColorToRTFString(0x80112233), QStringLiteral("\\red51\\green17\\blue128"));
 }
 
 } // namespace

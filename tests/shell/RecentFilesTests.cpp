@@ -94,6 +94,9 @@ TEST(RecentFiles, ClosingAWindowFilesItsNameAndOpeningDoesNot) {
     t.ChooseMenu(QStringLiteral("mnuFileClose"));
     EXPECT_EQ(InStore(t), QStringList(path));
     EXPECT_TRUE(t.frame().cmbAddress().Items().contains(path));
+    t.ChooseMenu(QStringLiteral("mnuFileMRU"), 1);
+    EXPECT_EQ(t.window().Caption, path);
+    t.ChooseMenu(QStringLiteral("mnuFileClose"));
 
     t.ChooseMenu(QStringLiteral("mnuFileNew")); // a name that is no file isn't filed
     t.prompts.Answer(services::Answer::No);     // not to be saved

@@ -20,23 +20,6 @@ TEST(Start, CommandLineNamesOneFileWithOrWithoutQuotes) {
     EXPECT_EQ(t.frame().FormCount(), 0);
 }
 
-TEST(Start, FirstStartHasTheDefaultsAndTheToolTipsLengthForTreeTexts) {
-    TestApp t;
-    const Options& options = t.app().options;
-    EXPECT_EQ(options.Encoding, QStringLiteral("UTF-8"));
-    EXPECT_EQ(options.TreeNodeTextShowLength, 64);
-    EXPECT_EQ(options.TreeToolTipShowLength, 0);
-    EXPECT_EQ(options.Steps, 16);
-    EXPECT_EQ(options.SlashColor, 0x32C832u);
-    EXPECT_EQ(options.CommentColor, 0xB4B4B4u);
-    EXPECT_EQ(options.GLColor, 0xFF0000u);
-    EXPECT_EQ(options.EqualColor, 0x3232FFu);
-    EXPECT_EQ(options.TextName, QStringLiteral("Courier New"));
-    EXPECT_EQ(options.TextSize, 10);
-    EXPECT_FALSE(options.Debug);
-    EXPECT_EQ(t.settings().Get(QStringLiteral("AppInternal"), QStringLiteral("Debug")), QStringLiteral("0"));
-}
-
 struct Stored {
     const char* key;
     const char* value;

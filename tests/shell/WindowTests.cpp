@@ -20,7 +20,7 @@ struct ActiveLog {
     QStringList names;
 };
 
-TEST(Windows, AnOpenFileIsBroughtToTheFrontInsteadOfOpenedAgain) {
+TEST(Window, AnOpenFileIsBroughtToTheFrontInsteadOfOpenedAgain) {
     TestApp t;
     int added = 0;
     t.frame().formAdded.connect([&](DocumentWindow*) { ++added; });
@@ -29,12 +29,16 @@ TEST(Windows, AnOpenFileIsBroughtToTheFrontInsteadOfOpenedAgain) {
     t.frame().OpenNamed(t.folder.Path(QStringLiteral("a.xml")));
     EXPECT_EQ(t.frame().ActiveForm(), &a);
     EXPECT_EQ(t.app().CurrentFileName, a.Caption);
+    int shown = 0; // it may be minimised, which only the skin knows
+    t.frame().activeFormChanged.connect([&](DocumentWindow* active) { shown += active == &a ? 1 : 0; });
+    t.frame().OpenNamed(a.Caption);
+    EXPECT_EQ(shown, 1);
     EXPECT_EQ(added, 2);
     t.frame().OpenNamed(t.folder.Path(QStringLiteral("./a.xml"))); // another spelling is another document
     EXPECT_EQ(added, 3);
 }
 
-TEST(Windows, NewDocumentsAreCountedTogetherAndNumbersAreNotUsedAgain) {
+TEST(Window, NewDocumentsAreCountedTogetherAndNumbersAreNotUsedAgain) {
     TestApp t;
     t.prompts.Answer(Answer::No); // a document without a root element doesn't parse, so closing it asks
     QStringList names;
@@ -49,7 +53,7 @@ TEST(Windows, NewDocumentsAreCountedTogetherAndNumbersAreNotUsedAgain) {
                            QStringLiteral("new3.xml"), QStringLiteral("new4.xml")}));
 }
 
-TEST(Windows, ALoadingWindowIsTheActiveFormButIsAnnouncedOnlyWhenItIsFilled) {
+TEST(Window, ALoadingWindowIsTheActiveFormButIsAnnouncedOnlyWhenItIsFilled) {
     TestApp t;
     t.OpenText(QStringLiteral("good.xml"), "<a/>");
     const ActiveLog log(t.frame());
@@ -66,7 +70,7 @@ TEST(Windows, ALoadingWindowIsTheActiveFormButIsAnnouncedOnlyWhenItIsFilled) {
     EXPECT_EQ(log.names, QStringList(QStringLiteral("bad.xml")));
 }
 
-TEST(Windows, ClosingShowsTheWindowThatWasActiveBefore) {
+TEST(Window, ClosingShowsTheWindowThatWasActiveBefore) {
     TestApp t;
     DocumentWindow& a = t.OpenText(QStringLiteral("a.xml"), "<a/>");
     t.OpenText(QStringLiteral("b.xml"), "<b/>");
@@ -81,7 +85,7 @@ TEST(Windows, ClosingShowsTheWindowThatWasActiveBefore) {
     EXPECT_EQ(t.frame().FormCount(), 0);
 }
 
-TEST(Windows, BackAndForwardBothSendTheActiveWindowBehindTheOthers) {
+TEST(Window, BackAndForwardBothSendTheActiveWindowBehindTheOthers) {
     TestApp t;
     for (const char* name : {"a.xml", "b.xml", "c.xml"})
         t.OpenText(QLatin1String(name), "<a/>");
@@ -92,7 +96,7 @@ TEST(Windows, BackAndForwardBothSendTheActiveWindowBehindTheOthers) {
               QStringList({QStringLiteral("b.xml"), QStringLiteral("a.xml"), QStringLiteral("c.xml")}));
 }
 
-TEST(Windows, ATypedTextReachesItsOwnTreeWhenAnotherDocumentOpens) {
+TEST(Window, ATypedTextReachesItsOwnTreeWhenAnotherDocumentOpens) {
     TestApp t;
     DocumentWindow& a = t.OpenText(QStringLiteral("a.xml"), "<a/>");
     a.tbsXML.Select(QStringLiteral("textview"));
@@ -106,32 +110,7 @@ TEST(Windows, ATypedTextReachesItsOwnTreeWhenAnotherDocumentOpens) {
     EXPECT_EQ(t.app().CurrentFileName, QStringLiteral("new1.xml"));
 }
 
-TEST(Windows, ClosingAChangedDocumentAsksAndFollowsTheAnswer) {
-    TestApp t;
-    t.OpenText(QStringLiteral("a.xml"), "<a>old</a>");
-    t.EditText(kEdited);
-    t.prompts.Answer(Answer::Cancel);
-    t.ChooseMenu(QStringLiteral("mnuFileClose"));
-    ASSERT_EQ(t.frame().FormCount(), 1);
-    EXPECT_TRUE(t.frame().Menu(QStringLiteral("mnuFileSave")).Usable()); // the menu of a window is back
-    EXPECT_EQ(t.prompts.boxes.back().text,
-              QStringLiteral("This XML file has been changed. Do you want to save it?"));
-    EXPECT_EQ(t.prompts.boxes.back().buttons, services::Buttons::YesNoCancel);
-
-    t.prompts.Answer(Answer::No);
-    t.ChooseMenu(QStringLiteral("mnuFileClose"));
-    EXPECT_EQ(t.frame().FormCount(), 0);
-    EXPECT_EQ(t.folder.Read(QStringLiteral("a.xml")), "<a>old</a>");
-
-    t.frame().OpenNamed(t.folder.Path(QStringLiteral("a.xml")));
-    t.EditText(kEdited);
-    t.prompts.Answer(Answer::Yes);
-    t.ChooseMenu(QStringLiteral("mnuFileClose"));
-    EXPECT_EQ(t.frame().FormCount(), 0);
-    EXPECT_EQ(t.folder.Read(QStringLiteral("a.xml")), kEdited.toUtf8());
-}
-
-TEST(Windows, CloseAllComesBackToAWindowThatWasKept) {
+TEST(Window, CloseAllComesBackToAWindowThatWasKept) {
     TestApp t;
     t.OpenText(QStringLiteral("a.xml"), "<a/>");
     t.OpenText(QStringLiteral("b.xml"), "<b/>");
@@ -142,20 +121,7 @@ TEST(Windows, CloseAllComesBackToAWindowThatWasKept) {
     EXPECT_EQ(t.frame().FormCount(), 0);
 }
 
-TEST(Windows, TheFramesCloseButtonStopsAtAWindowThatIsKept) {
-    TestApp t;
-    t.OpenText(QStringLiteral("a.xml"), "<a/>");
-    t.OpenText(QStringLiteral("b.xml"), "<b/>");
-    t.EditText(kEdited);
-    t.prompts.Answer(Answer::Cancel);
-    EXPECT_FALSE(t.frame().QueryUnload());
-    EXPECT_EQ(t.frame().FormCount(), 2);
-    t.prompts.Answer(Answer::No);
-    EXPECT_TRUE(t.frame().QueryUnload());
-    EXPECT_EQ(t.frame().FormCount(), 0);
-}
-
-TEST(Windows, ExitEndsWithoutAskingAndWithoutSaving) {
+TEST(Window, ExitEndsWithoutAskingAndWithoutSaving) {
     TestApp t;
     t.OpenText(QStringLiteral("a.xml"), "<a/>");
     t.EditText(kEdited);
@@ -166,7 +132,7 @@ TEST(Windows, ExitEndsWithoutAskingAndWithoutSaving) {
     EXPECT_EQ(t.folder.Read(QStringLiteral("a.xml")), "<a/>");
 }
 
-TEST(Windows, SaveWritesTheActiveWindowAndSaveAllWritesNone) {
+TEST(Window, SaveWritesTheActiveWindowAndSaveAllWritesNone) {
     TestApp t;
     t.OpenText(QStringLiteral("a.xml"), "<a/>");
     t.EditText(kEdited);
@@ -177,7 +143,7 @@ TEST(Windows, SaveWritesTheActiveWindowAndSaveAllWritesNone) {
 }
 
 // What the panels say is about the document in front.
-TEST(Windows, AMessageDoesNotStayBesideAnotherDocument) {
+TEST(Window, AMessageDoesNotStayBesideAnotherDocument) {
     TestApp t;
     const auto panel = [&t](int number) { return t.frame().StatusBar1().Panel(number).toStdString(); };
     DocumentWindow& good = t.OpenText(QStringLiteral("a.xml"), "<a/>");
@@ -202,6 +168,17 @@ TEST(Windows, AMessageDoesNotStayBesideAnotherDocument) {
     EXPECT_NE(panel(1), "") << "it stays";
     t.ChooseMenu(QStringLiteral("mnuFileClose"));
     EXPECT_EQ(panel(1), "");
+}
+
+TEST(Window, ArrangingIsTheSkinsAffairByCode) {
+    TestApp t;
+    t.OpenText(QStringLiteral("a.xml"), "<a/>");
+    std::vector<int> codes;
+    t.frame().arranged.connect([&](int code) { codes.push_back(code); });
+    for (const char* name :
+         {"mnuWindowCascade", "mnuWindowTileHorizontal", "mnuWindowTileVertical", "mnuWindowArrangeIcons"})
+        t.ChooseMenu(QLatin1String(name));
+    EXPECT_EQ(codes, std::vector<int>({0, 1, 2, 3}));
 }
 
 } // namespace

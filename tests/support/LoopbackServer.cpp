@@ -64,11 +64,11 @@ void LoopbackServer::Serve() {
         if (client < 0)
             continue;
         ++requests_;
-        if (!answerer_) {
+        const QByteArray answer = answerer_ ? answerer_(ReadRequest(client, stop_)) : QByteArray();
+        if (answer.isNull()) {
             silent.push_back(client);
             continue;
         }
-        const QByteArray answer = answerer_(ReadRequest(client, stop_));
         if (send(client, answer.constData(), static_cast<std::size_t>(answer.size()), MSG_NOSIGNAL) >= 0)
             shutdown(client, SHUT_WR);
         close(client);

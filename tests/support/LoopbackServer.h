@@ -10,7 +10,7 @@ namespace test {
 
 /// A real server on the loopback address, on a thread of its own, until it is destroyed. It reads each
 /// request up to its blank line, sends what the answerer makes of it as it stands, and closes. Without an
-/// answerer it takes connections and stays silent.
+/// answerer, or where it gives a null array, the server stays silent.
 class LoopbackServer {
 public:
     using Answerer = std::function<QByteArray(const QByteArray& request)>;

@@ -61,42 +61,7 @@ Look As(const char* text, const char* colours) {
     return {QString::fromUtf8(text), QString::fromUtf8(colours)};
 }
 
-/// What stands between the head and the closing brace.
-QString Body(const QString& rtf) {
-    const QString head = QStringLiteral("\\cf1\\f0\\fs20 ");
-    return rtf.mid(rtf.indexOf(head) + head.size()).chopped(1);
-}
-
-TEST(ColourRtf, each_step_works_on_what_the_one_before_left) {
-    const char* const walk[] = {
-        R"(<a b=\cf3 "\cf0 c\cf3 "\cf0 />)",
-        R"(\cf1 <\cf0 a b=\cf3 "\cf0 c\cf3 "\cf0 />)",
-        R"(\cf1 <\cf0 a b=\cf3 "\cf0 c\cf3 "\cf0 /\cf1 >\cf0 )",
-        R"(\cf1 <\cf0 a b\cf2 =\cf0 \cf3 "\cf0 c\cf3 "\cf0 /\cf1 >\cf0 )",
-        R"(\cf1 <\cf0 a b\cf2 =\cf0 \cf3 "\cf0 c\cf3 "\cf0 \cf3 /\cf0 \cf1 >\cf0 )",
-    };
-    QString text = QStringLiteral("<a b=\"c\"/>");
-    for (std::size_t step = 0; step < std::size(walk); ++step) {
-        textview::RunColourStep(text, textview::ColourSteps(0)[step]);
-        EXPECT_EQ(text, QString::fromUtf8(walk[step])) << "after step " << step + 1;
-    }
-}
-
-TEST(ColourRtf, head_and_body_of_each_level) {
-    const char* const text = "<a b=\"c\"/>";
-    EXPECT_EQ(Coloured(text, 0),
-              QStringLiteral("{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fnil Courier New;}}\r\n"
-                             "{\\colortbl ;\\red0\\green0\\blue255;\\red255\\green50\\blue50;"
-                             "\\red50\\green200\\blue50;\\red180\\green180\\blue180;}\r\n"
-                             "\\viewkind4\\uc1\\pard\\cf1\\f0\\fs20 "
-                             R"(\cf1 <\cf0 a b\cf2 =\cf0 \cf3 "\cf0 c\cf3 "\cf0 \cf3 /\cf0 \cf1 >\cf0 })"));
-    EXPECT_EQ(Body(Coloured(text, 1)), QStringLiteral(R"(\cf1 <\cf0 a b="c"\cf2 /\cf0 \cf1 >\cf0 )"));
-    EXPECT_EQ(Body(Coloured(text, 2)), QStringLiteral(R"(<a b="c"\cf1 /\cf0 >)"));
-    EXPECT_EQ(Coloured(text, 3), Rtf(QString::fromUtf8(text)));
-    EXPECT_EQ(Body(Coloured("<!-- x -->", 0)), QStringLiteral(R"(\cf4 <!-- \cf4 x \cf4 -->\cf0 )"));
-}
-
-TEST(ColourRtf, what_is_seen_at_each_level) {
+TEST(ColourRtf, WhatIsSeenAtEachLevel) {
     EXPECT_EQ(LookAt("<a b=\"c\"/>", 0), As("<a b=\"c\"/>", "g...es.ssg"));
     EXPECT_EQ(LookAt("<a b=\"c\"/>", 1), As("<a b=\"c\"/>", "g.......sg"));
     // Up to the first coloured character the first colour of the table is on: at this level the slashes'.
@@ -107,7 +72,7 @@ TEST(ColourRtf, what_is_seen_at_each_level) {
     EXPECT_EQ(LookAt("</a><!-- x --><b/>", 2), As("</a><!-- x --><b/>", "ss..cccccccccc..s."));
 }
 
-TEST(ColourRtf, two_slashes_in_a_row_are_bare_and_a_third_is_not) {
+TEST(ColourRtf, TwoSlashesInARowAreBareAndAThirdIsNot) {
     const char* const bodies[] = {"<a/>a//b", "<a/>a///b", "<a/>a////b"};
     const char* const looks[][3] = {{"g.sg....", "g.sg...s.", "g.sg......"}, // level 0 and 1
                                     {"sss.....", "sss....s.", "sss......."}};
@@ -118,14 +83,14 @@ TEST(ColourRtf, two_slashes_in_a_row_are_bare_and_a_third_is_not) {
     }
 }
 
-TEST(ColourRtf, markup_inside_a_comment_ends_its_colour_until_the_closer) {
+TEST(ColourRtf, MarkupInsideACommentEndsItsColourUntilTheCloser) {
     EXPECT_EQ(LookAt("<!-- a b=c d --><e/>", 0), As("<!-- a b=c d --><e/>", "cccccccce....cccg.sg"));
     EXPECT_EQ(LookAt("<!-- a b=c d --><e/>", 1), As("<!-- a b=c d --><e/>", "ccccccccccccccccg.sg"));
 }
 
 // The only change that colouring makes to a text, and what stands behind the words must never be lost to
 // them.
-TEST(ColourRtf, a_comment_without_a_blank_of_its_own_gains_one) {
+TEST(ColourRtf, ACommentWithoutABlankOfItsOwnGainsOne) {
     for (const int level : {0, 1}) {
         EXPECT_EQ(LookAt("<!--x-->", level), As("<!-- x-->", "ccccccccc"));
         EXPECT_EQ(LookAt("<!---->", level), As("<!-- -->", "cccccccc"));
@@ -137,14 +102,14 @@ TEST(ColourRtf, a_comment_without_a_blank_of_its_own_gains_one) {
         EXPECT_EQ(LookAt(text, 2).text, QString::fromUtf8(text));
 }
 
-TEST(ColourRtf, a_text_that_looks_like_rtf_stays_what_it_is) {
+TEST(ColourRtf, ATextThatLooksLikeRtfStaysWhatItIs) {
     const char* const text =
         "\\cf3 /\\cf0 \\cf3 /\\cf0 {\\colortbl ;}\r\n--\\cf1 >\\cf0 \\viewkind4\\uc1\\pard\\";
     for (const int level : {0, 1, 2})
         EXPECT_EQ(LookAt(text, level).text, QString::fromUtf8(text));
 }
 
-TEST(ColourRtf, colouring_again_puts_a_new_table_in_the_old_ones_place) {
+TEST(ColourRtf, ColouringAgainPutsANewTableInTheOldOnesPlace) {
     const Look first = LookAt("<!--x--><a b=\"http://c\"/><!-- y -->", 0);
     std::vector<controls::ColourRun> runs;
     QString text;
@@ -155,7 +120,7 @@ TEST(ColourRtf, colouring_again_puts_a_new_table_in_the_old_ones_place) {
     EXPECT_EQ(LookOf(again), first);
 }
 
-TEST(ColourRtf, a_table_goes_with_its_line_end_and_nothing_else_does) {
+TEST(ColourRtf, ATableGoesWithItsLineEndAndNothingElseDoes) {
     QString rtf = QStringLiteral("{\\rtf1{\\colortbl ;\\red1\\green2\\blue3;}\r\n{\\f0}\r\nx}");
     textview::RemoveRTFColorTable(rtf);
     EXPECT_EQ(rtf, QStringLiteral("{\\rtf1{\\f0}\r\nx}"));
@@ -167,16 +132,6 @@ TEST(ColourRtf, a_table_goes_with_its_line_end_and_nothing_else_does) {
     // Without the anchor there is no place for a table, and the words name colours that don't exist.
     EXPECT_EQ(LookOf(textview::ColourRTF(QStringLiteral("{\\rtf1\\pard <a/>}"), Colours(), 0)),
               As("<a/>", "...."));
-}
-
-TEST(ColourRtf, the_level_falls_with_the_length_but_not_at_the_two_open_bounds) {
-    const struct {
-        qsizetype length;
-        int level;
-    } cases[] = {{0, 0},      {81920, 0},  {81921, 1},  {163839, 1}, {163840, 0},
-                 {163841, 2}, {409599, 2}, {409600, 0}, {409601, 3}, {100'000'000, 3}};
-    for (const auto& one : cases)
-        EXPECT_EQ(textview::GetTextSizeLevel(one.length), one.level) << one.length;
 }
 
 } // namespace

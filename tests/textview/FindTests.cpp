@@ -1,55 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The find dialog on the text in use.
-#include "tests/textview/TextDesk.h"
+#include "tests/textview/FindDesk.h"
 #include "textview/FindSlot.h"
 #include "textview/FindText.h"
 #include "textview/ReplaceHits.h"
 #include "textview/TextState.h"
-#include "textview/dialogs/frmFind.h"
 
 namespace {
 
-using test::TextDesk;
+using test::FindDesk;
 
 const QString kReached = QStringLiteral("The specified region has been reached.");
-
-/// The colour of each character.
-std::vector<std::uint32_t> Colours(const controls::RichTextBox& pane) {
-    std::vector<std::uint32_t> colours(static_cast<std::size_t>(pane.Long().size()));
-    for (const controls::ColourRun& run : pane.Runs())
-        std::fill(colours.begin() + run.start, colours.end(), run.colour);
-    return colours;
-}
-
-class FindDesk : public TextDesk {
-public:
-    explicit FindDesk(const QByteArray& document = "<a>ab abc 1ab AB ab</a>") : TextDesk(document) {
-        app.prompts.AllowAnyBox();
-        app.frame().findShown.connect([this](frmFind& shown) { form_ = &shown; });
-        Select(0);
-        app.ChooseMenu(QStringLiteral("mnuFindReplace"));
-    }
-    frmFind& form() { return *form_; }
-
-    void Up() { form().optDU.UserChose(); }
-    void Look(const QString& text, const QString& replacement = {}) {
-        form().cmbFind.UserTyped(text);
-        form().cmbReplace.UserTyped(replacement);
-    }
-    /// Places that pressing Find leads to, until the box comes.
-    QString Finds() {
-        QString places;
-        for (app.prompts.boxes.clear(); app.prompts.boxes.empty() && places.size() < 200;) {
-            form().cmdFind.Click();
-            if (app.prompts.boxes.empty())
-                places += QString::number(pane().SelStart()) + u' ';
-        }
-        return places.trimmed();
-    }
-
-private:
-    frmFind* form_ = nullptr;
-};
 
 TEST(Find, GoesDownOrUpByWordAndCaseAndTellsTheEndOfTheRegion) {
     FindDesk desk;
@@ -119,139 +80,7 @@ TEST(Find, AnEmptyTextIsNotLookedFor) {
     EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 0);
 }
 
-TEST(Replace, FindsFirstThenReplacesTheSelectedHitAndGoesOnBehindIt) {
-    FindDesk desk;
-    desk.Look(QStringLiteral("ab"), QStringLiteral("abab"));
-    desk.form().cmdReplace.Click();
-    EXPECT_EQ(desk.Selection(), QStringLiteral("3+2"));
-    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 0);
-    desk.form().cmdReplace.Click();
-    EXPECT_EQ(desk.Text(), QStringLiteral("<a>abab abc 1ab AB ab</a>"));
-    EXPECT_EQ(desk.Selection(), QStringLiteral("3+4"));
-    EXPECT_TRUE(desk.PanesAgree());
-    desk.form().cmdReplace.Click();
-    EXPECT_EQ(desk.Selection(), QStringLiteral("8+2")) << "not in what was put in";
-    desk.Undo();
-    EXPECT_EQ(desk.Text(), QStringLiteral("<a>ab abc 1ab AB ab</a>"));
-}
-
-TEST(ReplaceAll, ReplacesEachHitAsAStepAndAlwaysEnds) {
-    struct Case {
-        const char* name;
-        QString text, replacement;
-        bool up;
-        QString after;
-        int steps;
-    };
-    const Case cases[] = {
-        {"holds what is looked for", QStringLiteral("ab"), QStringLiteral("xabx"), false,
-         QStringLiteral("<a>xabx xabxc 1xabx xabx xabx</a>"), 5},
-        {"by itself", QStringLiteral("ab"), QStringLiteral("ab"), false,
-         QStringLiteral("<a>ab abc 1ab ab ab</a>"), 1},
-        {"by nothing", QStringLiteral("ab "), QString(), false, QStringLiteral("<a>abc 1ab</a>"), 3},
-        {"upwards", QStringLiteral("ab"), QStringLiteral("-"), true, QStringLiteral("<a>- -c 1- - -</a>"), 5},
-    };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.name);
-        FindDesk desk;
-        const QString before = desk.Text();
-        if (one.up) {
-            desk.Up();
-            desk.Select(before.size());
-        }
-        desk.Look(one.text, one.replacement);
-        desk.form().cmdReplaceAll.Click();
-        EXPECT_EQ(desk.Text(), one.after);
-        EXPECT_EQ(desk.app.prompts.Texts(), QStringList{kReached});
-        EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, one.steps);
-        EXPECT_TRUE(desk.PanesAgree());
-        for (int i = 0; i < one.steps; ++i)
-            desk.Undo();
-        EXPECT_EQ(desk.Text(), before);
-        for (int i = 0; i < one.steps; ++i)
-            desk.Redo();
-        EXPECT_EQ(desk.Text(), one.after);
-    }
-}
-
-// One by one and all at once come to the same text, the same steps and the same colours.
-TEST(ReplaceAll, IsWhatReplacingOneByOneComesTo) {
-    FindDesk all, single;
-    for (FindDesk* desk : {&all, &single}) {
-        desk->Look(QStringLiteral("ab"), QStringLiteral("longer"));
-        desk->Select(5);
-    }
-    all.form().cmdReplaceAll.Click();
-    while (single.app.prompts.boxes.empty())
-        single.form().cmdReplace.Click();
-    EXPECT_EQ(all.Text(), single.Text());
-    ASSERT_EQ(textview::StateOf(all.window()).UndoPos, textview::StateOf(single.window()).UndoPos);
-    for (std::size_t i = 0; i < textview::StateOf(all.window()).undoStack.size(); ++i) {
-        const textview::UndoRecord &a = textview::StateOf(all.window()).undoStack[i],
-                                   &b = textview::StateOf(single.window()).undoStack[i];
-        EXPECT_EQ(a.DelPos, b.DelPos);
-        EXPECT_EQ(a.DelText, b.DelText);
-        EXPECT_EQ(a.InsPos, b.InsPos);
-        EXPECT_EQ(a.InsText, b.InsText);
-    }
-}
-
-// What goes in is coloured like what is pasted, and the same when it is taken back and done again.
-TEST(Replace, WhatGoesInHasItsColoursOneByOneAndAllAtOnce) {
-    const QByteArray document = "<a><!-- one oneone -->one<b>oneone</b><one x='one'/></a>";
-    const QString replacements[] = {QStringLiteral("<c d=\"e\"/>f"), QStringLiteral("plain"), QString(),
-                                    QStringLiteral("=x").repeated(300)};
-    for (const QString& replacement : replacements) {
-        for (const bool up : {false, true}) {
-            SCOPED_TRACE(replacement.left(9).toStdString() + (up ? ", up" : ", down"));
-            FindDesk all(document), single(document);
-            for (FindDesk* desk : {&all, &single}) {
-                desk->Look(QStringLiteral("one"), replacement);
-                if (up)
-                    desk->Up();
-                desk->Select(up ? desk->Text().size() : 0);
-            }
-            all.form().cmdReplaceAll.Click();
-            while (single.app.prompts.boxes.empty())
-                single.form().cmdReplace.Click();
-            ASSERT_EQ(all.Text(), single.Text());
-            const std::vector<std::uint32_t> once = Colours(all.pane());
-            EXPECT_EQ(once, Colours(single.pane()));
-            EXPECT_EQ(once, Colours(all.window().rtxtXML2));
-            for (int i = 0, steps = textview::StateOf(all.window()).UndoPos; i < 2 * steps; ++i)
-                i < steps ? all.Undo() : all.Redo();
-            EXPECT_EQ(once, Colours(all.pane()));
-            if (replacement.startsWith(u'<')) {
-                const auto place =
-                    static_cast<std::size_t>(all.Text().indexOf(replacement + QStringLiteral("<b>")));
-                EXPECT_EQ(once[place], 0xff0000U);
-                EXPECT_EQ(once[place + 1], 0U);
-            }
-        }
-    }
-}
-
-TEST(ReplaceAll, LeavesThePlaceOfTheOtherPane) {
-    FindDesk desk("<a>one one <b>two</b> one</a>");
-    controls::RichTextBox& other = desk.window().rtxtXML2;
-    other.UserSelected(other.Text().indexOf(QStringLiteral("two")), 3);
-    desk.Look(QStringLiteral("one"), QStringLiteral("eleven"));
-    desk.form().cmdReplaceAll.Click();
-    EXPECT_EQ(other.SelText(), QStringLiteral("two"));
-}
-
-// At the end of the text the search begins again at its start: what is taken away there ends it, too.
-TEST(ReplaceAll, BeginsAgainAtTheStartWhenTheTextsEndIsTakenAway) {
-    FindDesk desk;
-    textview::SetRichText(desk.window(), QStringLiteral("x-1-2-x"));
-    desk.Select(3);
-    desk.Look(QStringLiteral("x"));
-    desk.form().cmdReplaceAll.Click();
-    EXPECT_EQ(desk.Text(), QStringLiteral("-1-2-"));
-    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 2);
-}
-
-TEST(FindHistory, KeepsTheNewestFirstAndEachOnceForTheRun) {
+TEST(Find, KeepsTheNewestFirstAndEachOnceForTheRun) {
     FindDesk desk;
     desk.Look(QStringLiteral("ab"), QStringLiteral("q"));
     desk.form().cmdFind.Click();
@@ -319,6 +148,26 @@ TEST(Find, FollowsThePaneAndTheDocumentInUseAndOutlivesThem) {
     desk.form().cmdFind.Click();
     desk.form().cmdReplaceAll.Click();
     EXPECT_EQ(textview::Finding(desk.app.app()).findTarget, nullptr);
+}
+
+TEST(Find, TextsThatCannotBeFoundAreToldAndChangeNothing) {
+    FindDesk desk;
+    const QString before = desk.Text();
+    for (const QString& wanted : {before + u'x', QStringLiteral("\\"), QString(QChar(0)),
+                                  QString(QChar(0xd800)), QStringLiteral("z").repeated(1'000'000)}) {
+        desk.Look(wanted);
+        for (controls::OptionButton* direction :
+             {&desk.form().optDU, &desk.form().optDD, &desk.form().optDA}) {
+            direction->UserChose();
+            desk.app.prompts.boxes.clear();
+            for (auto* button : {&desk.form().cmdFind, &desk.form().cmdReplace, &desk.form().cmdReplaceAll})
+                button->Click();
+            EXPECT_EQ(desk.app.prompts.boxes.size(), 3u);
+            EXPECT_EQ(desk.Selection(), QStringLiteral("0+0"));
+        }
+    }
+    EXPECT_EQ(desk.Text(), before);
+    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 0);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Tab and the keys with Ctrl, and the caret's place in the status bar.
+// Tab and the keys with Ctrl.
 #include "tests/textview/TextDesk.h"
 #include "textview/Indent.h"
 #include "textview/TextState.h"
@@ -8,11 +8,7 @@ namespace {
 
 using test::TextDesk;
 
-QString SelectedText(TextDesk& desk) {
-    return desk.pane().SelText();
-}
-
-TEST(TabKey, WithoutASelectionOneTabGoesInAndTheKeyIsUsedUp) {
+TEST(Indent, WithoutASelectionOneTabGoesInAndTheKeyIsUsedUp) {
     TextDesk desk;
     desk.CaretBehind(QStringLiteral("<b>"));
     EXPECT_EQ(desk.Press(Qt::Key_Tab), 0);
@@ -21,7 +17,7 @@ TEST(TabKey, WithoutASelectionOneTabGoesInAndTheKeyIsUsedUp) {
     EXPECT_TRUE(desk.Text().contains(QStringLiteral("<b>one")));
 }
 
-TEST(TabKey, IndentsTheLinesOfASelectionKeepsThemSelectedAndIsOneStep) {
+TEST(Indent, IndentsTheLinesOfASelectionKeepsThemSelectedAndIsOneStep) {
     const QByteArray document = "<list>\n\t<b>1</b>\n\t<c>2</c>\n\t<d>3</d>\n\t<e>4</e>\n</list>";
     TextDesk desk(document);
     const QString before = desk.Text();
@@ -47,8 +43,8 @@ TEST(TabKey, IndentsTheLinesOfASelectionKeepsThemSelectedAndIsOneStep) {
         desk.Select(one.start, one.length);
         desk.Press(Qt::Key_Tab);
         // What lies in the middle of its line is selected up to there.
-        EXPECT_TRUE(one.lines.startsWith(SelectedText(desk))) << SelectedText(desk).toStdString();
-        EXPECT_EQ(SelectedText(desk).count(u'\n'), one.lines.count(u'\n'));
+        EXPECT_TRUE(one.lines.startsWith(desk.pane().SelText())) << desk.pane().SelText().toStdString();
+        EXPECT_EQ(desk.pane().SelText().count(u'\n'), one.lines.count(u'\n'));
         EXPECT_EQ(desk.Text().size(), before.size() + one.lines.count(u'\n') + 1);
         const QString indented = desk.Text();
         const bool severalLines = one.lines.contains(u'\n');
@@ -63,7 +59,7 @@ TEST(TabKey, IndentsTheLinesOfASelectionKeepsThemSelectedAndIsOneStep) {
     }
 }
 
-TEST(TabKey, ShiftAndTabTakesTheLinesTabAndChangesNothingWhereThereIsNone) {
+TEST(Indent, ShiftAndTabTakesTheLinesTabAndChangesNothingWhereThereIsNone) {
     TextDesk desk("<a>\n\t<b>one</b>\n<c>\ttwo</c>\n</a>");
     desk.app.prompts.AllowAnyBox();
     textview::SetRichText(desk.window(), QStringLiteral("<a>\r\n\t<b>one</b>\r\n<c>\ttwo</c>\r\n</a>"));
@@ -86,7 +82,7 @@ TEST(TabKey, ShiftAndTabTakesTheLinesTabAndChangesNothingWhereThereIsNone) {
     EXPECT_EQ(desk.Text(), before);
 }
 
-TEST(ControlKeys, ActOnTheTextAndAreUsedUp) {
+TEST(Indent, KeysWithCtrlActOnTheTextAndAreUsedUp) {
     TextDesk desk;
     desk.CaretBehind(QStringLiteral("one"));
     EXPECT_EQ(desk.Press(Qt::Key_Home, Qt::ControlModifier), 1);
@@ -110,41 +106,6 @@ TEST(ControlKeys, ActOnTheTextAndAreUsedUp) {
     for (int i = 0; i < 3; ++i)
         desk.Undo();
     EXPECT_TRUE(desk.Text().contains(QStringLiteral("<b>one</b>")));
-}
-
-TEST(CaretPanel, ShowsLineAndColumnFromOne) {
-    TextDesk desk;
-    const auto panel = [&] { return desk.app.frame().StatusBar1().Panel(2); };
-    desk.CaretBehind(QStringLiteral("<b>"));
-    EXPECT_EQ(panel(), QStringLiteral("Ln 2 , Col 5"));
-    desk.Press(Qt::Key_Right);
-    EXPECT_EQ(panel(), QStringLiteral("Ln 2 , Col 6"));
-    desk.Type(QStringLiteral("x"));
-    EXPECT_EQ(panel(), QStringLiteral("Ln 2 , Col 7"));
-    desk.Type(QStringLiteral("\r"));
-    EXPECT_EQ(panel(), QStringLiteral("Ln 3 , Col 1"));
-    desk.Select(0);
-    EXPECT_EQ(panel(), QStringLiteral("Ln 1 , Col 1"));
-    // What is dragged over the text takes the caret along.
-    desk.pane().charFromPos = [](double x, double) { return static_cast<qsizetype>(x / 15); };
-    desk.pane().DragOver(45, 30);
-    EXPECT_EQ(panel(), QStringLiteral("Ln 1 , Col 4"));
-}
-
-TEST(CaretLink, ArrowsOverATagsBorderSelectTheNodeAndClicksDo) {
-    TextDesk desk("<a>\n\t<b>one</b>\n\t<c>two</c>\n</a>");
-    const auto node = [&] { return desk.window().tvXML.SelectedItem().Text(); };
-    desk.CaretBehind(QStringLiteral("<b>"));
-    EXPECT_EQ(node(), QStringLiteral("b"));
-    desk.Select(desk.Text().indexOf(QStringLiteral("<c>")));
-    EXPECT_EQ(node(), QStringLiteral("b")) << "in front of the tag";
-    desk.Press(Qt::Key_Right);
-    EXPECT_EQ(node(), QStringLiteral("c"));
-    desk.window().tvXML.SetSelectedItem(desk.window().tvXML.Nodes(1).Child());
-    desk.Press(Qt::Key_Right);
-    EXPECT_EQ(node(), QStringLiteral("a")) << "inside the tag the tree stays";
-    desk.Press(Qt::Key_Right);
-    EXPECT_EQ(node(), QStringLiteral("c"));
 }
 
 } // namespace

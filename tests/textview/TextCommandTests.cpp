@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Close tag, entities, validation, both panes.
+// Entities, validation, both panes.
 #include "tests/textview/TextDesk.h"
-#include "textview/CloseTag.h"
 #include "textview/TextCommands.h"
 #include "textview/TextState.h"
 
@@ -10,99 +9,7 @@ namespace {
 using services::Answer;
 using test::TextDesk;
 
-const QString kMoveCursor = QStringLiteral("Please move cursor to end of current node's start tag.");
-const QString kIgnore =
-    QStringLiteral("The XML is invalid. Please move cursor to end of start tag. Do you want to ignor it?");
-
-TEST(CloseTag, KnowsTheElementThatTheCaretStandsIn) {
-    const std::pair<const char*, const char*> cases[] = {
-        // the caret stands at the bar
-        {"<a><b>|</a>", "</b>"},
-        {"<a>text|", "</a>"},
-        {"<a><b/><c></c>|", "</a>"},
-        {"<a><p:b x=\"1>2\"\ty='/>'>t|</a>", "</p:b>"},
-        {"<?xml version=\"1.0\"?><a><!-- <c> -->|", "</a>"},
-        {"<a><![CDATA[a > <b>]]>|", "</a>"},
-        {"<a><b\r\nx='1'|", "</b>"},
-    };
-    TextDesk desk;
-    for (const auto& [document, tag] : cases) {
-        QString text = QLatin1String(document);
-        const qsizetype caret = text.indexOf(u'|');
-        textview::SetRichText(desk.window(), text.remove(caret, 1));
-        desk.Select(caret);
-        EXPECT_EQ(textview::GetCloseTag(desk.window()), QLatin1String(tag)) << document;
-    }
-}
-
-TEST(CloseTag, PutsTheEndTagInKeepsTheCaretAndTheTreeFollows) {
-    TextDesk desk("<a>\n\t<b>one</b>\n\t<c>two</c>\n</a>");
-    const QString open = QStringLiteral("<a>\r\n\t<b>one</b>\r\n\t<c>two\r\n</a>");
-    textview::SetRichText(desk.window(), open);
-    desk.CaretBehind(QStringLiteral("two"));
-    const QString caret = desk.Selection();
-    desk.app.PressButton(QStringLiteral("tbTextEdit"), QStringLiteral("closetag"));
-    EXPECT_EQ(desk.Text(), QStringLiteral("<a>\r\n\t<b>one</b>\r\n\t<c>two</c>\r\n</a>"));
-    EXPECT_EQ(desk.Selection(), caret);
-    EXPECT_EQ(desk.app.frame().StatusBar1().Panel(2), QStringLiteral("Ln 3 , Col 8"));
-    EXPECT_TRUE(desk.PanesAgree());
-    EXPECT_EQ(desk.window().tvXML.SelectedItem().Text(), QStringLiteral("c"));
-    EXPECT_EQ(desk.window().txtXPath.Text(), QStringLiteral("/a[1]/c[1]"));
-    desk.Undo();
-    EXPECT_EQ(desk.Text(), open);
-}
-
-TEST(CloseTag, TellsWhyThereIsNone) {
-    const auto boxes = [](const char* text) {
-        TextDesk desk;
-        desk.app.prompts.AllowAnyBox();
-        QString given = QString::fromLatin1(text);
-        const qsizetype caret = given.indexOf(u'|');
-        textview::SetRichText(desk.window(), given.remove(caret, 1));
-        desk.Select(caret);
-        desk.app.ChooseMenu(QStringLiteral("mnuXMLCloseTag"));
-        EXPECT_EQ(desk.Text(), given);
-        return desk.app.prompts.Texts();
-    };
-    const auto place = [](int position) {
-        return QStringLiteral(
-                   "This line's position %1 should not be space, carriage returns, line feeds, or tabs.")
-            .arg(position);
-    };
-    EXPECT_EQ(boxes("|<a></a>"), QStringList{kMoveCursor});
-    EXPECT_EQ(boxes("<a></a>|"), QStringList{kMoveCursor});
-    EXPECT_EQ(boxes("<a></a></b>|"), (QStringList{QStringLiteral("This is too complex."), kMoveCursor}));
-    EXPECT_EQ(boxes("<a>\r\n\tx |"), (QStringList{place(3), kMoveCursor}));
-    EXPECT_EQ(boxes("<a><|"), (QStringList{place(4), kMoveCursor}));
-}
-
-TEST(CloseTag, AsksWhenTheTextIsWrongThenAndTakesTheTagAwayOnNo) {
-    for (const Answer answer : {Answer::No, Answer::Yes}) {
-        TextDesk desk;
-        const QString wrong = QStringLiteral("<a><b>one<c></b></a>");
-        textview::SetRichText(desk.window(), wrong);
-        desk.CaretBehind(QStringLiteral("<a>"));
-        desk.app.prompts.Answer(answer);
-        if (answer == Answer::Yes)
-            desk.app.prompts.Answer(Answer::Ok); // the parser's report
-        desk.app.PressButton(QStringLiteral("tbTextEdit"), QStringLiteral("closetag"));
-        EXPECT_EQ(desk.app.prompts.Texts().front(), kIgnore);
-        EXPECT_EQ(desk.Text(), answer == Answer::No ? wrong : QStringLiteral("<a></a><b>one<c></b></a>"));
-        EXPECT_EQ(desk.Selection(), QStringLiteral("3+0"));
-        EXPECT_TRUE(desk.PanesAgree());
-    }
-}
-
-TEST(CloseTag, DoesNothingOutsideTheTextView) {
-    TextDesk desk;
-    const QString before = desk.Text();
-    desk.window().tbsXML.Select(QStringLiteral("listview"));
-    desk.app.frame().RunMenuCommand(QStringLiteral("mnuXMLCloseTag"));
-    EXPECT_EQ(desk.Text(), before);
-    EXPECT_TRUE(desk.app.prompts.boxes.empty());
-}
-
-TEST(Entities, GoInAtTheCaretOfTheEditorThatShows) {
+TEST(TextCommand, EntitiesGoInAtTheCaretOfTheEditorThatShows) {
     TextDesk desk;
     const std::pair<const char*, const char*> buttons[] = {
         {"quote", "&quot;"}, {"apostraphe", "&apos;"}, {"lt", "&lt;"}, {"gt", "&gt;"}, {"amp", "&amp;"}};
@@ -126,7 +33,7 @@ TEST(Entities, GoInAtTheCaretOfTheEditorThatShows) {
     EXPECT_EQ(desk.Text(), text);
 }
 
-TEST(ValidateText, SaysSoOrShowsTheParsersReport) {
+TEST(TextCommand, ValidatingSaysSoOrShowsTheParsersReport) {
     TextDesk desk;
     desk.app.prompts.Answer({Answer::Ok, Answer::Ok});
     desk.app.ChooseMenu(QStringLiteral("mnuXMLValidate"));
@@ -137,16 +44,7 @@ TEST(ValidateText, SaysSoOrShowsTheParsersReport) {
     EXPECT_EQ(desk.app.prompts.boxes.back().title, QStringLiteral("This is not valid XML"));
 }
 
-TEST(SelectAll, SelectsTheWholeTextAndTheMenuKnows) {
-    TextDesk desk;
-    desk.Select(0);
-    EXPECT_FALSE(desk.app.frame().Menu(QStringLiteral("mnuEditCopy")).Enabled());
-    desk.app.ChooseMenu(QStringLiteral("mnuSelectAll"));
-    EXPECT_EQ(desk.pane().SelText(), desk.Text());
-    EXPECT_TRUE(desk.app.frame().Menu(QStringLiteral("mnuEditCopy")).Enabled());
-}
-
-TEST(SplitText, ShowsASecondPaneOnTheSameTextAndGivesTheKeysBack) {
+TEST(TextCommand, SplittingShowsASecondPaneOnTheSameTextAndGivesTheKeysBack) {
     TextDesk desk;
     desk.app.ChooseMenu(QStringLiteral("mnuWinSplit"));
     EXPECT_TRUE(desk.window().pctSplitText.Visible());

@@ -3,7 +3,6 @@
 #include "platform/text/TextTools.h"
 #include "tests/textview/TextDesk.h"
 #include "textview/TextState.h"
-#include "textview/dialogs/frmFind.h"
 
 namespace {
 
@@ -81,26 +80,6 @@ TEST(AwkwardText, StaysInTheTextViewWhenItIsLeftTwiceAndCanBeTakenBack) {
     }
 }
 
-TEST(AwkwardText, AloneInTheViewIsKeptWhenItIsLeft) {
-    for (const auto& [name, text] : AwkwardTexts()) {
-        SCOPED_TRACE(name);
-        TextDesk desk;
-        desk.app.prompts.AllowAnyBox();
-        desk.app.clipboard.text = text;
-        desk.Press(Qt::Key_A, Qt::ControlModifier);
-        desk.Press(Qt::Key_V, Qt::ControlModifier);
-        const QString pasted = text::ToCrLf(text);
-        EXPECT_TRUE(desk.Text() == pasted);
-        desk.pane().LostFocus(); // one that is a document comes back in the serialiser's form
-        EXPECT_TRUE(desk.Text() == pasted || name == QLatin1String("no line end"));
-        EXPECT_TRUE(desk.PanesAgree());
-        desk.Enter(desk.window().rtxtXML);
-        while (textview::StateOf(desk.window()).UndoPos > 0)
-            desk.Undo();
-        EXPECT_TRUE(desk.Text() == QStringLiteral("<a>\r\n\t<b>one</b>\r\n</a>"));
-    }
-}
-
 // Every place of the text, as the user's caret or the program may come to it.
 TEST(AwkwardText, KeysAtEachPlaceNeverPartALineEnd) {
     TextDesk desk;
@@ -122,32 +101,6 @@ TEST(AwkwardText, KeysAtEachPlaceNeverPartALineEnd) {
             }
         }
     }
-}
-
-TEST(Find, TextsThatCannotBeFoundAreToldAndChangeNothing) {
-    TextDesk desk;
-    desk.app.prompts.AllowAnyBox();
-    frmFind* form = nullptr;
-    desk.app.frame().findShown.connect([&](frmFind& shown) { form = &shown; });
-    desk.Select(0);
-    desk.Press(Qt::Key_F, Qt::ControlModifier);
-    ASSERT_TRUE(form);
-    const QString before = desk.Text();
-    for (const QString& wanted : {before + u'x', QStringLiteral("\\"), QString(QChar(0)),
-                                  QString(QChar(0xd800)), QStringLiteral("z").repeated(1'000'000)}) {
-        for (controls::OptionButton* direction : {&form->optDU, &form->optDD, &form->optDA}) {
-            direction->UserChose();
-            desk.app.prompts.boxes.clear();
-            form->cmbFind.UserTyped(wanted);
-            form->cmdFind.Click();
-            form->cmdReplace.Click();
-            form->cmdReplaceAll.Click();
-            EXPECT_EQ(desk.app.prompts.boxes.size(), 3u);
-            EXPECT_EQ(desk.Selection(), QStringLiteral("0+0"));
-        }
-    }
-    EXPECT_EQ(desk.Text(), before);
-    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 0);
 }
 
 } // namespace

@@ -11,29 +11,16 @@ namespace {
 
 using namespace m_tvXML;
 
-struct Case {
-    const char* text;
-    bool valid;
-};
+const QString kElementName = QStringLiteral("x");
 
 // A name is judged by the parser, without what stands in front of its first colon.
-TEST(Validation, NodeNamesAreWhatTheParserTakesBehindThePrefix) {
+TEST(Validate, NodeNamesAreWhatTheParserTakesBehindThePrefix) {
     test::TestApp t;
     t.prompts.AllowAnyBox();
-    for (const Case& c : {Case{"book", true},
-                          {"a:b", true},
-                          {"a b:c", true},
-                          {"_x.1-y", true},
-                          {"书", true},
-                          {"1a", false},
-                          {"a b", false},
-                          {"x:", false},
-                          {"a<b", false},
-                          {"a>", false},
-                          {"a/", false},
-                          {"a\"", false},
-                          {" ", false}})
-        EXPECT_EQ(edit::ValidateNodeName(t.app(), QString::fromUtf8(c.text)), c.valid) << c.text;
+    for (const char* good : {"book", "a:b", "a b:c", "_x.1-y", "书"})
+        EXPECT_TRUE(edit::ValidateNodeName(t.app(), QString::fromUtf8(good))) << good;
+    for (const char* bad : {"1a", "a b", "x:", "a<b", "a>", "a/", "a\"", " "})
+        EXPECT_FALSE(edit::ValidateNodeName(t.app(), QString::fromUtf8(bad))) << bad;
     ASSERT_FALSE(t.prompts.boxes.empty());
     EXPECT_EQ(t.prompts.boxes.front().title, QStringLiteral("XML node name fomula"));
     EXPECT_EQ(t.prompts.boxes.front().icon, services::Icon::Information);
@@ -46,70 +33,60 @@ TEST(Validation, NodeNamesAreWhatTheParserTakesBehindThePrefix) {
 }
 
 // Values and texts are pasted in raw, so they are judged as escaped XML.
-TEST(Validation, ValuesAndTextsAreJudgedAsEscapedXml) {
+TEST(Validate, ValuesAndTextsAreJudgedAsEscapedXml) {
     test::TestApp t;
     t.prompts.AllowAnyBox();
-    for (const Case& c : {Case{"it's", true},
-                          {"a \"b\"", false},
-                          {"&", false},
-                          {"&amp;", true},
-                          {"<", false},
-                          {"", true},
-                          {">", true}})
-        EXPECT_EQ(edit::ValidateNodeAttributeValue(t.app(), QLatin1String(c.text), QStringLiteral("x"),
-                                                   QStringLiteral("id")),
-                  c.valid)
-            << c.text;
+    for (const char* good : {"it's", "&amp;", "", ">"})
+        EXPECT_TRUE(edit::ValidateNodeAttributeValue(t.app(), QLatin1String(good), kElementName,
+                                                     QStringLiteral("id")))
+            << good;
+    for (const char* bad : {"a \"b\"", "&", "<"})
+        EXPECT_FALSE(
+            edit::ValidateNodeAttributeValue(t.app(), QLatin1String(bad), kElementName, QStringLiteral("id")))
+            << bad;
     EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("This is not a validate attribute value"));
     EXPECT_FALSE(edit::ValidateNodeAttributeValue(t.app(), QStringLiteral("1"), {}, QStringLiteral("id")));
 
-    for (const Case& c : {Case{"", true},
-                          {"<b>x</b>", true},
-                          {"a</x><x>b", true},
-                          {"</y><y>", false},
-                          {"</x>", false},
-                          {"a & b", false},
-                          {"a \"b\"", true}})
-        EXPECT_EQ(edit::ValidateNodeText(t.app(), QLatin1String(c.text), QStringLiteral("x")), c.valid)
-            << c.text;
+    for (const char* good : {"", "<b>x</b>", "a</x><x>b", "a \"b\""})
+        EXPECT_TRUE(edit::ValidateNodeText(t.app(), QLatin1String(good), kElementName)) << good;
+    for (const char* bad : {"</y><y>", "</x>", "a & b"})
+        EXPECT_FALSE(edit::ValidateNodeText(t.app(), QLatin1String(bad), kElementName)) << bad;
     EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("This is not a validate node text"));
     EXPECT_TRUE(edit::ValidateNodeText(t.app(), QStringLiteral("y"), QStringLiteral("ns:x")));
 }
 
-TEST(Validation, AttributeNamesAndLists) {
+TEST(Validate, AttributeNamesAndLists) {
     test::TestApp t;
     t.prompts.AllowAnyBox();
-    for (const Case& c : {Case{"id", true}, {"xlink:href", true}, {"1d", false}, {"a b", false}, {"", false}})
-        EXPECT_EQ(edit::ValidateNodeAttributeName(t.app(), QLatin1String(c.text), QStringLiteral("x")),
-                  c.valid)
-            << c.text;
+    for (const char* good : {"id", "xlink:href"})
+        EXPECT_TRUE(edit::ValidateNodeAttributeName(t.app(), QLatin1String(good), kElementName)) << good;
+    for (const char* bad : {"1d", "a b", ""})
+        EXPECT_FALSE(edit::ValidateNodeAttributeName(t.app(), QLatin1String(bad), kElementName)) << bad;
     EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("This is not a validate attribute name"));
     EXPECT_EQ(t.prompts.boxes.back().icon, services::Icon::Critical);
 
-    for (const Case& c :
-         {Case{"", true}, {"a=\"1\" b='2'", true}, {"a=\"1\" a=\"2\"", false}, {"a=1", false}})
-        EXPECT_EQ(edit::ValidateNodeAttributes(t.app(), QLatin1String(c.text), QStringLiteral("x"), true),
-                  c.valid)
-            << c.text;
+    for (const char* good : {"", "a=\"1\" b='2'"})
+        EXPECT_TRUE(edit::ValidateNodeAttributes(t.app(), QLatin1String(good), kElementName, true)) << good;
+    for (const char* bad : {"a=\"1\" a=\"2\"", "a=1"})
+        EXPECT_FALSE(edit::ValidateNodeAttributes(t.app(), QLatin1String(bad), kElementName, true)) << bad;
     EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("This is not valid attributes"));
 }
 
 // The parser has nothing against another attribute, but one name or value was meant.
-TEST(Validation, WhatWouldBeAnotherAttributeIsRefused) {
+TEST(Validate, WhatWouldBeAnotherAttributeIsRefused) {
     test::TestApp t;
     t.prompts.AllowAnyBox();
-    const QString element = QStringLiteral("box");
-    EXPECT_FALSE(edit::ValidateNodeName(t.app(), QStringLiteral("box a=\"1\"")));
-    EXPECT_FALSE(edit::ValidateNodeAttributeName(t.app(), QStringLiteral("a=\"1\" b"), element));
-    EXPECT_FALSE(
-        edit::ValidateNodeAttributeValue(t.app(), QStringLiteral("1\" b=\"3"), element, QStringLiteral("a")));
+    EXPECT_FALSE(edit::ValidateNodeName(t.app(), QStringLiteral("x a=\"1\"")));
+    EXPECT_FALSE(edit::ValidateNodeAttributeName(t.app(), QStringLiteral("a=\"1\" b"), kElementName));
+    EXPECT_FALSE(edit::ValidateNodeAttributeValue(t.app(), QStringLiteral("1\" b=\"3"), kElementName,
+                                                  QStringLiteral("a")));
     EXPECT_EQ(t.prompts.boxes.size(), 3U);
-    EXPECT_TRUE(edit::ValidateNodeAttributeValue(t.app(), QStringLiteral("1&quot; b='3'"), element,
+    EXPECT_TRUE(edit::ValidateNodeAttributeValue(t.app(), QStringLiteral("1&quot; b='3'"), kElementName,
                                                  QStringLiteral("a")));
 }
 
 // While the user types, the complaint comes without a box, with the line ends that the quiet load's lacks.
-TEST(Validation, AQuietComplaintStandsOnTheStatusPanelAlone) {
+TEST(Validate, AQuietComplaintStandsOnTheStatusPanelAlone) {
     test::TestApp t;
     EXPECT_FALSE(edit::ValidateNodeAttributes(t.app(), QStringLiteral("a=1"), QStringLiteral("x"), false));
     const QString complaint = t.frame().StatusBar1().Panel(1);
@@ -122,7 +99,7 @@ TEST(Validation, AQuietComplaintStandsOnTheStatusPanelAlone) {
 }
 
 // The position of a probe's error is taken for one of the shown text.
-TEST(Validation, AFailedProbeMovesTheCaretOfAShownText) {
+TEST(Validate, AFailedProbeMovesTheCaretOfAShownText) {
     test::TestApp t;
     DocumentWindow& w = t.OpenText(QStringLiteral("a.xml"), "<orders><order id=\"1\"/></orders>");
     edit::ValidateNodeAttributes(t.app(), QStringLiteral("a=1"), QStringLiteral("x"), false);
@@ -134,7 +111,7 @@ TEST(Validation, AFailedProbeMovesTheCaretOfAShownText) {
     EXPECT_EQ(w.rtxtXML.SelLength(), 1);
 }
 
-TEST(Validation, DroppedTextIsClassified) {
+TEST(Validate, DroppedTextIsClassified) {
     test::TestApp t;
     t.prompts.AllowAnyBox();
     const struct {

@@ -72,7 +72,7 @@ TEST(TreeTextCache, TheTextOfAChangedTreeIsThatOfOneWrittenWhole) {
         m_tvXML::TreeTextCache cache(seed % 2 == 0 ? 40 : 400);
         std::mt19937 random(seed);
         for (int step = 0; step < 700; ++step) {
-            for (auto changes = 1 + random() % 3; changes > 0; --changes)
+            for (auto changes = step == 500 ? 3000 : 1 + random() % 3; changes > 0; --changes)
                 garden.change();
             const QString whole = text::ToCrLf(m_tvXML::GetTreeNodesXML(garden.root(), kUnit));
             ASSERT_EQ(cache.text(garden.root(), kUnit, {}).toString(), whole) << seed << " " << step;
@@ -84,14 +84,10 @@ TEST(TreeTextCache, TheTextOfAChangedTreeIsThatOfOneWrittenWhole) {
     }
 }
 
-TEST(TreeTextCache, ManyChangesAndANewTreeAreWrittenWhole) {
+TEST(TreeTextCache, ANewTreeIsWrittenWhole) {
     Gardener garden(99);
     m_tvXML::TreeTextCache cache(100);
     cache.text(garden.root(), kUnit, {});
-    for (int i = 0; i < 3000; ++i)
-        garden.change();
-    EXPECT_EQ(cache.text(garden.root(), kUnit, {}).toString(),
-              text::ToCrLf(m_tvXML::GetTreeNodesXML(garden.root(), kUnit)));
     garden.tree.Nodes.Clear();
     const TreeNode root = garden.tree.Nodes.Add({}, 0, QStringLiteral("new"), QStringLiteral("new"));
     EXPECT_EQ(cache.text(root, kUnit, {}).toString(), QString());

@@ -55,6 +55,11 @@ TEST_F(Progress, AReloadThatIsCancelledLeavesTheWindowAsItWas) {
     EXPECT_EQ(window->Caption, app.folder.Path(QStringLiteral("bystander.xml")));
     EXPECT_TRUE(window->bLoaded);
     app.progress.cancelAtStep = -1;
+    app.prompts.Answer(services::Answer::Ok);
+    edit::OpenFile(app.app(), app.folder.Path(QStringLiteral("gone.xml")), window);
+    EXPECT_TRUE(app.prompts.Texts().last().startsWith(QStringLiteral("Can not find ")));
+    EXPECT_EQ(window->rtxtXML.Text(), text) << "nor does one that fails";
+    EXPECT_EQ(app.app().CurrentFileName, window->Caption);
     edit::OpenFile(app.app(), large, window);
     EXPECT_EQ(window->tvXML.Nodes.Count(), 100'002); // root, list, and a record with its text each
     EXPECT_EQ(app.progress.begun.size(), static_cast<std::size_t>(app.progress.ended));

@@ -45,15 +45,7 @@ protected:
     }
 };
 
-TEST_F(Colouring, both_panes_show_the_coloured_document) {
-    const DocumentWindow& window = Open("<a b=\"c\"><!-- d --></a>");
-    EXPECT_EQ(window.rtxtXML.Text(), QStringLiteral("<a b=\"c\"><!-- d --></a>"));
-    EXPECT_EQ(Look(window.rtxtXML), QStringLiteral("g...es.sgccccccccccgs.g"));
-    EXPECT_EQ(Look(window.rtxtXML2), Look(window.rtxtXML));
-    EXPECT_EQ(app.frame().MousePointer(), 0);
-}
-
-TEST_F(Colouring, the_blank_that_a_comment_gains_is_no_edit) {
+TEST_F(Colouring, TheBlankThatACommentGainsIsNoEdit) {
     DocumentWindow& window = Open("<a><!--b--></a>");
     EXPECT_TRUE(window.rtxtXML.Text().contains(QStringLiteral("<!-- b-->")));
     EXPECT_EQ(window.rtxtXML2.Text(), window.rtxtXML.Text());
@@ -69,7 +61,7 @@ TEST_F(Colouring, the_blank_that_a_comment_gains_is_no_edit) {
     EXPECT_TRUE(app.prompts.boxes.empty());
 }
 
-TEST_F(Colouring, the_amount_of_colour_follows_the_length_of_the_text) {
+TEST_F(Colouring, TheAmountOfColourFollowsTheLengthOfTheText) {
     DocumentWindow& window = Open("<a/>");
     const QString start = QStringLiteral("<a b=\"c/\"/>");
     const QString all = QStringLiteral("g...es.sssg"), tags = QStringLiteral("g......s.sg"),
@@ -84,7 +76,7 @@ TEST_F(Colouring, the_amount_of_colour_follows_the_length_of_the_text) {
     }
 }
 
-TEST_F(Colouring, a_typed_character_takes_its_colour_as_far_as_its_level_shows_it) {
+TEST_F(Colouring, ATypedCharacterTakesItsColourAsFarAsItsLevelShowsIt) {
     DocumentWindow& window = Open("<a/>");
     const struct {
         QChar key;
@@ -101,7 +93,7 @@ TEST_F(Colouring, a_typed_character_takes_its_colour_as_far_as_its_level_shows_i
     }
 }
 
-TEST_F(Colouring, a_key_press_colours_both_panes_and_none_at_the_start_of_the_text) {
+TEST_F(Colouring, AKeyPressColoursBothPanesAndNoneAtTheStartOfTheText) {
     DocumentWindow& window = Open("<a>text</a>");
     window.rtxtXML2.GotFocus();
     window.rtxtXML2.UserSelected(3, 4);
@@ -122,7 +114,7 @@ TEST_F(Colouring, a_key_press_colours_both_panes_and_none_at_the_start_of_the_te
     EXPECT_EQ(window.rtxtXML.SelStart(), 3);
 }
 
-TEST_F(Colouring, a_letter_typed_into_a_comment_stays_grey_only_in_the_default_grey) {
+TEST_F(Colouring, ALetterTypedIntoACommentStaysGreyOnlyInTheDefaultGrey) {
     DocumentWindow& window = Open("<a><!-- b --></a>");
     const auto typed = [&] {
         window.rtxtXML.UserSelected(window.rtxtXML.Text().indexOf(u'b') + 1, 0);
@@ -137,7 +129,7 @@ TEST_F(Colouring, a_letter_typed_into_a_comment_stays_grey_only_in_the_default_g
     EXPECT_EQ(typed(), kBlack);
 }
 
-TEST_F(Colouring, typed_characters_keep_the_fixed_colours_until_the_next_full_pass) {
+TEST_F(Colouring, TypedCharactersKeepTheFixedColoursUntilTheNextFullPass) {
     DocumentWindow& window = Open("<a>text</a>");
     app.app().options.GLColor = kOther;
     shell::SetRTFColorString(app.app());
@@ -149,7 +141,7 @@ TEST_F(Colouring, typed_characters_keep_the_fixed_colours_until_the_next_full_pa
     EXPECT_EQ(Look(window.rtxtXML).left(3), QStringLiteral("??."));
 }
 
-TEST_F(Colouring, a_short_selection_is_coloured_one_by_one_and_stays_selected) {
+TEST_F(Colouring, AShortSelectionIsColouredOneByOneAndStaysSelected) {
     DocumentWindow& window = Open("<a/>");
     RichTextBox box;
     const auto coloured = [&](const QString& text, int level) {
@@ -175,7 +167,7 @@ TEST_F(Colouring, a_short_selection_is_coloured_one_by_one_and_stays_selected) {
 
 // The colour asked for is that of whatever is selected when the character's turn comes: at first the whole
 // selection, then the character before.
-TEST_F(Colouring, in_a_grey_selection_plain_characters_stay_grey_up_to_the_first_markup) {
+TEST_F(Colouring, InAGreySelectionPlainCharactersStayGreyUpToTheFirstMarkup) {
     Open("<a/>");
     RichTextBox box;
     box.SetContent({text::LongText(u"ab<cd"), {{0, kGrey}}});
@@ -184,7 +176,7 @@ TEST_F(Colouring, in_a_grey_selection_plain_characters_stay_grey_up_to_the_first
     EXPECT_EQ(Look(box), QStringLiteral("ccg.."));
 }
 
-TEST_F(Colouring, a_text_too_large_for_colours_still_takes_the_font) {
+TEST_F(Colouring, ATextTooLargeForColoursStillTakesTheFont) {
     DocumentWindow& window = Open("<a>" + QByteArray(409'600, 'x') + "</a>");
     app.app().options.TextName = QStringLiteral("Monospace");
     app.app().options.GLColor = kOther;

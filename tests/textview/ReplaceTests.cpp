@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/textview/FindDesk.h"
+#include "textview/FindSlot.h"
+#include "textview/FindText.h"
+#include "textview/ReplaceHits.h"
+#include "textview/TextState.h"
+
+namespace {
+
+using test::FindDesk;
+
+const QString kReached = QStringLiteral("The specified region has been reached.");
+
+/// The colour of each character.
+std::vector<std::uint32_t> Colours(const controls::RichTextBox& pane) {
+    std::vector<std::uint32_t> colours(static_cast<std::size_t>(pane.Long().size()));
+    for (const controls::ColourRun& run : pane.Runs())
+        std::fill(colours.begin() + run.start, colours.end(), run.colour);
+    return colours;
+}
+
+TEST(Replace, FindsFirstThenReplacesTheSelectedHitAndGoesOnBehindIt) {
+    FindDesk desk;
+    desk.Look(QStringLiteral("ab"), QStringLiteral("abab"));
+    desk.form().cmdReplace.Click();
+    EXPECT_EQ(desk.Selection(), QStringLiteral("3+2"));
+    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 0);
+    desk.form().cmdReplace.Click();
+    EXPECT_EQ(desk.Text(), QStringLiteral("<a>abab abc 1ab AB ab</a>"));
+    EXPECT_EQ(desk.Selection(), QStringLiteral("3+4"));
+    EXPECT_TRUE(desk.PanesAgree());
+    desk.form().cmdReplace.Click();
+    EXPECT_EQ(desk.Selection(), QStringLiteral("8+2")) << "not in what was put in";
+    desk.Undo();
+    EXPECT_EQ(desk.Text(), QStringLiteral("<a>ab abc 1ab AB ab</a>"));
+}
+
+TEST(Replace, AllReplacesEachHitAsAStepAndAlwaysEnds) {
+    struct Case {
+        const char* name;
+        QString text, replacement;
+        bool up;
+        QString after;
+        int steps;
+    };
+    const Case cases[] = {
+        {"holds what is looked for", QStringLiteral("ab"), QStringLiteral("xabx"), false,
+         QStringLiteral("<a>xabx xabxc 1xabx xabx xabx</a>"), 5},
+        {"by itself", QStringLiteral("ab"), QStringLiteral("ab"), false,
+         QStringLiteral("<a>ab abc 1ab ab ab</a>"), 1},
+        {"by nothing", QStringLiteral("ab "), QString(), false, QStringLiteral("<a>abc 1ab</a>"), 3},
+        {"upwards", QStringLiteral("ab"), QStringLiteral("-"), true, QStringLiteral("<a>- -c 1- - -</a>"), 5},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        FindDesk desk;
+        const QString before = desk.Text();
+        if (one.up) {
+            desk.Up();
+            desk.Select(before.size());
+        }
+        desk.Look(one.text, one.replacement);
+        desk.form().cmdReplaceAll.Click();
+        EXPECT_EQ(desk.Text(), one.after);
+        EXPECT_EQ(desk.app.prompts.Texts(), QStringList{kReached});
+        EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, one.steps);
+        EXPECT_TRUE(desk.PanesAgree());
+        for (int i = 0; i < one.steps; ++i)
+            desk.Undo();
+        EXPECT_EQ(desk.Text(), before);
+        for (int i = 0; i < one.steps; ++i)
+            desk.Redo();
+        EXPECT_EQ(desk.Text(), one.after);
+    }
+}
+
+// One by one and all at once come to the same text, the same steps and the same colours.
+TEST(Replace, AllIsWhatReplacingOneByOneComesTo) {
+    FindDesk all, single;
+    for (FindDesk* desk : {&all, &single}) {
+        desk->Look(QStringLiteral("ab"), QStringLiteral("longer"));
+        desk->Select(5);
+    }
+    all.form().cmdReplaceAll.Click();
+    while (single.app.prompts.boxes.empty())
+        single.form().cmdReplace.Click();
+    EXPECT_EQ(all.Text(), single.Text());
+    ASSERT_EQ(textview::StateOf(all.window()).UndoPos, textview::StateOf(single.window()).UndoPos);
+    for (std::size_t i = 0; i < textview::StateOf(all.window()).undoStack.size(); ++i) {
+        const textview::UndoRecord &a = textview::StateOf(all.window()).undoStack[i],
+                                   &b = textview::StateOf(single.window()).undoStack[i];
+        EXPECT_EQ(a.DelPos, b.DelPos);
+        EXPECT_EQ(a.DelText, b.DelText);
+        EXPECT_EQ(a.InsPos, b.InsPos);
+        EXPECT_EQ(a.InsText, b.InsText);
+    }
+}
+
+// What goes in is coloured like what is pasted, and the same when it is taken back and done again.
+TEST(Replace, WhatGoesInHasItsColoursOneByOneAndAllAtOnce) {
+    const QByteArray document = "<a><!-- one oneone -->one<b>oneone</b><one x='one'/></a>";
+    const QString replacements[] = {QStringLiteral("<c d=\"e\"/>f"), QStringLiteral("plain"), QString(),
+                                    QStringLiteral("=x").repeated(300)};
+    for (const QString& replacement : replacements) {
+        for (const bool up : {false, true}) {
+            SCOPED_TRACE(replacement.left(9).toStdString() + (up ? ", up" : ", down"));
+            FindDesk all(document), single(document);
+            for (FindDesk* desk : {&all, &single}) {
+                desk->Look(QStringLiteral("one"), replacement);
+                if (up)
+                    desk->Up();
+                desk->Select(up ? desk->Text().size() : 0);
+            }
+            all.form().cmdReplaceAll.Click();
+            while (single.app.prompts.boxes.empty())
+                single.form().cmdReplace.Click();
+            ASSERT_EQ(all.Text(), single.Text());
+            const std::vector<std::uint32_t> once = Colours(all.pane());
+            EXPECT_EQ(once, Colours(single.pane()));
+            EXPECT_EQ(once, Colours(all.window().rtxtXML2));
+            for (int i = 0, steps = textview::StateOf(all.window()).UndoPos; i < 2 * steps; ++i)
+                i < steps ? all.Undo() : all.Redo();
+            EXPECT_EQ(once, Colours(all.pane()));
+            if (replacement.startsWith(u'<')) {
+                const auto place =
+                    static_cast<std::size_t>(all.Text().indexOf(replacement + QStringLiteral("<b>")));
+                EXPECT_EQ(once[place], 0xff0000U);
+                EXPECT_EQ(once[place + 1], 0U);
+            }
+        }
+    }
+}
+
+// At the end of the text the search begins again at its start: what is taken away there ends it, too.
+TEST(Replace, AllBeginsAgainAtTheStartWhenTheTextsEndIsTakenAway) {
+    FindDesk desk;
+    textview::SetRichText(desk.window(), QStringLiteral("x-1-2-x"));
+    desk.Select(3);
+    desk.Look(QStringLiteral("x"));
+    desk.form().cmdReplaceAll.Click();
+    EXPECT_EQ(desk.Text(), QStringLiteral("-1-2-"));
+    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 2);
+}
+
+} // namespace
