@@ -3,14 +3,14 @@
 // "open" ends as soon as the tree is filled and ready for commands, so that the whole process can be timed
 // beside another program.
 #include "bench/Quiet.h"
-#include "core/model/TreeTextCache.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
+#include "core/edit/View.h"
 #include "core/model/Attributes.h"
 #include "core/model/NodeContent.h"
 #include "core/model/NodeNumbers.h"
-#include "core/edit/NodePath.h"
-#include "core/edit/Transaction.h"
-#include "core/edit/View.h"
+#include "core/model/TreeTextCache.h"
 #include "nodes/AddNodes.h"
 #include "nodes/DeleteNodes.h"
 #include "nodes/MoveUpDown.h"

@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Times what joins text and tree, without a screen: bench_text FILE. The file is one of make_records.
 #include "bench/Quiet.h"
+#include "core/edit/NodePath.h"
+#include "core/edit/Transaction.h"
 #include "core/edit/View.h"
 #include "core/model/Attributes.h"
 #include "core/model/NodeContent.h"
 #include "core/model/NodeNumbers.h"
-#include "textview/TextLink.h"
-#include "core/edit/NodePath.h"
-#include "core/edit/Transaction.h"
-#include "core/edit/View.h"
 #include "nodes/AddNodes.h"
-#include "textview/Undo.h"
+#include "textview/TextLink.h"
 #include "textview/TextState.h"
+#include "textview/Undo.h"
 #include <QFile>
 #include <cstring>
 

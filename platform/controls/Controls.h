@@ -160,8 +160,8 @@ public:
     const std::vector<Tab>& Tabs() const { return tabs_; }
     const QString& SelectedKey() const;             ///< empty without tabs
     int SelectedIndex() const { return selected_; } ///< 0-based
-    /// Selects a tab; raises BeforeClick and Click when it is another one, whether program or user did it. The
-    /// tab stays, which is announced, where BeforeClick cancels. Unknown key: Fault 35601.
+    /// Selects a tab; raises BeforeClick and Click when it is another one, whether program or user did it.
+    /// The tab stays, which is announced, where BeforeClick cancels. Unknown key: Fault 35601.
     void Select(const QString& key);
     Event<bool&> BeforeClick; ///< cancel
     Event<> Click;
