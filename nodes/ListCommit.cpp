@@ -3,7 +3,6 @@
 #include "core/edit/Report.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
-#include "core/model/Attributes.h"
 #include "core/model/NodeContent.h"
 #include "nodes/ListPlace.h"
 #include "nodes/ListRows.h"
@@ -44,13 +43,7 @@ std::optional<QString> CommitValue(DocumentWindow& window, const controls::ListI
         node.SetTag(m_tvXML::PlainAttributes(text));
         return node.Tag();
     case m_tvXML::kAttribute: {
-        m_tvXML::Attributes all(node);
-        const qsizetype at = all.find(item.Text);
-        if (at < 0) // the row is older than the tree
-            all.add(item.Text, text);
-        else
-            all.set(at, item.Text, text);
-        node.SetTag(all.tag());
+        SetAttribute(window, node, item.Text, text);
         return m_tvXML::ContentOf(node, item.Text).value;
     }
     case m_tvXML::kText:

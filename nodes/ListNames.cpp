@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/ListNames.h"
+#include "core/edit/Report.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
 #include "core/model/Attributes.h"
@@ -77,6 +78,11 @@ void ListView1_BeforeLabelEdit(DocumentWindow& window, bool& cancel) {
     // The caption of a CDATA section is the list's own word and not a name.
     cancel = cancel || kind == m_tvXML::kText || kind == m_tvXML::kComment || kind == m_tvXML::kInstruction ||
              kind == m_tvXML::kCData;
+    if (kind != m_tvXML::kAttribute ||
+        IsCarried(window, window.ListView1.Item(window.ListView1.SelectedItem())))
+        return;
+    cancel = true;
+    edit::Message(window.app, QStringLiteral("The element doesn't have this attribute: give it a value."));
 }
 
 void ListView1_LabelTyped(DocumentWindow& window, const QString& text) {

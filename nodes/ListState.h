@@ -21,6 +21,9 @@ struct ListState {
 
 ListState& ListOf(DocumentWindow& window);
 
+/// The rows are to be made anew at the end of the running edit, though the nodes are as they were.
+void ShowRowsAnew(DocumentWindow& window);
+
 /// Whether the rows show the current node as it is.
 bool RowsAreCurrent(DocumentWindow& window);
 /// A change of the tree is in its row already: the list needn't be filled anew for it. For rows that were

@@ -29,17 +29,19 @@ bool IsFreeAttributeName(DocumentWindow& window, TreeNode element, const QString
 
 NodeWrite WriteAttribute(DocumentWindow& window, NodeInHand& hand, TreeNode element,
                          const NodeContent& content) {
-    m_tvXML::Attributes all(element);
-    const qsizetype at = all.find(hand.attribute);
-    const bool newName = at >= 0 && content.name != all.name(at);
-    const bool newValue = at >= 0 && content.value != all.value(at);
+    const auto now = ReadNodeInHand(window, hand);
+    const bool newName = now && content.name != now->name;
+    const bool newValue = now && content.value != now->value;
     if (!newName && !newValue)
         return NodeWrite::Unchanged;
     if ((newName && !IsFreeAttributeName(window, element, content.name)) ||
         (newValue && !ValidateValue(window.app, hand.kind, element, content.value, kProbedAttribute)))
         return NodeWrite::Refused;
-    all.set(at, content.name, content.value);
+    m_tvXML::Attributes all(element);
+    if (const qsizetype at = all.find(hand.attribute); newName && at >= 0)
+        all.set(at, content.name, all.value(at));
     element.SetTag(all.tag());
+    SetAttribute(window, element, content.name, content.value);
     hand.attribute = content.name;
     return NodeWrite::Written;
 }

@@ -2,6 +2,7 @@
 #include "shell/Commands.h"
 #include "core/edit/Guard.h"
 #include "nodes/NodeCommandTable.h"
+#include "schema/SchemaCommandTable.h"
 #include "shell/FrameCommands.h"
 #include "shell/RunCommand.h"
 #include "textview/TextCommandTable.h"
@@ -64,6 +65,7 @@ Commands::Commands(FrameParts& frame) : frame_(frame) {
     AddViews();
     AddCommands(nodes::NodeCommands());
     AddCommands(textview::TextCommands());
+    AddCommands(schema::SchemaCommands());
     RefuseFormsWithoutCommand(Offers());
 }
 

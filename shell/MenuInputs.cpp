@@ -3,6 +3,7 @@
 #include "core/edit/CopySlot.h"
 #include "core/model/NodeNumbers.h"
 #include "nodes/ListState.h"
+#include "schema/SchemaState.h"
 #include "textview/TextState.h"
 
 namespace shell {
@@ -40,6 +41,12 @@ edit::Target TargetOf(DocumentWindow& window, MenuSituation situation) {
     target.canUndo = text.UndoPos > 0;
     target.canRedo = text.UndoPos < std::ssize(text.undoStack);
     target.view = edit::miCurrentView(window);
+    if (!window.kind.schema)
+        return target;
+    if (target.kind == m_tvXML::kElement)
+        target.elementName = schema::LocalName(node.Text());
+    target.offersMsSql = schema::SchemaOf(window).mbEnabledMsSQL;
+    target.offersOracle = schema::SchemaOf(window).mbEnabledOracle;
     return target;
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/MenuState.h"
+#include "schema/InsertMenu.h"
 
 namespace shell {
 
@@ -45,6 +46,12 @@ bool IsOfferedByButton(const edit::Offer& offer, const MenuInputs& inputs) {
     return IsOffered(offer, offer.button.allowed ? offer.button.allowed : offer.entries[0].allowed, inputs);
 }
 
+void SetEntry(controls::MenuItem& item, const edit::Offer& offer, const edit::Entry& entry,
+              const MenuInputs& inputs) {
+    item.SetEnabled(IsOffered(offer, entry.allowed, inputs));
+    item.SetChecked(entry.checked && entry.checked(inputs.target));
+}
+
 bool IsSetByItsOwner(const edit::Offer& offer) {
     return offer.offered && *offer.offered == '\0';
 }
@@ -54,17 +61,22 @@ bool IsSchemaMenu(const QString& name) {
     return name.startsWith(QLatin1String("mnuNewS"));
 }
 
-// At the root of a schema document only its schema element can be added, and only one. "(none)" stays shown
-// and disabled. In an XML document the whole menu is disabled, and its entries stay as they are.
+// Only what can be inserted at the node in hand is there at all, while the tree or the list is in use.
+// "(none)" stays shown and disabled. In an XML document the whole menu is disabled.
+bool IsInsertOffered(const controls::MenuItem& item, const MenuInputs& inputs) {
+    const bool nodes =
+        inputs.situation >= MenuSituation::TreeRoot && inputs.situation <= MenuSituation::ListUnselected;
+    if (!inputs.schema || !nodes)
+        return false;
+    if (inputs.target.kind == m_tvXML::kTreeRoot)
+        return item.Name == QLatin1String("mnuNewSSchema") && !inputs.target.hasRootElement;
+    return schema::OffersInsert(inputs.target.elementName, item.Name);
+}
+
 void SetSchemaEntry(controls::MenuItem& item, const MenuInputs& inputs) {
-    if (inputs.window && !inputs.schema)
-        return;
-    const bool none = item.Name == QLatin1String("mnuNewSNone");
-    const bool fits = inputs.situation != MenuSituation::TreeRoot ||
-                      (item.Name == QLatin1String("mnuNewSSchema") && !inputs.target.hasRootElement);
-    item.SetEnabled(inputs.schema && !none && fits);
-    if (inputs.schema)
-        item.SetVisible(none || fits);
+    const bool offered = IsInsertOffered(item, inputs);
+    item.SetEnabled(offered);
+    item.SetVisible(offered || item.Name == QLatin1String("mnuNewSNone"));
 }
 
 } // namespace
@@ -76,7 +88,7 @@ MenuState::MenuState(FrameMenus& menus, const std::vector<const edit::Offer*>& o
             continue;
         for (const edit::Entry& entry : offer->entries) {
             if (entry.name)
-                entries_.insert(QLatin1String(entry.name), {offer, entry.allowed});
+                entries_.insert(QLatin1String(entry.name), {offer, &entry});
         }
         if (offer->button.key)
             StateOf(menus_.Button(offer->button.toolbar, offer->button.key)).offers.push_back(offer);
@@ -108,7 +120,7 @@ void MenuState::SetMenus(const MenuInputs& inputs) {
         else if (state == entries_.constEnd()) // there is no command yet
             item->SetEnabled(inputs.window);
         else
-            item->SetEnabled(IsOffered(*state->offer, state->allowed, inputs));
+            SetEntry(*item, *state->offer, *state->entry, inputs);
     }
     if (!inputs.window)
         return;

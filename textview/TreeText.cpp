@@ -2,7 +2,6 @@
 #include "textview/TreeText.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/View.h"
-#include "core/model/DomToTree.h"
 #include "core/model/NodeNumbers.h"
 #include "platform/text/TextTools.h"
 #include "textview/FillText.h"
@@ -25,7 +24,7 @@ constexpr qsizetype kTriedAtOnce = 4'000'000;
 // A window without a document gets the default tree. That is no change of the user's that the text lacks.
 void SeeToDefaultTree(DocumentWindow& window) {
     if (window.tvXML.Nodes.Count() < 2) {
-        m_tvXML::AddTreeRoot(window.app, window.tvXML, true);
+        window.kind.newTree(window, true);
         window.bond.treeRevision = window.tvXML.Revision();
     }
     TreeNode root = window.tvXML.Nodes(1);
@@ -72,7 +71,7 @@ void CountAsRead(DocumentWindow& window) {
 }
 
 void TakeDocument(DocumentWindow& window, const xml::ParsedDocument& document, long selectNumber) {
-    m_tvXML::FillTree(window.app, window.tvXML, document);
+    window.kind.fillTree(window, document);
     CountAsRead(window);
     if (edit::Shows(window, edit::kTextTab) || window.rtxtXML.Long().isEmpty())
         TreeChangeTextView(window);
@@ -84,16 +83,19 @@ mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long 
     auto brokenOff = qScopeGuard([&window] { window.bond.move(BondMove::TextEdited); }); // to be read again
     window.bond.move(BondMove::TextRefused); // until it is in the tree
     if (text.text.holdsOnly(u" ")) {
-        m_tvXML::AddTreeRoot(window.app, window.tvXML, false);
+        window.kind.newTree(window, false);
         CountAsRead(window);
         brokenOff.dismiss();
         return {};
     }
     mXMLEdit::Parsed parsed = edit::LoadXMLDocFromString(window.app, text, tone);
-    if (parsed.good())
+    if (parsed.good()) {
         TakeDocument(window, *parsed.document, selectNumber);
-    else
+        if (tone == edit::Tone::Box && window.kind.textRead) // a step of the history tells nothing
+            window.kind.textRead(window);
+    } else {
         ShowBadText(window, text.text, parsed);
+    }
     brokenOff.dismiss();
     return parsed;
 }

@@ -3,6 +3,7 @@
 #include "core/edit/View.h"
 #include "core/model/DocumentWindow.h"
 #include "core/model/NodeKind.h"
+#include <QString>
 #include <cstddef>
 #include <string_view>
 
@@ -22,6 +23,9 @@ struct Target {
     bool canPaste = false, canUndo = false, canRedo = false;
     int view = kViewTree;   ///< on show
     bool editsCell = false; ///< the editor of a cell is open
+    // In a window that designs schemas:
+    QString elementName;                            ///< local name of that node, if it is an element
+    bool offersMsSql = false, offersOracle = false; ///< the extensions that are enabled
     bool operator==(const Target&) const = default;
 };
 using Condition = bool (*)(const Target& target);
@@ -42,6 +46,7 @@ enum class In { AnyWindow, XMLWindow, SchemaWindow };
 struct Entry {
     const char* name = nullptr;
     Condition allowed = nullptr; ///< condition k
+    Condition checked = nullptr; ///< bears a check mark; null: never
 };
 
 /// A toolbar's button. Rows may share one: the first of them that is offered runs.

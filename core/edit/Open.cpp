@@ -5,7 +5,6 @@
 #include "core/edit/Save.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
-#include "core/model/DomToTree.h"
 #include "core/model/FileNames.h"
 #include "core/model/Frame.h"
 #include <QScopeGuard>
@@ -68,7 +67,7 @@ void FillWindow(DocumentWindow& window, const FetchedText& fetched) {
     Transaction edit(window);
     window.fileForm = fetched.form;
     if (fetched.text.isEmpty()) {
-        m_tvXML::AddTreeRoot(window.app, window.tvXML, true);
+        window.kind.newTree(window, true);
         window.way->beginFromTree(window);
         window.bond.msOpenText = {}; // a document that was never saved counts as changed
     } else {
