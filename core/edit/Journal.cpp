@@ -69,6 +69,11 @@ void Journal::Forget(DocumentWindow& window) {
     }
 }
 
+void Journal::Keep(DocumentWindow& window) {
+    if (Entry* entry = EntryOf(window))
+        entry->saved.reset();
+}
+
 // One that wasn't forgotten holds what isn't saved, such as a text that couldn't be written to its file.
 void Journal::Close(DocumentWindow& window) {
     Entry* entry = EntryOf(window);
@@ -239,8 +244,8 @@ FetchedText Journal::TakeBack(const Orphan& orphan) {
 void Journal::Adopt(DocumentWindow& window, Orphan orphan) {
     window.bond.msOpenText = {};
     Watch(window);
+    Keep(window);
     if (Entry* entry = EntryOf(window)) {
-        entry->saved.reset();
         entry->file = std::move(orphan.file);
         entry->name = orphan.name;
         entry->written = orphan.text;
