@@ -52,7 +52,8 @@ public:
     void Keep(DocumentWindow& window);
 
     /// The documents that earlier runs left behind, the oldest first. Those of a run that still goes on
-    /// aren't among them. What isn't taken back or dropped is there again at the next start.
+    /// aren't among them, nor those whose text is in their file. What isn't taken back or dropped is there
+    /// again at the next start.
     std::vector<Orphan> Orphans();
     /// The document for a window: of the kind and name that the orphan tells.
     static FetchedText TakeBack(const Orphan& orphan);
