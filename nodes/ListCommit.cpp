@@ -16,7 +16,7 @@ namespace {
 
 using controls::TreeNode;
 
-constexpr int kTextColumn = 2;
+constexpr int kTextColumn = 2, kNameColumn = 0;
 
 // Instructions and comments are taken as they are typed (quirk 23).
 bool TakesAnything(int kind) {
@@ -55,6 +55,24 @@ std::optional<QString> CommitValue(DocumentWindow& window, const controls::ListI
     }
 }
 
+// Only a name that can stand for the old one goes in.
+void CommitName(DocumentWindow& window, int row, TreeNode node, const QString& name) {
+    const QStringList names = NamesOffered(window, node.Text());
+    if (name == node.Text())
+        return;
+    if (!names.contains(name)) {
+        edit::Message(window.app,
+                      QStringLiteral("It can be one of these alone: ") + names.join(QStringLiteral(", ")));
+        return;
+    }
+    const bool current = RowsAreCurrent(window);
+    node.SetText(name);
+    edit::WriteUnnamed(window);
+    window.ListView1.SetText(row, name);
+    if (current)
+        RowsFollowed(window);
+}
+
 // The list has its new cell at once, so it needn't be filled anew: it may have a million rows.
 void CommitCell(DocumentWindow& window) {
     const int column = EditedColumn(window);
@@ -64,6 +82,8 @@ void CommitCell(DocumentWindow& window) {
     const controls::ListItem item = window.ListView1.Item(row);
     const TreeNode node = NodeOfRow(window, item);
     const QString text = window.txtListView.Text();
+    if (node && column == kNameColumn)
+        return CommitName(window, row, node, text);
     if (!node || item.Sub[static_cast<std::size_t>(column - 1)] == text)
         return;
     const bool current = RowsAreCurrent(window);
@@ -81,6 +101,8 @@ void CommitCell(DocumentWindow& window) {
 QString ListCellProbe(DocumentWindow& window, const controls::ListItem& item, const QString& text) {
     const TreeNode node = NodeOfRow(window, item);
     if (!node)
+        return {};
+    if (EditedColumn(window) == kNameColumn)
         return {};
     if (EditedColumn(window) == kTextColumn)
         return m_tvXML::NodeTextProbe(text, node.Text());

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/ListEditor.h"
+#include "core/edit/Report.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/View.h"
 #include "core/model/NodeKind.h"
@@ -35,18 +36,36 @@ int ColumnAt(const DocumentWindow& window, int row, double left) {
     }
 }
 
+void FillComboOrList(controls::ComboBox& combo, const QStringList& values) {
+    combo.Clear();
+    for (const QString& value : values)
+        combo.AddItem(value);
+}
+
+// What there is to choose from instead of typing. The value that goes is still to be read meanwhile.
+void FillOffers(DocumentWindow& window, const controls::ListItem& item, int column) {
+    std::optional<QStringList> values;
+    if (column == 1 && item.SmallIcon == m_tvXML::kAttribute && window.kind.valuesOffered)
+        values = window.kind.valuesOffered(window, item.Text);
+    FillComboOrList(ListOf(window).cmbValue, values.value_or(QStringList()));
+    FillComboOrList(ListOf(window).cmbLVSAC, column == 0 ? NamesOffered(window, item.Text) : QStringList());
+    if (values)
+        edit::Message(window.app, item.Sub[0]);
+}
+
 void OpenEditor(DocumentWindow& window, int row, int column) {
     txtListView_LostFocus(window);
     if (row > window.ListView1.Count())
         return; // the commit of another cell took the row away
     const controls::ListItem& item = window.ListView1.Item(row);
-    const QString text = item.Sub[static_cast<std::size_t>(column - 1)];
+    const QString text = column == 0 ? item.Text : item.Sub[static_cast<std::size_t>(column - 1)];
     ListOf(window).mbIsEditValue = true;
     ListOf(window).msListEditKey = item.Key;
     window.txtListView.Tag = QString::number(column);
     SetListViewComboBox(window, row, column);
     SelectOnlyRow(window, row);
     window.txtListView.SetText(text);
+    FillOffers(window, item, column);
     window.txtListView.SetVisible(true);
     window.cmdPop.SetVisible(true);
     window.txtListView.SetFocus();
@@ -103,6 +122,18 @@ void ShowListViewTextBox(DocumentWindow& window, double left, double top) {
 
 void EditListViewAttribute(DocumentWindow& window) {
     OpenColumn(window, 1);
+}
+
+void EditListViewElementName(DocumentWindow& window) {
+    const int row = window.ListView1.SelectedItem();
+    if (edit::Shows(window, edit::kListTab) && IsReport(window) && row > 0)
+        OpenEditor(window, row, 0);
+}
+
+void ChooseOffered(DocumentWindow& window, const QString& text) {
+    window.txtListView.SetText(text);
+    window.txtListView.Select(0, text.size());
+    txtListView_Change(window);
 }
 
 void txtListView_GotFocus(DocumentWindow& window) {

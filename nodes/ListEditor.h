@@ -11,6 +11,11 @@ void EditListViewAttribute(DocumentWindow& window);
 /// that have no way back into the tree stay closed.
 void ShowListViewTextBox(DocumentWindow& window, double left, double top);
 
+/// Opens it on the name of the current row's element, to choose from those that can stand for it.
+void EditListViewElementName(DocumentWindow& window);
+/// One of the texts that the open editor offers has been chosen: it is in the editor from now on.
+void ChooseOffered(DocumentWindow& window, const QString& text);
+
 void txtListView_GotFocus(DocumentWindow& window);
 /// `key` becomes 0 when it is used up.
 void txtListView_KeyDown(DocumentWindow& window, int& key, int modifiers);

@@ -4,6 +4,7 @@
 #include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
 #include "core/model/Attributes.h"
+#include "nodes/ListEditor.h"
 #include "nodes/ListRows.h"
 #include "nodes/ListState.h"
 
@@ -59,6 +60,15 @@ bool RenameRow(DocumentWindow& window, int row, QString& name) {
     return RenameElement(window, item.Key, name);
 }
 
+// A name that others can stand for isn't typed: it is chosen.
+bool ChooseNameInstead(DocumentWindow& window) {
+    const QString name = window.ListView1.Item(window.ListView1.SelectedItem()).Text;
+    if (NamesOffered(window, name).isEmpty())
+        return false;
+    edit::Then(window, [&window] { EditListViewElementName(window); });
+    return true;
+}
+
 QString NameProbe(DocumentWindow& window, const controls::ListItem& item, const QString& name) {
     if (item.SmallIcon != m_tvXML::kAttribute)
         return m_tvXML::NodeNameProbe(name);
@@ -78,6 +88,8 @@ void ListView1_BeforeLabelEdit(DocumentWindow& window, bool& cancel) {
     // The caption of a CDATA section is the list's own word and not a name.
     cancel = cancel || kind == m_tvXML::kText || kind == m_tvXML::kComment || kind == m_tvXML::kInstruction ||
              kind == m_tvXML::kCData;
+    if (kind == m_tvXML::kElement && !cancel)
+        cancel = ChooseNameInstead(window);
     if (kind != m_tvXML::kAttribute ||
         IsCarried(window, window.ListView1.Item(window.ListView1.SelectedItem())))
         return;

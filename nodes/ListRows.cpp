@@ -55,6 +55,10 @@ QStringList AttributesOffered(DocumentWindow& window, controls::TreeNode element
                                          : QStringList();
 }
 
+QStringList NamesOffered(DocumentWindow& window, const QString& elementName) {
+    return window.kind.namesOffered ? window.kind.namesOffered(window, elementName) : QStringList();
+}
+
 bool IsCarried(DocumentWindow& window, const controls::ListItem& item) {
     const controls::TreeNode element = NodeOfRow(window, item);
     return element && m_tvXML::Attributes(element).contains(item.Text);

@@ -22,6 +22,8 @@ int GetAnyNonAttibuteItemAtListView(DocumentWindow& window);
 /// Names of the attributes for which the list has rows whether the element carries them or not, in the order
 /// of the rows.
 QStringList AttributesOffered(DocumentWindow& window, controls::TreeNode element);
+/// The names from which an element's is chosen; empty for one with a name of its own.
+QStringList NamesOffered(DocumentWindow& window, const QString& elementName);
 /// Whether an attribute's row is about one that its element carries.
 bool IsCarried(DocumentWindow& window, const controls::ListItem& item);
 /// Makes a row the current one and the only one that is selected; 0: none is.

@@ -11,6 +11,9 @@ namespace nodes {
 struct ListState {
     bool mbIsEditValue = false; ///< a cell is being edited
     QString msListEditKey;      ///< key of the row of that cell
+    // What the editor of a cell offers to choose from; empty lists where it takes plain text.
+    controls::ComboBox cmbValue; ///< values of an attribute
+    controls::ComboBox cmbLVSAC; ///< names of an element that can be switched
     // Where the list was scrolled to when the editor was laid over it, and the place that the editor comes
     // back to from out of sight; in twips.
     int miListFirstVisible = 1;

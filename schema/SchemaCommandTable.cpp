@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "schema/SchemaCommandTable.h"
+#include "schema/BindSchema.h"
+#include "schema/Diagnostics.h"
 #include "schema/Extensions.h"
 #include "schema/InsertElements.h"
 #include "schema/InsertMenu.h"
@@ -19,7 +21,29 @@ bool OffersOracle(const Target& target) {
     return target.offersOracle;
 }
 
+bool HasDiagnostics(const Target& target) {
+    return target.hasDiagnostics;
+}
+
+void ChooseAndApplySchema(DocumentWindow& window) {
+    ApplySchema(window);
+}
+
+// clang-format off
+//                           none tree   list   text   table  other
+//                               root node sel none sel none sel none
+constexpr char kOnFaults[] = "D  k k  k k  k k  k k  k";
+// clang-format on
+
 constexpr edit::Command kCommands[] = {
+    {.offer = {.entries = {{"mnuGotoSchema"}}, .in = In::XMLWindow}, .forms = {{0, ShowSchema}}},
+    {.offer = {.entries = {{"mnuApplySchema"}}, .in = In::XMLWindow}, .forms = {{0, ChooseAndApplySchema}}},
+    {.offer = {.entries = {{"mnuNextDiagnostic", HasDiagnostics}}, .offered = kOnFaults},
+     .forms = {{0, NextDiagnostic}},
+     .before = edit::Before::EndsEdits},
+    {.offer = {.entries = {{"mnuPreviousDiagnostic", HasDiagnostics}}, .offered = kOnFaults},
+     .forms = {{0, PreviousDiagnostic}},
+     .before = edit::Before::EndsEdits},
     {.offer = {.entries = {{.name = "mnuSEnaMsSQL", .checked = OffersMsSql}}, .in = In::SchemaWindow},
      .forms = {{0, ToggleMSSQL}}},
     {.offer = {.entries = {{.name = "mnuSEnaOra", .checked = OffersOracle}}, .in = In::SchemaWindow},

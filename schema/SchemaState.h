@@ -10,6 +10,7 @@ struct SchemaState {
     QString msPrefix;            ///< of the schema's element names, without colon; may be empty
     bool mbEnabledMsSQL = false; ///< the annotation attributes of the extension are offered
     bool mbEnabledOracle = false;
+    bool checking = false; ///< a check is under way that the user asked for
 };
 
 SchemaState& SchemaOf(DocumentWindow& window);

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "schema/SchemaView.h"
+#include "schema/BindSchema.h"
 
 namespace schema {
 
 namespace {
 
+// It is looked for when it is looked at: opening a document fetches nothing else.
 void Show(DocumentWindow& window) {
+    if (window.txtSchema.Text().isEmpty())
+        ShowSchemaOrDTD(window);
     window.txtSchema.SetFocus();
 }
 

@@ -138,7 +138,7 @@ constexpr FrameCommand kCommands[] = {
     {{{{"mnuHelpContents"}, {"mnuShowonlinehelp"}}, {}, kAlways}},
     {{{{"mnuTImpText"}, {"mnuTImpDbData"}, {"mnuSCds"}}, {}, kAlways}},
     {{{{"mnuTExpToText"}, {"mnuTExpToDb"}}, {}, nullptr, In::XMLWindow}},
-    {{{{"mnuGotoSchema"}, {"mnuGenSchema"}, {"mnuApplySchema"}}, {}, nullptr, In::XMLWindow}},
+    {{{{"mnuGenSchema"}}, {}, nullptr, In::XMLWindow}},
     {{{{"mnuTCDBSOnSchema"}, {"mnuTHtmlToXml2"}}, {}, kNever}},
 };
 static_assert(edit::AreComplete(kCommands));

@@ -3,6 +3,7 @@
 #include "core/edit/CopySlot.h"
 #include "core/model/NodeNumbers.h"
 #include "nodes/ListState.h"
+#include "schema/Diagnostics.h"
 #include "schema/SchemaState.h"
 #include "textview/TextState.h"
 
@@ -41,6 +42,7 @@ edit::Target TargetOf(DocumentWindow& window, MenuSituation situation) {
     target.canUndo = text.UndoPos > 0;
     target.canRedo = text.UndoPos < std::ssize(text.undoStack);
     target.view = edit::miCurrentView(window);
+    target.hasDiagnostics = schema::DiagnosticsOf(window).lvDiagnostics.Count() > 0;
     if (!window.kind.schema)
         return target;
     if (target.kind == m_tvXML::kElement)

@@ -3,8 +3,10 @@
 #include "core/model/DomToTree.h"
 #include "integration/BrowserView.h"
 #include "nodes/ListView.h"
+#include "schema/CheckSchema.h"
 #include "schema/SchemaTree.h"
 #include "schema/SchemaView.h"
+#include "schema/ValueLists.h"
 #include "schema/Vocabulary.h"
 #include "table/TableView.h"
 #include "textview/TextView.h"
@@ -30,7 +32,8 @@ const WindowKind& XMLKind() {
                                  .views = {&nodes::ListView(), &textview::TextView(), &table::TableView(),
                                            &integration::BrowserView(), &schema::SchemaView()},
                                  .newTree = NewTree,
-                                 .fillTree = FillTree};
+                                 .fillTree = FillTree,
+                                 .check = schema::CheckDocument};
     return kind;
 }
 
@@ -43,7 +46,11 @@ const WindowKind& SchemaKind() {
                                            &table::TableView(), &integration::BrowserView()},
                                  .newTree = schema::AddTreeRootS,
                                  .fillTree = schema::SXMLToTree,
-                                 .attributesOffered = schema::AttributesOffered};
+                                 .textRead = schema::CheckAfterReading,
+                                 .attributesOffered = schema::AttributesOffered,
+                                 .valuesOffered = schema::ValuesOffered,
+                                 .namesOffered = schema::NamesOffered,
+                                 .check = schema::CheckDocument};
     return kind;
 }
 

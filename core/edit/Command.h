@@ -21,8 +21,9 @@ struct Target {
     bool hasLevelAbove = false;    ///< the tree's current node isn't the tree root
     bool hasRootElement = false;   ///< the document
     bool canPaste = false, canUndo = false, canRedo = false;
-    int view = kViewTree;   ///< on show
-    bool editsCell = false; ///< the editor of a cell is open
+    int view = kViewTree;        ///< on show
+    bool editsCell = false;      ///< the editor of a cell is open
+    bool hasDiagnostics = false; ///< the last check has found something
     // In a window that designs schemas:
     QString elementName;                            ///< local name of that node, if it is an element
     bool offersMsSql = false, offersOracle = false; ///< the extensions that are enabled

@@ -2,6 +2,7 @@
 #pragma once
 #include <QString>
 #include <QStringList>
+#include <optional>
 #include <vector>
 
 struct DocumentWindow;
@@ -30,7 +31,11 @@ struct WindowKind {
     void (*textRead)(DocumentWindow& window) = nullptr;
     /// Names of the attributes that the list offers for an element by its name, carried or not.
     QStringList (*attributesOffered)(DocumentWindow& window, const QString& elementName) = nullptr;
-    /// The checks that follow once the text is known to be well-formed. True for a document that passes; else
-    /// the user has been told.
-    bool (*check)(DocumentWindow& window) = nullptr;
+    /// The values from which an attribute's is chosen in the list; nothing for one that takes plain text.
+    std::optional<QStringList> (*valuesOffered)(DocumentWindow& window, const QString& attribute) = nullptr;
+    /// The names from which an element's is chosen in the list; empty for one that has a name of its own.
+    QStringList (*namesOffered)(DocumentWindow& window, const QString& elementName) = nullptr;
+    /// What follows the check of a text's form, which the user asked for and has been told of. True for a
+    /// document that passes this as well; else the user has been told.
+    bool (*check)(DocumentWindow& window, bool wellFormed) = nullptr;
 };

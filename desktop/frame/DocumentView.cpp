@@ -6,6 +6,7 @@
 #include "desktop/bind/TabAdapter.h"
 #include "desktop/frame/BrowserAdapter.h"
 #include "desktop/frame/DocumentDragging.h"
+#include "desktop/nodes/DiagnosticsPane.h"
 #include "desktop/nodes/ListAdapter.h"
 #include "desktop/nodes/ListEditing.h"
 #include "desktop/nodes/TreeAdapter.h"
@@ -45,6 +46,7 @@ private:
     TreeAdapter tree_;
     ListAdapter list_;
     ListEditing cells_;
+    DiagnosticsPane diagnostics_;
     TextAdapter text_, text2_;
     LineAdapter path_;
     BrowserAdapter browser_;
@@ -55,9 +57,9 @@ private:
 DocumentView::Bond::Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int width)
     : window_(window), ui_(ui), tree_(window.tvXML, *ui.tvXML, nullptr),
       list_(window.ListView1, {*ui.listview, *ui.ListView1, *ui.ListView1Icons}, nullptr),
-      cells_(window, *ui.ListView1), text_(window.rtxtXML, *ui.rtxtXML, nullptr),
-      text2_(window.rtxtXML2, *ui.rtxtXML2, nullptr), path_(window.txtXPath, *ui.txtXPath, nullptr),
-      browser_(window.IE, *ui.browserview, nullptr),
+      cells_(window, *ui.ListView1), diagnostics_(window, *ui.lvDiagnostics),
+      text_(window.rtxtXML, *ui.rtxtXML, nullptr), text2_(window.rtxtXML2, *ui.rtxtXML2, nullptr),
+      path_(window.txtXPath, *ui.txtXPath, nullptr), browser_(window.IE, *ui.browserview, nullptr),
       tabs_(window.tbsXML, *ui.tbsXML, *ui.pages, PagesOf(ui), nullptr), dragging_(window, ui) {
     ConnectSplitters(width);
     ConnectSchema();
@@ -145,6 +147,8 @@ std::vector<QWidget*> DocumentView::Panes() const {
         panes.insert(panes.end(), {ui_->rtxtXML, ui_->rtxtXML2});
     else
         panes.push_back(Page());
+    if (!ui_->lvDiagnostics->isHidden())
+        panes.push_back(ui_->lvDiagnostics);
     return panes;
 }
 
