@@ -62,6 +62,7 @@ void Windows::FillForm(DocumentWindow& window, const FetchedText& text) {
     edit::FillWindow(window, text);
     formAdded(&window);
     app_.frame().StatusBar1().SetPanel(2, {});
+    edit::ExpandRoot(window);
     Activate(window);
     opening.Close();
 }
@@ -170,13 +171,21 @@ void Windows::ActivateForm(DocumentWindow* window) {
 }
 
 void Windows::NextWindow() {
+    Turn(&WindowList::SendFrontToBack);
+}
+
+void Windows::PreviousWindow() {
+    Turn(&WindowList::BringBackToFront);
+}
+
+void Windows::Turn(void (WindowList::*turn)()) {
     if (list_.Count() < 2) {
         if (DocumentWindow* active = ActiveForm())
             ShowForm(*active);
         return;
     }
     LeaveActiveForm();
-    list_.SendFrontToBack();
+    (list_.*turn)();
     AnnounceActive();
 }
 

@@ -17,9 +17,6 @@ namespace {
 using controls::TreeNode;
 using text::LongText;
 
-// Units of a text that is parsed after each change of the tree.
-constexpr qsizetype kTriedAtOnce = 4'000'000;
-
 // --- text to tree ------------------------------------------------------------------------------------------
 
 // A window without a document gets the default tree. That is no change of the user's that the text lacks.
