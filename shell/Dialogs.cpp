@@ -25,7 +25,7 @@ void Dialogs::ShowFind() {
 
 void Dialogs::ShowEditNodes(DocumentWindow& window) {
     if (!editNodes_)
-        editNodes_ = std::make_unique<frmEditNodes>(app_);
+        editNodes_ = std::make_unique<nodes::frmEditNodes>(app_);
     if (editNodes_->Form_Load(window))
         editNodesShown(*editNodes_);
 }

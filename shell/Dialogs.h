@@ -3,7 +3,9 @@
 #include "core/model/DocumentWindow.h"
 #include <memory>
 
+namespace nodes {
 class frmEditNodes;
+}
 class frmFind;
 class frmOptions;
 
@@ -27,12 +29,12 @@ public:
 
     controls::Event<frmOptions&> optionsShown;
     controls::Event<frmFind&> findShown;
-    controls::Event<frmEditNodes&> editNodesShown;
+    controls::Event<nodes::frmEditNodes&> editNodesShown;
 
 private:
     Application& app_;
     std::unique_ptr<frmFind> find_;
-    std::unique_ptr<frmEditNodes> editNodes_;
+    std::unique_ptr<nodes::frmEditNodes> editNodes_;
 };
 
 } // namespace shell
