@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/Transaction.h"
+#include "core/edit/FileOnDisk.h"
 #include "core/edit/NodePath.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/View.h"
@@ -89,18 +90,22 @@ void FollowText(DocumentWindow& window) {
     RefreshPath(window);
 }
 
+void End(DocumentWindow& window, int& level) {
+    --level;
+    ShowUnsaved(window);
+    window.app.frame().RefreshMenu();
+}
+
 /// What comes behind the text, and the end of it all.
 void Follow(DocumentWindow& window, int& level) {
     try {
         FollowText(window);
     } catch (...) { // text and history have the edit: taking the nodes back alone would part them
         PendingOf(window).after.clear();
-        --level;
-        window.app.frame().RefreshMenu();
+        End(window, level);
         throw;
     }
-    --level;
-    window.app.frame().RefreshMenu();
+    End(window, level);
 }
 
 } // namespace

@@ -70,8 +70,8 @@ std::optional<QString> Take(Application& app, const Check& check, const QString&
     TellQuietly(app, result);
     const QString shown = escaped->size() > kShown ? escaped->left(kShown) + QStringLiteral("...") : *escaped;
     const services::Answer answer = app.services.prompts.MsgBox(
-        Reason(app, result) + QStringLiteral("\r\n\r\nShall it be written as this?\r\n") + shown,
-        Buttons::YesNo, Icon::Critical, check.title);
+        Reason(app, result) + QStringLiteral("\r\n\r\nShall it be written as this?"), Buttons::YesNo,
+        Icon::Critical, check.title, shown);
     if (answer != services::Answer::Yes)
         return {};
     Tell(app, ProbeResult(), Tone::Quiet);
