@@ -74,6 +74,7 @@ void FillWindow(DocumentWindow& window, const FetchedText& fetched) {
     } else {
         window.way->begin(window, fetched);
         const text::LongText& text = window.way->text(window);
+        window.fileForm.openedText = text;
         if (!text.holdsOnly(u" \t\r\n"))
             window.bond.msOpenText = text;
     }
