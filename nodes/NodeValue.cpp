@@ -46,6 +46,12 @@ bool ValidateValue(Application& app, int kind, TreeNode node, const QString& val
         return edit::ValidateNodeAttributeValue(app, value, node.Text(), attribute);
     case m_tvXML::kText:
         return edit::ValidateNodeText(app, value, OwnerName(node));
+    case m_tvXML::kCData: // what is written anew leaves the section out, and the value with it
+        app.services.prompts.MsgBox(
+            QStringLiteral("A CDATA section can only be changed in the text view: the text that is written "
+                           "from the tree leaves it out."),
+            services::Buttons::Ok, services::Icon::Exclamation);
+        return false;
     default: {
         const QString probe = ValueProbe(kind, node, value, attribute);
         return probe.isEmpty() || edit::PassesProbe(app, probe);

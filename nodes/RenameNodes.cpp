@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/RenameNodes.h"
-#include "core/edit/Guard.h"
+#include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
 #include "core/model/NodeKind.h"
 #include "nodes/DocumentName.h"
@@ -39,9 +39,12 @@ void tvXMLAfterLabelEdit(DocumentWindow& window, TreeNode node, bool& cancel, QS
         if (m_tvXML::IsTreeRoot(node)) {
             cancel = !ChangeTreeRootText(window, newString);
             newString = node.Text();
-        } else if (!edit::ValidateNodeName(window.app, newString)) {
-            newString = QStringLiteral("Unnamed"); // quirk 1
+            return;
         }
+        if (!edit::ValidateNodeName(window.app, newString))
+            newString = QStringLiteral("Unnamed"); // quirk 1
+        // The control writes the name itself, before the edit that follows it.
+        cancel = newString != node.Text() && !edit::MayChangeNodes(window);
     });
 }
 

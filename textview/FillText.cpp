@@ -2,9 +2,11 @@
 #include "textview/FillText.h"
 #include "platform/text/TextTools.h"
 #include "textview/Colour.h"
+#include "textview/ColourRtf.h"
 #include "textview/TextState.h"
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <tuple>
 
 namespace textview {
 
@@ -12,6 +14,19 @@ namespace {
 
 controls::RichTextBox& OtherPane(DocumentWindow& window) {
     return window.brtxtXML2Focus ? window.rtxtXML : window.rtxtXML2;
+}
+
+// Where blanks stand in `shown` that aren't in `plain`.
+std::vector<qsizetype> BlanksPutIn(const QString& plain, const QString& shown) {
+    std::vector<qsizetype> blanks;
+    const QChar* rest = plain.cbegin();
+    for (const QChar* at = shown.cbegin(); at != shown.cend(); ++at) {
+        std::tie(rest, at) = std::mismatch(rest, plain.cend(), at, shown.cend());
+        if (at == shown.cend())
+            break;
+        blanks.push_back(at - shown.cbegin());
+    }
+    return blanks;
 }
 
 } // namespace
@@ -45,14 +60,23 @@ void SetRichText(DocumentWindow& window, const text::LongText& text) {
     SetTreeXMLColor(window);
 }
 
+// The blanks that colouring shows behind the openers of comments are no part of the document.
 void SetTreeXMLColor(DocumentWindow& window) {
-    setRichTextXMLColor(window.app, window.TextInUse(), StateOf(window).miTextSizeLevel);
-    OtherPane(window).SetContent(window.TextInUse().Content());
+    controls::RichTextBox& pane = window.TextInUse();
+    const text::LongText plain = pane.Plain();
+    std::vector<qsizetype> fillers = pane.Fillers();
+    setRichTextXMLColor(window.app, pane, StateOf(window).miTextSizeLevel);
+    if (StateOf(window).miTextSizeLevel < kNoColours)
+        fillers = pane.Long().size() == plain.size() ? std::vector<qsizetype>()
+                                                     : BlanksPutIn(plain.toString(), pane.Text());
+    pane.SetFillers(std::move(fillers));
+    OtherPane(window).SetContent(pane.Content());
 }
 
 void TakeColours(controls::RichTextBox& pane, const controls::RichTextBox& from) {
     if (pane.Runs() != from.Runs())
         pane.SetColours(0, pane.Long().size(), from.Runs());
+    pane.SetFillers(from.Fillers());
 }
 
 // Coloured aside: in the pane each character would be selected for a moment, and be shown.

@@ -50,7 +50,7 @@ void ChangeText(DocumentWindow& window, const text::LongText& newText, const con
     record.OldRTF = std::make_shared<const controls::RichContent>(oldRTF);
     record.NewRTF = std::make_shared<const controls::RichContent>(WriteInPlace(window, newText));
     // Colouring may bring the text back to what it was: that is no step.
-    if (record.NewRTF->text == oldRTF.text)
+    if (record.NewRTF->text == oldRTF.text && record.NewRTF->fillers == oldRTF.fillers)
         return;
     state.undoStack.push_back(std::move(record));
     ++state.UndoPos;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/ReplaceHits.h"
 #include "core/model/Frame.h"
+#include "platform/controls/ColourRuns.h"
 #include "textview/FillText.h"
 #include "textview/TextState.h"
 #include <QScopedValueRollback>
@@ -32,7 +33,7 @@ QString WithReplacements(const text::LongText& text, const std::vector<qsizetype
 
 // One step for each hit, in the order of the hits; a hit further down moves by the ones above it that were
 // replaced before.
-void RecordSteps(DocumentWindow& window, const text::LongText& text, const std::vector<qsizetype>& hits,
+void RecordSteps(DocumentWindow& window, const RichContent& before, const std::vector<qsizetype>& hits,
                  qsizetype length, const QString& replacement) {
     TextState& state = StateOf(window);
     auto& stack = state.undoStack;
@@ -42,12 +43,13 @@ void RecordSteps(DocumentWindow& window, const text::LongText& text, const std::
     QString same; // most hits are one text, which is then held once
     qsizetype shift = 0;
     for (const qsizetype hit : hits) {
-        if (const QString found = text.mid(hit, length); found != same)
+        if (const QString found = before.text.mid(hit, length); found != same)
             same = found;
         UndoRecord& record = stack.emplace_back();
         record.DelPos = record.InsPos = hit + shift;
         record.DelText = same;
         record.InsText = replacement;
+        record.DelFillers = controls::FillersOf(before.fillers, hit, length);
         shift += down ? replacement.size() - length : 0;
     }
     state.UndoPos = static_cast<int>(stack.size());
@@ -168,7 +170,8 @@ qsizetype ReplaceHits(DocumentWindow& window, RichTextBox& target, const std::ve
     TextState& state = StateOf(window);
     state.miTextSizeLevel = GetTextSizeLevel(after.text.size());
     after.runs = Recolouring(window.app, target, replacement).Runs(places, length, hits == places);
-    RecordSteps(window, before, hits, length, replacement);
+    after.fillers = controls::MovedFillers(target.Fillers(), places, length, replacement.size());
+    RecordSteps(window, target.Content(), hits, length, replacement);
     {
         const QScopedValueRollback ownWriting(state.bControlChange, true);
         target.SetContent(after);

@@ -19,11 +19,12 @@ constexpr qsizetype kJumpBeyond = 800;
 
 void BuildTreeFromText(DocumentWindow& window) {
     const PaneSelections selections(window);
-    const text::LongText text = window.TextInUse().Long();
-    const long number = m_tvXML::GetNodeNumByTextPosition(text, window.TextInUse().SelStart());
+    const controls::RichTextBox& pane = window.TextInUse();
+    const text::LongText text = pane.Plain();
+    const long number = m_tvXML::GetNodeNumByTextPosition(pane.Long(), pane.SelStart());
     const bool good = XMLToTree(window, text, number).good();
     // Whether it parsed or not: leaving the same bad text again is quiet.
-    if (window.TextInUse().Long() == text)
+    if (pane.Plain() == text)
         window.bond.msLastParsedText = text;
     if (good)
         selections.restore();
@@ -37,7 +38,7 @@ void LeaveTextView(DocumentWindow& window) try {
     if (!window.bond.bTextChanged())
         return;
     BringPanesTogether(window);
-    if (window.TextInUse().Long() == window.bond.msLastParsedText)
+    if (window.TextInUse().Plain() == window.bond.msLastParsedText)
         window.bond.move(BondMove::TextTakenBack);
     else
         BuildTreeFromText(window);
@@ -50,7 +51,7 @@ void LeaveTextView(DocumentWindow& window) try {
 bool ReadEditedText(DocumentWindow& window) {
     if (!window.bond.bTextChanged())
         return true;
-    const bool told = window.TextInUse().Long() == window.bond.msLastParsedText; // of this very text, before
+    const bool told = window.TextInUse().Plain() == window.bond.msLastParsedText; // of this very text, before
     LeaveTextView(window);
     return told || !window.bond.refused();
 }

@@ -27,6 +27,7 @@ struct Side {
     qsizetype position;
     const QString& text;
     std::vector<controls::ColourRun>& colours;
+    const std::vector<qsizetype>& fillers;
 };
 
 // A text that was loaded past the history may lack what the step would take away: other text must not go in
@@ -38,12 +39,14 @@ void Exchange(Application& app, RichTextBox& pane, const Side& take, const Side&
         take.colours = controls::RunsOf(pane.Runs(), take.position, take.text.size());
     RDelete(pane, take.position, take.text);
     RInsert(app, pane, put.position, put.text, put.colours);
+    pane.AddFillers(put.position, put.fillers);
 }
 
 void ApplyToText(DocumentWindow& window, UndoRecord& record, Way way) {
     const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
-    const Side deleted{record.DelPos, record.DelText, record.DelColours},
-        inserted{record.InsPos, record.InsText, record.InsColours};
+    static const std::vector<qsizetype> none;
+    const Side deleted{record.DelPos, record.DelText, record.DelColours, record.DelFillers},
+        inserted{record.InsPos, record.InsText, record.InsColours, none};
     for (RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2}) {
         if (record.WholeText)
             pane->SetContent(way == Way::Back ? *record.OldRTF : *record.NewRTF);
@@ -69,9 +72,9 @@ void StepInText(DocumentWindow& window, Way way) {
 // A text on the way between two states that parse often doesn't: the status bar tells, a box at each step
 // would not be wanted.
 mXMLEdit::Parsed BuildTree(DocumentWindow& window) {
-    const text::LongText text = window.TextInUse().Long();
-    mXMLEdit::Parsed parsed = XMLToTree(window, text, 0, edit::Tone::Quiet);
-    window.bond.msLastParsedText = window.TextInUse().Long();
+    const text::LongText text = window.TextInUse().Plain();
+    mXMLEdit::Parsed parsed = XMLToTree(window, text, 0, Afterwards::KeepText, edit::Tone::Quiet);
+    window.bond.msLastParsedText = window.TextInUse().Plain();
     return parsed;
 }
 

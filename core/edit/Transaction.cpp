@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/Transaction.h"
 #include "core/edit/NodePath.h"
+#include "core/edit/Rewriting.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/View.h"
 #include "core/model/Frame.h"
@@ -32,6 +33,10 @@ void WriteText(DocumentWindow& window) {
     const bool unnamedToo = std::exchange(PendingOf(window).unnamedToo, false);
     if (window.way && window.bond.bTreeChanged() && (unnamedToo || !IsAddingNewNode(window)))
         window.way->write(window);
+}
+
+bool HasChangedNodes(const DocumentWindow& window) {
+    return window.bond.bTreeChanged() || window.tvXML.Revision() != window.bond.treeRevision;
 }
 
 void RefreshView(DocumentWindow& window) {
@@ -86,7 +91,7 @@ void Transaction::TakeBack() {
 }
 
 // What follows may change nodes itself, such as a refused name that becomes "Unnamed": it follows once more.
-void Transaction::Follow() {
+void Transaction::FollowRounds() {
     constexpr int kRounds = 4;
     RefreshView(window_);
     for (int round = 1; round < kRounds && !IsSettled(window_); ++round) {
@@ -94,6 +99,17 @@ void Transaction::Follow() {
         RefreshView(window_);
     }
     RefreshPath(window_);
+}
+
+void Transaction::Follow() {
+    try {
+        FollowRounds();
+    } catch (...) { // text and history have the edit: taking the nodes back alone would part them
+        PendingOf(window_).after.clear();
+        End();
+        throw;
+    }
+    End();
 }
 
 void Transaction::End() {
@@ -109,15 +125,19 @@ void Transaction::Close() {
         --pending.depth;
         return;
     }
-    WriteText(window_);
-    try {
-        Follow();
-    } catch (...) { // text and history have the edit: taking the nodes back alone would part them
+    if (HasChangedNodes(window_) && !MayChangeNodes(window_)) {
+        TakeBack();
         pending.after.clear();
-        End();
-        throw;
+        pending.unnamedToo = false;
+        Follow();
+        throw text::Fault(text::kFaultDeclined, {});
     }
-    End();
+    WriteText(window_);
+    Follow();
+}
+
+bool MayChangeNodes(DocumentWindow& window) {
+    return !window.way || MayRewrite(window, window.bond.losses, EditOf::Tree);
 }
 
 void Then(DocumentWindow& window, std::function<void()> act) {

@@ -62,6 +62,7 @@ void RichTextBox::SetContent(const RichContent& content) {
     const bool wasSelected = selLength_ > 0, caretMoves = selStart_ != 0 || wasSelected;
     text_ = content.text;
     runs_ = content.runs;
+    SetFillers(content.fillers);
     wholeKnown_ = wholeKnown_ && !textDiffers;
     if (!wholeKnown_)
         whole_.clear();
@@ -150,6 +151,7 @@ void RichTextBox::Replace(qsizetype at, qsizetype removed, const QString& piece)
     wholeKnown_ = false;
     whole_.clear();
     ShiftRuns(runs_, at, removed, piece.size());
+    ShiftFillers(at, removed, piece.size());
     selStart_ = at + piece.size();
     selLength_ = 0;
 }
@@ -188,7 +190,8 @@ void RichTextBox::SetSelText(const QString& text) {
     SelChange(true);
 }
 
-void RichTextBox::SetSelContent(const QString& text, std::vector<ColourRun> runs) {
+void RichTextBox::SetSelContent(const QString& text, std::vector<ColourRun> runs,
+                                const std::vector<qsizetype>& fillers) {
     const QString piece = text::ToCrLf(text);
     if (piece.size() != text.size())
         FitRuns(runs, text);
@@ -197,6 +200,7 @@ void RichTextBox::SetSelContent(const QString& text, std::vector<ColourRun> runs
     TakeWholeLineEnds(at, removed);
     Replace(at, removed, piece);
     Paint(at, piece.size(), runs);
+    AddFillers(at, fillers);
     TellReplaced(at, removed, piece, wasSelected);
 }
 

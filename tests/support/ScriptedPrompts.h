@@ -37,6 +37,9 @@ public:
     /// Answers for the next boxes, in order; one each, also for a box with OK alone.
     void Answer(std::initializer_list<services::Answer> answers);
     void Answer(services::Answer answer) { Answer({answer}); }
+    /// Answers for the next questions whether a document may be written anew although that drops content, in
+    /// order; OK where there is none. These boxes are kept apart, in `rewritings`.
+    void AnswerRewriting(std::initializer_list<services::Answer> answers);
     /// Names for the next file dialogs, in order; an empty name cancels.
     void Choose(const QString& fileName) { fileNames_.push_back(fileName); }
     /// Choices for the next colour and font dialogs, in order; nothing cancels.
@@ -51,6 +54,7 @@ public:
 
     // --- looking back ----------------------------------------------------------------------------------
     std::vector<Box> boxes;
+    std::vector<Box> rewritings;
     std::vector<FileDialog> dialogs;
     std::vector<std::uint32_t> colourDialogs;      ///< what each showed as chosen
     std::vector<services::FontChoice> fontDialogs; ///< the same
@@ -69,7 +73,8 @@ public:
 
 private:
     QString NextName(const FileDialog& dialog);
-    std::deque<services::Answer> answers_;
+    services::Answer NextRewriting(const Box& box);
+    std::deque<services::Answer> answers_, rewritingAnswers_;
     std::deque<QString> fileNames_;
     std::deque<std::optional<std::uint32_t>> colours_;
     std::deque<std::optional<services::FontChoice>> fonts_;
