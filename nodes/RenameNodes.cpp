@@ -3,7 +3,9 @@
 #include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
 #include "core/model/NodeKind.h"
+#include "nodes/Adding.h"
 #include "nodes/DocumentName.h"
+#include "platform/text/TextTools.h"
 
 namespace nodes {
 
@@ -38,13 +40,34 @@ void tvXMLAfterLabelEdit(DocumentWindow& window, TreeNode node, bool& cancel, QS
     edit::Guarded(window, "tvXML_AfterLabelEdit", [&] {
         if (m_tvXML::IsTreeRoot(node)) {
             cancel = !ChangeTreeRootText(window, newString);
+            if (cancel && text::Trim(newString).size() > 1) // it was worth a word
+                window.tvXML.KeepLabelEdit();
             newString = node.Text();
             return;
         }
-        if (!edit::ValidateNodeName(window.app, newString))
+        if (!edit::ValidateNodeName(window.app, newString)) {
+            if (!newString.isEmpty())
+                window.tvXML.KeepLabelEdit();      // quirk 61
             newString = QStringLiteral("Unnamed"); // quirk 1
+        }
         // The control writes the name itself, before the edit that follows it.
         cancel = newString != node.Text() && !edit::MayChangeNodes(window);
+    });
+}
+
+void tvXML_LabelEdited(DocumentWindow& window) {
+    edit::Run(window, "tvXML_LabelEdited", [&] {
+        if (!window.tvXML.LabelKept())
+            EndAdding(window);
+    });
+}
+
+void tvXML_LabelGivenUp(DocumentWindow& window, TreeNode node) {
+    edit::Run(window, "tvXML_LabelGivenUp", [&] {
+        if (node && IsAdding(window, node.Key()))
+            TakeBackAdding(window);
+        else
+            EndAdding(window);
     });
 }
 

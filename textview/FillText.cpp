@@ -3,6 +3,7 @@
 #include "platform/text/TextTools.h"
 #include "textview/Colour.h"
 #include "textview/ColourRtf.h"
+#include "textview/KeptPlaces.h"
 #include "textview/TextState.h"
 #include <QScopedValueRollback>
 #include <algorithm>
@@ -32,21 +33,40 @@ std::vector<qsizetype> BlanksPutIn(const QString& plain, const QString& shown) {
 } // namespace
 
 PaneSelections::PaneSelections(DocumentWindow& window)
-    : first_{window.rtxtXML, window.rtxtXML.SelStart(), window.rtxtXML.SelLength()},
-      second_{window.rtxtXML2, window.rtxtXML2.SelStart(), window.rtxtXML2.SelLength()} {}
+    : first_{window.rtxtXML, SelectionOf(window.rtxtXML)}, second_{window.rtxtXML2,
+                                                                   SelectionOf(window.rtxtXML2)} {}
 
 void PaneSelections::restore() const {
-    for (const Selection& one : {first_, second_}) {
-        one.pane.SetSelStart(one.start);
-        one.pane.SetSelLength(one.length);
-    }
+    for (const auto& [pane, selection] : {first_, second_})
+        Select(pane, selection);
+}
+
+Selection SelectionOf(const controls::RichTextBox& pane) {
+    return {pane.SelStart(), pane.SelLength(), pane.IsMark()};
+}
+
+void Select(controls::RichTextBox& pane, const Selection& selection) {
+    if (selection.mark)
+        return pane.Mark(selection.start, selection.length);
+    pane.SetSelStart(selection.start);
+    pane.SetSelLength(selection.length);
+}
+
+void SetContentInPlace(DocumentWindow& window, const controls::RichContent& content) {
+    const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
+    controls::RichTextBox &pane = window.TextInUse(), &other = OtherPane(window);
+    const controls::PlaceMap where = KeptPlaces(pane.Long(), content.text);
+    const bool same = other.Long() == pane.Long();
+    other.SetContent(content, same ? where : KeptPlaces(other.Long(), content.text));
+    pane.SetContent(content, where);
 }
 
 void BringPanesTogether(DocumentWindow& window) {
     if (OtherPane(window).Long() == window.TextInUse().Long())
         return;
     const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
-    OtherPane(window).SetContent(window.TextInUse().Content());
+    OtherPane(window).SetContent(window.TextInUse().Content(),
+                                 KeptPlaces(OtherPane(window).Long(), window.TextInUse().Long()));
 }
 
 void SetRichText(DocumentWindow& window, const QString& text) {
@@ -60,17 +80,18 @@ void SetRichText(DocumentWindow& window, const text::LongText& text) {
     SetTreeXMLColor(window);
 }
 
-// The blanks that colouring shows behind the openers of comments are no part of the document.
-void SetTreeXMLColor(DocumentWindow& window) {
-    controls::RichTextBox& pane = window.TextInUse();
+void ColourWhole(Application& app, controls::RichTextBox& pane, int level) {
     const text::LongText plain = pane.Plain();
-    std::vector<qsizetype> fillers = pane.Fillers();
-    setRichTextXMLColor(window.app, pane, StateOf(window).miTextSizeLevel);
-    if (StateOf(window).miTextSizeLevel < kNoColours)
-        fillers = pane.Long().size() == plain.size() ? std::vector<qsizetype>()
-                                                     : BlanksPutIn(plain.toString(), pane.Text());
-    pane.SetFillers(std::move(fillers));
-    OtherPane(window).SetContent(pane.Content());
+    if (level >= kNoColours)
+        return;
+    setRichTextXMLColor(app, pane, level);
+    const bool same = pane.Long().size() == plain.size();
+    pane.SetFillers(same ? std::vector<qsizetype>() : BlanksPutIn(plain.toString(), pane.Text()));
+}
+
+void SetTreeXMLColor(DocumentWindow& window) {
+    ColourWhole(window.app, window.TextInUse(), StateOf(window).miTextSizeLevel);
+    OtherPane(window).SetContent(window.TextInUse().Content());
 }
 
 void TakeColours(controls::RichTextBox& pane, const controls::RichTextBox& from) {

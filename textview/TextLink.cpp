@@ -6,6 +6,7 @@
 #include "core/model/NodePlaces.h"
 #include "textview/FillText.h"
 #include "textview/TreeText.h"
+#include "textview/Undo.h"
 
 namespace textview {
 
@@ -18,16 +19,12 @@ using controls::TreeNode;
 constexpr qsizetype kJumpBeyond = 800;
 
 void BuildTreeFromText(DocumentWindow& window) {
-    const PaneSelections selections(window);
     const controls::RichTextBox& pane = window.TextInUse();
     const text::LongText text = pane.Plain();
-    const long number = m_tvXML::GetNodeNumByTextPosition(pane.Long(), pane.SelStart());
-    const bool good = XMLToTree(window, text, number).good();
+    XMLToTree(window, text, m_tvXML::GetNodeNumByTextPosition(pane.Long(), pane.SelStart()));
     // Whether it parsed or not: leaving the same bad text again is quiet.
     if (pane.Plain() == text)
         window.bond.msLastParsedText = text;
-    if (good)
-        selections.restore();
 }
 
 } // namespace
@@ -37,6 +34,8 @@ void LeaveTextView(DocumentWindow& window) try {
     // (quirk 18).
     if (!window.bond.bTextChanged())
         return;
+    if (window.tmText.Enabled())
+        return FollowSteps(window);
     BringPanesTogether(window);
     if (window.TextInUse().Plain() == window.bond.msLastParsedText)
         window.bond.move(BondMove::TextTakenBack);
@@ -74,8 +73,7 @@ void NavToNodeRelatedText(DocumentWindow& window) {
         const qsizetype place =
             m_tvXML::GetTextPositionByNodeNum(target.Long(), m_tvXML::GetBeforeNodeNumber(window.app, node));
         target.SetSelStart(place + kJumpBeyond);
-        target.SetSelStart(std::abs(place - 1));
-        target.SetSelLength(1);
+        target.Mark(std::abs(place - 1), 1);
         edit::ShowCursorPosition(window);
     });
 }

@@ -23,14 +23,24 @@ void ForgetDocument(DocumentWindow& window) {
     window.bond.rewriting = Rewriting::Unasked;
 }
 
-// A window that merely comes to the front keeps its text (quirk 17), and opening a document doesn't write it
-// anew, whichever view shows.
+// The tree from a text that the panes have, which isn't written anew, whichever view shows (quirk 43).
+void ReadFetched(DocumentWindow& window, const FetchedText& fetched) {
+    XMLToTree(window, fetched, 0, Afterwards::KeepText);
+    window.bond.msLastParsedText = Text(window);
+}
+
+// A window that merely comes to the front keeps its text (quirk 17).
 void Begin(DocumentWindow& window, const FetchedText& fetched) {
     ForgetDocument(window);
     SetRichText(window, fetched.text);
-    XMLToTree(window, fetched, 0, Afterwards::KeepText);
-    window.bond.msLastParsedText = Text(window);
+    ReadFetched(window, fetched);
     BeginHistory(window);
+}
+
+void Renew(DocumentWindow& window, const FetchedText& fetched) {
+    ForgetDocument(window);
+    ChangeText(window, fetched.text, window.TextInUse().Content());
+    ReadFetched(window, fetched);
 }
 
 void BeginFromTree(DocumentWindow& window) {
@@ -57,6 +67,7 @@ void Replace(DocumentWindow& window, const QString& text) {
 const edit::TextWay& WrittenAnew() {
     static constexpr edit::TextWay way{.text = Text,
                                        .begin = Begin,
+                                       .renew = Renew,
                                        .beginFromTree = BeginFromTree,
                                        .read = ReadEditedText,
                                        .write = TreeChangeTextView,

@@ -18,9 +18,6 @@ namespace {
 using controls::TreeNode;
 using text::LongText;
 
-// Units of a text that is parsed after each change of the tree.
-constexpr qsizetype kTriedAtOnce = 4'000'000;
-
 // --- text to tree ------------------------------------------------------------------------------------------
 
 // A window without a document gets the default tree. That is no change of the user's that the text lacks.
@@ -106,6 +103,11 @@ mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long 
 
 // --- tree to text ------------------------------------------------------------------------------------------
 
+// A new document begins without a root element: that is no error to tell the user of (quirk 45).
+bool IsJustBegun(const DocumentWindow& window) {
+    return window.bond.msOpenText.isEmpty() && !m_tvXML::HaveElementNodeAtXMLRootLevel(window.tvXML);
+}
+
 void WriteTreeAsText(DocumentWindow& window) {
     controls::RichTextBox& target = window.TextInUse();
     if (window.tvXML.Nodes.Count() < 2) {
@@ -115,7 +117,7 @@ void WriteTreeAsText(DocumentWindow& window) {
                                                            QStringLiteral("\t"), target.Long());
         // The text is tried even where it will be taken anyway: status panel and last parse error tell how it
         // stands. With a large one that would hold up each command for a second or more: saving tries it.
-        window.bond.untried = xml.size() > kTriedAtOnce;
+        window.bond.untried = xml.size() > kTriedAtOnce || IsJustBegun(window);
         const bool valid = !window.bond.untried && edit::ValidateXML(window.app, xml, edit::Tone::Quiet);
         if ((valid || !xml.holdsOnly(u" ")) && !(target.Plain() == xml))
             ChangeText(window, xml, target.Content());

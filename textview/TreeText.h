@@ -7,6 +7,9 @@
 // Text to tree and tree to text.
 namespace textview {
 
+/// Units of a text that is parsed at each change of tree or text; a larger one when there is time.
+inline constexpr qsizetype kTriedAtOnce = 4'000'000;
+
 /// What becomes of the text once the tree is built from it.
 enum class Afterwards {
     WriteAnew, ///< the text view shows the tree's own form of it where it is on show, unless the user

@@ -31,11 +31,11 @@ QStringList Named(const xml::Losses& losses) {
     return lines;
 }
 
-QString Question(const DocumentWindow& window, const xml::Losses& losses, EditOf edited) {
-    return QStringLiteral("%1\r\n\r\nThe text of this document is now written anew from the tree, which can "
-                          "not hold all of it. This goes:\r\n\r\n%2\r\n\r\nOK goes on, here and with all "
-                          "that is done to this document later. %3")
-        .arg(window.Caption, Named(losses).join(QStringLiteral("\r\n")),
+QString Question(const xml::Losses& losses, EditOf edited) {
+    return QStringLiteral("The text of this document is now written anew from the tree, which can "
+                          "not hold all of it. This goes:\r\n\r\n%1\r\n\r\nOK goes on, here and with all "
+                          "that is done to this document later. %2")
+        .arg(Named(losses).join(QStringLiteral("\r\n")),
              edited == EditOf::Text ? QStringLiteral("Cancel keeps the text as it was typed.")
                                     : QStringLiteral("Cancel takes the change back."));
 }
@@ -43,9 +43,9 @@ QString Question(const DocumentWindow& window, const xml::Losses& losses, EditOf
 // A third answer, the text as it is written for good, would be one more button here and one more standing of
 // the document's.
 bool Agrees(DocumentWindow& window, const xml::Losses& losses, EditOf edited) {
-    return window.app.services.prompts.MsgBox(Question(window, losses, edited), services::Buttons::OkCancel,
-                                              services::Icon::Exclamation,
-                                              RewritingTitle()) == services::Answer::Ok;
+    return window.app.services.prompts.MsgBox(Question(losses, edited), services::Buttons::OkCancel,
+                                              services::Icon::Exclamation, RewritingTitle(),
+                                              window.Caption) == services::Answer::Ok;
 }
 
 } // namespace
