@@ -62,6 +62,7 @@ void Windows::FillForm(DocumentWindow& window, const FetchedText& text) {
     edit::FillWindow(window, text);
     formAdded(&window);
     app_.frame().StatusBar1().SetPanel(2, {});
+    edit::ExpandRoot(window);
     Activate(window);
     opening.Close();
 }
@@ -173,6 +174,14 @@ void Windows::ActivateForm(DocumentWindow* window) {
 }
 
 void Windows::NextWindow() {
+    Turn(&WindowList::SendFrontToBack);
+}
+
+void Windows::PreviousWindow() {
+    Turn(&WindowList::BringBackToFront);
+}
+
+void Windows::Turn(void (WindowList::*turn)()) {
     if (list_.Count() < 2) {
         if (DocumentWindow* active = ActiveForm())
             ShowForm(*active);
@@ -180,7 +189,7 @@ void Windows::NextWindow() {
     }
     if (!LeaveActiveForm())
         return;
-    list_.SendFrontToBack();
+    (list_.*turn)();
     AnnounceActive();
 }
 

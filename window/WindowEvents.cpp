@@ -54,7 +54,9 @@ void Form_Load(DocumentWindow& window) {
 void Form_Activate(DocumentWindow& window) {
     edit::Run(window, "Form_Activate", [&] {
         SetVSplitPosition(window, window.msngVSplit);
-        edit::ExpandRoot(window);
+        // A window that comes back is as it was left, with its current node (quirk 48).
+        if (!window.tvXML.SelectedItem())
+            edit::ExpandRoot(window);
         if (window.tvXML.Nodes.Count() > 0) {
             window.app.CurrentFileName = window.tvXML.Nodes(1).Text();
             window.SetCaption(window.app.CurrentFileName);

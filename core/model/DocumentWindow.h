@@ -46,7 +46,8 @@ struct DocumentWindow {
     controls::CommandButton cmdPop; ///< beside txtListView
     controls::Timer tmList{100};    ///< txtListView follows the scrolling of the list
     controls::RichTextBox rtxtXML, rtxtXML2;
-    controls::TabStrip tbsXML; ///< tells which view shows
+    controls::Timer tmText{400}; ///< a large document's tree follows undo and redo when the keys rest
+    controls::TabStrip tbsXML;   ///< tells which view shows
     controls::TextBox txtXPath;
     controls::TextBox txtSchema;
     controls::WebBrowser IE;

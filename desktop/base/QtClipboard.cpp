@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/base/QtClipboard.h"
+#include "platform/text/TextTools.h"
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -18,7 +19,8 @@ void QtClipboard::Clear() {
 void QtClipboard::SetText(const QString& text) {
     QString plain = text;
 #ifndef Q_OS_WIN
-    plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    plain =
+        text::WithReplacements(text, text::PlacesOf(QStringLiteral("\r\n"), text), 2, QStringLiteral("\n"));
 #endif
     QGuiApplication::clipboard()->setText(plain);
 }

@@ -23,6 +23,7 @@ public:
     void Detach();
     /// Gives the focus to the tree, or to the text when its tab is shown.
     void FocusFirst();
+    void FocusAgain(); ///< to what had it last, if nothing here has it
     /// The parts that F6 walks through, in order.
     std::vector<QWidget*> Panes() const;
 

@@ -23,7 +23,7 @@ template <typename Act> QStringList WarningsOf(Act act) {
 
 TEST(BindControls, EveryControlOfADialogHasItsWidgetAndEveryWidgetItsControl) {
     test::TestApp t;
-    frmFind find(t.app());
+    textview::frmFind find(t.app());
     frmOptions options(t.app());
     nodes::frmEditNodes nodes(t.app());
     const QStringList told = WarningsOf([&] {
