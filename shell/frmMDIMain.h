@@ -51,6 +51,7 @@ public:
     void NewSXMLFile(const FetchedText& text, const QString& fileName) override;
     /// Command line, address box, recent files, dropped files.
     void OpenNamed(const QString& name) { parts_.windows.OpenNamed(name); }
+    DocumentWindow* FormNamed(const QString& name) override { return parts_.windows.FormNamed(name); }
     bool HaveSameNameForm(const QString& name, bool bringToFront) override;
     /// The user (or a command) brings a window to the front. Runs Form_Activate when it wasn't active.
     void ActivateForm(DocumentWindow* window) override { parts_.windows.ActivateForm(window); }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/WindowEvents.h"
+#include "core/edit/FileOnDisk.h"
 #include "core/edit/FollowPath.h"
 #include "core/edit/Save.h"
 #include "core/edit/Tabs.h"
@@ -35,6 +36,12 @@ void Form_Load(DocumentWindow& window) {
     // What is being typed in a label or a cell goes in before another view shows.
     window.tbsXML.BeforeClick.connect([&window](bool&) { nodes::FinishEdits(window); });
     edit::LoadViews(window);
+    for (controls::RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2}) {
+        pane->Change.connect([&window] {
+            if (window.bLoaded) // typed: an edit of nodes shows it at its end
+                edit::ShowUnsaved(window);
+        });
+    }
     nodes::ConnectTree(window);
     nodes::ConnectDragging(window);
     window.txtXPath.KeyUp.connect([&window](int key, int) {

@@ -2,6 +2,7 @@
 #include "core/edit/Journal.h"
 #include "core/edit/JournalRecords.h"
 #include "core/edit/Report.h"
+#include "core/model/FileNames.h"
 #include <QElapsedTimer>
 #include <algorithm>
 #include <new>
@@ -28,6 +29,12 @@ bool IsOvergrown(const services::JournalFile& file, const LongText& text) {
 LongText FirstText(const DocumentWindow& window) {
     const text::LineEnds& ends = window.fileForm.lineEnds;
     return ends.each.empty() ? window.TextInUse().Long() : ends.loadedText;
+}
+
+bool IsInItsFile(Application& app, const JournalReader& reader) {
+    QByteArray bytes;
+    return mXMLEdit::IsLocalPath(reader.head.name) && app.services.files.Read(reader.head.name, bytes) &&
+           text::Decode(bytes).text == reader.text;
 }
 
 bool Never() {
@@ -67,6 +74,11 @@ void Journal::Forget(DocumentWindow& window) {
         Remove(*entry);
         entry->saved = window.TextInUse().Long();
     }
+}
+
+void Journal::Keep(DocumentWindow& window) {
+    if (Entry* entry = EntryOf(window))
+        entry->saved.reset();
 }
 
 // One that wasn't forgotten holds what isn't saved, such as a text that couldn't be written to its file.
@@ -218,7 +230,9 @@ std::vector<Orphan> Journal::Orphans() {
     for (auto& file : store_->Orphans()) {
         JournalReader reader;
         const FileResult result = file->Read([&](const QByteArray& record) { return reader.take(record); });
-        if (reader.hasText())
+        if (reader.hasText() && IsInItsFile(app_, reader))
+            file->Remove(); // the run ended between saving and this
+        else if (reader.hasText())
             orphans.push_back({reader.head.name, reader.head.kind, file->Time(), reader.text,
                                reader.head.form, std::move(file)});
         else if (result && !reader.isForeign())
@@ -239,8 +253,8 @@ FetchedText Journal::TakeBack(const Orphan& orphan) {
 void Journal::Adopt(DocumentWindow& window, Orphan orphan) {
     window.bond.msOpenText = {};
     Watch(window);
+    Keep(window);
     if (Entry* entry = EntryOf(window)) {
-        entry->saved.reset();
         entry->file = std::move(orphan.file);
         entry->name = orphan.name;
         entry->written = orphan.text;

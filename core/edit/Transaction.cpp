@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/Transaction.h"
+#include "core/edit/FileOnDisk.h"
 #include "core/edit/NodePath.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/View.h"
@@ -99,6 +100,7 @@ void Transaction::Follow() {
 void Transaction::End() {
     open_ = false;
     --PendingOf(window_).depth;
+    ShowUnsaved(window_);
     window_.app.frame().RefreshMenu();
 }
 

@@ -12,7 +12,7 @@
 //   1. the text, if nodes changed: written from the tree, one step of its history;
 //   2. the view on show, and what a command does in it (Then);
 //   3. the path of the current node;
-//   4. menus and toolbars.
+//   4. menus and toolbars, and whether the document is shown as unsaved.
 // A fault inside an edit takes back what that edit did to the nodes: tree, text and history are as they were.
 // A fault of a view, once the text is written, takes nothing back.
 namespace edit {

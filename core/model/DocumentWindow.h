@@ -52,12 +52,17 @@ struct DocumentWindow {
     controls::TextBox txtSchema;
     controls::WebBrowser IE;
     controls::Pane pctText, pctTableView, chtAna, pctLHSplit, pctSplitText;
-    controls::Event<> captionChanged;
+    controls::Event<> captionChanged; ///< it is shown otherwise now
 
     // --- the document -----------------------------------------------------------------------------------
     QString Caption; ///< file path or address; equals the tree root's key. Set through SetCaption
     QString Tag;     ///< the same; the frame finds a window by it
     void SetCaption(const QString& name);
+    /// The caption as the user sees it: an asterisk stands before that of a document with unsaved changes.
+    QString ShownCaption() const { return ShownAs(Caption); }
+    QString ShownAs(const QString& name) const { return bUnsaved ? u'*' + name : name; }
+    bool bUnsaved = false; ///< the file doesn't hold the document as it is. Set through SetUnsaved
+    void SetUnsaved(bool unsaved);
     text::FileForm fileForm; ///< how the document's file writes its text
     Bond bond;               ///< how tree and text stand to each other
 

@@ -46,7 +46,10 @@ public:
     virtual void NewXMLFile(const FetchedText& text, const QString& fileName) = 0;
     virtual void NewSXMLFile(const FetchedText& text, const QString& fileName) = 0;
 
-    /// Whether a window bears this name, exactly as it is spelled; brings it to the front if asked.
+    /// The window with the document of a name: one that bears it, else one whose file it means in another
+    /// spelling; null without one.
+    virtual DocumentWindow* FormNamed(const QString& name) = 0;
+    /// Whether there is one; brings it to the front if asked.
     virtual bool HaveSameNameForm(const QString& name, bool bringToFront) = 0;
 
     /// Menus and toolbars of the active window as it stands. Costs next to nothing where nothing has changed

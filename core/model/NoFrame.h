@@ -15,6 +15,7 @@ public:
     void ErrorReportBox(const text::Fault&, const QString&) override {}
     void NewXMLFile(const FetchedText&, const QString&) override {}
     void NewSXMLFile(const FetchedText&, const QString&) override {}
+    DocumentWindow* FormNamed(const QString&) override { return nullptr; }
     bool HaveSameNameForm(const QString&, bool) override { return false; }
     void RefreshMenu() override {}
     void DisableMenu() override {}

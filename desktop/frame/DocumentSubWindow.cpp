@@ -27,7 +27,8 @@ DocumentSubWindow::DocumentSubWindow(DocumentWindow& window)
 void DocumentSubWindow::ShowCaption() {
     if (!window_)
         return;
-    QString title = OneLineName(isMinimized() ? mXMLEdit::GetFSFileName(window_->Caption) : window_->Caption);
+    const QString& name = window_->Caption;
+    QString title = OneLineName(window_->ShownAs(isMinimized() ? mXMLEdit::GetFSFileName(name) : name));
     // "[*]" means something else to a title.
     setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }

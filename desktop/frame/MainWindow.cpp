@@ -12,6 +12,7 @@
 #include "desktop/frame/MenuAdapter.h"
 #include "desktop/frame/StatusAdapter.h"
 #include "desktop/frame/ToolbarAdapter.h"
+#include "desktop/frame/WindowMenu.h"
 #include "ui_frmMDIMain.h"
 #include <QApplication>
 #include <QClipboard>
@@ -69,6 +70,7 @@ MainWindow::~MainWindow() {
 void MainWindow::MakeBars() {
     auto* menus = new MenuAdapter(this);
     popup_ = menus->Fill(frame_.Menus, *ui_->MenuBar);
+    new WindowMenu(frame_, *ui_->MenuBar->findChild<QMenu*>(QStringLiteral("mnuWindow")), this);
     for (const auto& toolbar : frame_.Toolbars) {
         auto* bar = new QToolBar(this);
         bar->setIconSize(QSize(16, 16));

@@ -69,7 +69,7 @@ def main():
         person.keys("ctrl+w")
         person.window("Vantrel")
         person.keys("Escape")
-        person.window(rf"Vantrel - \[{other}\]")
+        person.window(rf"Vantrel - \[\*{other}\]")
         person.keys("alt+f", "x")
         wait_for("the program's end", lambda: program.poll() is not None)
         assert program.returncode == 0, f"ended with {program.returncode}"
