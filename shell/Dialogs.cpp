@@ -37,7 +37,7 @@ void Dialogs::FindNext(bool up) {
 
 void Dialogs::ShowEditNodes(DocumentWindow& window) {
     if (!editNodes_)
-        editNodes_ = std::make_unique<frmEditNodes>(app_);
+        editNodes_ = std::make_unique<nodes::frmEditNodes>(app_);
     if (editNodes_->Form_Load(window))
         editNodesShown(*editNodes_);
 }

@@ -3,7 +3,9 @@
 #include "core/model/DocumentWindow.h"
 #include <memory>
 
+namespace nodes {
 class frmEditNodes;
+}
 class frmOptions;
 namespace textview {
 class frmFind;
@@ -30,14 +32,14 @@ public:
 
     controls::Event<frmOptions&> optionsShown;
     controls::Event<textview::frmFind&> findShown;
-    controls::Event<frmEditNodes&> editNodesShown;
+    controls::Event<nodes::frmEditNodes&> editNodesShown;
 
 private:
     textview::frmFind& Find();
 
     Application& app_;
     std::unique_ptr<textview::frmFind> find_;
-    std::unique_ptr<frmEditNodes> editNodes_;
+    std::unique_ptr<nodes::frmEditNodes> editNodes_;
 };
 
 } // namespace shell

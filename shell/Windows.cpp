@@ -214,7 +214,7 @@ void Windows::Forget(DocumentWindow& window) {
 // A Cancel keeps the window, and the loop comes back to it (quirk 12).
 void Windows::CloseAll() {
     while (DocumentWindow* window = ActiveForm()) {
-        if (!dialogs_.NodeInHandIsWritten(*window))
+        if (!nodes::FinishEdits(*window) || !dialogs_.NodeInHandIsWritten(*window))
             return;
         CloseForm(window);
     }

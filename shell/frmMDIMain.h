@@ -75,7 +75,7 @@ public:
     /// Show a dialog beside the documents, or bring it to the front, until textview::frmFind::unloaded.
     controls::Event<textview::frmFind&>& findShown = parts_.dialogs.findShown;
     /// Likewise, until frmEditNodes::unloaded.
-    controls::Event<frmEditNodes&>& editNodesShown = parts_.dialogs.editNodesShown;
+    controls::Event<nodes::frmEditNodes&>& editNodesShown = parts_.dialogs.editNodesShown;
 
     // --- commands -----------------------------------------------------------------------------------------
     void ErrorReportBox(const text::Fault& fault, const QString& routineName) override;

@@ -34,7 +34,8 @@ void FileName(DocumentWindow& window) {
 void Form_Load(DocumentWindow& window) {
     window.way = &textview::WrittenAnew();
     // What is being typed in a label or a cell goes in before another view shows.
-    window.tbsXML.BeforeClick.connect([&window](bool&) { nodes::FinishEdits(window); });
+    window.tbsXML.BeforeClick.connect(
+        [&window](bool& cancel) { cancel = cancel || !nodes::FinishEdits(window); });
     edit::LoadViews(window);
     for (controls::RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2}) {
         pane->Change.connect([&window] {
@@ -74,7 +75,8 @@ bool Form_Unload(DocumentWindow& window) {
     });
     if (window.app.frame().FormCount() <= 1)
         window.app.frame().DisableMenu();
-    nodes::FinishEdits(window);
+    if (!nodes::FinishEdits(window))
+        return false;
     edit::SaveXMLFile(window, false, false);
     if (window.bCancelSave)
         return false;

@@ -7,6 +7,11 @@
 
 namespace desktop {
 
+QtClipboard::QtClipboard() {
+    QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &listener_,
+                     [this] { hasXml_.reset(); });
+}
+
 void QtClipboard::Clear() {
     QGuiApplication::clipboard()->clear();
 }
@@ -27,6 +32,12 @@ bool QtClipboard::HasText() {
 
 QString QtClipboard::GetText() {
     return QGuiApplication::clipboard()->text();
+}
+
+bool QtClipboard::HasXml() {
+    if (!hasXml_)
+        hasXml_ = HasText() && BeginsLikeXml(GetText());
+    return *hasXml_;
 }
 
 } // namespace desktop

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/frame/DocumentView.h"
+#include "core/model/Frame.h"
 #include "desktop/base/Listen.h"
+#include "desktop/base/ReasonBeside.h"
 #include "desktop/base/Twips.h"
 #include "desktop/bind/LineAdapter.h"
 #include "desktop/bind/TabAdapter.h"
@@ -103,6 +105,7 @@ DocumentView::DocumentView(DocumentWindow& window, QWidget* parent)
     ui_->setupUi(this);
     setObjectName(window.kind.Name);
     bond_ = std::make_unique<Bond>(window, *ui_, width());
+    reason_ = std::make_unique<ReasonBeside>(window.app.frame().StatusBar1(), *this);
     ConnectContextMenus();
     new TreeTip(*ui_->tvXML, window.app.options);
 }

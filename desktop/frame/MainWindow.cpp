@@ -166,7 +166,7 @@ void MainWindow::FollowFrame() {
 
 void MainWindow::FollowDialogs() {
     Listen(frame_.optionsShown, this, [this](frmOptions& options) { OptionsDialog(options, this).exec(); });
-    Listen(frame_.editNodesShown, this, [this](frmEditNodes& form) {
+    Listen(frame_.editNodesShown, this, [this](nodes::frmEditNodes& form) {
         if (!editNodes_)
             editNodes_ = new EditNodesDialog(form, this);
         editNodes_->ShowForm();

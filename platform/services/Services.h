@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -165,6 +166,16 @@ public:
     virtual QString GetText() = 0; ///< empty when it holds no text
     /// Whether it holds text, without fetching what another program may hold ready of it.
     virtual bool HasText() { return !GetText().isEmpty(); }
+    /// Whether its text begins like XML. Asked for often.
+    virtual bool HasXml() { return BeginsLikeXml(GetText()); }
+
+protected:
+    static bool BeginsLikeXml(const QString& text) {
+        const auto first = std::find_if(text.begin(), text.end(), [](QChar one) {
+            return !one.isSpace() && one != QChar::ByteOrderMark;
+        });
+        return first != text.end() && *first == QLatin1Char('<');
+    }
 };
 
 /// Tells when files may have changed.

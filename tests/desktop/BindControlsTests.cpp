@@ -25,7 +25,7 @@ TEST(BindControls, EveryControlOfADialogHasItsWidgetAndEveryWidgetItsControl) {
     test::TestApp t;
     textview::frmFind find(t.app());
     frmOptions options(t.app());
-    frmEditNodes nodes(t.app());
+    nodes::frmEditNodes nodes(t.app());
     const QStringList told = WarningsOf([&] {
         const desktop::FindDialog findDialog(find, nullptr);
         const desktop::OptionsDialog optionsDialog(options, nullptr);
