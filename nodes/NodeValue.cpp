@@ -46,6 +46,12 @@ std::optional<QString> TakeValue(Application& app, int kind, TreeNode node, cons
         return edit::TakeNodeAttributeValue(app, value, node.Text(), attribute);
     case m_tvXML::kText:
         return edit::TakeNodeText(app, value, OwnerName(node));
+    case m_tvXML::kCData: // what is written anew leaves the section out, and the value with it
+        app.services.prompts.MsgBox(
+            QStringLiteral("A CDATA section can only be changed in the text view: the text that is written "
+                           "from the tree leaves it out."),
+            services::Buttons::Ok, services::Icon::Exclamation);
+        return {};
     default: {
         const QString probe = ValueProbe(kind, node, value, attribute);
         return probe.isEmpty() || edit::PassesProbe(app, probe) ? std::optional(value) : std::nullopt;

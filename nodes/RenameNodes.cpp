@@ -43,11 +43,15 @@ void tvXMLAfterLabelEdit(DocumentWindow& window, TreeNode node, bool& cancel, QS
             if (cancel && text::Trim(newString).size() > 1) // it was worth a word
                 window.tvXML.KeepLabelEdit();
             newString = node.Text();
-        } else if (!edit::ValidateNodeName(window.app, newString)) {
+            return;
+        }
+        if (!edit::ValidateNodeName(window.app, newString)) {
             if (!newString.isEmpty())
                 window.tvXML.KeepLabelEdit();      // quirk 61
             newString = QStringLiteral("Unnamed"); // quirk 1
         }
+        // The control writes the name itself, before the edit that follows it.
+        cancel = newString != node.Text() && !edit::MayChangeNodes(window);
     });
 }
 

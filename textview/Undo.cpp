@@ -28,6 +28,7 @@ struct Side {
     qsizetype position;
     const QString& text;
     std::vector<controls::ColourRun>& colours;
+    const std::vector<qsizetype>& fillers;
 };
 
 // A text that was loaded past the history may lack what the step would take away: other text must not go in
@@ -39,6 +40,7 @@ void Exchange(Application& app, RichTextBox& pane, const Side& take, const Side&
         take.colours = controls::RunsOf(pane.Runs(), take.position, take.text.size());
     RDelete(pane, take.position, take.text);
     RInsert(app, pane, put.position, put.text, put.colours);
+    pane.AddFillers(put.position, put.fillers);
     pane.SetSelStart(pane.SelStart() + pane.SelLength());
 }
 
@@ -59,8 +61,9 @@ void ApplyToText(DocumentWindow& window, UndoRecord& record, Way way) {
     if (record.WholeText)
         return SetContentInPlace(window, way == Way::Back ? *record.OldRTF : *record.NewRTF);
     const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
-    const Side deleted{record.DelPos, record.DelText, record.DelColours},
-        inserted{record.InsPos, record.InsText, record.InsColours};
+    static const std::vector<qsizetype> none;
+    const Side deleted{record.DelPos, record.DelText, record.DelColours, record.DelFillers},
+        inserted{record.InsPos, record.InsText, record.InsColours, none};
     for (RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2}) {
         const auto exchange = pane == &window.TextInUse() ? Exchange : ExchangeInPlace;
         if (way == Way::Back)
@@ -85,9 +88,9 @@ void StepInText(DocumentWindow& window, Way way) {
 // A text on the way between two states that parse often doesn't: the status bar tells, a box at each step
 // would not be wanted.
 mXMLEdit::Parsed BuildTree(DocumentWindow& window) {
-    const text::LongText text = window.TextInUse().Long();
-    mXMLEdit::Parsed parsed = XMLToTree(window, text, 0, edit::Tone::Quiet);
-    window.bond.msLastParsedText = window.TextInUse().Long();
+    const text::LongText text = window.TextInUse().Plain();
+    mXMLEdit::Parsed parsed = XMLToTree(window, text, 0, Afterwards::KeepText, edit::Tone::Quiet);
+    window.bond.msLastParsedText = text;
     return parsed;
 }
 
@@ -115,7 +118,7 @@ void KeepCurrentNode(DocumentWindow& window, const xml::ParsedDocument& document
 }
 
 void Follow(DocumentWindow& window) {
-    if (window.TextInUse().Long() == window.bond.msLastParsedText)
+    if (window.TextInUse().Plain() == window.bond.msLastParsedText)
         return window.bond.move(BondMove::TextTakenBack);
     const PaneSelections selections(window);
     const mXMLEdit::Parsed parsed = BuildTree(window);

@@ -14,7 +14,7 @@ DOCUMENT = """<?xml version="1.0" encoding="UTF-8"?>
 
 EDITED = """<?xml version="1.0" encoding="UTF-8"?>
 <order number="7">
-<!-- by hand-->
+<!--by hand-->
 \t<customer>文具の山田</customer>
 \t<article sku="PN-014"></article>
 \t<note></note>urgent</order>"""
