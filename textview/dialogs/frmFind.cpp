@@ -1,9 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/dialogs/frmFind.h"
-<<<<<<< ours
-#include "core/edit/Guard.h"
-=======
->>>>>>> theirs
 #include "core/edit/Transaction.h"
 #include "core/edit/View.h"
 #include "core/model/Frame.h"
