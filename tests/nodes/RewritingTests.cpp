@@ -82,6 +82,8 @@ TEST_F(RewritingTest, AnEditOfNodesThatIsDeclinedIsTakenBackWhole) {
              ASSERT_TRUE(dialog);
              dialog->txtNodeText.UserTyped(QStringLiteral("Kaffee"));
              dialog->cmdOk.Click();
+             EXPECT_EQ(dialog->txtNodeText.Text(), QStringLiteral("Kaffee")) << "it stays as it was typed";
+             dialog->cmdCancel.Click();
          }},
     };
     std::size_t asked = 0;
