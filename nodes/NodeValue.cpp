@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/NodeValue.h"
+#include "core/edit/Report.h"
 #include "core/edit/Validate.h"
 #include "core/model/NodeContent.h"
 #include "nodes/NewNode.h"
@@ -14,6 +15,15 @@ using controls::TreeNode;
 QString OwnerName(TreeNode node) {
     const TreeNode owner = node.Parent();
     return owner && !m_tvXML::IsTreeRoot(owner) ? owner.Text() : QString();
+}
+
+// What is written anew leaves the section out, and a new value with it.
+void SaySectionStays(Application& app) {
+    const QString reason =
+        QStringLiteral("A CDATA section can only be changed in the text view: the text that is written from "
+                       "the tree leaves it out.");
+    edit::Message(app, reason);
+    app.services.prompts.MsgBox(reason, services::Buttons::Ok, services::Icon::Exclamation);
 }
 
 } // namespace
@@ -46,11 +56,8 @@ std::optional<QString> TakeValue(Application& app, int kind, TreeNode node, cons
         return edit::TakeNodeAttributeValue(app, value, node.Text(), attribute);
     case m_tvXML::kText:
         return edit::TakeNodeText(app, value, OwnerName(node));
-    case m_tvXML::kCData: // what is written anew leaves the section out, and the value with it
-        app.services.prompts.MsgBox(
-            QStringLiteral("A CDATA section can only be changed in the text view: the text that is written "
-                           "from the tree leaves it out."),
-            services::Buttons::Ok, services::Icon::Exclamation);
+    case m_tvXML::kCData:
+        SaySectionStays(app);
         return {};
     default: {
         const QString probe = ValueProbe(kind, node, value, attribute);

@@ -13,10 +13,10 @@ constexpr char kLossy[] = "<!DOCTYPE order>\n<order id=\"7\">\n<item>Tee</item> 
                           "<!--x--><note><![CDATA[a < b]]></note>\n</order>\n";
 
 struct RewritingTest : test::ListDesk {
-    frmEditNodes* dialog = nullptr;
+    nodes::frmEditNodes* dialog = nullptr;
 
     void SetUp() override {
-        t.frame().editNodesShown.connect([this](frmEditNodes& form) { dialog = &form; });
+        t.frame().editNodesShown.connect([this](nodes::frmEditNodes& form) { dialog = &form; });
         Open(kLossy, QStringLiteral("order.xml"));
     }
     std::size_t Asked() { return t.prompts.rewritings.size(); }
