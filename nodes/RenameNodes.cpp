@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/RenameNodes.h"
+#include "core/edit/Report.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
+#include "core/model/Frame.h"
 #include "core/model/NodeKind.h"
 #include "nodes/Adding.h"
 #include "nodes/DocumentName.h"
@@ -55,11 +57,16 @@ void tvXMLAfterLabelEdit(DocumentWindow& window, TreeNode node, bool& cancel, QS
     });
 }
 
+// The text with the name in place of a wrong one parses, and the complaint would be gone.
 void tvXML_LabelEdited(DocumentWindow& window) {
+    const QString complaint = window.app.frame().StatusBar1().Panel(1);
+    const bool kept = window.tvXML.LabelKept();
     edit::Run(window, "tvXML_LabelEdited", [&] {
-        if (!window.tvXML.LabelKept())
+        if (!kept)
             EndAdding(window);
     });
+    if (kept)
+        edit::Message(window.app, complaint);
 }
 
 void tvXML_LabelGivenUp(DocumentWindow& window, TreeNode node) {

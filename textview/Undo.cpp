@@ -12,6 +12,7 @@
 #include "textview/TreeText.h"
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <vector>
 
 namespace textview {
 
@@ -106,13 +107,37 @@ QString PathInHand(DocumentWindow& window) {
     return lost ? state.lostPath : text::Trim(window.txtXPath.Text());
 }
 
-// The node that was current stays so. Where the step took it away, its path is kept for the step that brings
-// it back.
-void KeepCurrentNode(DocumentWindow& window, const xml::ParsedDocument& document, const QString& path) {
+/// Where a node stands, by the rows on the way down to it.
+using Rows = std::vector<int>;
+
+Rows RowsOf(controls::TreeNode node) {
+    Rows rows;
+    for (; node && node.Parent(); node = node.Parent())
+        rows.push_back(node.Row());
+    std::reverse(rows.begin(), rows.end());
+    return rows;
+}
+
+// The node there, else what stands in its place: the last one of the family, or the parent.
+controls::TreeNode NodeAt(const controls::TreeView& tree, const Rows& rows) {
+    controls::TreeNode node = tree.Nodes.Count() > 0 ? tree.Nodes(1) : controls::TreeNode();
+    for (const int row : rows) {
+        if (node.Children() == 0)
+            break;
+        node = tree.ChildAt(node, std::min(row, node.Children() - 1));
+    }
+    return node;
+}
+
+// The node that was current stays so. Where the step took it away, or gave it another name, what stands in
+// its place is current, and its path is kept for the step that brings it back.
+void KeepCurrentNode(DocumentWindow& window, const xml::ParsedDocument& document, const QString& path,
+                     const Rows& rows) {
     TextState& state = StateOf(window);
     state.placeTakenBy.clear();
     if (path.isEmpty() || edit::SelectTreeNodeByXPath(window, document, path))
         return;
+    edit::SelectNode(window, NodeAt(window.tvXML, rows));
     state.lostPath = path;
     state.placeTakenBy = CurrentKey(window);
 }
@@ -121,9 +146,10 @@ void Follow(DocumentWindow& window) {
     if (window.TextInUse().Plain() == window.bond.msLastParsedText)
         return window.bond.move(BondMove::TextTakenBack);
     const PaneSelections selections(window);
+    const Rows rows = RowsOf(window.tvXML.SelectedItem());
     const mXMLEdit::Parsed parsed = BuildTree(window);
     if (parsed.good())
-        return KeepCurrentNode(window, *parsed.document, StateOf(window).pathInHand);
+        return KeepCurrentNode(window, *parsed.document, StateOf(window).pathInHand, rows);
     // A text that doesn't parse comes to the front with its error selected: the user's place counts.
     edit::Then(window, [&window, selections] {
         selections.restore();

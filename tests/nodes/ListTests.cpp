@@ -284,6 +284,7 @@ TEST_F(List, WhatIsRefusedHoldsUpCommandsTabsAndClosing) {
     EXPECT_FALSE(t.folder.Read(QStringLiteral("book.xml")).isEmpty());
     w->tbsXML.Select(QStringLiteral("textview"));
     EXPECT_EQ(w->tbsXML.SelectedKey(), QStringLiteral("listview"));
+    t.ChooseMenu(QStringLiteral("mnuFileNew"));
     EXPECT_FALSE(t.frame().CloseForm(w));
     t.ChooseMenu(QStringLiteral("mnuCloseAll"));
     ASSERT_EQ(t.frame().FormCount(), 1);
