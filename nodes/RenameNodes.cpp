@@ -49,7 +49,7 @@ void tvXMLAfterLabelEdit(DocumentWindow& window, TreeNode node, bool& cancel, QS
         }
         if (!edit::ValidateNodeName(window.app, newString)) {
             if (!newString.isEmpty())
-                window.tvXML.KeepLabelEdit();      // quirk 61
+                window.tvXML.KeepLabelEdit();      // quirk 59
             newString = QStringLiteral("Unnamed"); // quirk 1
         }
         // The control writes the name itself, before the edit that follows it.

@@ -12,7 +12,7 @@ namespace {
 using controls::TreeNode;
 
 // A node has been copied in this program, even if its document has been closed since, or XML in another
-// (quirk 64); a text takes any text.
+// (quirk 62); a text takes any text.
 bool CanPaste(DocumentWindow& window, MenuSituation situation, bool editsCell) {
     if (!edit::LastCopy(window.app).copiedText.isEmpty())
         return true;

@@ -107,7 +107,7 @@ void Windows::OpenNamed(const QString& name) {
     });
 }
 
-// Two windows on one file would save over each other, so that spellings don't count (quirk 42). The exact
+// Two windows on one file would save over each other, so that spellings don't count (quirk 41). The exact
 // name comes first: it costs no look at the disk.
 DocumentWindow* Windows::FormNamed(const QString& name) const {
     if (DocumentWindow* window = list_.Named(name))

@@ -23,7 +23,7 @@ void ForgetDocument(DocumentWindow& window) {
     window.bond.rewriting = Rewriting::Unasked;
 }
 
-// The tree from a text that the panes have, which isn't written anew, whichever view shows (quirk 43).
+// The tree from a text that the panes have, which isn't written anew, whichever view shows (quirk 42).
 void ReadFetched(DocumentWindow& window, const FetchedText& fetched) {
     XMLToTree(window, fetched, 0, Afterwards::KeepText);
     window.bond.msLastParsedText = Text(window);

@@ -103,7 +103,7 @@ mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long 
 
 // --- tree to text ------------------------------------------------------------------------------------------
 
-// A new document begins without a root element: that is no error to tell the user of (quirk 45).
+// A new document begins without a root element: that is no error to tell the user of (quirk 44).
 bool IsJustBegun(const DocumentWindow& window) {
     return window.bond.msOpenText.isEmpty() && !m_tvXML::HaveElementNodeAtXMLRootLevel(window.tvXML);
 }
