@@ -60,7 +60,7 @@ void RunForm(DocumentWindow& window, const edit::Command& command, std::span<con
 } // namespace
 
 void RunCommand(DocumentWindow& window, const edit::Command& command, std::span<const edit::Form> forms) {
-    const bool label = window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0;
+    const bool label = edit::IsNaming(window);
     if (command.inCell && window.txtListView.Visible() && command.inCell(window))
         return;
     if (command.inCell && label)
