@@ -10,6 +10,7 @@ namespace nodes {
 /// What a window keeps for its list.
 struct ListState {
     bool mbIsEditValue = false; ///< a cell is being edited
+    bool bRefused = false;      ///< with what was refused last
     QString msListEditKey;      ///< key of the row of that cell
     // What the editor of a cell offers to choose from; empty lists where it takes plain text.
     controls::ComboBox cmbValue; ///< values of an attribute

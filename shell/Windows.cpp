@@ -62,6 +62,7 @@ void Windows::FillForm(DocumentWindow& window, const FetchedText& text) {
     edit::FillWindow(window, text);
     formAdded(&window);
     app_.frame().StatusBar1().SetPanel(2, {});
+    edit::ExpandRoot(window);
     Activate(window);
     opening.Close();
 }
@@ -72,7 +73,8 @@ void Windows::NewFile(const WindowKind& kind, const FetchedText& text, const QSt
         name = QStringLiteral("new%1%2").arg(++newDocuments_).arg(kind.extension);
     else if (HaveSameNameForm(fileName, true))
         return;
-    LeaveActiveForm();
+    if (!LeaveActiveForm())
+        return;
     const QString before = std::exchange(app_.CurrentFileName, name);
     DocumentWindow* window = nullptr;
     // A window that didn't come about goes again, and the one before it is in hand as if nothing had been
@@ -105,7 +107,7 @@ void Windows::OpenNamed(const QString& name) {
     });
 }
 
-// Two windows on one file would save over each other, so that spellings don't count (quirk 42). The exact
+// Two windows on one file would save over each other, so that spellings don't count (quirk 41). The exact
 // name comes first: it costs no look at the disk.
 DocumentWindow* Windows::FormNamed(const QString& name) const {
     if (DocumentWindow* window = list_.Named(name))
@@ -137,18 +139,21 @@ void Windows::ShowForm(DocumentWindow& window) {
 
 // The message on the document in hand doesn't stay for the next one. A text that was typed reaches its tree
 // before another document is in hand, since the tree's root takes the name in hand; what that has to say is
-// still to be read.
-void Windows::LeaveActiveForm() {
+// still to be read. A name or value that is refused keeps its document in hand.
+bool Windows::LeaveActiveForm() {
     app_.frame().StatusBar1().SetPanel(1, {});
     DocumentWindow* active = ActiveForm();
-    if (!active)
-        return;
-    nodes::FinishEdits(*active);
-    if (!active->bond.bTextChanged())
-        return;
+    if (active && !nodes::FinishEdits(*active)) {
+        app_.CurrentFileName = active->Caption;
+        activeFormChanged(active); // the skin may show another one already
+        return false;
+    }
+    if (!active || !active->bond.bTextChanged())
+        return true;
     const QString name = std::exchange(app_.CurrentFileName, active->Caption);
     edit::Run(*active, "LeaveTextView", [&] { active->way->read(*active); });
     app_.CurrentFileName = name;
+    return true;
 }
 
 void Windows::AnnounceActive() {
@@ -162,21 +167,29 @@ void Windows::AnnounceActive() {
 }
 
 void Windows::ActivateForm(DocumentWindow* window) {
-    if (!window || window == ActiveForm())
+    if (!window || window == ActiveForm() || !LeaveActiveForm())
         return;
-    LeaveActiveForm();
     list_.BringToFront(*window);
     AnnounceActive();
 }
 
 void Windows::NextWindow() {
+    Turn(&WindowList::SendFrontToBack);
+}
+
+void Windows::PreviousWindow() {
+    Turn(&WindowList::BringBackToFront);
+}
+
+void Windows::Turn(void (WindowList::*turn)()) {
     if (list_.Count() < 2) {
         if (DocumentWindow* active = ActiveForm())
             ShowForm(*active);
         return;
     }
-    LeaveActiveForm();
-    list_.SendFrontToBack();
+    if (!LeaveActiveForm())
+        return;
+    (list_.*turn)();
     AnnounceActive();
 }
 
@@ -188,7 +201,7 @@ bool Windows::CloseForm(DocumentWindow* window) {
     if (!window || window->bUnloading)
         return false;
     ActivateForm(window);
-    if (!dialogs_.NodeInHandIsWritten(*window) || !window::Form_Unload(*window))
+    if (window != ActiveForm() || !dialogs_.NodeInHandIsWritten(*window) || !window::Form_Unload(*window))
         return false;
     Forget(*window);
     app_.frame().StatusBar1().SetPanel(1, {}); // it was about the window that is gone
@@ -205,7 +218,7 @@ void Windows::Forget(DocumentWindow& window) {
 // A Cancel keeps the window, and the loop comes back to it (quirk 12).
 void Windows::CloseAll() {
     while (DocumentWindow* window = ActiveForm()) {
-        if (!dialogs_.NodeInHandIsWritten(*window))
+        if (!nodes::FinishEdits(*window) || !dialogs_.NodeInHandIsWritten(*window))
             return;
         CloseForm(window);
     }

@@ -24,7 +24,8 @@ public:
     bool HaveSameNameForm(const QString& name, bool bringToFront);
     /// Brings a window to the front. Runs Form_Activate when it wasn't there.
     void ActivateForm(DocumentWindow* window);
-    void NextWindow(); ///< the active window goes to the back of the order
+    void NextWindow();     ///< the active window goes to the back of the order
+    void PreviousWindow(); ///< the one at the back of the order comes to the front
 
     /// Form_Unload, then the window goes. False when it stays.
     bool CloseForm(DocumentWindow* window);
@@ -42,8 +43,9 @@ private:
     DocumentWindow& MakeForm(const WindowKind& kind, const QString& name);
     void FillForm(DocumentWindow& window, const FetchedText& text);
     void ShowForm(DocumentWindow& window); ///< to the front, and restored when it is minimised
-    void LeaveActiveForm();
-    void AnnounceActive(); ///< Form_Activate of the window in front, then activeFormChanged
+    bool LeaveActiveForm();                ///< false where what is typed there was refused: it stays in hand
+    void Turn(void (WindowList::*turn)()); ///< leaves the active window and shows the one in front then
+    void AnnounceActive();                 ///< Form_Activate of the window in front, then activeFormChanged
     void Forget(DocumentWindow& window);
 
     Application& app_;

@@ -59,6 +59,9 @@ public:
     bool CloseForm(DocumentWindow* window) { return parts_.windows.CloseForm(window); }
     /// The active window goes to the back of the order.
     void NextWindow() { parts_.windows.NextWindow(); }
+    void PreviousWindow() {
+        parts_.windows.PreviousWindow();
+    } ///< the one at the back of the order comes to the front
 
     // --- for the skin -------------------------------------------------------------------------------------
     controls::Event<DocumentWindow*>& formAdded = parts_.windows.formAdded;
@@ -69,10 +72,10 @@ public:
     controls::Event<int> mousePointerChanged; ///< see MousePointer
     /// Show a dialog and come back when it is done with (frmOptions::unloaded).
     controls::Event<frmOptions&>& optionsShown = parts_.dialogs.optionsShown;
-    /// Show a dialog beside the documents, or bring it to the front, until frmFind::unloaded.
-    controls::Event<frmFind&>& findShown = parts_.dialogs.findShown;
+    /// Show a dialog beside the documents, or bring it to the front, until textview::frmFind::unloaded.
+    controls::Event<textview::frmFind&>& findShown = parts_.dialogs.findShown;
     /// Likewise, until frmEditNodes::unloaded.
-    controls::Event<frmEditNodes&>& editNodesShown = parts_.dialogs.editNodesShown;
+    controls::Event<nodes::frmEditNodes&>& editNodesShown = parts_.dialogs.editNodesShown;
 
     // --- commands -----------------------------------------------------------------------------------------
     void ErrorReportBox(const text::Fault& fault, const QString& routineName) override;
@@ -81,6 +84,7 @@ public:
     void DisableMenu() override;
     MenuSituation SituationInForce() const { return menuState_.SituationInForce(); }
     void ShowFind() override { parts_.dialogs.ShowFind(); }
+    void FindNext(bool up) override { parts_.dialogs.FindNext(up); }
     void UpdateFileMenu(const QString& name) override { parts_.recentFiles.UpdateFileMenu(name); }
     void AddToList(const QString& name) override { parts_.recentFiles.AddToList(name); }
     /// The file menu from the store: another program may have written names.

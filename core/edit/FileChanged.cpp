@@ -38,7 +38,7 @@ void ShowDifference(DocumentWindow& window) {
                                            window.Caption);
         return;
     }
-    QStringList lines = text::LineDifference(text::Decode(bytes).text, window.TextInUse().Long());
+    QStringList lines = text::LineDifference(text::Decode(bytes).text, window.TextInUse().Plain());
     if (lines.isEmpty())
         lines << QStringLiteral("The texts are equal. Their encodings or line ends differ.");
     lines.prepend(QStringLiteral("+ the document in its window"));
@@ -100,14 +100,10 @@ void SayGone(DocumentWindow& window) {
 }
 
 // What is being typed belongs to the document as it stands: it is waited for.
-bool IsEditorOpen(DocumentWindow& window) {
-    return window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0 ||
-           window.txtListView.Visible() || window.bond.bTreeChanged();
-}
-
 bool MayAskNow(DocumentWindow& window) {
     const auto& mayAsk = FilesOf(window.app).mayAsk;
-    return window.bLoaded && !window.bUnloading && !IsEditorOpen(window) && (!mayAsk || mayAsk());
+    const bool typing = IsEditorOpen(window) || window.bond.bTreeChanged();
+    return window.bLoaded && !window.bUnloading && !typing && (!mayAsk || mayAsk());
 }
 
 void LookInFront(DocumentWindow& window) {

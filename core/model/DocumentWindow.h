@@ -42,11 +42,12 @@ struct DocumentWindow {
     // --- controls ---------------------------------------------------------------------------------------
     controls::TreeView tvXML;
     controls::ListView ListView1;
-    controls::TextBox txtListView;  ///< edits a cell of the list; its Tag tells the column: "1" or "2"
+    controls::TextBox txtListView;  ///< edits a cell of the list; its Tag tells the column: "0", "1" or "2"
     controls::CommandButton cmdPop; ///< beside txtListView
     controls::Timer tmList{100};    ///< txtListView follows the scrolling of the list
     controls::RichTextBox rtxtXML, rtxtXML2;
-    controls::TabStrip tbsXML; ///< tells which view shows
+    controls::Timer tmText{400}; ///< a large document's tree follows undo and redo when the keys rest
+    controls::TabStrip tbsXML;   ///< tells which view shows
     controls::TextBox txtXPath;
     controls::TextBox txtSchema;
     controls::WebBrowser IE;

@@ -32,7 +32,7 @@ class Frame {
 public:
     virtual ~Frame() = default;
     virtual DocumentWindow* ActiveForm() = 0; ///< null without a window
-    /// Brings a window to the front. Its tree root is the current node then, unless it was there already.
+    /// Brings a window to the front, as it was left.
     virtual void ActivateForm(DocumentWindow* window) = 0;
     virtual controls::StatusBar& StatusBar1() = 0; ///< panel 1: messages, panel 2: line and position
     virtual controls::ComboBox& cmbAddress() = 0;
@@ -64,6 +64,9 @@ public:
 
     /// Shows the find dialog, or brings it to the front; it works on the text of the document in front.
     virtual void ShowFind() = 0;
+    /// Goes to the next hit of what was looked for last, or to the one before; shows the dialog where nothing
+    /// was.
+    virtual void FindNext(bool up) = 0;
 
     virtual void UpdateFileMenu(const QString& name) = 0; ///< puts a name in front of the recent files
     virtual void AddToList(const QString& name) = 0;      ///< adds a name to the address box

@@ -21,6 +21,7 @@ public:
     void DisableMenu() override {}
     void RunMenuCommand(const QString&) override {}
     void ShowFind() override {}
+    void FindNext(bool) override {}
     void UpdateFileMenu(const QString&) override {}
     void AddToList(const QString&) override {}
     int FormCount() override { return 0; }

@@ -39,6 +39,13 @@ void DocumentSubWindow::changeEvent(QEvent* event) {
         ShowCaption();
 }
 
+// A window that changes its shape is hidden for a moment and would give the focus away: what has it would
+// hear that it is left, and the next key would go elsewhere.
+bool DocumentSubWindow::focusNextPrevChild(bool next) {
+    const bool changesShape = window_ && isHidden();
+    return changesShape || QMdiSubWindow::focusNextPrevChild(next);
+}
+
 void DocumentSubWindow::Detach() {
     window_ = nullptr;
     view_->Detach();

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/frame/DocumentView.h"
+#include "core/model/Frame.h"
 #include "desktop/base/Listen.h"
+#include "desktop/base/ReasonBeside.h"
 #include "desktop/base/Twips.h"
 #include "desktop/bind/LineAdapter.h"
 #include "desktop/bind/TabAdapter.h"
+#include "desktop/bind/TimerAdapter.h"
 #include "desktop/frame/BrowserAdapter.h"
 #include "desktop/frame/DocumentDragging.h"
 #include "desktop/nodes/DiagnosticsPane.h"
@@ -14,6 +17,7 @@
 #include "desktop/text/TextAdapter.h"
 #include "ui_frmXMLEdit.h"
 #include "window/WindowEvents.h"
+#include <QApplication>
 
 namespace desktop {
 
@@ -49,6 +53,7 @@ private:
     DiagnosticsPane diagnostics_;
     TextAdapter text_, text2_;
     LineAdapter path_;
+    TimerAdapter steps_;
     BrowserAdapter browser_;
     TabAdapter tabs_;
     DocumentDragging dragging_;
@@ -59,7 +64,8 @@ DocumentView::Bond::Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int w
       list_(window.ListView1, {*ui.listview, *ui.ListView1, *ui.ListView1Icons}, nullptr),
       cells_(window, *ui.ListView1), diagnostics_(window, *ui.lvDiagnostics),
       text_(window.rtxtXML, *ui.rtxtXML, nullptr), text2_(window.rtxtXML2, *ui.rtxtXML2, nullptr),
-      path_(window.txtXPath, *ui.txtXPath, nullptr), browser_(window.IE, *ui.browserview, nullptr),
+      path_(window.txtXPath, *ui.txtXPath, nullptr), steps_(window.tmText, nullptr),
+      browser_(window.IE, *ui.browserview, nullptr),
       tabs_(window.tbsXML, *ui.tbsXML, *ui.pages, PagesOf(ui), nullptr), dragging_(window, ui) {
     ConnectSplitters(width);
     ConnectSchema();
@@ -102,6 +108,7 @@ DocumentView::DocumentView(DocumentWindow& window, QWidget* parent)
     ui_->setupUi(this);
     setObjectName(window.kind.Name);
     bond_ = std::make_unique<Bond>(window, *ui_, width());
+    reason_ = std::make_unique<ReasonBeside>(window.app.frame().StatusBar1(), *this);
     ConnectContextMenus();
     new TreeTip(*ui_->tvXML, window.app.options);
 }
@@ -139,6 +146,17 @@ void DocumentView::FocusFirst() {
         Page()->setFocus(Qt::OtherFocusReason);
     else
         ui_->tvXML->setFocus(Qt::OtherFocusReason);
+}
+
+void DocumentView::FocusAgain() {
+    const QWidget* focus = QApplication::focusWidget();
+    if (focus && isAncestorOf(focus) && focus->isVisible())
+        return;
+    QWidget* last = focusWidget();
+    if (last && last->isVisible())
+        last->setFocus(Qt::OtherFocusReason);
+    else
+        FocusFirst();
 }
 
 std::vector<QWidget*> DocumentView::Panes() const {

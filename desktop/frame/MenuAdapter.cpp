@@ -52,7 +52,7 @@ QAction* MenuAdapter::MakeAction(controls::MenuItem& item, QObject* owner) {
     action->setObjectName(item.Name);
     action->setMenuRole(QAction::NoRole);
     action->setIcon(ThemeIcon(item.Icon));
-    action->setShortcut(QKeySequence(item.Shortcut, QKeySequence::PortableText));
+    action->setShortcuts(QKeySequence::listFromString(item.Shortcut, QKeySequence::PortableText));
     connect(action, &QAction::triggered, this, [&item] { item.Click(); });
     Follow(item, *action);
     return action;

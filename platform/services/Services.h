@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -28,7 +29,8 @@ struct FontChoice {
 class Prompts {
 public:
     virtual ~Prompts() = default;
-    /// `about` is what the text is about, such as a file's name: a line of its own below the text.
+    /// `about` is what the text is about, such as a file's name: a line of its own below the text. Enter
+    /// gives the first answer, but for OkCancel with Exclamation, where it cancels.
     virtual Answer MsgBox(const QString& text, Buttons buttons = Buttons::Ok, Icon icon = Icon::None,
                           const QString& title = QStringLiteral("Vantrel"), const QString& about = {}) = 0;
     /// A question with answers of its own. The 0-based number of the one that was chosen; -1 when the box was
@@ -165,6 +167,16 @@ public:
     virtual QString GetText() = 0; ///< empty when it holds no text
     /// Whether it holds text, without fetching what another program may hold ready of it.
     virtual bool HasText() { return !GetText().isEmpty(); }
+    /// Whether its text begins like XML. Asked for often.
+    virtual bool HasXml() { return BeginsLikeXml(GetText()); }
+
+protected:
+    static bool BeginsLikeXml(const QString& text) {
+        const auto first = std::find_if(text.begin(), text.end(), [](QChar one) {
+            return !one.isSpace() && one != QChar::ByteOrderMark;
+        });
+        return first != text.end() && *first == QLatin1Char('<');
+    }
 };
 
 /// Tells when files may have changed.

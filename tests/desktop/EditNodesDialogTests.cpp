@@ -85,6 +85,39 @@ TEST_F(EditNodesDialog, ATextOfSeveralLinesIsChangedOnlyWhereItWasTyped) {
     EXPECT_EQ(Text().find("dry"), std::string::npos);
 }
 
+// The box that it was typed into has the keys, and the reason stands beside it.
+TEST_F(EditNodesDialog, WhatOkRefusesIsPutRightWhereItWasTyped) {
+    Open("<shop><pen colour='red'>ink</pen></shop>");
+    ASSERT_TRUE(Activate(*dialog));
+    QTest::keyClicks(&NodeText(), QStringLiteral("<"));
+    t.prompts.Answer(services::Answer::No);
+    QTest::mouseClick(&Of<QPushButton>("cmdOk"), Qt::LeftButton);
+    ASSERT_TRUE(dialog->isVisible());
+    EXPECT_TRUE(NodeText().hasFocus());
+    EXPECT_EQ(NodeText().toPlainText(), QStringLiteral("<ink"));
+    const auto& reason = Of<QLabel>("reason");
+    EXPECT_TRUE(reason.isVisible());
+    EXPECT_FALSE(reason.text().isEmpty());
+    QTest::keyClick(&NodeText(), Qt::Key_Delete);
+    NodeText().selectAll();
+    QTest::keyClicks(&NodeText(), QStringLiteral("dry"));
+    EXPECT_FALSE(reason.isVisible());
+    QTest::mouseClick(&Of<QPushButton>("cmdOk"), Qt::LeftButton);
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_NE(Text().find(">dry<"), std::string::npos);
+}
+
+// Broken between words, a line of this length would not come up before the user has gone.
+TEST_F(EditNodesDialog, AVeryLongLineIsBrokenAnywhere) {
+    const QByteArray value(300'000, 'x');
+    Open("<shop><pen>" + value + "</pen><cap>short words</cap></shop>");
+    EXPECT_EQ(NodeText().wordWrapMode(), QTextOption::WrapAnywhere);
+    EXPECT_EQ(NodeText().toPlainText().size(), value.size());
+    QTest::keyClick(&Name(), Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(NodeText().toPlainText(), QStringLiteral("short words"));
+    EXPECT_EQ(NodeText().wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
 TEST_F(EditNodesDialog, TheRadioButtonsChooseTreeOrList) {
     Open("<shop><pen colour='red'>ink</pen></shop>");
     QTest::mouseClick(&Of<QRadioButton>("optList"), Qt::LeftButton, {}, QPoint(8, 8));

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The list: its rows, its cell editor, its names, and its commands, by the acts of a user.
+// The list: its rows, its names, and its commands, by the acts of a user.
 #include "core/edit/Transaction.h"
-#include "nodes/ListEditor.h"
-#include "nodes/ListPlace.h"
 #include "tests/nodes/ListDesk.h"
-#include "textview/TreeText.h"
+#include "textview/TextState.h"
 
 namespace {
 
 using controls::TreeNode;
 using services::Answer;
-using test::kBook;
 
 struct List : test::ListDesk {};
 
@@ -27,165 +24,6 @@ TEST_F(List, ChildrenStandAboveAttributesAndALeafShowsItself) {
     EXPECT_EQ(Table(), "7 xml version|version=\"1.0\"|");
     Select(Root().Child().Next());
     EXPECT_EQ(Table(), "8 comment|on tea|");
-}
-
-TEST_F(List, WhatIsTypedIsCheckedAndWrittenByTheKindOfItsRow) {
-    struct Case {
-        int row, column;
-        const char* typed;
-        const char* xml; ///< of the root element afterwards; null: refused
-        const char* title = "";
-    };
-    const char* const attributes = "This is not valid attributes";
-    const char* const value = "This is not a validate attribute value";
-    const char* const text = "This is not a validate node text";
-    const Case cases[] = {
-        {2, 2, "n=\"3\" m=\"4\"", "<chapter n=\"3\" m=\"4\">"},
-        {2, 2, "n='\"' m = \"4\"", "<chapter n=\"&quot;\" m=\"4\">"}, // brought into the one form
-        {2, 2, "", "<chapter>"},
-        {2, 2, "n=3", nullptr, attributes},
-        {4, 2, "it's", "<book lang=\"it's\" year"},
-        {4, 2, "d\"e", nullptr, value},
-        {4, 2, "a & b", nullptr, value},
-        {4, 2, "a &amp; b", "<book lang=\"a &amp; b\" year"},
-        {3, 2, "a < b", nullptr, text},
-        {3, 2, "the <i>end</i>", "the <i>end</i></book>"},
-        {1, 3, "Kaffee", "<title>Kaffee</title>"},
-        {1, 3, "</title>", nullptr, text},
-        {1, 3, "", "<title></title>"},
-        {2, 3, "", "<chapter n=\"2\"><b></b>y</chapter>"},
-    };
-    int number = 0;
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.typed);
-        Open(kBook, QStringLiteral("book%1.xml").arg(++number));
-        const std::string before = Xml(), table = Table();
-        const QString shown = Rows().Tag;
-        if (!one.xml)
-            t.prompts.Answer(Answer::Ok);
-        Edit(one.row, one.column, one.typed);
-        EXPECT_EQ(Rows().Tag, shown) << "the list stays where it is";
-        if (one.xml) {
-            EXPECT_NE(Xml().find(one.xml), std::string::npos) << Xml();
-            EXPECT_NE(Plain(w->rtxtXML.Text()).find(one.xml), std::string::npos);
-        } else {
-            EXPECT_EQ(Xml(), before);
-            EXPECT_EQ(Table(), table);
-            EXPECT_EQ(LastBox(), one.title);
-        }
-    }
-}
-
-TEST_F(List, InstructionsAndCommentsAreTakenAsTyped) {
-    Open();
-    Select(Root());
-    Edit(2, 2, "a -- b");
-    EXPECT_EQ(Root().Child().Next().Tag(), QStringLiteral("a -- b"));
-    Edit(1, 2, "version=\"1.0\" encoding=\"UTF-8\"");
-    EXPECT_EQ(Root().Child().Tag(), QStringLiteral("version=\"1.0\" encoding=\"UTF-8\""));
-    EXPECT_TRUE(t.prompts.boxes.empty());
-}
-
-// Text leaves CDATA sections out, and the tree keeps them.
-TEST_F(List, ACDataSectionIsEditedUpToItsEnd) {
-    Open("<r><![CDATA[a < b]]></r>");
-    Edit(1, 2, "if (a && b[0] > \"c\")");
-    EXPECT_EQ(Element().Child().Tag(), QStringLiteral("if (a && b[0] > \"c\")"));
-    t.prompts.Answer(Answer::Ok);
-    Edit(1, 2, "a]]>b");
-    EXPECT_EQ(LastBox(), "This is not valid XML");
-    EXPECT_EQ(Element().Child().Tag(), QStringLiteral("if (a && b[0] > \"c\")"));
-    EXPECT_EQ(Rows().Item(1).Sub[0], QStringLiteral("if (a && b[0] > \"c\")"));
-}
-
-// Whatever comes in is checked whole: what the parser refuses changes nothing.
-TEST_F(List, HostileValuesAreRefusedOrKeptToTheLastCharacter) {
-    Open("<r a=\"\">x</r>");
-    const QString megabyte = QString(1 << 20, u'x');
-    const QString bad[] = {QString(QChar(0)),      QString(QChar(8)), QString(QChar(0xD800)),
-                           QString(QChar(0xFFFE)), megabyte + u'<',   QStringLiteral("&nothing;")};
-    for (const QString& value : bad) {
-        for (const int row : {1, 2}) {
-            t.prompts.Answer(Answer::Ok);
-            TypeInto(row, 2, value);
-            w->txtListView.LostFocus();
-            EXPECT_EQ(Xml(), "<r a=\"\">x</r>") << "unit " << int{value.at(0).unicode()} << " row " << row;
-        }
-    }
-    const QString good[] = {megabyte, QStringLiteral("&#60;&gt;'"), QStringLiteral("tab&#9;line&#10;end"),
-                            QString::fromUtf8("\xF0\x9F\x8D\xB5 \xE2\x80\x8Fme")};
-    for (const QString& value : good) {
-        TypeInto(2, 2, value);
-        w->txtListView.LostFocus();
-        EXPECT_EQ(Element().Tag(), QStringLiteral("a=\"") + value + u'"');
-        EXPECT_EQ(Rows().Item(2).Sub[0], value);
-    }
-    // They would be blanks after the next reading.
-    TypeInto(2, 2, QStringLiteral("tab\tline\nend"));
-    w->txtListView.LostFocus();
-    EXPECT_EQ(Element().Tag(), QStringLiteral("a=\"tab&#9;line&#10;end\""));
-}
-
-// An element's text cell shows its first text: where that went, the next one.
-TEST_F(List, ATextThatGoesMakesRoomForTheNext) {
-    Open();
-    Edit(2, 3, "");
-    EXPECT_EQ(Rows().Item(2).Sub[1], QStringLiteral("y"));
-    Edit(2, 3, "");
-    EXPECT_EQ(Rows().Item(2).Sub[1], QString());
-    EXPECT_EQ(Xml(Element().Child().Next()), "<chapter n=\"2\"><b></b></chapter>");
-}
-
-TEST_F(List, UpAndDownGoFromRowToRowInTheColumn) {
-    Open();
-    TypeInto(1, 3, QStringLiteral("Kakao"));
-    EXPECT_TRUE(EditorKey(Qt::Key_Up, 0));
-    EXPECT_TRUE(w->txtListView.Visible()) << "above the first row there is nothing to go to";
-    EXPECT_EQ(Element().Child().Child().Tag(), QStringLiteral("Tee")) << "and nothing is written";
-    EditorKey(Qt::Key_Down, 0);
-    EXPECT_EQ(Element().Child().Child().Tag(), QStringLiteral("Kakao"));
-    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("x"));
-    EXPECT_EQ(Rows().SelectedItem(), 2);
-    EditorKey(Qt::Key_Down, 0); // a text has a value alone
-    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("end"));
-    EditorKey(Qt::Key_Down, 0);
-    EditorKey(Qt::Key_Down, 0);
-    w->txtListView.UserTyped(QStringLiteral("2001"));
-    EditorKey(Qt::Key_Down, 0);
-    EXPECT_TRUE(w->txtListView.Visible());
-    EXPECT_EQ(Rows().Item(5).Sub[0], QStringLiteral("1999")) << "below the last row likewise";
-    EditorKey(Qt::Key_Up, 0);
-    EXPECT_EQ(Rows().Item(5).Sub[0], QStringLiteral("2001"));
-    EXPECT_EQ(w->miPopupContext, kContextList);
-}
-
-TEST_F(List, TheCaretDecidesWhetherAKeyLeavesTheEditor) {
-    Open();
-    for (const int key : {Qt::Key_Right, Qt::Key_Tab, Qt::Key_Control}) {
-        TypeInto(4, 2, QStringLiteral("en"));
-        EXPECT_FALSE(EditorKey(key, 1));
-        EXPECT_EQ(Rows().Item(4).Sub[0], QStringLiteral("de")) << "in the middle of the text";
-        EXPECT_TRUE(EditorKey(key, 2));
-        EXPECT_EQ(Rows().Item(4).Sub[0], QStringLiteral("en"));
-        EXPECT_TRUE(w->txtListView.Visible()) << "open again on the same row";
-        EXPECT_EQ(Rows().SelectedItem(), 4);
-        if (key == Qt::Key_Control) { // the first half of Ctrl+V
-            EXPECT_EQ(w->txtListView.SelStart(), 2);
-            EXPECT_EQ(w->txtListView.SelLength(), 0);
-        }
-        Edit(4, 2, "de");
-    }
-    TypeInto(4, 2, QStringLiteral("en"));
-    EXPECT_FALSE(EditorKey(Qt::Key_Left, 2));
-    EXPECT_TRUE(EditorKey(Qt::Key_Left, 0));
-    EXPECT_FALSE(w->txtListView.Visible());
-    EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"en\" year=\"1999\""));
-    TypeInto(4, 2, QStringLiteral("f<r"));
-    EXPECT_FALSE(t.frame().StatusBar1().Panel(1).isEmpty());
-    EXPECT_TRUE(EditorKey(Qt::Key_Escape, 2));
-    EXPECT_EQ(t.frame().StatusBar1().Panel(1), QString());
-    EXPECT_FALSE(w->txtListView.Visible());
-    EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"en\" year=\"1999\"")) << "given up";
 }
 
 // A search looks at cells whose rows nobody has seen yet.
@@ -206,8 +44,11 @@ TEST_F(List, NamesOfElementsAndAttributesAreLabels) {
     const auto rename = [&](int row, const char* name) {
         ClickRow(row);
         Menu("mnuEditP");
-        if (Rows().LabelEditRow() > 0)
-            Rows().EndLabelEdit(QString::fromUtf8(name));
+        if (Rows().LabelEditRow() == 0)
+            return;
+        Rows().EndLabelEdit(QString::fromUtf8(name));
+        if (Rows().LabelKept()) // refused
+            Rows().CancelLabelEdit();
     };
     rename(1, "heading");
     EXPECT_EQ(Element().Child().Text(), QStringLiteral("heading"));
@@ -245,6 +86,8 @@ TEST_F(List, WhatIsAddedCanBeNamedOrFilledAtOnce) {
     EXPECT_EQ(w->tvXML.SelectedItem().Text(), QStringLiteral("subtitle"));
     t.prompts.Answer(Answer::Ok);
     Rows().EndLabelEdit(QStringLiteral("1"));
+    EXPECT_EQ(Rows().LabelEditRow(), 1) << "a refused name stays in its editor";
+    Rows().EndLabelEdit({});
     EXPECT_EQ(Table(), "1 Unnamed||");
     const auto type = [&](const char* text) {
         ASSERT_TRUE(w->txtListView.Visible());
@@ -266,8 +109,48 @@ TEST_F(List, WhatIsAddedCanBeNamedOrFilledAtOnce) {
     Menu("mnuNewAttrP");
     Rows().EndLabelEdit(QStringLiteral("isbn"));
     Menu("mnuNewAttrP");
-    Rows().CancelLabelEdit();
+    Rows().EndLabelEdit(Rows().Item(Rows().LabelEditRow()).Text);
     EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"de\" year=\"1999\" isbn=\"\" attr1=\"\""));
+}
+
+// Whatever it is: it goes whole, the user is where they were, and the history knows nothing of it.
+TEST_F(List, EscapeTakesBackWhatWasJustAdded) {
+    Open();
+    const std::string before = Xml(), text = w->rtxtXML.Text().toStdString();
+    for (const char* entry :
+         {"mnuNewNodeP", "mnuNewCNodeP", "mnuNewNodeTextP", "mnuNewCommentP", "mnuNewAttrP"}) {
+        for (const bool refused : {false, true}) {
+            SCOPED_TRACE(entry);
+            ClickRow(2);
+            Menu(entry);
+            const bool label = Rows().LabelEditRow() > 0;
+            EXPECT_NE(label, w->txtListView.Visible());
+            if (refused) {
+                t.prompts.Answer(Answer::No);
+                if (label) {
+                    Rows().EndLabelEdit(QStringLiteral("7"));
+                } else {
+                    w->txtListView.UserTyped(QStringLiteral("--<"));
+                    w->txtListView.LostFocus();
+                }
+                EXPECT_EQ(w->rtxtXML.Text().toStdString(), text);
+            }
+            if (label)
+                Rows().CancelLabelEdit();
+            else
+                EditorKey(Qt::Key_Escape, 0);
+            EXPECT_EQ(Xml(), before);
+            EXPECT_EQ(w->rtxtXML.Text().toStdString(), text);
+            EXPECT_EQ(w->tvXML.SelectedItem(), Element());
+            EXPECT_EQ(Rows().SelectedItem(), 2);
+        }
+    }
+    EXPECT_EQ(textview::StateOf(*w).UndoPos, 0);
+    Edit(2, 3, "y");
+    ClickRow(2);
+    TypeInto(2, 3, QStringLiteral("z"));
+    EditorKey(Qt::Key_Escape, 0);
+    EXPECT_EQ(Rows().Item(2).Sub[1], QStringLiteral("y")) << "what was there before stays";
 }
 
 // With OK at the question the new element lands below the comment, where no list shows it.
@@ -288,6 +171,7 @@ TEST_F(List, SelectedRowsAreDeletedTogether) {
     Key(Qt::Key_Delete);
     EXPECT_EQ(Xml(), "<book year=\"1999\"><chapter n=\"2\">x<b></b>y</chapter></book>");
     EXPECT_EQ(Table(), "1 chapter|n=\"2\"|x\n2 year|1999|");
+    EXPECT_EQ(Rows().SelectedItem(), 2) << "the row behind what went";
     EXPECT_EQ(w->tvXML.SelectedItem(), Element());
     Select(Element().Child().Child());
     ClickRow(1);
@@ -320,6 +204,54 @@ TEST_F(List, RowsMoveAmongTheirKind) {
     EXPECT_EQ(w->miPopupContext, kContextList);
 }
 
+// The list goes along with the row, which is current there.
+TEST_F(List, ARowChangesItsLevel) {
+    Open();
+    const auto press = [&](const char* button) {
+        t.PressButton(QStringLiteral("tbListEdit"), QLatin1String(button));
+    };
+    ClickRow(2);
+    press("movedownlevel");
+    EXPECT_EQ(
+        Xml(),
+        "<book lang=\"de\" year=\"1999\"><title>Tee<chapter n=\"2\">x<b></b>y</chapter></title>end</book>");
+    EXPECT_EQ(w->tvXML.SelectedItem(), Element().Child());
+    EXPECT_EQ(Rows().SelectedItem(), 2);
+    press("moveuplevel");
+    EXPECT_EQ(
+        Xml(),
+        "<book lang=\"de\" year=\"1999\"><title>Tee</title><chapter n=\"2\">x<b></b>y</chapter>end</book>");
+    EXPECT_EQ(w->tvXML.SelectedItem(), Element());
+    EXPECT_EQ(Rows().SelectedItem(), 2);
+    const std::string before = Xml();
+    for (const auto& [row, button] :
+         {std::pair(2, "moveuplevel"), {1, "movedownlevel"}, {4, "movedownlevel"}}) {
+        ClickRow(row); // no second root element, nothing before the first, and an attribute is none
+        press(button);
+        EXPECT_EQ(Xml(), before);
+        EXPECT_EQ(w->tvXML.SelectedItem(), Element());
+        EXPECT_EQ(Rows().SelectedItem(), row);
+    }
+}
+
+TEST_F(List, AMoveFillsTheListOnce) {
+    Open();
+    ClickRow(2);
+    const auto before = t.app().work;
+    Menu("mnuMoveUP");
+    EXPECT_EQ(t.app().work.listFills, before.listFills + 1);
+    EXPECT_EQ(t.app().work.paths, before.paths + 1);
+    EXPECT_EQ(textview::StateOf(*w).UndoPos, 2);
+}
+
+TEST_F(List, WalkingOverADocumentTypeOpensNoBox) {
+    Open("<!DOCTYPE shop><shop/>");
+    Select(Root().Child());
+    ASSERT_EQ(m_tvXML::GetKeyType(Root().Child()), m_tvXML::kDocumentType);
+    EXPECT_EQ(Rows().Count(), 0);
+    EXPECT_TRUE(t.prompts.boxes.empty());
+}
+
 // A moved node is a new one: an edit of the old one is finished before.
 TEST_F(List, WhatIsBeingTypedIsntLostByAMove) {
     Open();
@@ -338,6 +270,9 @@ TEST_F(List, KeysAndClicksOfTheListItself) {
     ClickRow(1);
     Rows().DblClick();
     EXPECT_EQ(w->tvXML.SelectedItem().Text(), QStringLiteral("chapter")) << "a text has no level below";
+    ClickRow(4);
+    Rows().DblClick();
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("2")) << "and an attribute a value";
     t.PressButton(QStringLiteral("tbListEdit"), QStringLiteral("uponelevel"));
     EXPECT_EQ(w->tvXML.SelectedItem(), Element());
     ClickRow(4);
@@ -433,7 +368,6 @@ TEST_F(List, ComesBackUpToDate) {
     Element().SetTag(QStringLiteral("lang=\"de\" fresh=\"1\"")); // as another view would
     Select(Element());
     Menu("mnuNewAttrP");
-    Rows().CancelLabelEdit();
     EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"de\" fresh=\"1\" attr1=\"\""));
 
     t.EditText({});
