@@ -10,6 +10,7 @@
 #include "platform/text/TextFile.h"
 #include "platform/text/TextTools.h"
 #include "schema/FetchSchema.h"
+#include "textview/FillText.h"
 #include <QUrl>
 
 namespace schema {
@@ -117,6 +118,11 @@ std::optional<QByteArray> BytesAt(Application& app, const QString& place) {
     return {};
 }
 
+void ShowText(DocumentWindow& window, const text::LongText& text) {
+    window.txtSchema.SetText(text);
+    textview::ColourWhole(window.app, window.txtSchema, textview::GetTextSizeLevel(text.size()));
+}
+
 } // namespace
 
 TreeNode GetXMLRootNode(const controls::TreeView& tree) {
@@ -157,7 +163,7 @@ void ShowSchemaOrDTD(DocumentWindow& window) {
             return;
         const auto bytes = BytesAt(window.app, Beside(window.Caption, location));
         if (bytes && !bytes->isEmpty())
-            window.txtSchema.SetText(text::Decode(*bytes).text.toString());
+            ShowText(window, text::Decode(*bytes).text);
     });
 }
 

@@ -110,7 +110,7 @@ std::span<const InsertEntry, kInsertEntries> InsertEntries() {
     return kEntries;
 }
 
-bool OffersInsert(const QString& element, const QString& entry) {
+bool OffersInsert(const QString& element, QLatin1String entry) {
     static constexpr QLatin1String kFamily("mnuNewS");
     const auto row = std::find_if(std::begin(kOffers), std::end(kOffers),
                                   [&](const Row& one) { return element == QLatin1String(one.element); });

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include <QLatin1String>
 #include <QString>
 #include <cstddef>
 #include <span>
@@ -15,6 +16,6 @@ inline constexpr std::size_t kInsertEntries = 42;
 std::span<const InsertEntry, kInsertEntries> InsertEntries();
 
 /// Whether an entry is offered at an element with a local name, which counts in its very case.
-bool OffersInsert(const QString& element, const QString& entry);
+bool OffersInsert(const QString& element, QLatin1String entry);
 
 } // namespace schema

@@ -5,6 +5,7 @@
 #include "schema/Extensions.h"
 #include "schema/InsertElements.h"
 #include "schema/InsertMenu.h"
+#include "schema/SchemaState.h"
 #include <vector>
 
 namespace schema {
@@ -30,9 +31,10 @@ void ChooseAndApplySchema(DocumentWindow& window) {
 }
 
 // clang-format off
-//                           none tree   list   text   table  other
-//                               root node sel none sel none sel none
+//                           none tree   list   text   table  other root of
+//                               root node sel none sel none sel none   a schema
 constexpr char kOnFaults[] = "D  k k  k k  k k  k k  k";
+constexpr char kOnNodes[] =  "D  D k  k k  D D  D D  D   k";
 // clang-format on
 
 constexpr edit::Command kCommands[] = {
@@ -50,7 +52,16 @@ constexpr edit::Command kCommands[] = {
      .forms = {{0, ToggleOracle}}},
 };
 
-// One for each entry of the menu of schema elements. Which of them are there is told by OffersInsert.
+static_assert(edit::AreComplete(kCommands) && edit::IsComplete(kOnNodes));
+
+// One for each entry of the menu of schema elements.
+template <std::size_t number> bool InsertFits(const Target& target) {
+    const QLatin1String entry(InsertEntries()[number].entry);
+    if (target.kind == m_tvXML::kTreeRoot)
+        return entry == QLatin1String("mnuNewSSchema") && !target.hasRootElement;
+    return OffersInsert(target.elementName, entry);
+}
+
 template <std::size_t number> void Insert(DocumentWindow& window) {
     if (const char* element = InsertEntries()[number].element)
         NewSchemaStuff(window, QLatin1String(element));
@@ -58,13 +69,24 @@ template <std::size_t number> void Insert(DocumentWindow& window) {
 
 template <std::size_t... numbers> std::vector<edit::Command> AllCommands(std::index_sequence<numbers...>) {
     std::vector<edit::Command> all(std::begin(kCommands), std::end(kCommands));
-    (all.push_back({.offer = {.entries = {{InsertEntries()[numbers].entry}}, .offered = ""},
+    (all.push_back({.offer = {.entries = {{.name = InsertEntries()[numbers].entry,
+                                           .allowed = InsertFits<numbers>,
+                                           .hides = true}},
+                              .offered = kOnNodes,
+                              .in = In::SchemaWindow},
                     .forms = {{kContextTree, Insert<numbers>}, {kContextList, Insert<numbers>}}}),
      ...);
     return all;
 }
 
 } // namespace
+
+void DescribeTarget(DocumentWindow& window, const controls::TreeNode& node, edit::Target& target) {
+    if (m_tvXML::IsElement(node))
+        target.elementName = LocalName(node.Text());
+    target.offersMsSql = SchemaOf(window).mbEnabledMsSQL;
+    target.offersOracle = SchemaOf(window).mbEnabledOracle;
+}
 
 std::span<const edit::Command> SchemaCommands() {
     static const std::vector<edit::Command> all = AllCommands(std::make_index_sequence<kInsertEntries>());

@@ -8,4 +8,7 @@ namespace schema {
 /// The commands of schemas, for the frame.
 std::span<const edit::Command> SchemaCommands();
 
+/// Tells the conditions of these commands about a schema window.
+void DescribeTarget(DocumentWindow& window, const controls::TreeNode& node, edit::Target& target);
+
 } // namespace schema

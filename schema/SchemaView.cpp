@@ -6,10 +6,14 @@ namespace schema {
 
 namespace {
 
+void Load(DocumentWindow& window) {
+    window.txtSchema.Locked = true;
+    window.txtSchema.SetFont(window.app.options.TextName, window.app.options.TextSize);
+}
+
 // It is looked for when it is looked at: opening a document fetches nothing else.
 void Show(DocumentWindow& window) {
-    if (window.txtSchema.Text().isEmpty())
-        ShowSchemaOrDTD(window);
+    ShowSchemaOrDTD(window);
     window.txtSchema.SetFocus();
 }
 
@@ -24,6 +28,7 @@ const edit::View& SchemaView() {
                                      .number = edit::kViewSchema,
                                      .caption = "Schema View",
                                      .entry = "mnuViewSchema",
+                                     .load = Load,
                                      .show = Show,
                                      .situation = Situation};
     return view;

@@ -138,7 +138,7 @@ constexpr FrameCommand kCommands[] = {
     {{{{"mnuTImpText"}, {"mnuTImpDbData"}, {"mnuSCds"}}, {}, kAlways}},
     {{{{"mnuTExpToText"}, {"mnuTExpToDb"}}, {}, nullptr, In::XMLWindow}},
     {{{{"mnuGenSchema"}}, {}, nullptr, In::XMLWindow}},
-    {{{{"mnuTCDBSOnSchema"}, {"mnuTHtmlToXml2"}}, {}, kNever}},
+    {{{{"mnuTCDBSOnSchema"}, {"mnuTHtmlToXml2"}, {"mnuNewSNone"}}, {}, kNever}},
 };
 static_assert(edit::AreComplete(kCommands));
 

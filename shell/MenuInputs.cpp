@@ -4,7 +4,6 @@
 #include "core/model/NodeNumbers.h"
 #include "nodes/ListState.h"
 #include "schema/Diagnostics.h"
-#include "schema/SchemaState.h"
 #include "textview/TextState.h"
 
 namespace shell {
@@ -45,12 +44,8 @@ edit::Target TargetOf(DocumentWindow& window, MenuSituation situation) {
     target.canRedo = text.UndoPos < std::ssize(text.undoStack);
     target.view = edit::miCurrentView(window);
     target.hasDiagnostics = schema::DiagnosticsOf(window).lvDiagnostics.Count() > 0;
-    if (!window.kind.schema)
-        return target;
-    if (target.kind == m_tvXML::kElement)
-        target.elementName = schema::LocalName(node.Text());
-    target.offersMsSql = schema::SchemaOf(window).mbEnabledMsSQL;
-    target.offersOracle = schema::SchemaOf(window).mbEnabledOracle;
+    if (window.kind.describeTarget)
+        window.kind.describeTarget(window, node, target);
     return target;
 }
 

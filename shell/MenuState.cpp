@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/MenuState.h"
-#include "schema/InsertMenu.h"
 
 namespace shell {
 
@@ -36,7 +35,7 @@ bool IsOffered(const edit::Offer& offer, edit::Condition allowed, const MenuInpu
     case 'h':
         return !target.hasRootElement;
     case 'k':
-        return !allowed || allowed(target);
+        return IsIn(offer.in, inputs) && (!allowed || allowed(target));
     default:
         return false;
     }
@@ -48,35 +47,15 @@ bool IsOfferedByButton(const edit::Offer& offer, const MenuInputs& inputs) {
 
 void SetEntry(controls::MenuItem& item, const edit::Offer& offer, const edit::Entry& entry,
               const MenuInputs& inputs) {
-    item.SetEnabled(IsOffered(offer, entry.allowed, inputs));
+    const bool offered = IsOffered(offer, entry.allowed, inputs);
+    item.SetEnabled(offered);
+    if (entry.hides)
+        item.SetVisible(offered);
     item.SetChecked(entry.checked && entry.checked(inputs.target));
 }
 
 bool IsSetByItsOwner(const edit::Offer& offer) {
     return offer.offered && *offer.offered == '\0';
-}
-
-/// Whether an entry inserts a schema element: its name starts with "mnuNewS", in this very case.
-bool IsSchemaMenu(const QString& name) {
-    return name.startsWith(QLatin1String("mnuNewS"));
-}
-
-// Only what can be inserted at the node in hand is there at all, while the tree or the list is in use.
-// "(none)" stays shown and disabled. In an XML document the whole menu is disabled.
-bool IsInsertOffered(const controls::MenuItem& item, const MenuInputs& inputs) {
-    const bool nodes =
-        inputs.situation >= MenuSituation::TreeRoot && inputs.situation <= MenuSituation::ListUnselected;
-    if (!inputs.schema || !nodes)
-        return false;
-    if (inputs.target.kind == m_tvXML::kTreeRoot)
-        return item.Name == QLatin1String("mnuNewSSchema") && !inputs.target.hasRootElement;
-    return schema::OffersInsert(inputs.target.elementName, item.Name);
-}
-
-void SetSchemaEntry(controls::MenuItem& item, const MenuInputs& inputs) {
-    const bool offered = IsInsertOffered(item, inputs);
-    item.SetEnabled(offered);
-    item.SetVisible(offered || item.Name == QLatin1String("mnuNewSNone"));
 }
 
 } // namespace
@@ -115,9 +94,7 @@ void MenuState::SetMenus(const MenuInputs& inputs) {
     ++work_.menuStates;
     for (controls::MenuItem* item : menus_.MenuEntries()) {
         const auto state = entries_.constFind(item->Name);
-        if (IsSchemaMenu(item->Name))
-            SetSchemaEntry(*item, inputs);
-        else if (state == entries_.constEnd()) // there is no command yet
+        if (state == entries_.constEnd()) // there is no command yet
             item->SetEnabled(inputs.window);
         else
             SetEntry(*item, *state->offer, *state->entry, inputs);

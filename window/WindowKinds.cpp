@@ -4,6 +4,7 @@
 #include "integration/BrowserView.h"
 #include "nodes/ListView.h"
 #include "schema/CheckSchema.h"
+#include "schema/SchemaCommandTable.h"
 #include "schema/SchemaTree.h"
 #include "schema/SchemaView.h"
 #include "schema/ValueLists.h"
@@ -50,6 +51,7 @@ const WindowKind& SchemaKind() {
                                  .attributesOffered = schema::AttributesOffered,
                                  .valuesOffered = schema::ValuesOffered,
                                  .namesOffered = schema::NamesOffered,
+                                 .describeTarget = schema::DescribeTarget,
                                  .check = schema::CheckDocument};
     return kind;
 }

@@ -38,7 +38,7 @@ using Condition = bool (*)(const Target& target);
 ///   c     something can be pasted
 ///   u r   there is a step to undo, to redo
 ///   h     the document has no root element
-///   k     as the entry's condition says
+///   k     as the entry's condition says, in the windows of its kind
 using Offered = const char*;
 
 /// The windows that have a command at all.
@@ -48,6 +48,7 @@ struct Entry {
     const char* name = nullptr;
     Condition allowed = nullptr; ///< condition k
     Condition checked = nullptr; ///< bears a check mark; null: never
+    bool hides = false;          ///< it isn't there at all where it isn't offered
 };
 
 /// A toolbar's button. Rows may share one: the first of them that is offered runs.

@@ -49,7 +49,7 @@ struct DocumentWindow {
     controls::Timer tmText{400}; ///< a large document's tree follows undo and redo when the keys rest
     controls::TabStrip tbsXML;   ///< tells which view shows
     controls::TextBox txtXPath;
-    controls::TextBox txtSchema;
+    controls::RichTextBox txtSchema; ///< to be read only
     controls::WebBrowser IE;
     controls::Pane pctText, pctTableView, chtAna, pctLHSplit, pctSplitText;
     controls::Event<> captionChanged; ///< it is shown otherwise now

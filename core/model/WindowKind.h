@@ -7,7 +7,11 @@
 
 struct DocumentWindow;
 namespace edit {
+struct Target;
 struct View;
+} // namespace edit
+namespace controls {
+class TreeNode;
 }
 namespace xml {
 class ParsedDocument;
@@ -35,6 +39,9 @@ struct WindowKind {
     std::optional<QStringList> (*valuesOffered)(DocumentWindow& window, const QString& attribute) = nullptr;
     /// The names from which an element's is chosen in the list; empty for one that has a name of its own.
     QStringList (*namesOffered)(DocumentWindow& window, const QString& elementName) = nullptr;
+    /// Completes what conditions of commands ask about; `node`: the one that they would work on.
+    void (*describeTarget)(DocumentWindow& window, const controls::TreeNode& node,
+                           edit::Target& target) = nullptr;
     /// What follows the check of a text's form, which the user asked for and has been told of. True for a
     /// document that passes this as well; else the user has been told.
     bool (*check)(DocumentWindow& window, bool wellFormed) = nullptr;

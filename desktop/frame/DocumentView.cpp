@@ -42,7 +42,6 @@ public:
 
 private:
     void ConnectSplitters(int width);
-    void ConnectSchema();
     void ShowSecondPane();
 
     DocumentWindow& window_;
@@ -51,7 +50,7 @@ private:
     ListAdapter list_;
     ListEditing cells_;
     DiagnosticsPane diagnostics_;
-    TextAdapter text_, text2_;
+    TextAdapter text_, text2_, schema_;
     LineAdapter path_;
     TimerAdapter steps_;
     BrowserAdapter browser_;
@@ -64,11 +63,11 @@ DocumentView::Bond::Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int w
       list_(window.ListView1, {*ui.listview, *ui.ListView1, *ui.ListView1Icons}, nullptr),
       cells_(window, *ui.ListView1), diagnostics_(window, *ui.lvDiagnostics),
       text_(window.rtxtXML, *ui.rtxtXML, nullptr), text2_(window.rtxtXML2, *ui.rtxtXML2, nullptr),
+      schema_(window.txtSchema, *ui.txtSchema, nullptr),
       path_(window.txtXPath, *ui.txtXPath, nullptr), steps_(window.tmText, nullptr),
       browser_(window.IE, *ui.browserview, nullptr),
       tabs_(window.tbsXML, *ui.tbsXML, *ui.pages, PagesOf(ui), nullptr), dragging_(window, ui) {
     ConnectSplitters(width);
-    ConnectSchema();
     ui.rtxtXML->isInUse = [&window] { return &window.TextInUse() == &window.rtxtXML; };
     ui.rtxtXML2->isInUse = [&window] { return &window.TextInUse() == &window.rtxtXML2; };
 }
@@ -94,13 +93,6 @@ void DocumentView::Bond::ShowSecondPane() {
     ui_.rtxtXML2->setVisible(split);
     if (split) // half for each
         ui_.textview->setSizes({ui_.textview->height(), ui_.textview->height()});
-}
-
-void DocumentView::Bond::ConnectSchema() {
-    const auto show = [this] { ui_.txtSchema->setPlainText(window_.txtSchema.Text()); };
-    show();
-    Listen(window_.txtSchema.changed, this, show);
-    Listen(window_.txtSchema.focusRequested, this, [this] { ui_.txtSchema->setFocus(Qt::OtherFocusReason); });
 }
 
 DocumentView::DocumentView(DocumentWindow& window, QWidget* parent)

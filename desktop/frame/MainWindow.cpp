@@ -246,9 +246,8 @@ void MainWindow::SubWindowActivated(QMdiSubWindow* window) {
 void MainWindow::ShowPopup(const QPoint& globalPlace) {
     frame_.RefreshMenu();
     QMenu* elements = ui_->MenuBar->findChild<QMenu*>(QStringLiteral("mnuXSD"));
-    const DocumentWindow* active = frame_.ActiveForm();
     popup_->removeAction(elements->menuAction());
-    if (active && active->kind.schema)
+    if (elements->isEnabled())
         popup_->insertMenu(popup_->actions().value(0), elements);
     popup_->popup(globalPlace);
 }

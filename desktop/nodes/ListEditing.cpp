@@ -104,13 +104,15 @@ void ListEditing::ShowOffers(const QString& typed) {
     offers_.complete();
 }
 
-// Alt+Down and F4 open the list, as in any box with a list.
-bool ListEditing::OpensOffers(const QKeyEvent& event) {
+// Alt+Down and F4 open the list, as in any box with a list. They are no shortcuts meanwhile.
+bool ListEditing::OpensOffers(QKeyEvent& event) {
     const bool open = event.key() == Qt::Key_F4 ||
                       (event.key() == Qt::Key_Down && event.modifiers().testFlag(Qt::AltModifier));
     if (!open || offered_.stringList().isEmpty())
         return false;
-    ShowOffers({});
+    event.accept();
+    if (event.type() == QEvent::KeyPress)
+        ShowOffers({});
     return true;
 }
 
@@ -174,8 +176,8 @@ bool ListEditing::eventFilter(QObject* watched, QEvent* event) {
         MousePressed(static_cast<QMouseEvent*>(event)->pos());
     if (event->type() == QEvent::MouseButtonRelease && watched == report_.viewport())
         MouseReleased(static_cast<QMouseEvent*>(event)->pos());
-    return event->type() == QEvent::KeyPress && watched == editor_ &&
-           OpensOffers(*static_cast<QKeyEvent*>(event));
+    const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    return key && watched == editor_ && OpensOffers(*static_cast<QKeyEvent*>(event));
 }
 
 void ListEditing::MousePressed(const QPoint& place) {

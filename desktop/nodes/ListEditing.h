@@ -29,7 +29,7 @@ private:
     void ConnectOffers();
     controls::ComboBox& Offers() const; ///< what the open editor has to choose from
     void ShowOffers(const QString& typed);
-    bool OpensOffers(const QKeyEvent& event);
+    bool OpensOffers(QKeyEvent& event); ///< the key does; then it is used up
     void TellGeometry();
     void ShowEditor();
     void Place();
