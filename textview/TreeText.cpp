@@ -23,7 +23,7 @@ using text::LongText;
 void SeeToDefaultTree(DocumentWindow& window) {
     if (window.tvXML.Nodes.Count() < 2) {
         window.kind.newTree(window, true);
-        window.bond.treeRevision = window.tvXML.Revision();
+        window.bond.passTree(window.tvXML.Revision());
     }
     TreeNode root = window.tvXML.Nodes(1);
     if (root.Text() != window.app.CurrentFileName)
@@ -64,18 +64,12 @@ void SelectByNumber(DocumentWindow& window, long number) {
         node.SetExpanded(true);
 }
 
-void CountAsRead(DocumentWindow& window, const xml::Losses& losses) {
-    window.bond.move(BondMove::TextRead);
-    window.bond.treeRevision = window.tvXML.Revision();
-    window.bond.losses = losses;
-}
-
 void TakeDocument(DocumentWindow& window, const xml::ParsedDocument& document, long selectNumber,
                   Afterwards afterwards) {
     const bool anew = afterwards == Afterwards::WriteAnew && edit::Shows(window, edit::kTextTab) &&
                       edit::MayRewrite(window, document.losses(), edit::EditOf::Text);
     window.kind.fillTree(window, document);
-    CountAsRead(window, document.losses());
+    window.bond.textRead(window.tvXML.Revision(), document.losses());
     if (anew || window.rtxtXML.Long().isEmpty())
         TreeChangeTextView(window);
     SelectByNumber(window, selectNumber);
@@ -87,7 +81,7 @@ mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long 
     window.bond.move(BondMove::TextRefused); // until it is in the tree
     if (text.text.holdsOnly(u" ")) {
         window.kind.newTree(window, false);
-        CountAsRead(window, {});
+        window.bond.textRead(window.tvXML.Revision(), {});
         brokenOff.dismiss();
         return {};
     }
@@ -125,7 +119,6 @@ void WriteTreeAsText(DocumentWindow& window) {
             ChangeText(window, xml, target.Content());
     }
     window.bond.msLastParsedText = target.Plain(); // now the two say the same
-    window.bond.losses = {};
 }
 
 void SayTextGaveWay(DocumentWindow& window) {
@@ -144,14 +137,14 @@ mXMLEdit::Parsed XMLToTree(DocumentWindow& window, const FetchedText& text, long
 }
 
 // A text that didn't parse gives way to the tree like any other. It holds work that the tree never got, so
-// the user is told, once.
+// the user is told, once (quirk 30).
 void TreeChangeTextView(DocumentWindow& window) {
     ++window.app.work.texts;
     Bond& bond = window.bond;
     const LongText before = window.TextInUse().Plain();
     const bool unread = bond.refused() || (bond.bTextChanged() && !(before == bond.msLastParsedText));
     WriteTreeAsText(window);
-    bond.move(BondMove::TextWritten);
+    bond.textWritten();
     if (unread && !(window.TextInUse().Plain() == before))
         SayTextGaveWay(window);
 }

@@ -56,6 +56,8 @@ TEST_F(Bind, TheSchemaViewShowsTheSchemaFromTheDocumentsFolder) {
     t.ChooseMenu(QStringLiteral("mnuGotoSchema"));
     EXPECT_EQ(w->tbsXML.SelectedKey(), QStringLiteral("schema"));
     EXPECT_EQ(w->txtSchema.Text(), QString::fromUtf8(schema));
+    EXPECT_GT(w->txtSchema.Runs().size(), 1U) << "it has its colours";
+    EXPECT_TRUE(w->txtSchema.Locked);
     t.folder.Write(QStringLiteral("new.xsd"), "<new/>");
     t.prompts.Answer(Answer::Yes);
     t.prompts.Choose(t.folder.Path(QStringLiteral("new.xsd")));
