@@ -35,6 +35,10 @@ struct Found {
 
 // --- the check ---------------------------------------------------------------------------------------------
 
+Diagnostic WithoutPlace(const QString& message) {
+    return {{}, 0, 0, message};
+}
+
 QString WhyNot(SchemaOutcome outcome) {
     switch (outcome) {
     case SchemaOutcome::TooLong:
@@ -68,7 +72,7 @@ Found Take(const services::SchemaAnswer& answer, const QString& place) {
     if (answer.outcome == SchemaOutcome::Checked)
         return found;
     found.cancelled = answer.outcome == SchemaOutcome::Cancelled;
-    found.all.push_back({{}, 0, 0, WhyNot(answer.outcome)});
+    found.all.push_back(WithoutPlace(WhyNot(answer.outcome)));
     found.good = false;
     return found;
 }
@@ -99,11 +103,8 @@ Found CheckSchema(DocumentWindow& window, bool asked) {
         return Check(window, true, asked);
     Found found;
     found.good = false;
-    found.all.push_back(
-        {{},
-         0,
-         0,
-         QStringLiteral("The document has no schema element of the namespace ") + kSchemaNamespace});
+    found.all.push_back(WithoutPlace(QStringLiteral("The document has no schema element of the namespace ") +
+                                     kSchemaNamespace));
     return found;
 }
 
@@ -170,22 +171,28 @@ bool CheckAgainstSchemas(DocumentWindow& window) {
 
 } // namespace
 
-bool ValidateSchemaFile(DocumentWindow& window, bool asked) {
+bool ValidateSchemaFile(DocumentWindow& window, Tell tell) {
     if (!window.app.services.schemas)
         return true;
+    const bool asked = tell == Tell::All;
     const Found found = CheckSchema(window, asked);
     ShowDiagnostics(window, found.all);
-    const bool told = asked || found.complete; // what follows from a document that is missing can't be judged
+    // What follows from a document that is missing can't be judged.
+    const bool told = asked || (tell == Tell::Faults && found.complete);
     if (found.cancelled || !told)
         TellOnStatusBar(window, found);
-    else if (!found.good || (asked && !found.complete))
+    else if (!found.good || !found.complete)
         TellFirst(window, found);
     return found.good && found.complete;
 }
 
+// A command that had the text read first goes on with its own node: no box and no other node comes between.
 void CheckAfterReading(DocumentWindow& window) {
-    if (!SchemaOf(window).checking)
-        edit::Then(window, [&window] { ValidateSchemaFile(window, false); });
+    if (SchemaOf(window).checking)
+        return;
+    const bool forCommand = window.bLoaded && window.miPopupContext != kContextText;
+    const Tell tell = forCommand ? Tell::OnStatusBar : Tell::Faults;
+    edit::Then(window, [&window, tell] { ValidateSchemaFile(window, tell); });
 }
 
 bool CheckDocument(DocumentWindow& window, bool wellFormed) {
@@ -198,7 +205,7 @@ bool CheckDocument(DocumentWindow& window, bool wellFormed) {
         return true;
     if (!window.kind.schema)
         return CheckAgainstSchemas(window);
-    return ReadText(window) && ValidateSchemaFile(window, true);
+    return ReadText(window) && ValidateSchemaFile(window, Tell::All);
 }
 
 } // namespace schema

@@ -6,11 +6,16 @@
 // of diagnostics.
 namespace schema {
 
-/// The check of a schema document. The first fault is told in a box; the text view comes up with its place,
-/// and its node is selected. False then, and where the check didn't come to its end. `asked`: the user wants
-/// it, so they may be asked whether to fetch what the schema refers to from the net; else nothing is told of
-/// a schema that can't be had in full.
-bool ValidateSchemaFile(DocumentWindow& window, bool asked);
+/// What the user is told of a check of a schema beside the list.
+enum class Tell {
+    OnStatusBar, ///< the first fault, there alone
+    Faults,      ///< in a box; on the status bar where what the schema refers to can't be had
+    All          ///< the user wants the check: they may be asked whether to fetch that from the net
+};
+
+/// The check of a schema document. With the box about its first fault the text view comes up with the place,
+/// and the node is selected. False where there is a fault, or the check didn't come to its end.
+bool ValidateSchemaFile(DocumentWindow& window, Tell tell);
 
 /// The text of a schema has just been read into the tree: the same, at the end of the running edit.
 void CheckAfterReading(DocumentWindow& window);

@@ -247,7 +247,7 @@ void MainWindow::ShowPopup(const QPoint& globalPlace) {
     frame_.RefreshMenu();
     QMenu* elements = ui_->MenuBar->findChild<QMenu*>(QStringLiteral("mnuXSD"));
     popup_->removeAction(elements->menuAction());
-    if (elements->isEnabled())
+    if (elements->menuAction()->isEnabled())
         popup_->insertMenu(popup_->actions().value(0), elements);
     popup_->popup(globalPlace);
 }

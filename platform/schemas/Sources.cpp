@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/schemas/Sources.h"
+#include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -17,11 +19,15 @@ bool StartsWith(const std::string& text, const char* beginning) {
     return text.compare(0, std::strlen(beginning), beginning) == 0;
 }
 
+bool IsHexDigit(char letter) {
+    return std::isxdigit(static_cast<unsigned char>(letter)) != 0;
+}
+
 std::string WithoutEscapes(const std::string& location) {
     std::string plain;
     for (std::size_t i = 0; i < location.size(); ++i) {
-        const bool escape = location[i] == '%' && i + 2 < location.size() && std::isxdigit(location[i + 1]) &&
-                            std::isxdigit(location[i + 2]);
+        const bool escape = location[i] == '%' && i + 2 < location.size() && IsHexDigit(location[i + 1]) &&
+                            IsHexDigit(location[i + 2]);
         plain += escape ? static_cast<char>(std::stoi(location.substr(i + 1, 2), nullptr, 16)) : location[i];
         i += escape ? 2 : 0;
     }

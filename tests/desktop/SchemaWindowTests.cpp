@@ -79,7 +79,7 @@ TEST_F(SchemaWindow, AClickInTheListOfDiagnosticsGoesToItsNodeAndPlace) {
     t.Click(*list.viewport(), list.visualRect(list.model()->index(0, 0)).center());
     EXPECT_EQ(t.SelectedNode(), QStringLiteral("element"));
     EXPECT_EQ(t.Text().Caret(), t.Text().Model().Text().indexOf(QStringLiteral("/>")) + 2);
-    t.window().rtxtXML.UserSelected(0, t.window().rtxtXML.Text().size());
+    t.Press(Qt::Key_A, Qt::ControlModifier);
     t.Type(QString::fromUtf8(kSchema));
     t.ClickTab(QStringLiteral("listview"));
     EXPECT_FALSE(list.isVisible()) << "the fault is mended";

@@ -118,6 +118,11 @@ TEST_F(Check, WhatCantBeHadIsInTheList) {
         ASSERT_EQ(Faults().Count(), 1);
         EXPECT_NE(Fault(1, 2).find("can't be read"), std::string::npos) << Fault(1, 2);
     }
+    t.ChooseMenu(QStringLiteral("mnuNewschema"));
+    w = &t.window();
+    t.EditText(QString::fromUtf8(Inside("<xs:include schemaLocation='part.xsd'/>")));
+    ASSERT_EQ(Faults().Count(), 1);
+    EXPECT_NE(Fault(1, 2).find("no place yet"), std::string::npos) << Fault(1, 2);
     EXPECT_TRUE(t.prompts.boxes.empty());
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a schema window offers to insert at a node, by choosing it.
+#include "schema/Diagnostics.h"
 #include "tests/nodes/ListDesk.h"
 #include <QSet>
 
@@ -115,6 +116,19 @@ TEST_F(Insert, InTheListTheRowInHandTakesTheElement) {
     EXPECT_TRUE(Offered().contains(QStringLiteral("anyAttribute")));
     Choose("anyAttribute");
     EXPECT_EQ(Element().LastChild().LastChild().Text(), QStringLiteral("anyAttribute"));
+}
+
+TEST_F(Insert, AFaultInATextThatIsReadFirstDoesntLeadToAnotherNode) {
+    Open("<schema xmlns='http://www.w3.org/2001/XMLSchema'><complexType name='T'/>"
+         "<element name='a' type='string'/></schema>",
+         QStringLiteral("a.xsd"));
+    Select(Element().Child());
+    w->rtxtXML.UserReplaced(w->rtxtXML.Text().indexOf(QStringLiteral("string")), 6,
+                            QStringLiteral("nothing")); // as a search replaces it, beside the tree
+    Choose("attribute");
+    EXPECT_EQ(Xml(Element().Child()), "<complexType name=\"T\"><attribute></attribute></complexType>");
+    EXPECT_TRUE(t.prompts.boxes.empty());
+    EXPECT_EQ(schema::DiagnosticsOf(*w).lvDiagnostics.Count(), 1);
 }
 
 TEST_F(Insert, OnlyADocumentWithoutARootElementIsOfferedASchemaElement) {
