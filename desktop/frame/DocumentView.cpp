@@ -63,9 +63,8 @@ DocumentView::Bond::Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int w
       list_(window.ListView1, {*ui.listview, *ui.ListView1, *ui.ListView1Icons}, nullptr),
       cells_(window, *ui.ListView1), diagnostics_(window, *ui.lvDiagnostics),
       text_(window.rtxtXML, *ui.rtxtXML, nullptr), text2_(window.rtxtXML2, *ui.rtxtXML2, nullptr),
-      schema_(window.txtSchema, *ui.txtSchema, nullptr),
-      path_(window.txtXPath, *ui.txtXPath, nullptr), steps_(window.tmText, nullptr),
-      browser_(window.IE, *ui.browserview, nullptr),
+      schema_(window.txtSchema, *ui.txtSchema, nullptr), path_(window.txtXPath, *ui.txtXPath, nullptr),
+      steps_(window.tmText, nullptr), browser_(window.IE, *ui.browserview, nullptr),
       tabs_(window.tbsXML, *ui.tbsXML, *ui.pages, PagesOf(ui), nullptr), dragging_(window, ui) {
     ConnectSplitters(width);
     ui.rtxtXML->isInUse = [&window] { return &window.TextInUse() == &window.rtxtXML; };
