@@ -14,6 +14,7 @@
 #include "schema/SchemaState.h"
 #include "textview/TextLink.h"
 #include <QScopedValueRollback>
+#include <utility>
 
 namespace schema {
 
@@ -122,13 +123,13 @@ QString PathWithoutPrefix(DocumentWindow& window, TreeNode node) {
 }
 
 // Where the first fault stands comes up. A fault of another document, or without a place, is told alone.
-void TellFirst(DocumentWindow& window, const Found& found) {
+void TellFirst(DocumentWindow& window) {
     const std::vector<Diagnostic>& all = DiagnosticsOf(window).all;
     const auto own = std::find_if(
         all.begin(), all.end(), [](const Diagnostic& one) { return one.document.isEmpty() && one.line > 0; });
     TreeNode node = own == all.end() ? TreeNode() : NodeOf(window, *own);
     if (!node)
-        return Box(window, found.all.front().message);
+        return Box(window, all.front().message);
     const Diagnostic first = *own;
     edit::ShowView(window, edit::kTextTab);
     Box(window, window.Caption + u'#' + PathWithoutPrefix(window, node) + u'\n' + first.message);
@@ -165,7 +166,7 @@ bool CheckAgainstSchemas(DocumentWindow& window) {
     if (found.cancelled)
         TellOnStatusBar(window, found);
     else if (!found.good || !found.complete)
-        TellFirst(window, found);
+        TellFirst(window);
     return found.good && found.complete;
 }
 
@@ -178,21 +179,30 @@ bool ValidateSchemaFile(DocumentWindow& window, Tell tell) {
     const Found found = CheckSchema(window, asked);
     ShowDiagnostics(window, found.all);
     // What follows from a document that is missing can't be judged.
-    const bool told = asked || (tell == Tell::Faults && found.complete);
-    if (found.cancelled || !told)
+    const bool judged = !found.cancelled && (asked || found.complete);
+    const bool told = judged && tell != Tell::OnStatusBar;
+    SchemaOf(window).untold = judged && !told && !found.good;
+    if (!told)
         TellOnStatusBar(window, found);
     else if (!found.good || !found.complete)
-        TellFirst(window, found);
+        TellFirst(window);
     return found.good && found.complete;
 }
 
-// A command that had the text read first goes on with its own node: no box and no other node comes between.
+// A command that had the text read goes on with its own node, and one who saves goes on typing: no box and no
+// other place come between (quirk 116).
 void CheckAfterReading(DocumentWindow& window) {
     if (SchemaOf(window).checking)
         return;
-    const bool forCommand = window.bLoaded && window.miPopupContext != kContextText;
-    const Tell tell = forCommand ? Tell::OnStatusBar : Tell::Faults;
+    const Tell tell = window.bLoaded ? Tell::OnStatusBar : Tell::Faults;
     edit::Then(window, [&window, tell] { ValidateSchemaFile(window, tell); });
+}
+
+void TellAfterLeaving(DocumentWindow& window) {
+    edit::Then(window, [&window] {
+        if (std::exchange(SchemaOf(window).untold, false))
+            TellFirst(window);
+    });
 }
 
 bool CheckDocument(DocumentWindow& window, bool wellFormed) {

@@ -17,8 +17,10 @@ enum class Tell {
 /// and the node is selected. False where there is a fault, or the check didn't come to its end.
 bool ValidateSchemaFile(DocumentWindow& window, Tell tell);
 
-/// The text of a schema has just been read into the tree: the same, at the end of the running edit.
+/// The text of a schema has just been read into the tree: the same, at the end of the running edit. Faults of
+/// one that is being opened are told, those of an edited one when the user leaves it.
 void CheckAfterReading(DocumentWindow& window);
+void TellAfterLeaving(DocumentWindow& window);
 
 /// What follows the check of a document's form, told in `wellFormed`: a schema is checked as one, a document
 /// that names its schemas against them. True for one that passes, or has nothing to pass.

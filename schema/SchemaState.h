@@ -11,6 +11,7 @@ struct SchemaState {
     bool mbEnabledMsSQL = false; ///< the annotation attributes of the extension are offered
     bool mbEnabledOracle = false;
     bool checking = false; ///< a check is under way that the user asked for
+    bool untold = false;   ///< the last one has found faults that no box has told of
 };
 
 SchemaState& SchemaOf(DocumentWindow& window);

@@ -31,8 +31,10 @@ struct WindowKind {
     void (*newTree)(DocumentWindow& window, bool withDefaults) = nullptr;
     /// The whole parsed document in place of what the tree holds, with new keys.
     void (*fillTree)(DocumentWindow& window, const xml::ParsedDocument& document) = nullptr;
-    /// A text that was opened, or that the user has left, stands in the tree now. Inside an edit.
+    /// A text that was opened, or that the user has edited, stands in the tree now. Inside an edit.
     void (*textRead)(DocumentWindow& window) = nullptr;
+    /// The user has left the text, which is in the tree.
+    void (*textLeft)(DocumentWindow& window) = nullptr;
     /// Names of the attributes that the list offers for an element by its name, carried or not.
     QStringList (*attributesOffered)(DocumentWindow& window, const QString& elementName) = nullptr;
     /// The values from which an attribute's is chosen in the list; nothing for one that takes plain text.

@@ -48,6 +48,21 @@ TEST_F(Check, AFaultOfASchemaIsToldAndItsNodeAndTextComeUp) {
     EXPECT_EQ(Faults().Count(), 1);
     EXPECT_EQ(Fault(1, 3), "/xs:schema[1]/xs:element[2]");
 
+    // One that is saved is told of in the list alone: the user goes on typing.
+    const qsizetype at = w->rtxtXML.Text().indexOf(QStringLiteral("nothing"));
+    w->rtxtXML.GotFocus();
+    w->rtxtXML.UserSelected(at, 7);
+    w->rtxtXML.Type(QStringLiteral("never"));
+    t.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(t.prompts.boxes.size(), 1U);
+    EXPECT_NE(Fault(1, 2).find("never"), std::string::npos);
+    EXPECT_EQ(w->rtxtXML.Text().mid(w->rtxtXML.SelStart() - 5, 5), QStringLiteral("never"));
+    t.prompts.Answer(Answer::Ok);
+    w->rtxtXML.LostFocus();
+    EXPECT_TRUE(LastText().contains(QStringLiteral("never"))) << "it is told when the text is left";
+    w->rtxtXML.LostFocus();
+    EXPECT_EQ(t.prompts.boxes.size(), 2U) << "once";
+
     t.EditText(QString::fromUtf8(kGood));
     EXPECT_EQ(Faults().Count(), 0) << "it is checked again when the text is left";
     t.prompts.Answer(Answer::Ok);
