@@ -140,7 +140,8 @@ void TellFirst(DocumentWindow& window) {
 }
 
 void TellOnStatusBar(DocumentWindow& window, const Found& found) {
-    edit::Message(window.app, found.all.empty() ? QString() : found.all.front().message.section(u'\n', 0, 0));
+    if (!found.all.empty())
+        edit::Message(window.app, found.all.front().message.section(u'\n', 0, 0));
 }
 
 // A text that is ahead of the tree goes in first: places lead to nodes. That would check a schema by itself.
