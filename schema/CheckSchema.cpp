@@ -26,6 +26,8 @@ using services::SchemaOutcome;
 const QString kTitle = QStringLiteral("Schema error!");
 const QString kSchemaNamespace = QStringLiteral("http://www.w3.org/2001/XMLSchema");
 
+constexpr std::size_t kMost = 1000; // faults in the list; the check finds one more if there are more
+
 /// What came of a check.
 struct Found {
     std::vector<Diagnostic> all;
@@ -70,6 +72,12 @@ Found Take(const services::SchemaAnswer& answer, const QString& place) {
         found.good = found.good && fault.warning;
         found.complete = found.complete && !fault.warning;
     }
+    if (found.all.size() > kMost) {
+        found.all.back() = WithoutPlace(
+            QStringLiteral("There are more faults than these. The check ended with the first %1.")
+                .arg(kMost));
+        found.all.back().last = true;
+    }
     if (answer.outcome == SchemaOutcome::Checked)
         return found;
     found.cancelled = answer.outcome == SchemaOutcome::Cancelled;
@@ -81,11 +89,12 @@ Found Take(const services::SchemaAnswer& answer, const QString& place) {
 // What is fetched may refer to more.
 Found Check(DocumentWindow& window, bool isSchema, bool asked) {
     const bool placed = mXMLEdit::GetAddressType(window.Caption) > 0;
-    services::SchemaRequest request{window.way->text(window), placed ? window.Caption : QString(), isSchema,
-                                    FetchedBefore(window.app)};
+    services::SchemaRequest request{
+        window.way->text(window), placed ? window.Caption : QString(), isSchema, {}};
+    SchemaFetch fetch(window.app);
     services::SchemaAnswer answer = Ask(window.app, request);
-    while (asked && FetchWanted(window.app, answer.wanted)) {
-        request.fetched = FetchedBefore(window.app);
+    while (asked && fetch.FetchAll(answer.wanted)) {
+        request.fetched = fetch.bytes();
         answer = Ask(window.app, request);
     }
     return Take(answer, request.place);
@@ -193,20 +202,31 @@ bool ValidateSchemaFile(DocumentWindow& window, Tell tell) {
 // A command that had the text read goes on with its own node, and one who saves goes on typing: no box and no
 // other place come between (quirk 116).
 void CheckAfterReading(DocumentWindow& window) {
-    if (SchemaOf(window).checking)
+    SchemaState& state = SchemaOf(window);
+    state.unchecked = state.saving;
+    if (state.checking || state.saving)
         return;
     const Tell tell = window.bLoaded ? Tell::OnStatusBar : Tell::Faults;
     edit::Then(window, [&window, tell] { ValidateSchemaFile(window, tell); });
 }
 
+void CheckAfterSaving(DocumentWindow& window, bool saving) {
+    SchemaState& state = SchemaOf(window);
+    state.saving = saving;
+    if (saving || !std::exchange(state.unchecked, false) || window.bUnloading)
+        return;
+    edit::Guarded(window, "CheckAfterSaving", [&] { CheckAfterReading(window); });
+}
+
 void TellAfterLeaving(DocumentWindow& window) {
     edit::Then(window, [&window] {
-        if (std::exchange(SchemaOf(window).untold, false))
+        if (std::exchange(SchemaOf(window).untold, false) && !DiagnosticsOf(window).all.empty())
             TellFirst(window);
     });
 }
 
 bool CheckDocument(DocumentWindow& window, bool wellFormed) {
+    SchemaOf(window).untold = false; // of a text that was
     if (!wellFormed) {
         if (const auto& error = window.app.lastParseError)
             ShowDiagnostics(window, {{{}, error->line, error->linepos, error->reason.trimmed()}});

@@ -21,6 +21,9 @@ bool ValidateSchemaFile(DocumentWindow& window, Tell tell);
 /// one that is being opened are told, those of an edited one when the user leaves it.
 void CheckAfterReading(DocumentWindow& window);
 void TellAfterLeaving(DocumentWindow& window);
+/// A save begins, or has ended (`saving` false): the check of a text that is read meanwhile waits for the
+/// end.
+void CheckAfterSaving(DocumentWindow& window, bool saving);
 
 /// What follows the check of a document's form, told in `wellFormed`: a schema is checked as one, a document
 /// that names its schemas against them. True for one that passes, or has nothing to pass.

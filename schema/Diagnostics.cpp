@@ -67,6 +67,11 @@ QString PlaceText(const Diagnostic& one) {
     return mXMLEdit::GetFSFileName(one.document) + (place.isEmpty() ? QString() : u' ' + place);
 }
 
+// At the places of an earlier text other nodes may stand.
+bool IsStale(DocumentWindow& window) {
+    return !(window.way->text(window) == DiagnosticsOf(window).text);
+}
+
 controls::ListItem RowOf(DocumentWindow& window, std::uint32_t number) {
     const Diagnostic& one = DiagnosticsOf(window).all[number];
     QString message = one.message;
@@ -74,15 +79,15 @@ controls::ListItem RowOf(DocumentWindow& window, std::uint32_t number) {
             PlaceText(one),
             0,
             0,
-            {message.replace(u'\n', u' '), edit::GetXPath(NodeOf(window, one))},
+            {message.replace(u'\n', u' '), IsStale(window) ? QString() : edit::GetXPath(NodeOf(window, one))},
             {}};
 }
 
 // --- going there -------------------------------------------------------------------------------------------
 
-void GoToPlace(DocumentWindow& window, const Diagnostic& one) {
+void GoToPlace(DocumentWindow& window, const Diagnostic& one, bool toNode) {
     edit::Run(window, "GoToDiagnostic", [&] {
-        TreeNode node = NodeOf(window, one);
+        TreeNode node = toNode ? NodeOf(window, one) : TreeNode();
         if (node) {
             node.EnsureVisible();
             window.tvXML.SetSelectedItem(node);
@@ -118,12 +123,14 @@ DiagnosticsState& DiagnosticsOf(DocumentWindow& window) {
 
 void ShowDiagnostics(DocumentWindow& window, std::vector<Diagnostic> found) {
     std::stable_sort(found.begin(), found.end(), [](const Diagnostic& a, const Diagnostic& b) {
-        return std::tie(a.document, a.line, a.column) < std::tie(b.document, b.line, b.column);
+        return std::tie(a.last, a.document, a.line, a.column) <
+               std::tie(b.last, b.document, b.line, b.column);
     });
     DiagnosticsState& state = DiagnosticsOf(window);
     state.lvDiagnostics.BeginUpdate();
     state.lvDiagnostics.Clear();
     state.all = std::move(found);
+    state.text = state.all.empty() ? LongText() : window.way->text(window);
     state.lvDiagnostics.Fill(
         static_cast<std::uint32_t>(state.all.size()),
         [&window](std::uint32_t number) { return RowOf(window, number); },
@@ -134,7 +141,8 @@ void ShowDiagnostics(DocumentWindow& window, std::vector<Diagnostic> found) {
 }
 
 TreeNode NodeOf(DocumentWindow& window, const Diagnostic& one) {
-    if (one.line == 0 || !one.document.isEmpty() || window.tvXML.Nodes.Count() == 0)
+    if (one.line == 0 || !one.document.isEmpty() || window.tvXML.Nodes.Count() == 0 ||
+        window.bond.bTextChanged() || window.bond.refused())
         return {};
     const LongText& text = window.way->text(window);
     const qsizetype position = PositionOf(text, one.line, one.column);
@@ -156,8 +164,12 @@ void GoToDiagnostic(DocumentWindow& window, int row) {
     state.lvDiagnostics.SetSelectedItem(row);
     state.lvDiagnostics.EnsureVisible(row);
     Diagnostic one = state.all[static_cast<std::size_t>(row - 1)];
-    if (one.document.isEmpty())
-        return GoToPlace(window, one);
+    if (one.document.isEmpty()) {
+        const bool stale = IsStale(window);
+        if (stale)
+            one.message += QStringLiteral(" (The text has changed since the check.)");
+        return GoToPlace(window, one, !stale);
+    }
     edit::Message(window.app, one.message);
     DocumentWindow* other = nullptr;
     if (window.app.frame().HaveSameNameForm(one.document, true))
@@ -166,7 +178,7 @@ void GoToDiagnostic(DocumentWindow& window, int row) {
         edit::OpenFile(window.app, one.document, other);
     one.document.clear();
     if (other)
-        GoToPlace(*other, one);
+        GoToPlace(*other, one, true);
 }
 
 void NextDiagnostic(DocumentWindow& window) {

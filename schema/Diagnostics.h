@@ -13,10 +13,12 @@ struct Diagnostic {
     QString document; ///< another one, by path or address; empty: the window's own
     int line = 0, column = 0;
     QString message;
+    bool last = false; ///< it is about the list itself, and ends it
 };
 
 struct DiagnosticsState {
     std::vector<Diagnostic> all;
+    text::LongText text;              ///< the document's when it was checked: what places are places in
     controls::ListView lvDiagnostics; ///< a row for each: place, message, path of the node
     controls::Pane pctDiagnostics;    ///< visible while there are any
 };
@@ -26,10 +28,11 @@ DiagnosticsState& DiagnosticsOf(DocumentWindow& window);
 void ShowDiagnostics(DocumentWindow& window, std::vector<Diagnostic> found);
 
 /// The element that a place behind a tag is about; a place behind an end tag is about the element that ends
-/// there. Nothing without a place, and where the tree has no such node.
+/// there. Nothing without a place, and where the tree has no such node or isn't that of the text.
 controls::TreeNode NodeOf(DocumentWindow& window, const Diagnostic& diagnostic);
 
-/// Goes to a row's node, and with the caret to its place; into the window of the other document where it is
+/// Goes to a row's node, and with the caret to its place, to this alone where the text has changed since the
+/// check; into the window of the other document where it is
 /// about that, which is opened if need be. `row` counts from 1.
 void GoToDiagnostic(DocumentWindow& window, int row);
 void NextDiagnostic(DocumentWindow& window);     ///< the first one behind the last

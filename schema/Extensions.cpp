@@ -73,18 +73,34 @@ void TakeDeclarationAway(DocumentWindow& window, TreeNode schema, const Extensio
     schema.SetTag(schema.Tag().remove(declaration + u' ').remove(declaration));
 }
 
+bool IsPrefixDeclared(TreeNode schema, const Extension& extension) {
+    return schema &&
+           m_tvXML::Attributes(schema).contains(QStringLiteral("xmlns:") + QLatin1String(extension.prefix));
+}
+
+bool Offers(DocumentWindow& window, const Extension& extension) {
+    return SchemaOf(window).*extension.enabled && IsPrefixDeclared(GetSchemaNode(window.tvXML), extension);
+}
+
+// Taken away, the declaration takes the offer with it, and undo brings back both.
 void Set(DocumentWindow& window, const char* routine, const Extension& extension, bool enabled) {
-    edit::Run(window, routine, [&] {
-        SchemaOf(window).*extension.enabled = enabled;
+    bool& flag = SchemaOf(window).*extension.enabled;
+    const bool before = flag;
+    const bool done = edit::Run(window, routine, [&] {
         nodes::ShowRowsAnew(window);
+        flag = enabled;
         const TreeNode schema = GetSchemaNode(window.tvXML);
         if (!schema)
-            return;
+            return true;
         if (enabled)
             Declare(window, schema, extension);
         else
             TakeDeclarationAway(window, schema, extension);
+        flag = enabled || !IsPrefixDeclared(schema, extension);
+        return true;
     });
+    if (!done)
+        flag = before;
 }
 
 } // namespace
@@ -105,15 +121,23 @@ void DisableOracle(DocumentWindow& window) {
     Set(window, "DisableOracle", kOracle, false);
 }
 
+bool OffersMSSQL(DocumentWindow& window) {
+    return Offers(window, kMsSql);
+}
+
+bool OffersOracle(DocumentWindow& window) {
+    return Offers(window, kOracle);
+}
+
 void ToggleMSSQL(DocumentWindow& window) {
-    if (SchemaOf(window).mbEnabledMsSQL)
+    if (OffersMSSQL(window))
         DisableMSSQL(window);
     else
         EnableMSSQL(window);
 }
 
 void ToggleOracle(DocumentWindow& window) {
-    if (SchemaOf(window).mbEnabledOracle)
+    if (OffersOracle(window))
         DisableOracle(window);
     else
         EnableOracle(window);

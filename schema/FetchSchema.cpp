@@ -6,12 +6,11 @@ namespace schema {
 
 namespace {
 
-struct FetchedSchemas {
-    std::map<QString, QByteArray> bytes; ///< by address
-};
-
-FetchedSchemas& Slot(Application& app) {
-    return app.rooms.of<FetchedSchemas>();
+bool Allows(Application& app, const QString& address) {
+    const QString question =
+        QStringLiteral("The document refers to a schema at\r\n%1\r\nDo you want to fetch it from the net?");
+    return app.services.prompts.MsgBox(question.arg(address), services::Buttons::YesNo,
+                                       services::Icon::Question) == services::Answer::Yes;
 }
 
 services::HttpAnswer Get(Application& app, const QString& address) {
@@ -24,30 +23,20 @@ services::HttpAnswer Get(Application& app, const QString& address) {
 
 } // namespace
 
-const std::map<QString, QByteArray>& FetchedBefore(Application& app) {
-    return Slot(app).bytes;
-}
-
-std::optional<QByteArray> FetchIfAllowed(Application& app, const QString& address) {
-    std::map<QString, QByteArray>& bytes = Slot(app).bytes;
-    if (const auto found = bytes.find(address); found != bytes.end())
-        return found->second;
-    const QString question =
-        QStringLiteral("The document refers to a schema at\r\n%1\r\nDo you want to fetch it from the net?");
-    if (app.services.prompts.MsgBox(question.arg(address), services::Buttons::YesNo,
-                                    services::Icon::Question) != services::Answer::Yes)
+std::optional<QByteArray> SchemaFetch::Fetch(const QString& address) {
+    if (!tried_.insert(address).second || !Allows(app_, address))
         return {};
-    const services::HttpAnswer answer = Get(app, address);
+    const services::HttpAnswer answer = Get(app_, address);
     if (answer.ok)
-        return bytes[address] = answer.body;
-    edit::Message(app, answer.cancelled ? QStringLiteral("%1 was not fetched.").arg(address) : answer.error);
+        return bytes_[address] = answer.body;
+    edit::Message(app_, answer.cancelled ? QStringLiteral("%1 was not fetched.").arg(address) : answer.error);
     return {};
 }
 
-bool FetchWanted(Application& app, const QStringList& addresses) {
+bool SchemaFetch::FetchAll(const QStringList& addresses) {
     bool any = false;
     for (const QString& address : addresses)
-        any = FetchIfAllowed(app, address).has_value() || any;
+        any = Fetch(address).has_value() || any;
     return any;
 }
 

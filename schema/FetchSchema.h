@@ -6,18 +6,29 @@
 #include <QStringList>
 #include <map>
 #include <optional>
+#include <set>
 
-// Schemas from the net. One is fetched only where the user has said so, address by address, and kept for the
-// run.
+// Schemas from the net.
 namespace schema {
 
-const std::map<QString, QByteArray>& FetchedBefore(Application& app);
+/// What one check, or one look at a schema, fetches. An address is fetched only where the user has said so,
+/// and tried once.
+class SchemaFetch {
+public:
+    explicit SchemaFetch(Application& app) : app_(app) {}
 
-/// Asks for each address whether to fetch it, and does so. True when anything has come that wasn't there
-/// before.
-bool FetchWanted(Application& app, const QStringList& addresses);
-/// The bytes at an address; nothing where the user declines, or where it can't be had, which status panel 1
-/// tells.
-std::optional<QByteArray> FetchIfAllowed(Application& app, const QString& address);
+    const std::map<QString, QByteArray>& bytes() const { return bytes_; } ///< by address
+
+    /// Asks for each address that wasn't tried yet whether to fetch it, and does so. True when anything came.
+    bool FetchAll(const QStringList& addresses);
+    /// The bytes at an address; nothing where the user declines, or where it can't be had, which status panel
+    /// 1 tells.
+    std::optional<QByteArray> Fetch(const QString& address);
+
+private:
+    Application& app_;
+    std::map<QString, QByteArray> bytes_;
+    std::set<QString> tried_;
+};
 
 } // namespace schema

@@ -48,6 +48,7 @@ const WindowKind& SchemaKind() {
                                  .newTree = schema::AddTreeRootS,
                                  .fillTree = schema::SXMLToTree,
                                  .textRead = schema::CheckAfterReading,
+                                 .saving = schema::CheckAfterSaving,
                                  .textLeft = schema::TellAfterLeaving,
                                  .attributesOffered = schema::AttributesOffered,
                                  .valuesOffered = schema::ValuesOffered,
