@@ -4,6 +4,7 @@
 #include "core/model/Bond.h"
 #include "core/model/StateSlots.h"
 #include "core/model/WindowKind.h"
+#include "platform/controls/Chart.h"
 #include "platform/controls/Controls.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/RichTextBox.h"
@@ -50,7 +51,8 @@ struct DocumentWindow {
     controls::TextBox txtXPath;
     controls::TextBox txtSchema;
     controls::WebBrowser IE;
-    controls::Pane pctText, pctTableView, chtAna, pctLHSplit, pctSplitText;
+    controls::Pane pctText, pctTableView, pctLHSplit, pctSplitText;
+    controls::Chart chtAna; ///< of what is selected in a table
     controls::Event<> captionChanged;
 
     // --- the document -----------------------------------------------------------------------------------
