@@ -39,7 +39,8 @@ endif()
 # Compiled once. Targets may add macros of their own (a Qt module's, a test's folder): the header doesn't look at them.
 add_library(vantrel_pch OBJECT ${CMAKE_SOURCE_DIR}/cmake/pch.cpp)
 target_link_libraries(vantrel_pch PUBLIC vantrel_flags Qt6::Core)
-target_precompile_headers(vantrel_pch PRIVATE ${CMAKE_SOURCE_DIR}/cmake/pch.h)
+# Found by its include path: with the folder's own path in it, a cache couldn't serve two checkouts.
+target_precompile_headers(vantrel_pch PRIVATE <cmake/pch.h>)
 
 # vantrel_precompiled(target): lets a target that links Qt6::Core use it.
 function(vantrel_precompiled target)

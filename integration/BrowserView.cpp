@@ -44,6 +44,8 @@ MenuSituation Situation(DocumentWindow&) {
 const edit::View& BrowserView() {
     static constexpr edit::View view{.key = edit::kBrowserTab,
                                      .number = edit::kViewBrowser,
+                                     .caption = "Browser View",
+                                     .entry = "mnuViewWebBrowser",
                                      .show = Show,
                                      .refresh = Refresh,
                                      .situation = Situation,

@@ -51,6 +51,8 @@ MenuSituation Situation(DocumentWindow& window) {
 const edit::View& ListView() {
     static constexpr edit::View view{.key = edit::kListTab,
                                      .number = edit::kViewList,
+                                     .caption = "List View",
+                                     .entry = "mnuViewList",
                                      .load = Load,
                                      .show = Show,
                                      .refresh = Refresh,

@@ -16,14 +16,21 @@ MenuSituation Situation(DocumentWindow&) {
 } // namespace
 
 const edit::View& SchemaView() {
-    static constexpr edit::View view{
-        .key = edit::kSchemaTab, .number = edit::kViewSchema, .show = Show, .situation = Situation};
+    static constexpr edit::View view{.key = edit::kSchemaTab,
+                                     .number = edit::kViewSchema,
+                                     .caption = "Schema View",
+                                     .entry = "mnuViewSchema",
+                                     .show = Show,
+                                     .situation = Situation};
     return view;
 }
 
 const edit::View& CompactView() {
-    static constexpr edit::View view{
-        .key = edit::kCompactTab, .number = edit::kViewCompact, .situation = Situation};
+    static constexpr edit::View view{.key = edit::kCompactTab,
+                                     .number = edit::kViewCompact,
+                                     .caption = "Compact View",
+                                     .entry = "mnuViewCompact",
+                                     .situation = Situation};
     return view;
 }
 

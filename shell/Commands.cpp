@@ -5,6 +5,8 @@
 #include "shell/FrameCommands.h"
 #include "shell/RunCommand.h"
 #include "textview/TextCommandTable.h"
+#include "window/WindowKinds.h"
+#include <algorithm>
 #include <cstring>
 
 namespace shell {
@@ -15,14 +17,40 @@ bool Same(const char* a, const char* b) {
     return a && b && std::strcmp(a, b) == 0;
 }
 
+/// What rooms do in their views when a command of another room is chosen.
+std::vector<edit::CommandForm> FormsOfViews() {
+    const std::span<const edit::CommandForm> text = textview::TextForms();
+    return {text.begin(), text.end()};
+}
+
 /// A command's own forms and those that other rooms give it.
-std::vector<edit::Form> FormsOf(const edit::Command& command, std::span<const edit::CommandForm> others) {
+std::vector<edit::Form> FormsOf(const edit::Command& command) {
     std::vector<edit::Form> forms(std::begin(command.forms), std::end(command.forms));
-    for (const edit::CommandForm& other : others) {
+    for (const edit::CommandForm& other : FormsOfViews()) {
         if (Same(other.entry, command.offer.entries[0].name))
             forms.push_back(other.form);
     }
     return forms;
+}
+
+/// A form finds its command by the name of an entry: a slip in it would be a command that does nothing.
+void RefuseFormsWithoutCommand(std::span<const edit::Offer* const> offers) {
+    for (const edit::CommandForm& form : FormsOfViews()) {
+        if (std::none_of(offers.begin(), offers.end(),
+                         [&](const edit::Offer* offer) { return Same(form.entry, offer->entries[0].name); }))
+            throw text::Fault(text::kFaultNotFound, QLatin1String(form.entry));
+    }
+}
+
+bool Has(const WindowKind& kind, const edit::View* view) {
+    return std::find(kind.views.begin(), kind.views.end(), view) != kind.views.end();
+}
+
+/// Offered in the windows that have such a view.
+edit::Offer OfferOf(const edit::View* view) {
+    const bool both = Has(window::XMLKind(), view) && Has(window::SchemaKind(), view);
+    const edit::In one = Has(window::XMLKind(), view) ? edit::In::XMLWindow : edit::In::SchemaWindow;
+    return {.entries = {{view->entry}}, .in = both ? edit::In::AnyWindow : one};
 }
 
 } // namespace
@@ -33,14 +61,29 @@ Commands::Commands(FrameParts& frame) : frame_(frame) {
         if (command.run)
             row.run = [&frame, run = command.run](int index) { run(frame, index); };
     }
-    AddCommands(nodes::NodeCommands(), textview::TextForms());
-    AddCommands(textview::TextCommands(), {});
+    AddViews();
+    AddCommands(nodes::NodeCommands());
+    AddCommands(textview::TextCommands());
+    RefuseFormsWithoutCommand(Offers());
 }
 
-void Commands::AddCommands(std::span<const edit::Command> commands,
-                           std::span<const edit::CommandForm> others) {
+void Commands::AddViews() {
+    std::vector<const edit::View*> views = window::XMLKind().views;
+    for (const edit::View* view : window::SchemaKind().views) {
+        if (!Has(window::XMLKind(), view))
+            views.push_back(view);
+    }
+    for (const edit::View* view : views) {
+        rows_.push_back({&views_.emplace_back(OfferOf(view)), [&frame = frame_, view](int) {
+                             if (DocumentWindow* window = frame.windows.ActiveForm())
+                                 edit::ShowView(*window, view->key);
+                         }});
+    }
+}
+
+void Commands::AddCommands(std::span<const edit::Command> commands) {
     for (const edit::Command& command : commands) {
-        const auto run = [&frame = frame_, &command, forms = FormsOf(command, others)](int) {
+        const auto run = [&frame = frame_, &command, forms = FormsOf(command)](int) {
             DocumentWindow* window = frame.windows.ActiveForm();
             if (!window)
                 return;

@@ -2,6 +2,7 @@
 #pragma once
 #include "core/edit/Command.h"
 #include "shell/FrameParts.h"
+#include <deque>
 #include <functional>
 #include <span>
 #include <vector>
@@ -25,13 +26,15 @@ private:
         const edit::Offer* offer;
         std::function<void(int index)> run; ///< none for a command that isn't there yet
     };
-    void AddCommands(std::span<const edit::Command> commands, std::span<const edit::CommandForm> forms);
+    void AddViews();
+    void AddCommands(std::span<const edit::Command> commands);
     void ConnectEntries(const Row& row);
     void ConnectButton(const Row& row);
     void RunFirstOffered(const edit::Button& button) const;
     bool IsOffered(const Row& row) const;
 
     FrameParts& frame_;
+    std::deque<edit::Offer> views_; ///< one for each view's menu entry
     std::vector<Row> rows_;
 };
 

@@ -54,12 +54,8 @@ void mnuFileExit_Click(FrameParts& frame, int) {
     frame.ended();
 }
 
-// --- windows and views ------------------------------------------------------------------------------------
+// --- windows ----------------------------------------------------------------------------------------------
 
-template <const char* key> void ShowView(FrameParts& frame, int) {
-    if (DocumentWindow* window = frame.windows.ActiveForm())
-        edit::ShowView(*window, key);
-}
 template <ArrangeCode code> void Arrange(FrameParts& frame, int) {
     frame.arranged(code);
 }
@@ -120,13 +116,6 @@ constexpr FrameCommand kCommands[] = {
     {{{{"mnuCopyAsHTML"}}, {}, kCells}},
     {{{{"mnuSortAZ", ShowsTable}}, {"tbCommonEdit", "az"}, kTableOnly}},
     {{{{"mnuSortZA", ShowsTable}}, {"tbCommonEdit", "za"}, kTableOnly}},
-
-    {{{{"mnuViewList"}}}, ShowView<edit::kListTab>},
-    {{{{"mnuViewText"}}}, ShowView<edit::kTextTab>},
-    {{{{"mnuViewAtTableV"}}}, ShowView<edit::kTableTab>},
-    {{{{"mnuViewWebBrowser"}}}, ShowView<edit::kBrowserTab>},
-    {{{{"mnuViewSchema"}}, {}, nullptr, In::XMLWindow}, ShowView<edit::kSchemaTab>},
-    {{{{"mnuViewCompact"}}, {}, nullptr, In::SchemaWindow}, ShowView<edit::kCompactTab>},
 
     {{{{"mnuWindowCascade"}}}, Arrange<vbCascade>},
     {{{{"mnuWindowTileHorizontal"}}}, Arrange<vbTileHorizontal>},

@@ -15,6 +15,11 @@ void Show(DocumentWindow& window) {
         window.tvXML.SetSelectedItem(selected.Child());
 }
 
+void Hide(DocumentWindow& window) {
+    window.chtAna.SetVisible(false);
+    window.pctLHSplit.SetVisible(false);
+}
+
 MenuSituation Situation(DocumentWindow&) {
     return MenuSituation::TableUnselected;
 }
@@ -22,8 +27,13 @@ MenuSituation Situation(DocumentWindow&) {
 } // namespace
 
 const edit::View& TableView() {
-    static constexpr edit::View view{
-        .key = edit::kTableTab, .number = edit::kViewTable, .show = Show, .situation = Situation};
+    static constexpr edit::View view{.key = edit::kTableTab,
+                                     .number = edit::kViewTable,
+                                     .caption = "Table View",
+                                     .entry = "mnuViewAtTableV",
+                                     .show = Show,
+                                     .hide = Hide,
+                                     .situation = Situation};
     return view;
 }
 

@@ -55,6 +55,8 @@ MenuSituation Situation(DocumentWindow& window) {
 const edit::View& TextView() {
     static constexpr edit::View view{.key = edit::kTextTab,
                                      .number = edit::kViewText,
+                                     .caption = "Text View",
+                                     .entry = "mnuViewText",
                                      .load = Load,
                                      .show = Show,
                                      .refresh = FollowNode,

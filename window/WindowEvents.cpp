@@ -32,8 +32,6 @@ void FileName(DocumentWindow& window) {
 
 void Form_Load(DocumentWindow& window) {
     window.way = &textview::WrittenAnew();
-    window.chtAna.SetVisible(false);
-    window.pctLHSplit.SetVisible(false);
     // What is being typed in a label or a cell goes in before another view shows.
     window.tbsXML.BeforeClick.connect([&window](bool&) { nodes::FinishEdits(window); });
     edit::LoadViews(window);

@@ -13,11 +13,6 @@ const WindowKind& XMLKind() {
                                  .extension = QStringLiteral(".xml"),
                                  .schema = false,
                                  .renamesNodes = true,
-                                 .tabs = {{QLatin1String(edit::kListTab), QStringLiteral("List View")},
-                                          {QLatin1String(edit::kTextTab), QStringLiteral("Text View")},
-                                          {QLatin1String(edit::kTableTab), QStringLiteral("Table View")},
-                                          {QLatin1String(edit::kBrowserTab), QStringLiteral("Browser View")},
-                                          {QLatin1String(edit::kSchemaTab), QStringLiteral("Schema View")}},
                                  .views = {&nodes::ListView(), &textview::TextView(), &table::TableView(),
                                            &integration::BrowserView(), &schema::SchemaView()}};
     return kind;
@@ -28,11 +23,6 @@ const WindowKind& SchemaKind() {
                                  .extension = QStringLiteral(".xsd"),
                                  .schema = true,
                                  .renamesNodes = false,
-                                 .tabs = {{QLatin1String(edit::kListTab), QStringLiteral("List View")},
-                                          {QLatin1String(edit::kCompactTab), QStringLiteral("Compact View")},
-                                          {QLatin1String(edit::kTextTab), QStringLiteral("Text View")},
-                                          {QLatin1String(edit::kTableTab), QStringLiteral("Table View")},
-                                          {QLatin1String(edit::kBrowserTab), QStringLiteral("Browser View")}},
                                  .views = {&nodes::ListView(), &schema::CompactView(), &textview::TextView(),
                                            &table::TableView(), &integration::BrowserView()}};
     return kind;

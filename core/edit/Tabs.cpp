@@ -13,14 +13,21 @@ void tbsXML_BeforeClick(DocumentWindow& window, bool& cancel) {
     cancel = cancel || (view && view->leave && !view->leave(window));
 }
 
+void HideOthers(DocumentWindow& window, const View* shown) {
+    for (const View* view : window.views) {
+        if (view != shown && view->hide)
+            view->hide(window);
+    }
+}
+
 void tbsXML_Click(DocumentWindow& window) {
     Run(window, "tbsXML_Click", [&] {
         window.app.frame().StatusBar1().SetPanel(2, {});
-        window.chtAna.SetVisible(false);
-        window.pctLHSplit.SetVisible(false);
         window.menuSide = MenuSide::View;
-        if (const View* view = ViewOnShow(window); view && view->show)
-            view->show(window);
+        const View* shown = ViewOnShow(window);
+        HideOthers(window, shown);
+        if (shown && shown->show)
+            shown->show(window);
     });
 }
 
@@ -28,12 +35,17 @@ void tbsXML_Click(DocumentWindow& window) {
 
 void LoadViews(DocumentWindow& window) {
     window.views = window.kind.views;
+    std::vector<controls::TabStrip::Tab> tabs;
+    for (const View* view : window.views)
+        tabs.push_back({QLatin1String(view->key), QLatin1String(view->caption)});
+    window.tbsXML.SetTabs(tabs);
     window.tbsXML.BeforeClick.connect([&window](bool& cancel) { tbsXML_BeforeClick(window, cancel); });
     window.tbsXML.Click.connect([&window] { tbsXML_Click(window); });
     for (const View* view : window.views) {
         if (view->load)
             view->load(window);
     }
+    HideOthers(window, ViewOnShow(window));
 }
 
 void UnloadViews(DocumentWindow& window) {

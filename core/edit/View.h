@@ -28,6 +28,8 @@ inline constexpr int kViewCompact = 7;
 struct View {
     const char* key; ///< of its tab
     int number;
+    const char* caption; ///< on its tab
+    const char* entry;   ///< the menu entry that chooses it
     // Each of these may be null: nothing to do.
     /// The window is made: controls and events of the view are joined.
     void (*load)(DocumentWindow& window) = nullptr;
@@ -38,6 +40,8 @@ struct View {
     void (*refresh)(DocumentWindow& window, bool treeChanged) = nullptr;
     /// Another tab is about to be chosen. False keeps it on show; the user has been told why.
     bool (*leave)(DocumentWindow& window) = nullptr;
+    /// Another view is on show, or none is yet: what it puts up beside its own pane goes.
+    void (*hide)(DocumentWindow& window) = nullptr;
     /// What the menus offer while the view has the user's attention.
     MenuSituation (*situation)(DocumentWindow& window) = nullptr;
     /// The window is closing for good.

@@ -35,7 +35,6 @@ const QStringList& ImageKeys() {
 DocumentWindow::DocumentWindow(Application& application, const WindowKind& windowKind)
     : app(application), kind(windowKind) {
     tvXML.ImageList = ImageKeys();
-    tbsXML.SetTabs(kind.tabs);
 }
 
 void DocumentWindow::SetCaption(const QString& name) {

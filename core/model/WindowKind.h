@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-#include "platform/controls/Controls.h"
 #include <QString>
 #include <vector>
 
@@ -15,7 +14,6 @@ struct WindowKind {
     QString extension; ///< of new documents, with the dot: ".xml" or ".xsd"
     bool schema;       ///< designs schemas: the schema menus are offered
     bool renamesNodes; ///< labels of the tree can be edited, not the tree root's alone
-    std::vector<controls::TabStrip::Tab> tabs;
-    /// The views behind the tabs, in their order.
+    /// The views behind the tabs, in their order; the first one is on show in a new window.
     std::vector<const edit::View*> views;
 };
