@@ -1,10 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/TableView.h"
 #include "core/model/NodeKind.h"
+#include "table/Sheet.h"
 
 namespace table {
 
 namespace {
+
+void Load(DocumentWindow& window) {
+    window.hfgrdTableView(0).SetVisible(false);
+    window.txtTView.SetVisible(false);
+    window.txtTViewHeader.SetVisible(false);
+    window.cmbSum.SetVisible(false);
+    window.vsTableView.SetVisible(false);
+    window.vsTableView.Change.connect([&window] { vsTableView_Change(window); });
+}
 
 void Show(DocumentWindow& window) {
     window.chtAna.SetVisible(true);
@@ -31,6 +41,7 @@ const edit::View& TableView() {
                                      .number = edit::kViewTable,
                                      .caption = "Table View",
                                      .entry = "mnuViewAtTableV",
+                                     .load = Load,
                                      .show = Show,
                                      .hide = Hide,
                                      .situation = Situation};
