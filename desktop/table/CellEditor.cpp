@@ -89,8 +89,10 @@ void CellEditor::ConnectBox() {
     boxEvents_.Bind(model_);
     boxEvents_.keyDown = [this](int& key, int modifiers) { BoxKey(key, modifiers); };
     connect(box_, &QPlainTextEdit::textChanged, this, [this] {
-        if (!filling_ && large_)
-            model_.UserTyped(WithLineEndsOf(model_.Text(), Typed(*box_)));
+        if (filling_ || !large_)
+            return;
+        model_.UserTyped(WithLineEndsOf(model_.Text(), Typed(*box_)));
+        TellSelection(); // the caret moved before the text was told
     });
     connect(box_, &QPlainTextEdit::cursorPositionChanged, this, [this] { TellSelection(); });
     connect(box_, &QPlainTextEdit::selectionChanged, this, [this] { TellSelection(); });
