@@ -4,6 +4,7 @@
 #include "core/model/Bond.h"
 #include "core/model/StateSlots.h"
 #include "core/model/WindowKind.h"
+#include "platform/controls/Chart.h"
 #include "platform/controls/Controls.h"
 #include "platform/controls/FlexGrid.h"
 #include "platform/controls/ListView.h"
@@ -57,7 +58,8 @@ struct DocumentWindow {
     controls::TextBox txtXPath;
     controls::TextBox txtSchema;
     controls::WebBrowser IE;
-    controls::Pane pctText, pctTableView, chtAna, pctLHSplit, pctSplitText;
+    controls::Pane pctText, pctTableView, pctLHSplit, pctSplitText;
+    controls::Chart chtAna; ///< of what is selected in a table
     controls::Event<> captionChanged;
 
     // --- the document -----------------------------------------------------------------------------------
