@@ -2,14 +2,14 @@
 #include "nodes/FinishEdits.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
-#include "nodes/ListCommit.h"
+#include "core/edit/View.h"
 
 namespace nodes {
 
 void FinishEdits(DocumentWindow& window) {
     window.tvXML.FinishLabelEdit();
     window.ListView1.FinishLabelEdit();
-    txtListView_LostFocus(window);
+    edit::FinishCells(window);
 }
 
 bool FinishAllEdits(DocumentWindow& window) {

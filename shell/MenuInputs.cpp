@@ -2,7 +2,6 @@
 #include "shell/MenuInputs.h"
 #include "core/edit/CopySlot.h"
 #include "core/model/NodeNumbers.h"
-#include "nodes/ListState.h"
 #include "textview/TextState.h"
 
 namespace shell {
@@ -11,12 +10,16 @@ namespace {
 
 using controls::TreeNode;
 
-// A node has been copied in this program, even if its document has been closed since; a text takes any text.
+// Texts and cells take any text (quirk 78).
+bool TakesAnyText(MenuSituation situation) {
+    return situation == MenuSituation::TextSelected || situation == MenuSituation::TextUnselected ||
+           situation == MenuSituation::TableSelected;
+}
+
+// A node has been copied in this program, even if its document has been closed since.
 bool CanPaste(DocumentWindow& window, MenuSituation situation, bool editsCell) {
-    if (!edit::LastCopy(window.app).copiedText.isEmpty())
-        return true;
-    const bool text = situation == MenuSituation::TextSelected || situation == MenuSituation::TextUnselected;
-    return (text || editsCell) && window.app.services.clipboard.HasText();
+    return !edit::LastCopy(window.app).copiedText.isEmpty() ||
+           ((TakesAnyText(situation) || editsCell) && window.app.services.clipboard.HasText());
 }
 
 TreeNode NodeOf(DocumentWindow& window, MenuSituation situation) {
@@ -35,7 +38,7 @@ edit::Target TargetOf(DocumentWindow& window, MenuSituation situation) {
     target.atRootLevel = node && m_tvXML::IsTreeRoot(node.Parent());
     target.hasLevelAbove = current && !m_tvXML::IsTreeRoot(current);
     target.hasRootElement = m_tvXML::HaveElementNodeAtXMLRootLevel(window.tvXML);
-    target.editsCell = nodes::ListOf(window).mbIsEditValue;
+    target.editsCell = edit::OpenCell(window) != nullptr;
     target.canPaste = CanPaste(window, situation, target.editsCell);
     target.canUndo = text.UndoPos > 0;
     target.canRedo = text.UndoPos < std::ssize(text.undoStack);

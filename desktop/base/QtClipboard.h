@@ -10,6 +10,7 @@ public:
     void Clear() override;
     /// Line ends go out as other programs here write them.
     void SetText(const QString& text) override;
+    void SetContents(const services::ClipboardContents& contents) override;
     QString GetText() override;
     bool HasText() override;
 };

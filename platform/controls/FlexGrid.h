@@ -185,7 +185,18 @@ public:
 private:
     std::shared_ptr<GridEvents> events_ = std::make_shared<GridEvents>();
     std::vector<std::unique_ptr<FlexGrid>> grids_;
-    int updates_ = 0;
+};
+
+/// An update of an array of grids as long as it lives.
+class FlexGridUpdate {
+public:
+    explicit FlexGridUpdate(FlexGridArray& grids) : grids_(grids) { grids_.BeginUpdate(); }
+    ~FlexGridUpdate() { grids_.EndUpdate(); }
+    FlexGridUpdate(const FlexGridUpdate&) = delete;
+    FlexGridUpdate& operator=(const FlexGridUpdate&) = delete;
+
+private:
+    FlexGridArray& grids_;
 };
 
 } // namespace controls
