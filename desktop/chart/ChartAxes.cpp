@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/chart/ChartAxes.h"
+#include "desktop/base/Colours.h"
 #include "desktop/base/OneLine.h"
 #include "desktop/chart/SeriesLook.h"
 #include <QFontMetricsF>
@@ -14,25 +15,22 @@ constexpr double kGap = 5; ///< between an axis and its words
 constexpr double kSwatchSize = 12;
 
 /// Between the colours of paper and text.
-QColor Mixed(const QPalette& palette, double text) {
-    const QColor paper = palette.color(QPalette::Base), ink = palette.color(QPalette::Text);
-    return QColor::fromRgbF(static_cast<float>(paper.redF() * (1 - text) + ink.redF() * text),
-                            static_cast<float>(paper.greenF() * (1 - text) + ink.greenF() * text),
-                            static_cast<float>(paper.blueF() * (1 - text) + ink.blueF() * text));
+QColor Inked(const QPalette& palette, double text) {
+    return Mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), text);
 }
 
 void PaintWalls(QPainter& painter, const ChartPicture& picture, const ChartLayout& layout) {
     const QRectF& front = layout.front;
     const QPointF& depth = layout.depth;
-    painter.setPen(QPen(Mixed(picture.palette, 0.25), 1));
-    painter.setBrush(Mixed(picture.palette, 0.02));
+    painter.setPen(QPen(Inked(picture.palette, 0.25), 1));
+    painter.setBrush(Inked(picture.palette, 0.02));
     painter.drawRect(front.translated(depth));
     if (depth.isNull())
         return;
-    painter.setBrush(Mixed(picture.palette, 0.06));
+    painter.setBrush(Inked(picture.palette, 0.06));
     painter.drawPolygon(QPolygonF(
         {front.topLeft(), front.topLeft() + depth, front.bottomLeft() + depth, front.bottomLeft()}));
-    painter.setBrush(Mixed(picture.palette, 0.10));
+    painter.setBrush(Inked(picture.palette, 0.10));
     painter.drawPolygon(QPolygonF(
         {front.bottomLeft(), front.bottomLeft() + depth, front.bottomRight() + depth, front.bottomRight()}));
 }
@@ -41,7 +39,7 @@ void PaintHeights(QPainter& painter, const ChartPicture& picture, const ChartLay
     const QRectF& front = layout.front;
     for (const Tick& tick : layout.y.ticks) {
         const QPointF place = layout.At(layout.x.low, tick.place);
-        painter.setPen(QPen(Mixed(picture.palette, tick.place == 0 ? 0.5 : 0.15), 1));
+        painter.setPen(QPen(Inked(picture.palette, tick.place == 0 ? 0.5 : 0.15), 1));
         const QPointF back = place + layout.depth;
         painter.drawPolyline(QPolygonF({place, back, back + QPointF(front.width(), 0)}));
         painter.setPen(picture.palette.color(QPalette::Text));
@@ -58,7 +56,7 @@ void PaintCategories(QPainter& painter, const ChartPicture& picture, const Chart
     const double room = layout.front.width() / static_cast<double>(layout.x.ticks.size());
     for (const Tick& tick : layout.x.ticks) {
         const QPointF place(layout.At(tick.place, 0).x(), layout.front.bottom());
-        painter.setPen(QPen(Mixed(picture.palette, 0.4), 1));
+        painter.setPen(QPen(Inked(picture.palette, 0.4), 1));
         painter.drawLine(place, place + QPointF(0, kGap - 1));
         painter.setPen(picture.palette.color(QPalette::Text));
         const QString label = font.elidedText(OneLine(QStringView(tick.label)), Qt::ElideRight, room);

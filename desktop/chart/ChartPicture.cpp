@@ -10,7 +10,8 @@ namespace {
 
 constexpr std::size_t kMostSlices = 24;
 constexpr double kGroupWidth = 0.8; ///< of a row's bars
-constexpr double kLaneWidth = 0.7;  ///< of what a series has in the depth
+constexpr double kRowsOfFullWidth = 4;
+constexpr double kLaneWidth = 0.7; ///< of what a series has in the depth
 
 const controls::ChartSeries& First(const ChartPicture& picture) {
     return picture.table->series.front();
@@ -122,8 +123,11 @@ Extent LaneOf(const ChartPicture& picture, std::size_t series) {
 }
 
 Extent BarPlace(const ChartPicture& picture, std::size_t series) {
-    const double width = kGroupWidth / static_cast<double>(std::max<std::size_t>(BarCount(picture), 1));
-    const double left = -kGroupWidth / 2 + width * static_cast<double>(series);
+    // A few rows would give bars as broad as walls.
+    const double group =
+        kGroupWidth * std::min(1.0, static_cast<double>(picture.table->rows) / kRowsOfFullWidth);
+    const double width = group / static_cast<double>(std::max<std::size_t>(BarCount(picture), 1));
+    const double left = -group / 2 + width * static_cast<double>(series);
     return {left, left + width};
 }
 

@@ -16,6 +16,8 @@ using controls::FlexGrid;
 constexpr int kPadding = 4;  ///< beside a text
 constexpr int kRowSpace = 7; ///< above and below, together
 
+constexpr double kPaleSelection = 0.3; ///< in a grid that keys don't go to
+
 QFont FontOf(const controls::GridStyle& style, const QWidget& widget) {
     QFont font = widget.font();
     font.setBold(style.Bold);
@@ -29,7 +31,7 @@ public:
     GridPainter(QPainter& painter, const SheetPlaces& places, const FlexGrid& grid, const QWidget& widget,
                 bool hasFocus)
         : painter_(painter), places_(places), grid_(grid), widget_(widget), selection_(grid.Selection()),
-          group_(hasFocus ? QPalette::Active : QPalette::Inactive), hasFocus_(hasFocus) {}
+          hasFocus_(hasFocus) {}
 
     void Paint() {
         const auto [first, last] = places_.VisibleRows(grid_);
@@ -60,11 +62,13 @@ private:
 
     QColor Paper(int row, int col, bool selected) const {
         const QPalette& palette = widget_.palette();
-        if (selected)
-            return palette.color(group_, QPalette::Highlight);
-        return palette.color(row == 0                   ? QPalette::Button
-                             : col < grid_.FrozenCols() ? QPalette::AlternateBase
-                                                        : QPalette::Base);
+        const QColor plain = palette.color(row == 0                   ? QPalette::Button
+                                           : col < grid_.FrozenCols() ? QPalette::AlternateBase
+                                                                      : QPalette::Base);
+        if (!selected)
+            return plain;
+        const QColor full = palette.color(QPalette::Highlight);
+        return hasFocus_ ? full : Mixed(plain, full, kPaleSelection);
     }
 
     void PaintCell(int row, int col) {
@@ -94,9 +98,9 @@ private:
         const QFont font = FontOf(style, widget_);
         const QColor own = TextColour(style.ForeColor, paper);
         const QPalette::ColorRole role = row == 0 ? QPalette::ButtonText : QPalette::Text;
-        painter_.setPen(selected        ? widget_.palette().color(group_, QPalette::HighlightedText)
-                        : own.isValid() ? own
-                                        : widget_.palette().color(role));
+        painter_.setPen(selected && hasFocus_ ? widget_.palette().color(QPalette::HighlightedText)
+                        : own.isValid()       ? own
+                                              : widget_.palette().color(role));
         painter_.setFont(font);
         const QRect inside = cell.adjusted(kPadding, 0, -kPadding, 0);
         const Qt::Alignment side =
@@ -110,7 +114,6 @@ private:
     const FlexGrid& grid_;
     const QWidget& widget_;
     controls::GridRange selection_;
-    QPalette::ColorGroup group_;
     bool hasFocus_;
 };
 

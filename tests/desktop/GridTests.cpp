@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The grids of the table view with real widgets, mouse and keys.
 #include "desktop/base/Twips.h"
+#include "desktop/chart/ChartPane.h"
 #include "desktop/table/SheetPane.h"
 #include "desktop/table/SheetPlaces.h"
 #include "table/Sheet.h"
-#include "tests/support/TestApp.h"
+#include "tests/desktop/ShownApp.h"
 #include "window/WindowKinds.h"
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
@@ -300,6 +302,44 @@ TEST_F(Grids, EditorsLieOverTheirCellsAndTakeKeys) {
     EXPECT_EQ(model.SelStart(), 9);
 }
 
+TEST_F(Grids, TheListOfFiguresOpensByKeysAndTheBoxStays) {
+    Make({{9, 6}});
+    controls::ComboBox& model = window.cmbSum;
+    const auto fill = [&model] {
+        model.Clear();
+        for (const char* name : {"", "Sum", "Average"})
+            model.AddItem(QLatin1String(name));
+    };
+    int dropped = 0, lost = 0;
+    QString chosen;
+    model.DropDown.connect([&] {
+        ++dropped;
+        fill();
+    });
+    model.LostFocus.connect([&] { ++lost; });
+    model.Click.connect([&] { chosen = model.Text(); });
+    model.KeyDown.connect([](int& key, int) { key = 0; });
+    fill();
+    model.Move({Grid(0).ColLeft(3), Grid(0).RowTop(8), 1440, 315});
+    model.SetVisible(true);
+    model.SetFocus();
+    auto& box = *pane.findChild<QComboBox*>(QStringLiteral("cmbSum"));
+    QTest::keyClick(&box, Qt::Key_Down);
+    EXPECT_EQ(model.ListIndex(), -1) << "the key is the control's";
+    for (const Qt::Key key : {Qt::Key_F4, Qt::Key_Space}) {
+        QTest::keyClick(&box, key);
+        ASSERT_TRUE(box.view()->isVisible());
+        EXPECT_EQ(lost, 0) << "while the list is open the box stays";
+        QTest::keyClick(box.view(), Qt::Key_Down);
+        QTest::keyClick(box.view(), Qt::Key_Return);
+        EXPECT_EQ(chosen, QStringLiteral("Sum"));
+        EXPECT_TRUE(box.isVisible());
+    }
+    EXPECT_EQ(dropped, 2);
+    View().setFocus();
+    EXPECT_EQ(lost, 1);
+}
+
 TEST_F(Grids, AssistiveProgramsReadTheCurrentGridAsATable) {
     Make({{9, 6}, {4, 4}});
     QAccessibleInterface* sheet = QAccessible::queryAccessibleInterface(&View());
@@ -317,6 +357,68 @@ TEST_F(Grids, AssistiveProgramsReadTheCurrentGridAsATable) {
     ClickCell(Grid(1), 1, 2);
     EXPECT_EQ(cells.columnCount(), 4);
     EXPECT_FALSE(last->isValid()) << "the other grid is smaller";
+}
+
+/// The table tab of the whole application.
+struct TableTab : ::testing::Test {
+    test::ShownApp t;
+    TableTab() {
+        t.OpenText(QStringLiteral("shop.xml"), "<shop><pen price='3' size='1'><cap/></pen>"
+                                               "<pen price='5' size='2'>blue</pen></shop>");
+        t.window().tvXML.SetSelectedItem(t.window().tvXML.SelectedItem().Child().Child());
+        t.ClickTab(QStringLiteral("tableview"));
+        View().setFocus();
+    }
+    desktop::SheetView& View() { return t.Find<desktop::SheetPane>(QStringLiteral("pctTableView")).View(); }
+    FlexGrid& Grid() { return t.window().hfgrdTableView(0); }
+    QPoint On(int row, int col) {
+        return SheetPlaces(t.window(), View().size()).RectOf(Grid(), row, col).center();
+    }
+    void DoubleClick(int row, int col) {
+        const QPoint place = View().mapTo(t.main.get(), On(row, col));
+        QTest::mouseClick(t.main->windowHandle(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(t.main->windowHandle(), Qt::LeftButton, {}, place);
+        QCoreApplication::processEvents();
+    }
+};
+
+TEST_F(TableTab, ACellIsEditedAndTheNextKeyGoesToTheGrid) {
+    DoubleClick(2, 2);
+    ASSERT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("txtTView"));
+    t.Type(QStringLiteral("1"));
+    t.Press(Qt::Key_Up);
+    t.Type(QStringLiteral("2"));
+    EXPECT_EQ(Grid().TextMatrix(2, 2), QStringLiteral("15"));
+    t.Click(View(), On(2, 3)); // a click elsewhere is a commit, too
+    EXPECT_EQ(Grid().TextMatrix(1, 2), QStringLiteral("23"));
+    EXPECT_TRUE(t.window().rtxtXML.Text().contains(QStringLiteral("price=\"23\"")));
+    EXPECT_TRUE(View().hasFocus());
+    EXPECT_EQ(Grid().Row(), 2);
+    EXPECT_EQ(Grid().Col(), 3);
+}
+
+TEST_F(TableTab, ADoubleClickOnALabelWalksDownAndUpAndKeysFollow) {
+    DoubleClick(1, 1);
+    EXPECT_EQ(t.SelectedNode(), QStringLiteral("cap"));
+    EXPECT_EQ(Grid().TextMatrix(0, 1), QStringLiteral("<cap>"));
+    DoubleClick(1, 1);
+    EXPECT_EQ(t.SelectedNode(), QStringLiteral("pen"));
+    t.Press(Qt::Key_Down);
+    EXPECT_EQ(Grid().Row(), 2);
+    t.Click(View(), On(2, 1));
+    EXPECT_EQ(t.window().txtXPath.Text(), QStringLiteral("/shop[1]/pen[2]"));
+}
+
+TEST_F(TableTab, WhatIsSelectedIsDrawnAndOtherTabsHaveNoChart) {
+    auto& chart = t.Find<desktop::ChartPane>(QStringLiteral("chtAna"));
+    EXPECT_TRUE(chart.isVisible());
+    t.Click(View(), On(0, 2));
+    QCoreApplication::processEvents();
+    const controls::ChartTable& drawn = *chart.View().Picture().table;
+    ASSERT_EQ(drawn.series.size(), 1U);
+    EXPECT_EQ(drawn.series[0].values, std::vector<double>({3, 5})) << "not the row for calculations";
+    t.ClickTab(QStringLiteral("listview"));
+    EXPECT_FALSE(t.window().chtAna.Visible());
 }
 
 } // namespace
