@@ -18,8 +18,6 @@ using text::CompactView;
 constexpr std::uint32_t kLabelColour = 0x400000, kCalcColour = 0x000040; // 0x00BBGGRR
 constexpr int kKeyColumn = 0, kLabelColumn = 1;
 
-const QString kNodeText = QStringLiteral("Node Text");
-
 // Most texts are no numbers, which their first character tells.
 bool MayBeNumber(CompactView value) {
     if (value.isEmpty())

@@ -53,8 +53,9 @@ void PasteInto(DocumentWindow& window, FlexGrid& grid, const QString& text) {
 bool CopyAtTableView(DocumentWindow& window) {
     return edit::Guarded(window, "CopyAtTableView", [&] {
         if (const controls::TextBox* cell = OpenTableCell(window)) {
-            window.app.services.clipboard.SetText(cell->Text().mid(cell->SelStart(), cell->SelLength()));
-            return true;
+            if (cell->SelLength() > 0)
+                window.app.services.clipboard.SetText(cell->Text().mid(cell->SelStart(), cell->SelLength()));
+            return false; // the letters were meant, not the cell
         }
         FlexGrid* grid = CurrentGrid(window);
         const QString text = grid ? GetTableViewText(window, *grid) : QString();

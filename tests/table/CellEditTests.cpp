@@ -108,15 +108,6 @@ TEST_F(CellEdit, TheEditorOpensOnWhatTheDocumentHoldsAndLosesTheFirstKey) {
     }
 }
 
-TEST_F(CellEdit, AValueTooLongForALineGoesToTheDialog) {
-    Open("<r><a x='" + QByteArray(40'000, 'x') + "' y='1'/></r>");
-    bool shown = false;
-    t.frame().editNodesShown.connect([&](frmEditNodes&) { shown = true; });
-    DblClick(1, 2);
-    EXPECT_TRUE(shown);
-    EXPECT_EQ(Edited(), "closed");
-}
-
 TEST_F(CellEdit, RowsThatWereTakenAwayTakeNothing) {
     Open();
     DblClick(1, 3);
