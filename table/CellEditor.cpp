@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/CellEditor.h"
-#include "core/edit/Transaction.h"
-#include "core/model/Frame.h"
+#include "core/edit/Guard.h"
 #include "table/CellCommit.h"
 #include "table/EditorPlace.h"
 #include "table/GridCells.h"
@@ -15,10 +14,8 @@ namespace {
 using controls::FlexGrid;
 using controls::TextBox;
 
-constexpr qsizetype kLongestLine = 32'767; // characters that a text box takes
-
-text::CompactView CurrentValue(DocumentWindow& window, const FlexGrid& grid) {
-    return TableIn(window, grid)->value(grid.SourceRow(grid.Row()), grid.Col());
+QString CurrentValue(DocumentWindow& window, const FlexGrid& grid) {
+    return TableIn(window, grid)->value(grid.SourceRow(grid.Row()), grid.Col()).toString();
 }
 
 void NoteEdited(DocumentWindow& window, const FlexGrid& grid, int row) {
@@ -38,10 +35,6 @@ void Open(DocumentWindow& window, TextBox& txt, const EditedCell& cell, int key)
 
 } // namespace
 
-bool FitsLine(DocumentWindow& window, const FlexGrid& grid) {
-    return CurrentValue(window, grid).length <= kLongestLine;
-}
-
 void GridEdit(DocumentWindow& window, FlexGrid& grid, TextBox& txt, int key) {
     edit::Guarded(window.app, AtRoutine(window, "GridEdit"), [&] {
         FinishTableEdits(window);
@@ -50,14 +43,8 @@ void GridEdit(DocumentWindow& window, FlexGrid& grid, TextBox& txt, int key) {
         if (grid.Col() < Columns::kFirst || !element)
             return;
         ShowTableCell(window, grid, grid.Row(), grid.Col());
-        if (!FitsLine(window, grid)) {
-            edit::SelectNode(window, element);
-            window.app.frame().RunMenuCommand(QStringLiteral("mnuEditPopupEditNode"));
-            return;
-        }
         LayCellEditor(window, txt);
-        Open(window, txt,
-             {element.Key(), grid.TextMatrix(0, grid.Col()), CurrentValue(window, grid).toString()}, key);
+        Open(window, txt, {element.Key(), grid.TextMatrix(0, grid.Col()), CurrentValue(window, grid)}, key);
     });
 }
 

@@ -2,8 +2,6 @@
 #include "table/CellValue.h"
 #include "core/model/Escaping.h"
 #include "core/model/Probe.h"
-#include "platform/text/TextTools.h"
-#include <algorithm>
 
 namespace table {
 
@@ -11,23 +9,32 @@ namespace {
 
 const QString kElement = QStringLiteral("temp"), kAttribute = QStringLiteral("attr");
 
-// Letters that mean nothing to a parser anywhere: nearly all values hold no others, and are not probed.
-bool IsPlain(QStringView typed) {
-    return std::all_of(typed.begin(), typed.end(), [](QChar c) {
-        const char16_t unit = c.unicode();
-        const bool markup = unit == u'<' || unit == u'>' || unit == u'&' || unit == u'"';
-        return (unit >= u' ' || unit == u'\t') && unit < 0xD800 && !markup;
-    });
-}
-
-// A "&" that begins a reference which is known everywhere, at a place.
-bool BeginsReference(QStringView rest) {
+// A "&" that begins a reference which is known everywhere.
+bool BeginsEntity(QStringView rest) {
     for (const char* known : {"&amp;", "&lt;", "&gt;", "&quot;", "&apos;"}) {
         if (rest.startsWith(QLatin1String(known)))
             return true;
     }
-    const qsizetype end = rest.indexOf(u';');
-    return rest.startsWith(QLatin1String("&#")) && end > 2 && end < 10;
+    return false;
+}
+
+bool BeginsReference(QStringView rest) {
+    constexpr qsizetype kShortest = 3, kLongest = 10; // places of the semicolon
+    const qsizetype end = rest.startsWith(QLatin1String("&#")) ? rest.indexOf(u';') : -1;
+    return BeginsEntity(rest) || (end >= kShortest && end < kLongest);
+}
+
+// Whether any parser takes a value in any place: nearly all values are plain, and need no probe.
+bool IsPlain(QStringView typed) {
+    for (qsizetype i = 0; i < typed.size(); ++i) {
+        const char16_t unit = typed[i].unicode();
+        const bool end = unit == u'>' && i > 0 && typed[i - 1] == u']';
+        const bool reference = unit == u'&' && BeginsEntity(typed.sliced(i));
+        if ((unit < u' ' && unit != u'\t') || unit >= 0xD800 || unit == u'<' || unit == u'"' || end ||
+            (unit == u'&' && !reference))
+            return false;
+    }
+    return true;
 }
 
 // References that are there already stay.

@@ -75,8 +75,7 @@ FlexGrid* Step(DocumentWindow& window, int rows, int columns) {
 }
 
 void EditBeside(DocumentWindow& window, int rows, int columns) {
-    FlexGrid* grid = Step(window, rows, columns);
-    if (grid && FitsLine(window, *grid))
+    if (FlexGrid* grid = Step(window, rows, columns))
         GridEdit(window, *grid, window.txtTView);
 }
 

@@ -67,11 +67,13 @@ QString LoadReport(const DocumentWindow& window) {
            QStringLiteral(".LoadAllSameNameItemAtTableView error!");
 }
 
+// A grid that is there already is used again: who holds on to it meets a table, if another one.
 void LoadAllSameNameItemAtTableView(DocumentWindow& window, const std::shared_ptr<ElementTable>& table) {
     edit::Guarded(window.app, LoadReport(window), [&] {
         controls::FlexGridArray& grids = window.hfgrdTableView;
         TableState& state = TableOf(window);
-        FlexGrid& grid = state.tables.empty() ? grids(0) : grids.Load();
+        const int index = static_cast<int>(state.tables.size());
+        FlexGrid& grid = index <= grids.UBound() ? grids(index) : grids.Load();
         grid.SetSource(table);
         grid.SetTailRows(table->calculates() ? 1 : 0);
         grid.SetFrozenCols(Columns::kFirst);
@@ -82,15 +84,24 @@ void LoadAllSameNameItemAtTableView(DocumentWindow& window, const std::shared_pt
     });
 }
 
+void ForgetTables(DocumentWindow& window) {
+    CloseTableEditors(window);
+    TableOf(window).tables.clear();
+    TableOf(window).mvFocusTableRow.reset();
+}
+
 } // namespace
 
 void LoadLevelAtTableView(DocumentWindow& window, controls::TreeNode node) {
     edit::Guarded(window, "LoadCurrentNodeAllItemsAtTableView", [&] {
         const controls::FlexGridUpdate quiet(window.hfgrdTableView);
-        UnloadAllTable(window);
         const Tables tables = LevelWalk(!window.kind.schema).walk(TreeCursor(node.FirstSibling()));
+        if (tables.empty())
+            return UnloadAllTable(window);
+        ForgetTables(window);
         for (const auto& table : tables)
             LoadAllSameNameItemAtTableView(window, table);
+        window.hfgrdTableView.UnloadFrom(static_cast<int>(tables.size()));
         TableOf(window).levelKey = node.Parent() ? node.Parent().Key() : QString();
         ++window.app.work.tableFills;
     });
@@ -98,14 +109,11 @@ void LoadLevelAtTableView(DocumentWindow& window, controls::TreeNode node) {
 
 void UnloadAllTable(DocumentWindow& window) {
     const controls::FlexGridUpdate quiet(window.hfgrdTableView);
-    CloseTableEditors(window);
+    ForgetTables(window);
     FlexGrid& first = window.hfgrdTableView(0);
     first.SetVisible(false);
     first.SetSource(nullptr);
-    first.Clear();
     window.hfgrdTableView.UnloadFrom(1);
-    TableOf(window).tables.clear();
-    TableOf(window).mvFocusTableRow.reset();
 }
 
 } // namespace table

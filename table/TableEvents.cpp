@@ -146,7 +146,7 @@ void ConnectEditors(DocumentWindow& window) {
 void hfgrdTableView_DblClick(DocumentWindow& window, FlexGrid& grid) {
     edit::Guarded(window.app, AtRoutine(window, "hfgrdTableView_DblClick"), [&] {
         Touch(window, grid);
-        grid.SetFocus();
+        grid.SetFocus(); // what is being typed elsewhere goes in
         const bool editsValue = std::exchange(TableOf(window).mbIsEditValue, false);
         if (editsValue)
             LeaveLabelAndHeader(grid);

@@ -80,7 +80,7 @@ QString GetTableViewLinesText(DocumentWindow& window, const FlexGrid& grid) {
         const controls::TreeNode element = ElementAt(window, grid, row);
         if (!element)
             continue;
-        if (!out.isEmpty())
+        if (!out.isEmpty() && !out.endsWith(kBreak)) // a node that others follow ends with one
             out += kBreak;
         out += m_tvXML::GetTreeNodesXML(element, QStringLiteral("\t"));
     }

@@ -62,6 +62,7 @@ void FlexGrid::SetSource(std::shared_ptr<const GridSource> source) {
     source_ = std::move(source);
     written_.clear();
     styles_.clear();
+    widths_.clear();
     Reset();
 }
 

@@ -74,7 +74,7 @@ public:
     void SetTailRows(int rows) { tailRows_ = rows; }
 
     /// From now on the cells are those of a source; null: the grid's own, none at first. Rows are in the
-    /// source's order, the selection is at the first cell that isn't fixed.
+    /// source's order, the selection is at the first cell that isn't fixed, columns have their usual widths.
     void SetSource(std::shared_ptr<const GridSource> source);
     const GridSource* Source() const { return source_.get(); }
 
