@@ -36,6 +36,7 @@ struct TableState {
     std::optional<int> mvFocusTableRow; ///< that row; nothing until one was found
     int miEditTableIndex = 0, miEditRow = 0, miEditCol = 0; ///< the cell that is being edited
     EditedCell edited;
+    bool bLeaving = false;         ///< an editor is being left
     bool mbSkipTableClick = false; ///< the click that comes behind a double click leads nowhere
     bool mbIsEditValue = false;    ///< the command that edits a value opens the editor
 
