@@ -51,10 +51,12 @@ void EditCell(DocumentWindow& window, int row, int column, const char* where) {
 
 void Edits(DocumentWindow& window) {
     const int last = table::TableOf(window).tables[0]->lastRow();
+    if (First(window).Cols() < 5)
+        return;
     for (int round = 0; round < 2; ++round) {
         EditCell(window, last, 3, "last");
         EditCell(window, 1, 3, "first");
-        EditCell(window, last / 2, 5, "middle");
+        EditCell(window, last / 2, 3, "middle");
         const double undone = Milliseconds([&] { textview::rUndo(window); });
         std::printf("undo: %.0f ms\n", undone);
     }
@@ -63,7 +65,9 @@ void Edits(DocumentWindow& window) {
 void Sorts(DocumentWindow& window) {
     FlexGrid& grid = First(window);
     for (const auto& [left, right] : {std::pair(2, 2), std::pair(4, 4), std::pair(6, 6), std::pair(4, 8)}) {
-        grid.Select(1, left, 1, std::min(right, grid.Cols() - 1));
+        if (right >= grid.Cols())
+            break;
+        grid.Select(1, left, 1, right);
         std::printf("sort by columns %d to %d: %.0f ms\n", left, right,
                     Milliseconds([&] { grid.Sort(controls::flexSortGenericAscending); }));
     }

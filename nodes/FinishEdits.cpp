@@ -6,16 +6,17 @@
 
 namespace nodes {
 
-void FinishEdits(DocumentWindow& window) {
+bool FinishEdits(DocumentWindow& window) {
     window.tvXML.FinishLabelEdit();
     window.ListView1.FinishLabelEdit();
-    edit::FinishCells(window);
+    const bool cells = edit::FinishCells(window);
+    return cells && !window.tvXML.LabelKept() && !window.ListView1.LabelKept();
 }
 
 bool FinishAllEdits(DocumentWindow& window) {
-    FinishEdits(window);
-    return !window.bond.bTextChanged() ||
-           edit::Run(window, "FinishAllEdits", [&] { return window.way->read(window); });
+    return FinishEdits(window) && (!window.bond.bTextChanged() || edit::Run(window, "FinishAllEdits", [&] {
+               return window.way->read(window);
+           }));
 }
 
 } // namespace nodes

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/RenameNodes.h"
-#include "core/edit/Guard.h"
+#include "core/edit/Report.h"
+#include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
+#include "core/model/Frame.h"
 #include "core/model/NodeKind.h"
+#include "nodes/Adding.h"
 #include "nodes/DocumentName.h"
+#include "platform/text/TextTools.h"
 
 namespace nodes {
 
@@ -38,10 +42,39 @@ void tvXMLAfterLabelEdit(DocumentWindow& window, TreeNode node, bool& cancel, QS
     edit::Guarded(window, "tvXML_AfterLabelEdit", [&] {
         if (m_tvXML::IsTreeRoot(node)) {
             cancel = !ChangeTreeRootText(window, newString);
+            if (cancel && text::Trim(newString).size() > 1) // it was worth a word
+                window.tvXML.KeepLabelEdit();
             newString = node.Text();
-        } else if (!edit::ValidateNodeName(window.app, newString)) {
+            return;
+        }
+        if (!edit::ValidateNodeName(window.app, newString)) {
+            if (!newString.isEmpty())
+                window.tvXML.KeepLabelEdit();      // quirk 59
             newString = QStringLiteral("Unnamed"); // quirk 1
         }
+        // The control writes the name itself, before the edit that follows it.
+        cancel = newString != node.Text() && !edit::MayChangeNodes(window);
+    });
+}
+
+// The text with the name in place of a wrong one parses, and the complaint would be gone.
+void tvXML_LabelEdited(DocumentWindow& window) {
+    const QString complaint = window.app.frame().StatusBar1().Panel(1);
+    const bool kept = window.tvXML.LabelKept();
+    edit::Run(window, "tvXML_LabelEdited", [&] {
+        if (!kept)
+            EndAdding(window);
+    });
+    if (kept)
+        edit::Message(window.app, complaint);
+}
+
+void tvXML_LabelGivenUp(DocumentWindow& window, TreeNode node) {
+    edit::Run(window, "tvXML_LabelGivenUp", [&] {
+        if (node && IsAdding(window, node.Key()))
+            TakeBackAdding(window);
+        else
+            EndAdding(window);
     });
 }
 

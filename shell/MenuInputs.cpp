@@ -16,10 +16,13 @@ bool TakesAnyText(MenuSituation situation) {
            situation == MenuSituation::TableSelected;
 }
 
-// A node has been copied in this program, even if its document has been closed since.
+// A node has been copied in this program, even if its document has been closed since, or XML in another
+// (quirk 62).
 bool CanPaste(DocumentWindow& window, MenuSituation situation, bool editsCell) {
-    return !edit::LastCopy(window.app).copiedText.isEmpty() ||
-           ((TakesAnyText(situation) || editsCell) && window.app.services.clipboard.HasText());
+    if (!edit::LastCopy(window.app).copiedText.isEmpty())
+        return true;
+    services::Clipboard& clipboard = window.app.services.clipboard;
+    return TakesAnyText(situation) || editsCell ? clipboard.HasText() : clipboard.HasXml();
 }
 
 TreeNode NodeOf(DocumentWindow& window, MenuSituation situation) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/CellEditor.h"
-#include "core/edit/Guard.h"
+#include "core/edit/Transaction.h"
+#include "core/model/Frame.h"
 #include "table/CellCommit.h"
 #include "table/EditorPlace.h"
 #include "table/GridCells.h"
@@ -14,8 +15,8 @@ namespace {
 using controls::FlexGrid;
 using controls::TextBox;
 
-QString CurrentValue(DocumentWindow& window, const FlexGrid& grid) {
-    return TableIn(window, grid)->value(grid.SourceRow(grid.Row()), grid.Col()).toString();
+text::CompactView CurrentValue(DocumentWindow& window, const FlexGrid& grid) {
+    return TableIn(window, grid)->value(grid.SourceRow(grid.Row()), grid.Col());
 }
 
 void NoteEdited(DocumentWindow& window, const FlexGrid& grid, int row) {
@@ -35,23 +36,34 @@ void Open(DocumentWindow& window, TextBox& txt, const EditedCell& cell, int key)
 
 } // namespace
 
+bool FitsLine(DocumentWindow& window, const FlexGrid& grid) {
+    constexpr std::uint32_t kLongest = 100'000;
+    return CurrentValue(window, grid).length <= kLongest;
+}
+
 void GridEdit(DocumentWindow& window, FlexGrid& grid, TextBox& txt, int key) {
     edit::Guarded(window.app, AtRoutine(window, "GridEdit"), [&] {
-        FinishTableEdits(window);
+        if (!FinishTableEdits(window))
+            return;
         NoteEdited(window, grid, grid.Row());
         const controls::TreeNode element = ElementAt(window, grid, grid.Row());
         if (grid.Col() < Columns::kFirst || !element)
             return;
         ShowTableCell(window, grid, grid.Row(), grid.Col());
+        if (!FitsLine(window, grid)) {
+            edit::SelectNode(window, element);
+            window.app.frame().RunMenuCommand(QStringLiteral("mnuEditPopupEditNode"));
+            return;
+        }
         LayCellEditor(window, txt);
-        Open(window, txt, {element.Key(), grid.TextMatrix(0, grid.Col()), CurrentValue(window, grid)}, key);
+        Open(window, txt,
+             {element.Key(), grid.TextMatrix(0, grid.Col()), CurrentValue(window, grid).toString()}, key);
     });
 }
 
 void GridEditHeader(DocumentWindow& window, FlexGrid& grid, TextBox& txt, int key) {
     edit::Guarded(window.app, AtRoutine(window, "GridEditHeader"), [&] {
-        FinishTableEdits(window);
-        if (grid.Col() < Columns::kFirst || grid.Col() >= grid.Cols() - 1)
+        if (!FinishTableEdits(window) || grid.Col() < Columns::kFirst || grid.Col() >= grid.Cols() - 1)
             return;
         NoteEdited(window, grid, 0);
         grid.ShowColumn(grid.Col());

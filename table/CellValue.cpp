@@ -18,12 +18,6 @@ bool BeginsEntity(QStringView rest) {
     return false;
 }
 
-bool BeginsReference(QStringView rest) {
-    constexpr qsizetype kShortest = 3, kLongest = 10; // places of the semicolon
-    const qsizetype end = rest.startsWith(QLatin1String("&#")) ? rest.indexOf(u';') : -1;
-    return BeginsEntity(rest) || (end >= kShortest && end < kLongest);
-}
-
 // Whether any parser takes a value in any place: nearly all values are plain, and need no probe.
 bool IsPlain(QStringView typed) {
     for (qsizetype i = 0; i < typed.size(); ++i) {
@@ -37,24 +31,26 @@ bool IsPlain(QStringView typed) {
     return true;
 }
 
-// References that are there already stay.
-QString Escaped(const QString& typed) {
-    QString out;
-    for (qsizetype i = 0; i < typed.size(); ++i) {
-        const bool reference = typed[i] == u'&' && BeginsReference(QStringView(typed).sliced(i));
-        out += reference ? QString(typed[i]) : mXMLEdit::convertStringToXML(typed[i]);
-    }
-    return out;
+// As little as will do: what is left of the steps once the document can be read.
+QString Escaped(QString typed, int step) {
+    constexpr std::pair<const char*, const char*> kSteps[] = {
+        {"\"", "&quot;"}, {"]]>", "]]&gt;"}, {"<", "&lt;"}};
+    typed = mXMLEdit::WithAmpersandsEscaped(typed);
+    for (int i = 0; i < step; ++i)
+        typed.replace(QLatin1String(kSteps[i].first), QLatin1String(kSteps[i].second));
+    return typed;
 }
 
 template <typename Good> std::optional<QString> Storable(const QString& typed, Good good) {
+    constexpr int kSteps = 3;
     if (IsPlain(typed) || good(typed))
         return typed;
-    if (const QString escaped = Escaped(typed); good(escaped))
-        return escaped;
-    if (const QString escaped = mXMLEdit::convertStringToXML(typed); good(escaped))
-        return escaped;
-    return {};
+    for (int step = 0; step <= kSteps; ++step) {
+        if (const QString escaped = Escaped(typed, step); good(escaped))
+            return escaped;
+    }
+    const QString all = mXMLEdit::convertStringToXML(typed);
+    return good(all) ? std::optional(all) : std::nullopt;
 }
 
 } // namespace

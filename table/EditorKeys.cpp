@@ -47,7 +47,8 @@ Way WayOf(const TextBox& txt, int key, int modifiers) {
 }
 
 /// Ends the edit and makes a cell beside it the current one. A commit may have the grids made anew, and rows
-/// in another order: the cell is found again by its element and its column's name. Null: its table is gone.
+/// in another order: the cell is found again by its element and its column's name. Null: its table is gone,
+/// or what was typed was refused.
 FlexGrid* Step(DocumentWindow& window, int rows, int columns) {
     const TableState& state = TableOf(window);
     const EditedCell cell = state.edited;
@@ -55,8 +56,7 @@ FlexGrid* Step(DocumentWindow& window, int rows, int columns) {
     int column = state.miEditCol, row = state.miEditRow;
     if (row == 0) // a header: the row that was current below it
         row = window.hfgrdTableView(index).Row();
-    FinishTableEdits(window);
-    if (index > window.hfgrdTableView.UBound())
+    if (!FinishTableEdits(window) || index > window.hfgrdTableView.UBound())
         return nullptr;
     FlexGrid& grid = window.hfgrdTableView(index);
     const auto table = TableIn(window, grid);
@@ -75,7 +75,8 @@ FlexGrid* Step(DocumentWindow& window, int rows, int columns) {
 }
 
 void EditBeside(DocumentWindow& window, int rows, int columns) {
-    if (FlexGrid* grid = Step(window, rows, columns))
+    FlexGrid* grid = Step(window, rows, columns);
+    if (grid && FitsLine(window, *grid))
         GridEdit(window, *grid, window.txtTView);
 }
 

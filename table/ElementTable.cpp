@@ -149,6 +149,10 @@ QString ElementTable::text(int row, int column) const {
     return text::PlainNumber(text).value_or(text);
 }
 
+QString ElementTable::textToSort(int row, int column) const {
+    return column < Columns::kFirst ? text(row, column) : shownValue(row, column).toString();
+}
+
 GridStyle ElementTable::style(int row, int column) const {
     if (column != kLabelColumn || row < 1)
         return {};

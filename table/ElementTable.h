@@ -23,6 +23,7 @@ public:
     int rowCount() const override;
     int columnCount() const override { return Columns::kFirst + columns_.count() + 1; }
     QString text(int row, int column) const override;
+    QString textToSort(int row, int column) const override;
     controls::GridStyle style(int row, int column) const override;
 
     const QString& name() const { return name_; }                      ///< of the elements

@@ -12,6 +12,7 @@ namespace {
 
 using controls::FlexGrid;
 using controls::TreeCursor;
+using controls::TreeNode;
 
 /// The tables of a level, made in one walk along it.
 class LevelWalk {
@@ -90,20 +91,45 @@ void ForgetTables(DocumentWindow& window) {
     TableOf(window).mvFocusTableRow.reset();
 }
 
+// A level that is walked back to is shown at once.
+void KeepTables(DocumentWindow& window) {
+    constexpr std::size_t kLevels = 3;
+    TableState& state = TableOf(window);
+    const std::uint64_t revision = window.tvXML.Revision();
+    std::erase_if(state.left, [&](const LeftLevel& level) {
+        return level.revision != revision || level.key == state.levelKey;
+    });
+    if (state.tables.empty() || !GridsAreCurrent(window))
+        return;
+    if (state.left.size() == kLevels)
+        state.left.erase(state.left.begin());
+    state.left.push_back({state.levelKey, revision, state.tables});
+}
+
+Tables TablesOf(DocumentWindow& window, const QString& level, TreeNode node) {
+    for (const LeftLevel& left : TableOf(window).left) {
+        if (left.key == level)
+            return left.tables;
+    }
+    ++window.app.work.tableFills;
+    return LevelWalk(!window.kind.schema).walk(TreeCursor(node.FirstSibling()));
+}
+
 } // namespace
 
-void LoadLevelAtTableView(DocumentWindow& window, controls::TreeNode node) {
+void LoadLevelAtTableView(DocumentWindow& window, TreeNode node) {
     edit::Guarded(window, "LoadCurrentNodeAllItemsAtTableView", [&] {
         const controls::FlexGridUpdate quiet(window.hfgrdTableView);
-        const Tables tables = LevelWalk(!window.kind.schema).walk(TreeCursor(node.FirstSibling()));
+        KeepTables(window);
+        const QString level = node.Parent() ? node.Parent().Key() : QString();
+        const Tables tables = TablesOf(window, level, node);
         if (tables.empty())
             return UnloadAllTable(window);
         ForgetTables(window);
         for (const auto& table : tables)
             LoadAllSameNameItemAtTableView(window, table);
         window.hfgrdTableView.UnloadFrom(static_cast<int>(tables.size()));
-        TableOf(window).levelKey = node.Parent() ? node.Parent().Key() : QString();
-        ++window.app.work.tableFills;
+        TableOf(window).levelKey = level;
     });
 }
 

@@ -2,9 +2,12 @@
 #include "textview/FillText.h"
 #include "platform/text/TextTools.h"
 #include "textview/Colour.h"
+#include "textview/ColourRtf.h"
+#include "textview/KeptPlaces.h"
 #include "textview/TextState.h"
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <tuple>
 
 namespace textview {
 
@@ -14,24 +17,56 @@ controls::RichTextBox& OtherPane(DocumentWindow& window) {
     return window.brtxtXML2Focus ? window.rtxtXML : window.rtxtXML2;
 }
 
+// Where blanks stand in `shown` that aren't in `plain`.
+std::vector<qsizetype> BlanksPutIn(const QString& plain, const QString& shown) {
+    std::vector<qsizetype> blanks;
+    const QChar* rest = plain.cbegin();
+    for (const QChar* at = shown.cbegin(); at != shown.cend(); ++at) {
+        std::tie(rest, at) = std::mismatch(rest, plain.cend(), at, shown.cend());
+        if (at == shown.cend())
+            break;
+        blanks.push_back(at - shown.cbegin());
+    }
+    return blanks;
+}
+
 } // namespace
 
 PaneSelections::PaneSelections(DocumentWindow& window)
-    : first_{window.rtxtXML, window.rtxtXML.SelStart(), window.rtxtXML.SelLength()},
-      second_{window.rtxtXML2, window.rtxtXML2.SelStart(), window.rtxtXML2.SelLength()} {}
+    : first_{window.rtxtXML, SelectionOf(window.rtxtXML)}, second_{window.rtxtXML2,
+                                                                   SelectionOf(window.rtxtXML2)} {}
 
 void PaneSelections::restore() const {
-    for (const Selection& one : {first_, second_}) {
-        one.pane.SetSelStart(one.start);
-        one.pane.SetSelLength(one.length);
-    }
+    for (const auto& [pane, selection] : {first_, second_})
+        Select(pane, selection);
+}
+
+Selection SelectionOf(const controls::RichTextBox& pane) {
+    return {pane.SelStart(), pane.SelLength(), pane.IsMark()};
+}
+
+void Select(controls::RichTextBox& pane, const Selection& selection) {
+    if (selection.mark)
+        return pane.Mark(selection.start, selection.length);
+    pane.SetSelStart(selection.start);
+    pane.SetSelLength(selection.length);
+}
+
+void SetContentInPlace(DocumentWindow& window, const controls::RichContent& content) {
+    const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
+    controls::RichTextBox &pane = window.TextInUse(), &other = OtherPane(window);
+    const controls::PlaceMap where = KeptPlaces(pane.Long(), content.text);
+    const bool same = other.Long() == pane.Long();
+    other.SetContent(content, same ? where : KeptPlaces(other.Long(), content.text));
+    pane.SetContent(content, where);
 }
 
 void BringPanesTogether(DocumentWindow& window) {
     if (OtherPane(window).Long() == window.TextInUse().Long())
         return;
     const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
-    OtherPane(window).SetContent(window.TextInUse().Content());
+    OtherPane(window).SetContent(window.TextInUse().Content(),
+                                 KeptPlaces(OtherPane(window).Long(), window.TextInUse().Long()));
 }
 
 void SetRichText(DocumentWindow& window, const QString& text) {
@@ -45,14 +80,24 @@ void SetRichText(DocumentWindow& window, const text::LongText& text) {
     SetTreeXMLColor(window);
 }
 
+void ColourWhole(Application& app, controls::RichTextBox& pane, int level) {
+    const text::LongText plain = pane.Plain();
+    if (level >= kNoColours)
+        return;
+    setRichTextXMLColor(app, pane, level);
+    const bool same = pane.Long().size() == plain.size();
+    pane.SetFillers(same ? std::vector<qsizetype>() : BlanksPutIn(plain.toString(), pane.Text()));
+}
+
 void SetTreeXMLColor(DocumentWindow& window) {
-    setRichTextXMLColor(window.app, window.TextInUse(), StateOf(window).miTextSizeLevel);
+    ColourWhole(window.app, window.TextInUse(), StateOf(window).miTextSizeLevel);
     OtherPane(window).SetContent(window.TextInUse().Content());
 }
 
 void TakeColours(controls::RichTextBox& pane, const controls::RichTextBox& from) {
     if (pane.Runs() != from.Runs())
         pane.SetColours(0, pane.Long().size(), from.Runs());
+    pane.SetFillers(from.Fillers());
 }
 
 // Coloured aside: in the pane each character would be selected for a moment, and be shown.

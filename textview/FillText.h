@@ -6,29 +6,42 @@
 // Filling both panes, and the colours of what is put in.
 namespace textview {
 
-/// Caret and selection of both panes as they stand when it is made.
+/// Caret and selection of a pane.
+struct Selection {
+    qsizetype start = 0, length = 0;
+    bool mark = false; ///< a program's, see RichTextBox::Mark
+};
+Selection SelectionOf(const controls::RichTextBox& pane);
+void Select(controls::RichTextBox& pane, const Selection& selection);
+
+/// Those of both panes as they stand when it is made.
 class PaneSelections {
 public:
     explicit PaneSelections(DocumentWindow& window);
     void restore() const;
 
 private:
-    struct Selection {
+    struct Place {
         controls::RichTextBox& pane;
-        qsizetype start, length;
+        Selection selection;
     };
-    Selection first_, second_;
+    Place first_, second_;
 };
 
+/// Another text of the same document in both panes. Caret, selection and what they show stay in their nodes.
+void SetContentInPlace(DocumentWindow& window, const controls::RichContent& content);
 /// What stands in the pane in use stands in the other one, too.
 void BringPanesTogether(DocumentWindow& window);
 
 /// Replaces the text in both panes and colours it; no undo step.
 void SetRichText(DocumentWindow& window, const text::LongText& text); ///< CR LF line ends
 void SetRichText(DocumentWindow& window, const QString& text);
+/// Colours a pane by a level. The blanks that this shows behind the openers of comments are its fillers: they
+/// are no part of the document.
+void ColourWhole(Application& app, controls::RichTextBox& pane, int level);
 /// Colours the pane in use and copies its content to the other one.
 void SetTreeXMLColor(DocumentWindow& window);
-/// Gives a pane the colours of another one with the same text.
+/// Gives a pane the colours and fillers of another one with the same text.
 void TakeColours(controls::RichTextBox& pane, const controls::RichTextBox& from);
 /// The colours that a text takes where it is put in, as SetSeltextColor gives them, counted from its start;
 /// `around` is the colour there. A text too long for that has none.

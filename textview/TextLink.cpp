@@ -6,6 +6,7 @@
 #include "core/model/NodePlaces.h"
 #include "textview/FillText.h"
 #include "textview/TreeText.h"
+#include "textview/Undo.h"
 
 namespace textview {
 
@@ -18,15 +19,12 @@ using controls::TreeNode;
 constexpr qsizetype kJumpBeyond = 800;
 
 void BuildTreeFromText(DocumentWindow& window) {
-    const PaneSelections selections(window);
-    const text::LongText text = window.TextInUse().Long();
-    const long number = m_tvXML::GetNodeNumByTextPosition(text, window.TextInUse().SelStart());
-    const bool good = XMLToTree(window, text, number).good();
+    const controls::RichTextBox& pane = window.TextInUse();
+    const text::LongText text = pane.Plain();
+    XMLToTree(window, text, m_tvXML::GetNodeNumByTextPosition(pane.Long(), pane.SelStart()));
     // Whether it parsed or not: leaving the same bad text again is quiet.
-    if (window.TextInUse().Long() == text)
+    if (pane.Plain() == text)
         window.bond.msLastParsedText = text;
-    if (good)
-        selections.restore();
 }
 
 } // namespace
@@ -36,8 +34,10 @@ void LeaveTextView(DocumentWindow& window) try {
     // (quirk 18).
     if (!window.bond.bTextChanged())
         return;
+    if (window.tmText.Enabled())
+        return FollowSteps(window);
     BringPanesTogether(window);
-    if (window.TextInUse().Long() == window.bond.msLastParsedText)
+    if (window.TextInUse().Plain() == window.bond.msLastParsedText)
         window.bond.move(BondMove::TextTakenBack);
     else
         BuildTreeFromText(window);
@@ -50,7 +50,7 @@ void LeaveTextView(DocumentWindow& window) try {
 bool ReadEditedText(DocumentWindow& window) {
     if (!window.bond.bTextChanged())
         return true;
-    const bool told = window.TextInUse().Long() == window.bond.msLastParsedText; // of this very text, before
+    const bool told = window.TextInUse().Plain() == window.bond.msLastParsedText; // of this very text, before
     LeaveTextView(window);
     return told || !window.bond.refused();
 }
@@ -73,8 +73,7 @@ void NavToNodeRelatedText(DocumentWindow& window) {
         const qsizetype place =
             m_tvXML::GetTextPositionByNodeNum(target.Long(), m_tvXML::GetBeforeNodeNumber(window.app, node));
         target.SetSelStart(place + kJumpBeyond);
-        target.SetSelStart(std::abs(place - 1));
-        target.SetSelLength(1);
+        target.Mark(std::abs(place - 1), 1);
         edit::ShowCursorPosition(window);
     });
 }

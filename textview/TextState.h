@@ -18,6 +18,7 @@ struct UndoRecord {
     std::shared_ptr<const controls::RichContent> OldRTF, NewRTF;
     /// Colours of DelText and InsText where these are too long to be coloured when they come back.
     std::vector<controls::ColourRun> DelColours, InsColours;
+    std::vector<qsizetype> DelFillers; ///< of DelText, counted from its start; what is put in has none
 };
 
 /// How a text pane stood at a moment: what SelText was is the stretch of the text from SelStart on.
@@ -39,6 +40,7 @@ struct TextState {
     // The pane in use, before its last change and as it stands: a change is told by the difference.
     TextStatus previousStatus, currentStatus;
 
+    QString pathInHand; ///< of the node that is to be current when the tree follows the steps
     /// Path of the node that was current until a step took it away, for the step that brings it back; good as
     /// long as the node that took its place is the current one (quirk 19).
     QString lostPath, placeTakenBy;

@@ -2,6 +2,7 @@
 #include "core/edit/Journal.h"
 #include "core/edit/JournalRecords.h"
 #include "core/edit/Report.h"
+#include "core/model/FileNames.h"
 #include <QElapsedTimer>
 #include <algorithm>
 #include <new>
@@ -27,7 +28,13 @@ bool IsOvergrown(const services::JournalFile& file, const LongText& text) {
 // Where a file mixes its line ends, the text that these belong to comes first.
 LongText FirstText(const DocumentWindow& window) {
     const text::LineEnds& ends = window.fileForm.lineEnds;
-    return ends.each.empty() ? window.TextInUse().Long() : ends.loadedText;
+    return ends.each.empty() ? window.TextInUse().Plain() : ends.loadedText;
+}
+
+bool IsInItsFile(Application& app, const JournalReader& reader) {
+    QByteArray bytes;
+    return mXMLEdit::IsLocalPath(reader.head.name) && app.services.files.Read(reader.head.name, bytes) &&
+           text::Decode(bytes).text == reader.text;
 }
 
 bool Never() {
@@ -58,15 +65,20 @@ void Journal::Watch(DocumentWindow& window) {
         entry = &entries_.emplace_back();
     *entry = Entry();
     entry->window = &window;
-    entry->saved = window.TextInUse().Long();
+    entry->saved = window.TextInUse().Plain();
     tmJournal.SetEnabled(true);
 }
 
 void Journal::Forget(DocumentWindow& window) {
     if (Entry* entry = EntryOf(window)) {
         Remove(*entry);
-        entry->saved = window.TextInUse().Long();
+        entry->saved = window.TextInUse().Plain();
     }
+}
+
+void Journal::Keep(DocumentWindow& window) {
+    if (Entry* entry = EntryOf(window))
+        entry->saved.reset();
 }
 
 // One that wasn't forgotten holds what isn't saved, such as a text that couldn't be written to its file.
@@ -129,12 +141,12 @@ bool Journal::Write(Entry& entry, const std::function<bool()>& spent) try {
     return false; // the next tick tries again
 }
 
-// The text is the pane's as it stands: the tree may be ahead of it, and what is being typed into a cell or a
-// label isn't in it yet.
+// The text is the pane's as it stands, but for blanks that it only shows: the tree may be ahead of it, and
+// what is being typed into a cell or a label isn't in it yet.
 bool Journal::HasChange(Entry& entry) {
     if (entry.change)
         return true;
-    const LongText& now = entry.window->TextInUse().Long();
+    const LongText& now = entry.window->TextInUse().Plain();
     if (!entry.window->bLoaded)
         return false;
     if (entry.saved && now == *entry.saved) {
@@ -218,7 +230,9 @@ std::vector<Orphan> Journal::Orphans() {
     for (auto& file : store_->Orphans()) {
         JournalReader reader;
         const FileResult result = file->Read([&](const QByteArray& record) { return reader.take(record); });
-        if (reader.hasText())
+        if (reader.hasText() && IsInItsFile(app_, reader))
+            file->Remove(); // the run ended between saving and this
+        else if (reader.hasText())
             orphans.push_back({reader.head.name, reader.head.kind, file->Time(), reader.text,
                                reader.head.form, std::move(file)});
         else if (result && !reader.isForeign())
@@ -239,8 +253,8 @@ FetchedText Journal::TakeBack(const Orphan& orphan) {
 void Journal::Adopt(DocumentWindow& window, Orphan orphan) {
     window.bond.msOpenText = {};
     Watch(window);
+    Keep(window);
     if (Entry* entry = EntryOf(window)) {
-        entry->saved.reset();
         entry->file = std::move(orphan.file);
         entry->name = orphan.name;
         entry->written = orphan.text;

@@ -48,8 +48,12 @@ public:
     /// The document is in its file, or isn't wanted any more: its journal goes.
     void Forget(DocumentWindow& window);
 
+    /// The document's file is gone or holds something else: its text is kept though nothing changed in it.
+    void Keep(DocumentWindow& window);
+
     /// The documents that earlier runs left behind, the oldest first. Those of a run that still goes on
-    /// aren't among them. What isn't taken back or dropped is there again at the next start.
+    /// aren't among them, nor those whose text is in their file. What isn't taken back or dropped is there
+    /// again at the next start.
     std::vector<Orphan> Orphans();
     /// The document for a window: of the kind and name that the orphan tells.
     static FetchedText TakeBack(const Orphan& orphan);

@@ -12,9 +12,11 @@
 //   1. the text, if nodes changed: written from the tree, one step of its history;
 //   2. the view on show, and what a command does in it (Then);
 //   3. the path of the current node;
-//   4. menus and toolbars.
-// A fault inside an edit takes back what that edit did to the nodes: tree, text and history are as they were.
-// A fault of a view, once the text is written, takes nothing back.
+//   4. menus and toolbars, and whether the document is shown as unsaved.
+// A fault inside an edit, or in one nested in it, takes back what the outermost did: all is as before.
+// So does a user who won't have the text written anew at the price that it has (MayRewrite); they are asked
+// at the end of the first edit that changes nodes, also where its text is to wait for a name. A fault of a
+// view, once the text is written, takes nothing back.
 namespace edit {
 
 class Transaction {
@@ -25,17 +27,29 @@ public:
     Transaction& operator=(const Transaction&) = delete;
 
     /// The edit's end. What writing the text throws takes the edit back; what comes behind the text may
-    /// throw, too, but the edit stands.
+    /// throw, too, but the edit stands. Throws text::kFaultDeclined where the user had it taken back.
     void Close();
     void TakeBack(); ///< the nodes are as they were at the beginning; the edit goes on
 
 private:
-    void Follow(); ///< what comes behind the text
-    void End();
-
     DocumentWindow& window_;
     controls::TreeRecord record_;
     Bond before_;
+    bool open_ = true;
+};
+
+/// Edits that belong together, each of them a step of the text: views, path and menus follow the last one.
+class Series {
+public:
+    explicit Series(DocumentWindow& window);
+    ~Series(); ///< where it wasn't closed, they follow the next edit
+    Series(const Series&) = delete;
+    Series& operator=(const Series&) = delete;
+
+    void Close();
+
+private:
+    DocumentWindow& window_;
     bool open_ = true;
 };
 
@@ -61,6 +75,15 @@ template <typename Act> auto Run(DocumentWindow& window, const QString& routine,
     return Guarded(window.app, routine, [&] { return RunEdit(window, act); });
 }
 
+/// Runs edits as a series, with the error exit of a routine of the window.
+template <typename Act> void RunSeries(DocumentWindow& window, const char* routine, Act act) {
+    Guarded(window, routine, [&] {
+        Series series(window);
+        act();
+        series.Close();
+    });
+}
+
 /// What the running edit does in the view on show once that has followed: choosing a row, opening an editor.
 /// Outside an edit it is done at once.
 void Then(DocumentWindow& window, std::function<void()> act);
@@ -69,6 +92,10 @@ void Then(DocumentWindow& window, std::function<void()> act);
 /// empty stays so.
 void WriteUnnamed(DocumentWindow& window);
 
+/// What was added isn't sure yet: the text waits as long as a label or a cell is open behind the running
+/// edit. With false it needn't any more.
+void HoldText(DocumentWindow& window, bool hold);
+
 /// A new node is under way: the selected node, or a child of it, has no name or text yet. The text waits.
 bool IsAddingNewNode(const DocumentWindow& window);
 
@@ -76,8 +103,14 @@ bool IsAddingNewNode(const DocumentWindow& window);
 void DoTree(DocumentWindow& window);
 /// Makes a node the current one. All that follows it does so at the end of the edit.
 void SelectNode(DocumentWindow& window, controls::TreeNode node);
+/// Whether nodes of the window may be changed, for what changes them before its edit begins: asks as the end
+/// of an edit does.
+bool MayChangeNodes(DocumentWindow& window);
 /// Opens and selects the root, if there is one.
 void ExpandRoot(DocumentWindow& window);
+/// The user's attention is with a part of the window: commands and menus are for that. Inside an edit the
+/// menus follow at its end.
+void Attend(DocumentWindow& window, int context);
 /// The current node's path has been told already, or is to be told again although it is the same.
 void TellPathAgain(DocumentWindow& window);
 

@@ -38,11 +38,11 @@ void ShowView(DocumentWindow& window, const char* key) {
         window.tbsXML.Select(QLatin1String(key));
 }
 
-void FinishCells(DocumentWindow& window) {
-    for (const View* view : window.views) {
-        if (view->finish)
-            view->finish(window);
-    }
+bool FinishCells(DocumentWindow& window) {
+    bool done = true;
+    for (const View* view : window.views)
+        done = (!view->finish || view->finish(window)) && done;
+    return done;
 }
 
 controls::TextBox* OpenCell(DocumentWindow& window) {
@@ -59,12 +59,6 @@ MenuSituation SituationOf(DocumentWindow& window) {
         return view->situation(window);
     return m_tvXML::IsTreeRoot(window.tvXML.SelectedItem()) ? MenuSituation::TreeRoot
                                                             : MenuSituation::TreeNode;
-}
-
-void Attend(DocumentWindow& window, int context) {
-    window.miPopupContext = context;
-    window.menuSide =
-        context == kContextTree || context == kContextTreeNode ? MenuSide::Tree : MenuSide::View;
 }
 
 } // namespace edit

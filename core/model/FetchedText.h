@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "platform/services/Services.h"
 #include "platform/text/TextFile.h"
 #include "platform/text/TextTools.h"
 #include <memory>
+#include <optional>
 
 namespace xml {
 class ParsedDocument;
@@ -12,7 +14,8 @@ class ParsedDocument;
 struct FetchedText {
     text::LongText text; ///< with CR LF line ends
     text::FileForm form;
-    bool cancelled = false; ///< the user stopped the fetching: nothing is to follow
+    std::optional<services::FileMark> mark; ///< of the file that it was read from
+    bool cancelled = false;                 ///< the user stopped the fetching: nothing is to follow
     /// The text taken apart, also where that failed; nothing before that. What parses the text
     /// first takes it along, so that a large one isn't kept longer than it is needed.
     mutable std::shared_ptr<xml::ParsedDocument> parsed;

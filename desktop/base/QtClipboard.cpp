@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/base/QtClipboard.h"
+#include "platform/text/TextTools.h"
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -9,14 +10,21 @@ namespace desktop {
 
 namespace {
 
-QString AsWrittenHere(QString text) {
+QString AsWrittenHere(const QString& text) {
 #ifndef Q_OS_WIN
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-#endif
+    return text::WithReplacements(text, text::PlacesOf(QStringLiteral("\r\n"), text), 2,
+                                  QStringLiteral("\n"));
+#else
     return text;
+#endif
 }
 
 } // namespace
+
+QtClipboard::QtClipboard() {
+    QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &listener_,
+                     [this] { hasXml_.reset(); });
+}
 
 void QtClipboard::Clear() {
     QGuiApplication::clipboard()->clear();
@@ -43,6 +51,12 @@ bool QtClipboard::HasText() {
 
 QString QtClipboard::GetText() {
     return QGuiApplication::clipboard()->text();
+}
+
+bool QtClipboard::HasXml() {
+    if (!hasXml_)
+        hasXml_ = HasText() && BeginsLikeXml(GetText());
+    return *hasXml_;
 }
 
 } // namespace desktop

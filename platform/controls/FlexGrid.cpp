@@ -66,17 +66,25 @@ void FlexGrid::SetSource(std::shared_ptr<const GridSource> source) {
     Reset();
 }
 
-QString FlexGrid::TextMatrix(int row, int col) const {
-    NeedCell(row, col);
-    return SourceText(SourceRow(row), col);
+const QString* FlexGrid::Written(int sourceRow, int col) const {
+    if (written_.isEmpty())
+        return nullptr;
+    const auto own = written_.constFind(CellOf(sourceRow, col));
+    return own != written_.constEnd() ? &*own : nullptr;
 }
 
-QString FlexGrid::SourceText(int sourceRow, int col) const {
-    if (!written_.isEmpty()) {
-        if (const auto own = written_.constFind(CellOf(sourceRow, col)); own != written_.constEnd())
-            return *own;
-    }
+QString FlexGrid::TextMatrix(int row, int col) const {
+    NeedCell(row, col);
+    const int sourceRow = SourceRow(row);
+    if (const QString* own = Written(sourceRow, col))
+        return *own;
     return source_ ? source_->text(sourceRow, col) : QString();
+}
+
+QString FlexGrid::TextToSort(int sourceRow, int col) const {
+    if (const QString* own = Written(sourceRow, col))
+        return *own;
+    return source_ ? source_->textToSort(sourceRow, col) : QString();
 }
 
 void FlexGrid::SetTextMatrix(int row, int col, const QString& text) {

@@ -145,7 +145,8 @@ public:
 private:
     using Cell = quint64;
     static Cell CellOf(int sourceRow, int col);
-    QString SourceText(int sourceRow, int col) const;
+    const QString* Written(int sourceRow, int col) const; ///< null where the source's text stands
+    QString TextToSort(int sourceRow, int col) const;
     void NeedCell(int row, int col) const; ///< throws Fault 35600
     void Reset();
     double LeftOf(int col) const; ///< not scrolled

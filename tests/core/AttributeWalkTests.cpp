@@ -33,8 +33,8 @@ TEST(AttributeWalk, TakesAnyTagApartAsTheOneReaderDoes) {
     const QString letters = QStringLiteral("ab=\" \u00e4\u20ac&;");
     for (int round = 0; round < 2000; ++round) {
         QString tag = round % 2 == 0 ? QStringLiteral("x=\"1\" \u20ac=\"\"") : QString();
-        for (unsigned length = random() % 14; length > 0; --length)
-            tag += letters[static_cast<qsizetype>(random() % static_cast<unsigned>(letters.size()))];
+        for (auto length = random() % 14; length > 0; --length)
+            tag += letters[static_cast<qsizetype>(random() % static_cast<std::size_t>(letters.size()))];
         QStringList names, values;
         m_tvXML::GetAllAttributesNameAndValue(tag, names, values);
         EXPECT_EQ(Walked(tag), Pairs(names, values)) << tag.toStdString();
