@@ -48,7 +48,7 @@ bool Finish(DocumentWindow& window) {
 }
 
 controls::TextBox* OpenCell(DocumentWindow& window) {
-    return ListOf(window).mbIsEditValue ? &window.txtListView : nullptr;
+    return window.txtListView.Visible() ? &window.txtListView : nullptr;
 }
 
 MenuSituation Situation(DocumentWindow& window) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/CellCommit.h"
 #include "core/edit/Report.h"
+#include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
-#include "core/edit/View.h"
 #include "table/CellValue.h"
 #include "table/EditorPlace.h"
 #include "table/GridCells.h"

@@ -14,7 +14,7 @@ void txtTViewHeader_LostFocus(DocumentWindow& window);
 bool FinishTableEdits(DocumentWindow& window);
 
 /// Renames an attribute in all rows of a grid whose value of it is what the cell shows; others stay. A name
-/// that no attribute can have, or that an element has already, is refused with a word (quirk 72).
+/// that no attribute can have, or that an element has already, is refused with a word (quirk 67).
 bool SetTreeAllPropNameByTableView(DocumentWindow& window, controls::FlexGrid& grid, const QString& oldName,
                                    const QString& newName);
 

@@ -32,6 +32,7 @@ void Open(DocumentWindow& window, TextBox& txt, const EditedCell& cell, int key)
     txt.Select(0, 0);
     txt.SetVisible(true);
     txt.SetFocus();
+    window.app.frame().RefreshMenu(); // entities, and what is pasted, are for the text now
 }
 
 } // namespace

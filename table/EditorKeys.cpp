@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/EditorKeys.h"
-#include "core/edit/View.h"
+#include "core/edit/Transaction.h"
+#include "core/model/Frame.h"
 #include "table/CalcRow.h"
 #include "table/CellCommit.h"
 #include "table/CellEditor.h"
@@ -93,6 +94,7 @@ void CalcBelow(DocumentWindow& window) {
 void GiveUp(DocumentWindow& window) {
     CloseTableEditors(window);
     window.hfgrdTableView(TableOf(window).miEditTableIndex).SetFocus();
+    window.app.frame().RefreshMenu();
 }
 
 // False where the key is the text's own.

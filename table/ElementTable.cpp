@@ -130,7 +130,7 @@ QString ElementTable::label(int row) const {
     return u'[' + QString::number(row) + (more ? QStringLiteral("]+") : QStringLiteral("]-"));
 }
 
-// Numbers stand in their shortest form from the second row on (quirk 75).
+// Numbers stand in their shortest form from the second row on (quirk 70).
 QString ElementTable::text(int row, int column) const {
     if (row < 0 || row >= rowCount() || column < 0 || column >= columnCount())
         return {};

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/TableEvents.h"
 #include "core/edit/Transaction.h"
-#include "core/edit/View.h"
 #include "core/model/Frame.h"
 #include "core/model/NodeNumbers.h"
 #include "nodes/MoveNodes.h"

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/table/CellEditor.h"
 #include "desktop/table/SheetPlaces.h"
-#include "desktop/table/SheetView.h"
 #include <QScopedValueRollback>
 #include <QTextBlock>
 #include <algorithm>
@@ -39,7 +38,7 @@ QString ForBox(QString text) {
 
 } // namespace
 
-CellEditor::CellEditor(DocumentWindow& window, controls::TextBox& model, SheetView& view, const QString& name)
+CellEditor::CellEditor(DocumentWindow& window, controls::TextBox& model, QWidget& view, const QString& name)
     : window_(window), model_(model), view_(view), line_(new QLineEdit(&view)),
       box_(new QPlainTextEdit(&view)), lineEvents_(*line_, this), boxEvents_(*box_, this) {
     line_->setObjectName(name);

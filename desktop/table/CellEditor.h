@@ -9,12 +9,10 @@
 
 namespace desktop {
 
-class SheetView;
-
 /// A text box laid over a cell: a line, or a larger box where the text has several lines or is long.
 class CellEditor : public QObject {
 public:
-    CellEditor(DocumentWindow& window, controls::TextBox& model, SheetView& view, const QString& name);
+    CellEditor(DocumentWindow& window, controls::TextBox& model, QWidget& view, const QString& name);
     ~CellEditor() override;
 
 private:
@@ -30,7 +28,7 @@ private:
 
     DocumentWindow& window_;
     controls::TextBox& model_;
-    SheetView& view_;
+    QWidget& view_;
     QPointer<QLineEdit> line_; ///< owned by the view
     QPointer<QPlainTextEdit> box_;
     ControlEvents lineEvents_, boxEvents_;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/table/SheetAccessible.h"
 #include "desktop/base/OneLine.h"
+#include "desktop/table/SheetBase.h"
 #include "desktop/table/SheetPlaces.h"
-#include "desktop/table/SheetView.h"
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QHash>
@@ -15,14 +15,14 @@ namespace {
 
 using controls::FlexGrid;
 
-QAccessibleInterface* InterfaceOf(SheetView* view) {
+QAccessibleInterface* InterfaceOf(SheetBase* view) {
     return view ? QAccessible::queryAccessibleInterface(view) : nullptr;
 }
 
 /// A cell by its place in whichever grid is current: nothing of it is kept.
 class AccessibleCell : public QAccessibleInterface, public QAccessibleTableCellInterface {
 public:
-    AccessibleCell(SheetView* view, int row, int col) : view_(view), row_(row), col_(col) {}
+    AccessibleCell(SheetBase* view, int row, int col) : view_(view), row_(row), col_(col) {}
 
     bool isValid() const override {
         const FlexGrid* grid = Grid();
@@ -85,13 +85,13 @@ private:
         return cells ? QList<QAccessibleInterface*>{cells->cellAt(row, col)} : QList<QAccessibleInterface*>();
     }
 
-    QPointer<SheetView> view_;
+    QPointer<SheetBase> view_;
     int row_, col_;
 };
 
 class AccessibleSheet : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
-    explicit AccessibleSheet(SheetView& view) : QAccessibleWidget(&view, QAccessible::Table), view_(view) {}
+    explicit AccessibleSheet(SheetBase& view) : QAccessibleWidget(&view, QAccessible::Table), view_(view) {}
     ~AccessibleSheet() override {
         for (const QAccessible::Id id : cells_)
             QAccessible::deleteAccessibleInterface(id);
@@ -156,12 +156,12 @@ public:
     void modelChange(QAccessibleTableModelChangeEvent*) override {}
 
 private:
-    SheetView& view_;
+    SheetBase& view_;
     mutable QHash<std::pair<int, int>, QAccessible::Id> cells_; ///< those that were asked for
 };
 
 QAccessibleInterface* Make(const QString&, QObject* object) {
-    auto* view = dynamic_cast<SheetView*>(object);
+    auto* view = dynamic_cast<SheetBase*>(object);
     return view ? new AccessibleSheet(*view) : nullptr; // the framework owns it
 }
 
@@ -171,12 +171,15 @@ void InstallSheetAccessibility() {
     QAccessible::installFactory(Make); // one that is known already is not installed again
 }
 
-void TellCurrentCell(SheetView& view) {
+void TellCurrentCell(SheetBase& view) {
     const FlexGrid* grid = QAccessible::isActive() && view.hasFocus() ? view.Current() : nullptr;
     if (!grid)
         return;
+    const qint64 child = qint64(grid->Row()) * grid->Cols() + grid->Col();
+    if (child > std::numeric_limits<int>::max())
+        return;
     QAccessibleEvent event(&view, QAccessible::Focus);
-    event.setChild(grid->Row() * grid->Cols() + grid->Col());
+    event.setChild(static_cast<int>(child));
     QAccessible::updateAccessibility(&event);
 }
 

@@ -3,12 +3,12 @@
 
 namespace desktop {
 
-class SheetView;
+class SheetBase;
 
 /// Makes sheets readable by assistive programs: each is the table of its current grid. Only the first call
 /// counts.
 void InstallSheetAccessibility();
 /// Another cell is current; costs nothing while no such program is running.
-void TellCurrentCell(SheetView& view);
+void TellCurrentCell(SheetBase& view);
 
 } // namespace desktop

@@ -7,12 +7,10 @@
 
 namespace desktop {
 
-class SheetView;
-
 /// The editors that are laid over cells.
 class SheetEditors {
 public:
-    SheetEditors(DocumentWindow& window, SheetView& view)
+    SheetEditors(DocumentWindow& window, QWidget& view)
         : cell_(window, window.txtTView, view, QStringLiteral("txtTView")),
           header_(window, window.txtTViewHeader, view, QStringLiteral("txtTViewHeader")), sum_(window, view) {
     }

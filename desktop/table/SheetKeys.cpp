@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/table/SheetKeys.h"
 #include "desktop/base/Twips.h"
-#include "desktop/table/SheetView.h"
+#include "desktop/table/SheetBase.h"
 #include <QKeyEvent>
 #include <algorithm>
 
@@ -56,7 +56,7 @@ int CharacterOf(const QKeyEvent& event) {
 
 } // namespace
 
-SheetKeys::SheetKeys(SheetView& view) : view_(view), events_(view, this) {
+SheetKeys::SheetKeys(SheetBase& view) : view_(view), events_(view, this) {
     const auto raise = [this](controls::Event<FlexGrid&> controls::GridEvents::*event) {
         if (FlexGrid* grid = view_.Current())
             (grid->events().*event)(*grid);

@@ -7,13 +7,13 @@ class QKeyEvent;
 
 namespace desktop {
 
-class SheetView;
+class SheetBase;
 
 /// What keys do in the grid that the user touched last: they move the current cell, with Shift the
 /// selection's other end, from the last row on into the next grid; all others go to the grid's events.
 class SheetKeys : public QObject {
 public:
-    explicit SheetKeys(SheetView& view);
+    explicit SheetKeys(SheetBase& view);
     bool Press(const QKeyEvent& event); ///< true when the key is used
 
 private:
@@ -21,7 +21,7 @@ private:
     bool StepOut(controls::FlexGrid& grid, int row);
     int PageRows(const controls::FlexGrid& grid) const;
 
-    SheetView& view_;
+    SheetBase& view_;
     ControlEvents events_;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/table/SheetMouse.h"
 #include "desktop/base/Twips.h"
+#include "desktop/table/SheetBase.h"
 #include "desktop/table/SheetPaint.h"
-#include "desktop/table/SheetView.h"
 #include <QMouseEvent>
 #include <algorithm>
 

@@ -8,13 +8,13 @@ class QMouseEvent;
 
 namespace desktop {
 
-class SheetView;
+class SheetBase;
 
 /// What the mouse does on the sheet: selects cells, rows by their labels and columns by their headers, drags
 /// the borders of columns, and raises the grids' events.
 class SheetMouse : public QObject {
 public:
-    explicit SheetMouse(SheetView& view) : view_(view) {}
+    explicit SheetMouse(SheetBase& view) : view_(view) {}
     void Press(QMouseEvent& event);
     void Move(QMouseEvent& event);
     void Release(QMouseEvent& event);
@@ -35,7 +35,7 @@ private:
     void FitColumn(controls::FlexGrid& grid, int col);
     controls::FlexGrid* Pressed() const; ///< null when it is gone
 
-    SheetView& view_;
+    SheetBase& view_;
     Drag drag_ = Drag::None;
     int pressedGrid_ = -1;
     GridPlace pressed_;

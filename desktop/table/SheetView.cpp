@@ -29,7 +29,7 @@ constexpr qsizetype kTipLength = 500;
 
 } // namespace
 
-SheetView::SheetView(QWidget* parent) : QWidget(parent) {
+SheetView::SheetView(QWidget* parent) : SheetBase(parent) {
     InstallSheetAccessibility();
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -40,7 +40,7 @@ SheetView::SheetView(QWidget* parent) : QWidget(parent) {
 SheetView::~SheetView() = default;
 
 void SheetView::SetWindow(DocumentWindow* window) {
-    window_ = window;
+    ShowGridsOf(window);
     editors_.reset();
     keys_.reset();
     mouse_.reset();
@@ -59,13 +59,13 @@ void SheetView::Follow() {
         update();
         Q_EMIT scrolled();
     };
-    controls::FlexGridArray& grids = window_->hfgrdTableView;
+    controls::FlexGridArray& grids = Window()->hfgrdTableView;
     controls::GridEvents& events = grids.events();
-    Listen(window_->pctTV.moved, bond_.get(), moved);
+    Listen(Window()->pctTV.moved, bond_.get(), moved);
     Listen(grids.loaded, bond_.get(), [moved](int) { moved(); });
     Listen(grids.aboutToUnload, bond_.get(), [moved](int) { moved(); });
     Listen(grids.reset, bond_.get(), [this, moved] {
-        replaced_ = true;
+        GridsReplaced();
         moved();
     });
     for (controls::Event<FlexGrid&>* event :
@@ -82,39 +82,11 @@ void SheetView::Follow() {
     });
 }
 
-// --- which grid keys go to ---------------------------------------------------------------------------------
-
-// Where a level gave way to another one, keys go to the grid that shows the current node.
-FlexGrid* SheetView::Current() const {
-    if (!window_)
-        return nullptr;
-    const int wanted = replaced_ ? table::TableOf(*window_).miFocusTableIndex : current_;
-    FlexGrid& grid = window_->hfgrdTableView(std::clamp(wanted, 0, window_->hfgrdTableView.UBound()));
-    return grid.Visible() && grid.Rows() > 1 && grid.Cols() > 1 ? &grid : nullptr;
-}
-
-void SheetView::SetCurrent(const FlexGrid& grid) {
-    current_ = grid.Index;
-    replaced_ = false;
-    update();
-}
-
-// --- scrolling ---------------------------------------------------------------------------------------------
-
-void SheetView::ShowCell(FlexGrid& grid, int row, int col) {
-    table::ShowTableCell(*window_, grid, row, col);
-}
-
-void SheetView::ScrollBy(QPoint pixels) {
-    if (!window_)
-        return;
-    if (pixels.y() != 0)
-        table::ScrollSheet(*window_, ToTwips(pixels.y()) - window_->pctTV.Place().Top);
-    if (FlexGrid* grid = Current(); grid && pixels.x() != 0)
-        grid->SetScrollLeft(grid->ScrollLeft() + ToTwips(pixels.x()));
-}
+// --- events ------------------------------------------------------------------------------------------------
 
 void SheetView::wheelEvent(QWheelEvent* event) {
+    if (!Window())
+        return event->ignore();
     const bool sideways = event->modifiers() & Qt::ShiftModifier;
     if (!event->pixelDelta().isNull()) {
         wheel_ = event->pixelDelta() * kNotch;
@@ -124,26 +96,24 @@ void SheetView::wheelEvent(QWheelEvent* event) {
     }
     const QPoint pixels = wheel_ / kNotch;
     wheel_ -= pixels * kNotch;
-    if (const GridPlace under = SheetPlaces(*window_, size()).At(event->position().toPoint());
+    if (const GridPlace under = SheetPlaces(*Window(), size()).At(event->position().toPoint());
         under.grid && pixels.x() != 0)
         under.grid->SetScrollLeft(under.grid->ScrollLeft() - ToTwips(pixels.x()));
     ScrollBy({0, -pixels.y()});
     event->accept();
 }
 
-// --- events ------------------------------------------------------------------------------------------------
-
 void SheetView::TellSize() {
-    if (!window_ || !isVisible())
+    if (!Window() || !isVisible())
         return;
-    table::SetTableRowHeight(*window_, ToTwips(RowPixels(*this)));
-    table::ResizeTableView(*window_, ToTwips(width()), ToTwips(height()));
+    table::SetTableRowHeight(*Window(), ToTwips(RowPixels(*this)));
+    table::ResizeTableView(*Window(), ToTwips(width()), ToTwips(height()));
     Q_EMIT scrolled();
 }
 
 void SheetView::paintEvent(QPaintEvent*) {
-    if (window_)
-        PaintSheet(*window_, *this, hasFocus() ? Current() : nullptr);
+    if (Window())
+        PaintSheet(*Window(), *this, hasFocus() ? Current() : nullptr);
 }
 
 void SheetView::resizeEvent(QResizeEvent*) {
@@ -161,7 +131,7 @@ void SheetView::changeEvent(QEvent* event) {
 }
 
 bool SheetView::event(QEvent* event) {
-    if (event->type() == QEvent::ToolTip && window_) {
+    if (event->type() == QEvent::ToolTip && Window()) {
         const auto* help = static_cast<QHelpEvent*>(event);
         ShowTip(help->pos(), help->globalPos());
         return true;
@@ -171,7 +141,7 @@ bool SheetView::event(QEvent* event) {
 
 // The whole of a text that its cell cuts.
 void SheetView::ShowTip(const QPoint& place, const QPoint& globalPlace) {
-    const GridPlace under = SheetPlaces(*window_, size()).At(place);
+    const GridPlace under = SheetPlaces(*Window(), size()).At(place);
     if (!under.IsCell() ||
         WidthWanted(*under.grid, under.row, under.col, *this) <= ToPixels(under.grid->ColWidth(under.col)))
         return QToolTip::hideText();
@@ -232,7 +202,7 @@ void SheetView::contextMenuEvent(QContextMenuEvent* event) {
     }
     ShowCell(*grid, grid->Row(), grid->Col());
     grid->events().MouseUp(*grid, 2);
-    const QRect cell = SheetPlaces(*window_, size()).RectOf(*grid, grid->Row(), grid->Col());
+    const QRect cell = SheetPlaces(*Window(), size()).RectOf(*grid, grid->Row(), grid->Col());
     Q_EMIT contextMenuWanted(mapToGlobal(cell.center()));
 }
 

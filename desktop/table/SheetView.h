@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-#include "core/model/DocumentWindow.h"
-#include <QPointer>
-#include <QWidget>
+#include "desktop/table/SheetBase.h"
 #include <memory>
 
 namespace desktop {
@@ -14,7 +12,7 @@ class SheetMouse;
 /// The window on the sheet that the grids of a level lie on. It paints what can be seen of them; its child
 /// widgets are the editors that are laid over cells. Keys go to the grid that the user touched last, whether
 /// it can be seen or not.
-class SheetView : public QWidget {
+class SheetView : public SheetBase {
     Q_OBJECT
 public:
     explicit SheetView(QWidget* parent = nullptr);
@@ -22,14 +20,6 @@ public:
 
     /// Shows the grids of a window, which must live as long as they are shown; null: none.
     void SetWindow(DocumentWindow* window);
-    DocumentWindow* Window() const { return window_; }
-
-    /// The grid that keys go to; null without a visible one.
-    controls::FlexGrid* Current() const;
-    void SetCurrent(const controls::FlexGrid& grid);
-    /// Selects from the current cell's place to another one and brings that into sight.
-    void ShowCell(controls::FlexGrid& grid, int row, int col);
-    void ScrollBy(QPoint pixels); ///< down, and to the right in the current grid
 
 Q_SIGNALS:
     void scrolled(); ///< the sheet has moved, or its size is another one
@@ -57,14 +47,11 @@ private:
     void TellSize();
     void ShowTip(const QPoint& place, const QPoint& globalPlace);
 
-    DocumentWindow* window_ = nullptr;
     std::unique_ptr<QObject> bond_; ///< what follows the window ends with it
     std::unique_ptr<SheetMouse> mouse_;
     std::unique_ptr<SheetKeys> keys_;
     std::unique_ptr<SheetEditors> editors_;
-    int current_ = 0;
-    bool replaced_ = false; ///< there are other grids than when the current one was chosen
-    QPoint wheel_;          ///< turned, and too little for a pixel so far
+    QPoint wheel_; ///< turned, and too little for a pixel so far
 };
 
 } // namespace desktop

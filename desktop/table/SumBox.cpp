@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/table/SumBox.h"
 #include "desktop/table/SheetPlaces.h"
-#include "desktop/table/SheetView.h"
 #include <QAbstractItemView>
 
 namespace desktop {
@@ -24,7 +23,7 @@ private:
 
 } // namespace
 
-SumBox::SumBox(DocumentWindow& window, SheetView& view)
+SumBox::SumBox(DocumentWindow& window, QWidget& view)
     : window_(window), view_(view), box_(new DroppingBox(window.cmbSum, &view)),
       choice_(std::make_unique<ChoiceAdapter>(window.cmbSum, *box_, nullptr)), events_(*box_, this) {
     box_->setObjectName(QStringLiteral("cmbSum"));

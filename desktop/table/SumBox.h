@@ -10,13 +10,11 @@
 
 namespace desktop {
 
-class SheetView;
-
 /// The box that is laid over a cell of the calculation row. Alt+Down and F4 open its list, as in any box of
 /// this kind; all other keys are the control's.
 class SumBox : public QObject {
 public:
-    SumBox(DocumentWindow& window, SheetView& view);
+    SumBox(DocumentWindow& window, QWidget& view);
     ~SumBox() override;
 
 private:
@@ -25,7 +23,7 @@ private:
     bool KeyPressed(int& key, int modifiers);
 
     DocumentWindow& window_;
-    SheetView& view_;
+    QWidget& view_;
     QPointer<QComboBox> box_; ///< owned by the view
     std::unique_ptr<ChoiceAdapter> choice_;
     ControlEvents events_;

@@ -66,6 +66,16 @@ void FlexGrid::SetSource(std::shared_ptr<const GridSource> source) {
     Reset();
 }
 
+int FlexGrid::SourceRow(int row) const {
+    return order_.empty() ? row : order_[static_cast<std::size_t>(row)];
+}
+
+int FlexGrid::RowOfSource(int sourceRow) const {
+    if (order_.empty())
+        return sourceRow;
+    return static_cast<int>(std::find(order_.begin(), order_.end(), sourceRow) - order_.begin());
+}
+
 const QString* FlexGrid::Written(int sourceRow, int col) const {
     if (written_.isEmpty())
         return nullptr;

@@ -152,14 +152,4 @@ void FlexGrid::Sort(int order) {
     events_->Announce(events_->cellsChanged, *this, GridRange{0, 0, Rows() - 1, Cols() - 1});
 }
 
-int FlexGrid::SourceRow(int row) const {
-    return order_.empty() ? row : order_[static_cast<std::size_t>(row)];
-}
-
-int FlexGrid::RowOfSource(int sourceRow) const {
-    if (order_.empty())
-        return sourceRow;
-    return static_cast<int>(std::find(order_.begin(), order_.end(), sourceRow) - order_.begin());
-}
-
 } // namespace controls

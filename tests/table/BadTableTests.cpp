@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/edit/View.h"
+#include "core/edit/Transaction.h"
 #include "tests/table/TableDesk.h"
 
 namespace {

@@ -79,19 +79,23 @@ TEST_F(CellEdit, WhatWouldBreakTheDocumentIsWrittenEscaped) {
         EXPECT_EQ(TagAt(1), std::string("x=\"") + stored + "\"");
         EXPECT_FALSE(t.app().lastParseError) << typed;
     }
-    const std::pair<const char*, const char*> texts[] = {{"a<b", "a&lt;b"},
-                                                         {"a]]>b", "a]]&gt;b"},
-                                                         {"<i>x</i>", "<i>x</i>"},
-                                                         {"</a><a>", "&lt;/a&gt;&lt;a&gt;"}};
+    const std::pair<const char*, const char*> texts[] = {
+        {"a<b", "a&lt;b"}, {"a]]>b", "a]]&gt;b"}, {"<i>x</i>", "<i>x</i>"}, {"</a><a>", "&lt;/a>&lt;a>"}};
     for (const auto& [typed, stored] : texts) {
         Edit(1, 3, typed);
         EXPECT_EQ(Element().Child().Child().Tag().toStdString(), stored);
         EXPECT_FALSE(t.app().lastParseError) << typed;
     }
-    t.prompts.Answer(services::Answer::Ok);
+    t.prompts.AllowAnyBox();
     const std::string before = Xml();
-    Edit(1, 2, "bad \x01 value");
+    DblClick(1, 2);
+    w->txtTView.UserTyped(QStringLiteral("bad \x01 value"));
+    w->txtTView.LostFocus();
     EXPECT_EQ(Xml(), before);
+    EXPECT_EQ(Edited(), "bad \x01 value") << "what was refused stays as it was typed";
+    w->tbsXML.Select(QStringLiteral("listview"));
+    EXPECT_EQ(w->tbsXML.SelectedKey(), QStringLiteral("tableview")) << "and the view waits for it";
+    EXPECT_TRUE(CellKey(Qt::Key_Escape));
 }
 
 TEST_F(CellEdit, TheEditorOpensOnWhatTheDocumentHoldsAndLosesTheFirstKey) {
@@ -139,6 +143,8 @@ TEST_F(CellEdit, NamesThatCantBeAreRefusedWithAWord) {
         Rename(2, name);
         EXPECT_EQ(Xml(), before) << name;
         EXPECT_EQ(t.prompts.boxes.size(), 1U) << name;
+        EXPECT_EQ(EditedHeader(), name) << "it stays as it was typed";
+        EXPECT_TRUE(EditorKey(w->txtTViewHeader, Qt::Key_Escape));
     }
     Rename(4, "y2");
     EXPECT_EQ(TagAt(1), "x=\"1\" y=\"2\" y2=\"3\"");

@@ -109,7 +109,7 @@ TEST_F(TableClipboard, WhatDoesntFitIsRefusedWhole) {
     Clip(QStringLiteral("<a x=\"1\" y=\"2\"><a x="));
     Click(1, 2);
     Control(Qt::Key_V);
-    EXPECT_EQ(TagAt(1), "x=\"&lt;a x=&quot;1&quot; y=&quot;2&quot;&gt;&lt;a x=\" y=\"2\"") << "one value";
+    EXPECT_EQ(TagAt(1), "x=\"&lt;a x=&quot;1&quot; y=&quot;2&quot;>&lt;a x=\" y=\"2\"") << "one value";
 }
 
 TEST_F(TableClipboard, WholeRowsTakeNodesAsRows) {

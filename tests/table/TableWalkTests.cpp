@@ -169,6 +169,8 @@ protected:
         }
         if (controls::TextBox* editor = OpenEditor())
             editor->LostFocus();
+        if (controls::TextBox* editor = OpenEditor()) // refused
+            EditorKey(*editor, Qt::Key_Escape);
         if (w->cmbSum.Visible()) {
             w->cmbSum.DropDown();
             w->cmbSum.UserChose(Below(9));
