@@ -39,9 +39,15 @@ public:
     text::CompactView value(int row, int column) const;
     /// What the cell shows of it, before numbers are rewritten.
     text::CompactView shownValue(int row, int column) const;
-    /// The values of a row in the columns from left to right, both included, in one go.
-    std::vector<text::CompactView> values(int row, int left, int right) const;
-    bool hasAttribute(int row, int column) const;
+    /// The values of a row in the columns from left to right, both included, in one go; with `shown`, of what
+    /// its cells show of them.
+    std::vector<text::CompactView> values(int row, int left, int right, bool shown = false) const;
+    /// What a cell makes of a value that it shows.
+    QString shownText(int row, int column, text::CompactView shown) const;
+    /// The columns from `left` to `right`, both included, for which the row's element holds something, in the
+    /// order of its Tag; with `shown`, those whose cell shows it. One walk along the Tag: there may be more
+    /// columns than anything else.
+    std::vector<int> filledColumns(int row, int left, int right, bool shown) const;
     /// Whether the columns would be the same if the table were made anew, after an edit of a row's element.
     bool columnsStandAfter(int row) const;
 

@@ -58,9 +58,20 @@ private:
     std::vector<std::u16string> pairs_;
 };
 
+// The names stand in each row: a wide table may need more than there is memory.
+bool IsTooLong(const ElementTable& table, const controls::GridRange& range) {
+    constexpr qint64 kMostUnits = 1'000'000'000; // of a text on the clipboard
+    qint64 names = 0;
+    for (int column = range.left; column <= range.right && names < kMostUnits; ++column)
+        names += table.header(column).size() + 4;
+    return names * range.height() > kMostUnits;
+}
+
 QString BlockText(DocumentWindow& window, const FlexGrid& grid, const controls::GridRange& range) {
     constexpr int kRowsMeasured = 1000;
     const auto table = TableIn(window, grid);
+    if (IsTooLong(*table, range))
+        return {};
     RowWriter writer(*table, range, GetTableViewNodeName(window, grid));
     QString out;
     for (int row = range.top; row <= range.bottom; ++row) {
@@ -102,14 +113,22 @@ QString GetTableViewText(DocumentWindow& window, const FlexGrid& grid) {
 }
 
 QString CopyTableAsHTML(DocumentWindow& window, const FlexGrid& grid) {
+    constexpr qint64 kMostCells = 20'000'000;
     const controls::GridRange range = SelectedData(window, grid);
+    const auto table = TableIn(window, grid);
+    if (!table || qint64(range.height()) * range.width() > kMostCells)
+        return {};
     QString header = QStringLiteral("<thead><tr>"), lines;
     for (int column = range.left; column <= range.right; ++column)
         header += HtmlCell(grid.TextMatrix(0, column));
     for (int row = range.top; row <= range.bottom; ++row) {
         lines += QStringLiteral("<tr>");
-        for (int column = range.left; column <= range.right; ++column)
-            lines += HtmlCell(grid.TextMatrix(row, column));
+        const int at = grid.SourceRow(row);
+        int column = range.left;
+        for (const text::CompactView shown : table->values(at, range.left, range.right, true)) {
+            lines += HtmlCell(table->shownText(at, column, shown));
+            ++column;
+        }
         lines += QStringLiteral("</tr>");
     }
     return QStringLiteral("<table cellSpacing=\"0\" cellPadding=\"0\" border=\"1\">") + header +
