@@ -13,7 +13,7 @@ QString convertStringToXML(const QString& text);
 void AppendText(text::CompactBuilder& out, text::CompactView value);
 /// An attribute's value: the same, and line ends and tabs, which would be blanks.
 void AppendAttributeValue(text::CompactBuilder& out, text::CompactView value);
-/// Line ends and tabs of an attribute's value that is escaped already.
+/// Line ends and tabs of an attribute's value that is escaped already (quirk 33).
 QString WithLineEndReferences(QString value);
 
 /// An "&" that begins no reference as one: what was typed plain among what is escaped.
