@@ -126,14 +126,19 @@ int TreeRowsView::Step() const {
 }
 
 int TreeRowsView::LeftOf(const TreeNode& node) const {
-    int left = 0;
+    int levels = 0;
     for (TreeNode above = node; above; above = above.Parent())
-        left += Step();
-    return left;
+        ++levels;
+    return levels * Step();
 }
 
 QRect TreeRowsView::RectOfRow(int row) const {
     return {-horizontalOffset(), (row - FirstRow()) * rowHeight_, width_, rowHeight_};
+}
+
+QRect TreeRowsView::RectOfMark(int row, const TreeNode& node) const {
+    const QRect whole = RectOfRow(row);
+    return {whole.left() + LeftOf(node) - Step(), whole.top(), Step(), whole.height()};
 }
 
 int TreeRowsView::RowAt(int y) const {
@@ -164,9 +169,7 @@ int TreeRowsView::RowOfMarkAt(const QPoint& place) const {
         return -1;
     QStyleOption option;
     option.initFrom(this);
-    option.rect = RectOfRow(row);
-    option.rect.translate(LeftOf(node) - Step(), 0);
-    option.rect.setWidth(Step());
+    option.rect = RectOfMark(row, node);
     return style()->subElementRect(QStyle::SE_TreeViewDisclosureItem, &option, this).contains(place) ? row
                                                                                                      : -1;
 }
@@ -295,8 +298,9 @@ void TreeRowsView::PaintRow(QPainter& painter, QStyleOptionViewItem option, int 
     option.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(index));
     option.state.setFlag(QStyle::State_HasFocus, hasFocus() && index == currentIndex());
     option.state.setFlag(QStyle::State_MouseOver, row == hovered_);
-    PaintBranches(painter, option, node, Step());
-    option.rect.setLeft(option.rect.left() + LeftOf(node));
+    const QRect mark = RectOfMark(row, node);
+    PaintBranches(painter, option, node, mark);
+    option.rect.setLeft(mark.right() + 1);
     style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &option, &painter, this);
     itemDelegateForIndex(index)->paint(&painter, option, index);
 }

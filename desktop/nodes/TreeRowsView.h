@@ -61,6 +61,7 @@ private:
     int Step() const; ///< pixels that a row stands further right than its parent's
     int LeftOf(const controls::TreeNode& node) const;
     QRect RectOfRow(int row) const;
+    QRect RectOfMark(int row, const controls::TreeNode& node) const;
     void PaintRow(QPainter& painter, QStyleOptionViewItem option, int row) const;
     void Widen();
     void FitBars();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/controls/SlotSequence.h"
 #include <algorithm>
+#include <utility>
 
 namespace controls {
 
