@@ -115,8 +115,11 @@ QString AddNewTreeNodeText(DocumentWindow& window, bool noEdit, bool asChild, co
                                        m_tvXML::kText, text, text);
         if (!below)
             window.tvXML.SetSelectedItem(selected.Parent());
-        if (!noEdit)
-            EditInList(window, origin, added.Key());
+        if (noEdit)
+            return added.Key();
+        if (edit::Shows(window, edit::kTextTab)) // an empty text can't be seen there (quirk 132)
+            edit::ShowView(window, edit::kListTab);
+        EditInList(window, origin, added.Key());
         return added.Key();
     });
 }

@@ -20,21 +20,21 @@ void TellRefusal(Application& app, const QString& name, const services::FileResu
                                 Icon::Exclamation, edit::CopyFileTitle());
 }
 
-// The file goes along with the name; a No at the question on replacing takes the name without copying: saving
-// asks again then. False when the system refused: the user knows why.
+// The file goes along with the name. False at No to the question on replacing, or when the system refused:
+// the user knows why.
 bool CopyFileAlong(DocumentWindow& window, const QString& oldName, const QString& newName) {
     services::FileResult failure;
-    if (edit::CopyFileTo(window.app, oldName, newName, &failure))
+    const bool copied = edit::CopyFileTo(window.app, oldName, newName, &failure);
+    if (copied)
         edit::TakeFileAsItIs(window, newName);
-    if (failure)
-        return true;
-    TellRefusal(window.app, newName, failure);
-    return false;
+    else if (!failure)
+        TellRefusal(window.app, newName, failure);
+    return copied;
 }
 
 // What the new name means for files (quirk 7): the old file is copied, and a document that has none, such as
-// a new one, is unsaved from now on. No at the question on replacing keeps the old name then, since only
-// saving could follow. False when the name can't be taken; the user knows why.
+// a new one, is unsaved from now on. No at the question on replacing keeps the old name. False when the name
+// can't be taken; the user knows why.
 bool TakeFileAlong(DocumentWindow& window, const QString& oldName, const QString& newName) {
     Application& app = window.app;
     if (edit::IsOpenElsewhere(window, newName))

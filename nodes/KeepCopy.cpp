@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/KeepCopy.h"
 #include "core/edit/CopySlot.h"
+#include "core/model/NodeKind.h"
+#include "platform/controls/TreeCursor.h"
 
 namespace nodes {
 
@@ -14,6 +16,22 @@ void KeepCopy(DocumentWindow& window, int view, const QString& key, const QStrin
     slot.copiedAttributes = attributes;
     window.app.services.clipboard.Clear();
     window.app.services.clipboard.SetText(text);
+}
+
+bool TellWhatCopyLacks(Application& app, const std::vector<controls::TreeNode>& copied) {
+    int sections = 0;
+    for (const controls::TreeNode node : copied) {
+        const controls::TreeCursor top(node);
+        for (controls::TreeCursor below = top; below; below = below.nextBelow(top))
+            sections += below.kind() == m_tvXML::kCData ? 1 : 0;
+    }
+    if (sections == 0)
+        return true;
+    app.services.prompts.MsgBox(QStringLiteral("The copy lacks %1 CDATA section(s), with the text in them: "
+                                               "they can only be copied in the text view.")
+                                    .arg(sections),
+                                services::Buttons::Ok, services::Icon::Exclamation);
+    return false;
 }
 
 void SayNothingCopied(Application& app) {

@@ -2,6 +2,7 @@
 #pragma once
 #include "core/model/DocumentWindow.h"
 #include <QString>
+#include <vector>
 
 namespace nodes {
 
@@ -9,6 +10,9 @@ namespace nodes {
 /// number, at the node with a key. `attributes` go along.
 void KeepCopy(DocumentWindow& window, int view, const QString& key, const QString& text,
               const QString& attributes);
+/// Whether a node's text form has all that stands below it. Where it hasn't, a CDATA section being left out,
+/// the user is told that the copy lacks it, and false says so (quirk 131).
+bool TellWhatCopyLacks(Application& app, const std::vector<controls::TreeNode>& copied);
 /// Tells that what is selected has no text form: a CDATA section, a document type, a text that is empty.
 void SayNothingCopied(Application& app);
 

@@ -42,14 +42,17 @@ bool CanCopyRows(DocumentWindow& window) {
 
 RowsXML GetCopiedListViewItemsXML(DocumentWindow& window) {
     QStringList nodes, pairs;
+    std::vector<TreeNode> copied;
     for (const int row : window.ListView1.SelectedRows()) {
         const controls::ListItem& item = window.ListView1.Item(row);
-        if (IsAttributeRow(item))
+        if (IsAttributeRow(item)) {
             pairs << m_tvXML::Attributes::pair(item.Text, item.Sub[0]);
-        else if (const TreeNode node = window.tvXML.Nodes.Find(item.Key))
+        } else if (const TreeNode node = window.tvXML.Nodes.Find(item.Key)) {
             nodes << WrittenAlone(node);
+            copied.push_back(node);
+        }
     }
-    return {nodes.join(QString()), pairs.join(u' ')};
+    return {nodes.join(QString()), pairs.join(u' '), copied};
 }
 
 bool CopyListViewItems(DocumentWindow& window) {
@@ -62,7 +65,7 @@ bool CopyListViewItems(DocumentWindow& window) {
             return false;
         }
         KeepCopy(window, edit::kViewList, GetCurrentListViewKey(window), rows.text(), rows.attributes);
-        return true;
+        return TellWhatCopyLacks(window.app, rows.copied);
     });
 }
 

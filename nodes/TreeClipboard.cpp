@@ -42,7 +42,7 @@ bool CopyTreeNode(DocumentWindow& window) {
             return false;
         }
         KeepCopy(window, edit::kViewTree, node.Key(), text, {});
-        return true;
+        return TellWhatCopyLacks(window.app, {node});
     });
 }
 

@@ -2,6 +2,7 @@
 #include "shell/Recovery.h"
 #include "core/edit/FileOnDisk.h"
 #include "core/edit/Journal.h"
+#include "core/model/FileNames.h"
 #include "core/model/Frame.h"
 #include "window/WindowKinds.h"
 #include <QLocale>
@@ -25,20 +26,18 @@ QString Question(const std::vector<Orphan>& orphans) {
     return lines.join(QStringLiteral("\r\n"));
 }
 
-// Two runs may have left the same document behind: neither takes the other one's window.
+// Two runs may have left the same document behind: neither takes the other one's window, nor a name that is
+// a path: saving asks for one.
 QString FreeName(Frame& frame, const QString& name) {
     QString free = name;
     for (int number = 2; frame.HaveSameNameForm(free, false); ++number)
-        free = name + u' ' + QString::number(number);
+        free = QString::number(number) + u' ' + mXMLEdit::GetFSFileName(name);
     return free;
 }
 
 // The document belongs to its file as the run that ended had it. One that was written since is asked about.
-void KnowFile(DocumentWindow& window, const QDateTime& lastWork) {
-    edit::TakeFileAsItIs(window, window.Caption);
-    std::optional<services::FileMark>& mark = edit::FileOf(window).mark;
-    if (mark && mark->stamp.modified / 1'000'000 > lastWork.toMSecsSinceEpoch())
-        mark->stamp = {};
+void KnowFile(DocumentWindow& window, const std::optional<services::FileStamp>& stamp) {
+    edit::TakeMark(window, stamp ? std::optional(services::FileMark{*stamp, {}}) : std::nullopt);
 }
 
 void BringBack(Application& app, Orphan orphan) {
@@ -51,7 +50,7 @@ void BringBack(Application& app, Orphan orphan) {
     DocumentWindow* made = frame.ActiveForm();
     if (!made || made->Caption != name)
         return;
-    KnowFile(*made, orphan.time);
+    KnowFile(*made, orphan.stamp);
     edit::JournalOf(app).Adopt(*made, std::move(orphan));
     edit::ShowUnsaved(*made);
 }

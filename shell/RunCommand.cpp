@@ -5,6 +5,7 @@
 #include "core/edit/Transaction.h"
 #include "nodes/EditNode.h"
 #include "nodes/FinishEdits.h"
+#include "textview/TextLink.h"
 
 namespace shell {
 
@@ -36,14 +37,23 @@ bool ReadTextAround(DocumentWindow& window) {
     });
 }
 
+// A caret that has been moved by keys is in a node that isn't current yet, and the command is meant for that
+// (quirk 134).
+void FollowCaret(DocumentWindow& window) {
+    if (edit::Shows(window, edit::kTextTab) && !window.TextInUse().IsMark())
+        textview::SelectNodeAtCaret(window);
+}
+
 // Toolbar buttons don't take the focus, and the search and the entities change a text that hasn't got it: a
 // text that is ahead of the tree goes in before a command looks at the nodes.
 bool ReadText(DocumentWindow& window) {
-    if (!window.bond.bTextChanged())
-        return true;
-    if (window.miPopupContext != kContextText)
+    if (window.bond.bTextChanged() && window.miPopupContext != kContextText)
         return ReadTextAround(window);
-    return edit::Run(window, "ReadEditedText", [&] { return window.way->read(window); });
+    const bool read = !window.bond.bTextChanged() ||
+                      edit::Run(window, "ReadEditedText", [&] { return window.way->read(window); });
+    if (read && window.miPopupContext == kContextText)
+        FollowCaret(window);
+    return read;
 }
 
 void RunForm(DocumentWindow& window, const edit::Command& command, std::span<const edit::Form> forms) {

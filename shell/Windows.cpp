@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Windows.h"
 #include "core/edit/FileChanged.h"
+#include "core/edit/FileOnDisk.h"
+#include "core/edit/Journal.h"
 #include "core/edit/NodePath.h"
 #include "core/edit/Open.h"
 #include "core/edit/TextWay.h"
@@ -67,10 +69,19 @@ void Windows::FillForm(DocumentWindow& window, const FetchedText& text) {
     opening.Close();
 }
 
+// One that came back from another run may have a name that is next.
+QString Windows::NewName(const WindowKind& kind) {
+    QString name;
+    do
+        name = QStringLiteral("new%1%2").arg(++newDocuments_).arg(kind.extension);
+    while (list_.Named(name));
+    return name;
+}
+
 void Windows::NewFile(const WindowKind& kind, const FetchedText& text, const QString& fileName) {
     QString name = fileName;
     if (text::IsBlank(fileName))
-        name = QStringLiteral("new%1%2").arg(++newDocuments_).arg(kind.extension);
+        name = NewName(kind);
     else if (HaveSameNameForm(fileName, true))
         return;
     if (!LeaveActiveForm())
@@ -197,16 +208,26 @@ void Windows::Turn(void (WindowList::*turn)()) {
 
 // The routines of closing ask for the active form and its name. What was typed about a node belongs to the
 // document that the question on saving is about.
-bool Windows::CloseForm(DocumentWindow* window) {
+bool Windows::MayClose(DocumentWindow* window) {
     if (!window || window->bUnloading)
         return false;
     ActivateForm(window);
-    if (window != ActiveForm() || !dialogs_.NodeInHandIsWritten(*window) || !window::Form_Unload(*window))
+    return window == ActiveForm() && dialogs_.NodeInHandIsWritten(*window) &&
+           window::Form_QueryUnload(*window);
+}
+
+bool Windows::CloseForm(DocumentWindow* window) {
+    if (!MayClose(window))
         return false;
-    Forget(*window);
-    app_.frame().StatusBar1().SetPanel(1, {}); // it was about the window that is gone
+    Close(*window);
     AnnounceActive();
     return true;
+}
+
+void Windows::Close(DocumentWindow& window) {
+    window::Form_Unload(window);
+    Forget(window);
+    app_.frame().StatusBar1().SetPanel(1, {}); // it was about the window that is gone
 }
 
 void Windows::Forget(DocumentWindow& window) {
@@ -224,11 +245,24 @@ void Windows::CloseAll() {
     }
 }
 
+// All are asked about before one goes (quirk 135). Where the user backs out, those that they didn't want to
+// save stay, and so does what is kept of them for the case of a crash.
 bool Windows::QueryUnload() {
-    while (DocumentWindow* window = ActiveForm()) {
-        if (!CloseForm(window))
-            return false;
+    std::vector<DocumentWindow*> asked;
+    for (DocumentWindow* window : list_.All()) {
+        if (MayClose(window)) {
+            asked.push_back(window);
+            continue;
+        }
+        for (DocumentWindow* stays : asked) {
+            if (edit::IsUnsaved(*stays))
+                edit::JournalOf(app_).Keep(*stays);
+        }
+        return false;
     }
+    for (DocumentWindow* window : asked)
+        Close(*window);
+    AnnounceActive();
     return true;
 }
 

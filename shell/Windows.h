@@ -27,9 +27,9 @@ public:
     void NextWindow();     ///< the active window goes to the back of the order
     void PreviousWindow(); ///< the one at the back of the order comes to the front
 
-    /// Form_Unload, then the window goes. False when it stays.
+    /// Asks, and the window goes. False when it stays.
     bool CloseForm(DocumentWindow* window);
-    /// Closes one after the other. False when the user kept one.
+    /// Closes all of them, or, with false, none: the user kept one.
     bool QueryUnload();
     /// The same, but a window that was kept is asked about again.
     void CloseAll();
@@ -41,6 +41,9 @@ public:
 
 private:
     DocumentWindow& MakeForm(const WindowKind& kind, const QString& name);
+    QString NewName(const WindowKind& kind); ///< for a document without one
+    bool MayClose(DocumentWindow* window);   ///< brings it to the front, and asks
+    void Close(DocumentWindow& window);
     void FillForm(DocumentWindow& window, const FetchedText& text);
     void ShowForm(DocumentWindow& window); ///< to the front, and restored when it is minimised
     bool LeaveActiveForm();                ///< false where what is typed there was refused: it stays in hand

@@ -55,7 +55,7 @@ public:
     bool HaveSameNameForm(const QString& name, bool bringToFront) override;
     /// The user (or a command) brings a window to the front. Runs Form_Activate when it wasn't active.
     void ActivateForm(DocumentWindow* window) override { parts_.windows.ActivateForm(window); }
-    /// Form_Unload, then the window goes. False when it stays.
+    /// Asks, and the window goes. False when it stays.
     bool CloseForm(DocumentWindow* window) { return parts_.windows.CloseForm(window); }
     /// The active window goes to the back of the order.
     void NextWindow() { parts_.windows.NextWindow(); }

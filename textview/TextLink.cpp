@@ -69,10 +69,15 @@ void NavToNodeRelatedText(DocumentWindow& window) {
             return;
         }
         target.Tag = node.Key();
-        const qsizetype place =
-            m_tvXML::GetTextPositionByNodeNum(target.Long(), m_tvXML::GetBeforeNodeNumber(window.app, node));
+        // What has no number of its own stands behind the node in front of it.
+        const long number =
+            m_tvXML::GetBeforeNodeNumber(window.app, node) - (m_tvXML::IsNumbered(node) ? 0 : 1);
+        const qsizetype place = m_tvXML::GetTextPositionByNodeNum(target.Long(), number);
         target.SetSelStart(place + kJumpBeyond);
-        target.Mark(std::abs(place - 1), 1);
+        if (number > 0)
+            target.Mark(std::abs(place - 1), 1);
+        else
+            target.SetSelStart(0);
         edit::ShowCursorPosition(window);
     });
 }

@@ -16,6 +16,8 @@ struct UndoRecord {
     QString InsText;
     bool WholeText = false; ///< the step replaced everything: OldRTF and NewRTF hold both sides
     std::shared_ptr<const controls::RichContent> OldRTF, NewRTF;
+    /// The text of the tree before the step where OldRTF isn't that: it was never read. Else empty.
+    text::LongText treeBefore;
     /// Colours of DelText and InsText where these are too long to be coloured when they come back.
     std::vector<controls::ColourRun> DelColours, InsColours;
     std::vector<qsizetype> DelFillers; ///< of DelText, counted from its start; what is put in has none
@@ -40,7 +42,8 @@ struct TextState {
     // The pane in use, before its last change and as it stands: a change is told by the difference.
     TextStatus previousStatus, currentStatus;
 
-    QString pathInHand; ///< of the node that is to be current when the tree follows the steps
+    text::LongText treeInHand; ///< that the tree has to be again beside the text, which may not parse
+    QString pathInHand;        ///< of the node that is to be current when the tree follows the steps
     /// Path of the node that was current until a step took it away, for the step that brings it back; good as
     /// long as the node that took its place is the current one (quirk 19).
     QString lostPath, placeTakenBy;

@@ -87,10 +87,12 @@ mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long 
         return {};
     }
     mXMLEdit::Parsed parsed = edit::LoadXMLDocFromString(window.app, text, tone);
-    if (parsed.good())
+    if (parsed.good()) {
+        window.bond.treeText = text.text;
         TakeDocument(window, *parsed.document, selectNumber, afterwards);
-    else
+    } else {
         ShowBadText(window, text.text, parsed);
+    }
     brokenOff.dismiss();
     return parsed;
 }
@@ -116,7 +118,14 @@ void WriteTreeAsText(DocumentWindow& window) {
         if ((valid || !xml.holdsOnly(u" ")) && !(target.Plain() == xml))
             ChangeText(window, xml, target.Content());
     }
-    window.bond.msLastParsedText = target.Plain(); // now the two say the same
+    window.bond.msLastParsedText = window.bond.treeText = target.Plain(); // now the two say the same
+}
+
+// Undo brings the text back, from which the tree can't be made.
+void KeepTreeOfStep(DocumentWindow& window, const LongText& tree) {
+    TextState& state = StateOf(window);
+    if (!state.bUndoRunning && state.UndoPos > 0)
+        state.undoStack[static_cast<std::size_t>(state.UndoPos - 1)].treeBefore = tree;
 }
 
 void SayTextGaveWay(DocumentWindow& window) {
@@ -139,12 +148,14 @@ mXMLEdit::Parsed XMLToTree(DocumentWindow& window, const FetchedText& text, long
 void TreeChangeTextView(DocumentWindow& window) {
     ++window.app.work.texts;
     Bond& bond = window.bond;
-    const LongText before = window.TextInUse().Plain();
+    const LongText before = window.TextInUse().Plain(), tree = bond.treeText;
     const bool unread = bond.refused() || (bond.bTextChanged() && !(before == bond.msLastParsedText));
     WriteTreeAsText(window);
     bond.textWritten();
-    if (unread && !(window.TextInUse().Plain() == before))
-        SayTextGaveWay(window);
+    if (!unread || window.TextInUse().Plain() == before)
+        return;
+    KeepTreeOfStep(window, tree);
+    SayTextGaveWay(window);
 }
 
 } // namespace textview

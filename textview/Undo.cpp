@@ -145,11 +145,21 @@ void KeepCurrentNode(DocumentWindow& window, const xml::ParsedDocument& document
     state.placeTakenBy = CurrentKey(window);
 }
 
+// The tree goes back, too, to what it was beside a text that didn't parse.
+void TakeTreeBack(DocumentWindow& window, const Rows& rows) {
+    const text::LongText tree = std::exchange(StateOf(window).treeInHand, {});
+    if (tree.isEmpty())
+        return;
+    XMLToTree(window, tree, 0, Afterwards::KeepText, edit::Tone::Quiet);
+    edit::SelectNode(window, NodeAt(window.tvXML, rows));
+}
+
 void Follow(DocumentWindow& window) {
     if (window.TextInUse().Plain() == window.bond.msLastParsedText)
         return window.bond.move(BondMove::TextTakenBack);
     const PaneSelections selections(window);
     const Rows rows = RowsOf(window.tvXML.SelectedItem());
+    TakeTreeBack(window, rows);
     const mXMLEdit::Parsed parsed = BuildTree(window);
     if (parsed.good())
         return KeepCurrentNode(window, *parsed.document, StateOf(window).pathInHand, rows);
@@ -168,6 +178,9 @@ void TakeStep(DocumentWindow& window, Way way) {
         StateOf(window).pathInHand = PathInHand(window);
     window.tmText.SetEnabled(false);
     StepInText(window, way);
+    TextState& state = StateOf(window);
+    state.treeInHand = way == Way::Back ? state.undoStack[static_cast<std::size_t>(state.UndoPos)].treeBefore
+                                        : text::LongText();
     if (window.TextInUse().Long().size() > kTriedAtOnce)
         window.tmText.SetEnabled(true);
     else

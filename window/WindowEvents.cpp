@@ -66,10 +66,10 @@ void Form_Activate(DocumentWindow& window) {
     });
 }
 
-bool Form_Unload(DocumentWindow& window) {
+bool Form_QueryUnload(DocumentWindow& window) {
     window.bUnloading = true;
-    // Where saving breaks off, the window stays, and can be closed again.
-    auto brokenOff = qScopeGuard([&window] {
+    // The window may stay, and be closed later.
+    auto over = qScopeGuard([&window] {
         window.bUnloading = window.bCancelSave = false;
         window.app.frame().RefreshMenu();
     });
@@ -78,12 +78,15 @@ bool Form_Unload(DocumentWindow& window) {
     if (!nodes::FinishEdits(window))
         return false;
     edit::SaveXMLFile(window, false, false);
-    if (window.bCancelSave)
-        return false;
-    brokenOff.dismiss();
+    return !window.bCancelSave;
+}
+
+void Form_Unload(DocumentWindow& window) {
+    window.bUnloading = true;
+    if (window.app.frame().FormCount() <= 1)
+        window.app.frame().DisableMenu();
     FileName(window);
     edit::UnloadViews(window);
-    return true;
 }
 
 void SetVSplitPosition(DocumentWindow& window, double position) {

@@ -11,7 +11,9 @@ void Form_Load(DocumentWindow& window);
 /// in hand.
 void Form_Activate(DocumentWindow& window);
 /// The window is to be closed: open edits are finished, and unsaved changes are asked about. False: it stays.
-bool Form_Unload(DocumentWindow& window);
+bool Form_QueryUnload(DocumentWindow& window);
+/// It is closed now.
+void Form_Unload(DocumentWindow& window);
 
 void SetVSplitPosition(DocumentWindow& window, double position); ///< twips, held at 0 or more
 

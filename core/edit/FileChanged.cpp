@@ -156,6 +156,7 @@ bool MayOverwrite(DocumentWindow& window) {
     FileMark theirs;
     switch (LookAtFile(window, &theirs)) {
     case FileState::Changed:
+    case FileState::Unknown:
         return Ask(window, theirs) == Decision::KeptMine;
     case FileState::NotOurs:
         return MayReplace(window.app, window.Caption);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/FileOnDisk.h"
 #include "core/model/FileNames.h"
+#include "core/model/Frame.h"
 #include <algorithm>
 
 namespace edit {
@@ -18,8 +19,11 @@ services::FileSystem& Files(DocumentWindow& window) {
 // they aren't.
 FileState LookInside(DocumentWindow& window, FileMark& mark, const FileStamp& now, FileMark* found) {
     QByteArray bytes;
-    if (!Files(window).Read(window.Caption, bytes))
-        return FileState::Ours; // a lock, perhaps: it is looked at again
+    if (!Files(window).Read(window.Caption, bytes)) {
+        if (found)
+            *found = {now, {}};
+        return FileState::Unknown;
+    }
     const FileMark fresh{now, services::ContentMark(bytes)};
     if (mark.stamp.exists && mark.content == fresh.content) {
         mark = fresh;
@@ -87,8 +91,16 @@ bool CountsAsSaved(DocumentWindow& window) {
            window.TextInUse().Plain() == window.bond.msOpenText;
 }
 
+QString SavedMessage(const DocumentWindow& window) {
+    return window.Caption + QStringLiteral(" has been saved.");
+}
+
 void ShowUnsaved(DocumentWindow& window) {
-    window.SetUnsaved(IsUnsaved(window));
+    const bool unsaved = IsUnsaved(window);
+    window.SetUnsaved(unsaved);
+    controls::StatusBar& bar = window.app.frame().StatusBar1();
+    if (unsaved && bar.Panel(1).startsWith(SavedMessage(window))) // it was
+        bar.SetPanel(1, {});
 }
 
 OpenFiles::OpenFiles(Application& app) : app_(app) {

@@ -14,6 +14,7 @@ namespace edit {
 enum class FileState {
     Ours,    ///< it holds what was read from it or written to it last, or isn't there
     Changed, ///< it holds something else
+    Unknown, ///< it looks changed and can't be read, which may be for a moment
     NotOurs  ///< another document's: the window took its name and nothing more
 };
 
@@ -53,7 +54,9 @@ bool IsFileGone(DocumentWindow& window);
 bool IsUnsaved(DocumentWindow& window);
 /// Whether closing doesn't ask about it: it is saved, or was to be, and the user knows that it was refused.
 bool CountsAsSaved(DocumentWindow& window);
-void ShowUnsaved(DocumentWindow& window); ///< the window's caption shows whether it is
+/// The window's caption shows whether it is unsaved; that it was saved isn't told any longer then.
+void ShowUnsaved(DocumentWindow& window);
+QString SavedMessage(const DocumentWindow& window); ///< on status panel 1, at its beginning
 
 /// The files of all windows under watch.
 class OpenFiles {

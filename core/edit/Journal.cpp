@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/Journal.h"
+#include "core/edit/FileOnDisk.h"
 #include "core/edit/JournalRecords.h"
 #include "core/edit/Report.h"
 #include "core/model/FileNames.h"
@@ -35,6 +36,12 @@ bool IsInItsFile(Application& app, const JournalReader& reader) {
     QByteArray bytes;
     return mXMLEdit::IsLocalPath(reader.head.name) && app.services.files.Read(reader.head.name, bytes) &&
            text::Decode(bytes).text == reader.text;
+}
+
+// The file that the document goes by, so that one that is written after a crash isn't taken for it.
+std::optional<services::FileStamp> StampNow(DocumentWindow& window) {
+    const FileOnDisk& file = FileOf(window);
+    return file.mark && file.name == window.Caption ? std::optional(file.mark->stamp) : std::nullopt;
 }
 
 bool Never() {
@@ -74,6 +81,14 @@ void Journal::Forget(DocumentWindow& window) {
         Remove(*entry);
         entry->saved = window.TextInUse().Plain();
     }
+}
+
+bool Journal::Keeps(DocumentWindow& window) {
+    Entry* entry = EntryOf(window);
+    if (!entry)
+        return false;
+    Write(*entry, Never);
+    return entry->file && entry->whole && entry->written == window.TextInUse().Plain();
 }
 
 void Journal::Keep(DocumentWindow& window) {
@@ -125,7 +140,9 @@ void Journal::WriteAll() {
 // True when there is more to write.
 bool Journal::Write(Entry& entry, const std::function<bool()>& spent) try {
     while (HasChange(entry)) {
-        const FileResult result = entry.file->Append(ChangeRecord(entry.target, *entry.change, entry.done));
+        const bool last = entry.change->added - entry.done <= kChangePart;
+        const FileResult result =
+            entry.file->Append(ChangeRecord(entry.target, *entry.change, entry.done), !last);
         if (!result) {
             Fail(entry, result);
             return false;
@@ -168,7 +185,8 @@ FileResult Journal::Begin(Entry& entry) {
     if (!made.file)
         return made.result;
     const DocumentWindow& window = *entry.window;
-    for (const QByteArray& record : HeadRecords({window.Caption, window.kind.Name, window.fileForm})) {
+    const JournalHead head{window.Caption, window.kind.Name, window.fileForm, StampNow(*entry.window)};
+    for (const QByteArray& record : HeadRecords(head)) {
         if (FileResult result = made.file->Append(record); !result) {
             made.file->Remove();
             return result;
@@ -234,7 +252,7 @@ std::vector<Orphan> Journal::Orphans() {
             file->Remove(); // the run ended between saving and this
         else if (reader.hasText())
             orphans.push_back({reader.head.name, reader.head.kind, file->Time(), reader.text,
-                               reader.head.form, std::move(file)});
+                               reader.head.form, reader.head.stamp, std::move(file)});
         else if (result && !reader.isForeign())
             file->Remove(); // it ended before it had a text
     }

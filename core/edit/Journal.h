@@ -22,6 +22,7 @@ struct Orphan {
     QDateTime time;
     text::LongText text;
     text::FileForm form;
+    std::optional<services::FileStamp> stamp;    ///< of its file as the run had it; nothing: it had none
     std::unique_ptr<services::JournalFile> file; ///< no other process has it as long as this is kept
 };
 
@@ -37,7 +38,7 @@ public:
 
     controls::Timer tmJournal{2000};  ///< writes what has changed; runs as long as there is a window
     controls::Timer tmJournalOn{100}; ///< goes on with what was too much for one tick
-    int mostMilliseconds = 25;        ///< of a tick; it ends with the record in which they run out
+    int mostMilliseconds = 40;        ///< of a tick; it ends with the record in which they run out
 
     /// The window has a document now, as its file or a new one has it. A journal that it had stays behind.
     void Watch(DocumentWindow& window);
@@ -50,6 +51,9 @@ public:
 
     /// The document's file is gone or holds something else: its text is kept though nothing changed in it.
     void Keep(DocumentWindow& window);
+
+    /// Writes what has changed in a window. Whether its text is in its journal now.
+    bool Keeps(DocumentWindow& window);
 
     /// The documents that earlier runs left behind, the oldest first. Those of a run that still goes on
     /// aren't among them, nor those whose text is in their file. What isn't taken back or dropped is there

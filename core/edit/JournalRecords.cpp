@@ -10,7 +10,7 @@ namespace {
 
 using text::LineEnd;
 
-constexpr quint8 kFormat = 2;                   // the first one knew of no bad bytes
+constexpr quint8 kFormat = 3;                   // the first one knew of no bad bytes, the second of no stamp
 constexpr qsizetype kLineEndPart = 1024 * 1024; // line ends in one record
 
 enum class Record : quint8 { Head = 1, LineEnds, Name, Change };
@@ -24,6 +24,13 @@ template <typename... Values> QByteArray Make(Record kind, const Values&... valu
     return bytes;
 }
 
+std::optional<services::FileStamp> ReadStamp(QDataStream& stream) {
+    bool known = false;
+    services::FileStamp stamp;
+    stream >> known >> stamp.exists >> stamp.size >> stamp.modified >> stamp.number;
+    return known ? std::optional(stamp) : std::nullopt;
+}
+
 bool IsWhole(const QDataStream& stream) {
     return stream.status() == QDataStream::Ok && stream.atEnd();
 }
@@ -34,9 +41,11 @@ bool IsWhole(const QDataStream& stream) {
 
 std::vector<QByteArray> HeadRecords(const JournalHead& head) {
     const text::FileForm& form = head.form;
+    const services::FileStamp stamp = head.stamp.value_or(services::FileStamp());
     std::vector<QByteArray> records{Make(Record::Head, kFormat, head.name, head.kind, form.encoding,
                                          form.declared, form.mark, static_cast<quint8>(form.lineEnds.common),
-                                         static_cast<quint32>(form.badBytes))};
+                                         static_cast<quint32>(form.badBytes), head.stamp.has_value(),
+                                         stamp.exists, stamp.size, stamp.modified, stamp.number)};
     const std::vector<LineEnd>& each = form.lineEnds.each;
     const auto count = static_cast<qsizetype>(each.size());
     for (qsizetype from = 0; from < count; from += kLineEndPart) {
@@ -111,6 +120,8 @@ bool JournalReader::takeHead(QDataStream& stream) {
     quint32 badBytes = 0;
     if (format > 1)
         stream >> badBytes;
+    if (format > 2)
+        head.stamp = ReadStamp(stream);
     head.form.badBytes = badBytes;
     head.form.lineEnds.common = static_cast<LineEnd>(lineEnd);
     return IsWhole(stream) && lineEnd <= static_cast<quint8>(LineEnd::Cr);

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "platform/services/Services.h"
 #include "platform/text/LongText.h"
 #include "platform/text/TextDifference.h"
 #include "platform/text/TextFile.h"
 #include <QByteArray>
 #include <QString>
+#include <optional>
 #include <vector>
 
 // What a document's journal says, record by record: first what its document is, then every change of the text
@@ -16,6 +18,7 @@ struct JournalHead {
     QString name; ///< of the window: path, address, or that of a new document
     QString kind; ///< name of the window's kind
     text::FileForm form;
+    std::optional<services::FileStamp> stamp; ///< of its file
 };
 
 /// The records that a journal begins with. The bytes that the file had aren't in it: a text that is in a

@@ -70,13 +70,10 @@ void PointToErrorPos(Application& app, const xml::ParseError& error) {
     if (!active)
         return;
     const qsizetype place = error.filepos - 1;
-    // The two panes differ for an error without a place: the first selects the first character, the second
-    // the second one.
-    if (active->brtxtXML2Focus)
-        active->rtxtXML2.SetSelStart(std::abs(place));
-    else
-        active->rtxtXML.SetSelStart(std::max<qsizetype>(place, 0));
-    active->TextInUse().SetSelLength(1);
+    // The two panes differ for an error without a place: the first marks the first character, the second the
+    // second one. A mark: the next key doesn't replace it.
+    const bool second = active->brtxtXML2Focus;
+    active->TextInUse().Mark(second ? std::abs(place) : std::max<qsizetype>(place, 0), 1);
 }
 
 } // namespace edit

@@ -19,7 +19,9 @@ QStringList Named(const xml::Losses& losses) {
         {losses.sections, "CDATA section (with the text in it)", "CDATA sections (with the text in them)"},
         {losses.references, "reference to an entity (its text stays)",
          "references to entities (their texts stay)"},
-        {losses.blanks, "text of blanks between nodes", "texts of blanks between nodes"},
+        {losses.blanks, "text of blanks", "texts of blanks"},
+        {losses.joints, "place in a text without a blank (it gets a line end)",
+         "places in a text without a blank (they get line ends)"},
         {losses.preserved, "element whose spacing is to be preserved (it changes)",
          "elements whose spacing is to be preserved (it changes)"},
     };

@@ -2,9 +2,11 @@
 #include "core/edit/Save.h"
 #include "core/edit/FileChanged.h"
 #include "core/edit/Journal.h"
+#include "core/edit/NodePath.h"
 #include "core/edit/Report.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
+#include "core/edit/View.h"
 #include "core/edit/WriteFile.h"
 #include "core/model/FileNames.h"
 #include "core/model/Frame.h"
@@ -18,10 +20,23 @@ using services::Answer;
 using services::Buttons;
 using services::Icon;
 
+// The user saves and goes nowhere: the next key belongs where they type, also in a text that doesn't parse,
+// whose error has been told (quirk 130).
+void ReadInPlace(DocumentWindow& window) {
+    controls::RichTextBox& pane = window.TextInUse();
+    const bool onShow = Shows(window, kTextTab);
+    const qsizetype start = pane.SelStart(), length = pane.SelLength();
+    if (window.way->read(window) || !onShow)
+        return;
+    pane.SetSelStart(start);
+    pane.SetSelLength(length);
+    ShowCursorPosition(window);
+}
+
 // Brings tree and text together. False when the text isn't well-formed: the user has been told.
 bool BringTogether(DocumentWindow& window) {
     if (window.bond.bTextChanged())
-        window.way->read(window);
+        ReadInPlace(window);
     if (window.bond.bTreeChanged())
         Run(window, "SaveXMLFile", [&] { WriteUnnamed(window); });
     if (std::exchange(window.bond.untried, false))
@@ -29,11 +44,17 @@ bool BringTogether(DocumentWindow& window) {
     return !window.bond.refused();
 }
 
+// A text whose write was refused and that can't be kept in its journal either, on a full disk, say (quirk
+// 133).
+bool IsNowhereElse(DocumentWindow& window) {
+    return FileOf(window).refused && !JournalOf(window.app).Keeps(window);
+}
+
 // Whatever another document's last parse was, a text that is in its file needs no saving (quirks 25 and 46).
 // One whose write was refused is tried again, but counts as saved for closing (quirk 45).
 bool NothingToSave(DocumentWindow& window) {
     NoticeFile(window);
-    return window.bUnloading ? CountsAsSaved(window) : !IsUnsaved(window);
+    return window.bUnloading ? CountsAsSaved(window) && !IsNowhereElse(window) : !IsUnsaved(window);
 }
 
 bool WantsSaving(DocumentWindow& window) {
@@ -112,7 +133,7 @@ bool SaveUnderNewName(DocumentWindow& window) {
 }
 
 void SaySaved(DocumentWindow& window, bool wellFormed) {
-    const QString saved = window.Caption + QStringLiteral(" has been saved.");
+    const QString saved = SavedMessage(window);
     Message(window.app, wellFormed ? saved : saved + QStringLiteral(" It is not valid XML."));
 }
 

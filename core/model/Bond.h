@@ -65,6 +65,8 @@ public:
     const xml::Losses& losses() const { return losses_; }
     Rewriting rewriting = Rewriting::Unasked;
 
+    /// The text that the tree was last built from, or written as.
+    text::LongText treeText;
     text::LongText msOpenText;       ///< the text at the last open or save
     text::LongText msLastParsedText; ///< the text that the tree was last built from, or that was refused
     bool untried = false;            ///< the text came from the tree and was too long to be parsed at once

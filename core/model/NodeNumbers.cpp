@@ -46,6 +46,10 @@ bool HaveElementNodeAtXMLRootLevel(const controls::TreeView& tree) {
     return tree.Nodes.Count() > 0 && FirstElement(tree.Nodes(1).Child());
 }
 
+bool IsNumbered(TreeNode node) {
+    return node && (IsTreeRoot(node) || IsNumbered(TreeCursor(node)));
+}
+
 long GetAllChildNodeNumber(TreeNode node) {
     return node ? NumberedBelow(TreeCursor(node)) : 0;
 }

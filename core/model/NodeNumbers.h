@@ -19,6 +19,8 @@ bool HaveElementNodeAtXMLRootLevel(const controls::TreeView& tree);
 
 /// Numbered descendants of a node.
 long GetAllChildNodeNumber(TreeNode node);
+/// Whether a node is written with a number: texts, sections and document types aren't.
+bool IsNumbered(TreeNode node);
 /// The node's own number; 0 for nothing.
 long GetBeforeNodeNumber(Application& app, TreeNode node);
 /// The node with a number, searched below `node` (the tree root); nothing when the walk runs out.

@@ -57,6 +57,7 @@ void EditNodesDialog::ShowForm() {
     if (!isVisible()) {
         const int room = ToPixels(5795) + sizeHint().height() - ui_->boxes->sizeHint().height();
         resize(QSize(std::max(width(), 520), room).boundedTo(screen()->availableSize() * 0.9));
+        ui_->txtNodeAttrs->setFocus(); // what is typed next is a value, wherever the last one was left
     }
     show();
     raise();

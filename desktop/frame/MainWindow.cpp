@@ -109,6 +109,7 @@ void MainWindow::MakeShortcuts() {
         add(keys, [this] { frame_.NextWindow(); });
     for (const char* keys : {"Ctrl+Shift+Tab", "Ctrl+Shift+F6"})
         add(keys, [this] { frame_.PreviousWindow(); });
+    add("Ctrl+F4", [this] { frame_.CloseForm(frame_.ActiveForm()); });
     add("F3", [this] { frame_.FindNext(false); });
     add("Shift+F3", [this] { frame_.FindNext(true); });
     add("F6", [this] { NextPane(1); });

@@ -15,8 +15,9 @@ namespace services {
 class JournalFile {
 public:
     virtual ~JournalFile() = default;
-    /// Puts a record at the end and sees it to the disk. After a failure the journal ends as it did before.
-    virtual FileResult Append(const QByteArray& record) = 0;
+    /// Puts a record at the end and sees it to the disk, with those before it. One that is good for nothing
+    /// without the `next` one is only on its way there. After a failure the journal ends as it did before.
+    virtual FileResult Append(const QByteArray& record, bool next = false) = 0;
     /// Hands out the records in order. It ends before the first one that is broken or that `take` answers
     /// with false; the next one appended stands there. Fails when the file can't be read.
     virtual FileResult Read(const std::function<bool(const QByteArray&)>& take) = 0;

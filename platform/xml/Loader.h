@@ -36,8 +36,9 @@ private:
         std::uint32_t lastChild;
         bool preserve;             ///< white space counts here
         bool hasText = false;      ///< more than blanks
-        bool respaced = false;     ///< has a text whose blanks indenting would change
-        std::uint32_t layouts = 0; ///< dropped blanks with a line end between two children
+        bool respaced = false;     ///< has something whose blanks indenting would change
+        std::uint32_t layouts = 0; ///< dropped blanks that are layout unless there is other text beside
+        std::uint32_t joints = 0;  ///< children that touch the one in front of them
     };
 
     void parse(qsizetype length);
@@ -82,7 +83,10 @@ private:
     enum class Follows { Nothing, Element, Leaf, Section };
     void flushText(Follows next);
     bool comesBack(Follows next) const;
-    void noteDropped(Open& parent);
+    void noteBlank(Open& parent, Follows next);
+    void noteTouching(Open& parent, Follows next);
+    bool isBehindText(const Open& parent) const;
+    bool isFromReference(xmlChar c) const;
     void notePreserved(Open& parent, bool blank);
     void noteReference();
     bool inDocumentType() const { return context_->inSubset != 0; }
@@ -98,6 +102,7 @@ private:
     static constexpr qsizetype kUnitsPerStep = 250'000;
     qsizetype nextStep_ = kUnitsPerStep; ///< the unit at which the step is due
     qsizetype length_ = 0;               ///< of the text
+    bool blanksMeant_ = false;           ///< among the blanks of the text under way are some from references
     std::exception_ptr failureOfStep_;
     NameCache names_;
     NamespaceScope namespaces_;

@@ -2,6 +2,7 @@
 // What stands in the document element, and how the text is handed over.
 #include "platform/xml/Loader.h"
 #include <cstring>
+#include <utility>
 
 namespace xml {
 
@@ -107,18 +108,19 @@ void Loader::addAttributes(std::uint32_t id, std::uint32_t nameId, const xmlChar
 }
 
 void Loader::flushText(Follows next) {
-    if (text_.empty())
-        return;
     Open& parent = open_.back();
+    if (text_.empty())
+        return noteTouching(parent, next);
     const bool blank = IsBlankText(text_);
     parent.hasText = parent.hasText || !blank;
     if (parent.preserve)
         notePreserved(parent, blank);
-    else if (blank && next != Follows::Nothing && parent.lastChild != 0 && !comesBack(next))
-        noteDropped(parent);
+    else if (blank)
+        noteBlank(parent, next);
     if (parent.preserve || !blank)
         addValueNode(TEXT, DocumentStore::kTextName, text_.data(), text_.size());
     text_.clear();
+    blanksMeant_ = false;
 }
 
 /// Whether these are the very blanks that are written between two siblings: a line end, and before an element
@@ -128,12 +130,36 @@ bool Loader::comesBack(Follows next) const {
     return next != Follows::Section && text_ == '\n' + std::string(tabs, '\t');
 }
 
-/// Blanks with a line end are layout as long as their parent has no other text, which may still follow.
-void Loader::noteDropped(Open& parent) {
-    if (text_.find('\n') == std::string::npos)
+/// Blanks with a line end are layout as long as their parent has no other text, which may still follow; those
+/// at its edges are so at any rate. What is an element's only content isn't, without a line end.
+void Loader::noteBlank(Open& parent, Follows next) {
+    const bool lineEnd = text_.find('\n') != std::string::npos;
+    const bool first = parent.lastChild == 0, last = next == Follows::Nothing, between = !first && !last;
+    if (between && comesBack(next))
+        return;
+    if (blanksMeant_ || (!lineEnd && first == last))
         Losses::add(store_.losses.blanks);
-    else
+    else if (between || !lineEnd)
         ++parent.layouts;
+}
+
+/// A line end goes between two children unless one of them is a text, and in front of the first and behind
+/// the last one.
+void Loader::noteTouching(Open& parent, Follows next) {
+    if (open_.size() < 2 || next == Follows::Section || isBehindText(parent) ||
+        (next == Follows::Nothing && parent.lastChild == 0))
+        return;
+    if (parent.preserve) {
+        if (!std::exchange(parent.respaced, true))
+            Losses::add(store_.losses.preserved);
+    } else if (next != Follows::Nothing && parent.lastChild != 0) {
+        ++parent.joints;
+    }
+}
+
+bool Loader::isBehindText(const Open& parent) const {
+    const unsigned before = parent.lastChild != 0 ? store_.nodes[parent.lastChild].type : unsigned{DOCUMENT};
+    return before == TEXT || before == CDATA_SECTION;
 }
 
 void Loader::notePreserved(Open& parent, bool blank) {
@@ -143,16 +169,28 @@ void Loader::notePreserved(Open& parent, bool blank) {
     Losses::add(store_.losses.preserved);
 }
 
+/// A single blank that the parser has just read from a reference: its end is in front of the place of
+/// reading.
+bool Loader::isFromReference(xmlChar c) const {
+    const xmlParserInputPtr input = context_->input;
+    return (c == ' ' || c == '\n' || c == '\t' || c == '\r') && input->cur > input->base &&
+           input->cur[-1] == ';';
+}
+
 void Loader::endElement() {
     flushText(Follows::Nothing);
-    if (open_.back().hasText)
+    if (open_.back().hasText) {
         Losses::add(store_.losses.blanks, open_.back().layouts);
+        Losses::add(store_.losses.joints, open_.back().joints);
+    }
     open_.pop_back();
     if (checksPrefixes())
         namespaces_.leave();
 }
 
 void Loader::characters(const xmlChar* text, int length) {
+    if (length == 1 && isFromReference(*text))
+        blanksMeant_ = true;
     text_.append(Chars(text), static_cast<std::size_t>(length));
 }
 

@@ -11,14 +11,16 @@ struct Losses {
     int sections = 0;      ///< CDATA sections
     int references = 0; ///< references to entities but the five that XML has itself; those that stand in an
                         ///< entity's own content don't count
-    int blanks = 0;     ///< texts of blanks between two siblings that were dropped though they are no layout:
-                        ///< they have no line end, or stand beside other text, and aren't
-                        ///< those that come back when the document is written
-    int preserved = 0;  ///< elements under xml:space="preserve" with a text that is blank, or starts or ends
-                        ///< with a line end: indenting changes their spacing
+    int blanks = 0; ///< texts of blanks that were dropped though they are no layout: they have no line end,
+                    ///< come from references, or stand between siblings beside other text, and aren't
+                    ///< those that come back when the document is written
+    int joints = 0; ///< places beside other text where two siblings touch, and a line end is put between
+    int preserved = 0; ///< elements under xml:space="preserve" with a child that indenting moves, or a text
+                       ///< that is blank, or starts or ends with a line end
 
     bool any() const {
-        return documentTypes != 0 || sections != 0 || references != 0 || blanks != 0 || preserved != 0;
+        return documentTypes != 0 || sections != 0 || references != 0 || blanks != 0 || joints != 0 ||
+               preserved != 0;
     }
 
     /// Adds to one of the counts, which stays at the largest number once it is reached.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/Transaction.h"
 #include "core/model/NodeKind.h"
+#include "tests/support/FullDisk.h"
 #include "tests/support/TestApp.h"
 #include <gtest/gtest.h>
 
@@ -333,6 +334,39 @@ TEST(Saving, ARefusedWriteLeavesTheFileAndTellsWhy) {
     app.EditText(QStringLiteral("<order>more</order>"));
     app.prompts.Answer({Answer::Yes, Answer::Ok});
     EXPECT_FALSE(app.frame().CloseForm(&app.window())) << "the text would be nowhere";
+}
+
+// Neither its file nor its journal has it.
+TEST(Saving, ATextThatFitsOnNoDiskIsNotClosedWithoutAWord) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    app.EditText(QStringLiteral("<order>%1</order>").arg(QString(5000, u'x')));
+    {
+        const test::FullDisk full(250);
+        app.prompts.Answer(Answer::Ok);
+        app.ChooseMenu(QStringLiteral("mnuFileSave"));
+        app.prompts.Answer(Answer::Cancel);
+        EXPECT_FALSE(app.frame().CloseForm(&window));
+        EXPECT_EQ(app.prompts.boxes.size(), 2U);
+    }
+    EXPECT_TRUE(app.frame().CloseForm(&window)) << "it is kept in the journal now";
+    EXPECT_EQ(app.prompts.boxes.size(), 2U);
+}
+
+// The text that doesn't parse is saved, and typing goes on where it was.
+TEST(Saving, AHalfTypedTextKeepsItsCaret) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("a.xml"), "<a><b>one</b></a>");
+    window.tbsXML.Select(QStringLiteral("textview"));
+    window.rtxtXML.GotFocus();
+    window.rtxtXML.UserSelected(9, 0);
+    window.rtxtXML.Type(QStringLiteral("<i>half"));
+    app.prompts.Answer(Answer::Ok);
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(app.prompts.boxes.size(), 1U) << "the error is told";
+    window.rtxtXML.Type(QStringLiteral("</i> and on"));
+    EXPECT_EQ(window.rtxtXML.Text(), QStringLiteral("<a><b>one<i>half</i> and on</b></a>"));
+    EXPECT_EQ(app.frame().StatusBar1().Panel(1), QString()) << "what was saved isn't this";
 }
 
 } // namespace

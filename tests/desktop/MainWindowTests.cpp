@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The main window: menus, documents side by side, the address box, the walk through the panes.
+#include "core/edit/Journal.h"
 #include "tests/desktop/ShownApp.h"
 #include "textview/TextCommands.h"
 #include <QAction>
@@ -148,14 +149,20 @@ TEST_F(MainWindow, EnterInTheAddressBoxOpensOnceAlsoForAKnownName) {
     EXPECT_EQ(t.prompts.boxes.size(), 2U) << "an opening tells once and asks once whether to make the file";
 }
 
-TEST_F(MainWindow, ClosingTheFrameStopsAtTheDocumentThatIsKept) {
+// A Cancel at the last question comes before anything is gone, also what wasn't to be saved.
+TEST_F(MainWindow, ClosingTheFrameClosesAllDocumentsOrNone) {
     OpenTwo();
     t.EditText(QStringLiteral("<two>2</two>"));
-    t.prompts.Answer(services::Answer::Cancel);
+    DocumentWindow& two = t.window();
+    t.OpenText(QStringLiteral("three.xml"), "<three/>");
+    t.EditText(QStringLiteral("<three>3</three>"));
+    t.prompts.Answer({services::Answer::No, services::Answer::Cancel});
     EXPECT_FALSE(t.main->close());
     EXPECT_TRUE(t.main->isVisible());
-    EXPECT_EQ(t.frame().FormCount(), 2);
-    t.prompts.Answer(services::Answer::No);
+    EXPECT_EQ(t.frame().FormCount(), 3);
+    EXPECT_EQ(two.rtxtXML.Text(), QStringLiteral("<two>2</two>"));
+    EXPECT_TRUE(edit::JournalOf(t.app()).Keeps(two));
+    t.prompts.Answer({services::Answer::No, services::Answer::No});
     EXPECT_TRUE(t.main->close());
     EXPECT_EQ(t.frame().FormCount(), 0);
 }

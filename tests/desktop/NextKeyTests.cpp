@@ -194,6 +194,24 @@ TEST_F(NextKey, UndoShowsTheChangeAndKeysGoOnThere) {
     EXPECT_TRUE(t.window().rtxtXML.Text().startsWith(QStringLiteral("<list>\r\n\t<item>oney<")));
 }
 
+// Whatever has the focus: the text has keys of its own for them.
+TEST_F(NextKey, UndoAndRedoHaveKeysInTheTree) {
+    OpenText("a.xml", "<list><item>one</item><item>two</item></list>", "one");
+    t.ClickTab(QStringLiteral("listview"));
+    t.ClickNode(t.window().tvXML.Nodes(1).Child().Child());
+    t.main->findChild<QWidget*>(QStringLiteral("tvXML"))->setFocus();
+    t.Press(Qt::Key_Delete);
+    const QString deleted = t.window().rtxtXML.Text();
+    for (const auto& [key, modifiers] :
+         {std::pair(Qt::Key_Y, Qt::KeyboardModifiers(Qt::ControlModifier)),
+          std::pair(Qt::Key_Z, Qt::KeyboardModifiers(Qt::ControlModifier | Qt::ShiftModifier))}) {
+        t.Press(Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_NE(t.window().rtxtXML.Text(), deleted);
+        t.Press(key, modifiers);
+        EXPECT_EQ(t.window().rtxtXML.Text(), deleted);
+    }
+}
+
 TEST_F(NextKey, AMarkedNodeKeepsItsFirstCharacter) {
     const std::pair<Qt::Key, const char*> keys[] = {
         {Qt::Key_X, "<list>\r\n\tx<item>one</item>\r\n</list>"},

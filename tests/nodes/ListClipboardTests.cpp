@@ -150,6 +150,24 @@ TEST_F(ListClipboard, WhatDoesNotFitIsRefusedInWords) {
     EXPECT_NE(Xml().find("end<i></i><j></j>plain</book>"), std::string::npos);
 }
 
+// It would be nowhere after a cut.
+TEST_F(ListClipboard, ASectionBelowWhatIsCopiedIsToldAndStays) {
+    Open("<r><b><x>k</x><![CDATA[dear]]></b><c/></r>");
+    for (const bool tree : {false, true}) {
+        t.prompts.Answer(Answer::Ok);
+        if (tree) {
+            Select(Element().Child());
+            t.ChooseMenu(QStringLiteral("mnuEditCut"));
+        } else {
+            ClickRow(1);
+            Key(Qt::Key_X, Qt::ControlModifier);
+        }
+        EXPECT_TRUE(t.prompts.Texts().back().contains(QStringLiteral("lacks 1 CDATA section")));
+        EXPECT_TRUE(t.clipboard.text.contains(QStringLiteral("<x>k</x>")));
+        EXPECT_EQ(Element().Children(), 2);
+    }
+}
+
 // Cut deletes what the clipboard holds, and nothing else.
 TEST_F(ListClipboard, WhatHasNoTextFormIsNeitherCopiedNorCut) {
     Open("<r><![CDATA[a < b]]><b/>x</r>");

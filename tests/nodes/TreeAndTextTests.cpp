@@ -49,6 +49,49 @@ TEST_F(TreeAndText, ATextThatDoesNotParseGivesWayToTheTreeWithAWordAndComesBackB
     for (int i = 0; i < 2; ++i)
         t.ChooseMenu(QStringLiteral("mnuEditUndo"));
     EXPECT_EQ(Text(), typed);
+    // What was taken back isn't in the tree either, from where it would come back.
+    EXPECT_EQ(List().Text(), QStringLiteral("list"));
+    t.prompts.Answer(Answer::Ok);
+    Name(List().Child(), "c");
+    EXPECT_TRUE(Shows("<list>\r\n\t<c></c>")) << Text().toStdString();
+    t.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    EXPECT_EQ(Text(), typed);
+    t.ChooseMenu(QStringLiteral("mnuRedo"));
+    EXPECT_EQ(List().Child().Text(), QStringLiteral("c"));
+}
+
+// Keys move the caret without making its node current: the command is meant for what is seen there.
+TEST_F(TreeAndText, ACommandInTheTextIsForTheNodeAtTheCaret) {
+    t.ClickNode(List().Child());
+    w.tbsXML.Select(QStringLiteral("textview"));
+    w.rtxtXML.GotFocus();
+    w.rtxtXML.UserSelected(Text().indexOf(QStringLiteral("<b")) + 1, 0);
+    t.ChooseMenu(QStringLiteral("mnuMoveUP"));
+    EXPECT_LT(Text().indexOf(QStringLiteral("<b")), Text().indexOf(QStringLiteral("<a")));
+}
+
+// It would wait for its letters behind the text, and stay there empty.
+TEST_F(TreeAndText, ANewTextIsTypedInTheListWhichComesUp) {
+    t.ClickNode(List().Child());
+    w.tbsXML.Select(QStringLiteral("textview"));
+    t.ClickNode(List().Child());
+    t.ChooseMenu(QStringLiteral("mnuNewNodeText"));
+    ASSERT_TRUE(w.txtListView.Visible());
+    w.txtListView.UserTyped(QStringLiteral("words"));
+    w.txtListView.LostFocus();
+    EXPECT_TRUE(Shows("<a>words</a>")) << Text().toStdString();
+}
+
+TEST_F(TreeAndText, ANodeThatIsNotWrittenMarksNothingBehindItself) {
+    DocumentWindow& typed = t.OpenText(QStringLiteral("d.xml"), "<!DOCTYPE a><a><b/>text<c/></a>");
+    t.ClickNode(typed.tvXML.Nodes(1).Child());
+    typed.tbsXML.Select(QStringLiteral("textview"));
+    EXPECT_EQ(typed.rtxtXML.SelText(), QString());
+    EXPECT_EQ(typed.rtxtXML.SelStart(), 0);
+    typed.tbsXML.Select(QStringLiteral("listview"));
+    t.ClickNode(typed.tvXML.Nodes(1).LastChild().Child().Next());
+    typed.tbsXML.Select(QStringLiteral("textview"));
+    EXPECT_EQ(typed.rtxtXML.SelStart(), typed.rtxtXML.Text().indexOf(QStringLiteral("<b")));
 }
 
 TEST_F(TreeAndText, AFileThatDoesNotParseIsNotReplacedByTheEmptyDocumentInSilence) {
