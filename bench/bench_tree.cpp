@@ -9,19 +9,18 @@
 #include "nodes/MoveNodes.h"
 #include "textview/Undo.h"
 #include <QApplication>
-#include <QTreeView>
 
 namespace {
 
 using controls::TreeNode;
 
-void Paint(QTreeView& view) {
+void Paint(desktop::TreeWidget& view) {
     for (int i = 0; i < 3; ++i)
         QCoreApplication::processEvents();
     view.viewport()->repaint();
 }
 
-template <typename Act> void Time(QTreeView& view, const char* what, Act act) {
+template <typename Act> void Time(desktop::TreeWidget& view, const char* what, Act act) {
     const double took = bench::Milliseconds([&] {
         act();
         Paint(view);
@@ -59,9 +58,7 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     bench::Quiet quiet(argc, argv, "bench_tree FILE");
     DocumentWindow& window = quiet.window();
-    QTreeView view;
-    view.setUniformRowHeights(true);
-    view.setHeaderHidden(true);
+    desktop::TreeWidget view;
     view.resize(400, 700);
     OpenAll(window.tvXML.Nodes(1));
     const desktop::TreeAdapter adapter(window.tvXML, view, nullptr);
