@@ -2,6 +2,7 @@
 #pragma once
 #include "core/model/DocumentWindow.h"
 #include "platform/services/RealServices.h"
+#include "platform/services/Schemas.h"
 #include "shell/frmMDIMain.h"
 #include <QCoreApplication>
 #include <QDir>
@@ -90,8 +91,9 @@ private:
     std::unique_ptr<services::FileSystem> files_ = services::MakeFileSystem();
     std::unique_ptr<services::HttpClient> http_ = services::MakeHttpClient();
     std::unique_ptr<services::Clock> clock_ = services::MakeClock();
-    Application app_{
-        services::Services{noPrompts_, noBar_, *settings_, *files_, *http_, *clock_, noClipboard_}};
+    std::unique_ptr<services::Schemas> schemas_ = services::MakeSchemas();
+    Application app_{services::Services{noPrompts_, noBar_, *settings_, *files_, *http_, *clock_,
+                                        noClipboard_, nullptr, nullptr, schemas_.get()}};
     frmMDIMain frame_{app_};
 };
 

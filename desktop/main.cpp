@@ -13,6 +13,7 @@
 #include "desktop/frame/VantrelApplication.h"
 #include "platform/services/JournalFiles.h"
 #include "platform/services/RealServices.h"
+#include "platform/services/Schemas.h"
 #include "shell/frmMDIMain.h"
 #include <cstdlib>
 #include <unistd.h>
@@ -76,8 +77,9 @@ int main(int argumentCount, char** arguments) {
     desktop::QtClipboard clipboard;
     const auto journal = services::MakeJournalStore();
     const auto watch = services::MakeFileWatch();
-    Application app(
-        {prompts, progress, *settings, *files, *http, *clock, clipboard, journal.get(), watch.get()});
+    const auto schemas = services::MakeSchemas();
+    Application app({prompts, progress, *settings, *files, *http, *clock, clipboard, journal.get(),
+                     watch.get(), schemas.get()});
     frmMDIMain frame(app);
     frame.MDIForm_Load();
     qt.faulted = [&frame](const text::Fault& fault) { frame.ErrorReportBox(fault, QStringLiteral("main")); };

@@ -24,16 +24,18 @@ QString FixedName(int kind) {
     }
 }
 
-// Nothing when it is no such node, or the element has no such attribute.
-std::optional<NodeContent> Read(const NodeInHand& hand, TreeNode node) {
+// Nothing when it is no such node, or the element has no such attribute and is offered none.
+std::optional<NodeContent> Read(DocumentWindow& window, const NodeInHand& hand, TreeNode node) {
     const bool attribute = hand.kind == m_tvXML::kAttribute;
     if (!node || m_tvXML::GetKeyType(node) != (attribute ? m_tvXML::kElement : hand.kind))
         return {};
     if (!attribute)
         return m_tvXML::ContentOf(node);
-    if (!m_tvXML::Attributes(node).contains(hand.attribute))
+    if (m_tvXML::Attributes(node).contains(hand.attribute))
+        return m_tvXML::ContentOf(node, hand.attribute);
+    if (!AttributesOffered(window, node).contains(hand.attribute))
         return {};
-    return m_tvXML::ContentOf(node, hand.attribute);
+    return NodeContent{hand.attribute, {}, {}};
 }
 
 } // namespace
@@ -88,7 +90,7 @@ void SelectNodeInHand(DocumentWindow& window, const NodeInHand& hand, int contex
 }
 
 std::optional<NodeContent> ReadNodeInHand(DocumentWindow& window, const NodeInHand& hand) {
-    return Read(hand, window.tvXML.Nodes.Find(hand.key));
+    return Read(window, hand, window.tvXML.Nodes.Find(hand.key));
 }
 
 HeldNode HoldNode(DocumentWindow& window, const NodeInHand& hand) {
@@ -98,9 +100,9 @@ HeldNode HoldNode(DocumentWindow& window, const NodeInHand& hand) {
 
 bool FindNodeAgain(DocumentWindow& window, HeldNode& held) {
     if (const TreeNode node = window.tvXML.Nodes.Find(held.hand.key))
-        return Read(held.hand, node).has_value();
+        return Read(window, held.hand, node).has_value();
     const TreeNode node = held.address.findIn(window.tvXML);
-    const auto now = Read(held.hand, node);
+    const auto now = Read(window, held.hand, node);
     // The name is part of the place.
     if (!now || now->value != held.content.value || now->text != held.content.text)
         return false;

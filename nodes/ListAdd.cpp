@@ -141,6 +141,17 @@ void AddNewListViewChildNode(DocumentWindow& window) {
     });
 }
 
+void AddNewListViewChildNode(DocumentWindow& window, const QString& name) {
+    edit::Run(window, QStringLiteral("frmXMLEdit.AddNewListViewChildNode error."), [&] {
+        const TreeNode parent = ParentForChild(window);
+        if (!parent || IsLeaf(parent))
+            return;
+        const QString key = AddOn(window, parent, [&] { return AddNewTreeSubNode(window, true, name); });
+        GoTo(window, key);
+        edit::Then(window, [&window, key] { ChooseRow(window, key); });
+    });
+}
+
 void AddNewListViewNodeText(DocumentWindow& window) {
     edit::Run(window, QStringLiteral("frmXMLEdit.AddNewListViewNodeText error."), [&] {
         const Origin origin = OriginOf(window);

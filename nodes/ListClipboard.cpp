@@ -45,6 +45,8 @@ RowsXML GetCopiedListViewItemsXML(DocumentWindow& window) {
     std::vector<TreeNode> copied;
     for (const int row : window.ListView1.SelectedRows()) {
         const controls::ListItem& item = window.ListView1.Item(row);
+        if (IsAttributeRow(item) && !IsCarried(window, item))
+            continue;
         if (IsAttributeRow(item)) {
             pairs << m_tvXML::Attributes::pair(item.Text, item.Sub[0]);
         } else if (const TreeNode node = window.tvXML.Nodes.Find(item.Key)) {

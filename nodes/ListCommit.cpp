@@ -3,7 +3,6 @@
 #include "core/edit/Report.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
-#include "core/model/Attributes.h"
 #include "core/model/Frame.h"
 #include "core/model/NodeContent.h"
 #include "nodes/ListPlace.h"
@@ -18,7 +17,7 @@ namespace {
 
 using controls::TreeNode;
 
-constexpr int kTextColumn = 2;
+constexpr int kTextColumn = 2, kNameColumn = 0;
 
 // What the row shows then: where a text went, the element's next one. Nothing where it was refused.
 std::optional<QString> CommitElementText(DocumentWindow& window, TreeNode element, const QString& typed) {
@@ -40,16 +39,9 @@ std::optional<QString> CommitValue(DocumentWindow& window, const controls::ListI
     case m_tvXML::kElement:
         node.SetTag(m_tvXML::PlainAttributes(*value));
         return node.Tag();
-    case m_tvXML::kAttribute: {
-        m_tvXML::Attributes all(node);
-        const qsizetype at = all.find(item.Text);
-        if (at < 0) // the row is older than the tree
-            all.add(item.Text, *value);
-        else
-            all.set(at, item.Text, *value);
-        node.SetTag(all.tag());
+    case m_tvXML::kAttribute:
+        SetAttribute(window, node, item.Text, *value);
         return m_tvXML::ContentOf(node, item.Text).value;
-    }
     case m_tvXML::kText:
         m_tvXML::SetNodeText(window.app, node, *value);
         return value;
@@ -57,6 +49,25 @@ std::optional<QString> CommitValue(DocumentWindow& window, const controls::ListI
         node.SetTag(*value);
         return value;
     }
+}
+
+// Only a name that can stand for the old one goes in. False where the name was refused.
+bool CommitName(DocumentWindow& window, int row, TreeNode node, const QString& name) {
+    if (name == node.Text())
+        return true;
+    const QStringList names = NamesOffered(window, node.Text());
+    if (!names.contains(name)) {
+        edit::Message(window.app,
+                      QStringLiteral("It can be one of these alone: ") + names.join(QStringLiteral(", ")));
+        return false;
+    }
+    const bool current = RowsAreCurrent(window);
+    node.SetText(name);
+    edit::WriteUnnamed(window);
+    window.ListView1.SetText(row, name);
+    if (current)
+        RowsFollowed(window);
+    return true;
 }
 
 // The list has its new cell at once, so it needn't be filled anew: it may have a million rows. False where
@@ -69,6 +80,8 @@ bool CommitCell(DocumentWindow& window) {
     const controls::ListItem item = window.ListView1.Item(row);
     const TreeNode node = NodeOfRow(window, item);
     const QString text = window.txtListView.Text();
+    if (node && column == kNameColumn)
+        return CommitName(window, row, node, text);
     if (!node || item.Sub[static_cast<std::size_t>(column - 1)] == text)
         return true;
     const bool current = RowsAreCurrent(window);
@@ -86,7 +99,7 @@ bool CommitCell(DocumentWindow& window) {
 // Empty where anything may stand in the cell.
 QString ListCellProbe(DocumentWindow& window, const controls::ListItem& item, const QString& text) {
     const TreeNode node = NodeOfRow(window, item);
-    if (!node)
+    if (!node || EditedColumn(window) == kNameColumn)
         return {};
     if (EditedColumn(window) == kTextColumn)
         return m_tvXML::NodeTextProbe(text, node.Text());

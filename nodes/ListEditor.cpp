@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/ListEditor.h"
+#include "core/edit/Report.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/View.h"
 #include "core/model/Frame.h"
@@ -24,12 +25,13 @@ bool IsReport(const DocumentWindow& window) {
 }
 
 // The columns of a row that can be edited, in the order of Tab: 0 is the name, 2 the text of an element.
-std::vector<int> ColumnsOf(const DocumentWindow& window, int row) {
-    switch (window.ListView1.Item(row).SmallIcon) {
+std::vector<int> ColumnsOf(DocumentWindow& window, int row) {
+    const controls::ListItem& item = window.ListView1.Item(row);
+    switch (item.SmallIcon) {
     case m_tvXML::kElement:
         return {0, 1, 2};
     case m_tvXML::kAttribute:
-        return {0, 1};
+        return IsCarried(window, item) ? std::vector<int>{0, 1} : std::vector<int>{1};
     case m_tvXML::kText:
     case m_tvXML::kCData:
     case m_tvXML::kInstruction:
@@ -41,7 +43,7 @@ std::vector<int> ColumnsOf(const DocumentWindow& window, int row) {
 }
 
 // The column that the editor works on in a row at a point: 1 or 2 (the text of an element), 0 for none.
-int ColumnAt(const DocumentWindow& window, int row, double left) {
+int ColumnAt(DocumentWindow& window, int row, double left) {
     const std::vector<int> columns = ColumnsOf(window, row);
     if (columns.empty())
         return 0;
@@ -58,13 +60,31 @@ bool OpensInDialog(DocumentWindow& window, const QString& text) {
     return true;
 }
 
+void FillComboOrList(controls::ComboBox& combo, const QStringList& values) {
+    combo.Clear();
+    for (const QString& value : values)
+        combo.AddItem(value);
+}
+
+// What there is to choose from instead of typing. The value that goes is still to be read meanwhile.
+void FillOffers(DocumentWindow& window, const controls::ListItem& item, int column) {
+    std::optional<QStringList> values;
+    if (column == 1 && item.SmallIcon == m_tvXML::kAttribute && window.kind.valuesOffered)
+        values = window.kind.valuesOffered(window, item.Text);
+    FillComboOrList(ListOf(window).cmbValue, values.value_or(QStringList()));
+    FillComboOrList(ListOf(window).cmbLVSAC, column == 0 ? NamesOffered(window, item.Text) : QStringList());
+    if (values)
+        edit::Message(window.app, item.Sub[0]);
+}
+
 void OpenEditor(DocumentWindow& window, int row, int column) {
     const QString key = window.ListView1.Item(row).Key;
     txtListView_LostFocus(window);
     row = window.ListView1.IndexOf(key);
     if (ListOf(window).mbIsEditValue || row == 0)
         return; // the text of another cell was refused, or took the row away
-    const QString text = window.ListView1.Item(row).Sub[static_cast<std::size_t>(column - 1)];
+    const controls::ListItem item = window.ListView1.Item(row);
+    const QString text = column == 0 ? item.Text : item.Sub[static_cast<std::size_t>(column - 1)];
     SelectOnlyRow(window, row);
     if (OpensInDialog(window, text))
         return;
@@ -73,6 +93,7 @@ void OpenEditor(DocumentWindow& window, int row, int column) {
     window.txtListView.Tag = QString::number(column);
     SetListViewComboBox(window, row, column);
     window.txtListView.SetText(text);
+    FillOffers(window, item, column);
     window.txtListView.SetVisible(true);
     window.cmdPop.SetVisible(true);
     window.txtListView.SetFocus();
@@ -176,6 +197,18 @@ void ShowListViewTextBox(DocumentWindow& window, double left, double top) {
 
 void EditListViewAttribute(DocumentWindow& window) {
     OpenColumn(window, 1);
+}
+
+void EditListViewElementName(DocumentWindow& window) {
+    const int row = window.ListView1.SelectedItem();
+    if (edit::Shows(window, edit::kListTab) && IsReport(window) && row > 0)
+        OpenEditor(window, row, 0);
+}
+
+void ChooseOffered(DocumentWindow& window, const QString& text) {
+    window.txtListView.SetText(text);
+    window.txtListView.Select(0, text.size());
+    txtListView_Change(window);
 }
 
 void ListView1_LabelTabbed(DocumentWindow& window, bool back) {

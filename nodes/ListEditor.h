@@ -14,6 +14,12 @@ void ShowListViewTextBox(DocumentWindow& window, double left, double top);
 /// Tab goes from a name on to the next cell: name, value, text of an element, next row. With `back` the other
 /// way round.
 void ListView1_LabelTabbed(DocumentWindow& window, bool back);
+
+/// Opens it on the name of the current row's element, to choose from those that can stand for it.
+void EditListViewElementName(DocumentWindow& window);
+/// One of the texts that the open editor offers has been chosen: it is in the editor from now on.
+void ChooseOffered(DocumentWindow& window, const QString& text);
+
 void txtListView_GotFocus(DocumentWindow& window);
 /// `key` becomes 0 when it is used up.
 void txtListView_KeyDown(DocumentWindow& window, int& key, int modifiers);

@@ -11,6 +11,7 @@
 #include "nodes/ListNames.h"
 #include "nodes/ListPlace.h"
 #include "nodes/ListRows.h"
+#include "nodes/ListState.h"
 #include <Qt>
 
 namespace nodes {
@@ -106,6 +107,8 @@ void ConnectEditor(DocumentWindow& window) {
     editor.Change.connect([&window] { txtListView_Change(window); });
     editor.GotFocus.connect([&window] { txtListView_GotFocus(window); });
     editor.LostFocus.connect([&window] { txtListView_LostFocus(window); });
+    for (controls::ComboBox* offers : {&ListOf(window).cmbValue, &ListOf(window).cmbLVSAC})
+        offers->Click.connect([&window, offers] { ChooseOffered(window, offers->Text()); });
     window.tmList.Tick.connect([&window] { tmList_Timer(window); });
     window.cmdPop.Click.connect(
         [&window] { window.app.frame().RunMenuCommand(QStringLiteral("mnuEditPopupEditNode")); });

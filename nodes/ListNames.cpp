@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/ListNames.h"
+#include "core/edit/Report.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
 #include "core/model/Attributes.h"
 #include "nodes/Adding.h"
+#include "nodes/ListEditor.h"
 #include "nodes/ListRows.h"
 #include "nodes/ListState.h"
 
@@ -70,6 +72,15 @@ bool IsAddingRow(DocumentWindow& window, int row) {
     return IsAdding(window, item.SmallIcon == m_tvXML::kAttribute ? item.Tag : item.Key);
 }
 
+// A name that others can stand for isn't typed: it is chosen.
+bool ChooseNameInstead(DocumentWindow& window) {
+    const QString name = window.ListView1.Item(window.ListView1.SelectedItem()).Text;
+    if (NamesOffered(window, name).isEmpty())
+        return false;
+    edit::Then(window, [&window] { EditListViewElementName(window); });
+    return true;
+}
+
 QString NameProbe(DocumentWindow& window, const controls::ListItem& item, const QString& name) {
     if (item.SmallIcon != m_tvXML::kAttribute)
         return m_tvXML::NodeNameProbe(name);
@@ -89,6 +100,13 @@ void ListView1_BeforeLabelEdit(DocumentWindow& window, bool& cancel) {
     // The caption of a CDATA section is the list's own word and not a name.
     cancel = cancel || kind == m_tvXML::kText || kind == m_tvXML::kComment || kind == m_tvXML::kInstruction ||
              kind == m_tvXML::kCData;
+    if (kind == m_tvXML::kElement && !cancel)
+        cancel = ChooseNameInstead(window);
+    if (kind != m_tvXML::kAttribute ||
+        IsCarried(window, window.ListView1.Item(window.ListView1.SelectedItem())))
+        return;
+    cancel = true;
+    edit::Message(window.app, QStringLiteral("The element doesn't have this attribute: give it a value."));
 }
 
 void ListView1_LabelTyped(DocumentWindow& window, const QString& text) {

@@ -75,7 +75,8 @@ void SetListviewTextboxPosition(const controls::ListView& list, controls::TextBo
 }
 
 int EditedColumn(const DocumentWindow& window) {
-    return window.txtListView.Tag == QStringLiteral("2") ? 2 : 1;
+    const QString& column = window.txtListView.Tag;
+    return column == QStringLiteral("2") ? 2 : column == QStringLiteral("0") ? 0 : 1;
 }
 
 // What the user typed so far is no fault any more; the complaint about a text that was handed in stays.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/ListRows.h"
+#include "core/model/Attributes.h"
 
 namespace nodes {
 
@@ -47,6 +48,20 @@ int GetAnyNonAttibuteItemAtListView(DocumentWindow& window) {
     while (row > 0 && window.ListView1.Item(row).SmallIcon == m_tvXML::kAttribute)
         --row;
     return row;
+}
+
+QStringList AttributesOffered(DocumentWindow& window, controls::TreeNode element) {
+    return window.kind.attributesOffered ? window.kind.attributesOffered(window, element.Text())
+                                         : QStringList();
+}
+
+QStringList NamesOffered(DocumentWindow& window, const QString& elementName) {
+    return window.kind.namesOffered ? window.kind.namesOffered(window, elementName) : QStringList();
+}
+
+bool IsCarried(DocumentWindow& window, const controls::ListItem& item) {
+    const controls::TreeNode element = NodeOfRow(window, item);
+    return element && m_tvXML::Attributes(element).contains(item.Text);
 }
 
 void SelectOnlyRow(DocumentWindow& window, int row) {

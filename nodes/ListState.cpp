@@ -7,6 +7,10 @@ ListState& ListOf(DocumentWindow& window) {
     return window.rooms.of<ListState>();
 }
 
+void ShowRowsAnew(DocumentWindow& window) {
+    ListOf(window).shownRevision.reset();
+}
+
 bool RowsAreCurrent(DocumentWindow& window) {
     const controls::TreeNode node = window.tvXML.SelectedItem();
     return ListOf(window).shownRevision == window.tvXML.Revision() &&

@@ -12,6 +12,9 @@ struct ListState {
     bool mbIsEditValue = false; ///< a cell is being edited
     bool bRefused = false;      ///< with what was refused last
     QString msListEditKey;      ///< key of the row of that cell
+    // What the editor of a cell offers to choose from; empty lists where it takes plain text.
+    controls::ComboBox cmbValue; ///< values of an attribute
+    controls::ComboBox cmbLVSAC; ///< names of an element that can be switched
     // Where the list was scrolled to when the editor was laid over it, and the place that the editor comes
     // back to from out of sight; in twips.
     int miListFirstVisible = 1;
@@ -21,6 +24,9 @@ struct ListState {
 };
 
 ListState& ListOf(DocumentWindow& window);
+
+/// The rows are to be made anew at the end of the running edit, though the nodes are as they were.
+void ShowRowsAnew(DocumentWindow& window);
 
 /// Whether the rows show the current node as it is.
 bool RowsAreCurrent(DocumentWindow& window);

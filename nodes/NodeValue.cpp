@@ -2,7 +2,9 @@
 #include "nodes/NodeValue.h"
 #include "core/edit/Report.h"
 #include "core/edit/Validate.h"
+#include "core/model/Attributes.h"
 #include "core/model/NodeContent.h"
+#include "nodes/ListRows.h"
 #include "nodes/NewNode.h"
 
 namespace nodes {
@@ -64,6 +66,20 @@ std::optional<QString> TakeValue(Application& app, int kind, TreeNode node, cons
         return probe.isEmpty() || edit::PassesProbe(app, probe) ? std::optional(value) : std::nullopt;
     }
     }
+}
+
+void SetAttribute(DocumentWindow& window, TreeNode element, const QString& name, const QString& value) {
+    const m_tvXML::Attributes before(element);
+    const bool goes = value.isEmpty() && AttributesOffered(window, element).contains(name);
+    m_tvXML::Attributes after;
+    for (qsizetype i = 0; i < before.count(); ++i) {
+        const bool meant = before.name(i) == name;
+        if (!meant || !goes)
+            after.add(before.name(i), meant ? value : before.value(i));
+    }
+    if (!goes && !before.contains(name))
+        after.add(name, value);
+    element.SetTag(after.tag());
 }
 
 void WriteElementText(DocumentWindow& window, TreeNode element, const QString& text) {

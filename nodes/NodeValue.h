@@ -16,6 +16,10 @@ QString ValueProbe(int kind, controls::TreeNode node, const QString& value, cons
 std::optional<QString> TakeValue(Application& app, int kind, controls::TreeNode node, const QString& value,
                                  const QString& attribute);
 
+/// Gives an attribute a value, or adds it. One that the list shows in any case (quirk 88) goes when its
+/// value is emptied.
+void SetAttribute(DocumentWindow& window, controls::TreeNode element, const QString& name,
+                  const QString& value);
 /// Gives an element's first text child a text, or makes it. An empty text takes the child away: one without a
 /// text would be one that still waits for it. The current node stays.
 void WriteElementText(DocumentWindow& window, controls::TreeNode element, const QString& text);

@@ -4,6 +4,7 @@
 #include "core/model/Attributes.h"
 #include "core/model/NodeContent.h"
 #include "core/model/NodeKind.h"
+#include "nodes/ListRows.h"
 #include "nodes/ListState.h"
 #include <memory>
 
@@ -82,15 +83,22 @@ void AddOneItemToListView(DocumentWindow& window, const QString& key, const QStr
     window.ListView1.SetItemTag(row, tag);
 }
 
+// First those that the window offers for such an element, whether it carries them or not.
 void AddAttributeRows(DocumentWindow& window, TreeNode node) {
     const m_tvXML::Attributes all(node);
     const QString key = node.Key();
-    for (qsizetype i = 0; i < all.count(); ++i) {
-        const QString rowKey = key + u'/' + all.name(i);
+    const auto addRow = [&](const QString& name) {
+        const QString rowKey = key + u'/' + name;
+        const qsizetype at = all.find(name);
         // A Tag that a probe let through may name an attribute twice.
         if (window.ListView1.IndexOf(rowKey) == 0)
-            AddOneItemToListView(window, rowKey, all.name(i), m_tvXML::kAttribute, all.value(i), key);
-    }
+            AddOneItemToListView(window, rowKey, name, m_tvXML::kAttribute,
+                                 at < 0 ? QString() : all.value(at), key);
+    };
+    for (const QString& name : AttributesOffered(window, node))
+        addRow(name);
+    for (const QString& name : all.names())
+        addRow(name);
 }
 
 void AddAllPropertiesToListView(DocumentWindow& window, TreeNode node) {

@@ -33,22 +33,27 @@ template <typename Take> std::optional<QString> Taken(const QString& typed, cons
 }
 
 NodeWrite WriteAttribute(DocumentWindow& window, NodeInHand& hand, TreeNode element, NodeContent& content) {
-    m_tvXML::Attributes all(element);
-    const qsizetype at = all.find(hand.attribute);
-    const bool newName = at >= 0 && content.name != all.name(at);
-    const bool newValue = at >= 0 && content.value != all.value(at);
+    const auto now = ReadNodeInHand(window, hand);
+    const bool newName = now && content.name != now->name;
+    const bool newValue = now && content.value != now->value;
     if (!newName && !newValue)
         return NodeWrite::Unchanged;
     if (newName && !IsFreeAttributeName(window, element, content.name))
         return NodeWrite::Refused;
-    const auto value = Taken(content.value, all.value(at), [&] {
+    const auto value = Taken(content.value, now->value, [&] {
         return TakeValue(window.app, hand.kind, element, content.value, kProbedAttribute);
     });
     if (!value)
         return NodeWrite::Refused;
     content.value = *value;
-    all.set(at, content.name, content.value);
-    element.SetTag(all.tag());
+    m_tvXML::Attributes all(element);
+    const qsizetype at = all.find(hand.attribute);
+    if (newName && at >= 0) {
+        all.set(at, content.name, all.value(at));
+        element.SetTag(all.tag());
+    }
+    if (newValue || at < 0)
+        SetAttribute(window, element, content.name, content.value);
     hand.attribute = content.name;
     return NodeWrite::Written;
 }

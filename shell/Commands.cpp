@@ -2,6 +2,7 @@
 #include "shell/Commands.h"
 #include "core/edit/Guard.h"
 #include "nodes/NodeCommandTable.h"
+#include "schema/SchemaCommandTable.h"
 #include "shell/FrameCommands.h"
 #include "shell/RunCommand.h"
 #include "table/TableCommandTable.h"
@@ -68,6 +69,7 @@ Commands::Commands(FrameParts& frame) : frame_(frame) {
     AddCommands(nodes::NodeCommands());
     AddCommands(textview::TextCommands());
     AddCommands(table::TableCommands());
+    AddCommands(schema::SchemaCommands());
     RefuseFormsWithoutCommand(Offers());
 }
 

@@ -136,8 +136,8 @@ constexpr FrameCommand kCommands[] = {
     {{{{"mnuHelpContents"}, {"mnuShowonlinehelp"}}, {}, kAlways}},
     {{{{"mnuTImpText"}, {"mnuTImpDbData"}, {"mnuSCds"}}, {}, kAlways}},
     {{{{"mnuTExpToText"}, {"mnuTExpToDb"}}, {}, nullptr, In::XMLWindow}},
-    {{{{"mnuGotoSchema"}, {"mnuGenSchema"}, {"mnuApplySchema"}}, {}, nullptr, In::XMLWindow}},
-    {{{{"mnuTCDBSOnSchema"}, {"mnuTHtmlToXml2"}}, {}, kNever}},
+    {{{{"mnuGenSchema"}}, {}, nullptr, In::XMLWindow}},
+    {{{{"mnuTCDBSOnSchema"}, {"mnuTHtmlToXml2"}, {"mnuNewSNone"}}, {}, kNever}},
 };
 static_assert(edit::AreComplete(kCommands));
 

@@ -73,6 +73,8 @@ constexpr Row kXml[] = {
     {"mnuGotoSchema", "打开相应Schema"},
     {"mnuApplySchema", "应用Schema"},
     {"mnuXMLValidate", "验证XML", "", "dialog-ok-apply"},
+    {"mnuNextDiagnostic", "下一个问题", "F8", "go-next"},
+    {"mnuPreviousDiagnostic", "上一个问题", "Shift+F8", "go-previous"},
     {"mnuXMLCloseTag", "在文本视图中添加节点的结束标记"},
     {"mnuGenSchema", "生成Schema"},
     {"mnuSXMLImpOnDBS", "根据数据库Schema导入XML"},

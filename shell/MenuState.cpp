@@ -35,7 +35,7 @@ bool IsOffered(const edit::Offer& offer, edit::Condition allowed, const MenuInpu
     case 'h':
         return !target.hasRootElement;
     case 'k':
-        return !allowed || allowed(target);
+        return IsIn(offer.in, inputs) && (!allowed || allowed(target));
     default:
         return false;
     }
@@ -45,26 +45,17 @@ bool IsOfferedByButton(const edit::Offer& offer, const MenuInputs& inputs) {
     return IsOffered(offer, offer.button.allowed ? offer.button.allowed : offer.entries[0].allowed, inputs);
 }
 
+void SetEntry(controls::MenuItem& item, const edit::Offer& offer, const edit::Entry& entry,
+              const MenuInputs& inputs) {
+    const bool offered = IsOffered(offer, entry.allowed, inputs);
+    item.SetEnabled(offered);
+    if (entry.hides)
+        item.SetVisible(offered);
+    item.SetChecked(entry.checked && entry.checked(inputs.target));
+}
+
 bool IsSetByItsOwner(const edit::Offer& offer) {
     return offer.offered && *offer.offered == '\0';
-}
-
-/// Whether an entry inserts a schema element: its name starts with "mnuNewS", in this very case.
-bool IsSchemaMenu(const QString& name) {
-    return name.startsWith(QLatin1String("mnuNewS"));
-}
-
-// At the root of a schema document only its schema element can be added, and only one. "(none)" stays shown
-// and disabled. In an XML document the whole menu is disabled, and its entries stay as they are.
-void SetSchemaEntry(controls::MenuItem& item, const MenuInputs& inputs) {
-    if (inputs.window && !inputs.schema)
-        return;
-    const bool none = item.Name == QLatin1String("mnuNewSNone");
-    const bool fits = inputs.situation != MenuSituation::TreeRoot ||
-                      (item.Name == QLatin1String("mnuNewSSchema") && !inputs.target.hasRootElement);
-    item.SetEnabled(inputs.schema && !none && fits);
-    if (inputs.schema)
-        item.SetVisible(none || fits);
 }
 
 } // namespace
@@ -76,7 +67,7 @@ MenuState::MenuState(FrameMenus& menus, const std::vector<const edit::Offer*>& o
             continue;
         for (const edit::Entry& entry : offer->entries) {
             if (entry.name)
-                entries_.insert(QLatin1String(entry.name), {offer, entry.allowed});
+                entries_.insert(QLatin1String(entry.name), {offer, &entry});
         }
         if (offer->button.key)
             StateOf(menus_.Button(offer->button.toolbar, offer->button.key)).offers.push_back(offer);
@@ -103,12 +94,10 @@ void MenuState::SetMenus(const MenuInputs& inputs) {
     ++work_.menuStates;
     for (controls::MenuItem* item : menus_.MenuEntries()) {
         const auto state = entries_.constFind(item->Name);
-        if (IsSchemaMenu(item->Name))
-            SetSchemaEntry(*item, inputs);
-        else if (state == entries_.constEnd()) // there is no command yet
+        if (state == entries_.constEnd()) // there is no command yet
             item->SetEnabled(inputs.window);
         else
-            item->SetEnabled(IsOffered(*state->offer, state->allowed, inputs));
+            SetEntry(*item, *state->offer, *state->entry, inputs);
     }
     if (!inputs.window)
         return;

@@ -20,7 +20,7 @@ public:
 private:
     struct EntryState {
         const edit::Offer* offer;
-        edit::Condition allowed;
+        const edit::Entry* entry;
     };
     struct ButtonState {
         controls::ToolButton* button;

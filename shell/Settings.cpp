@@ -80,8 +80,8 @@ void ShowLook(DocumentWindow& window) {
     const Options& options = window.app.options;
     const QScopedValueRollback ownWriting(textview::StateOf(window).bControlChange, true);
     const KeptSelection first(window.rtxtXML), second(window.rtxtXML2);
-    window.rtxtXML.SetFont(options.TextName, options.TextSize);
-    window.rtxtXML2.SetFont(options.TextName, options.TextSize);
+    for (controls::RichTextBox* box : {&window.rtxtXML, &window.rtxtXML2, &window.txtSchema})
+        box->SetFont(options.TextName, options.TextSize);
     textview::SetTreeXMLColor(window);
     first.Restore();
     second.Restore();

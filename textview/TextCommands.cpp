@@ -61,9 +61,12 @@ bool Validate(DocumentWindow& window, bool quiet) {
         BringPanesTogether(window);
         const edit::Tone tone = quiet ? edit::Tone::Quiet : edit::Tone::Box;
         const bool valid = edit::ValidateXML(window.app, window.rtxtXML.Long(), tone);
-        if (valid && !quiet)
+        if (quiet)
+            return valid;
+        const bool passed = window.kind.check ? window.kind.check(window, valid) : valid;
+        if (passed)
             window.app.services.prompts.MsgBox(QStringLiteral("It is valid XML!"));
-        return valid;
+        return passed;
     });
 }
 

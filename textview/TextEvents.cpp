@@ -111,8 +111,11 @@ void Pane_GotFocus(DocumentWindow& window, bool second) {
 }
 
 void Pane_LostFocus(DocumentWindow& window, bool second) {
-    if (window.brtxtXML2Focus == second)
-        LeaveTextView(window);
+    if (window.brtxtXML2Focus != second)
+        return;
+    LeaveTextView(window);
+    if (window.kind.textLeft && !window.bond.bTextChanged())
+        window.kind.textLeft(window);
 }
 
 // A key that the pane mustn't see any more becomes 0 (Tab) or 1 (a command with Ctrl).

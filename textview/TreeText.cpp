@@ -3,7 +3,6 @@
 #include "core/edit/Rewriting.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/View.h"
-#include "core/model/DomToTree.h"
 #include "core/model/NodeNumbers.h"
 #include "platform/text/TextTools.h"
 #include "textview/FillText.h"
@@ -23,7 +22,7 @@ using text::LongText;
 // A window without a document gets the default tree. That is no change of the user's that the text lacks.
 void SeeToDefaultTree(DocumentWindow& window) {
     if (window.tvXML.Nodes.Count() < 2) {
-        m_tvXML::AddTreeRoot(window.app, window.tvXML, true);
+        window.kind.newTree(window, true);
         window.bond.passTree(window.tvXML.Revision());
     }
     TreeNode root = window.tvXML.Nodes(1);
@@ -69,7 +68,7 @@ void TakeDocument(DocumentWindow& window, const xml::ParsedDocument& document, l
                   Afterwards afterwards) {
     const bool anew = afterwards == Afterwards::WriteAnew && edit::Shows(window, edit::kTextTab) &&
                       edit::MayRewrite(window, document.losses(), edit::EditOf::Text);
-    m_tvXML::FillTree(window.app, window.tvXML, document);
+    window.kind.fillTree(window, document);
     window.bond.textRead(window.tvXML.Revision(), document.losses());
     if (anew || window.rtxtXML.Long().isEmpty())
         TreeChangeTextView(window);
@@ -81,7 +80,7 @@ mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long 
     auto brokenOff = qScopeGuard([&window] { window.bond.move(BondMove::TextEdited); }); // to be read again
     window.bond.move(BondMove::TextRefused); // until it is in the tree
     if (text.text.holdsOnly(u" ")) {
-        m_tvXML::AddTreeRoot(window.app, window.tvXML, false);
+        window.kind.newTree(window, false);
         window.bond.textRead(window.tvXML.Revision(), {});
         brokenOff.dismiss();
         return {};
@@ -90,6 +89,8 @@ mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long 
     if (parsed.good()) {
         window.bond.treeText = text.text;
         TakeDocument(window, *parsed.document, selectNumber, afterwards);
+        if (tone == edit::Tone::Box && window.kind.textRead) // a step of the history tells nothing
+            window.kind.textRead(window);
     } else {
         ShowBadText(window, text.text, parsed);
     }

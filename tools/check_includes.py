@@ -19,8 +19,7 @@ NOT_ROOMS = {"tests", "bench", "cmake", "tools", "samples", "docs"}
 SKIPPED = {"build", ".git", ".ci", ".cache"}
 
 QT_MODULES = {"platform/services": {"QtCore", "QtNetwork"}}  # other rooms: QtCore alone; desktop: any
-XML_LIBRARIES = ("libxml/", "libxslt/", "xercesc/", "expat")
-XML_ROOM = "platform/xml"
+XML_ROOMS = {"libxml/": "platform/xml", "libxslt/": "platform/xml", "expat": "platform/xml", "xercesc/": "platform/schemas"}
 
 SPDX = "SPDX-License-Identifier: GPL-3.0-or-later"
 SPDX_SUFFIXES = {".h", ".cpp", ".py", ".sh", ".cmake"}
@@ -99,10 +98,11 @@ class House:
             self.fault(relative, number, f'"{name}" {why}')
 
     def check_library(self, relative, number, room, name):
-        if name.startswith(XML_LIBRARIES):
-            if room != XML_ROOM:
-                self.fault(relative, number, f"<{name}>: an XML library outside {XML_ROOM}")
-            return
+        for library, xml_room in XML_ROOMS.items():
+            if name.startswith(library):
+                if room != xml_room:
+                    self.fault(relative, number, f"<{name}>: an XML library outside {xml_room}")
+                return
         if not is_qt(name) or is_desktop(room):
             return
         allowed = QT_MODULES.get(room, {"QtCore"})

@@ -21,7 +21,7 @@ LINES = {
     "2": "core/edit",
     "1": "core/model",
     "0.1": "platform/xml platform/controls platform/services",
-    "0.0": "platform/text",
+    "0.0": "platform/text platform/schemas",
 }
 
 # (user, used) of one line and two top folders. Never both ways.

@@ -10,6 +10,7 @@
 #include "nodes/DragEvents.h"
 #include "nodes/FinishEdits.h"
 #include "nodes/TreeEvents.h"
+#include "schema/Diagnostics.h"
 #include "textview/TextWays.h"
 #include <QScopeGuard>
 #include <Qt>
@@ -45,6 +46,7 @@ void Form_Load(DocumentWindow& window) {
     }
     nodes::ConnectTree(window);
     nodes::ConnectDragging(window);
+    schema::ConnectDiagnostics(window);
     window.txtXPath.KeyUp.connect([&window](int key, int) {
         if (key == Qt::Key_Return || key == Qt::Key_Enter)
             edit::SelectTreeNodeByPath(window, window.txtXPath.Text());

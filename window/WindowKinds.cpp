@@ -1,12 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/WindowKinds.h"
+#include "core/model/DomToTree.h"
 #include "integration/BrowserView.h"
 #include "nodes/ListView.h"
+#include "schema/CheckSchema.h"
+#include "schema/SchemaCommandTable.h"
+#include "schema/SchemaTree.h"
 #include "schema/SchemaView.h"
+#include "schema/ValueLists.h"
+#include "schema/Vocabulary.h"
 #include "table/TableView.h"
 #include "textview/TextView.h"
 
 namespace window {
+
+namespace {
+
+void NewTree(DocumentWindow& window, bool withDefaults) {
+    m_tvXML::AddTreeRoot(window.app, window.tvXML, withDefaults);
+}
+void FillTree(DocumentWindow& window, const xml::ParsedDocument& document) {
+    m_tvXML::FillTree(window.app, window.tvXML, document);
+}
+
+} // namespace
 
 const WindowKind& XMLKind() {
     static const WindowKind kind{.Name = QStringLiteral("frmXMLEdit"),
@@ -14,7 +31,10 @@ const WindowKind& XMLKind() {
                                  .schema = false,
                                  .renamesNodes = true,
                                  .views = {&nodes::ListView(), &textview::TextView(), &table::TableView(),
-                                           &integration::BrowserView(), &schema::SchemaView()}};
+                                           &integration::BrowserView(), &schema::SchemaView()},
+                                 .newTree = NewTree,
+                                 .fillTree = FillTree,
+                                 .check = schema::CheckDocument};
     return kind;
 }
 
@@ -24,7 +44,16 @@ const WindowKind& SchemaKind() {
                                  .schema = true,
                                  .renamesNodes = false,
                                  .views = {&nodes::ListView(), &schema::CompactView(), &textview::TextView(),
-                                           &table::TableView(), &integration::BrowserView()}};
+                                           &table::TableView(), &integration::BrowserView()},
+                                 .newTree = schema::AddTreeRootS,
+                                 .fillTree = schema::SXMLToTree,
+                                 .textRead = schema::CheckAfterReading,
+                                 .textLeft = schema::TellAfterLeaving,
+                                 .attributesOffered = schema::AttributesOffered,
+                                 .valuesOffered = schema::ValuesOffered,
+                                 .namesOffered = schema::NamesOffered,
+                                 .describeTarget = schema::DescribeTarget,
+                                 .check = schema::CheckDocument};
     return kind;
 }
 

@@ -3,6 +3,7 @@
 #include "core/edit/View.h"
 #include "core/model/DocumentWindow.h"
 #include "core/model/NodeKind.h"
+#include <QString>
 #include <cstddef>
 #include <string_view>
 
@@ -20,8 +21,12 @@ struct Target {
     bool hasLevelAbove = false;    ///< the tree's current node isn't the tree root
     bool hasRootElement = false;   ///< the document
     bool canPaste = false, canUndo = false, canRedo = false;
-    int view = kViewTree;   ///< on show
-    bool editsCell = false; ///< the editor of a cell is open
+    int view = kViewTree;        ///< on show
+    bool editsCell = false;      ///< the editor of a cell is open
+    bool hasDiagnostics = false; ///< the last check has found something
+    // In a window that designs schemas:
+    QString elementName;                            ///< local name of that node, if it is an element
+    bool offersMsSql = false, offersOracle = false; ///< the extensions that are enabled
     bool operator==(const Target&) const = default;
 };
 using Condition = bool (*)(const Target& target);
@@ -33,7 +38,7 @@ using Condition = bool (*)(const Target& target);
 ///   c     something can be pasted
 ///   u r   there is a step to undo, to redo
 ///   h     the document has no root element
-///   k     as the entry's condition says
+///   k     as the entry's condition says, in the windows of its kind
 using Offered = const char*;
 
 /// The windows that have a command at all.
@@ -42,6 +47,8 @@ enum class In { AnyWindow, XMLWindow, SchemaWindow };
 struct Entry {
     const char* name = nullptr;
     Condition allowed = nullptr; ///< condition k
+    Condition checked = nullptr; ///< bears a check mark; null: never
+    bool hides = false;          ///< it isn't there at all where it isn't offered
 };
 
 /// A toolbar's button. Rows may share one: the first of them that is offered runs.

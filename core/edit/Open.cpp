@@ -6,7 +6,6 @@
 #include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/WriteFile.h"
-#include "core/model/DomToTree.h"
 #include "core/model/FileNames.h"
 #include "core/model/Frame.h"
 #include "core/model/NodeAddress.h"
@@ -88,7 +87,7 @@ void FillWindow(DocumentWindow& window, const FetchedText& fetched) {
     Transaction edit(window);
     window.fileForm = fetched.form;
     if (fetched.text.isEmpty()) {
-        m_tvXML::AddTreeRoot(window.app, window.tvXML, true);
+        window.kind.newTree(window, true);
         window.bond.msOpenText = {}; // a document that was never saved counts as changed
         window.way->beginFromTree(window);
     } else {

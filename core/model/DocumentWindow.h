@@ -44,7 +44,7 @@ struct DocumentWindow {
     // --- controls ---------------------------------------------------------------------------------------
     controls::TreeView tvXML;
     controls::ListView ListView1;
-    controls::TextBox txtListView;  ///< edits a cell of the list; its Tag tells the column: "1" or "2"
+    controls::TextBox txtListView;  ///< edits a cell of the list; its Tag tells the column: "0", "1" or "2"
     controls::CommandButton cmdPop; ///< beside txtListView
     controls::Timer tmList{100};    ///< txtListView follows the scrolling of the list
     controls::RichTextBox rtxtXML, rtxtXML2;
@@ -57,7 +57,7 @@ struct DocumentWindow {
     controls::TextBox txtTViewHeader;       ///< edits the name of a column
     controls::ComboBox cmbSum;              ///< chooses what a cell below a column tells of it
     controls::TextBox txtXPath;
-    controls::TextBox txtSchema;
+    controls::RichTextBox txtSchema; ///< to be read only
     controls::WebBrowser IE;
     controls::Pane pctText, pctTableView, pctLHSplit, pctSplitText;
     controls::Chart chtAna;           ///< of what is selected in a table

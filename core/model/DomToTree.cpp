@@ -17,18 +17,15 @@ using controls::TreeNode;
 using text::CompactBuilder;
 using text::StringPool;
 
-QString MakerComment() {
-    return QStringLiteral("edited with Vantrel v2.0 by Orvane (https://vantrel.example/)");
-}
-
 // One copy of a document: names and pictures are looked up once, and nothing is made per node but the node.
 class Copier {
 public:
     Copier(Application& app, const controls::TreeView* active, const xml::ParsedDocument& document,
-           controls::TreeView& tree, TreeNode parent)
+           controls::TreeView& tree, TreeNode parent, std::span<const xml::Node> rootDeclarations)
         : app_(app), document_(document), tree_(tree), fill_(tree, parent), atRoot_(IsTreeRoot(parent)),
           ownTree_(active == &tree), rootStands_(active && HaveElementNodeAtXMLRootLevel(*active)),
-          shownLength_(static_cast<std::uint32_t>(std::max(app.options.TreeNodeTextShowLength, 0))) {
+          shownLength_(static_cast<std::uint32_t>(std::max(app.options.TreeNodeTextShowLength, 0))),
+          declarations_(rootDeclarations) {
         names_.resize(document.nameCount(), 0);
     }
 
@@ -76,9 +73,10 @@ private:
         TreeFiller::Slot added = 0;
         try {
             const int type = node.nodeType();
+            const int picture = isRootDeclaration(node) ? kRootDeclaration : type;
             added = fill_.append(parent, static_cast<std::uint8_t>(type),
                                  static_cast<std::uint32_t>(++app_.ElementKeyCounter), nameOf(node),
-                                 image(node, type, false), image(node, type, true));
+                                 image(node, picture, false), image(node, picture, true));
             last_ = added;
         } catch (const text::Fault& fault) {
             ErrorReportBox(app_, fault, QStringLiteral("m_tvXML.XMLChildNodesToTree"));
@@ -116,14 +114,25 @@ private:
         return ref;
     }
 
-    int image(xml::Node node, int type, bool open) {
-        int& place = images_[open ? 1 : 0][type & 15];
+    // They come in the order of the walk.
+    bool isRootDeclaration(xml::Node node) {
+        if (declarations_.empty() || !(declarations_.front() == node))
+            return false;
+        declarations_ = declarations_.subspan(1);
+        return true;
+    }
+
+    int image(xml::Node node, int picture, bool open) {
+        int& place = images_[open ? 1 : 0][picture & 15];
         if (place == 0) {
-            const QString key = node.nodeTypeString();
+            const QString key =
+                picture == kRootDeclaration ? QStringLiteral("xmlrootelement") : node.nodeTypeString();
             place = tree_.ImageIndex(open ? QStringLiteral("open") + key : key);
         }
         return place;
     }
+
+    static constexpr int kRootDeclaration = 15; // no node type
 
     Application& app_;
     const xml::ParsedDocument& document_;
@@ -135,23 +144,34 @@ private:
         ownTree_; // the tree is the active window's: what is added counts for the next look at its root level
     bool rootStands_; // the active window's document has its root element
     std::uint32_t shownLength_;
+    std::span<const xml::Node> declarations_; // those still to come
     TreeFiller::Slot last_ = 0;
     std::vector<StringPool::Ref> names_;
     int images_[2][16] = {};
     CompactBuilder scratch_;
 };
 
-} // namespace
-
-void XMLChildNodesToTree(Application& app, const controls::TreeView* active, xml::Node domNode,
-                         const QString& parentKey, controls::TreeView& tree) try {
+void CopyChildren(Application& app, const controls::TreeView* active, xml::Node domNode,
+                  const QString& parentKey, controls::TreeView& tree,
+                  std::span<const xml::Node> rootDeclarations) try {
     if (!domNode)
         return;
     const TreeNode parent = parentKey.isEmpty() ? TreeNode() : tree.Nodes(parentKey);
     const controls::TreeUpdate update(tree);
-    Copier(app, active, *domNode.ownerDocument(), tree, parent).copyChildren(domNode);
+    Copier(app, active, *domNode.ownerDocument(), tree, parent, rootDeclarations).copyChildren(domNode);
 } catch (const text::Fault& fault) {
     ErrorReportBox(app, fault, QStringLiteral("m_tvXML.XMLChildNodesToTree"));
+}
+
+} // namespace
+
+QString MakerComment() {
+    return QStringLiteral("edited with Vantrel v2.0 by Orvane (https://vantrel.example/)");
+}
+
+void XMLChildNodesToTree(Application& app, const controls::TreeView* active, xml::Node domNode,
+                         const QString& parentKey, controls::TreeView& tree) {
+    CopyChildren(app, active, domNode, parentKey, tree, {});
 }
 
 void AddTreeRoot(Application& app, controls::TreeView& tree, bool withDefaults) {
@@ -172,11 +192,12 @@ void AddTreeRoot(Application& app, controls::TreeView& tree, bool withDefaults) 
     tree.SetSelectedItem(root);
 }
 
-void FillTree(Application& app, controls::TreeView& tree, const xml::ParsedDocument& document) {
+void FillTree(Application& app, controls::TreeView& tree, const xml::ParsedDocument& document,
+              std::span<const xml::Node> rootDeclarations) {
     const OpenNodes open(tree);
     controls::TreeRebuild rebuild(tree);
     AddTreeRoot(app, tree, false);
-    XMLChildNodesToTree(app, &tree, document.document(), app.CurrentFileName, tree);
+    CopyChildren(app, &tree, document.document(), app.CurrentFileName, tree, rootDeclarations);
     open.openIn(tree);
     rebuild.keep();
 }

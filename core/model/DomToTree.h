@@ -4,6 +4,7 @@
 #include "platform/controls/TreeView.h"
 #include "platform/xml/ParsedDocument.h"
 #include <QString>
+#include <span>
 
 // A parsed document into nodes of a tree.
 namespace m_tvXML {
@@ -19,7 +20,12 @@ void XMLChildNodesToTree(Application& app, const controls::TreeView* active, xml
                          const QString& parentKey, controls::TreeView& tree);
 
 /// The whole document in place of what the tree holds, with new keys. What was open is open again. Where
-/// memory runs out the tree is as it was.
-void FillTree(Application& app, controls::TreeView& tree, const xml::ParsedDocument& document);
+/// memory runs out the tree is as it was. `rootDeclarations`: elements of the document, in its order, that
+/// get the pictures of declarations of root elements.
+void FillTree(Application& app, controls::TreeView& tree, const xml::ParsedDocument& document,
+              std::span<const xml::Node> rootDeclarations = {});
+
+/// The comment that new documents start with.
+QString MakerComment();
 
 } // namespace m_tvXML

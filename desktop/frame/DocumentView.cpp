@@ -9,6 +9,7 @@
 #include "desktop/bind/TimerAdapter.h"
 #include "desktop/frame/BrowserAdapter.h"
 #include "desktop/frame/DocumentDragging.h"
+#include "desktop/nodes/DiagnosticsPane.h"
 #include "desktop/nodes/ListAdapter.h"
 #include "desktop/nodes/ListEditing.h"
 #include "desktop/nodes/TreeAdapter.h"
@@ -44,7 +45,6 @@ public:
 
 private:
     void ConnectSplitters(int width);
-    void ConnectSchema();
     void ShowSecondPane();
     void ConnectTables();
 
@@ -53,7 +53,8 @@ private:
     TreeAdapter tree_;
     ListAdapter list_;
     ListEditing cells_;
-    TextAdapter text_, text2_;
+    DiagnosticsPane diagnostics_;
+    TextAdapter text_, text2_, schema_;
     LineAdapter path_;
     TimerAdapter steps_;
     BrowserAdapter browser_;
@@ -64,12 +65,12 @@ private:
 DocumentView::Bond::Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int width)
     : window_(window), ui_(ui), tree_(window.tvXML, *ui.tvXML, nullptr),
       list_(window.ListView1, {*ui.listview, *ui.ListView1, *ui.ListView1Icons}, nullptr),
-      cells_(window, *ui.ListView1), text_(window.rtxtXML, *ui.rtxtXML, nullptr),
-      text2_(window.rtxtXML2, *ui.rtxtXML2, nullptr), path_(window.txtXPath, *ui.txtXPath, nullptr),
+      cells_(window, *ui.ListView1), diagnostics_(window, *ui.lvDiagnostics),
+      text_(window.rtxtXML, *ui.rtxtXML, nullptr), text2_(window.rtxtXML2, *ui.rtxtXML2, nullptr),
+      schema_(window.txtSchema, *ui.txtSchema, nullptr), path_(window.txtXPath, *ui.txtXPath, nullptr),
       steps_(window.tmText, nullptr), browser_(window.IE, *ui.browserview, nullptr),
       tabs_(window.tbsXML, *ui.tbsXML, *ui.pages, PagesOf(ui), nullptr), dragging_(window, ui) {
     ConnectSplitters(width);
-    ConnectSchema();
     ConnectTables();
     ui.rtxtXML->isInUse = [&window] { return &window.TextInUse() == &window.rtxtXML; };
     ui.rtxtXML2->isInUse = [&window] { return &window.TextInUse() == &window.rtxtXML2; };
@@ -106,13 +107,6 @@ void DocumentView::Bond::ConnectTables() {
     ui_.tableview->setStretchFactor(0, kTablePart);
     ui_.tableview->setStretchFactor(1, kChartPart);
     ui_.tableview->setSizes({kTablePart * kSharedHeight, kChartPart * kSharedHeight});
-}
-
-void DocumentView::Bond::ConnectSchema() {
-    const auto show = [this] { ui_.txtSchema->setPlainText(window_.txtSchema.Text()); };
-    show();
-    Listen(window_.txtSchema.changed, this, show);
-    Listen(window_.txtSchema.focusRequested, this, [this] { ui_.txtSchema->setFocus(Qt::OtherFocusReason); });
 }
 
 DocumentView::DocumentView(DocumentWindow& window, QWidget* parent)
@@ -183,6 +177,8 @@ std::vector<QWidget*> DocumentView::Panes() const {
         panes.push_back(Page());
     if (ui_->chtAna->isVisible())
         panes.push_back(&ui_->chtAna->View());
+    if (!ui_->lvDiagnostics->isHidden())
+        panes.push_back(ui_->lvDiagnostics);
     return panes;
 }
 

@@ -243,8 +243,13 @@ void MainWindow::SubWindowActivated(QMdiSubWindow* window) {
 }
 
 // It opens before the press that asked for it is over: another node or row may be current already.
+// In a schema window what can be inserted stands in it as well.
 void MainWindow::ShowPopup(const QPoint& globalPlace) {
     frame_.RefreshMenu();
+    QMenu* elements = ui_->MenuBar->findChild<QMenu*>(QStringLiteral("mnuXSD"));
+    popup_->removeAction(elements->menuAction());
+    if (elements->menuAction()->isEnabled())
+        popup_->insertMenu(popup_->actions().value(0), elements);
     popup_->popup(globalPlace);
 }
 

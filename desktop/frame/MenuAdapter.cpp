@@ -63,6 +63,8 @@ void MenuAdapter::Follow(controls::MenuItem& item, QAction& action) {
         action.setText(item.Index > 0 ? NameAsEntry(item.Caption()) : item.Caption());
         action.setEnabled(item.Usable());
         action.setVisible(item.Visible());
+        action.setCheckable(item.Checked()); // the check is the document's: a click alone doesn't change it
+        action.setChecked(item.Checked());
     };
     show();
     Listen(item.changed, &action, show);

@@ -2,6 +2,7 @@
 #include "desktop/nodes/ListEditing.h"
 #include "desktop/base/Twips.h"
 #include "nodes/ListPlace.h"
+#include "nodes/ListState.h"
 #include <QApplication>
 #include <QHeaderView>
 #include <QMouseEvent>
@@ -10,6 +11,10 @@
 #include <limits>
 
 namespace desktop {
+
+namespace {
+constexpr int kOffersAtOnce = 12;
+}
 
 ListEditing::ListEditing(DocumentWindow& window, QTreeView& report)
     : window_(window), report_(report), editor_(new QLineEdit(report.viewport())),
@@ -22,6 +27,7 @@ ListEditing::ListEditing(DocumentWindow& window, QTreeView& report)
     // with it, before the click is done.
     button_->setFocusPolicy(Qt::NoFocus);
     button_->setFocusProxy(editor_);
+    ConnectOffers();
     ConnectEditor();
     ConnectCells();
     ShowEditor();
@@ -48,13 +54,66 @@ void ListEditing::ConnectEditor() {
     };
     connect(editor_, &QLineEdit::selectionChanged, this, selected);
     connect(editor_, &QLineEdit::cursorPositionChanged, this, selected);
-    connect(button_, &QToolButton::clicked, this, [this] { window_.cmdPop.Click(); });
+    connect(button_, &QToolButton::clicked, this, [this] {
+        if (offered_.stringList().isEmpty())
+            window_.cmdPop.Click();
+        else
+            ShowOffers({});
+    });
     Listen(window_.tmList.changed, this, [this] {
         if (window_.tmList.Enabled())
             follow_.start(window_.tmList.Interval, this);
         else
             follow_.stop();
     });
+}
+
+// The list of what can be chosen is the completer's: typing narrows it, and what isn't in it can be typed all
+// the same. Its first column stands for the item's own line.
+void ListEditing::ConnectOffers() {
+    offers_.setModel(&offered_);
+    offers_.setWidget(editor_);
+    offers_.setCaseSensitivity(Qt::CaseInsensitive);
+    offers_.setFilterMode(Qt::MatchContains);
+    offers_.setMaxVisibleItems(kOffersAtOnce);
+    connect(&offers_, qOverload<const QString&>(&QCompleter::activated), this, [this](const QString& text) {
+        controls::ComboBox& combo = Offers();
+        combo.UserChose(static_cast<int>(combo.Items().indexOf(text)));
+    });
+    connect(editor_, &QLineEdit::textEdited, this, [this](const QString& text) {
+        if (!offered_.stringList().isEmpty())
+            ShowOffers(text);
+    });
+    const auto follow = [this] {
+        offered_.setStringList(Offers().Items());
+        button_->setText(offered_.stringList().isEmpty() ? QStringLiteral("...") : QString());
+        button_->setArrowType(offered_.stringList().isEmpty() ? Qt::NoArrow : Qt::DownArrow);
+    };
+    for (controls::ComboBox* combo : {&nodes::ListOf(window_).cmbValue, &nodes::ListOf(window_).cmbLVSAC})
+        Listen(combo->changed, this, follow);
+    editor_->installEventFilter(this);
+}
+
+controls::ComboBox& ListEditing::Offers() const {
+    nodes::ListState& state = nodes::ListOf(window_);
+    return state.cmbLVSAC.Items().isEmpty() ? state.cmbValue : state.cmbLVSAC;
+}
+
+void ListEditing::ShowOffers(const QString& typed) {
+    offers_.setCompletionPrefix(typed);
+    offers_.complete();
+}
+
+// Alt+Down and F4 open the list, as in any box with a list. They are no shortcuts meanwhile.
+bool ListEditing::OpensOffers(QKeyEvent& event) {
+    const bool open = event.key() == Qt::Key_F4 ||
+                      (event.key() == Qt::Key_Down && event.modifiers().testFlag(Qt::AltModifier));
+    if (!open || offered_.stringList().isEmpty())
+        return false;
+    event.accept();
+    if (event.type() == QEvent::KeyPress)
+        ShowOffers({});
+    return true;
 }
 
 void ListEditing::ConnectCells() {
@@ -117,7 +176,8 @@ bool ListEditing::eventFilter(QObject* watched, QEvent* event) {
         MousePressed(static_cast<QMouseEvent*>(event)->pos());
     if (event->type() == QEvent::MouseButtonRelease && watched == report_.viewport())
         MouseReleased(static_cast<QMouseEvent*>(event)->pos());
-    return false;
+    const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    return key && watched == editor_ && OpensOffers(*static_cast<QKeyEvent*>(event));
 }
 
 void ListEditing::MousePressed(const QPoint& place) {

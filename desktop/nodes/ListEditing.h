@@ -3,8 +3,11 @@
 #include "core/model/DocumentWindow.h"
 #include "desktop/base/ControlEvents.h"
 #include <QBasicTimer>
+#include <QCompleter>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QObject>
+#include <QStringListModel>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -23,6 +26,10 @@ protected:
 private:
     void ConnectEditor();
     void ConnectCells();
+    void ConnectOffers();
+    controls::ComboBox& Offers() const; ///< what the open editor has to choose from
+    void ShowOffers(const QString& typed);
+    bool OpensOffers(QKeyEvent& event); ///< the key does; then it is used up
     void TellGeometry();
     void ShowEditor();
     void Place();
@@ -34,6 +41,8 @@ private:
     QLineEdit* editor_; ///< owned by the list's viewport
     QToolButton* button_;
     ControlEvents events_;
+    QStringListModel offered_;
+    QCompleter offers_;
     QBasicTimer follow_;            ///< while the editor is open
     QBasicTimer cellClick_;         ///< a click that may still become a double click
     QPersistentModelIndex pressed_; ///< cell of the current row that the mouse was pressed on

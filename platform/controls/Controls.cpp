@@ -221,6 +221,10 @@ void MenuItem::SetVisible(bool visible) {
     Set(visible_, visible, changed);
 }
 
+void MenuItem::SetChecked(bool checked) {
+    Set(checked_, checked, changed);
+}
+
 void ToolButton::SetEnabled(bool enabled) {
     Set(enabled_, enabled, changed);
 }

@@ -220,6 +220,8 @@ public:
     void SetEnabled(bool enabled);
     bool Visible() const { return visible_; }
     void SetVisible(bool visible);
+    bool Checked() const { return checked_; }
+    void SetChecked(bool checked);
     /// What the user sees: enabled, and something answers (or it opens a submenu).
     bool Usable() const { return enabled_ && (HasCommand || !Items.empty()); }
     Event<> Click;
@@ -227,7 +229,7 @@ public:
 
 private:
     QString caption_;
-    bool enabled_ = true, visible_ = true;
+    bool enabled_ = true, visible_ = true, checked_ = false;
 };
 
 /// A toolbar button, with drop-down entries where it has any.

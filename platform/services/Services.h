@@ -199,6 +199,7 @@ public:
 };
 
 class JournalStore; // see JournalFiles.h
+class Schemas;      // see Schemas.h
 
 /// Everything at hand, owned elsewhere (by main or a test).
 struct Services {
@@ -211,6 +212,7 @@ struct Services {
     Clipboard& clipboard;
     JournalStore* journal = nullptr; ///< null: nothing outlives a crash
     FileWatch* watch = nullptr;      ///< null: changes are seen when a file is looked at
+    Schemas* schemas = nullptr;      ///< null: documents are checked for their form alone
 };
 
 } // namespace services

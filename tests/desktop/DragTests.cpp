@@ -295,8 +295,9 @@ TEST_F(Drag, FilesAreOpenedWhereverTheyAreDroppedAlsoOverAPlaceForText) {
     t.ClickTab(QStringLiteral("textview"));
     QMimeData files;
     const QString name = t.folder.Write(QStringLiteral("a b&c.xml"), "<two/>");
-    files.setUrls({QUrl::fromLocalFile(name),
-                   QUrl::fromLocalFile(t.folder.Write(QStringLiteral("three.xsd"), "<three/>"))});
+    const QString schema =
+        t.folder.Write(QStringLiteral("three.xsd"), "<schema xmlns='http://www.w3.org/2001/XMLSchema'/>");
+    files.setUrls({QUrl::fromLocalFile(name), QUrl::fromLocalFile(schema)});
     files.setText(name);
     const QString before = t.window().rtxtXML.Text();
     for (QWidget* place :

@@ -238,7 +238,8 @@ TEST(MenuMatrix, IsThatOfTheViewInUseInAWindowThatStaysOrComesBack) {
     t.frame().ActivateForm(&tree);
     EXPECT_EQ(letter("mnuEditName"), 'D') << "browser view";
 
-    DocumentWindow& schema = t.OpenText(QStringLiteral("c.xsd"), "<schema/>");
+    DocumentWindow& schema =
+        t.OpenText(QStringLiteral("c.xsd"), "<schema xmlns='http://www.w3.org/2001/XMLSchema'/>");
     schema.tbsXML.Select(QStringLiteral("compactview"));
     EXPECT_EQ(letter("mnuEditName"), 'D') << "compact view";
     t.frame().ActivateForm(&tree);

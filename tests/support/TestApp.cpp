@@ -27,14 +27,16 @@ TestApp::TestApp() {
     clock_ = services::MakeClock();
     journal_ = services::MakeJournalStore(folder.Path(QStringLiteral("journal")));
     watch_ = services::MakeFileWatch();
+    schemas_ = services::MakeSchemas();
     Start({});
 }
 
 TestApp::~TestApp() = default;
 
 void TestApp::Start(const QString& commandLine) {
-    app_ = std::make_unique<Application>(services::Services{
-        prompts, progress, *settings_, *files_, *http_, *clock_, clipboard, journal_.get(), watch_.get()});
+    app_ = std::make_unique<Application>(services::Services{prompts, progress, *settings_, *files_, *http_,
+                                                            *clock_, clipboard, journal_.get(), watch_.get(),
+                                                            schemas_.get()});
     frame_ = std::make_unique<frmMDIMain>(*app_);
     frame_->MDIForm_Load();
     frame_->MDIForm_Activate(commandLine);

@@ -3,6 +3,7 @@
 #include "core/model/Application.h"
 #include "platform/services/JournalFiles.h"
 #include "platform/services/RealServices.h"
+#include "platform/services/Schemas.h"
 #include "shell/frmMDIMain.h"
 #include "tests/support/PrintText.h"
 #include "tests/support/ScriptedPrompts.h"
@@ -58,6 +59,7 @@ private:
     std::unique_ptr<services::Clock> clock_;
     std::unique_ptr<services::JournalStore> journal_;
     std::unique_ptr<services::FileWatch> watch_;
+    std::unique_ptr<services::Schemas> schemas_;
     std::unique_ptr<Application> app_;
     std::unique_ptr<frmMDIMain> frame_;
 };

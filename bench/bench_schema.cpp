@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Times what a schema window does: bench_schema FILE. Opening it checks the schema as well.
+#include "bench/Quiet.h"
+#include "core/edit/View.h"
+#include "schema/CheckSchema.h"
+#include "schema/Diagnostics.h"
+#include "schema/SchemaState.h"
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+// As a click does: menus and list stand when it is over.
+void Select(DocumentWindow& window, controls::TreeNode node) {
+    window.tvXML.GotFocus();
+    window.tvXML.SetSelectedItem(node);
+    window.tvXML.NodeClick(node);
+    window.tvXML.Click();
+    window.app.frame().RefreshMenu();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    bench::Quiet quiet(argc, argv, "bench_schema FILE");
+    DocumentWindow& window = quiet.window();
+    window.tbsXML.Select(QLatin1String(edit::kListTab));
+    const controls::TreeNode schema = schema::GetSchemaNode(window.tvXML);
+    if (schema) {
+        std::printf("select the schema element: %.1f ms\n",
+                    bench::Milliseconds([&] { Select(window, schema); }));
+        std::vector<double> times;
+        controls::TreeNode node = schema.Child();
+        for (int i = 0; node && i < 100; ++i, node = node.Next())
+            times.push_back(bench::Milliseconds([&] { Select(window, node); }));
+        std::sort(times.begin(), times.end());
+        if (!times.empty())
+            std::printf("select a declaration: %.2f ms, at worst %.2f ms\n", times[times.size() / 2],
+                        times.back());
+    }
+    std::printf("check: %.1f ms, %d diagnostics\n",
+                bench::Milliseconds([&] { schema::CheckDocument(window, true); }),
+                schema::DiagnosticsOf(window).lvDiagnostics.Count());
+    return 0;
+}

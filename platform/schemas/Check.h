@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "platform/schemas/Sources.h"
+#include <string>
+#include <vector>
+
+namespace schemas {
+
+/// What is to be checked.
+struct Request {
+    bool schema = false; ///< the text is a schema; else a document that names its schemas itself
+    std::string place;   ///< of its file or its address; empty for a document without one
+    std::string text;    ///< UTF-16, little endian, whatever its declaration says
+    Sources sources;
+};
+
+/// A fault. The line and the column (in 16-bit units) count from 1 and are those behind the tag concerned; 0
+/// for a fault without a place.
+struct Fault {
+    std::string document; ///< UTF-8; as a place is written in the request
+    long line = 0, column = 0;
+    std::string message;
+    bool warning = false; ///< of a document that couldn't be had: what else is found may follow from that
+};
+
+/// All faults, in the order in which they were found, up to a thousand. `request.sources.wanted` is filled.
+/// Throws std::bad_alloc.
+std::vector<Fault> Check(Request& request);
+
+} // namespace schemas

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/services/Schemas.h"
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <csignal>
+
+namespace services {
+
+namespace {
+
+constexpr int kStep = 100;      // milliseconds
+constexpr int kOutOfMemory = 3; // the exit code
+
+// Fields, each the number of its bytes, a line feed, and the bytes.
+class Fields {
+public:
+    void add(const QByteArray& bytes) { all_ += QByteArray::number(bytes.size()) + '\n' + bytes; }
+    void add(qint64 number) { add(QByteArray::number(number)); }
+    void add(const QString& text) { add(text.toUtf8()); }
+    const QByteArray& all() const { return all_; }
+
+private:
+    QByteArray all_;
+};
+
+class Answer {
+public:
+    explicit Answer(QByteArray bytes) : bytes_(std::move(bytes)) {}
+    QByteArray next() {
+        const qsizetype line = bytes_.indexOf('\n', at_);
+        const qsizetype size = line < 0 ? -1 : bytes_.mid(at_, line - at_).toLongLong();
+        good = good && size >= 0 && line + 1 + size <= bytes_.size();
+        if (!good)
+            return {};
+        at_ = line + 1 + size;
+        return bytes_.mid(line + 1, size);
+    }
+    QString text() { return QString::fromUtf8(next()); }
+    int number() { return next().toInt(); }
+    bool good = true;
+
+private:
+    QByteArray bytes_;
+    qsizetype at_ = 0;
+};
+
+// As 16-bit units in the machine's order, which is little endian wherever this is built.
+QByteArray Units(const text::LongText& text) {
+    static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN);
+    QByteArray bytes;
+    bytes.reserve(text.size() * 2);
+    text.visit(0, text.size(), [&](QStringView piece) {
+        bytes.append(reinterpret_cast<const char*>(piece.utf16()), piece.size() * 2);
+        return true;
+    });
+    return bytes;
+}
+
+QByteArray RequestBytes(const SchemaRequest& request, const SchemaLimits& limits) {
+    Fields fields;
+    fields.add(qint64(limits.seconds));
+    fields.add(limits.bytes);
+    fields.add(qint64(request.schema ? 1 : 0));
+    fields.add(request.place);
+    fields.add(Units(request.text));
+    fields.add(qint64(request.fetched.size()));
+    for (const auto& [address, bytes] : request.fetched) {
+        fields.add(address);
+        fields.add(bytes);
+    }
+    return fields.all();
+}
+
+SchemaAnswer Read(const QByteArray& bytes) {
+    Answer answer(bytes);
+    SchemaAnswer result;
+    for (int left = answer.number(); left > 0 && answer.good; --left) {
+        SchemaFault fault;
+        fault.document = answer.text();
+        fault.line = answer.number();
+        fault.column = answer.number();
+        fault.warning = answer.number() == 1;
+        fault.message = answer.text();
+        result.faults.push_back(fault);
+    }
+    for (int left = answer.number(); left > 0 && answer.good; --left)
+        result.wanted << answer.text();
+    result.outcome = answer.good ? SchemaOutcome::Checked : SchemaOutcome::Failed;
+    return result;
+}
+
+class ProcessSchemas : public Schemas {
+public:
+    ProcessSchemas(QString program, const SchemaLimits& limits)
+        : program_(std::move(program)), limits_(limits) {}
+
+    SchemaAnswer Check(const SchemaRequest& request, const std::function<bool()>& step) override {
+        QProcess process;
+        process.setStandardErrorFile(QProcess::nullDevice());
+        process.start(program(), {});
+        process.write(RequestBytes(request, limits_));
+        process.closeWriteChannel();
+        if (const SchemaOutcome outcome = wait(process, step); outcome != SchemaOutcome::Checked) {
+            process.kill();
+            process.waitForFinished();
+            return {outcome, {}, {}};
+        }
+        if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
+            return Read(process.readAllStandardOutput());
+        return {failureOf(process), {}, {}};
+    }
+
+private:
+    QString program() const {
+        return program_.isEmpty()
+                   ? QCoreApplication::applicationDirPath() + QStringLiteral("/vantrel-schemas")
+                   : program_;
+    }
+
+    // The program has bounds of its own; this one is for a machine that hardly lets it run.
+    SchemaOutcome wait(QProcess& process, const std::function<bool()>& step) const {
+        QElapsedTimer clock;
+        clock.start();
+        while (!process.waitForFinished(kStep)) {
+            if (process.state() == QProcess::NotRunning)
+                break;
+            if (step && !step())
+                return SchemaOutcome::Cancelled;
+            if (clock.elapsed() > qint64(limits_.seconds) * 4000)
+                return SchemaOutcome::TooLong;
+        }
+        return process.error() == QProcess::FailedToStart ? SchemaOutcome::Failed : SchemaOutcome::Checked;
+    }
+
+    // The system ends one that used up its time with a signal, and one that can't have a stack with another.
+    static SchemaOutcome failureOf(const QProcess& process) {
+        if (process.exitStatus() == QProcess::CrashExit &&
+            (process.exitCode() == SIGXCPU || process.exitCode() == SIGKILL))
+            return SchemaOutcome::TooLong;
+        return process.exitCode() == kOutOfMemory ? SchemaOutcome::TooLarge : SchemaOutcome::Failed;
+    }
+
+    QString program_;
+    SchemaLimits limits_;
+};
+
+} // namespace
+
+std::unique_ptr<Schemas> MakeSchemas(const QString& program, const SchemaLimits& limits) {
+    return std::make_unique<ProcessSchemas>(program, limits);
+}
+
+} // namespace services

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "platform/text/LongText.h"
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace services {
+
+/// What a check found. Line and column (in 16-bit units) count from 1 and are those behind the tag or the
+/// text concerned; 0 for a fault without a place.
+struct SchemaFault {
+    QString document; ///< as the request or a location in a schema has it
+    int line = 0, column = 0;
+    QString message;
+    bool warning = false; ///< of a document that couldn't be had: other faults may follow from that
+};
+
+struct SchemaRequest {
+    text::LongText text;
+    QString place;                         ///< of the document's file, or its address; empty for one without
+    bool schema = false;                   ///< it is a schema; else a document that names its schemas itself
+    std::map<QString, QByteArray> fetched; ///< documents from the net, by address
+};
+
+enum class SchemaOutcome { Checked, TooLong, TooLarge, Failed, Cancelled };
+
+struct SchemaAnswer {
+    SchemaOutcome outcome = SchemaOutcome::Failed;
+    std::vector<SchemaFault> faults; ///< in the order in which they were found; a thousand at most
+    QStringList wanted;              ///< addresses that were not among the fetched ones
+};
+
+/// Checks schemas, and documents against the schemas that they name. What these include or import is looked
+/// for beside them, among regular files alone; nothing is fetched from the net.
+class Schemas {
+public:
+    virtual ~Schemas() = default;
+    /// `step` is called about ten times a second; false cancels.
+    virtual SchemaAnswer Check(const SchemaRequest& request, const std::function<bool()>& step) = 0;
+};
+
+/// The bounds of one check.
+struct SchemaLimits {
+    int seconds = 30;               ///< of processor time
+    qint64 bytes = qint64(3) << 30; ///< of address space
+};
+
+/// By a program of its own within these bounds; `program` empty: vantrel-schemas beside this one.
+std::unique_ptr<Schemas> MakeSchemas(const QString& program = {}, const SchemaLimits& limits = {});
+
+} // namespace services

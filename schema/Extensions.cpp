@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "schema/Extensions.h"
+#include "core/edit/Report.h"
+#include "core/edit/Transaction.h"
+#include "core/model/Attributes.h"
+#include "core/model/NodeKind.h"
+#include "nodes/ListState.h"
+#include "schema/SchemaState.h"
+
+namespace schema {
+
+namespace {
+
+using controls::TreeNode;
+
+struct Extension {
+    bool SchemaState::*enabled;
+    const char* prefix;
+    const char* declaration;
+};
+constexpr Extension kMsSql{&SchemaState::mbEnabledMsSQL, "sql",
+                           "xmlns:sql=\"urn:schemas-microsoft-com:mapping-schema\""};
+constexpr Extension kOracle{&SchemaState::mbEnabledOracle, "xdb",
+                            "xmlns:xdb=\"http://xmlns.oracle.com/xdb\""};
+
+bool UsesPrefix(TreeNode element, const QString& prefix) {
+    if (element.Text().startsWith(prefix))
+        return true;
+    const m_tvXML::Attributes attributes(element);
+    return std::any_of(attributes.names().begin(), attributes.names().end(),
+                       [&](const QString& name) { return name.startsWith(prefix); });
+}
+
+TreeNode NextInDocument(TreeNode node, TreeNode top) {
+    if (node.Child())
+        return node.Child();
+    while (node != top && !node.Next())
+        node = node.Parent();
+    return node == top ? TreeNode() : node.Next();
+}
+
+bool IsPrefixInUse(TreeNode top, const QString& prefix) {
+    for (TreeNode node = top; node; node = NextInDocument(node, top)) {
+        if (m_tvXML::IsElement(node) && UsesPrefix(node, prefix))
+            return true;
+    }
+    return false;
+}
+
+void Declare(DocumentWindow& window, TreeNode schema, const Extension& extension) {
+    const QString declaration = QLatin1String(extension.declaration);
+    if (schema.Tag().contains(declaration))
+        return;
+    const QString name = QStringLiteral("xmlns:") + QLatin1String(extension.prefix);
+    if (m_tvXML::Attributes(schema).contains(name)) { // quirk 89
+        edit::Message(window.app, name + QStringLiteral(" is declared already, for another namespace."));
+        return;
+    }
+    schema.SetTag(schema.Tag() + u' ' + declaration);
+}
+
+void TakeDeclarationAway(DocumentWindow& window, TreeNode schema, const Extension& extension) {
+    const QString declaration = QLatin1String(extension.declaration);
+    if (!schema.Tag().contains(declaration))
+        return;
+    const QString prefix = QLatin1String(extension.prefix) + QStringLiteral(":");
+    if (IsPrefixInUse(schema, prefix)) { // quirk 90
+        edit::Message(window.app,
+                      QStringLiteral("Names with the prefix %1 stay, and their declaration with them.")
+                          .arg(QLatin1String(extension.prefix)));
+        return;
+    }
+    schema.SetTag(schema.Tag().remove(declaration + u' ').remove(declaration));
+}
+
+void Set(DocumentWindow& window, const char* routine, const Extension& extension, bool enabled) {
+    edit::Run(window, routine, [&] {
+        SchemaOf(window).*extension.enabled = enabled;
+        nodes::ShowRowsAnew(window);
+        const TreeNode schema = GetSchemaNode(window.tvXML);
+        if (!schema)
+            return;
+        if (enabled)
+            Declare(window, schema, extension);
+        else
+            TakeDeclarationAway(window, schema, extension);
+    });
+}
+
+} // namespace
+
+void EnableMSSQL(DocumentWindow& window) {
+    Set(window, "EnableMSSQL", kMsSql, true);
+}
+
+void DisableMSSQL(DocumentWindow& window) {
+    Set(window, "DisableMSSQL", kMsSql, false);
+}
+
+void EnableOracle(DocumentWindow& window) {
+    Set(window, "EnableOracle", kOracle, true);
+}
+
+void DisableOracle(DocumentWindow& window) {
+    Set(window, "DisableOracle", kOracle, false);
+}
+
+void ToggleMSSQL(DocumentWindow& window) {
+    if (SchemaOf(window).mbEnabledMsSQL)
+        DisableMSSQL(window);
+    else
+        EnableMSSQL(window);
+}
+
+void ToggleOracle(DocumentWindow& window) {
+    if (SchemaOf(window).mbEnabledOracle)
+        DisableOracle(window);
+    else
+        EnableOracle(window);
+}
+
+} // namespace schema

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/model/DocumentWindow.h"
+#include <QString>
+
+namespace schema {
+
+/// What a schema window keeps.
+struct SchemaState {
+    QString msPrefix;            ///< of the schema's element names, without colon; may be empty
+    bool mbEnabledMsSQL = false; ///< the annotation attributes of the extension are offered
+    bool mbEnabledOracle = false;
+    bool checking = false; ///< a check is under way that the user asked for
+    bool untold = false;   ///< the last one has found faults that no box has told of
+};
+
+SchemaState& SchemaOf(DocumentWindow& window);
+
+/// A name of the schema language as this document writes it: behind the prefix, if it has one.
+QString Prefixed(DocumentWindow& window, const QString& name);
+
+/// The first child of the tree's root node whose local name is "schema"; nothing without one.
+controls::TreeNode GetSchemaNode(const controls::TreeView& tree);
+
+/// The local part of a name.
+QString LocalName(const QString& name);
+
+} // namespace schema

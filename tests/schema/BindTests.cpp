@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A plain document and its schema: binding, and the view that shows it.
+#include "tests/nodes/ListDesk.h"
+
+namespace {
+
+using services::Answer;
+
+constexpr char kXsi[] = "xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\"";
+
+struct Bind : test::ListDesk {
+    /// The root element's attributes after a schema was chosen for it.
+    std::string Applied(const QByteArray& attributes, const QString& schema) {
+        Open("<a " + attributes + "/>", QStringLiteral("d%1.xml").arg(++count_));
+        t.prompts.Choose(schema);
+        t.ChooseMenu(QStringLiteral("mnuApplySchema"));
+        return Element().Tag().toStdString();
+    }
+
+private:
+    int count_ = 0;
+};
+
+TEST_F(Bind, TheLocationGoesWhereTheRootElementHasIt) {
+    const std::string xsi = kXsi;
+    const QByteArray bound = QByteArray(kXsi) + " ";
+    EXPECT_EQ(Applied("", QStringLiteral("/s/a.xsd")), xsi + " xsi:noNamespaceSchemaLocation=\"/s/a.xsd\"");
+    EXPECT_EQ(Applied("n='1'", QStringLiteral("/s/a & b.xsd")),
+              "n=\"1\" " + xsi + " xsi:noNamespaceSchemaLocation=\"/s/a &amp; b.xsd\"");
+    EXPECT_EQ(Applied(bound, QStringLiteral("/s/a.xsd")), xsi + " xsi:noNamespaceSchemaLocation=\"/s/a.xsd\"")
+        << "a prefix isn't declared twice";
+    EXPECT_TRUE(t.prompts.boxes.empty());
+
+    t.prompts.Answer({Answer::Yes, Answer::Yes, Answer::Yes, Answer::No});
+    EXPECT_EQ(Applied(bound + "xsi:noNamespaceSchemaLocation='old.xsd'", QStringLiteral("new.xsd")),
+              xsi + " xsi:noNamespaceSchemaLocation=\"new.xsd\"");
+    EXPECT_EQ(t.prompts.Texts().back(),
+              QStringLiteral("This file already applied a schema. Do you want to proceed?"));
+    // The letters of the old location stand in the namespace as well, and a second namespace has its own.
+    EXPECT_EQ(Applied(bound + "xsi:schemaLocation='urn:o o urn:p p.xsd' o='o'", QStringLiteral("n w.xsd")),
+              xsi + " xsi:schemaLocation=\"urn:o n%20w.xsd urn:p p.xsd\" o=\"o\"");
+    EXPECT_EQ(Applied(bound + "xsi:schemaLocation='urn:o'", QStringLiteral("n.xsd")),
+              xsi + " xsi:schemaLocation=\"urn:o\"");
+    EXPECT_EQ(Applied(bound + "xsi:noNamespaceSchemaLocation='old.xsd'", QStringLiteral("new.xsd")),
+              xsi + " xsi:noNamespaceSchemaLocation=\"old.xsd\"")
+        << "declined";
+    EXPECT_EQ(Applied("n='1'", {}), "n=\"1\"") << "no file was chosen";
+    EXPECT_FALSE(w->bond.bTextChanged());
+}
+
+TEST_F(Bind, TheSchemaViewShowsTheSchemaFromTheDocumentsFolder) {
+    const QByteArray schema = "<schema xmlns='http://www.w3.org/2001/XMLSchema'/>";
+    t.folder.Write(QStringLiteral("a b.xsd"), schema);
+    const QByteArray location = "<a " + QByteArray(kXsi) + " xsi:schemaLocation='urn:x a%20b.xsd'/>";
+    Open(location);
+    t.ChooseMenu(QStringLiteral("mnuGotoSchema"));
+    EXPECT_EQ(w->tbsXML.SelectedKey(), QStringLiteral("schema"));
+    EXPECT_EQ(w->txtSchema.Text(), QString::fromUtf8(schema));
+    EXPECT_GT(w->txtSchema.Runs().size(), 1U) << "it has its colours";
+    EXPECT_TRUE(w->txtSchema.Locked);
+    t.folder.Write(QStringLiteral("new.xsd"), "<new/>");
+    t.prompts.Answer(Answer::Yes);
+    t.prompts.Choose(t.folder.Path(QStringLiteral("new.xsd")));
+    t.ChooseMenu(QStringLiteral("mnuApplySchema"));
+    EXPECT_EQ(w->txtSchema.Text(), QStringLiteral("<new/>"));
+
+    Open("<a " + QByteArray(kXsi) + " xsi:noNamespaceSchemaLocation='missing.xsd'/>",
+         QStringLiteral("b.xml"));
+    w->tbsXML.Select(QStringLiteral("schema"));
+    EXPECT_EQ(w->txtSchema.Text(), QString()) << "nothing, and no box";
+    Open("<a " + QByteArray(kXsi) + " xsi:noNamespaceSchemaLocation='http://127.0.0.1:9/x.xsd'/>",
+         QStringLiteral("c.xml"));
+    t.prompts.Answer(Answer::No);
+    w->tbsXML.Select(QStringLiteral("schema"));
+    EXPECT_TRUE(t.prompts.Texts().back().contains(QStringLiteral("http://127.0.0.1:9/x.xsd")));
+}
+
+} // namespace

@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The check of schemas, of documents against them, and what the user is told and shown of it.
+#include "schema/Diagnostics.h"
+#include "schema/SchemaState.h"
+#include "tests/nodes/ListDesk.h"
+#include "tests/support/LoopbackServer.h"
+#include <QDirIterator>
+#include <sys/stat.h>
+
+namespace {
+
+using services::Answer;
+
+constexpr char kGood[] = "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'>"
+                         "<xs:element name='a'><xs:complexType><xs:sequence>"
+                         "<xs:element name='b' type='xs:int' maxOccurs='2'/></xs:sequence>"
+                         "<xs:attribute name='n' type='xs:int' use='required'/></xs:complexType></xs:element>"
+                         "</xs:schema>";
+
+struct Check : test::ListDesk {
+    void Show(const QString& name, const QByteArray& text) { w = &t.OpenText(name, text); }
+    controls::ListView& Faults() { return schema::DiagnosticsOf(*w).lvDiagnostics; }
+    std::string Fault(int row, int column) {
+        const controls::ListItem& item = Faults().Item(row);
+        return (column == 1 ? item.Text : item.Sub[static_cast<std::size_t>(column - 2)]).toStdString();
+    }
+    QByteArray Inside(const QByteArray& inside) {
+        return "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'>" + inside + "</xs:schema>";
+    }
+    void Validate() {
+        w->tbsXML.Select(QStringLiteral("textview"));
+        t.ChooseMenu(QStringLiteral("mnuXMLValidate"));
+    }
+    QString LastText() { return t.prompts.boxes.empty() ? QString() : t.prompts.boxes.back().text; }
+};
+
+TEST_F(Check, AFaultOfASchemaIsToldAndItsNodeAndTextComeUp) {
+    t.prompts.Answer(Answer::Ok);
+    Show(QStringLiteral("a.xsd"), Inside("<xs:element name='a'/><xs:element name='b' type='xs:nothing'/>"));
+    EXPECT_EQ(LastBox(), "Schema error!");
+    EXPECT_EQ(t.prompts.boxes.back().icon, services::Icon::Critical);
+    const QStringList told = LastText().split(u'\n');
+    EXPECT_EQ(told[0], w->Caption + QStringLiteral("#/schema[1]/element[2]"));
+    EXPECT_TRUE(told[1].contains(QStringLiteral("XMLSchema:nothing"))) << told[1].toStdString();
+    EXPECT_EQ(w->txtXPath.Text(), QStringLiteral("/xs:schema[1]/xs:element[2]"));
+    EXPECT_EQ(w->tbsXML.SelectedKey(), QStringLiteral("textview"));
+    EXPECT_EQ(w->rtxtXML.Long().mid(w->rtxtXML.SelStart(), 21), QStringLiteral("<xs:element name='b' "));
+    EXPECT_EQ(Faults().Count(), 1);
+    EXPECT_EQ(Fault(1, 3), "/xs:schema[1]/xs:element[2]");
+
+    // One that is saved is told of in the list alone: the user goes on typing.
+    const qsizetype at = w->rtxtXML.Text().indexOf(QStringLiteral("nothing"));
+    w->rtxtXML.GotFocus();
+    w->rtxtXML.UserSelected(at, 7);
+    w->rtxtXML.Type(QStringLiteral("never"));
+    t.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(t.prompts.boxes.size(), 1U);
+    EXPECT_NE(Fault(1, 2).find("never"), std::string::npos);
+    EXPECT_EQ(w->rtxtXML.Text().mid(w->rtxtXML.SelStart() - 5, 5), QStringLiteral("never"));
+    t.prompts.Answer(Answer::Ok);
+    w->rtxtXML.LostFocus();
+    EXPECT_TRUE(LastText().contains(QStringLiteral("never"))) << "it is told when the text is left";
+    w->rtxtXML.LostFocus();
+    EXPECT_EQ(t.prompts.boxes.size(), 2U) << "once";
+
+    t.EditText(QString::fromUtf8(kGood));
+    EXPECT_EQ(Faults().Count(), 0) << "it is checked again when the text is left";
+    t.prompts.Answer(Answer::Ok);
+    Validate();
+    EXPECT_EQ(LastText(), QStringLiteral("It is valid XML!"));
+}
+
+TEST_F(Check, WhatIsNoSchemaOrABadOneIsTold) {
+    const QByteArray cases[] = {
+        "<a/>",
+        "<schema/>",
+        "<xs:schema xmlns:xs='urn:x'/>",
+        Inside("<xs:schema/>"),
+        Inside("<xs:simpleType name='t'><xs:restriction base='t'/></xs:simpleType>"),
+        Inside("<xs:simpleType name='t'><xs:restriction base='xs:int'><xs:minInclusive value='2'/>"
+               "<xs:maxInclusive value='1'/></xs:restriction></xs:simpleType>"),
+        Inside("<xs:complexType name='t'><xs:sequence><xs:element name='a' minOccurs='0'/>"
+               "<xs:element name='a' type='xs:int'/></xs:sequence></xs:complexType>"),
+    };
+    int number = 0;
+    for (const QByteArray& text : cases) {
+        SCOPED_TRACE(text.toStdString());
+        t.prompts.Answer(Answer::Ok);
+        Show(QStringLiteral("s%1.xsd").arg(++number), text);
+        EXPECT_EQ(LastBox(), "Schema error!");
+        EXPECT_GT(Faults().Count(), 0);
+    }
+    Show(QStringLiteral(
+             "reused.xsd"), // a prefix bound anew inside, a namesake of another namespace, long words
+         Inside("<xs:annotation><xs:documentation>" + QByteArray(2'000'000, 'w') +
+                "<xs:element xmlns:xs='urn:o' name='x'/></xs:documentation></xs:annotation>"
+                "<xs:element name='a'/>"));
+    EXPECT_EQ(Faults().Count(), 0);
+}
+
+TEST_F(Check, OtherDocumentsAreLookedForBesideTheFile) {
+    t.folder.Write(QStringLiteral("part.xsd"), Inside("<xs:element name='p' type='xs:int'/>"));
+    t.folder.Write(QStringLiteral("round.xsd"), Inside("<xs:include schemaLocation='round.xsd'/>"));
+    Show(QStringLiteral("whole.xsd"),
+         Inside("<xs:include schemaLocation='part.xsd'/>"
+                "<xs:include schemaLocation='./round.xsd'/>"
+                "<xs:import namespace='http://www.w3.org/XML/1998/namespace' "
+                "schemaLocation='http://www.w3.org/2001/xml.xsd'/>"
+                "<xs:group name='g'><xs:sequence><xs:element ref='p'/></xs:sequence>"
+                "</xs:group><xs:attributeGroup name='h'><xs:attribute ref='xml:lang'/>"
+                "</xs:attributeGroup>"));
+    EXPECT_EQ(Faults().Count(), 0);
+
+    // What a part has wrong leads into its own window.
+    t.folder.Write(QStringLiteral("part.xsd"), Inside("\n<xs:element name='p' type='xs:nothing'/>"));
+    t.prompts.Answer({Answer::Ok, Answer::Ok});
+    Validate();
+    EXPECT_EQ(LastBox(), "Schema error!");
+    ASSERT_EQ(Faults().Count(), 1);
+    EXPECT_EQ(Fault(1, 1).substr(0, 10), "part.xsd 2");
+    DocumentWindow* whole = w;
+    Faults().ItemClick(1);
+    EXPECT_NE(&t.window(), whole);
+    EXPECT_EQ(t.window().txtXPath.Text(), QStringLiteral("/xs:schema[1]/xs:element[1]"));
+}
+
+// Nothing hangs, and what can't be had is told without a box at opening.
+TEST_F(Check, WhatCantBeHadIsInTheList) {
+    mkfifo((t.folder.Path(QStringLiteral("pipe.xsd"))).toUtf8().constData(), 0600);
+    for (const char* location : {"missing.xsd", ".", "pipe.xsd", "/dev/zero", "http://127.0.0.1:9/x.xsd"}) {
+        SCOPED_TRACE(location);
+        Show(QStringLiteral("s%1.xsd").arg(qHash(QByteArray(location))),
+             Inside(QByteArray("<xs:include schemaLocation='") + location + "'/>"));
+        ASSERT_EQ(Faults().Count(), 1);
+        EXPECT_NE(Fault(1, 2).find("can't be read"), std::string::npos) << Fault(1, 2);
+    }
+    t.ChooseMenu(QStringLiteral("mnuNewschema"));
+    w = &t.window();
+    t.EditText(QString::fromUtf8(Inside("<xs:include schemaLocation='part.xsd'/>")));
+    ASSERT_EQ(Faults().Count(), 1);
+    EXPECT_NE(Fault(1, 2).find("no place yet"), std::string::npos) << Fault(1, 2);
+    EXPECT_TRUE(t.prompts.boxes.empty());
+}
+
+TEST_F(Check, AnAddressIsFetchedOnlyWhereTheUserAllowsIt) {
+    const test::LoopbackServer server([this](const QByteArray&) {
+        return "HTTP/1.0 200 OK\r\nContent-Type: text/xml\r\n\r\n" + Inside("<xs:element name='p'/>");
+    });
+    const QString address = server.Url(QStringLiteral("/part.xsd"));
+    Show(QStringLiteral("a.xsd"),
+         Inside("<xs:include schemaLocation='" + address.toUtf8() +
+                "'/><xs:group name='g'><xs:sequence><xs:element ref='p'/></xs:sequence></xs:group>"));
+    EXPECT_EQ(Faults().Count(), 3) << "what is missing, and what follows from that";
+    t.prompts.Answer({Answer::No, Answer::Ok});
+    Validate();
+    EXPECT_TRUE(t.prompts.boxes[0].text.contains(address));
+    EXPECT_EQ(t.prompts.boxes[1].title, QStringLiteral("Schema error!"));
+    t.prompts.Answer({Answer::Yes, Answer::Ok});
+    Validate();
+    EXPECT_EQ(LastText(), QStringLiteral("It is valid XML!"));
+    EXPECT_EQ(Faults().Count(), 0);
+}
+
+TEST_F(Check, ABoundDocumentIsCheckedAgainstItsSchema) {
+    t.folder.Write(QStringLiteral("a.xsd"), kGood);
+    constexpr char kBound[] = "<a xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' "
+                              "xsi:noNamespaceSchemaLocation='a.xsd' ";
+    Show(QStringLiteral("good.xml"), QByteArray(kBound) + "n='1'><b>1</b></a>");
+    t.prompts.Answer(Answer::Ok);
+    Validate();
+    EXPECT_EQ(LastText(), QStringLiteral("It is valid XML!"));
+
+    Show(QStringLiteral("bad.xml"), QByteArray(kBound) + "><b>x</b><b>1</b><b>2</b></a>");
+    EXPECT_EQ(Faults().Count(), 0) << "opening it checks nothing";
+    t.prompts.Answer(Answer::Ok);
+    Validate();
+    EXPECT_EQ(LastBox(), "Schema error!");
+    ASSERT_EQ(Faults().Count(), 3);
+    EXPECT_EQ(Fault(1, 3), "/a[1]");
+    EXPECT_EQ(Fault(2, 3), "/a[1]/b[1]");
+    EXPECT_EQ(Fault(3, 3), "/a[1]") << "told at its end tag";
+
+    // F8 walks through them, in any view, and begins anew behind the last.
+    w->tbsXML.Select(QStringLiteral("listview"));
+    std::string walked;
+    for (const char* entry : {"mnuNextDiagnostic", "mnuNextDiagnostic", "mnuNextDiagnostic",
+                              "mnuNextDiagnostic", "mnuPreviousDiagnostic", "mnuPreviousDiagnostic"}) {
+        t.ChooseMenu(QLatin1String(entry));
+        walked += std::to_string(Faults().SelectedItem()) + w->txtXPath.Text().toStdString() + ' ';
+    }
+    EXPECT_EQ(walked, "1/a[1] 2/a[1]/b[1] 3/a[1] 1/a[1] 3/a[1] 2/a[1]/b[1] ");
+    EXPECT_FALSE(t.frame().StatusBar1().Panel(1).isEmpty());
+
+    t.prompts.Answer(Answer::Ok); // a text that isn't well-formed has its fault in the list
+    w->tbsXML.Select(QStringLiteral("textview"));
+    w->rtxtXML.GotFocus();
+    w->rtxtXML.UserSelected(0, w->rtxtXML.Text().size());
+    w->rtxtXML.Type(QStringLiteral("<a>\r\n<b></a>"));
+    t.ChooseMenu(QStringLiteral("mnuXMLValidate"));
+    ASSERT_EQ(Faults().Count(), 1);
+    EXPECT_EQ(Fault(1, 1).substr(0, 1), "2");
+    t.prompts.AllowAnyBox();
+}
+
+// A check that needs too much is given up, and the program goes on.
+TEST_F(Check, AGreedySchemaIsGivenUp) {
+    const auto bounded = services::MakeSchemas({}, {.seconds = 1, .bytes = qint64(3) << 30});
+    const auto none = services::MakeSchemas(QStringLiteral("/nowhere/at/all"));
+    QByteArray lengthy; // the time grows with the square of the declarations
+    for (int i = 0; i < 40'000; ++i)
+        lengthy += "<xs:element name='e" + QByteArray::number(i) + "' type='xs:string'/>";
+    QByteArray large = "<xs:element name='e' maxOccurs='3000'/>";
+    for (int i = 0; i < 12; ++i)
+        large = "<xs:sequence minOccurs='0' maxOccurs='900'>" + large + "</xs:sequence>";
+    large = "<xs:complexType name='t'>" + large + "</xs:complexType>";
+    const auto outcome = [&](services::Schemas& checker, const QByteArray& inside,
+                             const std::function<bool()>& step = {}) {
+        services::SchemaRequest request;
+        request.schema = true;
+        request.text = text::LongText(QString::fromUtf8(Inside(inside)));
+        return checker.Check(request, step).outcome;
+    };
+    EXPECT_EQ(outcome(*bounded, lengthy), services::SchemaOutcome::TooLong);
+    EXPECT_NE(outcome(*bounded, large), services::SchemaOutcome::Checked);
+    EXPECT_EQ(outcome(*bounded, lengthy, [] { return false; }), services::SchemaOutcome::Cancelled);
+    EXPECT_EQ(outcome(*bounded, {}), services::SchemaOutcome::Checked);
+    EXPECT_EQ(outcome(*none, {}), services::SchemaOutcome::Failed);
+}
+
+// Those that the packages of the machine have brought, with what stands beside them.
+TEST_F(Check, EachSchemaOfTheMachineOpensIsCheckedAndSavesUnchanged) {
+    QStringList names;
+    for (const char* root : {"/usr/share", "/usr/lib"}) {
+        QDirIterator files(QLatin1String(root), {QStringLiteral("*.xsd")}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext() && names.size() < 100) {
+            QFile file(files.next());
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
+            names << file.fileName().mid(1);
+            t.folder.Write(names.back(), file.readAll());
+        }
+    }
+    if (names.isEmpty())
+        GTEST_SKIP() << "no package of this machine has brought a schema";
+    t.prompts.AllowAnyBox();
+    for (const QString& name : std::as_const(names)) {
+        SCOPED_TRACE(name.toStdString());
+        const QByteArray bytes = t.folder.Read(name);
+        Show(name, bytes);
+        // One that is kept in another document is told to be none.
+        EXPECT_TRUE(schema::GetSchemaNode(w->tvXML) || Faults().Count() > 0);
+        for (int row = 1; row <= Faults().Count(); ++row)
+            EXPECT_EQ(Fault(row, 2).find("The check"), std::string::npos) << Fault(row, 2);
+        t.ChooseMenu(QStringLiteral("mnuFileSave"));
+        EXPECT_EQ(t.folder.Read(name), bytes);
+        t.ChooseMenu(QStringLiteral("mnuFileClose"));
+    }
+}
+
+} // namespace
