@@ -75,6 +75,15 @@ void mnuEditPopupEditNode_Click(FrameParts& frame, int) {
 void mnuToolOptions_Click(FrameParts& frame, int) {
     frame.dialogs.ShowOptions();
 }
+void mnuTImpText_Click(FrameParts& frame, int) {
+    frame.exchange.ShowImportTxt();
+}
+void mnuTImpDbData_Click(FrameParts& frame, int) {
+    frame.exchange.ShowImportDB();
+}
+void mnuSCds_Click(FrameParts& frame, int) {
+    frame.exchange.ShowCreateDBSchema();
+}
 void mnuHelpAbout_Click(FrameParts& frame, int) {
     frame.app.services.prompts.MsgBox(
         QStringLiteral("Vantrel\r\nVersion 2.0\r\nOrvane\r\n\r\n"
@@ -129,6 +138,10 @@ constexpr FrameCommand kCommands[] = {
     {{{{"mnuToolOptions"}}, {}, kAlways}, mnuToolOptions_Click},
     {{{{"mnuHelpAbout"}}, {}, kAlways}, mnuHelpAbout_Click},
 
+    {{{{"mnuTImpText"}}, {}, kAlways}, mnuTImpText_Click},
+    {{{{"mnuTImpDbData"}}, {}, kAlways}, mnuTImpDbData_Click},
+    {{{{"mnuSCds"}}, {}, kAlways}, mnuSCds_Click},
+
     // Menus that can be opened without a window.
     {{{{"mnuFile"}, {"mnuEdit"}, {"mnuXML"}}, {}, kAlways}},
     {{{{"mnuTool"}, {"mnuWindow"}, {"mnuHelp"}}, {}, kAlways}},
@@ -136,7 +149,6 @@ constexpr FrameCommand kCommands[] = {
 
     // Not there yet.
     {{{{"mnuHelpContents"}, {"mnuShowonlinehelp"}}, {}, kAlways}},
-    {{{{"mnuTImpText"}, {"mnuTImpDbData"}, {"mnuSCds"}}, {}, kAlways}},
     {{{{"mnuTExpToText"}, {"mnuTExpToDb"}}, {}, nullptr, In::XMLWindow}},
     {{{{"mnuGotoSchema"}, {"mnuGenSchema"}, {"mnuApplySchema"}}, {}, nullptr, In::XMLWindow}},
     {{{{"mnuTCDBSOnSchema"}, {"mnuTHtmlToXml2"}}, {}, kNever}},

@@ -73,6 +73,9 @@ public:
     /// Likewise, until frmEditNodes::unloaded.
     controls::Event<frmEditNodes&>& editNodesShown = parts_.dialogs.editNodesShown;
 
+    /// The dialogs of data in and out.
+    exchange::ExchangeDialogs& exchangeDialogs = parts_.exchange;
+
     // --- commands -----------------------------------------------------------------------------------------
     void ErrorReportBox(const text::Fault& fault, const QString& routineName) override;
     void RunMenuCommand(const QString& entry) override;

@@ -50,7 +50,7 @@ Journal::Entry* Journal::EntryOf(const DocumentWindow& window) {
     return found == entries_.end() ? nullptr : &*found;
 }
 
-void Journal::Watch(DocumentWindow& window) {
+void Journal::Watch(DocumentWindow& window, bool made) {
     if (!store_)
         return;
     Entry* entry = EntryOf(window);
@@ -58,7 +58,8 @@ void Journal::Watch(DocumentWindow& window) {
         entry = &entries_.emplace_back();
     *entry = Entry();
     entry->window = &window;
-    entry->saved = window.TextInUse().Long();
+    if (!made)
+        entry->saved = window.TextInUse().Long();
     tmJournal.SetEnabled(true);
 }
 
@@ -238,9 +239,8 @@ FetchedText Journal::TakeBack(const Orphan& orphan) {
 
 void Journal::Adopt(DocumentWindow& window, Orphan orphan) {
     window.bond.msOpenText = {};
-    Watch(window);
+    Watch(window, true);
     if (Entry* entry = EntryOf(window)) {
-        entry->saved.reset();
         entry->file = std::move(orphan.file);
         entry->name = orphan.name;
         entry->written = orphan.text;

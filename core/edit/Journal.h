@@ -39,8 +39,9 @@ public:
     controls::Timer tmJournalOn{100}; ///< goes on with what was too much for one tick
     int mostMilliseconds = 25;        ///< of a tick; it ends with the record in which they run out
 
-    /// The window has a document now, as its file or a new one has it. A journal that it had stays behind.
-    void Watch(DocumentWindow& window);
+    /// The window has a document now, as its file or a new one has it; a `made` one stands nowhere else. A
+    /// journal that it had stays behind.
+    void Watch(DocumentWindow& window, bool made = false);
     /// Writes what has changed.
     void Tick();
     /// The same, however long it takes: the run is about to end, or the text is in danger.

@@ -75,11 +75,11 @@ void FillWindow(DocumentWindow& window, const FetchedText& fetched) {
         window.way->begin(window, fetched);
         const text::LongText& text = window.way->text(window);
         if (!text.holdsOnly(u" \t\r\n"))
-            window.bond.msOpenText = text;
+            window.bond.msOpenText = fetched.made ? text::LongText() : text;
     }
     TellPathAgain(window);
     edit.Close();
-    JournalOf(window.app).Watch(window);
+    JournalOf(window.app).Watch(window, fetched.made);
 }
 
 void OpenFile(Application& app, const QString& fileName, DocumentWindow*& form) {

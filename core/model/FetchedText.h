@@ -13,6 +13,7 @@ struct FetchedText {
     text::LongText text; ///< with CR LF line ends
     text::FileForm form;
     bool cancelled = false; ///< the user stopped the fetching: nothing is to follow
+    bool made = false;      ///< by the program: it stands in no file yet, and counts as changed
     /// The text taken apart, also where that failed; nothing before that. What parses the text
     /// first takes it along, so that a large one isn't kept longer than it is needed.
     mutable std::shared_ptr<xml::ParsedDocument> parsed;

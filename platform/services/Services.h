@@ -81,6 +81,8 @@ public:
     /// (Cancelled) by returning false.
     virtual FileResult Read(const QString& path, QByteArray& bytes,
                             const std::function<bool(qint64, qint64)>& step = {}) = 0;
+    /// The first bytes of a regular file, `most` at the most; `size` is the whole file's. Fails as Read does.
+    virtual FileResult ReadFront(const QString& path, qint64 most, QByteArray& bytes, qint64& size) = 0;
     /// Replaces or makes a file whole or not at all: written beside it, flushed, renamed. Follows a symbolic
     /// link to its target. Access rights stay as they were; a file without any write permission bit, or that
     /// this user may not write, is ReadOnly.
