@@ -21,10 +21,13 @@ template <typename Act> double Milliseconds(Act act) {
 
 class NoPrompts : public services::Prompts {
 public:
-    services::Answer MsgBox(const QString& text, services::Buttons, services::Icon, const QString&) override {
+    services::Answer MsgBox(const QString& text, services::Buttons, services::Icon, const QString&,
+                            const QString&) override {
         std::fprintf(stderr, "%s\n", qPrintable(text));
         return services::Answer::No;
     }
+    int Choose(const QString&, const QStringList&, int) override { return -1; }
+    void ShowText(const QString&, const QString&) override {}
     QString OpenFileName(const QString&, const QString&) override { return {}; }
     QString SaveFileName(const QString&, const QString&, const QString&) override { return {}; }
     std::optional<std::uint32_t> ChooseColour(std::uint32_t) override { return {}; }

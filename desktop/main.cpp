@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/edit/FileOnDisk.h"
 #include "core/edit/Journal.h"
 #include "core/model/Application.h"
 #include "desktop/base/QtClipboard.h"
@@ -36,6 +37,13 @@ void PrepareLook() {
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("text-xml")));
 }
 
+// A question takes the keys from whatever has them.
+bool NothingElseGoesOn() {
+    return QGuiApplication::applicationState() == Qt::ApplicationActive &&
+           !QApplication::activeModalWidget() && !QApplication::activePopupWidget() &&
+           QGuiApplication::mouseButtons() == Qt::NoButton;
+}
+
 // For measuring: VANTREL_MEASURE=frame ends the program when the frame has been painted, =document when the
 // given documents have been, without the time that tidying up takes.
 void EndIfMeasured(const char* moment) {
@@ -67,7 +75,9 @@ int main(int argumentCount, char** arguments) {
     const auto clock = services::MakeClock();
     desktop::QtClipboard clipboard;
     const auto journal = services::MakeJournalStore();
-    Application app({prompts, progress, *settings, *files, *http, *clock, clipboard, journal.get()});
+    const auto watch = services::MakeFileWatch();
+    Application app(
+        {prompts, progress, *settings, *files, *http, *clock, clipboard, journal.get(), watch.get()});
     frmMDIMain frame(app);
     frame.MDIForm_Load();
     qt.faulted = [&frame](const text::Fault& fault) { frame.ErrorReportBox(fault, QStringLiteral("main")); };
@@ -79,6 +89,14 @@ int main(int argumentCount, char** arguments) {
     edit::Journal& unsaved = edit::JournalOf(app);
     const desktop::TimerAdapter tick(unsaved.tmJournal), goOn(unsaved.tmJournalOn);
     QObject::connect(&qt, &QGuiApplication::commitDataRequest, &qt, [&unsaved] { unsaved.WriteAll(); });
+
+    edit::OpenFiles& openFiles = edit::FilesOf(app);
+    const desktop::TimerAdapter look(openFiles.tmLook);
+    openFiles.mayAsk = NothingElseGoesOn;
+    QObject::connect(&qt, &QGuiApplication::applicationStateChanged, &qt, [&](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationActive)
+            openFiles.CameToFront(frame.ActiveForm());
+    });
 
     desktop::MainWindow window(frame);
     const QStringList names = desktop::CommandLineNames(QApplication::arguments().mid(1));

@@ -3,6 +3,7 @@
 #include "core/edit/Transaction.h"
 #include "core/edit/View.h"
 #include "core/model/NodeNumbers.h"
+#include "nodes/Adding.h"
 #include "nodes/ListEditor.h"
 #include "nodes/ListRows.h"
 #include "nodes/NewNode.h"
@@ -23,31 +24,38 @@ TreeNode BelowTheRoot(DocumentWindow& window, TreeNode selected) {
 }
 
 // The user names the new element at once. Where the window doesn't let its name be edited it gets one.
-void EditNewName(DocumentWindow& window, const QString& key) {
+void EditNewName(DocumentWindow& window, const Origin& origin, const QString& key) {
+    BeginAdding(window, origin, key);
     edit::Then(window, [&window, key] {
         TreeNode added = window.tvXML.Nodes.Find(key);
-        if (added && !window.tvXML.StartLabelEdit() && added.TextView().isEmpty())
+        if (!added || window.tvXML.StartLabelEdit())
+            return;
+        if (added.TextView().isEmpty())
             added.SetText(QStringLiteral("Unnamed"));
+        EndAdding(window);
     });
 }
 
 // The list that shows the new node lets its value be typed at once.
-void EditInList(DocumentWindow& window, const QString& key) {
+void EditInList(DocumentWindow& window, const Origin& origin, const QString& key) {
+    BeginAdding(window, origin, key);
     edit::Then(window, [&window, key] {
         const int row = edit::Shows(window, edit::kListTab) ? window.ListView1.IndexOf(key) : 0;
-        if (row < 1)
-            return;
-        SelectOnlyRow(window, row);
-        EditListViewAttribute(window);
+        if (row > 0) {
+            SelectOnlyRow(window, row);
+            EditListViewAttribute(window);
+        }
+        if (!window.txtListView.Visible())
+            EndAdding(window);
     });
 }
 
-QString AddElement(DocumentWindow& window, TreeNode relative, int relationship, bool noEdit,
-                   const QString& text = {}, const QString& tag = {}) {
+QString AddElement(DocumentWindow& window, const Origin& origin, TreeNode relative, int relationship,
+                   bool noEdit, const QString& text = {}, const QString& tag = {}) {
     const TreeNode added = NewNode(window, relative, relationship, m_tvXML::kElement, text, tag);
     window.tvXML.SetSelectedItem(added);
     if (!noEdit)
-        EditNewName(window, added.Key());
+        EditNewName(window, origin, added.Key());
     return added.Key();
 }
 
@@ -66,14 +74,16 @@ QString AddComment(DocumentWindow& window, TreeNode relative, int relationship, 
 
 QString AddNewTreeNode(DocumentWindow& window, bool noEdit, bool before) {
     return edit::Run(window, "AddNewTreeNode", [&]() -> QString {
+        const Origin origin = OriginOf(window);
         const TreeNode selected = BelowTheRoot(window, window.tvXML.SelectedItem());
         if (!selected)
             return {};
         if (IsTreeRoot(selected))
-            return AddElement(window, selected, controls::tvwChild, noEdit);
+            return AddElement(window, origin, selected, controls::tvwChild, noEdit);
         if (!IsTreeRoot(selected.Parent()) || !m_tvXML::HaveElementNodeAtXMLRootLevel(window.tvXML))
-            return AddElement(window, selected, before ? controls::tvwPrevious : controls::tvwNext, noEdit);
-        return WantsChildInstead(window) ? AddElement(window, selected, controls::tvwChild, noEdit)
+            return AddElement(window, origin, selected, before ? controls::tvwPrevious : controls::tvwNext,
+                              noEdit);
+        return WantsChildInstead(window) ? AddElement(window, origin, selected, controls::tvwChild, noEdit)
                                          : QString();
     });
 }
@@ -87,12 +97,13 @@ QString AddNewTreeSubNode(DocumentWindow& window, bool noEdit, const QString& te
             window.app.services.prompts.MsgBox(QStringLiteral("You already have one root node!"));
             return {};
         }
-        return AddElement(window, selected, controls::tvwChild, noEdit, text, tag);
+        return AddElement(window, OriginOf(window), selected, controls::tvwChild, noEdit, text, tag);
     });
 }
 
 QString AddNewTreeNodeText(DocumentWindow& window, bool noEdit, bool asChild, const QString& text) {
     return edit::Run(window, "AddNewTreeNodeText", [&]() -> QString {
+        const Origin origin = OriginOf(window);
         const TreeNode selected = BelowTheRoot(window, window.tvXML.SelectedItem());
         if (!selected || IsTreeRoot(selected))
             return {};
@@ -105,13 +116,14 @@ QString AddNewTreeNodeText(DocumentWindow& window, bool noEdit, bool asChild, co
         if (!below)
             window.tvXML.SetSelectedItem(selected.Parent());
         if (!noEdit)
-            EditInList(window, added.Key());
+            EditInList(window, origin, added.Key());
         return added.Key();
     });
 }
 
 QString AddNewTreeCommentNode(DocumentWindow& window, bool noEdit, const QString& text) {
     return edit::Run(window, "AddNewTreeCommentNode", [&]() -> QString {
+        const Origin origin = OriginOf(window);
         const TreeNode selected = BelowTheRoot(window, window.tvXML.SelectedItem());
         if (!selected)
             return {};
@@ -119,7 +131,7 @@ QString AddNewTreeCommentNode(DocumentWindow& window, bool noEdit, const QString
         const QString key = AddComment(window, selected, relationship, text);
         if (!noEdit) {
             window.tvXML.SetSelectedItem(window.tvXML.Nodes(key));
-            EditInList(window, key);
+            EditInList(window, origin, key);
         }
         return key;
     });

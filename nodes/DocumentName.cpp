@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/DocumentName.h"
+#include "core/edit/FileOnDisk.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/WriteFile.h"
 #include "core/model/FileNames.h"
@@ -19,24 +20,16 @@ void TellRefusal(Application& app, const QString& name, const services::FileResu
                                 Icon::Exclamation, edit::CopyFileTitle());
 }
 
-// The file goes along with the name; a No at the question on replacing takes the name without copying. False
-// when the system refused: the user knows why.
-bool CopyFileAlong(Application& app, const QString& oldName, const QString& newName) {
+// The file goes along with the name; a No at the question on replacing takes the name without copying: saving
+// asks again then. False when the system refused: the user knows why.
+bool CopyFileAlong(DocumentWindow& window, const QString& oldName, const QString& newName) {
     services::FileResult failure;
-    edit::CopyFileTo(app, oldName, newName, &failure);
+    if (edit::CopyFileTo(window.app, oldName, newName, &failure))
+        edit::TakeFileAsItIs(window, newName);
     if (failure)
         return true;
-    TellRefusal(app, newName, failure);
+    TellRefusal(window.app, newName, failure);
     return false;
-}
-
-// Two windows on one file would save over each other.
-bool IsOpenElsewhere(Application& app, const QString& name) {
-    const bool found = app.frame().HaveSameNameForm(name, false);
-    if (found)
-        app.services.prompts.MsgBox(name + QStringLiteral("\r\nis open in another window."), Buttons::Ok,
-                                    Icon::Exclamation);
-    return found;
 }
 
 // What the new name means for files (quirk 7): the old file is copied, and a document that has none, such as
@@ -44,12 +37,12 @@ bool IsOpenElsewhere(Application& app, const QString& name) {
 // saving could follow. False when the name can't be taken; the user knows why.
 bool TakeFileAlong(DocumentWindow& window, const QString& oldName, const QString& newName) {
     Application& app = window.app;
-    if (IsOpenElsewhere(app, newName))
+    if (edit::IsOpenElsewhere(window, newName))
         return false;
     if (!mXMLEdit::IsLocalPath(newName))
         return true;
     if (mXMLEdit::FileExist(app, oldName))
-        return CopyFileAlong(app, oldName, newName);
+        return CopyFileAlong(window, oldName, newName);
     if (mXMLEdit::FileExist(app, newName) && !edit::MayReplaceByCopy(app, newName))
         return false;
     // A name that can't be saved under is refused now, as it is for a document with a file.
@@ -58,6 +51,7 @@ bool TakeFileAlong(DocumentWindow& window, const QString& oldName, const QString
         return false;
     }
     window.bond.msOpenText = {};
+    edit::TakeFileAsItIs(window, newName);
     return true;
 }
 

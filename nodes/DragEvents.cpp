@@ -16,8 +16,7 @@ QString KeyOf(TreeNode node) {
 }
 
 TreeNode ReadyTarget(DocumentWindow& window, const QString& key) {
-    FinishEdits(window);
-    return window.tvXML.Nodes.Find(key);
+    return FinishEdits(window) ? window.tvXML.Nodes.Find(key) : TreeNode();
 }
 
 void ConnectTreeDrag(DocumentWindow& window) {

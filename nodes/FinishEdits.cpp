@@ -3,19 +3,21 @@
 #include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
 #include "nodes/ListCommit.h"
+#include "nodes/ListState.h"
 
 namespace nodes {
 
-void FinishEdits(DocumentWindow& window) {
+bool FinishEdits(DocumentWindow& window) {
     window.tvXML.FinishLabelEdit();
     window.ListView1.FinishLabelEdit();
     txtListView_LostFocus(window);
+    return !window.tvXML.LabelKept() && !window.ListView1.LabelKept() && !ListOf(window).bRefused;
 }
 
 bool FinishAllEdits(DocumentWindow& window) {
-    FinishEdits(window);
-    return !window.bond.bTextChanged() ||
-           edit::Run(window, "FinishAllEdits", [&] { return window.way->read(window); });
+    return FinishEdits(window) && (!window.bond.bTextChanged() || edit::Run(window, "FinishAllEdits", [&] {
+               return window.way->read(window);
+           }));
 }
 
 } // namespace nodes

@@ -5,6 +5,7 @@
 #include "core/model/Attributes.h"
 #include "core/model/NodeNumbers.h"
 #include "nodes/AddNodes.h"
+#include "nodes/Adding.h"
 #include "nodes/ListEditor.h"
 #include "nodes/ListRows.h"
 
@@ -44,26 +45,37 @@ bool EditLabel(DocumentWindow& window, const QString& key) {
     return window.ListView1.StartLabelEdit();
 }
 
-// A new element without a name gets one when the user gives none.
-void EditName(DocumentWindow& window, const QString& key) {
+// Beside another view a new element gets a name at once.
+void EditName(DocumentWindow& window, const Origin& origin, const QString& key) {
+    if (key.isEmpty())
+        return;
     GoTo(window, key);
+    BeginAdding(window, origin, key);
     edit::Then(window, [&window, key] {
-        const bool editing = EditLabel(window, key);
+        if (EditLabel(window, key))
+            return;
         TreeNode node = window.tvXML.Nodes.Find(key);
-        if (!editing && node && node.TextView().isEmpty())
+        if (node && node.TextView().isEmpty())
             node.SetText(QStringLiteral("Unnamed"));
+        EndAdding(window);
     });
 }
 
 // `missing`: the routine that reports a row that isn't there.
-void EditValue(DocumentWindow& window, const QString& key, const char* missing = nullptr) {
+void EditValue(DocumentWindow& window, const Origin& origin, const QString& key,
+               const char* missing = nullptr) {
+    if (key.isEmpty())
+        return;
     GoTo(window, key);
+    BeginAdding(window, origin, key);
     edit::Then(window, [&window, key, missing] {
         if (ChooseRow(window, key))
             EditListViewAttribute(window);
-        else if (missing && !key.isEmpty() && edit::Shows(window, edit::kListTab))
+        else if (missing && edit::Shows(window, edit::kListTab))
             ErrorReportBox(window.app, {text::kFaultNotFound, QStringLiteral("Element not found")},
                            QLatin1String(missing));
+        if (!window.txtListView.Visible())
+            EndAdding(window);
     });
 }
 
@@ -106,30 +118,38 @@ TreeNode ElementForAttribute(DocumentWindow& window) {
 
 void AddNewListViewNode(DocumentWindow& window) {
     edit::Run(window, QStringLiteral("frmXMLEdit.AddNewListViewNode error."), [&] {
+        const Origin origin = OriginOf(window);
         const TreeNode row = RowNode(window), shown = window.tvXML.SelectedItem();
         if (!shown)
             return;
         const bool beside = row || IsLeaf(shown);
-        EditName(window, AddOn(window, row ? row : shown, [&] {
-                     return beside ? AddNewTreeNode(window, true) : AddNewTreeSubNode(window, true);
-                 }));
+        const QString key = AddOn(window, row ? row : shown, [&] {
+            return beside ? AddNewTreeNode(window, true) : AddNewTreeSubNode(window, true);
+        });
+        EditName(window, origin, key);
     });
 }
 
 void AddNewListViewChildNode(DocumentWindow& window) {
     edit::Run(window, QStringLiteral("frmXMLEdit.AddNewListViewChildNode error."), [&] {
+        const Origin origin = OriginOf(window);
         const TreeNode parent = ParentForChild(window);
-        if (parent && !IsLeaf(parent))
-            EditName(window, AddOn(window, parent, [&] { return AddNewTreeSubNode(window, true); }));
+        if (!parent || IsLeaf(parent))
+            return;
+        const QString key = AddOn(window, parent, [&] { return AddNewTreeSubNode(window, true); });
+        EditName(window, origin, key);
     });
 }
 
 void AddNewListViewNodeText(DocumentWindow& window) {
     edit::Run(window, QStringLiteral("frmXMLEdit.AddNewListViewNodeText error."), [&] {
+        const Origin origin = OriginOf(window);
         const TreeNode parent = ParentForChild(window);
-        if (parent)
-            EditValue(window, AddOn(window, parent,
-                                    [&] { return AddNewTreeNodeText(window, true, !IsLeaf(parent)); }));
+        if (!parent)
+            return;
+        const QString key =
+            AddOn(window, parent, [&] { return AddNewTreeNodeText(window, true, !IsLeaf(parent)); });
+        EditValue(window, origin, key);
     });
 }
 
@@ -139,10 +159,11 @@ void AddNewListViewCommentNode(DocumentWindow& window) {
         if (!shown)
             return;
         const bool beside = row || IsLeaf(shown) || m_tvXML::IsTreeRoot(shown);
+        const Origin origin = OriginOf(window);
         const QString key = AddOn(window, row ? row : shown, [&] {
             return beside ? AddNewTreeCommentNode(window, true) : AddNewTreeCommentSubNode(window);
         });
-        EditValue(window, key, "frmXMLEdit.AddNewListViewCommentNode error 1!");
+        EditValue(window, origin, key, "frmXMLEdit.AddNewListViewCommentNode error 1!");
     });
 }
 
@@ -151,14 +172,19 @@ void AddNewListViewAttribute(DocumentWindow& window) {
         TreeNode element = ElementForAttribute(window);
         if (!element)
             return;
+        const Origin origin = OriginOf(window);
         window.tvXML.SetSelectedItem(element);
         m_tvXML::Attributes all(element);
         const QString name = FreeAttributeName(all);
         all.add(name, {});
         element.SetTag(all.tag());
         edit::WriteUnnamed(window);
+        BeginAdding(window, origin, element.Key(), name);
         // Beside another view it keeps the name it got.
-        edit::Then(window, [&window, key = element.Key() + u'/' + name] { EditLabel(window, key); });
+        edit::Then(window, [&window, key = element.Key() + u'/' + name] {
+            if (!EditLabel(window, key))
+                EndAdding(window);
+        });
     });
 }
 

@@ -53,7 +53,7 @@ RowsXML GetCopiedListViewItemsXML(DocumentWindow& window) {
 }
 
 bool CopyListViewItems(DocumentWindow& window) {
-    return edit::Guarded(window, "CopyListViewItems", [&] {
+    return edit::Run(window, "CopyListViewItems", [&] {
         if (window.ListView1.SelectedRows().empty())
             return false;
         const RowsXML rows = GetCopiedListViewItemsXML(window);
@@ -62,7 +62,6 @@ bool CopyListViewItems(DocumentWindow& window) {
             return false;
         }
         KeepCopy(window, edit::kViewList, GetCurrentListViewKey(window), rows.text(), rows.attributes);
-        edit::DoTree(window);
         return true;
     });
 }
@@ -133,11 +132,11 @@ void PasteTreeNodeToListView(DocumentWindow& window) try {
     const TreeNode node = CurrentListNode(window), shown = window.tvXML.SelectedItem();
     if (!m_tvXML::IsElement(node))
         return;
-    edit::Transaction step(window);
-    window.tvXML.SetSelectedItem(node);
-    PasteTreeNode(window);
-    window.tvXML.SetSelectedItem(shown);
-    step.Close();
+    edit::RunEdit(window, [&] {
+        window.tvXML.SetSelectedItem(node);
+        PasteTreeNode(window);
+        window.tvXML.SetSelectedItem(shown);
+    });
 } catch (const text::Fault& fault) {
     // The node may be gone: there is nothing to paste under then.
     if (fault.Number != text::kFaultNotFound)

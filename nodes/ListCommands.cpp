@@ -3,6 +3,7 @@
 #include "core/edit/Transaction.h"
 #include "core/model/Attributes.h"
 #include "nodes/DeleteNodes.h"
+#include "nodes/FinishEdits.h"
 #include "nodes/ListRows.h"
 #include "nodes/MoveNodes.h"
 #include <QSet>
@@ -99,23 +100,65 @@ void MoveUpDownOneNodeItemAtListView(DocumentWindow& window, TreeNode node, bool
     const TreeNode shown = window.tvXML.SelectedItem();
     if (!node || node == shown)
         return;
-    window.tvXML.SetSelectedItem(node);
-    MoveUpDownOneNodeAtTree(window, up);
-    edit::Run(window, "MoveUpDownOneItemAtListView", [&] {
+    edit::RunSeries(window, "MoveUpDownOneItemAtListView", [&] {
+        window.tvXML.SetSelectedItem(node);
+        MoveUpDownOneNodeAtTree(window, up);
         ChooseRow(window, window.tvXML.SelectedItem().Key());
         window.tvXML.SetSelectedItem(shown);
     });
 }
 
+// The row that a deletion leaves in the place of what goes: the next one, else the one before.
+QString NeighbourOf(DocumentWindow& window, const std::vector<int>& doomed) {
+    controls::ListView& list = window.ListView1;
+    int row = doomed.empty() ? 0 : doomed.back() + 1;
+    if (row > list.Count()) {
+        row = list.Count();
+        while (row > 0 && list.Selected(row))
+            --row;
+    }
+    return row > 0 ? list.Item(row).Key : QString();
+}
+
+// A row's node changes its level by a command of the tree, and the list goes with it.
+void ChangeLevelOfRow(DocumentWindow& window, const char* routine, void (*change)(DocumentWindow&)) {
+    if (!FinishAllEdits(window))
+        return;
+    const TreeNode shown = window.tvXML.SelectedItem();
+    const TreeNode node = window.ListView1.SelectedItem() > 0 ? CurrentListNode(window) : shown;
+    if (!node || SelectedRowKind(window) == m_tvXML::kAttribute)
+        return;
+    if (node == shown)
+        return change(window);
+    edit::Run(window, routine, [&] {
+        window.tvXML.SetSelectedItem(node);
+        change(window);
+        const TreeNode moved = window.tvXML.SelectedItem();
+        window.tvXML.SetSelectedItem(moved == node ? shown : moved.Parent());
+        ChooseRow(window, moved.Key());
+    });
+}
+
 } // namespace
+
+void SetRowAsParent(DocumentWindow& window) {
+    ChangeLevelOfRow(window, "SetNodeAsParent", SetNodeAsParent);
+}
+
+void SetRowAsChild(DocumentWindow& window) {
+    ChangeLevelOfRow(window, "SetNodeAsChild", SetNodeAsChild);
+}
 
 void DeleteListViewItems(DocumentWindow& window) {
     edit::Run(window, "DeleteListViewItems", [&] {
         const Doomed doomed = SelectedRows(window.ListView1);
+        const QString neighbour = NeighbourOf(window, window.ListView1.SelectedRows());
         if (!doomed.owner.isEmpty())
             DeleteAttributes(window, doomed.owner, doomed.names);
         DeleteNodes(window, doomed.keys);
         edit::WriteUnnamed(window);
+        if (!neighbour.isEmpty())
+            ChooseRow(window, neighbour);
     });
 }
 

@@ -4,6 +4,7 @@
 #include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
 #include "core/model/Attributes.h"
+#include "core/model/Frame.h"
 #include "core/model/NodeContent.h"
 #include "nodes/ListPlace.h"
 #include "nodes/ListRows.h"
@@ -19,69 +20,67 @@ using controls::TreeNode;
 
 constexpr int kTextColumn = 2;
 
-// Instructions and comments are taken as they are typed (quirk 23).
-bool TakesAnything(int kind) {
-    return kind == m_tvXML::kInstruction || kind == m_tvXML::kComment;
-}
-
-// What the row shows then: where a text went, the element's next one.
-std::optional<QString> CommitElementText(DocumentWindow& window, TreeNode element, const QString& text) {
-    const bool taken = text.isEmpty() && m_tvXML::FirstTextChild(element);
-    if (!taken && !edit::ValidateNodeText(window.app, text, element.Text()))
-        return {};
-    WriteElementText(window, element, text);
-    return m_tvXML::ContentOf(element).text;
+// What the row shows then: where a text went, the element's next one. Nothing where it was refused.
+std::optional<QString> CommitElementText(DocumentWindow& window, TreeNode element, const QString& typed) {
+    const bool goes = typed.isEmpty() && m_tvXML::FirstTextChild(element);
+    const auto text = goes ? typed : edit::TakeNodeText(window.app, typed, element.Text());
+    if (text)
+        WriteElementText(window, element, *text);
+    return text ? std::optional(m_tvXML::ContentOf(element).text) : text;
 }
 
 // Likewise: a value may get another form in the tree.
 std::optional<QString> CommitValue(DocumentWindow& window, const controls::ListItem& item, TreeNode node,
-                                   const QString& text) {
+                                   const QString& typed) {
     const int kind = item.SmallIcon;
-    if (!TakesAnything(kind) && !ValidateValue(window.app, kind, node, text, item.Text))
+    const std::optional<QString> value = TakeValue(window.app, kind, node, typed, item.Text);
+    if (!value)
         return {};
     switch (kind) {
     case m_tvXML::kElement:
-        node.SetTag(m_tvXML::PlainAttributes(text));
+        node.SetTag(m_tvXML::PlainAttributes(*value));
         return node.Tag();
     case m_tvXML::kAttribute: {
         m_tvXML::Attributes all(node);
         const qsizetype at = all.find(item.Text);
         if (at < 0) // the row is older than the tree
-            all.add(item.Text, text);
+            all.add(item.Text, *value);
         else
-            all.set(at, item.Text, text);
+            all.set(at, item.Text, *value);
         node.SetTag(all.tag());
         return m_tvXML::ContentOf(node, item.Text).value;
     }
     case m_tvXML::kText:
-        m_tvXML::SetNodeText(window.app, node, text);
-        return text;
+        m_tvXML::SetNodeText(window.app, node, *value);
+        return value;
     default:
-        node.SetTag(text);
-        return text;
+        node.SetTag(*value);
+        return value;
     }
 }
 
-// The list has its new cell at once, so it needn't be filled anew: it may have a million rows.
-void CommitCell(DocumentWindow& window) {
+// The list has its new cell at once, so it needn't be filled anew: it may have a million rows. False where
+// the text was refused.
+bool CommitCell(DocumentWindow& window) {
     const int column = EditedColumn(window);
     const int row = window.ListView1.IndexOf(ListOf(window).msListEditKey);
     if (row == 0)
-        return;
+        return true;
     const controls::ListItem item = window.ListView1.Item(row);
     const TreeNode node = NodeOfRow(window, item);
     const QString text = window.txtListView.Text();
     if (!node || item.Sub[static_cast<std::size_t>(column - 1)] == text)
-        return;
+        return true;
     const bool current = RowsAreCurrent(window);
     const auto written =
         column == kTextColumn ? CommitElementText(window, node, text) : CommitValue(window, item, node, text);
     if (!written)
-        return;
+        return false;
     edit::WriteUnnamed(window); // also a text that was emptied
     window.ListView1.SetSubItem(row, column, *written);
     if (current)
         RowsFollowed(window);
+    return true;
 }
 
 // Empty where anything may stand in the cell.
@@ -91,7 +90,7 @@ QString ListCellProbe(DocumentWindow& window, const controls::ListItem& item, co
         return {};
     if (EditedColumn(window) == kTextColumn)
         return m_tvXML::NodeTextProbe(text, node.Text());
-    return TakesAnything(item.SmallIcon) ? QString() : ValueProbe(item.SmallIcon, node, text, item.Text);
+    return ValueProbe(item.SmallIcon, node, text, item.Text);
 }
 
 } // namespace
@@ -105,18 +104,29 @@ void txtListView_Change(DocumentWindow& window) {
                               item.SmallIcon == m_tvXML::kAttribute ? 1 : m_tvXML::kAnyNumber);
 }
 
+// What was refused stays as it was typed, and the box has the keys again (quirk 61).
 void txtListView_LostFocus(DocumentWindow& window) {
-    if (!ListOf(window).mbIsEditValue)
+    ListState& state = ListOf(window);
+    if (!state.mbIsEditValue)
         return;
-    const bool done = edit::Run(window, QStringLiteral("frmXMLEdit.txtListView_LostFocus error."), [&] {
-        ListOf(window).mbIsEditValue = false; // a message takes the focus away once more
-        const auto closing = qScopeGuard([&window] { CancelListViewTextBox(window); });
+    const QString routine = QStringLiteral("frmXMLEdit.txtListView_LostFocus error.");
+    const bool done = edit::Run(window, routine, [&] {
+        auto closing = qScopeGuard([&window] { CancelListViewTextBox(window); });
+        state.mbIsEditValue = false; // a message takes the focus away once more
         edit::Message(window.app, {});
-        CommitCell(window);
+        state.bRefused = !CommitCell(window);
+        state.mbIsEditValue = state.bRefused;
+        if (!state.bRefused)
+            return true;
+        closing.dismiss();
+        if (window.app.frame().StatusBar1().Panel(1).isEmpty()) // a box alone has told it
+            txtListView_Change(window);
         return true;
     });
-    if (!done) // the cell shows what was taken back
-        edit::DoTree(window);
+    if (!done)
+        edit::Run(window, routine, [] {}); // the cell shows what was taken back
+    if (state.mbIsEditValue)
+        window.txtListView.SetFocus();
 }
 
 } // namespace nodes

@@ -8,8 +8,9 @@ namespace nodes {
 
 /// The parser's complaint about what is in the box, while the user types.
 void txtListView_Change(DocumentWindow& window);
-/// The commit: a text that passes its check goes into the tree and to the views. One that doesn't leaves
-/// everything as it was, and the user has been told why. Nothing happens when the box isn't open.
+/// The commit: a text that passes its check goes into the tree and to the views, and the box closes. One that
+/// doesn't leaves everything as it was: the user has been told why, and the box stays open with it. Nothing
+/// happens when the box isn't open.
 void txtListView_LostFocus(DocumentWindow& window);
 
 } // namespace nodes

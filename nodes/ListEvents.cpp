@@ -21,10 +21,12 @@ void ListView1_Attention(DocumentWindow& window, const char* routine) {
     edit::Run(window, routine, [&] { edit::Attend(window, kContextList); });
 }
 
-// A double click on an element's row walks down to it.
+// A double click on an element's row walks down to it, on any other it opens the value.
 void ListView1_DblClick(DocumentWindow& window) {
     if (SelectedRowKind(window) == m_tvXML::kElement)
         edit::SelectNode(window, CurrentListNode(window));
+    else
+        EditListViewAttribute(window);
 }
 
 void ListView1_CellClick(DocumentWindow& window, int row, int column) {
@@ -88,6 +90,9 @@ void ConnectLabels(DocumentWindow& window) {
     controls::ListView& list = window.ListView1;
     list.BeforeLabelEdit.connect([&window](bool& cancel) { ListView1_BeforeLabelEdit(window, cancel); });
     list.LabelTyped.connect([&window](const QString& text) { ListView1_LabelTyped(window, text); });
+    list.LabelEdited.connect([&window] { ListView1_LabelEdited(window); });
+    list.LabelGivenUp.connect([&window](int row) { ListView1_LabelGivenUp(window, row); });
+    list.LabelTabbed.connect([&window](bool back) { ListView1_LabelTabbed(window, back); });
     list.labelEditEnded.connect([&window] { edit::Message(window.app, {}); });
     list.AfterLabelEdit.connect([&window](int row, bool& cancel, QString& newString) {
         ListView1_AfterLabelEdit(window, row, cancel, newString);

@@ -3,6 +3,7 @@
 #include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
 #include "core/model/Attributes.h"
+#include "nodes/Adding.h"
 #include "nodes/ListRows.h"
 #include "nodes/ListState.h"
 
@@ -46,16 +47,27 @@ bool RenameAttribute(DocumentWindow& window, const controls::ListItem& item, con
     return true;
 }
 
-bool RenameRow(DocumentWindow& window, int row, QString& name) {
+/// What became of a name.
+enum class Naming { GivenUp, Taken, Refused };
+
+// A name that was refused stays in its editor (quirk 61). One that was emptied is given up; a new element
+// can't go without.
+Naming RenameRow(DocumentWindow& window, int row, QString& name) {
     const controls::ListItem item = window.ListView1.Item(row);
-    if (item.SmallIcon == m_tvXML::kAttribute)
-        return RenameAttribute(window, item, name);
-    if (RenameElement(window, item.Key, name))
-        return true;
-    if (!item.Text.isEmpty())
-        return false;
-    name = QStringLiteral("Unnamed"); // a new element can't go without a name
-    return RenameElement(window, item.Key, name);
+    const bool attribute = item.SmallIcon == m_tvXML::kAttribute;
+    if (!attribute && name.isEmpty()) {
+        if (!item.Text.isEmpty())
+            return Naming::GivenUp;
+        name = QStringLiteral("Unnamed");
+    }
+    const bool taken =
+        attribute ? RenameAttribute(window, item, name) : RenameElement(window, item.Key, name);
+    return taken ? Naming::Taken : Naming::Refused;
+}
+
+bool IsAddingRow(DocumentWindow& window, int row) {
+    const controls::ListItem& item = window.ListView1.Item(row);
+    return IsAdding(window, item.SmallIcon == m_tvXML::kAttribute ? item.Tag : item.Key);
 }
 
 QString NameProbe(DocumentWindow& window, const controls::ListItem& item, const QString& name) {
@@ -89,11 +101,25 @@ void ListView1_LabelTyped(DocumentWindow& window, const QString& text) {
 
 void ListView1_AfterLabelEdit(DocumentWindow& window, int row, bool& cancel, QString& newString) {
     cancel = !edit::Run(window, "ListView1_AfterLabelEdit", [&] {
-        const bool renamed = RenameRow(window, row, newString);
-        if (renamed)
+        const Naming naming = RenameRow(window, row, newString);
+        if (naming == Naming::Taken)
             edit::WriteUnnamed(window); // a text that stays empty holds nothing up
-        return renamed;
+        else if (naming == Naming::Refused)
+            window.ListView1.KeepLabelEdit();
+        return naming == Naming::Taken;
     });
+}
+
+void ListView1_LabelEdited(DocumentWindow& window) {
+    edit::Run(window, "ListView1_LabelEdited", [&] {
+        EndAdding(window);
+        edit::WriteUnnamed(window);
+    });
+}
+
+void ListView1_LabelGivenUp(DocumentWindow& window, int row) {
+    if (IsAddingRow(window, row))
+        TakeBackAdding(window);
 }
 
 } // namespace nodes

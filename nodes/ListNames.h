@@ -11,7 +11,11 @@ void EditListViewItemName(DocumentWindow& window); ///< starts the label edit of
 void ListView1_BeforeLabelEdit(DocumentWindow& window, bool& cancel);
 /// While the user types: what the end of the edit would complain about.
 void ListView1_LabelTyped(DocumentWindow& window, const QString& text);
-/// A wrong name, and that of an attribute that is there already, is refused; the user has been told.
+/// A wrong name, and that of an attribute that is there already, is refused and stays in its editor; the user
+/// has been told.
 void ListView1_AfterLabelEdit(DocumentWindow& window, int row, bool& cancel, QString& newString);
+void ListView1_LabelEdited(DocumentWindow& window);
+/// What was to get a name first goes again.
+void ListView1_LabelGivenUp(DocumentWindow& window, int row);
 
 } // namespace nodes

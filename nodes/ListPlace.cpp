@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/ListPlace.h"
 #include "core/edit/Report.h"
+#include "nodes/Adding.h"
 #include "nodes/ListState.h"
 #include <algorithm>
 #include <utility>
@@ -81,6 +82,8 @@ int EditedColumn(const DocumentWindow& window) {
 void CancelListViewTextBox(DocumentWindow& window) {
     if (std::exchange(ListOf(window).mbIsEditValue, false))
         edit::Message(window.app, {});
+    ListOf(window).bRefused = false;
+    EndAdding(window);
     window.tmList.SetEnabled(false);
     window.txtListView.SetVisible(false);
     window.cmdPop.SetVisible(false);

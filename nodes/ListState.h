@@ -10,6 +10,7 @@ namespace nodes {
 /// What a window keeps for its list.
 struct ListState {
     bool mbIsEditValue = false; ///< a cell is being edited
+    bool bRefused = false;      ///< with what was refused last
     QString msListEditKey;      ///< key of the row of that cell
     // Where the list was scrolled to when the editor was laid over it, and the place that the editor comes
     // back to from out of sight; in twips.

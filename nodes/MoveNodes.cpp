@@ -39,8 +39,10 @@ void MoveUpDownOneNodeAtTree(DocumentWindow& window, bool up) {
     const TreeNode original = window.tvXML.SelectedItem();
     if (!original || IsTreeRoot(original) || !MayMove(original, up))
         return;
-    const TreeNode copy = PasteNodetoNodeBeforeOrAfter(window, original, up);
-    edit::Run(window, "MoveUpDownOneNodeAtTree", [&] { Replace(window, original, copy); });
+    edit::RunSeries(window, "MoveUpDownOneNodeAtTree", [&] {
+        const TreeNode copy = PasteNodetoNodeBeforeOrAfter(window, original, up);
+        edit::Run(window, "MoveUpDownOneNodeAtTree", [&] { Replace(window, original, copy); });
+    });
 }
 
 void SetNodeAsParent(DocumentWindow& window) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/MoveUpDown.h"
-#include "core/edit/View.h"
+#include "core/edit/Transaction.h"
 #include "nodes/FinishEdits.h"
 #include "nodes/ListCommands.h"
 #include "nodes/MoveNodes.h"

@@ -59,8 +59,9 @@ void NewTreeNode(DocumentWindow& window) {
 void NewTreeSubNode(DocumentWindow& window) {
     AddNewTreeSubNode(window);
 }
+// Into an element that is selected (quirk 59).
 void NewTreeNodeText(DocumentWindow& window) {
-    AddNewTreeNodeText(window);
+    AddNewTreeNodeText(window, false, m_tvXML::IsElement(window.tvXML.SelectedItem()));
 }
 void NewTreeCommentNode(DocumentWindow& window) {
     AddNewTreeCommentNode(window);
@@ -197,10 +198,10 @@ constexpr edit::Command kCommands[] = {
      .forms = {{0, MoveDown}}},
     {.offer = {.button = {"tbListEdit", "moveuplevel", nullptr, HasLevelAbove},
                .offered =           "D  D k  k k  D D  D D  D"},
-     .forms = {{0, SetNodeAsParent}}},
+     .forms = {{0, SetNodeAsParent}, {kContextList, SetRowAsParent}}},
     {.offer = {.button = {"tbListEdit", "movedownlevel", nullptr, HasLevelAbove},
                .offered =           "D  D k  k k  D D  D D  D"},
-     .forms = {{0, SetNodeAsChild}}},
+     .forms = {{0, SetNodeAsChild}, {kContextList, SetRowAsChild}}},
     {.offer = {.button = {"tbListEdit", "uponelevel", nullptr, HasLevelAbove},
                .offered =           "D  D k  k k  D D  D D  D"},
      .forms = {{0, GoBackToTreeUpLevel}}},

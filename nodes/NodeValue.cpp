@@ -37,18 +37,18 @@ QString ValueProbe(int kind, TreeNode node, const QString& value, const QString&
     }
 }
 
-bool ValidateValue(Application& app, int kind, TreeNode node, const QString& value,
-                   const QString& attribute) {
+std::optional<QString> TakeValue(Application& app, int kind, TreeNode node, const QString& value,
+                                 const QString& attribute) {
     switch (kind) {
     case m_tvXML::kElement:
-        return edit::ValidateNodeAttributes(app, value, node.Text(), true);
+        return edit::TakeNodeAttributes(app, value, node.Text());
     case m_tvXML::kAttribute:
-        return edit::ValidateNodeAttributeValue(app, value, node.Text(), attribute);
+        return edit::TakeNodeAttributeValue(app, value, node.Text(), attribute);
     case m_tvXML::kText:
-        return edit::ValidateNodeText(app, value, OwnerName(node));
+        return edit::TakeNodeText(app, value, OwnerName(node));
     default: {
         const QString probe = ValueProbe(kind, node, value, attribute);
-        return probe.isEmpty() || edit::PassesProbe(app, probe);
+        return probe.isEmpty() || edit::PassesProbe(app, probe) ? std::optional(value) : std::nullopt;
     }
     }
 }

@@ -3,6 +3,7 @@
 #include "core/model/DocumentWindow.h"
 #include "core/model/NodeKind.h"
 #include <QString>
+#include <optional>
 
 // What is typed as a value of a node: how it is checked by the node's kind, and how an element gets its text.
 // The value of an element is its attributes, that of an attribute stands in its element.
@@ -11,9 +12,9 @@ namespace nodes {
 /// The tiny document that tells whether a value may stand in a node; empty where anything may. `attribute` is
 /// the name of the attribute that has the value.
 QString ValueProbe(int kind, controls::TreeNode node, const QString& value, const QString& attribute);
-/// Asks the parser about a value. False: the user has been told why.
-bool ValidateValue(Application& app, int kind, controls::TreeNode node, const QString& value,
-                   const QString& attribute);
+/// Asks the parser about a value. As it is to be written; nothing: the user has been told why.
+std::optional<QString> TakeValue(Application& app, int kind, controls::TreeNode node, const QString& value,
+                                 const QString& attribute);
 
 /// Gives an element's first text child a text, or makes it. An empty text takes the child away: one without a
 /// text would be one that still waits for it. The current node stays.

@@ -6,6 +6,7 @@
 #include "core/model/NodeKind.h"
 #include "core/model/NodeNumbers.h"
 #include "core/model/Probe.h"
+#include <QRegularExpression>
 
 namespace nodes {
 
@@ -23,6 +24,13 @@ bool FitsAtTheTop(DocumentWindow& window, xml::Node fragment) {
         elements += node.nodeType() == xml::ELEMENT ? 1 : 0;
     }
     return elements <= 1;
+}
+
+// What another program copied may be a whole document, and its declaration can't stand in an element.
+QString WithoutDeclaration(const QString& text) {
+    static const QRegularExpression declaration(QStringLiteral("^[\\s\\x{FEFF}]*<\\?xml\\s[^>]*\\?>\\s*"));
+    const QRegularExpressionMatch match = declaration.match(text, 0, QRegularExpression::NormalMatch);
+    return match.hasMatch() ? text.mid(match.capturedLength()) : text;
 }
 
 bool Refuse(DocumentWindow& window) {
@@ -68,8 +76,8 @@ bool PasteXMLText(DocumentWindow& window, const QString& text, TreeNode node, bo
         const TreeNode target = Container(node);
         if (!target)
             return false;
-        const mXMLEdit::Parsed parsed =
-            ConvertStringToXMLNode(window.app, QStringLiteral("<temp>") + text + QStringLiteral("</temp>"));
+        const mXMLEdit::Parsed parsed = ConvertStringToXMLNode(
+            window.app, QStringLiteral("<temp>") + WithoutDeclaration(text) + QStringLiteral("</temp>"));
         const xml::Node temp = parsed.root();
         if (!temp || (m_tvXML::IsTreeRoot(target) && !(asChild && FitsAtTheTop(window, temp))))
             return false;

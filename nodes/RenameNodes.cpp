@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/RenameNodes.h"
-#include "core/edit/Guard.h"
+#include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
 #include "core/model/NodeKind.h"
+#include "nodes/Adding.h"
 #include "nodes/DocumentName.h"
+#include "platform/text/TextTools.h"
 
 namespace nodes {
 
@@ -38,10 +40,30 @@ void tvXMLAfterLabelEdit(DocumentWindow& window, TreeNode node, bool& cancel, QS
     edit::Guarded(window, "tvXML_AfterLabelEdit", [&] {
         if (m_tvXML::IsTreeRoot(node)) {
             cancel = !ChangeTreeRootText(window, newString);
+            if (cancel && text::Trim(newString).size() > 1) // it was worth a word
+                window.tvXML.KeepLabelEdit();
             newString = node.Text();
         } else if (!edit::ValidateNodeName(window.app, newString)) {
+            if (!newString.isEmpty())
+                window.tvXML.KeepLabelEdit();      // quirk 61
             newString = QStringLiteral("Unnamed"); // quirk 1
         }
+    });
+}
+
+void tvXML_LabelEdited(DocumentWindow& window) {
+    edit::Run(window, "tvXML_LabelEdited", [&] {
+        if (!window.tvXML.LabelKept())
+            EndAdding(window);
+    });
+}
+
+void tvXML_LabelGivenUp(DocumentWindow& window, TreeNode node) {
+    edit::Run(window, "tvXML_LabelGivenUp", [&] {
+        if (node && IsAdding(window, node.Key()))
+            TakeBackAdding(window);
+        else
+            EndAdding(window);
     });
 }
 

@@ -12,7 +12,11 @@ void EditTreeNode(DocumentWindow& window); ///< starts the label edit of the sel
 void tvXML_BeforeLabelEdit(DocumentWindow& window, bool& cancel);
 /// While the user types: what the end of the edit would complain about.
 void tvXML_LabelTyped(DocumentWindow& window, const QString& text);
-/// A wrong name is replaced by "Unnamed", not refused; the tree root's new name renames the document.
+/// A wrong name is replaced by "Unnamed", not refused, and what was typed stays in the editor; the tree
+/// root's new name renames the document.
 void tvXMLAfterLabelEdit(DocumentWindow& window, controls::TreeNode node, bool& cancel, QString& newString);
+void tvXML_LabelEdited(DocumentWindow& window);
+/// A node that was to get a name first goes again.
+void tvXML_LabelGivenUp(DocumentWindow& window, controls::TreeNode node);
 
 } // namespace nodes

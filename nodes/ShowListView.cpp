@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/ShowListView.h"
+#include "core/edit/Report.h"
 #include "core/model/Attributes.h"
 #include "core/model/NodeContent.h"
 #include "core/model/NodeKind.h"
@@ -115,8 +116,8 @@ void AddAllPropertiesToListView(DocumentWindow& window, TreeNode node) {
     case m_tvXML::kComment:
         own(QStringLiteral("comment"));
         break;
-    default:
-        window.app.services.prompts.MsgBox(QStringLiteral("This version can not support this xml node type"));
+    default: // no box: the user walks on (quirk 63)
+        edit::Message(window.app, QStringLiteral("This version can not support this xml node type"));
     }
 }
 

@@ -32,7 +32,7 @@ void PasteIntoTree(DocumentWindow& window, TreeNode node, const QString& text) {
 } // namespace
 
 bool CopyTreeNode(DocumentWindow& window) {
-    return edit::Guarded(window, "CopyTreeNode", [&] {
+    return edit::Run(window, "CopyTreeNode", [&] {
         const TreeNode node = window.tvXML.SelectedItem();
         if (!node)
             return false;
@@ -42,7 +42,6 @@ bool CopyTreeNode(DocumentWindow& window) {
             return false;
         }
         KeepCopy(window, edit::kViewTree, node.Key(), text, {});
-        edit::DoTree(window);
         return true;
     });
 }

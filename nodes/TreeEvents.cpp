@@ -20,16 +20,10 @@ void tvXML_Attention(DocumentWindow& window) {
     edit::Run(window, "DoMenu", [&] { edit::Attend(window, kContextTree); });
 }
 
-// No edit: with the focus alone no other node is current, and the caret stays where it is in the text.
-void tvXML_GotFocus(DocumentWindow& window) {
-    edit::Attend(window, kContextTree);
-    window.app.frame().RefreshMenu();
-}
-
 // The editor of a label is part of the tree: the views follow when the node has its new name.
 void tvXML_LostFocus(DocumentWindow& window) {
     if (!window.tvXML.LabelEditNode())
-        edit::DoTree(window);
+        edit::Run(window, "tvXML_LostFocus", [] {});
 }
 
 void tvXML_Click(DocumentWindow& window) {
@@ -71,7 +65,7 @@ void tvXML_KeyUp(DocumentWindow& window, int key, int modifiers) {
     if (const char* entry = EntryOf(key, control))
         window.app.frame().RunMenuCommand(QLatin1String(entry));
     else if (IsArrow(key) || (enter && window.bond.bTreeChanged()))
-        edit::DoTree(window);
+        edit::Run(window, "tvXML_KeyUp", [] {});
     mXMLEdit::Delay(window.app, kPause);
 }
 
@@ -82,7 +76,8 @@ void ConnectLabels(DocumentWindow& window) {
     tree.AfterLabelEdit.connect([&window](TreeNode node, bool& cancel, QString& newString) {
         tvXMLAfterLabelEdit(window, node, cancel, newString);
     });
-    tree.LabelEdited.connect([&window] { edit::DoTree(window); });
+    tree.LabelEdited.connect([&window] { tvXML_LabelEdited(window); });
+    tree.LabelGivenUp.connect([&window](TreeNode node) { tvXML_LabelGivenUp(window, node); });
     tree.labelEditEnded.connect([&window] { edit::Message(window.app, {}); });
 }
 
@@ -90,13 +85,14 @@ void ConnectLabels(DocumentWindow& window) {
 
 void ConnectTree(DocumentWindow& window) {
     controls::TreeView& tree = window.tvXML;
-    tree.GotFocus.connect([&window] { tvXML_GotFocus(window); });
+    // No edits: with the focus alone no other node is current, and the caret stays where it is in the text.
+    tree.GotFocus.connect([&window] { edit::Attend(window, kContextTree); });
     tree.LostFocus.connect([&window] { tvXML_LostFocus(window); });
     tree.Click.connect([&window] { tvXML_Click(window); });
     tree.NodeClick.connect([&window](TreeNode) { tvXML_Attention(window); });
     tree.Expand.connect([&window](TreeNode) { edit::Attend(window, kContextTree); });
     tree.Collapse.connect([](TreeNode node) { tvXML_Collapse(node); });
-    tree.KeyDown.connect([&window](int, int) { tvXML_GotFocus(window); });
+    tree.KeyDown.connect([&window](int, int) { edit::Attend(window, kContextTree); });
     tree.KeyUp.connect([&window](int key, int modifiers) { tvXML_KeyUp(window, key, modifiers); });
     ConnectLabels(window);
 }

@@ -27,49 +27,69 @@ bool IsFreeAttributeName(DocumentWindow& window, TreeNode element, const QString
     return !taken;
 }
 
-NodeWrite WriteAttribute(DocumentWindow& window, NodeInHand& hand, TreeNode element,
-                         const NodeContent& content) {
+/// A value as it is to be written, which is the old one where that was kept. Nothing: it was refused.
+template <typename Take> std::optional<QString> Taken(const QString& typed, const QString& now, Take take) {
+    return typed == now ? std::optional(now) : take();
+}
+
+NodeWrite WriteAttribute(DocumentWindow& window, NodeInHand& hand, TreeNode element, NodeContent& content) {
     m_tvXML::Attributes all(element);
     const qsizetype at = all.find(hand.attribute);
     const bool newName = at >= 0 && content.name != all.name(at);
     const bool newValue = at >= 0 && content.value != all.value(at);
     if (!newName && !newValue)
         return NodeWrite::Unchanged;
-    if ((newName && !IsFreeAttributeName(window, element, content.name)) ||
-        (newValue && !ValidateValue(window.app, hand.kind, element, content.value, kProbedAttribute)))
+    if (newName && !IsFreeAttributeName(window, element, content.name))
         return NodeWrite::Refused;
+    const auto value = Taken(content.value, all.value(at), [&] {
+        return TakeValue(window.app, hand.kind, element, content.value, kProbedAttribute);
+    });
+    if (!value)
+        return NodeWrite::Refused;
+    content.value = *value;
     all.set(at, content.name, content.value);
     element.SetTag(all.tag());
     hand.attribute = content.name;
     return NodeWrite::Written;
 }
 
-NodeWrite WriteElement(DocumentWindow& window, TreeNode element, const NodeContent& content) {
-    Application& app = window.app;
+// Everything is checked before anything is written. False: the user has been told why.
+bool CheckElement(Application& app, const NodeContent& now, NodeContent& content) {
+    if (content.name != now.name && !edit::ValidateNodeName(app, content.name))
+        return false;
+    const auto value = Taken(content.value, now.value,
+                             [&] { return edit::TakeNodeAttributes(app, content.value, content.name); });
+    if (!value)
+        return false;
+    const auto text =
+        Taken(content.text, now.text, [&] { return edit::TakeNodeText(app, content.text, content.name); });
+    if (text)
+        content = {content.name, *value, *text};
+    return text.has_value();
+}
+
+NodeWrite WriteElement(DocumentWindow& window, TreeNode element, NodeContent& content) {
     const NodeContent now = m_tvXML::ContentOf(element);
     if (content == now)
         return NodeWrite::Unchanged;
-    const bool newText = content.text != now.text;
-    // Everything is checked before anything is written.
-    if ((content.name != now.name && !edit::ValidateNodeName(app, content.name)) ||
-        (content.value != now.value &&
-         !edit::ValidateNodeAttributes(app, content.value, content.name, true)) ||
-        (newText && !edit::ValidateNodeText(app, content.text, content.name)))
+    if (!CheckElement(window.app, now, content))
         return NodeWrite::Refused;
     element.SetText(content.name);
     if (content.value != now.value)
         element.SetTag(m_tvXML::PlainAttributes(content.value));
-    if (newText)
+    if (content.text != now.text)
         WriteElementText(window, element, content.text);
     return NodeWrite::Written;
 }
 
 // An emptied text keeps its node, so that the walk goes on from there.
-NodeWrite WriteValue(DocumentWindow& window, const NodeInHand& hand, TreeNode node, const QString& value) {
+NodeWrite WriteValue(DocumentWindow& window, const NodeInHand& hand, TreeNode node, QString& value) {
     if (value == node.Tag())
         return NodeWrite::Unchanged;
-    if (!ValidateValue(window.app, hand.kind, node, value, kProbedAttribute))
+    const auto taken = TakeValue(window.app, hand.kind, node, value, kProbedAttribute);
+    if (!taken)
         return NodeWrite::Refused;
+    value = *taken;
     if (hand.kind == m_tvXML::kText)
         m_tvXML::SetNodeText(window.app, node, value);
     else
@@ -86,7 +106,7 @@ NodeWrite WriteRoot(DocumentWindow& window, NodeInHand& hand, TreeNode root, con
     return NodeWrite::Written;
 }
 
-NodeWrite WriteByKind(DocumentWindow& window, NodeInHand& hand, TreeNode node, const NodeContent& content) {
+NodeWrite WriteByKind(DocumentWindow& window, NodeInHand& hand, TreeNode node, NodeContent& content) {
     switch (hand.kind) {
     case m_tvXML::kTreeRoot:
         return WriteRoot(window, hand, node, content.name);
@@ -101,7 +121,7 @@ NodeWrite WriteByKind(DocumentWindow& window, NodeInHand& hand, TreeNode node, c
 
 } // namespace
 
-NodeWrite WriteNodeInHand(DocumentWindow& window, NodeInHand& hand, const NodeContent& content) {
+NodeWrite WriteNodeInHand(DocumentWindow& window, NodeInHand& hand, NodeContent& content) {
     const TreeNode node = window.tvXML.Nodes.Find(hand.key);
     if (!node || hand.kind == kNoNodeInHand)
         return NodeWrite::Unchanged;

@@ -12,8 +12,9 @@ enum class NodeWrite {
 };
 
 /// Writes what differs from the node, all or nothing, as one edit. The text counts for an element only, the
-/// value for all but the tree root. An attribute that gets another name changes `hand`. A fault is thrown on.
-NodeWrite WriteNodeInHand(DocumentWindow& window, NodeInHand& hand, const m_tvXML::NodeContent& content);
+/// value for all but the tree root. An attribute that gets another name changes `hand`; what the user lets be
+/// written escaped changes `content`. A fault is thrown on.
+NodeWrite WriteNodeInHand(DocumentWindow& window, NodeInHand& hand, m_tvXML::NodeContent& content);
 
 /// The tiny document that tells whether a value may stand in the node; empty where anything may.
 QString NodeValueProbe(DocumentWindow& window, const NodeInHand& hand, const QString& value);

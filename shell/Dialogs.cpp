@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Dialogs.h"
+#include "core/model/Frame.h"
 #include "nodes/dialogs/frmEditNodes.h"
 #include "shell/frmOptions.h"
+#include "textview/TextCommands.h"
 #include "textview/dialogs/frmFind.h"
 
 namespace shell {
@@ -16,16 +18,26 @@ void Dialogs::ShowOptions() {
     optionsShown(dialog);
 }
 
-void Dialogs::ShowFind() {
+textview::frmFind& Dialogs::Find() {
     if (!find_)
-        find_ = std::make_unique<frmFind>(app_);
-    find_->Show();
+        find_ = std::make_unique<textview::frmFind>(app_);
+    return *find_;
+}
+
+void Dialogs::ShowFind() {
+    Find().Show();
     findShown(*find_);
+}
+
+void Dialogs::FindNext(bool up) {
+    DocumentWindow* const active = app_.frame().ActiveForm();
+    if (active && !Find().FindNext(up))
+        textview::RFind(*active);
 }
 
 void Dialogs::ShowEditNodes(DocumentWindow& window) {
     if (!editNodes_)
-        editNodes_ = std::make_unique<frmEditNodes>(app_);
+        editNodes_ = std::make_unique<nodes::frmEditNodes>(app_);
     if (editNodes_->Form_Load(window))
         editNodesShown(*editNodes_);
 }

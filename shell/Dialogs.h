@@ -3,9 +3,13 @@
 #include "core/model/DocumentWindow.h"
 #include <memory>
 
+namespace nodes {
 class frmEditNodes;
-class frmFind;
+}
 class frmOptions;
+namespace textview {
+class frmFind;
+}
 
 namespace shell {
 
@@ -19,6 +23,7 @@ public:
 
     void ShowOptions(); ///< back when it is done with
     void ShowFind();
+    void FindNext(bool up); ///< see Frame::FindNext
     /// On the nodes of a window; not shown where its document can't be edited node by node, which is told.
     void ShowEditNodes(DocumentWindow& window);
     /// Writes what was typed into the one-by-one editor about a node of a window. False when it was refused:
@@ -26,13 +31,15 @@ public:
     bool NodeInHandIsWritten(const DocumentWindow& window);
 
     controls::Event<frmOptions&> optionsShown;
-    controls::Event<frmFind&> findShown;
-    controls::Event<frmEditNodes&> editNodesShown;
+    controls::Event<textview::frmFind&> findShown;
+    controls::Event<nodes::frmEditNodes&> editNodesShown;
 
 private:
+    textview::frmFind& Find();
+
     Application& app_;
-    std::unique_ptr<frmFind> find_;
-    std::unique_ptr<frmEditNodes> editNodes_;
+    std::unique_ptr<textview::frmFind> find_;
+    std::unique_ptr<nodes::frmEditNodes> editNodes_;
 };
 
 } // namespace shell

@@ -32,10 +32,9 @@ void mnuCloseAll_Click(FrameParts& frame, int) {
 }
 
 template <bool saveAs> void mnuFileSave_Click(FrameParts& frame, int) {
-    if (DocumentWindow* window = frame.windows.ActiveForm()) {
-        nodes::FinishEdits(*window);
+    DocumentWindow* window = frame.windows.ActiveForm();
+    if (window && nodes::FinishEdits(*window))
         edit::SaveXMLFile(*window, saveAs, false);
-    }
 }
 // No document is in the list of those that are saved together (quirk 10).
 void mnuFileSaveAll_Click(FrameParts&, int) {}

@@ -41,7 +41,7 @@ constexpr Row kFile[] = {
 
 constexpr Row kEdit[] = {
     {"mnuEditUndo", "撤消(&U)", "Ctrl+Z", "edit-undo"},
-    {"mnuRedo", "重复(&R)", "Ctrl+Y", "edit-redo"},
+    {"mnuRedo", "重复(&R)", "Ctrl+Y;Ctrl+Shift+Z", "edit-redo"},
     kSeparator,
     {"mnuEditCut", "剪切(&u)", "Ctrl+X", "edit-cut"},
     {"mnuEditCopy", "复制(&C)", "Ctrl+C", "edit-copy"},

@@ -11,12 +11,14 @@ namespace {
 
 using controls::TreeNode;
 
-// A node has been copied in this program, even if its document has been closed since; a text takes any text.
+// A node has been copied in this program, even if its document has been closed since, or XML in another
+// (quirk 64); a text takes any text.
 bool CanPaste(DocumentWindow& window, MenuSituation situation, bool editsCell) {
     if (!edit::LastCopy(window.app).copiedText.isEmpty())
         return true;
+    services::Clipboard& clipboard = window.app.services.clipboard;
     const bool text = situation == MenuSituation::TextSelected || situation == MenuSituation::TextUnselected;
-    return (text || editsCell) && window.app.services.clipboard.HasText();
+    return text || editsCell ? clipboard.HasText() : clipboard.HasXml();
 }
 
 TreeNode NodeOf(DocumentWindow& window, MenuSituation situation) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Recovery.h"
+#include "core/edit/FileOnDisk.h"
 #include "core/edit/Journal.h"
 #include "core/model/Frame.h"
 #include "window/WindowKinds.h"
@@ -32,6 +33,14 @@ QString FreeName(Frame& frame, const QString& name) {
     return free;
 }
 
+// The document belongs to its file as the run that ended had it. One that was written since is asked about.
+void KnowFile(DocumentWindow& window, const QDateTime& lastWork) {
+    edit::TakeFileAsItIs(window, window.Caption);
+    std::optional<services::FileMark>& mark = edit::FileOf(window).mark;
+    if (mark && mark->stamp.modified / 1'000'000 > lastWork.toMSecsSinceEpoch())
+        mark->stamp = {};
+}
+
 void BringBack(Application& app, Orphan orphan) {
     Frame& frame = app.frame();
     const QString name = FreeName(frame, orphan.name);
@@ -39,8 +48,12 @@ void BringBack(Application& app, Orphan orphan) {
         frame.NewSXMLFile(edit::Journal::TakeBack(orphan), name);
     else
         frame.NewXMLFile(edit::Journal::TakeBack(orphan), name);
-    if (DocumentWindow* made = frame.ActiveForm(); made && made->Caption == name)
-        edit::JournalOf(app).Adopt(*made, std::move(orphan));
+    DocumentWindow* made = frame.ActiveForm();
+    if (!made || made->Caption != name)
+        return;
+    KnowFile(*made, orphan.time);
+    edit::JournalOf(app).Adopt(*made, std::move(orphan));
+    edit::ShowUnsaved(*made);
 }
 
 } // namespace

@@ -3,15 +3,12 @@
 #include "core/edit/Report.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
-#include "core/model/NodeAddress.h"
-#include "core/model/NodeContent.h"
+#include "nodes/EditNode.h"
 #include "nodes/FinishEdits.h"
 
 namespace shell {
 
 namespace {
-
-using controls::TreeNode;
 
 const edit::Form* FormFor(std::span<const edit::Form> forms, int context) {
     const edit::Form* found = nullptr;
@@ -22,40 +19,20 @@ const edit::Form* FormFor(std::span<const edit::Form> forms, int context) {
     return found;
 }
 
-/// A node, to be found again in a tree that was built anew: at the same place, with the same in it.
-class FoundAgain {
-public:
-    explicit FoundAgain(TreeNode node)
-        : key_(node ? node.Key() : QString()), address_(node), content_(m_tvXML::ContentOf(node)) {}
-    TreeNode In(const controls::TreeView& tree) const {
-        if (key_.isEmpty())
-            return {};
-        if (const TreeNode node = tree.Nodes.Find(key_))
-            return node;
-        const TreeNode node = address_.findIn(tree);
-        return node && m_tvXML::ContentOf(node) == content_ ? node : TreeNode();
-    }
-
-private:
-    QString key_;
-    m_tvXML::NodeAddress address_;
-    m_tvXML::NodeContent content_;
-};
-
 // The tree is another one once the text is read: the node that the command was for has to be found in it.
 bool ReadTextAround(DocumentWindow& window) {
-    const FoundAgain chosen(window.tvXML.SelectedItem());
+    nodes::HeldNode chosen = nodes::HoldNode(window, nodes::GetNodeInHand(window, kContextTree));
     return edit::Run(window, "ReadEditedText", [&] {
         if (!window.way->read(window))
             return false;
-        const TreeNode node = window.miPopupContext == kContextList ? TreeNode() : chosen.In(window.tvXML);
-        if (node)
-            window.tvXML.SetSelectedItem(node);
+        const bool found = window.miPopupContext != kContextList && nodes::FindNodeAgain(window, chosen);
+        if (found)
+            window.tvXML.SetSelectedItem(window.tvXML.Nodes.Find(chosen.hand.key));
         else
             edit::Message(window.app,
                           QStringLiteral("The text was changed, and the node isn't there any more "
                                          "as it was."));
-        return static_cast<bool>(node);
+        return found;
     });
 }
 
@@ -70,8 +47,8 @@ bool ReadText(DocumentWindow& window) {
 }
 
 void RunForm(DocumentWindow& window, const edit::Command& command, std::span<const edit::Form> forms) {
-    if (command.before != edit::Before::Nothing)
-        nodes::FinishEdits(window);
+    if (command.before != edit::Before::Nothing && !nodes::FinishEdits(window))
+        return;
     const edit::Form* form = FormFor(forms, window.miPopupContext);
     if (!form)
         return;

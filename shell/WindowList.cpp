@@ -35,6 +35,11 @@ void WindowList::SendFrontToBack() {
         std::rotate(order_.begin(), order_.begin() + 1, order_.end());
 }
 
+void WindowList::BringBackToFront() {
+    if (!order_.empty())
+        std::rotate(order_.begin(), order_.end() - 1, order_.end());
+}
+
 std::unique_ptr<DocumentWindow> WindowList::Take(DocumentWindow& window) {
     std::erase(order_, &window);
     const auto place =

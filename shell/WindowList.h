@@ -18,6 +18,7 @@ public:
     DocumentWindow& Add(std::unique_ptr<DocumentWindow> window); ///< in front
     void BringToFront(DocumentWindow& window);
     void SendFrontToBack();
+    void BringBackToFront();
     std::unique_ptr<DocumentWindow> Take(DocumentWindow& window); ///< it is no longer listed
     void Clear();
 

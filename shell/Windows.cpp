@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Windows.h"
+#include "core/edit/FileChanged.h"
 #include "core/edit/NodePath.h"
 #include "core/edit/Open.h"
 #include "core/edit/TextWay.h"
@@ -11,6 +12,7 @@
 #include "window/WindowEvents.h"
 #include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <algorithm>
 
 namespace shell {
 
@@ -38,6 +40,12 @@ void Activate(DocumentWindow& window) {
 
 } // namespace
 
+Windows::Windows(Application& app, Dialogs& dialogs) : app_(app), dialogs_(dialogs) {
+    edit::FilesOf(app_).tmLook.Tick.connect([this] {
+        edit::Guarded(app_, QStringLiteral("frmMDIMain@tmLook_Tick"), [this] { edit::LookAtFiles(app_); });
+    });
+}
+
 // --- making and opening ---------------------------------------------------------------------------------
 
 // From here on it is the active form: the load asks for it, though it isn't to be seen yet.
@@ -54,6 +62,7 @@ void Windows::FillForm(DocumentWindow& window, const FetchedText& text) {
     edit::FillWindow(window, text);
     formAdded(&window);
     app_.frame().StatusBar1().SetPanel(2, {});
+    edit::ExpandRoot(window);
     Activate(window);
     opening.Close();
 }
@@ -89,14 +98,28 @@ void Windows::OpenNamed(const QString& name) {
     const QScopedValueRollback opening(opening_, true);
     edit::Guarded(app_, QStringLiteral("frmMDIMain@OpenNamed"), [&] {
         const QString fileName = mXMLEdit::NameMeant(app_, name);
+        if (mXMLEdit::IsLocalPath(fileName) && HaveSameNameForm(fileName, true))
+            return;
         app_.CurrentFileName = fileName;
         DocumentWindow* form = nullptr;
         edit::OpenFile(app_, fileName, form);
     });
 }
 
+// Two windows on one file would save over each other, so that spellings don't count (quirk 42). The exact
+// name comes first: it costs no look at the disk.
+DocumentWindow* Windows::FormNamed(const QString& name) const {
+    if (DocumentWindow* window = list_.Named(name))
+        return window;
+    const std::vector<DocumentWindow*> all = list_.All();
+    const auto found = std::find_if(all.rbegin(), all.rend(), [&](const DocumentWindow* window) {
+        return mXMLEdit::IsSameFile(app_, window->Tag, name);
+    });
+    return found == all.rend() ? nullptr : *found;
+}
+
 bool Windows::HaveSameNameForm(const QString& name, bool bringToFront) {
-    DocumentWindow* window = list_.Named(name);
+    DocumentWindow* window = FormNamed(name);
     if (window && bringToFront)
         ShowForm(*window);
     return window != nullptr;
@@ -104,6 +127,7 @@ bool Windows::HaveSameNameForm(const QString& name, bool bringToFront) {
 
 // A window that is the active one already may be minimised: the skin is told all the same.
 void Windows::ShowForm(DocumentWindow& window) {
+    app_.CurrentFileName = window.Caption;
     if (&window == ActiveForm())
         activeFormChanged(&window);
     else
@@ -130,6 +154,7 @@ void Windows::LeaveActiveForm() {
 
 void Windows::AnnounceActive() {
     app_.frame().StatusBar1().SetPanel(2, {});
+    edit::FilesOf(app_).CameToFront(ActiveForm());
     if (DocumentWindow* active = ActiveForm())
         Activate(*active);
     else
@@ -146,13 +171,21 @@ void Windows::ActivateForm(DocumentWindow* window) {
 }
 
 void Windows::NextWindow() {
+    Turn(&WindowList::SendFrontToBack);
+}
+
+void Windows::PreviousWindow() {
+    Turn(&WindowList::BringBackToFront);
+}
+
+void Windows::Turn(void (WindowList::*turn)()) {
     if (list_.Count() < 2) {
         if (DocumentWindow* active = ActiveForm())
             ShowForm(*active);
         return;
     }
     LeaveActiveForm();
-    list_.SendFrontToBack();
+    (list_.*turn)();
     AnnounceActive();
 }
 
@@ -181,7 +214,7 @@ void Windows::Forget(DocumentWindow& window) {
 // A Cancel keeps the window, and the loop comes back to it (quirk 12).
 void Windows::CloseAll() {
     while (DocumentWindow* window = ActiveForm()) {
-        if (!dialogs_.NodeInHandIsWritten(*window))
+        if (!nodes::FinishEdits(*window) || !dialogs_.NodeInHandIsWritten(*window))
             return;
         CloseForm(window);
     }

@@ -9,7 +9,7 @@ namespace shell {
 /// The document windows: making, opening, bringing to the front, closing.
 class Windows {
 public:
-    Windows(Application& app, Dialogs& dialogs) : app_(app), dialogs_(dialogs) {}
+    Windows(Application& app, Dialogs& dialogs);
 
     DocumentWindow* ActiveForm() const { return list_.Front(); }
     int FormCount() const { return list_.Count(); }
@@ -19,11 +19,13 @@ public:
     void NewFile(const WindowKind& kind, const FetchedText& text, const QString& fileName);
     /// Opens a path or an address. Nothing while another one is still being fetched.
     void OpenNamed(const QString& name);
-    /// Whether a window bears this name; brings it to the front if asked.
+    DocumentWindow* FormNamed(const QString& name) const; ///< see Frame::FormNamed
+    /// Whether there is one; brings it to the front if asked.
     bool HaveSameNameForm(const QString& name, bool bringToFront);
     /// Brings a window to the front. Runs Form_Activate when it wasn't there.
     void ActivateForm(DocumentWindow* window);
-    void NextWindow(); ///< the active window goes to the back of the order
+    void NextWindow();     ///< the active window goes to the back of the order
+    void PreviousWindow(); ///< the one at the back of the order comes to the front
 
     /// Form_Unload, then the window goes. False when it stays.
     bool CloseForm(DocumentWindow* window);
@@ -42,7 +44,8 @@ private:
     void FillForm(DocumentWindow& window, const FetchedText& text);
     void ShowForm(DocumentWindow& window); ///< to the front, and restored when it is minimised
     void LeaveActiveForm();
-    void AnnounceActive(); ///< Form_Activate of the window in front, then activeFormChanged
+    void Turn(void (WindowList::*turn)()); ///< leaves the active window and shows the one in front then
+    void AnnounceActive();                 ///< Form_Activate of the window in front, then activeFormChanged
     void Forget(DocumentWindow& window);
 
     Application& app_;

@@ -51,6 +51,7 @@ public:
     void NewSXMLFile(const FetchedText& text, const QString& fileName) override;
     /// Command line, address box, recent files, dropped files.
     void OpenNamed(const QString& name) { parts_.windows.OpenNamed(name); }
+    DocumentWindow* FormNamed(const QString& name) override { return parts_.windows.FormNamed(name); }
     bool HaveSameNameForm(const QString& name, bool bringToFront) override;
     /// The user (or a command) brings a window to the front. Runs Form_Activate when it wasn't active.
     void ActivateForm(DocumentWindow* window) override { parts_.windows.ActivateForm(window); }
@@ -58,6 +59,9 @@ public:
     bool CloseForm(DocumentWindow* window) { return parts_.windows.CloseForm(window); }
     /// The active window goes to the back of the order.
     void NextWindow() { parts_.windows.NextWindow(); }
+    void PreviousWindow() {
+        parts_.windows.PreviousWindow();
+    } ///< the one at the back of the order comes to the front
 
     // --- for the skin -------------------------------------------------------------------------------------
     controls::Event<DocumentWindow*>& formAdded = parts_.windows.formAdded;
@@ -68,10 +72,10 @@ public:
     controls::Event<int> mousePointerChanged; ///< see MousePointer
     /// Show a dialog and come back when it is done with (frmOptions::unloaded).
     controls::Event<frmOptions&>& optionsShown = parts_.dialogs.optionsShown;
-    /// Show a dialog beside the documents, or bring it to the front, until frmFind::unloaded.
-    controls::Event<frmFind&>& findShown = parts_.dialogs.findShown;
+    /// Show a dialog beside the documents, or bring it to the front, until textview::frmFind::unloaded.
+    controls::Event<textview::frmFind&>& findShown = parts_.dialogs.findShown;
     /// Likewise, until frmEditNodes::unloaded.
-    controls::Event<frmEditNodes&>& editNodesShown = parts_.dialogs.editNodesShown;
+    controls::Event<nodes::frmEditNodes&>& editNodesShown = parts_.dialogs.editNodesShown;
 
     /// The dialogs of data in and out.
     exchange::ExchangeDialogs& exchangeDialogs = parts_.exchange;
@@ -83,6 +87,7 @@ public:
     void DisableMenu() override;
     MenuSituation SituationInForce() const { return menuState_.SituationInForce(); }
     void ShowFind() override { parts_.dialogs.ShowFind(); }
+    void FindNext(bool up) override { parts_.dialogs.FindNext(up); }
     void UpdateFileMenu(const QString& name) override { parts_.recentFiles.UpdateFileMenu(name); }
     void AddToList(const QString& name) override { parts_.recentFiles.AddToList(name); }
     /// The file menu from the store: another program may have written names.

@@ -93,12 +93,19 @@ void TellPlace(DocumentWindow& window) {
 
 // The tree follows a text that has the end tag. One that the user keeps although it doesn't parse still waits
 // to be read.
-void ReadWithTag(DocumentWindow& window, qsizetype caret) {
+template <typename PutBack> void ReadWithTag(DocumentWindow& window, qsizetype caret, PutBack putBack) {
     const text::LongText text = window.TextInUse().Long();
-    if (XMLToTree(window, text, m_tvXML::GetNodeNumByTextPosition(text, caret)).good())
+    if (XMLToTree(window, text, m_tvXML::GetNodeNumByTextPosition(text, caret)).good()) {
         window.bond.msLastParsedText = window.TextInUse().Long();
-    else
+    } else {
         window.bond.move(BondMove::TextEdited);
+        putBack(); // from the fault, which has been told
+    }
+}
+
+template <typename PutBack> void TakeTagAway(DocumentWindow& window, PutBack putBack) {
+    rUndo(window);
+    putBack();
 }
 
 bool KeepsInvalidText(DocumentWindow& window) {
@@ -136,6 +143,7 @@ void CloseTag(DocumentWindow& window) {
         if (!edit::Shows(window, edit::kTextTab))
             return;
         controls::RichTextBox& pane = window.TextInUse();
+        pane.EndMark();
         const qsizetype start = pane.SelStart(), length = pane.SelLength();
         const QString tag = GetCloseTag(window);
         if (tag.isEmpty()) {
@@ -144,12 +152,15 @@ void CloseTag(DocumentWindow& window) {
             return;
         }
         InsertString(window, tag);
+        const auto putBack = [&] {
+            pane.SetSelStart(start);
+            pane.SetSelLength(length);
+        };
+        putBack(); // where the text is written anew it stays with its place
         if (Validate(window, true) || KeepsInvalidText(window))
-            ReadWithTag(window, start);
+            ReadWithTag(window, start, putBack);
         else
-            rUndo(window);
-        pane.SetSelStart(start);
-        pane.SetSelLength(length);
+            TakeTagAway(window, putBack);
         edit::ShowCursorPosition(window);
     });
 }

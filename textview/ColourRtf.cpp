@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/ColourRtf.h"
+#include "platform/text/TextTools.h"
 #include <QStringList>
-#include <QStringMatcher>
 #include <algorithm>
-#include <utility>
 
 namespace textview {
 
@@ -54,21 +53,6 @@ std::vector<ColourStep> SlashesAndComments() {
         {QStringLiteral("-->"), QStringLiteral("\\cf2 -->\\cf0")}};
 }
 
-std::vector<qsizetype> PlacesOf(const QString& search, const QString& text) {
-    std::vector<qsizetype> places;
-    const auto collect = [&](auto find) {
-        for (qsizetype at = find(0); at >= 0; at = find(at + search.size()))
-            places.push_back(at);
-    };
-    if (search.size() == 1) {
-        collect([&, character = search.front()](qsizetype from) { return text.indexOf(character, from); });
-    } else {
-        const QStringMatcher matcher(search);
-        collect([&](qsizetype from) { return matcher.indexIn(text, from); });
-    }
-    return places;
-}
-
 } // namespace
 
 const std::vector<ColourStep>& ColourSteps(int level) {
@@ -77,21 +61,7 @@ const std::vector<ColourStep>& ColourSteps(int level) {
 }
 
 void RunColourStep(QString& rtf, const ColourStep& step) {
-    const std::vector<qsizetype> places = PlacesOf(step.search, rtf);
-    if (places.empty())
-        return;
-    // Written once into its final size: moving the rest of the text at each place would cost its square.
-    const qsizetype growth = step.replace.size() - step.search.size();
-    QString result(rtf.size() + growth * static_cast<qsizetype>(places.size()), Qt::Uninitialized);
-    QChar* to = result.data();
-    const QChar* from = rtf.constData();
-    for (const qsizetype place : places) {
-        to = std::copy(from, rtf.constData() + place, to);
-        to = std::copy(step.replace.cbegin(), step.replace.cend(), to);
-        from = rtf.constData() + place + step.search.size();
-    }
-    std::copy(from, rtf.constData() + rtf.size(), to);
-    rtf = std::move(result);
+    rtf = text::WithReplacements(rtf, text::PlacesOf(step.search, rtf), step.search.size(), step.replace);
 }
 
 QString ColourHead(const Options& options, int level) {

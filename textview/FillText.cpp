@@ -2,6 +2,7 @@
 #include "textview/FillText.h"
 #include "platform/text/TextTools.h"
 #include "textview/Colour.h"
+#include "textview/KeptPlaces.h"
 #include "textview/TextState.h"
 #include <QScopedValueRollback>
 #include <algorithm>
@@ -17,21 +18,40 @@ controls::RichTextBox& OtherPane(DocumentWindow& window) {
 } // namespace
 
 PaneSelections::PaneSelections(DocumentWindow& window)
-    : first_{window.rtxtXML, window.rtxtXML.SelStart(), window.rtxtXML.SelLength()},
-      second_{window.rtxtXML2, window.rtxtXML2.SelStart(), window.rtxtXML2.SelLength()} {}
+    : first_{window.rtxtXML, SelectionOf(window.rtxtXML)}, second_{window.rtxtXML2,
+                                                                   SelectionOf(window.rtxtXML2)} {}
 
 void PaneSelections::restore() const {
-    for (const Selection& one : {first_, second_}) {
-        one.pane.SetSelStart(one.start);
-        one.pane.SetSelLength(one.length);
-    }
+    for (const auto& [pane, selection] : {first_, second_})
+        Select(pane, selection);
+}
+
+Selection SelectionOf(const controls::RichTextBox& pane) {
+    return {pane.SelStart(), pane.SelLength(), pane.IsMark()};
+}
+
+void Select(controls::RichTextBox& pane, const Selection& selection) {
+    if (selection.mark)
+        return pane.Mark(selection.start, selection.length);
+    pane.SetSelStart(selection.start);
+    pane.SetSelLength(selection.length);
+}
+
+void SetContentInPlace(DocumentWindow& window, const controls::RichContent& content) {
+    const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
+    controls::RichTextBox &pane = window.TextInUse(), &other = OtherPane(window);
+    const controls::PlaceMap where = KeptPlaces(pane.Long(), content.text);
+    const bool same = other.Long() == pane.Long();
+    other.SetContent(content, same ? where : KeptPlaces(other.Long(), content.text));
+    pane.SetContent(content, where);
 }
 
 void BringPanesTogether(DocumentWindow& window) {
     if (OtherPane(window).Long() == window.TextInUse().Long())
         return;
     const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
-    OtherPane(window).SetContent(window.TextInUse().Content());
+    OtherPane(window).SetContent(window.TextInUse().Content(),
+                                 KeptPlaces(OtherPane(window).Long(), window.TextInUse().Long()));
 }
 
 void SetRichText(DocumentWindow& window, const QString& text) {

@@ -6,20 +6,30 @@
 // Filling both panes, and the colours of what is put in.
 namespace textview {
 
-/// Caret and selection of both panes as they stand when it is made.
+/// Caret and selection of a pane.
+struct Selection {
+    qsizetype start = 0, length = 0;
+    bool mark = false; ///< a program's, see RichTextBox::Mark
+};
+Selection SelectionOf(const controls::RichTextBox& pane);
+void Select(controls::RichTextBox& pane, const Selection& selection);
+
+/// Those of both panes as they stand when it is made.
 class PaneSelections {
 public:
     explicit PaneSelections(DocumentWindow& window);
     void restore() const;
 
 private:
-    struct Selection {
+    struct Place {
         controls::RichTextBox& pane;
-        qsizetype start, length;
+        Selection selection;
     };
-    Selection first_, second_;
+    Place first_, second_;
 };
 
+/// Another text of the same document in both panes. Caret, selection and what they show stay in their nodes.
+void SetContentInPlace(DocumentWindow& window, const controls::RichContent& content);
 /// What stands in the pane in use stands in the other one, too.
 void BringPanesTogether(DocumentWindow& window);
 

@@ -9,15 +9,6 @@ bool IsPartOfWord(QChar c) {
     return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || c.isDigit();
 }
 
-qsizetype TakeHit(controls::RichTextBox& target, qsizetype hit, qsizetype length,
-                  const FindOptions& options) {
-    if (hit >= 0) {
-        target.SetSelStart(hit);
-        target.SetSelLength(options.noHighlight ? 0 : length);
-    }
-    return hit;
-}
-
 } // namespace
 
 bool IsWholeWord(const controls::SearchHit& hit) {
@@ -42,6 +33,15 @@ qsizetype SearchUp(const controls::RichTextBox& target, const QString& text, qsi
         hit = !options.wholeWord || IsWholeWord(found) ? found.at : -1;
         return hit < 0 ? found.at + text.size() - 1 : -1;
     });
+    return hit;
+}
+
+qsizetype TakeHit(controls::RichTextBox& target, qsizetype hit, qsizetype length,
+                  const FindOptions& options) {
+    if (hit >= 0) {
+        target.SetSelStart(hit);
+        target.SetSelLength(options.noHighlight ? 0 : length);
+    }
     return hit;
 }
 

@@ -13,6 +13,7 @@ struct FindOptions {
     bool wholeWord = false;
     bool matchCase = false;
     bool noHighlight = false; ///< a hit takes the caret and isn't selected
+    bool operator==(const FindOptions&) const = default;
 };
 
 /// Searches from a 0-based position to the end of the text. A hit takes the caret and is selected; -1 and no
@@ -22,6 +23,9 @@ qsizetype FindText(controls::RichTextBox& target, const QString& text, qsizetype
 /// The same upwards: the last hit that ends at `start` or before it.
 qsizetype FindTextRev(controls::RichTextBox& target, const QString& text, qsizetype start,
                       const FindOptions& options);
+
+/// A hit that was found takes the caret; gives it back. -1 changes nothing.
+qsizetype TakeHit(controls::RichTextBox& target, qsizetype hit, qsizetype length, const FindOptions& options);
 
 /// The same without any change of the pane.
 qsizetype SearchDown(controls::RichTextBox& target, const QString& text, qsizetype start,

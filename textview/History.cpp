@@ -2,33 +2,35 @@
 #include "textview/History.h"
 #include "textview/Colour.h"
 #include "textview/FillText.h"
-#include <QScopedValueRollback>
 #include <algorithm>
 
 namespace textview {
 
 namespace {
 
-// The oldest steps beyond the limit go, and those that could be done again.
+// The oldest changes of the whole text beyond the limit go, and those that could be done again. What was
+// typed before one that goes can't be reached any more.
 void MakeRoom(DocumentWindow& window) {
     TextState& state = StateOf(window);
-    const int steps = std::max(window.app.options.Steps, 0); // the setting may be any number
-    if (state.UndoPos > steps) {
-        ArrangeUndoStack(state.undoStack, state.UndoPos - steps);
-        state.UndoPos = steps;
-    }
     state.undoStack.resize(static_cast<std::size_t>(state.UndoPos));
+    int steps = std::max(window.app.options.Steps, 0); // the setting may be any number
+    for (int at = state.UndoPos - 1; at >= 0; --at) {
+        if (!state.undoStack[static_cast<std::size_t>(at)].WholeText || steps-- > 0)
+            continue;
+        ArrangeUndoStack(state.undoStack, at + 1);
+        state.UndoPos -= at + 1;
+        return;
+    }
 }
 
-// The text as it stands then: colouring may put blanks in.
-controls::RichContent WriteInPlace(DocumentWindow& window, const text::LongText& newText) {
-    const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
-    const PaneSelections selections(window);
-    window.TextInUse().SetText(newText);
-    SetTreeXMLColor(window);
-    controls::RichContent content = window.TextInUse().Content();
-    selections.restore();
-    return content;
+// Coloured aside: the panes change once, and keep what they show.
+controls::RichContent Coloured(DocumentWindow& window, const text::LongText& text) {
+    const int level = GetTextSizeLevel(text.size());
+    controls::RichTextBox aside;
+    aside.SetText(text);
+    setRichTextXMLColor(window.app, aside, level);
+    StateOf(window).miTextSizeLevel = level;
+    return aside.Content();
 }
 
 } // namespace
@@ -44,14 +46,20 @@ void ChangeText(DocumentWindow& window, const text::LongText& newText, const con
     TextState& state = StateOf(window);
     if (state.bUndoRunning)
         return;
+    const controls::RichContent fresh = Coloured(window, newText); // may put blanks in
+    SetContentInPlace(window, fresh);
+    // Colouring may bring the text back to what it was: that is no step.
+    if (!(fresh.text == oldRTF.text))
+        AddWholeStep(window, oldRTF, fresh);
+}
+
+void AddWholeStep(DocumentWindow& window, controls::RichContent before, controls::RichContent after) {
     MakeRoom(window);
+    TextState& state = StateOf(window);
     UndoRecord record; // joins the stack when it is whole
     record.WholeText = true;
-    record.OldRTF = std::make_shared<const controls::RichContent>(oldRTF);
-    record.NewRTF = std::make_shared<const controls::RichContent>(WriteInPlace(window, newText));
-    // Colouring may bring the text back to what it was: that is no step.
-    if (record.NewRTF->text == oldRTF.text)
-        return;
+    record.OldRTF = std::make_shared<const controls::RichContent>(std::move(before));
+    record.NewRTF = std::make_shared<const controls::RichContent>(std::move(after));
     state.undoStack.push_back(std::move(record));
     ++state.UndoPos;
 }

@@ -11,11 +11,12 @@ namespace textview {
 /// The text is a document of its own from here on: no step leads to what was before.
 void BeginHistory(DocumentWindow& window);
 
-/// A change of the whole text that comes from the tree: one undo step. The selections of both panes stay
-/// where they are. While a step is taken back the text stays as that step leaves it, and nothing is done.
-/// As many steps as the options allow, typed ones among them, stay before the new one; the oldest are lost
-/// (quirk 22).
+/// A change of the whole text that comes from the tree: one undo step. Caret and selection of both panes stay
+/// in their nodes. While a step is taken back the text stays as that step leaves it, and nothing is done.
 void ChangeText(DocumentWindow& window, const text::LongText& newText, const controls::RichContent& oldRTF);
+/// Adds such a step. As many of its kind as the options allow stay before it; the oldest are lost, with what
+/// was typed before them (quirk 22).
+void AddWholeStep(DocumentWindow& window, controls::RichContent before, controls::RichContent after);
 /// Moves each record down, by one place as a rule; the oldest are lost.
 void ArrangeUndoStack(std::vector<UndoRecord>& stack, int lost = 1);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/Indent.h"
 #include "platform/controls/ColourRuns.h"
+#include "platform/text/TextTools.h"
 
 namespace textview {
 
@@ -45,10 +46,8 @@ struct Stretch {
     std::vector<controls::ColourRun> runs;
 
     bool Replace(const QString& find, const QString& replace) {
-        std::vector<qsizetype> places;
-        for (qsizetype at = text.indexOf(find); at >= 0; at = text.indexOf(find, at + find.size()))
-            places.push_back(at);
-        text.replace(find, replace);
+        const std::vector<qsizetype> places = text::PlacesOf(find, text);
+        text = text::WithReplacements(text, places, find.size(), replace);
         runs = controls::MovedRuns(runs, places, find.size(), replace.size());
         return !places.empty();
     }
@@ -94,7 +93,7 @@ void RTabKey(RichTextBox& richText) {
 void DecreaseIndent(RichTextBox& richText) {
     if (richText.SelLength() < 1)
         SetPrefixCurrentLine(richText, richText.SelStart(), LineEndAndTab(), LineEnd());
-    else if (richText.SelText().contains(LineEndAndTab()))
+    else
         SetDecreasePrefix(richText, LineEndAndTab(), LineEnd());
 }
 

@@ -9,9 +9,8 @@ namespace textview {
 
 /// Without a selection a tab takes the caret's place; with one each of its lines gets a tab in front.
 void RTabKey(controls::RichTextBox& richText);
-/// Each line of the selection that has one loses a tab, as long as the selection holds the beginning of such
-/// a line with the line end before it: a piece of one line is not touched. Without a selection the line of
-/// the caret loses its tab, unless it is the first.
+/// Each line of the selection that has one loses a tab: what RTabKey did is taken back (quirk 53). Without a
+/// selection the line of the caret loses its tab, unless it is the first.
 void DecreaseIndent(controls::RichTextBox& richText);
 
 /// Replaces `find` by `replace` in the lines of the selection, with the line ends before them, and selects

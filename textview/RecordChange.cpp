@@ -3,11 +3,15 @@
 #include "core/edit/Guard.h"
 #include "core/model/Frame.h"
 #include "platform/controls/ColourRuns.h"
+#include "platform/text/TextDifference.h"
 #include "platform/text/TextTools.h"
 #include "textview/Colour.h"
 #include "textview/FillText.h"
 #include "textview/History.h"
+#include "textview/KeptPlaces.h"
 #include <QScopedValueRollback>
+#include <algorithm>
+#include <cstdlib>
 
 namespace textview {
 
@@ -60,8 +64,34 @@ UndoRecord WholeTextStep(const TextStatus& now, const TextStatus& old) {
     return record;
 }
 
+// What the table can't tell is told by where the texts differ, whole line ends included.
+UndoRecord StepByDifference(const LongText& now, const LongText& old) {
+    text::TextChange change = text::Difference(old, now);
+    if (SplitsLineEnd(old, change.start) || SplitsLineEnd(now, change.start)) {
+        --change.start;
+        ++change.removed;
+        ++change.added;
+    }
+    if (SplitsLineEnd(old, change.start + change.removed) ||
+        SplitsLineEnd(now, change.start + change.added)) {
+        ++change.removed;
+        ++change.added;
+    }
+    UndoRecord record;
+    record.DelPos = record.InsPos = change.start;
+    record.DelText = old.mid(change.start, change.removed);
+    record.InsText = now.mid(change.start, change.added);
+    return record;
+}
+
+// A large change is kept as two contents, which share what they can and hold a byte a character.
 UndoRecord StepBetween(const TextStatus& now, const TextStatus& old) {
+    constexpr qsizetype kLarge = 1'000'000; // units
+    if (std::max(old.SelLength, std::abs(now.SelStart - old.SelStart)) > kLarge)
+        return WholeTextStep(now, old);
     UndoRecord record = RichTextChange(now, old);
+    if (!TellsAll(record, now.Content.text, old.Content.text))
+        record = StepByDifference(now.Content.text, old.Content.text);
     if (!TellsAll(record, now.Content.text, old.Content.text))
         return WholeTextStep(now, old);
     if (record.DelText.size() > kLongestColoured)
@@ -69,16 +99,18 @@ UndoRecord StepBetween(const TextStatus& now, const TextStatus& old) {
     return record;
 }
 
-// The other pane takes the step; one that had come to differ takes everything.
+// The other pane takes the step; one that had come to differ takes everything. Nothing of it is selected
+// there.
 void BringIntoOtherPane(DocumentWindow& window, const UndoRecord& record, const RichTextBox& pane,
                         RichTextBox& other) {
     const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
     if (!record.WholeText) {
         RDelete(other, record.DelPos, record.DelText);
         RInsert(window.app, other, record.InsPos, record.InsText);
+        other.SetSelStart(other.SelStart() + other.SelLength());
     }
     if (!(other.Long() == pane.Long()))
-        other.SetContent(pane.Content());
+        other.SetContent(pane.Content(), KeptPlaces(other.Long(), pane.Long()));
     else
         TakeColours(other, pane);
 }
@@ -90,10 +122,13 @@ void Record(DocumentWindow& window, const RichTextBox& pane, RichTextBox& other)
     state.undoStack.resize(static_cast<std::size_t>(state.UndoPos)); // what could be done again is gone
     if (state.currentStatus.Content.text == state.previousStatus.Content.text)
         return;
+    window.tmText.SetEnabled(false); // the tree follows when the text is left, as after all typing
     state.undoStack.push_back(StepBetween(state.currentStatus, state.previousStatus));
     ++state.UndoPos;
     BringIntoOtherPane(window, state.undoStack.back(), pane, other);
-    window.app.frame().RefreshMenu(); // no edit of nodes, at whose end that is done: the tree stays behind
+    // No edit: at its end the view would follow the tree, which stays behind, and the caret would go
+    // elsewhere.
+    window.app.frame().RefreshMenu();
 }
 
 } // namespace

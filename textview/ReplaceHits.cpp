@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/ReplaceHits.h"
-#include "core/model/Frame.h"
+#include "platform/text/TextTools.h"
 #include "textview/FillText.h"
+#include "textview/History.h"
 #include "textview/TextState.h"
 #include <QScopedValueRollback>
 #include <algorithm>
@@ -15,43 +16,6 @@ using controls::ColourRun;
 using controls::RichContent;
 using controls::RichTextBox;
 using controls::SearchHit;
-
-// `places` are in the order of the text.
-QString WithReplacements(const text::LongText& text, const std::vector<qsizetype>& places, qsizetype length,
-                         const QString& replacement) {
-    QString fresh;
-    fresh.reserve(text.size() + std::ssize(places) * (replacement.size() - length));
-    qsizetype at = 0;
-    for (const qsizetype place : places) {
-        fresh += text.mid(at, place - at);
-        fresh += replacement;
-        at = place + length;
-    }
-    return fresh += text.mid(at);
-}
-
-// One step for each hit, in the order of the hits; a hit further down moves by the ones above it that were
-// replaced before.
-void RecordSteps(DocumentWindow& window, const text::LongText& text, const std::vector<qsizetype>& hits,
-                 qsizetype length, const QString& replacement) {
-    TextState& state = StateOf(window);
-    auto& stack = state.undoStack;
-    stack.resize(static_cast<std::size_t>(state.UndoPos));
-    stack.reserve(stack.size() + hits.size());
-    const bool down = hits.front() < hits.back();
-    QString same; // most hits are one text, which is then held once
-    qsizetype shift = 0;
-    for (const qsizetype hit : hits) {
-        if (const QString found = text.mid(hit, length); found != same)
-            same = found;
-        UndoRecord& record = stack.emplace_back();
-        record.DelPos = record.InsPos = hit + shift;
-        record.DelText = same;
-        record.InsText = replacement;
-        shift += down ? replacement.size() - length : 0;
-    }
-    state.UndoPos = static_cast<int>(stack.size());
-}
 
 /// Gives replacements the colours that each would take if it were put in alone.
 class Recolouring {
@@ -117,16 +81,6 @@ qsizetype Moved(qsizetype place, const std::vector<qsizetype>& places, qsizetype
     return std::max(place, *(next - 1) + length) + (next - places.begin()) * (added - length);
 }
 
-// The content is another one, but what was selected stays so.
-void SetContentInPlace(RichTextBox& pane, const RichContent& content, const std::vector<qsizetype>& places,
-                       qsizetype length, qsizetype added) {
-    const qsizetype start = Moved(pane.SelStart(), places, length, added);
-    const qsizetype end = Moved(pane.SelStart() + pane.SelLength(), places, length, added);
-    pane.SetContent(content);
-    pane.SetSelStart(start);
-    pane.SetSelLength(end - start);
-}
-
 Qt::CaseSensitivity SensitivityOf(const FindOptions& options) {
     return options.matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive;
 }
@@ -157,31 +111,43 @@ std::vector<qsizetype> HitsUp(const RichTextBox& target, const QString& text, qs
     return hits;
 }
 
-qsizetype ReplaceHits(DocumentWindow& window, RichTextBox& target, const std::vector<qsizetype>& hits,
-                      qsizetype length, const QString& replacement) {
+qsizetype ReplaceHits(DocumentWindow& window, controls::RichTextBox& target,
+                      const std::vector<qsizetype>& hits, qsizetype length, const QString& replacement) {
     RichTextBox& other = &target == &window.rtxtXML ? window.rtxtXML2 : window.rtxtXML;
     std::vector<qsizetype> places = hits;
     std::sort(places.begin(), places.end());
-    const text::LongText before = target.Long();
-    RichContent after{text::LongText::Like(WithReplacements(before, places, length, replacement), before),
-                      {}};
-    TextState& state = StateOf(window);
-    state.miTextSizeLevel = GetTextSizeLevel(after.text.size());
+    const RichContent before = target.Content();
+    RichContent after{
+        text::LongText::Like(text::WithReplacements(before.text.toString(), places, length, replacement),
+                             before.text),
+        {}};
+    StateOf(window).miTextSizeLevel = GetTextSizeLevel(after.text.size());
     after.runs = Recolouring(window.app, target, replacement).Runs(places, length, hits == places);
-    RecordSteps(window, before, hits, length, replacement);
+    AddWholeStep(window, before, after);
+    const qsizetype added = replacement.size();
+    const auto where = [&](qsizetype place) { return Moved(place, places, length, added); };
     {
-        const QScopedValueRollback ownWriting(state.bControlChange, true);
-        target.SetContent(after);
-        SetContentInPlace(other, after, places, length, replacement.size());
+        const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
+        target.SetContent(after, where);
+        other.SetContent(after, where);
     }
     if (window.bLoaded)
         window.bond.move(BondMove::TextEdited);
-    const qsizetype last = state.undoStack.back().InsPos;
+    const qsizetype last = where(hits.back()); // what stands above it has moved it
     target.SetSelStart(last);
-    target.SetSelLength(replacement.size());
+    target.SetSelLength(added);
     SetTextStatus(window, target);
-    window.app.frame().RefreshMenu();
     return last;
+}
+
+void JoinSteps(DocumentWindow& window, int first) {
+    TextState& state = StateOf(window);
+    if (first < 0 || first >= state.UndoPos - 1)
+        return;
+    const auto at = static_cast<std::size_t>(first);
+    state.undoStack[at].NewRTF = state.undoStack.back().NewRTF;
+    state.undoStack.resize(at + 1);
+    state.UndoPos = first + 1;
 }
 
 } // namespace textview

@@ -12,13 +12,16 @@ void RichTextCopy(DocumentWindow& window) {
         window.app.services.clipboard.SetText(window.TextInUse().SelText());
 }
 
+// What is marked wasn't selected by the user, and stays (quirk 49).
 void RichTextCut(DocumentWindow& window) {
+    if (window.TextInUse().EndMark())
+        return;
     RichTextCopy(window);
     RichTextDelete(window);
 }
 
 void RichTextDelete(DocumentWindow& window) {
-    if (window.TextInUse().SelLength() > 0)
+    if (!window.TextInUse().EndMark() && window.TextInUse().SelLength() > 0)
         window.TextInUse().SetSelText({});
 }
 
@@ -34,6 +37,7 @@ void RichTextPaste(DocumentWindow& window) {
 
 void PasteListViewItemsToTextView(DocumentWindow& window) {
     const edit::CopySlot& last = edit::LastCopy(window.app);
+    window.TextInUse().EndMark();
     if (last.ClipboardSourceView == edit::kViewList)
         window.TextInUse().SetSelText(last.copiedText);
 }

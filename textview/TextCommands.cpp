@@ -14,6 +14,7 @@ namespace {
 
 void InsertIntoPane(DocumentWindow& window, const QString& text) {
     controls::RichTextBox& pane = window.TextInUse();
+    pane.EndMark();
     const qsizetype start = pane.SelStart();
     pane.SetSelText(text);
     ColourInserted(window, pane, start, pane.SelStart() - start);
@@ -66,15 +67,12 @@ bool Validate(DocumentWindow& window, bool quiet) {
 
 void SplitText(DocumentWindow& window) {
     // The new pane begins where the user is, and the place stays when it goes.
-    if (!window.pctSplitText.Visible()) {
-        window.rtxtXML2.SetSelStart(window.rtxtXML.SelStart());
-        window.rtxtXML2.SetSelLength(window.rtxtXML.SelLength());
-    }
+    if (!window.pctSplitText.Visible())
+        Select(window.rtxtXML2, SelectionOf(window.rtxtXML));
     SplitTextViewHalf(window);
     if (window.pctSplitText.Visible() || !window.brtxtXML2Focus)
         return;
-    window.rtxtXML.SetSelStart(window.rtxtXML2.SelStart());
-    window.rtxtXML.SetSelLength(window.rtxtXML2.SelLength());
+    Select(window.rtxtXML, SelectionOf(window.rtxtXML2));
     window.brtxtXML2Focus = false;
     window.rtxtXML.SetFocus();
 }

@@ -57,26 +57,27 @@ void GoToEnd(DocumentWindow& window) {
 
 struct ControlKey {
     int key;
-    bool withShift; ///< with Shift, too: where it means nothing else to a text
     void (*run)(DocumentWindow&);
+    void (*withShift)(DocumentWindow&); ///< null: it means something else to a text
 };
 constexpr ControlKey kControlKeys[] = {
-    {Qt::Key_A, true, SelectAllAtTextView},
-    {Qt::Key_C, true, CopyText},
-    {Qt::Key_X, true, CutText},
-    {Qt::Key_V, true, PasteText},
-    {Qt::Key_F, true, RFind},
-    {Qt::Key_Z, true, rUndo},
-    {Qt::Key_Y, true, rRedo},
-    {Qt::Key_Home, false, GoToStart},
-    {Qt::Key_End, false, GoToEnd},
-    {Qt::Key_Insert, true, EditNode},
+    {Qt::Key_A, SelectAllAtTextView, SelectAllAtTextView},
+    {Qt::Key_C, CopyText, CopyText},
+    {Qt::Key_X, CutText, CutText},
+    {Qt::Key_V, PasteText, PasteText},
+    {Qt::Key_F, RFind, RFind},
+    {Qt::Key_Z, rUndo, rRedo},
+    {Qt::Key_Y, rRedo, rRedo},
+    {Qt::Key_Home, GoToStart, nullptr},
+    {Qt::Key_End, GoToEnd, nullptr},
+    {Qt::Key_Insert, CopyText, EditNode}, // quirk 54
 };
 
 bool RunControlKey(DocumentWindow& window, int key, bool shift) {
     for (const ControlKey& one : kControlKeys) {
-        if (one.key == key && (one.withShift || !shift)) {
-            one.run(window);
+        const auto run = shift ? one.withShift : one.run;
+        if (one.key == key && run) {
+            run(window);
             return true;
         }
     }
@@ -122,6 +123,7 @@ void PaneKeyDown(DocumentWindow& window, bool second, int& key, int modifiers) {
     const bool shift = Holds(modifiers, Qt::ShiftModifier);
     const bool control = Holds(modifiers, Qt::ControlModifier) && !Holds(modifiers, Qt::AltModifier);
     if (!control && (key == Qt::Key_Tab || key == Qt::Key_Backtab)) {
+        pane.EndMark();
         if (shift || key == Qt::Key_Backtab)
             DecreaseIndent(pane);
         else

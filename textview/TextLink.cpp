@@ -6,6 +6,7 @@
 #include "core/model/NodePlaces.h"
 #include "textview/FillText.h"
 #include "textview/TreeText.h"
+#include "textview/Undo.h"
 
 namespace textview {
 
@@ -18,15 +19,11 @@ using controls::TreeNode;
 constexpr qsizetype kJumpBeyond = 800;
 
 void BuildTreeFromText(DocumentWindow& window) {
-    const PaneSelections selections(window);
     const text::LongText text = window.TextInUse().Long();
-    const long number = m_tvXML::GetNodeNumByTextPosition(text, window.TextInUse().SelStart());
-    const bool good = XMLToTree(window, text, number).good();
+    XMLToTree(window, text, m_tvXML::GetNodeNumByTextPosition(text, window.TextInUse().SelStart()));
     // Whether it parsed or not: leaving the same bad text again is quiet.
     if (window.TextInUse().Long() == text)
         window.bond.msLastParsedText = text;
-    if (good)
-        selections.restore();
 }
 
 } // namespace
@@ -36,6 +33,8 @@ void LeaveTextView(DocumentWindow& window) try {
     // (quirk 18).
     if (!window.bond.bTextChanged())
         return;
+    if (window.tmText.Enabled())
+        return FollowSteps(window);
     BringPanesTogether(window);
     if (window.TextInUse().Long() == window.bond.msLastParsedText)
         window.bond.move(BondMove::TextTakenBack);
@@ -73,8 +72,7 @@ void NavToNodeRelatedText(DocumentWindow& window) {
         const qsizetype place =
             m_tvXML::GetTextPositionByNodeNum(target.Long(), m_tvXML::GetBeforeNodeNumber(window.app, node));
         target.SetSelStart(place + kJumpBeyond);
-        target.SetSelStart(std::abs(place - 1));
-        target.SetSelLength(1);
+        target.Mark(std::abs(place - 1), 1);
         edit::ShowCursorPosition(window);
     });
 }

@@ -15,7 +15,7 @@ bool ReadEditedText(DocumentWindow& window);
 /// The user goes on in the text, and the tree will be built anew from it: the running edit writes what is new
 /// in the tree, also where a node was left empty. A label that is being edited is waited for.
 void BringTextUpToDate(DocumentWindow& window);
-/// Puts the caret of the text view in use on the current node and selects its first character.
+/// Puts the caret of the text view in use on the current node and marks its first character.
 void NavToNodeRelatedText(DocumentWindow& window);
 /// Selects the tree node that the caret stands in, without a parse.
 void SelectNodeAtCaret(DocumentWindow& window);

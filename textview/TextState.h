@@ -39,6 +39,7 @@ struct TextState {
     // The pane in use, before its last change and as it stands: a change is told by the difference.
     TextStatus previousStatus, currentStatus;
 
+    QString pathInHand; ///< of the node that is to be current when the tree follows the steps
     /// Path of the node that was current until a step took it away, for the step that brings it back; good as
     /// long as the node that took its place is the current one (quirk 19).
     QString lostPath, placeTakenBy;

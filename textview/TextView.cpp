@@ -3,6 +3,7 @@
 #include "core/edit/Transaction.h"
 #include "textview/TextEvents.h"
 #include "textview/TextLink.h"
+#include "textview/Undo.h"
 
 namespace textview {
 
@@ -18,6 +19,7 @@ void Load(DocumentWindow& window) {
     window.rtxtXML.SetFont(options.TextName, options.TextSize);
     window.rtxtXML2.SetFont(options.TextName, options.TextSize);
     window.pctSplitText.SetVisible(false);
+    window.tmText.Tick.connect([&window] { FollowSteps(window); });
     ConnectPane(window, window.rtxtXML, false);
     ConnectPane(window, window.rtxtXML2, true);
 }

@@ -21,16 +21,27 @@ void ForgetDocument(DocumentWindow& window) {
     window.bond.treeRevision = window.tvXML.Revision();
 }
 
-// A window that merely comes to the front keeps its text (quirk 17).
-void Begin(DocumentWindow& window, const FetchedText& fetched) {
-    ForgetDocument(window);
-    SetRichText(window, fetched.text);
+// The tree from a text that the panes have.
+void ReadFetched(DocumentWindow& window, const FetchedText& fetched) {
     // Colouring may have put blanks in; which line end is whose is told by the text as it was before an edit.
     if (!window.fileForm.lineEnds.each.empty())
         window.fileForm.lineEnds.loadedText = window.rtxtXML.Long();
     XMLToTree(window, fetched, 0);
     window.bond.msLastParsedText = window.rtxtXML.Long();
+}
+
+// A window that merely comes to the front keeps its text (quirk 17).
+void Begin(DocumentWindow& window, const FetchedText& fetched) {
+    ForgetDocument(window);
+    SetRichText(window, fetched.text);
+    ReadFetched(window, fetched);
     BeginHistory(window);
+}
+
+void Renew(DocumentWindow& window, const FetchedText& fetched) {
+    ForgetDocument(window);
+    ChangeText(window, fetched.text, window.TextInUse().Content());
+    ReadFetched(window, fetched);
 }
 
 void BeginFromTree(DocumentWindow& window) {
@@ -56,6 +67,7 @@ void Replace(DocumentWindow& window, const QString& text) {
 const edit::TextWay& WrittenAnew() {
     static constexpr edit::TextWay way{.text = Text,
                                        .begin = Begin,
+                                       .renew = Renew,
                                        .beginFromTree = BeginFromTree,
                                        .read = ReadEditedText,
                                        .write = TreeChangeTextView,

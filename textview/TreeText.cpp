@@ -17,9 +17,6 @@ namespace {
 using controls::TreeNode;
 using text::LongText;
 
-// Units of a text that is parsed after each change of the tree.
-constexpr qsizetype kTriedAtOnce = 4'000'000;
-
 // --- text to tree ------------------------------------------------------------------------------------------
 
 // A window without a document gets the default tree. That is no change of the user's that the text lacks.
@@ -74,7 +71,9 @@ void CountAsRead(DocumentWindow& window) {
 void TakeDocument(DocumentWindow& window, const xml::ParsedDocument& document, long selectNumber) {
     m_tvXML::FillTree(window.app, window.tvXML, document);
     CountAsRead(window);
-    if (edit::Shows(window, edit::kTextTab) || window.rtxtXML.Long().isEmpty())
+    // What is being loaded stays as its file has it (quirk 43).
+    const bool edited = window.bLoaded && edit::Shows(window, edit::kTextTab);
+    if (edited || window.rtxtXML.Long().isEmpty())
         TreeChangeTextView(window);
     SelectByNumber(window, selectNumber);
 }
@@ -100,6 +99,11 @@ mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long 
 
 // --- tree to text ------------------------------------------------------------------------------------------
 
+// A new document begins without a root element: that is no error to tell the user of (quirk 45).
+bool IsJustBegun(const DocumentWindow& window) {
+    return window.bond.msOpenText.isEmpty() && !m_tvXML::HaveElementNodeAtXMLRootLevel(window.tvXML);
+}
+
 void WriteTreeAsText(DocumentWindow& window) {
     controls::RichTextBox& target = window.TextInUse();
     if (window.tvXML.Nodes.Count() < 2) {
@@ -109,7 +113,7 @@ void WriteTreeAsText(DocumentWindow& window) {
                                                            QStringLiteral("\t"), target.Long());
         // The text is tried even where it will be taken anyway: status panel and last parse error tell how it
         // stands. With a large one that would hold up each command for a second or more: saving tries it.
-        window.bond.untried = xml.size() > kTriedAtOnce;
+        window.bond.untried = xml.size() > kTriedAtOnce || IsJustBegun(window);
         const bool valid = !window.bond.untried && edit::ValidateXML(window.app, xml, edit::Tone::Quiet);
         if ((valid || !xml.holdsOnly(u" ")) && !(target.Long() == xml))
             ChangeText(window, xml, target.Content());

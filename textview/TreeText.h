@@ -7,6 +7,9 @@
 // Text to tree and tree to text.
 namespace textview {
 
+/// Units of a text that is parsed at each change of tree or text; a larger one when there is time.
+inline constexpr qsizetype kTriedAtOnce = 4'000'000;
+
 /// Copies a text into the tree, whole: new nodes, new keys; a blank text leaves the root alone. The text view
 /// then shows the tree's own form of the text, where it is on show or empty. A text that doesn't parse is
 /// told and leaves the tree as it is (a tree without a document gets the default one); the text view comes up

@@ -11,6 +11,7 @@
 #include "textview/History.h"
 #include "textview/TreeText.h"
 #include <QScopedValueRollback>
+#include <algorithm>
 
 namespace textview {
 
@@ -30,7 +31,7 @@ struct Side {
 };
 
 // A text that was loaded past the history may lack what the step would take away: other text must not go in
-// its place. What goes keeps its colours for the way back.
+// its place. What goes keeps its colours for the way back. The caret stands behind what came then.
 void Exchange(Application& app, RichTextBox& pane, const Side& take, const Side& put) {
     if (pane.Long().mid(take.position, take.text.size()) != take.text)
         return;
@@ -38,19 +39,34 @@ void Exchange(Application& app, RichTextBox& pane, const Side& take, const Side&
         take.colours = controls::RunsOf(pane.Runs(), take.position, take.text.size());
     RDelete(pane, take.position, take.text);
     RInsert(app, pane, put.position, put.text, put.colours);
+    pane.SetSelStart(pane.SelStart() + pane.SelLength());
+}
+
+// The pane that isn't in use stays with its place.
+void ExchangeInPlace(Application& app, RichTextBox& pane, const Side& take, const Side& put) {
+    const auto moved = [&](qsizetype place) {
+        if (place > take.position)
+            place = std::max(take.position, place - take.text.size());
+        return place > put.position ? place + put.text.size() : place;
+    };
+    const qsizetype start = moved(pane.SelStart()), end = moved(pane.SelStart() + pane.SelLength());
+    Exchange(app, pane, take, put);
+    pane.SetSelStart(start);
+    pane.SetSelLength(end - start);
 }
 
 void ApplyToText(DocumentWindow& window, UndoRecord& record, Way way) {
+    if (record.WholeText)
+        return SetContentInPlace(window, way == Way::Back ? *record.OldRTF : *record.NewRTF);
     const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
     const Side deleted{record.DelPos, record.DelText, record.DelColours},
         inserted{record.InsPos, record.InsText, record.InsColours};
     for (RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2}) {
-        if (record.WholeText)
-            pane->SetContent(way == Way::Back ? *record.OldRTF : *record.NewRTF);
-        else if (way == Way::Back)
-            Exchange(window.app, *pane, inserted, deleted);
+        const auto exchange = pane == &window.TextInUse() ? Exchange : ExchangeInPlace;
+        if (way == Way::Back)
+            exchange(window.app, *pane, inserted, deleted);
         else
-            Exchange(window.app, *pane, deleted, inserted);
+            exchange(window.app, *pane, deleted, inserted);
     }
 }
 
@@ -98,20 +114,32 @@ void KeepCurrentNode(DocumentWindow& window, const xml::ParsedDocument& document
     state.placeTakenBy = CurrentKey(window);
 }
 
-void TakeStep(DocumentWindow& window, Way way) {
-    const QString path = PathInHand(window);
+void Follow(DocumentWindow& window) {
+    if (window.TextInUse().Long() == window.bond.msLastParsedText)
+        return window.bond.move(BondMove::TextTakenBack);
     const PaneSelections selections(window);
-    StepInText(window, way);
     const mXMLEdit::Parsed parsed = BuildTree(window);
-    selections.restore();
     if (parsed.good())
-        return KeepCurrentNode(window, *parsed.document, path);
+        return KeepCurrentNode(window, *parsed.document, StateOf(window).pathInHand);
     // A text that doesn't parse comes to the front with its error selected: the user's place counts.
     edit::Then(window, [&window, selections] {
         selections.restore();
         if (edit::Shows(window, edit::kTextTab))
             edit::ShowCursorPosition(window);
     });
+}
+
+// With each step of a held key a large tree would be built anew, and the keys would wait.
+void TakeStep(DocumentWindow& window, Way way) {
+    const bool waits = window.tmText.Enabled();
+    if (!waits)
+        StateOf(window).pathInHand = PathInHand(window);
+    window.tmText.SetEnabled(false);
+    StepInText(window, way);
+    if (window.TextInUse().Long().size() > kTriedAtOnce)
+        window.tmText.SetEnabled(true);
+    else
+        Follow(window);
 }
 
 // What waits in the tree is a step itself.
@@ -122,7 +150,11 @@ void RunStep(DocumentWindow& window, const char* routine, Way way) {
     if (way == Way::Back ? state.UndoPos == 0 : state.UndoPos >= steps)
         return;
     const QScopedValueRollback running(StateOf(window).bUndoRunning, true);
-    edit::Run(window, routine, [&] { TakeStep(window, way); });
+    edit::Run(window, routine, [&] {
+        TakeStep(window, way);
+        if (edit::Shows(window, edit::kTextTab))
+            edit::ShowCursorPosition(window);
+    });
 }
 
 } // namespace
@@ -133,6 +165,14 @@ void rUndo(DocumentWindow& window) {
 
 void rRedo(DocumentWindow& window) {
     RunStep(window, "rRedo", Way::Again);
+}
+
+void FollowSteps(DocumentWindow& window) {
+    if (!window.tmText.Enabled())
+        return;
+    window.tmText.SetEnabled(false);
+    const QScopedValueRollback running(StateOf(window).bUndoRunning, true);
+    edit::Run(window, "rUndo", [&] { Follow(window); });
 }
 
 } // namespace textview

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "window/WindowEvents.h"
+#include "core/edit/FileOnDisk.h"
 #include "core/edit/FollowPath.h"
 #include "core/edit/Save.h"
 #include "core/edit/Tabs.h"
@@ -33,8 +34,15 @@ void FileName(DocumentWindow& window) {
 void Form_Load(DocumentWindow& window) {
     window.way = &textview::WrittenAnew();
     // What is being typed in a label or a cell goes in before another view shows.
-    window.tbsXML.BeforeClick.connect([&window](bool&) { nodes::FinishEdits(window); });
+    window.tbsXML.BeforeClick.connect(
+        [&window](bool& cancel) { cancel = cancel || !nodes::FinishEdits(window); });
     edit::LoadViews(window);
+    for (controls::RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2}) {
+        pane->Change.connect([&window] {
+            if (window.bLoaded) // typed: an edit of nodes shows it at its end
+                edit::ShowUnsaved(window);
+        });
+    }
     nodes::ConnectTree(window);
     nodes::ConnectDragging(window);
     window.txtXPath.KeyUp.connect([&window](int key, int) {
@@ -46,7 +54,9 @@ void Form_Load(DocumentWindow& window) {
 void Form_Activate(DocumentWindow& window) {
     edit::Run(window, "Form_Activate", [&] {
         SetVSplitPosition(window, window.msngVSplit);
-        edit::ExpandRoot(window);
+        // A window that comes back is as it was left, with its current node (quirk 48).
+        if (!window.tvXML.SelectedItem())
+            edit::ExpandRoot(window);
         if (window.tvXML.Nodes.Count() > 0) {
             window.app.CurrentFileName = window.tvXML.Nodes(1).Text();
             window.SetCaption(window.app.CurrentFileName);
@@ -65,7 +75,8 @@ bool Form_Unload(DocumentWindow& window) {
     });
     if (window.app.frame().FormCount() <= 1)
         window.app.frame().DisableMenu();
-    nodes::FinishEdits(window);
+    if (!nodes::FinishEdits(window))
+        return false;
     edit::SaveXMLFile(window, false, false);
     if (window.bCancelSave)
         return false;

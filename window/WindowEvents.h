@@ -7,7 +7,8 @@ namespace window {
 
 /// Joins the controls of a window that was just made to its views and commands.
 void Form_Load(DocumentWindow& window);
-/// The window has come to the front: menus, the opened and selected root, the name in hand.
+/// The window has come to the front: menus, the opened and selected root where no node is current, the name
+/// in hand.
 void Form_Activate(DocumentWindow& window);
 /// The window is to be closed: open edits are finished, and unsaved changes are asked about. False: it stays.
 bool Form_Unload(DocumentWindow& window);

@@ -73,8 +73,11 @@ bool GetFileData(Application& app, const QString& path, FetchedText& fetched) {
         fetched = {};
         QByteArray bytes;
         auto fetching = std::make_shared<Waiting>(app, path);
+        const std::optional<services::FileStamp> stamp = app.services.files.Stamp(path);
         const services::FileResult result = app.services.files.Read(path, bytes, fetching->Step(0, kFetched));
         if (result) {
+            if (stamp)
+                fetched.mark = {*stamp, services::ContentMark(bytes)};
             text::Decoded decoded = text::Decode(bytes);
             bytes.clear(); // of a large file these are many
             return Take(app, std::move(fetching), std::move(decoded), fetched);

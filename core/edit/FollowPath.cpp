@@ -30,16 +30,16 @@ void SelectInText(DocumentWindow& window, const QString& path) {
 } // namespace
 
 void SelectTreeNodeByPath(DocumentWindow& window, const QString& path) {
-    Guarded(window, "txtXPath_KeyUp", [&] {
+    if (window.bond.bTreeChanged()) // the path is looked for in the text
+        Run(window, "txtXPath_KeyUp", [&] { WriteUnnamed(window); });
+    Run(window, "txtXPath_KeyUp", [&] {
         if (window.tvXML.Nodes.Count() == 0)
             return;
-        DoTree(window);                 // a text behind the tree is brought up to date
+        TellPathAgain(window);          // the box may hold a path that led elsewhere
         if (text::Trim(path).isEmpty()) // the path of the tree root
             SelectNode(window, window.tvXML.Nodes(1));
         else
             SelectInText(window, path);
-        TellPathAgain(window); // the box may hold a path that led elsewhere
-        DoTree(window);
     });
 }
 

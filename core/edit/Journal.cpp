@@ -2,6 +2,7 @@
 #include "core/edit/Journal.h"
 #include "core/edit/JournalRecords.h"
 #include "core/edit/Report.h"
+#include "core/model/FileNames.h"
 #include <QElapsedTimer>
 #include <algorithm>
 #include <new>
@@ -30,6 +31,12 @@ LongText FirstText(const DocumentWindow& window) {
     return ends.each.empty() ? window.TextInUse().Long() : ends.loadedText;
 }
 
+bool IsInItsFile(Application& app, const JournalReader& reader) {
+    QByteArray bytes;
+    return mXMLEdit::IsLocalPath(reader.head.name) && app.services.files.Read(reader.head.name, bytes) &&
+           text::Decode(bytes).text == reader.text;
+}
+
 bool Never() {
     return false;
 }
@@ -50,7 +57,7 @@ Journal::Entry* Journal::EntryOf(const DocumentWindow& window) {
     return found == entries_.end() ? nullptr : &*found;
 }
 
-void Journal::Watch(DocumentWindow& window, bool made) {
+void Journal::Watch(DocumentWindow& window) {
     if (!store_)
         return;
     Entry* entry = EntryOf(window);
@@ -58,8 +65,7 @@ void Journal::Watch(DocumentWindow& window, bool made) {
         entry = &entries_.emplace_back();
     *entry = Entry();
     entry->window = &window;
-    if (!made)
-        entry->saved = window.TextInUse().Long();
+    entry->saved = window.TextInUse().Long();
     tmJournal.SetEnabled(true);
 }
 
@@ -68,6 +74,11 @@ void Journal::Forget(DocumentWindow& window) {
         Remove(*entry);
         entry->saved = window.TextInUse().Long();
     }
+}
+
+void Journal::Keep(DocumentWindow& window) {
+    if (Entry* entry = EntryOf(window))
+        entry->saved.reset();
 }
 
 // One that wasn't forgotten holds what isn't saved, such as a text that couldn't be written to its file.
@@ -219,7 +230,9 @@ std::vector<Orphan> Journal::Orphans() {
     for (auto& file : store_->Orphans()) {
         JournalReader reader;
         const FileResult result = file->Read([&](const QByteArray& record) { return reader.take(record); });
-        if (reader.hasText())
+        if (reader.hasText() && IsInItsFile(app_, reader))
+            file->Remove(); // the run ended between saving and this
+        else if (reader.hasText())
             orphans.push_back({reader.head.name, reader.head.kind, file->Time(), reader.text,
                                reader.head.form, std::move(file)});
         else if (result && !reader.isForeign())
@@ -239,7 +252,8 @@ FetchedText Journal::TakeBack(const Orphan& orphan) {
 
 void Journal::Adopt(DocumentWindow& window, Orphan orphan) {
     window.bond.msOpenText = {};
-    Watch(window, true);
+    Watch(window);
+    Keep(window);
     if (Entry* entry = EntryOf(window)) {
         entry->file = std::move(orphan.file);
         entry->name = orphan.name;

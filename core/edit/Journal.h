@@ -39,9 +39,8 @@ public:
     controls::Timer tmJournalOn{100}; ///< goes on with what was too much for one tick
     int mostMilliseconds = 25;        ///< of a tick; it ends with the record in which they run out
 
-    /// The window has a document now, as its file or a new one has it; a `made` one stands nowhere else. A
-    /// journal that it had stays behind.
-    void Watch(DocumentWindow& window, bool made = false);
+    /// The window has a document now, as its file or a new one has it. A journal that it had stays behind.
+    void Watch(DocumentWindow& window);
     /// Writes what has changed.
     void Tick();
     /// The same, however long it takes: the run is about to end, or the text is in danger.
@@ -49,8 +48,12 @@ public:
     /// The document is in its file, or isn't wanted any more: its journal goes.
     void Forget(DocumentWindow& window);
 
+    /// The document's file is gone or holds something else: its text is kept though nothing changed in it.
+    void Keep(DocumentWindow& window);
+
     /// The documents that earlier runs left behind, the oldest first. Those of a run that still goes on
-    /// aren't among them. What isn't taken back or dropped is there again at the next start.
+    /// aren't among them, nor those whose text is in their file. What isn't taken back or dropped is there
+    /// again at the next start.
     std::vector<Orphan> Orphans();
     /// The document for a window: of the kind and name that the orphan tells.
     static FetchedText TakeBack(const Orphan& orphan);

@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/Open.h"
 #include "core/edit/Fetch.h"
+#include "core/edit/FileOnDisk.h"
 #include "core/edit/Journal.h"
-#include "core/edit/Save.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
+#include "core/edit/WriteFile.h"
 #include "core/model/DomToTree.h"
 #include "core/model/FileNames.h"
 #include "core/model/Frame.h"
+#include "core/model/NodeAddress.h"
+#include "platform/text/TextDifference.h"
 #include <QScopeGuard>
+#include <QScopedValueRollback>
+#include <algorithm>
 
 namespace edit {
 
@@ -22,12 +27,55 @@ bool IsSchemaName(const QString& fileName) {
     return mXMLEdit::GetExtName(fileName).toLower() == QStringLiteral("xsd");
 }
 
-// A window that is loaded again takes the new text and name. The steps so far lead to another document.
-void Reload(DocumentWindow& window, const QString& fileName, const FetchedText& fetched) {
+// A window takes another document. The steps so far lead to the one before.
+void TakeDocument(DocumentWindow& window, const QString& fileName, const FetchedText& fetched) {
     window.bLoaded = false;
     window.app.CurrentFileName = fileName;
     window.SetCaption(fileName);
     FillWindow(window, fetched);
+}
+
+/// Where the user is in a text, to be found again in another text of the same document.
+class Caret {
+public:
+    explicit Caret(controls::RichTextBox& pane)
+        : pane_(pane), text_(pane.Long()), from_(pane.SelStart()), to_(from_ + pane.SelLength()) {}
+    void Restore() const {
+        const text::TextChange change = text::Difference(text_, pane_.Long());
+        const qsizetype from = Moved(from_, change);
+        pane_.SetSelStart(from);
+        pane_.SetSelLength(Moved(to_, change) - from);
+    }
+
+private:
+    static qsizetype Moved(qsizetype place, const text::TextChange& change) {
+        if (place >= change.start + change.removed)
+            return place + change.added - change.removed;
+        return std::min(place, change.start + change.added);
+    }
+    controls::RichTextBox& pane_;
+    text::LongText text_;
+    qsizetype from_, to_;
+};
+
+// The same document, as its file has it now: a step of the history, and the user stays where they are.
+void Reload(DocumentWindow& window, const FetchedText& fetched) {
+    const Caret first(window.rtxtXML), second(window.rtxtXML2);
+    const m_tvXML::NodeAddress current(window.tvXML.SelectedItem());
+    const QScopedValueRollback loading(window.bLoaded, false);
+    Run(window, "OpenFile", [&] {
+        window.app.CurrentFileName = window.Caption;
+        window.fileForm = fetched.form;
+        window.way->renew(window, fetched);
+        window.bond.msOpenText = window.way->text(window);
+        TakeMark(window, fetched.mark);
+        window.tvXML.SetSelectedItem(current.nearestIn(window.tvXML));
+        TellPathAgain(window);
+    });
+    if (window.bond.refused())
+        return; // the caret is at what the parser dislikes
+    first.Restore();
+    second.Restore();
 }
 
 // What can't be fetched may become a new document of that name, if the user wants it.
@@ -49,6 +97,8 @@ bool MakeNewInstead(Application& app, const QString& fileName) {
         app.frame().NewSXMLFile({}, name);
     else
         app.frame().NewXMLFile({}, name);
+    if (DocumentWindow* made = app.frame().ActiveForm(); made && made->Caption == name)
+        TakeFileAsItIs(*made, name);
     return true;
 }
 
@@ -69,17 +119,21 @@ void FillWindow(DocumentWindow& window, const FetchedText& fetched) {
     window.fileForm = fetched.form;
     if (fetched.text.isEmpty()) {
         m_tvXML::AddTreeRoot(window.app, window.tvXML, true);
-        window.way->beginFromTree(window);
         window.bond.msOpenText = {}; // a document that was never saved counts as changed
+        window.way->beginFromTree(window);
     } else {
         window.way->begin(window, fetched);
         const text::LongText& text = window.way->text(window);
         if (!text.holdsOnly(u" \t\r\n"))
             window.bond.msOpenText = fetched.made ? text::LongText() : text;
     }
+    TakeMark(window, fetched.mark);
     TellPathAgain(window);
     edit.Close();
-    JournalOf(window.app).Watch(window, fetched.made);
+    JournalOf(window.app).Watch(window);
+    if (fetched.made)
+        JournalOf(window.app).Keep(window);
+    FilesOf(window.app).Follow(window);
 }
 
 void OpenFile(Application& app, const QString& fileName, DocumentWindow*& form) {
@@ -88,8 +142,10 @@ void OpenFile(Application& app, const QString& fileName, DocumentWindow*& form) 
         auto failed = qScopeGuard([&] { NameAfterFailure(app, fileName, form); });
         FetchedText fetched;
         if (GetData(app, fileName, fetched)) {
-            if (form)
-                Reload(*form, fileName, fetched);
+            if (form && form->Caption == fileName)
+                Reload(*form, fetched);
+            else if (form)
+                TakeDocument(*form, fileName, fetched);
             else if (IsSchemaName(fileName))
                 app.frame().NewSXMLFile(fetched, fileName);
             else

@@ -17,7 +17,7 @@ void TellError(Application& app, const xml::ParseError& error, Tone tone) {
         Message(app, report.replace(QStringLiteral("\r\n"), QStringLiteral("--")));
     } else {
         app.services.prompts.MsgBox(report, services::Buttons::Ok, services::Icon::Critical,
-                                    QStringLiteral("This is not valid XML"));
+                                    QStringLiteral("This is not valid XML"), app.CurrentFileName);
     }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/Save.h"
+#include "core/edit/FileChanged.h"
 #include "core/edit/Journal.h"
 #include "core/edit/Report.h"
 #include "core/edit/TextWay.h"
@@ -17,28 +18,28 @@ using services::Answer;
 using services::Buttons;
 using services::Icon;
 
-// Brings tree and text together. True when the tree had changes that the text didn't show while the window is
-// closing: the user is then asked whatever the comparison with the opened text would say.
+// Brings tree and text together. False when the text isn't well-formed: the user has been told.
 bool BringTogether(DocumentWindow& window) {
     if (window.bond.bTextChanged())
         window.way->read(window);
-    const bool changed = window.bond.bTreeChanged();
-    if (changed)
+    if (window.bond.bTreeChanged())
         Run(window, "SaveXMLFile", [&] { WriteUnnamed(window); });
     if (std::exchange(window.bond.untried, false))
-        ValidateXML(window.app, window.TextInUse().Long(), Tone::Quiet);
-    return changed && window.bUnloading;
+        return ValidateXML(window.app, window.TextInUse().Long(), Tone::Quiet);
+    return !window.bond.refused();
 }
 
-// Whatever another document's last parse was, a text that is in its file needs no saving (quirk 25).
-bool NothingToSave(DocumentWindow& window, bool bSaveAs) {
-    return !bSaveAs && window.way->text(window) == window.bond.msOpenText;
+// Whatever another document's last parse was, a text that is in its file needs no saving (quirk 25). One
+// whose write was refused is tried again, but counts as saved for closing (quirk 46).
+bool NothingToSave(DocumentWindow& window) {
+    NoticeFile(window);
+    return window.bUnloading ? CountsAsSaved(window) : !IsUnsaved(window);
 }
 
 bool WantsSaving(DocumentWindow& window) {
     const Answer answer = window.app.services.prompts.MsgBox(
         QStringLiteral("This XML file has been changed. Do you want to save it?"), Buttons::YesNoCancel,
-        Icon::Question);
+        Icon::Question, QStringLiteral("Vantrel"), window.Caption);
     window.bCancelSave = answer == Answer::Cancel;
     if (answer == Answer::No)
         JournalOf(window.app).Forget(window);
@@ -68,31 +69,28 @@ void TakeName(DocumentWindow& window, const QString& name) {
 // keep its text. The window stays then.
 bool Write(DocumentWindow& window, const QString& fileName) {
     QString text = window.way->text(window).toString();
-    const SaveOutcome outcome = WriteText(window.app, text, fileName, &window.fileForm);
+    services::FileMark mark;
+    const SaveOutcome outcome = WriteText(window.app, text, fileName, &window.fileForm, &mark);
+    FileOf(window).refused = outcome == SaveOutcome::Refused;
     if (outcome == SaveOutcome::Declined || (outcome == SaveOutcome::Refused && window.bUnloading)) {
         window.bCancelSave = window.bUnloading;
         return false;
     }
     if (!(window.way->text(window) == text))
         Run(window, "SaveXMLFile", [&] { window.way->replace(window, text); });
-    if (outcome == SaveOutcome::Written) // else the text is nowhere but here
+    if (outcome == SaveOutcome::Written) { // else the text is nowhere but here
         JournalOf(window.app).Forget(window);
+        TakeMark(window, mark);
+    }
     return true;
 }
 
 bool SaveUnderOwnName(DocumentWindow& window) {
-    if (!Write(window, window.Caption))
+    if (!MayOverwrite(window) || !Write(window, window.Caption)) {
+        window.bCancelSave = window.bUnloading;
         return false;
+    }
     window.app.frame().cmbAddress().SetText(window.app.CurrentFileName);
-    return true;
-}
-
-// Two windows on one file would save over each other.
-bool IsOpenElsewhere(DocumentWindow& window, const QString& name) {
-    if (name == window.Caption || !window.app.frame().HaveSameNameForm(name, false))
-        return false;
-    window.app.services.prompts.MsgBox(name + QStringLiteral("\r\nis open in another window."), Buttons::Ok,
-                                       Icon::Exclamation);
     return true;
 }
 
@@ -113,22 +111,21 @@ bool SaveUnderNewName(DocumentWindow& window) {
     return true;
 }
 
-} // namespace
-
-bool MayReplace(Application& app, const QString& name) {
-    return app.services.prompts.MsgBox(name + QStringLiteral(" already exists. Do you want to replace it?"),
-                                       Buttons::YesNo, Icon::None,
-                                       QStringLiteral("Save file ...")) == Answer::Yes;
+void SaySaved(DocumentWindow& window, bool wellFormed) {
+    const QString saved = window.Caption + QStringLiteral(" has been saved.");
+    Message(window.app, wellFormed ? saved : saved + QStringLiteral(" It is not valid XML."));
 }
+
+} // namespace
 
 void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck) {
     Guarded(window, "SaveXMLFile", [&] {
-        if (!bSkipCheck) {
-            const bool ask = BringTogether(window);
-            if (!ask && NothingToSave(window, bSaveAs))
-                return;
-        }
-        if (window.bUnloading && !WantsSaving(window))
+        const bool looks = !bSkipCheck && !bSaveAs;
+        // The question comes before anything is said about the text, which may not be wanted (quirk 44).
+        if (window.bUnloading && ((looks && NothingToSave(window)) || !WantsSaving(window)))
+            return;
+        const bool wellFormed = bSkipCheck || BringTogether(window);
+        if (!window.bUnloading && looks && NothingToSave(window))
             return;
         const bool ownName = mXMLEdit::IsLocalPath(window.Caption) && !bSaveAs;
         if (!(ownName ? SaveUnderOwnName(window) : SaveUnderNewName(window)))
@@ -137,6 +134,9 @@ void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck) {
         // counts as saved.
         window.bond.move(BondMove::TextTakenBack);
         window.bond.msOpenText = window.way->text(window);
+        ShowUnsaved(window);
+        if (!FileOf(window).refused)
+            SaySaved(window, wellFormed);
     });
 }
 

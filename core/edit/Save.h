@@ -7,11 +7,10 @@
 namespace edit {
 
 /// Saves the text. `bSaveAs` asks for a name always; a name that isn't a local path leads to the dialog too.
-/// `bSkipCheck` leaves out bringing tree and text together. While the window is closing it asks first; Cancel
-/// sets bCancelSave.
+/// `bSkipCheck` leaves out bringing tree and text together. While the window is closing it asks first, if
+/// there is something to be saved; Cancel sets bCancelSave. A file that another program has changed is
+/// written over only if the user says so. What was saved is told on status panel 1.
 void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck);
 void SaveAs(DocumentWindow& window);
-/// Asks whether a document may be saved over the file of a name one day.
-bool MayReplace(Application& app, const QString& name);
 
 } // namespace edit

@@ -14,6 +14,8 @@ struct TextWay {
     const text::LongText& (*text)(const DocumentWindow& window);
     /// A new document's text, and the tree from it; the history begins with it.
     void (*begin)(DocumentWindow& window, const FetchedText& fetched);
+    /// Another text of the same document, and the tree from it, as one step of the history.
+    void (*renew)(DocumentWindow& window, const FetchedText& fetched);
     /// A new document without a text: the tree is there, and the text is made from it. The history begins.
     void (*beginFromTree)(DocumentWindow& window);
     /// An edited text into the tree. False when it doesn't parse and the user has just been told; true also

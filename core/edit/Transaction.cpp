@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/Transaction.h"
+#include "core/edit/FileOnDisk.h"
 #include "core/edit/NodePath.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/View.h"
@@ -13,8 +14,10 @@ namespace {
 
 /// What an edit leaves to its end.
 struct Pending {
-    int depth = 0;
+    int depth = 0, series = 0;
     bool unnamedToo = false;
+    bool held = false;  ///< the text waits for what is typed about a new node
+    bool opens = false; ///< in an editor that the running edit is about to open
     std::vector<std::function<void()>> after;
     std::uint64_t shownRevision = 0; ///< of the tree, as the view on show has it
     QString pathKey;                 ///< of the node whose path was shown last
@@ -25,12 +28,23 @@ Pending& PendingOf(DocumentWindow& window) {
     return window.rooms.of<Pending>();
 }
 
+bool IsTyping(const DocumentWindow& window) {
+    return window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0 ||
+           window.txtListView.Visible();
+}
+
+bool TextWaits(DocumentWindow& window, bool unnamedToo) {
+    Pending& pending = PendingOf(window);
+    pending.held = pending.held && (pending.opens || IsTyping(window));
+    return pending.held || (!unnamedToo && IsAddingNewNode(window));
+}
+
 void WriteText(DocumentWindow& window) {
     const std::uint64_t revision = window.tvXML.Revision();
     if (std::exchange(window.bond.treeRevision, revision) != revision)
         window.bond.move(BondMove::TreeChanged);
     const bool unnamedToo = std::exchange(PendingOf(window).unnamedToo, false);
-    if (window.way && window.bond.bTreeChanged() && (unnamedToo || !IsAddingNewNode(window)))
+    if (window.way && window.bond.bTreeChanged() && !TextWaits(window, unnamedToo))
         window.way->write(window);
 }
 
@@ -43,6 +57,7 @@ void RefreshView(DocumentWindow& window) {
         PendingOf(window).pathShown = false; // its place among the siblings may be another one
     for (const auto& act : std::exchange(PendingOf(window).after, {}))
         act();
+    PendingOf(window).opens = false;
 }
 
 void RefreshPath(DocumentWindow& window) {
@@ -59,7 +74,38 @@ void RefreshPath(DocumentWindow& window) {
 
 bool IsSettled(DocumentWindow& window) {
     const Pending& pending = PendingOf(window);
-    return pending.after.empty() && pending.shownRevision == window.tvXML.Revision();
+    const bool written = !window.way || !window.bond.bTreeChanged() || TextWaits(window, false);
+    return written && pending.after.empty() && pending.shownRevision == window.tvXML.Revision();
+}
+
+// What follows may change nodes itself, such as an element that could not be named and gets a name: it
+// follows once more.
+void FollowText(DocumentWindow& window) {
+    constexpr int kRounds = 4;
+    RefreshView(window);
+    for (int round = 1; round < kRounds && !IsSettled(window); ++round) {
+        WriteText(window);
+        RefreshView(window);
+    }
+    RefreshPath(window);
+}
+
+void End(DocumentWindow& window, int& level) {
+    --level;
+    ShowUnsaved(window);
+    window.app.frame().RefreshMenu();
+}
+
+/// What comes behind the text, and the end of it all.
+void Follow(DocumentWindow& window, int& level) {
+    try {
+        FollowText(window);
+    } catch (...) { // text and history have the edit: taking the nodes back alone would part them
+        PendingOf(window).after.clear();
+        End(window, level);
+        throw;
+    }
+    End(window, level);
 }
 
 } // namespace
@@ -77,29 +123,12 @@ Transaction::~Transaction() {
     if (--pending.depth > 0)
         return;
     pending.after.clear();
-    pending.unnamedToo = false;
+    pending.unnamedToo = pending.held = pending.opens = false;
 }
 
 void Transaction::TakeBack() {
     if (record_.takeBack())
         window_.bond.takeTreeBack(before_);
-}
-
-// What follows may change nodes itself, such as a refused name that becomes "Unnamed": it follows once more.
-void Transaction::Follow() {
-    constexpr int kRounds = 4;
-    RefreshView(window_);
-    for (int round = 1; round < kRounds && !IsSettled(window_); ++round) {
-        WriteText(window_);
-        RefreshView(window_);
-    }
-    RefreshPath(window_);
-}
-
-void Transaction::End() {
-    open_ = false;
-    --PendingOf(window_).depth;
-    window_.app.frame().RefreshMenu();
 }
 
 void Transaction::Close() {
@@ -110,18 +139,33 @@ void Transaction::Close() {
         return;
     }
     WriteText(window_);
-    try {
-        Follow();
-    } catch (...) { // text and history have the edit: taking the nodes back alone would part them
-        pending.after.clear();
-        End();
-        throw;
-    }
-    End();
+    open_ = false;
+    if (pending.series > 0)
+        --pending.depth;
+    else
+        Follow(window_, pending.depth);
+}
+
+Series::Series(DocumentWindow& window) : window_(window) {
+    ++PendingOf(window).series;
+}
+
+Series::~Series() {
+    if (open_)
+        --PendingOf(window_).series;
+}
+
+void Series::Close() {
+    Pending& pending = PendingOf(window_);
+    open_ = false;
+    if (pending.series > 1 || pending.depth > 0)
+        --pending.series;
+    else
+        Follow(window_, pending.series);
 }
 
 void Then(DocumentWindow& window, std::function<void()> act) {
-    if (PendingOf(window).depth > 0)
+    if (PendingOf(window).depth > 0 || PendingOf(window).series > 0)
         PendingOf(window).after.push_back(std::move(act));
     else
         act();
@@ -129,6 +173,10 @@ void Then(DocumentWindow& window, std::function<void()> act) {
 
 void WriteUnnamed(DocumentWindow& window) {
     PendingOf(window).unnamedToo = true;
+}
+
+void HoldText(DocumentWindow& window, bool hold) {
+    PendingOf(window).held = PendingOf(window).opens = hold;
 }
 
 bool IsAddingNewNode(const DocumentWindow& window) {
@@ -161,6 +209,16 @@ void ExpandRoot(DocumentWindow& window) {
         root.SetExpanded(true);
         root.SetSelected(true);
     });
+}
+
+void Attend(DocumentWindow& window, int context) {
+    const MenuSide side =
+        context == kContextTree || context == kContextTreeNode ? MenuSide::Tree : MenuSide::View;
+    const bool same = window.miPopupContext == context && window.menuSide == side;
+    window.miPopupContext = context;
+    window.menuSide = side;
+    if (!same && PendingOf(window).depth == 0)
+        window.app.frame().RefreshMenu();
 }
 
 void TellPathAgain(DocumentWindow& window) {

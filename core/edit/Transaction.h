@@ -12,7 +12,7 @@
 //   1. the text, if nodes changed: written from the tree, one step of its history;
 //   2. the view on show, and what a command does in it (Then);
 //   3. the path of the current node;
-//   4. menus and toolbars.
+//   4. menus and toolbars, and whether the document is shown as unsaved.
 // A fault inside an edit takes back what that edit did to the nodes: tree, text and history are as they were.
 // A fault of a view, once the text is written, takes nothing back.
 namespace edit {
@@ -30,12 +30,24 @@ public:
     void TakeBack(); ///< the nodes are as they were at the beginning; the edit goes on
 
 private:
-    void Follow(); ///< what comes behind the text
-    void End();
-
     DocumentWindow& window_;
     controls::TreeRecord record_;
     Bond before_;
+    bool open_ = true;
+};
+
+/// Edits that belong together, each of them a step of the text: views, path and menus follow the last one.
+class Series {
+public:
+    explicit Series(DocumentWindow& window);
+    ~Series(); ///< where it wasn't closed, they follow the next edit
+    Series(const Series&) = delete;
+    Series& operator=(const Series&) = delete;
+
+    void Close();
+
+private:
+    DocumentWindow& window_;
     bool open_ = true;
 };
 
@@ -61,6 +73,15 @@ template <typename Act> auto Run(DocumentWindow& window, const QString& routine,
     return Guarded(window.app, routine, [&] { return RunEdit(window, act); });
 }
 
+/// Runs edits as a series, with the error exit of a routine of the window.
+template <typename Act> void RunSeries(DocumentWindow& window, const char* routine, Act act) {
+    Guarded(window, routine, [&] {
+        Series series(window);
+        act();
+        series.Close();
+    });
+}
+
 /// What the running edit does in the view on show once that has followed: choosing a row, opening an editor.
 /// Outside an edit it is done at once.
 void Then(DocumentWindow& window, std::function<void()> act);
@@ -68,6 +89,10 @@ void Then(DocumentWindow& window, std::function<void()> act);
 /// The text of the running edit is written also while a new node waits for its name or text: what was left
 /// empty stays so.
 void WriteUnnamed(DocumentWindow& window);
+
+/// What was added isn't sure yet: the text waits as long as a label or a cell is open behind the running
+/// edit. With false it needn't any more.
+void HoldText(DocumentWindow& window, bool hold);
 
 /// A new node is under way: the selected node, or a child of it, has no name or text yet. The text waits.
 bool IsAddingNewNode(const DocumentWindow& window);
@@ -78,6 +103,9 @@ void DoTree(DocumentWindow& window);
 void SelectNode(DocumentWindow& window, controls::TreeNode node);
 /// Opens and selects the root, if there is one.
 void ExpandRoot(DocumentWindow& window);
+/// The user's attention is with a part of the window: commands and menus are for that. Inside an edit the
+/// menus follow at its end.
+void Attend(DocumentWindow& window, int context);
 /// The current node's path has been told already, or is to be told again although it is the same.
 void TellPathAgain(DocumentWindow& window);
 

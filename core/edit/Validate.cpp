@@ -2,7 +2,9 @@
 #include "core/edit/Validate.h"
 #include "core/edit/Report.h"
 #include "core/model/Application.h"
+#include "core/model/Escaping.h"
 #include "core/model/NodeContent.h"
+#include <functional>
 
 namespace edit {
 
@@ -13,18 +15,99 @@ using m_tvXML::ProbeResult;
 using services::Buttons;
 using services::Icon;
 
+/// How a kind of value is checked.
+struct Check {
+    std::function<QString(const QString&)> probe;
+    QString title; ///< of the box about a wrong one
+    int attributes = m_tvXML::kAnyNumber;
+    bool quotes = false; ///< a quote can be the reason
+};
+
+ProbeResult Try(Application& app, const Check& check, const QString& typed) {
+    return Probe(app, check.probe(typed), check.attributes);
+}
+
+QString Reason(Application& app, const ProbeResult& result) {
+    return result.error ? GetXMLParseErrorString(app, *result.error) : m_tvXML::MoreThanOne();
+}
+
 // A failed probe is told twice: by a beep and the status bar, and in a box under its own title.
-bool Passes(Application& app, const QString& probe, const QString& title,
-            int attributes = m_tvXML::kAnyNumber) {
-    const ProbeResult result = Probe(app, probe, attributes);
-    if (!Tell(app, result, Tone::Quiet)) {
-        app.services.prompts.MsgBox(GetXMLParseErrorString(app, *result.error), Buttons::Ok, Icon::Critical,
-                                    title);
-    } else if (result.several) {
+void TellQuietly(Application& app, const ProbeResult& result) {
+    if (Tell(app, result, Tone::Quiet) && result.several)
         app.services.prompts.Beep();
-        app.services.prompts.MsgBox(m_tvXML::MoreThanOne(), Buttons::Ok, Icon::Critical, title);
-    }
+}
+
+bool Passes(Application& app, const Check& check, const QString& typed) {
+    const ProbeResult result = Try(app, check, typed);
+    TellQuietly(app, result);
+    if (!result.good())
+        app.services.prompts.MsgBox(Reason(app, result), Buttons::Ok, Icon::Critical, check.title);
     return result.good();
+}
+
+/// What escaping makes of a wrong text; nothing where it is of no help. As little as will do is escaped.
+std::optional<QString> Escaped(Application& app, const Check& check, const QString& typed) {
+    QString tried = mXMLEdit::WithAmpersandsEscaped(typed);
+    if (tried != typed && Try(app, check, tried).good())
+        return tried;
+    if (check.quotes) {
+        tried.replace(u'"', QStringLiteral("&quot;"));
+        if (tried != typed && Try(app, check, tried).good())
+            return tried;
+    }
+    if (!tried.contains(u'<'))
+        return {};
+    tried.replace(u'<', QStringLiteral("&lt;"));
+    return Try(app, check, tried).good() ? std::optional(tried) : std::nullopt;
+}
+
+std::optional<QString> Take(Application& app, const Check& check, const QString& typed) {
+    constexpr qsizetype kShown = 200; // units of a text in a box
+    const ProbeResult result = Try(app, check, typed);
+    const std::optional<QString> escaped = result.good() ? std::nullopt : Escaped(app, check, typed);
+    if (!escaped)
+        return Passes(app, check, typed) ? std::optional(typed) : std::nullopt;
+    TellQuietly(app, result);
+    const QString shown = escaped->size() > kShown ? escaped->left(kShown) + QStringLiteral("...") : *escaped;
+    const services::Answer answer = app.services.prompts.MsgBox(
+        Reason(app, result) + QStringLiteral("\r\n\r\nShall it be written as this?"), Buttons::YesNo,
+        Icon::Critical, check.title, shown);
+    if (answer != services::Answer::Yes)
+        return {};
+    Tell(app, ProbeResult(), Tone::Quiet);
+    return escaped;
+}
+
+// --- the checks --------------------------------------------------------------------------------------------
+
+Check AttributesCheck(const QString& nodeName) {
+    return {[=](const QString& typed) { return m_tvXML::NodeAttributesProbe(typed, nodeName); },
+            QStringLiteral("This is not valid attributes")};
+}
+
+// A text that closes its node and opens it again reads as two nodes, which is no document of its own.
+Check TextCheck(Application& app, const QString& nodeName) {
+    const auto probe = [&app, nodeName](const QString& typed) {
+        const QString alone = m_tvXML::NodeTextProbe(typed, nodeName);
+        QString prefix;
+        if (!typed.contains(QStringLiteral("</") + m_tvXML::GetPureName(nodeName, prefix)))
+            return alone;
+        const QString wrapped = QStringLiteral("<temp>") + alone + QStringLiteral("</temp>");
+        return Probe(app, wrapped).good() ? wrapped : alone;
+    };
+    return {probe, QStringLiteral("This is not a validate node text")};
+}
+
+Check AttributeValueCheck(const QString& nodeName, const QString& attributeName) {
+    return {[=](const QString& typed) {
+                return m_tvXML::NodeAttributeValueProbe(typed, nodeName, attributeName);
+            },
+            QStringLiteral("This is not a validate attribute value"), 1, true};
+}
+
+Check AttributeNameCheck(const QString& nodeName) {
+    return {[=](const QString& typed) { return m_tvXML::NodeAttributeNameProbe(typed, nodeName); },
+            QStringLiteral("This is not a validate attribute name"), 1};
 }
 
 } // namespace
@@ -54,16 +137,14 @@ bool ValidateNodeName(Application& app, const QString& name) {
 }
 
 bool ValidateNodeAttributeName(Application& app, const QString& attributeName, const QString& nodeName) {
-    return Passes(app, m_tvXML::NodeAttributeNameProbe(attributeName, nodeName),
-                  QStringLiteral("This is not a validate attribute name"), 1);
+    return Passes(app, AttributeNameCheck(nodeName), attributeName);
 }
 
 bool ValidateNodeAttributes(Application& app, const QString& attributes, const QString& nodeName,
                             bool showBox) {
-    const QString probe = m_tvXML::NodeAttributesProbe(attributes, nodeName);
     if (showBox)
-        return Passes(app, probe, QStringLiteral("This is not valid attributes"));
-    const ProbeResult result = Probe(app, probe);
+        return Passes(app, AttributesCheck(nodeName), attributes);
+    const ProbeResult result = Try(app, AttributesCheck(nodeName), attributes);
     if (Tell(app, result, Tone::Quiet))
         return true;
     Message(app, GetXMLParseErrorString(app, *result.error));
@@ -71,21 +152,26 @@ bool ValidateNodeAttributes(Application& app, const QString& attributes, const Q
 }
 
 bool ValidateNodeText(Application& app, const QString& text, const QString& nodeName) {
-    const QString probe = m_tvXML::NodeTextProbe(text, nodeName);
-    QString prefix;
-    // A text that closes its node and opens it again reads as two nodes, which is no document of its own.
-    if (text.contains(QStringLiteral("</") + m_tvXML::GetPureName(nodeName, prefix))) {
-        const ProbeResult wrapped = Probe(app, QStringLiteral("<temp>") + probe + QStringLiteral("</temp>"));
-        if (wrapped.good())
-            return Tell(app, wrapped, Tone::Quiet);
-    }
-    return Passes(app, probe, QStringLiteral("This is not a validate node text"));
+    return Passes(app, TextCheck(app, nodeName), text);
 }
 
 bool ValidateNodeAttributeValue(Application& app, const QString& value, const QString& nodeName,
                                 const QString& attributeName) {
-    return Passes(app, m_tvXML::NodeAttributeValueProbe(value, nodeName, attributeName),
-                  QStringLiteral("This is not a validate attribute value"), 1);
+    return Passes(app, AttributeValueCheck(nodeName, attributeName), value);
+}
+
+std::optional<QString> TakeNodeAttributes(Application& app, const QString& attributes,
+                                          const QString& nodeName) {
+    return Take(app, AttributesCheck(nodeName), attributes);
+}
+
+std::optional<QString> TakeNodeText(Application& app, const QString& text, const QString& nodeName) {
+    return Take(app, TextCheck(app, nodeName), text);
+}
+
+std::optional<QString> TakeNodeAttributeValue(Application& app, const QString& value, const QString& nodeName,
+                                              const QString& attributeName) {
+    return Take(app, AttributeValueCheck(nodeName, attributeName), value);
 }
 
 int GetSelTextType(Application& app, const QString& text) {

@@ -2,6 +2,7 @@
 #pragma once
 #include "core/model/Probe.h"
 #include <QString>
+#include <optional>
 
 struct Application;
 
@@ -22,6 +23,14 @@ bool ValidateNodeAttributeValue(Application& app, const QString& value, const QS
                                 const QString& attributeName);
 /// Any other probe; a wrong one is told in a box.
 bool PassesProbe(Application& app, const QString& probe);
+
+// The same for what is about to be written. Where "&", "<" or a quote is the reason, the box offers to write
+// it escaped (quirk 60). As it is to be written; nothing where it was refused.
+std::optional<QString> TakeNodeAttributes(Application& app, const QString& attributes,
+                                          const QString& nodeName);
+std::optional<QString> TakeNodeText(Application& app, const QString& text, const QString& nodeName);
+std::optional<QString> TakeNodeAttributeValue(Application& app, const QString& value, const QString& nodeName,
+                                              const QString& attributeName);
 
 /// Shows on status panel 1 what the parser dislikes of a probe, or nothing. No beep, no box, and the last
 /// parse error stays as it was: the text isn't finished yet. An empty probe clears the panel.

@@ -46,10 +46,4 @@ MenuSituation SituationOf(DocumentWindow& window) {
                                                             : MenuSituation::TreeNode;
 }
 
-void Attend(DocumentWindow& window, int context) {
-    window.miPopupContext = context;
-    window.menuSide =
-        context == kContextTree || context == kContextTreeNode ? MenuSide::Tree : MenuSide::View;
-}
-
 } // namespace edit

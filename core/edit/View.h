@@ -59,7 +59,5 @@ void ShowView(DocumentWindow& window, const char* key);
 
 /// The situation of the menus for a window as it stands.
 MenuSituation SituationOf(DocumentWindow& window);
-/// The user's attention is with a part of the window: commands and menus are for that.
-void Attend(DocumentWindow& window, int context);
 
 } // namespace edit

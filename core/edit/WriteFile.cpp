@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/WriteFile.h"
-#include "core/model/Application.h"
+#include "core/model/DocumentWindow.h"
 #include "core/model/FileNames.h"
+#include "core/model/Frame.h"
 #include "platform/text/TextFile.h"
 #include "platform/text/TextTools.h"
 
@@ -76,7 +77,23 @@ bool DeleteFileIfExists(Application& app, const QString& path) {
     return !path.isEmpty() && app.services.files.Delete(path);
 }
 
-SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, text::FileForm* form) try {
+bool IsOpenElsewhere(const DocumentWindow& window, const QString& name) {
+    const DocumentWindow* owner = window.app.frame().FormNamed(name);
+    if (!owner || owner == &window)
+        return false;
+    window.app.services.prompts.MsgBox(name + QStringLiteral("\r\nis open in another window."), Buttons::Ok,
+                                       Icon::Exclamation);
+    return true;
+}
+
+bool MayReplace(Application& app, const QString& name) {
+    return app.services.prompts.MsgBox(name + QStringLiteral(" already exists. Do you want to replace it?"),
+                                       Buttons::YesNo, Icon::None,
+                                       QStringLiteral("Save file ...")) == Answer::Yes;
+}
+
+SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, text::FileForm* form,
+                      services::FileMark* mark) try {
     text::FileForm plain;
     plain.declared = QString(); // a text without a file goes by its own declaration
     text::FileForm attempt = form ? *form : plain;
@@ -85,7 +102,8 @@ SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, 
     if (!EncodeOrAsk(app, changed, attempt, encoded))
         return SaveOutcome::Declined;
     const QString target = fileName.isEmpty() ? QStringLiteral("tmp.$$$") : fileName;
-    const services::FileResult result = app.services.files.Replace(target, encoded.bytes);
+    services::FileStamp made;
+    const services::FileResult result = app.services.files.Replace(target, encoded.bytes, &made);
     if (!result) {
         // Where it isn't a matter of rights, the attributes would be the wrong place to look. Silence never
         // is an answer: the window counts as saved from here on.
@@ -101,6 +119,8 @@ SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, 
     Remember(text, encoded, attempt);
     if (form)
         *form = attempt;
+    if (mark)
+        *mark = {made, services::ContentMark(encoded.bytes)};
     return SaveOutcome::Written;
 } catch (const text::Fault& fault) {
     ErrorReportBox(app, fault, QStringLiteral("mXMLEdit@SaveStringToFile"));
@@ -125,7 +145,7 @@ bool CopyFileTo(Application& app, const QString& source, const QString& target,
     QString name = target;
     if (name.endsWith(u'\\') || name.endsWith(u'/'))
         name += mXMLEdit::GetFSFileName(source);
-    if (name == source)
+    if (mXMLEdit::IsSameFile(app, name, source))
         return true; // a file copied on itself is there already
     if (mXMLEdit::FileExist(app, name) && !MayReplaceByCopy(app, name))
         return false;

@@ -5,6 +5,7 @@
 #include <QString>
 
 struct Application;
+struct DocumentWindow;
 
 // Text to file, and what else is done to files.
 namespace edit {
@@ -20,8 +21,14 @@ enum class SaveOutcome {
 /// brought up to date after a write. A refused write leaves the old file as it was. Where the encoding can't
 /// hold a character, or the declaration has come to name no known encoding, the user is asked: Yes saves as
 /// UTF-8 with the declaration changed to say so, and `text` then takes that change. Half of a surrogate pair
-/// fits no encoding: the user is told where it stands.
-SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, text::FileForm* form);
+/// fits no encoding: the user is told where it stands. `mark`, if it isn't null, gets that of the new file.
+SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, text::FileForm* form,
+                      services::FileMark* mark = nullptr);
+/// Two windows on one file would save over each other: tells of another window whose document has this name,
+/// in any spelling.
+bool IsOpenElsewhere(const DocumentWindow& window, const QString& name);
+/// Asks whether a document may be saved over the file of a name one day.
+bool MayReplace(Application& app, const QString& name);
 /// The same as a plain answer: true when it was written.
 bool SaveStringToFile(Application& app, QString& text, const QString& fileName,
                       text::FileForm* form = nullptr);

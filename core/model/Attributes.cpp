@@ -85,6 +85,13 @@ void Attributes::swap(qsizetype a, qsizetype b) {
     values_.swapItemsAt(a, b);
 }
 
+void Attributes::remove(const QString& name) {
+    if (const qsizetype at = find(name); at >= 0) {
+        names_.removeAt(at);
+        values_.removeAt(at);
+    }
+}
+
 QString Attributes::tag() const {
     QStringList pairs;
     for (qsizetype i = 0; i < count(); ++i)

@@ -40,6 +40,7 @@ public:
     void add(const Attributes& others);
     void set(qsizetype at, const QString& name, const QString& value);
     void swap(qsizetype a, qsizetype b);
+    void remove(const QString& name); ///< nothing happens where it isn't there
 
     QString tag() const; ///< as an element's Tag holds them
     static QString pair(const QString& name, const QString& value);

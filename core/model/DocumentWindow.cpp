@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/DocumentWindow.h"
+#include <utility>
 
 namespace {
 
@@ -43,4 +44,9 @@ void DocumentWindow::SetCaption(const QString& name) {
     Caption = name;
     Tag = name;
     captionChanged();
+}
+
+void DocumentWindow::SetUnsaved(bool unsaved) {
+    if (std::exchange(bUnsaved, unsaved) != unsaved)
+        captionChanged();
 }

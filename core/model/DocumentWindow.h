@@ -46,17 +46,23 @@ struct DocumentWindow {
     controls::CommandButton cmdPop; ///< beside txtListView
     controls::Timer tmList{100};    ///< txtListView follows the scrolling of the list
     controls::RichTextBox rtxtXML, rtxtXML2;
-    controls::TabStrip tbsXML; ///< tells which view shows
+    controls::Timer tmText{400}; ///< a large document's tree follows undo and redo when the keys rest
+    controls::TabStrip tbsXML;   ///< tells which view shows
     controls::TextBox txtXPath;
     controls::TextBox txtSchema;
     controls::WebBrowser IE;
     controls::Pane pctText, pctTableView, chtAna, pctLHSplit, pctSplitText;
-    controls::Event<> captionChanged;
+    controls::Event<> captionChanged; ///< it is shown otherwise now
 
     // --- the document -----------------------------------------------------------------------------------
     QString Caption; ///< file path or address; equals the tree root's key. Set through SetCaption
     QString Tag;     ///< the same; the frame finds a window by it
     void SetCaption(const QString& name);
+    /// The caption as the user sees it: an asterisk stands before that of a document with unsaved changes.
+    QString ShownCaption() const { return ShownAs(Caption); }
+    QString ShownAs(const QString& name) const { return bUnsaved ? u'*' + name : name; }
+    bool bUnsaved = false; ///< the file doesn't hold the document as it is. Set through SetUnsaved
+    void SetUnsaved(bool unsaved);
     text::FileForm fileForm; ///< how the document's file writes its text
     Bond bond;               ///< how tree and text stand to each other
 

@@ -3,6 +3,7 @@
 #include "core/model/Attributes.h"
 #include "core/model/Escaping.h"
 #include "core/model/NodeNumbers.h"
+#include "core/model/OpenNodes.h"
 #include "platform/controls/TreeFiller.h"
 #include "platform/controls/TreeRecord.h"
 #include "platform/text/StringPool.h"
@@ -172,9 +173,11 @@ void AddTreeRoot(Application& app, controls::TreeView& tree, bool withDefaults) 
 }
 
 void FillTree(Application& app, controls::TreeView& tree, const xml::ParsedDocument& document) {
+    const OpenNodes open(tree);
     controls::TreeRebuild rebuild(tree);
     AddTreeRoot(app, tree, false);
     XMLChildNodesToTree(app, &tree, document.document(), app.CurrentFileName, tree);
+    open.openIn(tree);
     rebuild.keep();
 }
 

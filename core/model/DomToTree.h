@@ -18,8 +18,8 @@ void AddTreeRoot(Application& app, controls::TreeView& tree, bool withDefaults);
 void XMLChildNodesToTree(Application& app, const controls::TreeView* active, xml::Node domNode,
                          const QString& parentKey, controls::TreeView& tree);
 
-/// The whole document in place of what the tree holds, with new keys. Where memory runs out the tree is as it
-/// was.
+/// The whole document in place of what the tree holds, with new keys. What was open is open again. Where
+/// memory runs out the tree is as it was.
 void FillTree(Application& app, controls::TreeView& tree, const xml::ParsedDocument& document);
 
 } // namespace m_tvXML

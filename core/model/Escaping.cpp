@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/Escaping.h"
+#include <QRegularExpression>
 #include <algorithm>
 #include <cstring>
 
@@ -25,6 +26,12 @@ QString convertStringToXML(const QString& text) {
     text::CompactBuilder escaped;
     escaped.appendEscaped(plain.view());
     return escaped.view().toString();
+}
+
+QString WithAmpersandsEscaped(QString typed) {
+    static const QRegularExpression alone(
+        QStringLiteral("&(?!(?:#[0-9]+|#x[0-9A-Fa-f]+|amp|lt|gt|quot|apos);)"));
+    return typed.replace(alone, QStringLiteral("&amp;"));
 }
 
 void AppendText(text::CompactBuilder& out, text::CompactView value) {

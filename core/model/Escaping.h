@@ -19,4 +19,7 @@ QString WithoutReferences(const QString& escaped);
 /// Line ends and tabs of an attribute's value that is escaped already.
 QString WithLineEndReferences(QString value);
 
+/// An "&" that begins no reference as one: what was typed plain among what is escaped.
+QString WithAmpersandsEscaped(QString typed);
+
 } // namespace mXMLEdit

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "platform/services/Services.h"
 #include "platform/text/TextFile.h"
 #include "platform/text/TextTools.h"
 #include <memory>
+#include <optional>
 
 namespace xml {
 class ParsedDocument;
@@ -12,8 +14,9 @@ class ParsedDocument;
 struct FetchedText {
     text::LongText text; ///< with CR LF line ends
     text::FileForm form;
-    bool cancelled = false; ///< the user stopped the fetching: nothing is to follow
-    bool made = false;      ///< by the program: it stands in no file yet, and counts as changed
+    std::optional<services::FileMark> mark; ///< of the file that it was read from
+    bool cancelled = false;                 ///< the user stopped the fetching: nothing is to follow
+    bool made = false; ///< by the program: it stands in no file yet, and counts as changed
     /// The text taken apart, also where that failed; nothing before that. What parses the text
     /// first takes it along, so that a large one isn't kept longer than it is needed.
     mutable std::shared_ptr<xml::ParsedDocument> parsed;

@@ -78,6 +78,13 @@ QString GetFSFileName(const QString& path) {
     return cut.mid(LastSeparator(cut) + 1);
 }
 
+bool IsSameFile(Application& app, const QString& one, const QString& other) {
+    if (one == other)
+        return true;
+    services::FileSystem& files = app.services.files;
+    return IsLocalPath(one) && IsLocalPath(other) && files.TrueName(one) == files.TrueName(other);
+}
+
 bool FileExist(Application& app, const QString& path) {
     return app.services.files.Exists(path);
 }

@@ -21,6 +21,9 @@ QString GetExtName(const QString& path);      ///< behind the last dot of the fi
 QString GetFSFolderName(const QString& path); ///< the parent folder; only a root ends in a separator
 QString GetFSFileName(const QString& path);   ///< behind the last separator
 
+/// Whether two names mean one file, however they are spelled. Names that aren't local paths are compared as
+/// they stand.
+bool IsSameFile(Application& app, const QString& one, const QString& other);
 bool FileExist(Application& app, const QString& path);
 /// What stands around a pasted name, blanks or a line end, belongs to no file, unless one is called so.
 QString NameMeant(Application& app, const QString& name);

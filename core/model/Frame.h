@@ -32,7 +32,7 @@ class Frame {
 public:
     virtual ~Frame() = default;
     virtual DocumentWindow* ActiveForm() = 0; ///< null without a window
-    /// Brings a window to the front. Its tree root is the current node then, unless it was there already.
+    /// Brings a window to the front, as it was left.
     virtual void ActivateForm(DocumentWindow* window) = 0;
     virtual controls::StatusBar& StatusBar1() = 0; ///< panel 1: messages, panel 2: line and position
     virtual controls::ComboBox& cmbAddress() = 0;
@@ -46,7 +46,10 @@ public:
     virtual void NewXMLFile(const FetchedText& text, const QString& fileName) = 0;
     virtual void NewSXMLFile(const FetchedText& text, const QString& fileName) = 0;
 
-    /// Whether a window bears this name, exactly as it is spelled; brings it to the front if asked.
+    /// The window with the document of a name: one that bears it, else one whose file it means in another
+    /// spelling; null without one.
+    virtual DocumentWindow* FormNamed(const QString& name) = 0;
+    /// Whether there is one; brings it to the front if asked.
     virtual bool HaveSameNameForm(const QString& name, bool bringToFront) = 0;
 
     /// Menus and toolbars of the active window as it stands. Costs next to nothing where nothing has changed
@@ -61,6 +64,9 @@ public:
 
     /// Shows the find dialog, or brings it to the front; it works on the text of the document in front.
     virtual void ShowFind() = 0;
+    /// Goes to the next hit of what was looked for last, or to the one before; shows the dialog where nothing
+    /// was.
+    virtual void FindNext(bool up) = 0;
 
     virtual void UpdateFileMenu(const QString& name) = 0; ///< puts a name in front of the recent files
     virtual void AddToList(const QString& name) = 0;      ///< adds a name to the address box

@@ -15,11 +15,13 @@ public:
     void ErrorReportBox(const text::Fault&, const QString&) override {}
     void NewXMLFile(const FetchedText&, const QString&) override {}
     void NewSXMLFile(const FetchedText&, const QString&) override {}
+    DocumentWindow* FormNamed(const QString&) override { return nullptr; }
     bool HaveSameNameForm(const QString&, bool) override { return false; }
     void RefreshMenu() override {}
     void DisableMenu() override {}
     void RunMenuCommand(const QString&) override {}
     void ShowFind() override {}
+    void FindNext(bool) override {}
     void UpdateFileMenu(const QString&) override {}
     void AddToList(const QString&) override {}
     int FormCount() override { return 0; }

@@ -183,6 +183,22 @@ qsizetype GetTextPositionByNodeNum(const text::LongText& text, long number) {
     return found;
 }
 
+NodeStretch GetNodeStretch(const text::LongText& text, long number) {
+    NodeStretch stretch{number > 0 ? text.size() : 0, text.size()};
+    MarkupReader reader;
+    long count = 0;
+    text.visit(0, text.size(), [&](QStringView piece) {
+        return reader.read(piece, [&](qsizetype place) {
+            if (++count == number)
+                stretch.start = place;
+            else if (count > number)
+                stretch.end = place;
+            return count <= number;
+        });
+    });
+    return stretch;
+}
+
 long GetNodeNumByTextPosition(const text::LongText& text, qsizetype position) {
     MarkupReader reader;
     long number = 0;

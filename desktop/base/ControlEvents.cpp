@@ -45,6 +45,10 @@ public:
 
 } // namespace
 
+void EatPress() {
+    new PressEater(qApp);
+}
+
 ControlEvents::ControlEvents(QWidget& widget, QObject* parent) : QObject(parent) {
     widget.installEventFilter(this);
     // While a dialog is in front the focus may go to another control: this one isn't told of that.
@@ -109,8 +113,8 @@ void ControlEvents::FocusOut() {
     const bool byMouse = QApplication::mouseButtons() != Qt::NoButton;
     const DialogWatch dialogs;
     lostFocus();
-    if (byMouse && dialogs.seen)
-        new PressEater(qApp);
+    if (byMouse && (dialogs.seen || hasFocus_)) // or the control has taken the focus back
+        EatPress();
 }
 
 } // namespace desktop

@@ -10,6 +10,9 @@ class QKeyEvent;
 
 namespace desktop {
 
+/// Takes the mouse press that is about to be delivered: it moved the focus, which was taken back.
+void EatPress();
+
 /// Watches a widget and hands its focus changes and keys to a control model.
 /// The focus counts as kept while a menu is open or another program or a dialog is in front. A key that was
 /// pressed elsewhere (the Enter that closed a box) raises nothing when it is released here. A released key

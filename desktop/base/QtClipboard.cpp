@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/base/QtClipboard.h"
+#include "platform/text/TextTools.h"
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
 
 namespace desktop {
+
+QtClipboard::QtClipboard() {
+    QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &listener_,
+                     [this] { hasXml_.reset(); });
+}
 
 void QtClipboard::Clear() {
     QGuiApplication::clipboard()->clear();
@@ -13,7 +19,8 @@ void QtClipboard::Clear() {
 void QtClipboard::SetText(const QString& text) {
     QString plain = text;
 #ifndef Q_OS_WIN
-    plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    plain =
+        text::WithReplacements(text, text::PlacesOf(QStringLiteral("\r\n"), text), 2, QStringLiteral("\n"));
 #endif
     QGuiApplication::clipboard()->setText(plain);
 }
@@ -25,6 +32,12 @@ bool QtClipboard::HasText() {
 
 QString QtClipboard::GetText() {
     return QGuiApplication::clipboard()->text();
+}
+
+bool QtClipboard::HasXml() {
+    if (!hasXml_)
+        hasXml_ = HasText() && BeginsLikeXml(GetText());
+    return *hasXml_;
 }
 
 } // namespace desktop

@@ -4,10 +4,16 @@
 #include "desktop/base/LongWords.h"
 #include <QApplication>
 #include <QColorDialog>
+#include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFontDatabase>
 #include <QFontDialog>
 #include <QFontInfo>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 namespace desktop {
 
@@ -86,10 +92,14 @@ QString Ask(QFileDialog& dialog, QString& folder) {
 
 } // namespace
 
-Answer QtPrompts::MsgBox(const QString& text, Buttons buttons, services::Icon icon, const QString& title) {
+Answer QtPrompts::MsgBox(const QString& text, Buttons buttons, services::Icon icon, const QString& title,
+                         const QString& about) {
     QMessageBox box(QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.setText(ForBox(text));
+    box.setInformativeText(ForBox(about));
+    if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+        label->setTextFormat(Qt::PlainText); // the box's own format is for its text alone
     box.setWindowTitle(title);
     box.setIcon(IconOf(icon));
     box.setStandardButtons(ButtonsOf(buttons));
@@ -101,6 +111,38 @@ Answer QtPrompts::MsgBox(const QString& text, Buttons buttons, services::Icon ic
     box.setEscapeButton(escape);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     return AnswerOf(box.exec());
+}
+
+int QtPrompts::Choose(const QString& text, const QStringList& answers, int usual) {
+    QMessageBox box(QMessageBox::Question, QStringLiteral("Vantrel"), {}, QMessageBox::NoButton,
+                    QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ForBox(text));
+    QList<QPushButton*> buttons;
+    for (const QString& answer : answers)
+        buttons << box.addButton(answer, QMessageBox::ActionRole);
+    box.setDefaultButton(buttons.value(usual));
+    const QPushButton* none = box.addButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == none
+               ? -1
+               : static_cast<int>(buttons.indexOf(qobject_cast<QPushButton*>(box.clickedButton())));
+}
+
+void QtPrompts::ShowText(const QString& title, const QString& text) {
+    QDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(title);
+    dialog.resize(900, 600);
+    auto* lines = new QPlainTextEdit(text, &dialog);
+    lines->setReadOnly(true);
+    lines->setLineWrapMode(QPlainTextEdit::NoWrap);
+    lines->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(lines);
+    layout->addWidget(buttons);
+    dialog.exec();
 }
 
 QString QtPrompts::OpenFileName(const QString& title, const QString& filter) {

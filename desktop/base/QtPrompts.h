@@ -10,7 +10,9 @@ namespace desktop {
 class QtPrompts : public services::Prompts {
 public:
     services::Answer MsgBox(const QString& text, services::Buttons buttons, services::Icon icon,
-                            const QString& title) override;
+                            const QString& title, const QString& about = {}) override;
+    int Choose(const QString& text, const QStringList& answers, int usual) override;
+    void ShowText(const QString& title, const QString& text) override;
     QString OpenFileName(const QString& title, const QString& filter) override;
     QString SaveFileName(const QString& title, const QString& filter, const QString& suggested) override;
     std::optional<std::uint32_t> ChooseColour(std::uint32_t present) override;

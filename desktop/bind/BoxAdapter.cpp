@@ -29,6 +29,7 @@ BoxAdapter::BoxAdapter(controls::TextBox& model, QPlainTextEdit& widget, QObject
             model_.UserTyped(text);
     });
     Listen(model.changed, this, [this] { Show(); });
+    Listen(model.focusRequested, this, [this] { widget_.setFocus(Qt::OtherFocusReason); });
     Show();
 }
 

@@ -21,8 +21,9 @@ void ShowArrow(QToolButton& button, const char* icon, Qt::ArrowType arrow) {
 
 } // namespace
 
-EditNodesDialog::EditNodesDialog(frmEditNodes& form, QWidget* parent)
-    : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmEditNodes>()) {
+EditNodesDialog::EditNodesDialog(nodes::frmEditNodes& form, QWidget* parent)
+    : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmEditNodes>()),
+      reason_(form.Messages(), *this) {
     ui_->setupUi(this);
     BindControls(*this, {{"lXPath", &form.lXPath},
                          {"lNodeName", &form.lNodeName},

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "desktop/base/ReasonBeside.h"
 #include "nodes/dialogs/frmEditNodes.h"
 #include <QDialog>
 #include <memory>
@@ -13,7 +14,7 @@ namespace desktop {
 /// The widgets of the one-by-one editor, which stay beside the documents.
 class EditNodesDialog : public QDialog {
 public:
-    EditNodesDialog(frmEditNodes& form, QWidget* parent);
+    EditNodesDialog(nodes::frmEditNodes& form, QWidget* parent);
     ~EditNodesDialog() override;
     void ShowForm();        ///< shows the dialog, or brings it to the front
     void reject() override; ///< Esc and the title bar's button cancel
@@ -23,8 +24,9 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    frmEditNodes& form_;
+    nodes::frmEditNodes& form_;
     std::unique_ptr<Ui::frmEditNodes> ui_;
+    ReasonBeside reason_;
 };
 
 } // namespace desktop

@@ -6,10 +6,11 @@
 #include "ui_frmFind.h"
 #include <QLineEdit>
 #include <QScreen>
+#include <QShortcut>
 
 namespace desktop {
 
-FindDialog::FindDialog(frmFind& form, QWidget* parent)
+FindDialog::FindDialog(textview::frmFind& form, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmFind>()) {
     ui_->setupUi(this);
     BindControls(*this, {{"cmbFind", &form.cmbFind},
@@ -27,6 +28,14 @@ FindDialog::FindDialog(frmFind& form, QWidget* parent)
                          {"cmdCancel", &form.cmdCancel}});
     for (const QPushButton* button : {ui_->cmdFind, ui_->cmdReplace})
         connect(button, &QPushButton::clicked, this, &FindDialog::UncoverHit); // behind the search
+    const auto find = [this](const QKeySequence& keys, bool up) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, up] {
+            form_.FindNext(up);
+            UncoverHit();
+        });
+    };
+    find(QKeySequence(Qt::Key_F3), false);
+    find(QKeySequence(Qt::SHIFT | Qt::Key_F3), true);
     Listen(form.unloaded, this, [this] { hide(); });
 }
 

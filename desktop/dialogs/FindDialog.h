@@ -14,7 +14,7 @@ namespace desktop {
 /// for what it finds there.
 class FindDialog : public QDialog {
 public:
-    FindDialog(frmFind& form, QWidget* parent);
+    FindDialog(textview::frmFind& form, QWidget* parent);
     ~FindDialog() override;
     void ShowInFront();     ///< ready for what is to be found
     void reject() override; ///< Esc and the title bar's button cancel
@@ -23,7 +23,7 @@ private:
     void PlaceAside();
     void UncoverHit();
 
-    frmFind& form_;
+    textview::frmFind& form_;
     std::unique_ptr<Ui::frmFind> ui_;
 };
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/drag/TextMime.h"
+#include "platform/text/TextTools.h"
 
 namespace desktop {
 
@@ -29,7 +30,8 @@ private:
 
 QString WithLineEnds(QString text, QStringView lineEnd) {
     if (lineEnd != QLatin1String("\r\n"))
-        text.replace(QLatin1String("\r\n"), lineEnd.toString());
+        return text::WithReplacements(text, text::PlacesOf(QStringLiteral("\r\n"), text), 2,
+                                      lineEnd.toString());
     return text;
 }
 

@@ -27,7 +27,8 @@ DocumentSubWindow::DocumentSubWindow(DocumentWindow& window)
 void DocumentSubWindow::ShowCaption() {
     if (!window_)
         return;
-    QString title = OneLineName(isMinimized() ? mXMLEdit::GetFSFileName(window_->Caption) : window_->Caption);
+    const QString& name = window_->Caption;
+    QString title = OneLineName(window_->ShownAs(isMinimized() ? mXMLEdit::GetFSFileName(name) : name));
     // "[*]" means something else to a title.
     setWindowTitle(title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]")));
 }
@@ -36,6 +37,13 @@ void DocumentSubWindow::changeEvent(QEvent* event) {
     QMdiSubWindow::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange)
         ShowCaption();
+}
+
+// A window that changes its shape is hidden for a moment and would give the focus away: what has it would
+// hear that it is left, and the next key would go elsewhere.
+bool DocumentSubWindow::focusNextPrevChild(bool next) {
+    const bool changesShape = window_ && isHidden();
+    return changesShape || QMdiSubWindow::focusNextPrevChild(next);
 }
 
 void DocumentSubWindow::Detach() {

@@ -18,6 +18,7 @@ Q_SIGNALS:
     void closeWanted();
 
 protected:
+    bool focusNextPrevChild(bool next) override;
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
 

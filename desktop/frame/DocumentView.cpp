@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/frame/DocumentView.h"
+#include "core/model/Frame.h"
 #include "desktop/base/Listen.h"
+#include "desktop/base/ReasonBeside.h"
 #include "desktop/base/Twips.h"
 #include "desktop/bind/LineAdapter.h"
 #include "desktop/bind/TabAdapter.h"
+#include "desktop/bind/TimerAdapter.h"
 #include "desktop/frame/BrowserAdapter.h"
 #include "desktop/frame/DocumentDragging.h"
 #include "desktop/nodes/ListAdapter.h"
@@ -13,6 +16,7 @@
 #include "desktop/text/TextAdapter.h"
 #include "ui_frmXMLEdit.h"
 #include "window/WindowEvents.h"
+#include <QApplication>
 
 namespace desktop {
 
@@ -47,6 +51,7 @@ private:
     ListEditing cells_;
     TextAdapter text_, text2_;
     LineAdapter path_;
+    TimerAdapter steps_;
     BrowserAdapter browser_;
     TabAdapter tabs_;
     DocumentDragging dragging_;
@@ -57,7 +62,7 @@ DocumentView::Bond::Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int w
       list_(window.ListView1, {*ui.listview, *ui.ListView1, *ui.ListView1Icons}, nullptr),
       cells_(window, *ui.ListView1), text_(window.rtxtXML, *ui.rtxtXML, nullptr),
       text2_(window.rtxtXML2, *ui.rtxtXML2, nullptr), path_(window.txtXPath, *ui.txtXPath, nullptr),
-      browser_(window.IE, *ui.browserview, nullptr),
+      steps_(window.tmText, nullptr), browser_(window.IE, *ui.browserview, nullptr),
       tabs_(window.tbsXML, *ui.tbsXML, *ui.pages, PagesOf(ui), nullptr), dragging_(window, ui) {
     ConnectSplitters(width);
     ConnectSchema();
@@ -100,6 +105,7 @@ DocumentView::DocumentView(DocumentWindow& window, QWidget* parent)
     ui_->setupUi(this);
     setObjectName(window.kind.Name);
     bond_ = std::make_unique<Bond>(window, *ui_, width());
+    reason_ = std::make_unique<ReasonBeside>(window.app.frame().StatusBar1(), *this);
     ConnectContextMenus();
     new TreeTip(*ui_->tvXML, window.app.options);
 }
@@ -137,6 +143,17 @@ void DocumentView::FocusFirst() {
         Page()->setFocus(Qt::OtherFocusReason);
     else
         ui_->tvXML->setFocus(Qt::OtherFocusReason);
+}
+
+void DocumentView::FocusAgain() {
+    const QWidget* focus = QApplication::focusWidget();
+    if (focus && isAncestorOf(focus) && focus->isVisible())
+        return;
+    QWidget* last = focusWidget();
+    if (last && last->isVisible())
+        last->setFocus(Qt::OtherFocusReason);
+    else
+        FocusFirst();
 }
 
 std::vector<QWidget*> DocumentView::Panes() const {

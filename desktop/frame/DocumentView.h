@@ -10,6 +10,8 @@ class frmXMLEdit;
 
 namespace desktop {
 
+class ReasonBeside;
+
 /// The widgets of one document window: the tree on the left, path box, tabs and their pages on the right.
 class DocumentView : public QWidget {
     Q_OBJECT
@@ -21,6 +23,7 @@ public:
     void Detach();
     /// Gives the focus to the tree, or to the text when its tab is shown.
     void FocusFirst();
+    void FocusAgain(); ///< to what had it last, if nothing here has it
     /// The parts that F6 walks through, in order.
     std::vector<QWidget*> Panes() const;
 
@@ -34,6 +37,7 @@ private:
 
     std::unique_ptr<Ui::frmXMLEdit> ui_;
     std::unique_ptr<Bond> bond_; ///< null once detached
+    std::unique_ptr<ReasonBeside> reason_;
 };
 
 } // namespace desktop

@@ -13,6 +13,7 @@
 #include "desktop/frame/MenuAdapter.h"
 #include "desktop/frame/StatusAdapter.h"
 #include "desktop/frame/ToolbarAdapter.h"
+#include "desktop/frame/WindowMenu.h"
 #include "ui_frmMDIMain.h"
 #include <QApplication>
 #include <QClipboard>
@@ -70,6 +71,7 @@ MainWindow::~MainWindow() {
 void MainWindow::MakeBars() {
     auto* menus = new MenuAdapter(this);
     popup_ = menus->Fill(frame_.Menus, *ui_->MenuBar);
+    new WindowMenu(frame_, *ui_->MenuBar->findChild<QMenu*>(QStringLiteral("mnuWindow")), this);
     for (const auto& toolbar : frame_.Toolbars) {
         auto* bar = new QToolBar(this);
         bar->setIconSize(QSize(16, 16));
@@ -106,7 +108,10 @@ void MainWindow::MakeShortcuts() {
     };
     for (const char* keys : {"Ctrl+Tab", "Ctrl+F6"})
         add(keys, [this] { frame_.NextWindow(); });
-    add("Ctrl+Shift+Tab", [this] { ui_->MDIArea->activatePreviousSubWindow(); });
+    for (const char* keys : {"Ctrl+Shift+Tab", "Ctrl+Shift+F6"})
+        add(keys, [this] { frame_.PreviousWindow(); });
+    add("F3", [this] { frame_.FindNext(false); });
+    add("Shift+F3", [this] { frame_.FindNext(true); });
     add("F6", [this] { NextPane(1); });
     add("Shift+F6", [this] { NextPane(-1); });
     add("Shift+F10", [] { OpenContextMenu(); });
@@ -162,13 +167,13 @@ void MainWindow::FollowFrame() {
 
 void MainWindow::FollowDialogs() {
     Listen(frame_.optionsShown, this, [this](frmOptions& options) { OptionsDialog(options, this).exec(); });
-    Listen(frame_.editNodesShown, this, [this](frmEditNodes& form) {
+    Listen(frame_.editNodesShown, this, [this](nodes::frmEditNodes& form) {
         if (!editNodes_)
             editNodes_ = new EditNodesDialog(form, this);
         editNodes_->ShowForm();
     });
     FollowExchange(frame_.exchangeDialogs, *this);
-    Listen(frame_.findShown, this, [this](frmFind& form) {
+    Listen(frame_.findShown, this, [this](textview::frmFind& form) {
         if (!find_)
             find_ = new FindDialog(form, this);
         find_->ShowInFront();
@@ -226,6 +231,7 @@ void MainWindow::ActiveFormChanged(DocumentWindow* window) {
     else if (sub->isMinimized())
         sub->showNormal();
     ui_->MDIArea->setActiveSubWindow(sub);
+    sub->View().FocusAgain();
 }
 
 // The area tells of null when another program is in front: the document stays the active one.

@@ -9,18 +9,12 @@
 
 namespace desktop {
 
-namespace {
-
-/// The caption of a recent file is a file name: it has no mnemonic and no shortcut of its own behind a tab,
-/// and a long one keeps its ends, so that the menu stays a menu.
-QString EntryOf(const QString& fileName) {
+QString NameAsEntry(const QString& fileName) {
     constexpr int kWidest = 80; // characters
     const QFontMetrics metrics(QApplication::font("QMenu"));
     return metrics.elidedText(OneLineName(fileName), Qt::ElideMiddle, kWidest * metrics.averageCharWidth())
         .replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
-
-} // namespace
 
 QMenu* MenuAdapter::Fill(const std::vector<std::unique_ptr<controls::MenuItem>>& items, QMenuBar& bar) {
     QMenu* menu = nullptr;
@@ -58,7 +52,7 @@ QAction* MenuAdapter::MakeAction(controls::MenuItem& item, QObject* owner) {
     action->setObjectName(item.Name);
     action->setMenuRole(QAction::NoRole);
     action->setIcon(ThemeIcon(item.Icon));
-    action->setShortcut(QKeySequence(item.Shortcut, QKeySequence::PortableText));
+    action->setShortcuts(QKeySequence::listFromString(item.Shortcut, QKeySequence::PortableText));
     connect(action, &QAction::triggered, this, [&item] { item.Click(); });
     Follow(item, *action);
     return action;
@@ -66,7 +60,7 @@ QAction* MenuAdapter::MakeAction(controls::MenuItem& item, QObject* owner) {
 
 void MenuAdapter::Follow(controls::MenuItem& item, QAction& action) {
     const auto show = [&item, &action] {
-        action.setText(item.Index > 0 ? EntryOf(item.Caption()) : item.Caption());
+        action.setText(item.Index > 0 ? NameAsEntry(item.Caption()) : item.Caption());
         action.setEnabled(item.Usable());
         action.setVisible(item.Visible());
     };

@@ -10,6 +10,10 @@
 
 namespace desktop {
 
+/// A file's name as a menu shows it: it has no mnemonic and no shortcut of its own behind a tab, and a long
+/// one keeps its ends, so that the menu stays a menu.
+QString NameAsEntry(const QString& fileName);
+
 /// Menus on MenuItem controls: an action for each entry, named as the entry is, whose text and state follow
 /// it. An entry's shortcut is in force only while the entry can be used.
 class MenuAdapter : public QObject {

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/nodes/LabelDelegate.h"
+#include "desktop/base/ControlEvents.h"
+#include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -14,15 +16,13 @@ namespace {
 constexpr int kNarrowest = 160; // pixels
 } // namespace
 
-LabelDelegate::LabelDelegate(QObject* parent, std::function<void()> givenUp,
-                             std::function<void(const QString&)> typed)
-    : QStyledItemDelegate(parent), typed_(std::move(typed)) {
-    connect(this, &QAbstractItemDelegate::closeEditor, this,
-            [this, givenUp = std::move(givenUp)](QWidget*, EndEditHint hint) {
-                editor_ = nullptr;
-                if (hint == RevertModelCache)
-                    givenUp();
-            });
+LabelDelegate::LabelDelegate(QObject* parent, LabelEvents events)
+    : QStyledItemDelegate(parent), events_(std::move(events)) {
+    connect(this, &QAbstractItemDelegate::closeEditor, this, [this](QWidget*, EndEditHint hint) {
+        editor_ = nullptr;
+        if (hint == RevertModelCache) // behind the closing: the row may go
+            QTimer::singleShot(0, this, events_.givenUp);
+    });
 }
 
 // The new name may change all rows, and the view lets go of the editor then: the focus is brought back to the
@@ -34,8 +34,22 @@ void LabelDelegate::Finish() {
     if (editor->hasFocus())
         editor->parentWidget()->setFocus(Qt::OtherFocusReason);
     Q_EMIT commitData(editor);
-    if (editor && !editor->isHidden())
+    if (editor && events_.kept()) {
+        editor_ = editor;
+        editor->setFocus(Qt::OtherFocusReason);
+        if (QApplication::mouseButtons() != Qt::NoButton)
+            EatPress();
+    } else if (editor && !editor->isHidden()) {
         Q_EMIT closeEditor(editor, NoHint);
+    }
+}
+
+void LabelDelegate::FinishByTab(bool back) {
+    if (!editor_)
+        return;
+    Finish();
+    if (!editor_ && events_.tabbed)
+        events_.tabbed(back);
 }
 
 bool LabelDelegate::eventFilter(QObject* watched, QEvent* event) {
@@ -45,10 +59,14 @@ bool LabelDelegate::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
-    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Tab && key != Qt::Key_Backtab)
+    const bool tab = key == Qt::Key_Tab || key == Qt::Key_Backtab;
+    if (key != Qt::Key_Return && key != Qt::Key_Enter && !tab)
         return QStyledItemDelegate::eventFilter(watched, event);
     // Behind the key: what answers to the name may open a box.
-    QTimer::singleShot(0, this, &LabelDelegate::Finish);
+    if (tab)
+        QTimer::singleShot(0, this, [this, back = key == Qt::Key_Backtab] { FinishByTab(back); });
+    else
+        QTimer::singleShot(0, this, &LabelDelegate::Finish);
     return true;
 }
 
@@ -69,9 +87,14 @@ QWidget* LabelDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
     auto editor = std::make_unique<QLineEdit>(parent);
     editor->setMaxLength(std::numeric_limits<int>::max());
     editor->setFrame(true);
-    connect(editor.get(), &QLineEdit::textEdited, this, typed_);
+    connect(editor.get(), &QLineEdit::textEdited, this, events_.typed);
     editor_ = editor.get();
     return editor.release();
+}
+
+void LabelDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {
+    if (std::exchange(filled_, editor) != editor)
+        QStyledItemDelegate::setEditorData(editor, index);
 }
 
 void LabelDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

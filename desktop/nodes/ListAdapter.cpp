@@ -55,9 +55,11 @@ ListAdapter::ListAdapter(controls::ListView& model, const ListWidgets& widgets, 
 void ListAdapter::ConnectLabels() {
     for (QAbstractItemView* view : {static_cast<QAbstractItemView*>(&widgets_.report),
                                     static_cast<QAbstractItemView*>(&widgets_.icons)}) {
-        auto* const labels = new LabelDelegate(
-            this, [this] { model_.CancelLabelEdit(); },
-            [this](const QString& text) { model_.LabelTyped(text); });
+        auto* const labels =
+            new LabelDelegate(this, {.givenUp = [this] { model_.CancelLabelEdit(); },
+                                     .typed = [this](const QString& text) { model_.LabelTyped(text); },
+                                     .kept = [this] { return model_.LabelKept(); },
+                                     .tabbed = [this](bool back) { model_.LabelTabbed(back); }});
         if (view == &widgets_.report)
             view->setItemDelegateForColumn(0, labels);
         else

@@ -3,9 +3,11 @@
 #include "desktop/base/Glyphs.h"
 #include "desktop/nodes/LabelDelegate.h"
 #include <QApplication>
+#include <QCursor>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 
 namespace desktop {
 
@@ -17,15 +19,17 @@ TreeAdapter::TreeAdapter(controls::TreeView& model, QTreeView& widget, QObject* 
     // The model's "about to" announcements must reach this object before the widget, and the others behind
     // it: while rows go, the widget selects a neighbour by itself.
     connect(&rows_, &QAbstractItemModel::rowsAboutToBeRemoved, this, [this] { ++updating_; });
-    connect(&rows_, &QAbstractItemModel::modelAboutToBeReset, this, [this] { ++updating_; });
+    connect(&rows_, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        ++updating_;
+        KeepPlace();
+    });
     widget.setModel(&rows_);
     widget.header()->setStretchLastSection(false);
     widget.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     widget.viewport()->installEventFilter(this);
     ConnectRows();
 
-    connect(widget.selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &TreeAdapter::CurrentChanged);
+    ConnectSelection();
     connect(&widget, &QTreeView::expanded, this, [this](const QModelIndex& i) { ExpandedByWidget(i, true); });
     connect(&widget, &QTreeView::collapsed, this,
             [this](const QModelIndex& i) { ExpandedByWidget(i, false); });
@@ -41,9 +45,21 @@ TreeAdapter::TreeAdapter(controls::TreeView& model, QTreeView& widget, QObject* 
     ConnectLabels();
 }
 
+// A click beside the nodes, or with Ctrl, takes the mark away and not the current node: it stays seen.
+void TreeAdapter::ConnectSelection() {
+    const QItemSelectionModel* selection = widget_.selectionModel();
+    connect(selection, &QItemSelectionModel::currentChanged, this, &TreeAdapter::CurrentChanged);
+    connect(selection, &QItemSelectionModel::selectionChanged, this, [this, selection] {
+        if (!selection->hasSelection() && model_.SelectedItem())
+            ShowSelected();
+    });
+}
+
 void TreeAdapter::ConnectLabels() {
-    auto* const labels = new LabelDelegate(
-        this, [this] { model_.CancelLabelEdit(); }, [this](const QString& text) { model_.LabelTyped(text); });
+    auto* const labels =
+        new LabelDelegate(this, {.givenUp = [this] { model_.CancelLabelEdit(); },
+                                 .typed = [this](const QString& text) { model_.LabelTyped(text); },
+                                 .kept = [this] { return model_.LabelKept(); }});
     widget_.setItemDelegate(labels);
     Listen(model_.labelEditFinish, labels, [labels] { labels->Finish(); });
     Listen(model_.labelEditStarted, this,
@@ -63,6 +79,7 @@ void TreeAdapter::ConnectRows() {
     connect(&rows_, &QAbstractItemModel::modelReset, this, [this] {
         --updating_;
         RestoreExpanded();
+        RestorePlace();
         ShowSelected();
     });
 }
@@ -109,6 +126,8 @@ void TreeAdapter::ExpandedByWidget(const QModelIndex& index, bool expanded) {
 }
 
 bool TreeAdapter::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress)
+        return MousePressed();
     if (event->type() == QEvent::MouseButtonRelease)
         MouseReleased(static_cast<QMouseEvent*>(event)->pos());
     // A context menu keeps the button's release for itself, and works on the node it was opened over, the
@@ -119,6 +138,15 @@ bool TreeAdapter::eventFilter(QObject*, QEvent* event) {
             model_.NodeClick(model_.SelectedItem());
     }
     return false;
+}
+
+// The press took the focus from a text that was built into a new tree then: other rows may stand under the
+// pointer. True: it has been seen to.
+bool TreeAdapter::MousePressed() {
+    const auto pressed = std::exchange(pressed_, std::nullopt);
+    if (pressed)
+        widget_.setCurrentIndex(rows_.IndexOf(pressed->nearestIn(model_)));
+    return pressed.has_value();
 }
 
 void TreeAdapter::MouseReleased(const QPoint& place) {
@@ -149,6 +177,24 @@ void TreeAdapter::ShowSelected() {
         widget_.setCurrentIndex(index);
     else
         widget_.selectionModel()->select(index, QItemSelectionModel::ClearAndSelect);
+}
+
+void TreeAdapter::KeepPlace() {
+    scrolled_ = {widget_.horizontalScrollBar()->value(), widget_.verticalScrollBar()->value()};
+    pressed_.reset();
+    const QPoint place = widget_.viewport()->mapFromGlobal(QCursor::pos());
+    if (QApplication::mouseButtons() == Qt::NoButton || !widget_.viewport()->rect().contains(place))
+        return;
+    if (const TreeNode node = rows_.NodeAt(widget_.indexAt(place)))
+        pressed_.emplace(node);
+}
+
+void TreeAdapter::RestorePlace() {
+    if (scrolled_.isNull())
+        return;
+    widget_.doItemsLayout();
+    widget_.horizontalScrollBar()->setValue(scrolled_.x());
+    widget_.verticalScrollBar()->setValue(scrolled_.y());
 }
 
 void TreeAdapter::ShowExpanded(TreeNode node) {

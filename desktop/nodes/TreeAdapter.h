@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "core/model/NodeAddress.h"
 #include "desktop/base/ControlEvents.h"
 #include "desktop/nodes/TreeModel.h"
 #include "platform/controls/TreeView.h"
 #include <QObject>
 #include <QTreeView>
+#include <optional>
 
 namespace desktop {
 
@@ -17,11 +19,15 @@ public:
 
 private:
     void ConnectRows();
+    void ConnectSelection();
     void ConnectLabels();
     void CurrentChanged(const QModelIndex& current);
     void ExpandedByWidget(const QModelIndex& index, bool expanded);
+    bool MousePressed();
     void MouseReleased(const QPoint& place);
     void DragEnded();
+    void KeepPlace();
+    void RestorePlace();
     void ShowSelected();
     void ShowExpanded(controls::TreeNode node);
     void RestoreExpanded();
@@ -32,6 +38,9 @@ private:
     ControlEvents events_;
     int updating_ = 0;   ///< the widget follows the model: its signals aren't the user's
     bool moved_ = false; ///< the mouse selected another node since it was pressed
+    /// What the mouse is being pressed on, while the tree is built anew.
+    std::optional<m_tvXML::NodeAddress> pressed_;
+    QPoint scrolled_; ///< to there, before that
 };
 
 } // namespace desktop

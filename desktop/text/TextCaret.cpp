@@ -30,7 +30,7 @@ void TextCaret::Select(qsizetype anchor, qsizetype caret) {
     state_.high = false;
     anchor = SettledPlace(Text(), anchor);
     caret = SettledPlace(Text(), caret);
-    if (anchor != state_.anchor || caret != state_.caret) {
+    if (anchor != state_.anchor || caret != state_.caret || state_.model->IsMark()) {
         Place(anchor, caret);
         const TextRange now = state_.Selection();
         state_.model->UserSelected(now.start, now.end - now.start);
@@ -48,7 +48,8 @@ void TextCaret::SelectAll() {
 }
 
 void TextCaret::MoveTo(qsizetype position, bool select) {
-    Select(select ? state_.anchor : position, position);
+    const qsizetype from = state_.model->IsMark() ? state_.caret : state_.anchor;
+    Select(select ? from : position, position);
     Publish();
 }
 
@@ -76,10 +77,12 @@ TextRange TextCaret::ModelSelection() const {
     return {before, end == start ? before : end + (splits(end) ? 1 : 0)};
 }
 
-void TextCaret::TakeModels() {
+// The caret stands in front of what a program has marked.
+void TextCaret::TakeModels(bool backwards) {
     const TextRange selection = ModelSelection();
-    state_.anchor = selection.start;
-    state_.caret = selection.end;
+    backwards = backwards || state_.model->IsMark();
+    state_.anchor = backwards ? selection.end : selection.start;
+    state_.caret = backwards ? selection.start : selection.end;
     state_.wantedX.reset();
 }
 
@@ -88,7 +91,9 @@ void TextCaret::FollowModel() {
     if (state_.stale)
         return;
     const TextRange now = state_.Selection(), wanted = ModelSelection();
-    if (now.start != wanted.start || now.end != wanted.end)
+    if (state_.model->IsMark())
+        Place(wanted.end, wanted.start);
+    else if (now.start != wanted.start || now.end != wanted.end)
         Place(wanted.start, wanted.end);
     if (state_.editing)
         places_.Show(state_.caret);

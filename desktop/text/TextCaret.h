@@ -27,7 +27,7 @@ public:
     void Publish() const;
 
     /// Takes over what is selected in the model.
-    void TakeModels();
+    void TakeModels(bool backwards = false); ///< with the caret at its start
     /// The model's selection is another one. A program that jumps wants the place to be seen with what
     /// follows.
     void FollowModel();

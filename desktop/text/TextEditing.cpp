@@ -27,7 +27,10 @@ void TextEditing::PutIn(TextRange range, const QString& text) {
         state_.model->Pasted(range.start, state_.caret - range.start);
 }
 
+// The first key after a program's mark takes nothing away that the user hasn't selected.
 void TextEditing::Delete(Step step) {
+    if (state_.model->EndMark())
+        return;
     TextRange range = state_.Selection();
     if (range.start == range.end) {
         const qsizetype other = step(Text(), state_.caret);
@@ -38,13 +41,23 @@ void TextEditing::Delete(Step step) {
 
 void TextEditing::Enter() {
     const QString key = QStringLiteral("\r");
+    state_.model->EndMark();
     state_.model->KeyPress(key);
-    Replace(state_.Selection(), key);
+    Replace(state_.Selection(), key + Indentation(state_.Selection().start));
+}
+
+QString TextEditing::Indentation(qsizetype position) const {
+    constexpr qsizetype kLongest = 1000;
+    const qsizetype start = Text().lineStart(Text().lineOf(position));
+    const QString line = Text().mid(start, std::min(position - start, kLongest));
+    const auto end = std::find_if(line.begin(), line.end(), [](QChar c) { return c != u' ' && c != u'\t'; });
+    return line.first(end - line.begin());
 }
 
 void TextEditing::Type(const QString& text) {
     if (state_.model->Locked)
         return;
+    state_.model->EndMark();
     state_.model->KeyPress(text);
     TextRange range = state_.Selection();
     if (state_.overwrite && range.start == range.end && range.end < RowEnd(Text(), range.end))
@@ -83,6 +96,8 @@ void TextEditing::MoveSelectionTo(qsizetype position) {
 // --- clipboard ---------------------------------------------------------------------------------------------
 
 void TextEditing::Cut() {
+    if (state_.model->EndMark())
+        return;
     Copy();
     Replace(state_.Selection(), {});
 }
@@ -95,6 +110,7 @@ void TextEditing::Copy() const {
 
 void TextEditing::Paste() {
     const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+    state_.model->EndMark();
     if (mime && IsTextMime(*mime))
         PutIn(state_.Selection(), mime->text());
 }

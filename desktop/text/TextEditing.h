@@ -19,7 +19,7 @@ public:
     void Delete(Step step);
     /// As typed: replaces the selection, or in overwrite mode the next character. The model is asked first.
     void Type(const QString& text);
-    void Enter();
+    void Enter(); ///< the new line has the indentation of the one before
     /// The selection and what lies between it and the position change places: one edit, so that it can be
     /// undone in one step. Everything keeps its colours.
     void MoveSelectionTo(qsizetype position);
@@ -29,6 +29,7 @@ public:
     void Paste();
 
 private:
+    QString Indentation(qsizetype position) const; ///< of its line, as far as it stands before the position
     const text::LongText& Text() const { return state_.Text(); }
 
     TextState& state_;

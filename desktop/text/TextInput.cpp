@@ -44,6 +44,7 @@ bool TakeInput(const TextParts& parts, const QInputMethodEvent& event) {
     if (state.model->Locked)
         return false;
     state.preedit.reset();
+    state.model->EndMark();
     if (event.replacementLength() > 0) {
         const qsizetype start = std::max<qsizetype>(state.caret + event.replacementStart(), 0);
         parts.editing.Replace({start, start + event.replacementLength()}, {});

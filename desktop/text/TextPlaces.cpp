@@ -168,6 +168,10 @@ void TextPlaces::ShowHigh(qsizetype position) {
     ShowSideways(position);
 }
 
+void TextPlaces::ShowAt(qsizetype position, qsizetype row) {
+    area_.verticalScrollBar()->setValue(ToInt(Text().rowOf(position) - row));
+}
+
 void TextPlaces::ShowSideways(qsizetype position) {
     const double x = XAt(position);
     NoteWidth(x);

@@ -42,6 +42,8 @@ public:
     void Show(qsizetype position);
     /// Scrolls so that the position stands a few rows below the view's top, unless it is in view already.
     void ShowHigh(qsizetype position);
+    /// Scrolls so that the position stands in a row of the view, counted from 0.
+    void ShowAt(qsizetype position, qsizetype row);
     void ScrollRows(qsizetype rows);
 
 private:

@@ -65,7 +65,9 @@ void TextView::SetModel(controls::RichTextBox* model) {
     state_.model = model ? model : own_.get();
     controls::RichTextBox& shown = *state_.model;
     QObject* context = listening_.get();
-    Listen(shown.contentReplaced, context, [this] { ContentReplaced(); });
+    Listen(shown.contentLeaves, context, [this] { ContentLeaves(); });
+    Listen(shown.contentReplaced, context,
+           [this](const controls::PlaceMap* where) { ContentReplaced(where); });
     Listen(shown.textReplaced, context,
            [this](qsizetype at, qsizetype removed, const QString& text) { TextReplaced(at, removed, text); });
     Listen(shown.coloursChanged, context, [this](qsizetype start, qsizetype length) {
@@ -87,7 +89,7 @@ void TextView::SetModel(controls::RichTextBox* model) {
 /// Catches up with what happened while the view was hidden.
 void TextView::Follow() {
     state_.stale = false;
-    ContentReplaced();
+    ContentReplaced(nullptr);
     places_.ShowHigh(state_.Selection().start);
     state_.high = true;
 }
@@ -98,16 +100,29 @@ bool TextView::IsAwake() {
     return !state_.stale;
 }
 
-// Behind a new content the program mostly sets the caret: until it did, the view stays where it is.
-void TextView::ContentReplaced() {
+// Where the view stands in a text that goes: at the caret, or where that is out of sight, at its first row.
+void TextView::ContentLeaves() {
+    if (!IsAwake())
+        return;
+    const qsizetype place = state_.Selection().start;
+    const qsizetype row = state_.Text().rowOf(place) - FirstRow();
+    const bool shown = row >= 0 && row < RowsShown();
+    left_ = {shown ? place : state_.Text().row(FirstRow()).start, shown ? row : 0};
+}
+
+// A text that was only written anew stays where it is. Behind any other content the program mostly sets the
+// caret, and until it did, the view stays.
+void TextView::ContentReplaced(const controls::PlaceMap* where) {
     if (!IsAwake())
         return;
     places_.ForgetWidths();
-    caret_.TakeModels();
+    caret_.TakeModels(where && state_.caret < state_.anchor);
     state_.preedit.reset();
     places_.UpdateBars();
+    if (where)
+        places_.ShowAt((*where)(left_.place), left_.row);
     viewport()->update();
-    follow_ = true;
+    follow_ = !where;
     later_.start(0, this);
     TellTextChanged(*this);
 }

@@ -78,7 +78,8 @@ private:
     void ConnectParts();
     void Follow();
     bool IsAwake();
-    void ContentReplaced();
+    void ContentLeaves();
+    void ContentReplaced(const controls::PlaceMap* where);
     void TextReplaced(qsizetype at, qsizetype removed, const QString& text);
     void ApplyFont();
     TextKeys::Act ActFor(const QKeyEvent& event);
@@ -93,6 +94,11 @@ private:
     TextDrag drag_;
     TextMouse mouse_;
 
+    /// Where the view stood when its content went: a place, and in which row of the view that was.
+    struct Left {
+        qsizetype place = 0, row = 0;
+    };
+    Left left_;
     int zoom_ = 0;        ///< points
     bool follow_ = false; ///< the content is new: the caret is to be seen when the program is done
     QBasicTimer later_;

@@ -2,10 +2,10 @@
 #include "nodes/dialogs/NodeEditor.h"
 #include "core/edit/Report.h"
 #include "core/edit/Validate.h"
+#include "core/model/Frame.h"
 #include "core/model/NodeKind.h"
 #include "nodes/WriteNode.h"
 #include "nodes/dialogs/BeforeCheck.h"
-#include <utility>
 
 namespace nodes {
 
@@ -15,6 +15,10 @@ QString NodeEditor::GoneNotice() {
     return QStringLiteral(
         "The node that was edited is no longer in the document. What was typed stays in the "
         "dialog; Cancel gives it up.");
+}
+
+controls::StatusBar& NodeEditor::Messages() const {
+    return app_.frame().StatusBar1();
 }
 
 bool NodeEditor::IsChanged() const {
@@ -52,13 +56,28 @@ bool NodeEditor::WriteTyped() {
     if (txtNodeName.Text().isEmpty())
         txtNodeName.SetText(node_.name);
     BeforeCheck before(*window_);
-    if (WriteNodeInHand(*window_, held_.hand, Typed()) == NodeWrite::Refused) {
+    NodeContent content = Typed();
+    if (WriteNodeInHand(*window_, held_.hand, content) == NodeWrite::Refused) {
         before.Restore();
+        RefusedBox().SetFocus();
         return false;
     }
-    node_ = Typed();
+    Fill(content);
+    node_ = content;
     held_ = HoldNode(*window_, held_.hand);
     return true;
+}
+
+// The first of those that were changed in which something is wrong; a name may also be taken already.
+controls::TextBox& NodeEditor::RefusedBox() {
+    const NodeContent typed = Typed();
+    const auto wrong = [this](const QString& probe) { return !m_tvXML::Probe(app_, probe).good(); };
+    const bool element = Kind() == m_tvXML::kElement;
+    const bool name = typed.name != node_.name && (!element || wrong(m_tvXML::NodeNameProbe(typed.name)));
+    const bool value = typed.value != node_.value && wrong(NodeValueProbe(*window_, held_.hand, typed.value));
+    if (name && (element || !value))
+        return txtNodeName;
+    return value || !element ? txtNodeAttrs : txtNodeText;
 }
 
 // --- while the user types ---------------------------------------------------------------------------------
@@ -86,25 +105,6 @@ void NodeEditor::ComplainAboutValue() {
 
 void NodeEditor::ComplainAboutText() {
     Complain(m_tvXML::NodeTextProbe(txtNodeText.Text(), node_.name), m_tvXML::kAnyNumber);
-}
-
-// --- what was refused --------------------------------------------------------------------------------------
-
-void NodeEditor::KeepTyped() {
-    refused_ = Refused{window_, held_, node_, Typed()};
-}
-
-// Only for the very node as it was: it may have changed, or gone.
-void NodeEditor::BringTypedBack() {
-    if (!refused_ || refused_->window != window_ || !FindNodeAgain(*window_, refused_->held) ||
-        refused_->held.hand != held_.hand || refused_->node != node_)
-        return;
-    Fill(std::exchange(refused_, std::nullopt)->typed);
-}
-
-void NodeEditor::ForgetTyped(const DocumentWindow* window) {
-    if (refused_ && refused_->window == window)
-        refused_.reset();
 }
 
 } // namespace nodes

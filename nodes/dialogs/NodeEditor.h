@@ -3,7 +3,6 @@
 #include "core/model/DocumentWindow.h"
 #include "nodes/EditNode.h"
 #include "nodes/dialogs/NodeBoxes.h"
-#include <optional>
 
 namespace nodes {
 
@@ -11,6 +10,7 @@ namespace nodes {
 class NodeEditor : public NodeBoxes {
 public:
     DocumentWindow* Window() const { return window_; } ///< null while the dialog isn't shown
+    controls::StatusBar& Messages() const;             ///< panel 1 tells what is wrong with what is typed
 
 protected:
     explicit NodeEditor(Application& app) : app_(app) {}
@@ -24,16 +24,14 @@ protected:
     bool FindAgain() { return FindNodeAgain(*window_, held_); }
     /// What was changed elsewhere meanwhile isn't written over.
     void FollowUntouched();
-    /// Writes what is typed. False when the node is gone or the text was refused: the user has been told.
+    /// Writes what is typed. False when the node is gone or the text was refused: the user has been told, and
+    /// what is to be put right has the keys.
     bool WriteTyped();
     /// The parser's complaint while the user types. It isn't finished yet, so nothing else is told of it.
     void ComplainAboutName();
     void ComplainAboutValue();
     void ComplainAboutText();
 
-    void KeepTyped();                               ///< for the time when the node is taken in hand again
-    void BringTypedBack();                          ///< where this is the node, as it was then
-    void ForgetTyped(const DocumentWindow* window); ///< of a window
     static QString GoneNotice();
 
     Application& app_;
@@ -43,13 +41,7 @@ protected:
 
 private:
     void Complain(const QString& probe, int attributes);
-
-    struct Refused {
-        const DocumentWindow* window;
-        HeldNode held;
-        m_tvXML::NodeContent node, typed;
-    };
-    std::optional<Refused> refused_;
+    controls::TextBox& RefusedBox();
 };
 
 } // namespace nodes

@@ -19,8 +19,10 @@ bool InList(int context) {
 void GoToRow(DocumentWindow& window, int row) {
     if (row < 1 || row > window.ListView1.Count())
         return;
-    SelectOnlyRow(window, row);
-    window.ListView1.EnsureVisible(row);
+    edit::Run(window, "GoToRow", [&] {
+        SelectOnlyRow(window, row);
+        window.ListView1.EnsureVisible(row);
+    });
 }
 
 TreeNode NodeBelow(DocumentWindow& window, int context) {
@@ -57,9 +59,11 @@ void WalkDown(DocumentWindow& window, int context) {
     const TreeNode below = NodeBelow(window, context);
     if (!below)
         return;
-    edit::SelectNode(window, below);
-    if (InList(context))
-        GoToRow(window, 1);
+    edit::Run(window, "WalkDown", [&] {
+        window.tvXML.SetSelectedItem(below);
+        if (InList(context))
+            edit::Then(window, [&window] { GoToRow(window, 1); });
+    });
 }
 
 void WalkUp(DocumentWindow& window, int context) {
@@ -69,21 +73,22 @@ void WalkUp(DocumentWindow& window, int context) {
     const TreeNode parent = node ? node.Parent() : TreeNode();
     if (!parent)
         return;
-    edit::SelectNode(window, parent);
-    if (InList(context))
-        GoToRow(window, window.ListView1.IndexOf(node.Key()));
+    edit::Run(window, "WalkUp", [&] {
+        window.tvXML.SetSelectedItem(parent);
+        if (InList(context))
+            edit::Then(window, [&window, node] { GoToRow(window, window.ListView1.IndexOf(node.Key())); });
+    });
 }
 
 void SelectAny(DocumentWindow& window, int context) {
-    if (InList(context) && window.ListView1.SelectedItem() == 0 && window.ListView1.Count() > 0)
-        window.ListView1.SetSelectedItem(1);
+    if (InList(context) && window.ListView1.SelectedItem() == 0)
+        GoToRow(window, 1);
     else if (!InList(context) && !window.tvXML.SelectedItem() && window.tvXML.Nodes.Count() > 0)
         edit::SelectNode(window, window.tvXML.Nodes(1));
 }
 
 void ShowListTab(DocumentWindow& window) {
-    edit::ShowView(window, edit::kListTab);
-    edit::DoTree(window);
+    edit::Run(window, "ShowListTab", [&] { edit::ShowView(window, edit::kListTab); });
 }
 
 void BringToFront(DocumentWindow& window) {

@@ -10,6 +10,8 @@
 #include <QScopedValueRollback>
 #include <utility>
 
+namespace nodes {
+
 // --- events -----------------------------------------------------------------------------------------------
 
 frmEditNodes::frmEditNodes(Application& app) : NodeEditor(app), self_(std::make_shared<frmEditNodes*>(this)) {
@@ -33,13 +35,13 @@ void frmEditNodes::Connect(Event& event, const char* routine, Act act) {
 
 void frmEditNodes::ConnectButtons() {
     Connect(cmdUp.Click, "frmEditNode.cmdUp_Click",
-            [this] { Move([this] { nodes::WalkToSibling(*window_, Context(), false); }); });
+            [this] { Move([this] { WalkToSibling(*window_, Context(), false); }); });
     Connect(cmdDown.Click, "frmEditNode.cmdDown_Click",
-            [this] { Move([this] { nodes::WalkToSibling(*window_, Context(), true); }); });
+            [this] { Move([this] { WalkToSibling(*window_, Context(), true); }); });
     Connect(cmdLeft.Click, "frmEditNode.cmdLeft_Click",
-            [this] { Move([this] { nodes::WalkUp(*window_, Context()); }); });
+            [this] { Move([this] { WalkUp(*window_, Context()); }); });
     Connect(cmdRight.Click, "frmEditNode.cmdRight_Click",
-            [this] { Move([this] { nodes::WalkDown(*window_, Context()); }); });
+            [this] { Move([this] { WalkDown(*window_, Context()); }); });
     Connect(cmdOk.Click, "frmEditNodes.cmdOk_Click", [this] { cmdOk_Click(); });
     Connect(cmdCancel.Click, "frmEditNodes.cmdCancel_Click", [this] { cmdCancel_Click(); });
     Connect(optTree.Click, "frmEditNodes.optTree_Click", [this] { ChangeContext(kContextTree); });
@@ -75,13 +77,13 @@ void frmEditNodes::Form_KeyDown(int& key, int modifiers) {
 bool frmEditNodes::Form_Load(DocumentWindow& window) {
     if (!BringUpToDate(window) || (window_ && IsChanged() && !SaveCurrentNode()))
         return false;
-    nodes::BringToFront(window); // saving took the window of the node in hand there
+    BringToFront(window); // saving took the window of the node in hand there
     window_ = &window;
     const bool list = window.miPopupContext == kContextList;
     optList.SetValue(list);
     optTree.SetValue(!list);
     if (list)
-        nodes::ShowListTab(window);
+        ShowListTab(window);
     attention_.Forget(); // what the dialog found before, the user has left meanwhile
     attention_.Take(window, Context());
     const bool path = window.kind.Name == QStringLiteral("frmXMLEdit");
@@ -107,30 +109,29 @@ bool frmEditNodes::Form_Activate() {
 }
 
 void frmEditNodes::ComeBack() {
-    nodes::BringToFront(*window_);
+    BringToFront(*window_);
     const bool upToDate = TextParses() && BringUpToDate(*window_);
     attention_.Take(*window_, Context());
     if (!upToDate)
         return;
     if (InList())
-        nodes::ShowListTab(*window_);
+        ShowListTab(*window_);
     if (IsChanged()) {
         if (!FindAgain())
             return edit::Message(app_, GoneNotice());
-        if (nodes::GetNodeInHand(*window_, Context()) != held_.hand)
-            nodes::SelectNodeInHand(*window_, held_.hand, Context());
+        if (GetNodeInHand(*window_, Context()) != held_.hand)
+            SelectNodeInHand(*window_, held_.hand, Context());
         FollowUntouched();
     } else if (!HasCurrentNode(Context()) || window_->txtXPath.Text() != path_) {
         return FetchNode();
     }
     EnableButtons();
-    app_.frame().RefreshMenu();
 }
 
 // A box about the text would make the dialog active once more when it closes: the reason comes on the status
 // bar.
 bool frmEditNodes::TextParses() {
-    nodes::FinishEdits(*window_);
+    FinishEdits(*window_);
     if (!window_->bond.bTextChanged())
         return true;
     const auto error = mXMLEdit::Parse(app_, window_->TextInUse().Long()).error();
@@ -147,15 +148,14 @@ void frmEditNodes::Form_Deactivate() {
 
 // False when the text doesn't parse. The views are brought up to date for what the user works in there.
 bool frmEditNodes::BringUpToDate(DocumentWindow& window) {
-    if (!nodes::FinishAllEdits(window))
+    if (!FinishAllEdits(window))
         return false;
     if (window.bond.bTreeChanged())
-        edit::DoTree(window);
+        edit::Run(window, "BringUpToDate", [] {});
     return true;
 }
 
 void frmEditNodes::WindowClosed(const DocumentWindow& window) {
-    ForgetTyped(&window);
     if (window_ != &window)
         return;
     attention_.Forget();
@@ -170,17 +170,13 @@ void frmEditNodes::Unload() {
     unloaded();
 }
 
+// What was refused stays, to be put right or given up (quirk 61).
 void frmEditNodes::cmdOk_Click() {
-    if (!SaveCurrentNode()) {
-        if (!FindAgain())
-            return; // nothing would bring the typed text back
-        KeepTyped();
-    }
-    Unload();
+    if (SaveCurrentNode())
+        Unload();
 }
 
 void frmEditNodes::cmdCancel_Click() {
-    ForgetTyped(window_);
     Unload();
 }
 
@@ -203,7 +199,7 @@ void frmEditNodes::ChangeContext(int context) {
     cmdUp.SetEnabled(true);
     cmdDown.SetEnabled(true);
     if (list)
-        nodes::ShowListTab(*window_);
+        ShowListTab(*window_);
     edit::Attend(*window_, context);
     FetchNode();
 }
@@ -222,7 +218,7 @@ void frmEditNodes::txtXPath_KeyDown(int& key) {
 }
 
 void frmEditNodes::EnableButtons() {
-    const nodes::Ways ways = nodes::WaysOn(*window_, Context());
+    const Ways ways = WaysOn(*window_, Context());
     cmdUp.SetEnabled(ways.up);
     cmdDown.SetEnabled(ways.down);
     cmdLeft.SetEnabled(ways.left);
@@ -232,11 +228,9 @@ void frmEditNodes::EnableButtons() {
 // --- the node in hand -------------------------------------------------------------------------------------
 
 void frmEditNodes::FetchNode() {
-    nodes::SelectAny(*window_, Context());
+    SelectAny(*window_, Context());
     TakeInHand(Context());
     ShowCurrentNode();
-    BringTypedBack();
-    app_.frame().RefreshMenu(); // the menus are those of the node in hand
 }
 
 void frmEditNodes::ShowCurrentNode() {
@@ -255,10 +249,10 @@ bool frmEditNodes::SaveCurrentNode() {
         return true;
     const QScopedValueRollback saving(saving_, true);
     return edit::Guarded(app_, QStringLiteral("frmEditNodes.SaveCurrentNode"), [&] {
-        nodes::BringToFront(*window_);
+        BringToFront(*window_);
         if (!IsChanged())
             return true;
-        if (!nodes::FinishAllEdits(*window_) || !WriteTyped())
+        if (!FinishAllEdits(*window_) || !WriteTyped())
             return false;
         SelectRowInHand();
         path_ = window_->txtXPath.Text();
@@ -270,5 +264,8 @@ bool frmEditNodes::SaveCurrentNode() {
 void frmEditNodes::SelectRowInHand() {
     controls::ListView& list = window_->ListView1;
     if (InList() && list.SelectedItem() == 0)
-        list.SetSelectedItem(list.IndexOf(held_.hand.rowKey()));
+        edit::Run(*window_, "SelectRowInHand",
+                  [&] { list.SetSelectedItem(list.IndexOf(held_.hand.rowKey())); });
 }
+
+} // namespace nodes

@@ -6,10 +6,12 @@
 #include "platform/controls/Controls.h"
 #include <memory>
 
+namespace nodes {
+
 /// The dialog that walks the nodes of a document one at a time, along the tree or the list, and edits the one
 /// in hand: its name, its attributes or value, and its text. Its document window can be worked in meanwhile.
 /// It ends with its window.
-class frmEditNodes : public nodes::NodeEditor {
+class frmEditNodes : public NodeEditor {
 public:
     explicit frmEditNodes(Application& app);
     frmEditNodes(const frmEditNodes&) = delete;
@@ -35,10 +37,9 @@ public:
     void Form_KeyDown(int& key, int modifiers);
 
     void ShowCurrentNode();
-    /// Writes what was changed to the node in hand. False when that was refused: the user has been told, the
-    /// node is as it was, and the boxes keep what was typed. A move doesn't go on then. OK closes the dialog
-    /// all the same, and what was typed comes back when the node is taken in hand next. Only where the node
-    /// itself is gone the dialog stays until Cancel.
+    /// Writes what was changed to the node in hand. False when that was refused, or the node is gone: the
+    /// user has been told, the node is as it was, and the boxes keep what was typed. A move doesn't go on
+    /// then, and OK doesn't close the dialog; Cancel does.
     bool SaveCurrentNode();
 
 private:
@@ -66,7 +67,9 @@ private:
 
     QString path_; ///< as the window showed it
     bool activating_ = false, saving_ = false;
-    nodes::BorrowedAttention attention_;
+    BorrowedAttention attention_;
 
     std::shared_ptr<frmEditNodes*> self_; ///< events of the application outlive the dialog
 };
+
+} // namespace nodes

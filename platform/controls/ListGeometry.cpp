@@ -53,27 +53,36 @@ bool ListView::StartLabelEdit() {
 
 void ListView::EndLabelEdit(const QString& text) {
     const int row = std::exchange(labelEdit_, 0);
+    labelKept_ = false;
     labelEditEnded();
     if (row == 0 || row > Count())
         return;
     const QString key = Item(row).Key;
-    if (!text.isEmpty() && Item(row).Text == text)
-        return;
     bool cancel = false;
     QString newText = text;
-    AfterLabelEdit(row, cancel, newText);
-    // The answer may have filled the list anew.
-    if (const int now = IndexOf(key); !cancel && now > 0)
+    labelEnding_ = row;
+    if (text.isEmpty() || Item(row).Text != text)
+        AfterLabelEdit(row, cancel, newText);
+    const int now = IndexOf(key); // the answer may have filled the list anew
+    if (labelKept_)
+        labelEdit_ = now;
+    if (!cancel && now > 0)
         SetText(now, newText);
+    if (!cancel)
+        LabelEdited();
+}
+
+void ListView::KeepLabelEdit() {
+    labelEdit_ = labelEnding_;
+    labelKept_ = true;
 }
 
 void ListView::CancelLabelEdit() {
-    if (labelEdit_ > 0 && labelEdit_ <= Count() && Item(labelEdit_).Text.isEmpty()) {
-        EndLabelEdit({});
-        return;
-    }
-    labelEdit_ = 0;
+    const int row = std::exchange(labelEdit_, 0);
+    labelKept_ = false;
     labelEditEnded();
+    if (row > 0 && row <= Count())
+        LabelGivenUp(row);
 }
 
 } // namespace controls

@@ -93,6 +93,8 @@ public:
     bool StartLabelEdit(); ///< of the current row
     int LabelEditRow() const { return labelEdit_; }
     void EndLabelEdit(const QString& text);
+    void KeepLabelEdit();
+    bool LabelKept() const { return labelKept_ && labelEdit_ > 0; }
     void CancelLabelEdit();
     void FinishLabelEdit() {
         if (labelEdit_ > 0)
@@ -101,7 +103,10 @@ public:
     Event<bool&> BeforeLabelEdit;               ///< cancel
     Event<const QString&> LabelTyped;           ///< what the editor holds by now, while the user types
     Event<int, bool&, QString&> AfterLabelEdit; ///< row, cancel, new text
-    Event<int> labelEditStarted;                ///< 1-based row; for the widget
+    Event<> LabelEdited;
+    Event<int> LabelGivenUp;     ///< row
+    Event<bool> LabelTabbed;     ///< Tab has ended the edit, or Shift and Tab, with true
+    Event<int> labelEditStarted; ///< 1-based row; for the widget
     Event<> labelEditFinish, labelEditEnded;
 
     // --- user's acts ---------------------------------------------------------------------------------
@@ -145,7 +150,8 @@ private:
     int current_ = 0;
     int view_ = lvwReport;
     int updates_ = 0;
-    int labelEdit_ = 0;
+    int labelEdit_ = 0, labelEnding_ = 0;
+    bool labelKept_ = false;
     int firstVisible_ = 1;
     double left_ = 0;
 };

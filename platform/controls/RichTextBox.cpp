@@ -58,18 +58,30 @@ void RichTextBox::SetText(const text::LongText& text) {
 }
 
 void RichTextBox::SetContent(const RichContent& content) {
+    Exchange(content, nullptr);
+}
+
+void RichTextBox::SetContent(const RichContent& content, const PlaceMap& where) {
+    Exchange(content, &where);
+}
+
+void RichTextBox::Exchange(const RichContent& content, const PlaceMap* where) {
     const bool textDiffers = !(content.text == text_), runsDiffer = content.runs != runs_;
-    const bool wasSelected = selLength_ > 0, caretMoves = selStart_ != 0 || wasSelected;
+    const bool wasSelected = selLength_ > 0, wasMark = mark_;
+    const qsizetype start = selStart_, length = selLength_;
+    if (textDiffers || runsDiffer)
+        contentLeaves();
     text_ = content.text;
     runs_ = content.runs;
     wholeKnown_ = wholeKnown_ && !textDiffers;
     if (!wholeKnown_)
         whole_.clear();
-    selStart_ = selLength_ = 0;
-    TakeTypeColour();
+    const qsizetype from = where ? (*where)(start) : 0;
+    PutSelection(from, where && length > 0 ? (*where)(start + length) - from : 0);
+    mark_ = wasMark && selLength_ > 0;
     if (textDiffers || runsDiffer)
-        contentReplaced();
-    else if (caretMoves)
+        contentReplaced(where);
+    else if (start != selStart_ || length != selLength_)
         selectionChanged();
     if (textDiffers)
         Change();
@@ -108,11 +120,27 @@ void RichTextBox::SetSelStart(qsizetype start) {
 void RichTextBox::SetSelLength(qsizetype length) {
     length = std::clamp<qsizetype>(length, 0, text_.size() - selStart_);
     const qsizetype before = std::exchange(selLength_, length);
+    mark_ = false;
     if (before == length)
         return;
     TakeTypeColour();
     selectionChanged();
     SelChange(before > 0);
+}
+
+void RichTextBox::Mark(qsizetype start, qsizetype length) {
+    const bool wasSelected = selLength_ > 0;
+    PutSelection(start, length);
+    mark_ = selLength_ > 0;
+    selectionChanged();
+    SelChange(wasSelected);
+}
+
+bool RichTextBox::EndMark() {
+    const bool mark = mark_;
+    if (mark)
+        SetSelStart(selStart_);
+    return mark;
 }
 
 QString RichTextBox::SelText() const {
@@ -133,6 +161,7 @@ void RichTextBox::SelectAll() {
 void RichTextBox::PutSelection(qsizetype start, qsizetype length) {
     selStart_ = std::clamp<qsizetype>(start, 0, text_.size());
     selLength_ = std::clamp<qsizetype>(length, 0, text_.size() - selStart_);
+    mark_ = false;
     TakeTypeColour();
 }
 
@@ -152,6 +181,7 @@ void RichTextBox::Replace(qsizetype at, qsizetype removed, const QString& piece)
     ShiftRuns(runs_, at, removed, piece.size());
     selStart_ = at + piece.size();
     selLength_ = 0;
+    mark_ = false;
 }
 
 // A stretch never takes half a line end away, nor parts one.
@@ -203,6 +233,7 @@ void RichTextBox::SetSelContent(const QString& text, std::vector<ColourRun> runs
 void RichTextBox::Paste(const QString& text) {
     if (text.isEmpty())
         return;
+    EndMark();
     qsizetype at = selStart_, removed = selLength_;
     TakeWholeLineEnds(at, removed);
     SetSelText(text);
@@ -226,6 +257,7 @@ void RichTextBox::UserReplaced(qsizetype at, qsizetype removed, const QString& t
 }
 
 void RichTextBox::Type(const QString& text) {
+    EndMark();
     UserReplaced(selStart_, selLength_, text);
 }
 

@@ -30,6 +30,9 @@ struct RichContent {
     std::vector<ColourRun> runs;
 };
 
+/// Where a place of a text stands in the text that takes its place.
+using PlaceMap = std::function<qsizetype(qsizetype)>;
+
 /// What Find looks at, put together by or.
 enum FindFlags { rtfWholeWord = 2, rtfMatchCase = 4, rtfNoHighlight = 8 };
 
@@ -45,6 +48,8 @@ public:
     void SetText(const text::LongText& text); ///< the same; its line ends are CR LF
     RichContent Content() const { return {text_, runs_}; }
     void SetContent(const RichContent& content);
+    /// The same, but caret, selection and what a widget shows stay with the places that they stood at.
+    void SetContent(const RichContent& content, const PlaceMap& where);
     /// Gives a stretch other colours, counted from its start; text and selection stay.
     void SetColours(qsizetype start, qsizetype length, const std::vector<ColourRun>& runs);
     QString TextRTF() const; ///< text and colours as an RTF document
@@ -55,6 +60,12 @@ public:
     qsizetype SelLength() const { return selLength_; }
     void SetSelStart(qsizetype start);   ///< cut to the text; ends the selection
     void SetSelLength(qsizetype length); ///< cut to the text
+    /// Selects a stretch to show it. The user has selected nothing: the caret stands in front of it, and
+    /// EndMark comes before the next edit.
+    void Mark(qsizetype start, qsizetype length);
+    bool IsMark() const { return mark_; } ///< what is selected
+    /// Nothing is selected any more, and the caret stays. False when there was no mark.
+    bool EndMark();
     QString SelText() const;
     void SetSelText(const QString& text); ///< replaces the selection; the caret stands behind it
     /// The same with colours of its own; `runs` count from the text's start.
@@ -106,12 +117,14 @@ public:
     Event<bool> SelChange; ///< the selection may be another one; whether something was selected before
 
     // --- announcements for the widget ------------------------------------------------------------------
-    Event<> contentReplaced;                           ///< everything is new
+    Event<> contentLeaves;                  ///< everything is about to be new
+    Event<const PlaceMap*> contentReplaced; ///< everything is new; where its places are, null: gone
     Event<qsizetype, qsizetype, QString> textReplaced; ///< at, removed length, new text
     Event<qsizetype, qsizetype> coloursChanged;        ///< start, length
     Event<> selectionChanged, allSelected, fontChanged, focusRequested;
 
 private:
+    void Exchange(const RichContent& content, const PlaceMap* where);
     void Paint(qsizetype start, qsizetype length, const std::vector<ColourRun>& colours);
     void Replace(qsizetype at, qsizetype removed, const QString& piece);
     void TellReplaced(qsizetype at, qsizetype removed, const QString& piece, bool wasSelected);
@@ -124,6 +137,7 @@ private:
     mutable QString whole_; ///< the last whole text that was asked for, while nothing changes
     mutable bool wholeKnown_ = false;
     qsizetype selStart_ = 0, selLength_ = 0;
+    bool mark_ = false; ///< the selection is the program's
     std::uint32_t typeColour_ = 0;
     QString fontName_ = QStringLiteral("Courier New");
     double fontSize_ = 10;

@@ -21,25 +21,29 @@ bool TreeView::StartLabelEdit() {
 
 void TreeView::EndLabelEdit(const QString& text) {
     TreeNode node = std::exchange(labelEdit_, {});
+    labelKept_ = false;
     labelEditEnded();
-    if (!node || (!text.isEmpty() && node.TextView() == QStringView(text)))
+    if (!node)
         return;
     bool cancel = false;
     QString newText = text;
-    AfterLabelEdit(node, cancel, newText);
-    if (cancel || !node) // the answer to a message may have closed the document's node
+    if (text.isEmpty() || !(node.TextView() == QStringView(text)))
+        AfterLabelEdit(node, cancel, newText);
+    if (!node) // the answer to a message may have closed the document's node
+        return;
+    if (labelKept_)
+        labelEdit_ = node;
+    if (cancel)
         return;
     node.SetText(newText);
     LabelEdited();
 }
 
 void TreeView::CancelLabelEdit() {
-    if (labelEdit_ && labelEdit_.TextView().isEmpty()) {
-        EndLabelEdit({});
-        return;
-    }
-    labelEdit_ = {};
+    const TreeNode node = std::exchange(labelEdit_, {});
+    labelKept_ = false;
     labelEditEnded();
+    LabelGivenUp(node ? node : TreeNode());
 }
 
 } // namespace controls

@@ -152,12 +152,13 @@ public:
     bool StartLabelEdit();
     TreeNode LabelEditNode() const { return labelEdit_; } ///< nothing when no label is being edited
     /// The user finished: AfterLabelEdit may change the new text or refuse it, then the node takes it and
-    /// LabelEdited is raised. The same text again is no edit, unless it is empty. Nothing happens for a node
-    /// that was removed meanwhile.
+    /// LabelEdited is raised. The same text again is asked about only where it is empty. Nothing happens for
+    /// a node that was removed meanwhile.
     void EndLabelEdit(const QString& text);
-    /// The user gave up: the text stays. A node that has none yet ends as one edited to an empty text, so
-    /// that the program can name it.
-    void CancelLabelEdit();
+    /// To be called by AfterLabelEdit: what was typed stays in its editor, to be put right.
+    void KeepLabelEdit() { labelKept_ = true; }
+    bool LabelKept() const { return labelKept_ && labelEdit_; } ///< and it is there still
+    void CancelLabelEdit(); ///< the user gave up: the text stays, and LabelGivenUp is raised
     /// Ends an open edit as if the user had left it: the widget hands in what was typed so far.
     void FinishLabelEdit() {
         if (labelEdit_)
@@ -166,8 +167,9 @@ public:
     Event<bool&> BeforeLabelEdit;                    ///< cancel
     Event<TreeNode, bool&, QString&> AfterLabelEdit; ///< the node, cancel, new text
     Event<const QString&> LabelTyped;                ///< what the editor holds by now, while the user types
-    Event<> LabelEdited;
-    Event<TreeNode> labelEditStarted; ///< for the widget
+    Event<> LabelEdited;                             ///< the label has what was typed, or had it already
+    Event<TreeNode> LabelGivenUp;                    ///< the node; nothing when it is gone
+    Event<TreeNode> labelEditStarted;                ///< for the widget
     Event<> labelEditFinish, labelEditEnded;
 
     // --- user's acts, raised by the widget or a test -------------------------------------------------
@@ -233,6 +235,7 @@ private:
     std::uint32_t generations_ = 1; ///< of contents, this one among them
     std::unique_ptr<Storage> storage_;
     TreeNode labelEdit_;
+    bool labelKept_ = false;
 };
 
 /// An update of a tree as long as it lives.

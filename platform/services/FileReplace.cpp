@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/services/FileReplace.h"
 #include "platform/services/FileHandle.h"
+#include <QDir>
 #include <QFile>
 #include <QTemporaryFile>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
 #include <optional>
-#include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -175,7 +177,31 @@ FileResult FailureOf(int systemError) {
     }
 }
 
-FileResult ReplaceFile(const QString& path, const QByteArray& bytes, mode_t newFileMode) {
+FileStamp StampOf(const struct stat& info) {
+    constexpr qint64 kSecond = 1'000'000'000;
+    constexpr qint64 kFresh = 20'000'000; // some clocks go on in steps of a hundredth of a second
+    struct timespec now {};
+    clock_gettime(CLOCK_REALTIME, &now);
+    const auto nanoseconds = [](const struct timespec& time) {
+        return static_cast<qint64>(time.tv_sec) * kSecond + time.tv_nsec;
+    };
+    const qint64 modified = nanoseconds(info.st_mtim);
+    return {true, info.st_size, modified, info.st_ino, std::abs(nanoseconds(now) - modified) < kFresh};
+}
+
+QString TrueNameOf(const QString& path) {
+    QByteArray name = NativePath(path);
+    if (name.isEmpty() || FollowLinks(name) != 0)
+        return path;
+    const QByteArray folder = FolderOf(name);
+    QByteArray real(PATH_MAX, '\0');
+    if (!realpath(folder.constData(), real.data()))
+        return QDir::cleanPath(QFile::decodeName(name));
+    const QByteArray file = name.mid(name.lastIndexOf('/') + 1);
+    return QDir::cleanPath(QFile::decodeName(real.constData()) + u'/' + QFile::decodeName(file));
+}
+
+FileResult ReplaceFile(const QString& path, const QByteArray& bytes, mode_t newFileMode, FileStamp* made) {
     Target target;
     if (FileResult result = FindTarget(path, target); !result)
         return result;
@@ -188,9 +214,12 @@ FileResult ReplaceFile(const QString& path, const QByteArray& bytes, mode_t newF
         return FailureOf(error);
     if (file.write(bytes) != bytes.size() || !file.flush())
         return FailureIn(file);
-    if (fsync(file.handle()) != 0 ||
+    struct stat info {};
+    if (fsync(file.handle()) != 0 || fstat(file.handle(), &info) != 0 ||
         std::rename(QFile::encodeName(file.fileName()).constData(), target.path.constData()) != 0)
         return FailureOf(errno);
+    if (made)
+        *made = StampOf(info);
     file.setAutoRemove(false);
     FlushFolder(FolderOf(target.path));
     return {};

@@ -106,7 +106,9 @@ public:
 
     QDateTime Time() const override {
         struct stat info {};
-        return fstat(handle_.Get(), &info) == 0 ? QDateTime::fromSecsSinceEpoch(info.st_mtime) : QDateTime();
+        if (fstat(handle_.Get(), &info) != 0)
+            return {};
+        return QDateTime::fromMSecsSinceEpoch(StampOf(info).modified / 1'000'000);
     }
 
     void Remove() override {

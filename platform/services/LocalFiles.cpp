@@ -131,8 +131,8 @@ public:
         return result;
     }
 
-    FileResult Replace(const QString& path, const QByteArray& bytes) override {
-        return ReplaceFile(path, bytes);
+    FileResult Replace(const QString& path, const QByteArray& bytes, FileStamp* made) override {
+        return ReplaceFile(path, bytes, kNewFileMode, made);
     }
 
     FileResult MayReplace(const QString& path) override { return MayReplaceFile(path); }
@@ -141,6 +141,15 @@ public:
         struct stat info {};
         return stat(NativePath(path).constData(), &info) == 0 && !S_ISDIR(info.st_mode);
     }
+
+    std::optional<FileStamp> Stamp(const QString& path) override {
+        struct stat info {};
+        if (stat(NativePath(path).constData(), &info) == 0)
+            return StampOf(info);
+        return errno == ENOENT || errno == ENOTDIR ? std::optional(FileStamp()) : std::nullopt;
+    }
+
+    QString TrueName(const QString& path) override { return TrueNameOf(path); }
 
     bool Delete(const QString& path) override { return unlink(NativePath(path).constData()) == 0; }
 
@@ -172,6 +181,10 @@ private:
 };
 
 } // namespace
+
+std::size_t ContentMark(const QByteArray& bytes) {
+    return qHash(bytes, 0);
+}
 
 std::unique_ptr<FileSystem> MakeFileSystem() {
     return std::make_unique<LocalFiles>();

@@ -13,5 +13,6 @@ std::unique_ptr<SettingsStore> MakeIniSettings(const QString& path = {});
 std::unique_ptr<FileSystem> MakeFileSystem();
 std::unique_ptr<HttpClient> MakeHttpClient(); ///< needs a QCoreApplication
 std::unique_ptr<Clock> MakeClock();
+std::unique_ptr<FileWatch> MakeFileWatch(); ///< needs a QCoreApplication
 
 } // namespace services

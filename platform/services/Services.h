@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -27,8 +29,14 @@ struct FontChoice {
 class Prompts {
 public:
     virtual ~Prompts() = default;
+    /// `about` is what the text is about, such as a file's name: a line of its own below the text.
     virtual Answer MsgBox(const QString& text, Buttons buttons = Buttons::Ok, Icon icon = Icon::None,
-                          const QString& title = QStringLiteral("Vantrel")) = 0;
+                          const QString& title = QStringLiteral("Vantrel"), const QString& about = {}) = 0;
+    /// A question with answers of its own. The 0-based number of the one that was chosen; -1 when the box was
+    /// closed without one. `usual` is the one that Enter chooses.
+    virtual int Choose(const QString& text, const QStringList& answers, int usual) = 0;
+    /// Shows lines to read, in a font of one width, until the user has done with them.
+    virtual void ShowText(const QString& title, const QString& text) = 0;
     /// File names come back absolute; empty when cancelled. `filter` is
     /// "caption|pattern;pattern|caption|pattern".
     virtual QString OpenFileName(const QString& title, const QString& filter) = 0;
@@ -72,6 +80,29 @@ public:
     virtual std::vector<std::pair<QString, QString>> GetAll(const QString& section) const = 0;
 };
 
+/// What a file looks like from outside: where it is another one, the file may hold something else.
+struct FileStamp {
+    bool exists = false; ///< the rest is 0 without one
+    qint64 size = 0;     ///< bytes
+    qint64 modified = 0; ///< nanoseconds since 1970
+    quint64 number = 0;  ///< of the file in its file system: another one where it was replaced
+    /// It was changed so shortly before this was taken that the next change may bear the same time.
+    bool fresh = false;
+};
+/// Whether a file can't have changed from the one to the other.
+inline bool IsSameFile(const FileStamp& before, const FileStamp& now) {
+    return !before.fresh && before.exists == now.exists && before.size == now.size &&
+           before.modified == now.modified && before.number == now.number;
+}
+
+/// A file as it was read or written.
+struct FileMark {
+    FileStamp stamp;
+    std::optional<std::size_t> content; ///< see ContentMark; nothing where the bytes aren't known
+};
+/// Equal for equal bytes, and for hardly any others. It means nothing to another run of the program.
+std::size_t ContentMark(const QByteArray& bytes);
+
 /// Local files.
 class FileSystem {
 public:
@@ -86,11 +117,18 @@ public:
     /// Replaces or makes a file whole or not at all: written beside it, flushed, renamed. Follows a symbolic
     /// link to its target. Access rights stay as they were; a file without any write permission bit, or that
     /// this user may not write, is ReadOnly.
-    virtual FileResult Replace(const QString& path, const QByteArray& bytes) = 0;
+    /// `made`, if it isn't null, tells of the new file, whatever other programs do to it from then on.
+    virtual FileResult Replace(const QString& path, const QByteArray& bytes, FileStamp* made = nullptr) = 0;
     /// Whether Replace could begin: the name can be a file's, its folder is there, and the rights are. Leaves
     /// nothing behind.
     virtual FileResult MayReplace(const QString& path) = 0;
     virtual bool Exists(const QString& path) = 0; ///< a file, not a folder
+    /// Nothing where the system doesn't say, as of a folder that can't be looked into.
+    virtual std::optional<FileStamp> Stamp(const QString& path) = 0;
+    /// One name for all spellings of a path, with relative parts, doubled separators and symbolic links:
+    /// where two paths have the same one, what is saved under one is read under the other. The file needn't
+    /// be there. Hard links differ: saving gives one of them a file of its own.
+    virtual QString TrueName(const QString& path) = 0;
     virtual bool Delete(const QString& path) = 0; ///< true when it existed and is gone
     virtual FileResult Copy(const QString& source, const QString& target) = 0;
     virtual QString
@@ -130,6 +168,27 @@ public:
     virtual QString GetText() = 0; ///< empty when it holds no text
     /// Whether it holds text, without fetching what another program may hold ready of it.
     virtual bool HasText() { return !GetText().isEmpty(); }
+    /// Whether its text begins like XML. Asked for often.
+    virtual bool HasXml() { return BeginsLikeXml(GetText()); }
+
+protected:
+    static bool BeginsLikeXml(const QString& text) {
+        const auto first = std::find_if(text.begin(), text.end(), [](QChar one) {
+            return !one.isSpace() && one != QChar::ByteOrderMark;
+        });
+        return first != text.end() && *first == QLatin1Char('<');
+    }
+};
+
+/// Tells when files may have changed.
+class FileWatch {
+public:
+    virtual ~FileWatch() = default;
+    /// From now on these files are watched, and no others. They needn't be there.
+    virtual void Watch(const QStringList& paths) = 0;
+    /// Called on the event loop after one of them was written, replaced, made or removed; at other times,
+    /// too.
+    std::function<void()> changed;
 };
 
 class JournalStore; // see JournalFiles.h
@@ -144,6 +203,7 @@ struct Services {
     Clock& clock;
     Clipboard& clipboard;
     JournalStore* journal = nullptr; ///< null: nothing outlives a crash
+    FileWatch* watch = nullptr;      ///< null: changes are seen when a file is looked at
 };
 
 } // namespace services

@@ -170,6 +170,39 @@ bool HasOnlyCrLf(QStringView text) {
 
 } // namespace
 
+std::vector<qsizetype> PlacesOf(const QString& what, const QString& text) {
+    std::vector<qsizetype> places;
+    const auto collect = [&](auto find) {
+        for (qsizetype at = find(0); at >= 0; at = find(at + what.size()))
+            places.push_back(at);
+    };
+    if (what.size() == 1) {
+        collect([&, unit = what.front()](qsizetype from) { return text.indexOf(unit, from); });
+    } else if (!what.isEmpty()) {
+        const QStringMatcher matcher(what);
+        collect([&](qsizetype from) { return matcher.indexIn(text, from); });
+    }
+    return places;
+}
+
+// Into its final size: moving the rest of the text at each place would cost its square.
+QString WithReplacements(const QString& text, const std::vector<qsizetype>& places, qsizetype length,
+                         const QString& replacement) {
+    if (places.empty())
+        return text;
+    const qsizetype growth = replacement.size() - length;
+    QString result(text.size() + growth * std::ssize(places), Qt::Uninitialized);
+    QChar* to = result.data();
+    const QChar* from = text.constData();
+    for (const qsizetype place : places) {
+        to = std::copy(from, text.constData() + place, to);
+        to = std::copy(replacement.cbegin(), replacement.cend(), to);
+        from = text.constData() + place + length;
+    }
+    std::copy(from, text.constData() + text.size(), to);
+    return result;
+}
+
 QString ToCrLf(const QString& text) {
     if (HasOnlyCrLf(text))
         return text;

@@ -2,6 +2,7 @@
 #pragma once
 #include <QString>
 #include <QStringView>
+#include <vector>
 
 // The few text helpers whose exact manner the commands rely on.
 namespace text {
@@ -24,6 +25,13 @@ qsizetype FindLoneHalf(QStringView text);
 bool IsLoneHalf(QStringView text, qsizetype position);
 /// Each half of a pair that lacks its other half as U+FFFD. A text without one comes back shared.
 QString WithoutLoneHalves(const QString& text);
+/// The 0-based places of a text in another one, each behind the end of the one before. An empty `what` has
+/// none.
+std::vector<qsizetype> PlacesOf(const QString& what, const QString& text);
+/// The text with other units at such places, `length` of them each. However many there are, it is written
+/// once.
+QString WithReplacements(const QString& text, const std::vector<qsizetype>& places, qsizetype length,
+                         const QString& replacement);
 /// Every line end (CR LF, CR alone, LF alone) as CR LF. A text that has only CR LF comes back shared, not
 /// copied.
 QString ToCrLf(const QString& text);

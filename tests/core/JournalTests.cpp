@@ -47,7 +47,7 @@ struct Desk {
     std::unique_ptr<services::JournalStore> store = services::MakeJournalStore(folder.Path("journal"));
     Application app{services::Services{prompts, progress, *settings, *files, *http, *clock, clipboard}};
     Journal journal{app, store.get()};
-    WindowKind kind{QStringLiteral("frmXMLEdit"), QStringLiteral(".xml"), false, true, {}, {}};
+    WindowKind kind{QStringLiteral("frmXMLEdit"), QStringLiteral(".xml"), false, true, {}};
     DocumentWindow window{app, kind};
     std::deque<NextRun> runs;
 

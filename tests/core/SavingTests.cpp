@@ -78,6 +78,83 @@ TEST(Saving, ADocumentThatIsInItsFileIsNotAskedAbout) {
     EXPECT_EQ(app.prompts.boxes.size(), 1U);
 }
 
+TEST(Saving, UnsavedChangesShowUntilTheyAreSavedOrTakenBack) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+    const QString clean = window.Caption, marked = u'*' + clean;
+    int shown = 0;
+    window.captionChanged.connect([&shown] { ++shown; });
+    EXPECT_EQ(window.ShownCaption(), clean);
+    window.tbsXML.Select(QStringLiteral("textview"));
+    window.rtxtXML.GotFocus();
+    window.rtxtXML.UserSelected(7, 0);
+    window.rtxtXML.Type(QStringLiteral(" "));
+    EXPECT_EQ(window.ShownCaption(), marked) << "typed, and not yet read";
+    EXPECT_EQ(window.Caption, clean) << "a path, whatever is shown";
+    app.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    EXPECT_EQ(window.ShownCaption(), clean);
+    EXPECT_EQ(shown, 2);
+
+    window.tbsXML.Select(QStringLiteral("listview"));
+    app.ClickNode(window.tvXML.Nodes(1).Child());
+    app.ChooseMenu(QStringLiteral("mnuDelete"));
+    EXPECT_EQ(window.ShownCaption(), marked);
+    app.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    EXPECT_EQ(window.ShownCaption(), clean);
+    app.EditText(QStringLiteral("<order/>"));
+    app.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(window.ShownCaption(), clean);
+    EXPECT_EQ(app.frame().StatusBar1().Panel(1), clean + QStringLiteral(" has been saved."));
+    EXPECT_TRUE(app.frame().CloseForm(&window));
+    EXPECT_TRUE(app.prompts.boxes.empty());
+}
+
+TEST(Saving, ANewDocumentIsUnsavedAndGreetsWithoutAnErrorCode) {
+    TestApp app;
+    for (const char* entry : {"mnuFileNew", "mnuNewschema"}) {
+        app.ChooseMenu(QLatin1String(entry));
+        DocumentWindow& window = app.window();
+        const auto said = [&] { return app.frame().StatusBar1().Panel(1).toStdString(); };
+        EXPECT_EQ(window.ShownCaption().at(0), u'*') << "closing asks";
+        EXPECT_EQ(said(), "");
+        window.tbsXML.Select(QStringLiteral("textview"));
+        window.rtxtXML.GotFocus();
+        window.rtxtXML.LostFocus();
+        window.tbsXML.Select(QStringLiteral("listview"));
+        EXPECT_EQ(said(), "");
+        app.prompts.Answer(Answer::No);
+        EXPECT_TRUE(app.frame().CloseForm(&window));
+    }
+    EXPECT_EQ(app.prompts.boxes.size(), 2U);
+    EXPECT_EQ(app.prompts.beeps, 0);
+}
+
+TEST(Saving, ClosingABadTextAsksBeforeItIsToldAndNamesTheFile) {
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        TestApp app;
+        DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
+        const QString name = window.Caption;
+        app.OpenText(QStringLiteral("other.xml"), "<other/>");
+        app.frame().ActivateForm(&window);
+        window.tbsXML.Select(QStringLiteral("textview"));
+        window.rtxtXML.GotFocus();
+        window.rtxtXML.UserSelected(0, window.rtxtXML.Text().size());
+        window.rtxtXML.Type(QStringLiteral("<a>"));
+        app.prompts.Answer({answer, Answer::Ok});
+        EXPECT_TRUE(app.frame().CloseForm(&window));
+        const bool saved = answer == Answer::Yes;
+        ASSERT_EQ(app.prompts.boxes.size(), saved ? 2U : 1U);
+        EXPECT_TRUE(app.prompts.boxes[0].text.startsWith(QStringLiteral("This XML file has been changed.")));
+        EXPECT_EQ(app.prompts.boxes[0].about, name);
+        EXPECT_EQ(app.folder.Read(QStringLiteral("order.xml")),
+                  saved ? QByteArray("<a>") : QByteArray(kOrder));
+        if (saved)
+            EXPECT_EQ(app.prompts.boxes[1].about, name);
+        else
+            app.prompts.ForgetUnused();
+    }
+}
+
 TEST(Saving, SaveAsRenamesWindowAndRoot) {
     TestApp app;
     DocumentWindow& window = app.OpenText(QStringLiteral("order.xml"), kOrder);
@@ -248,6 +325,10 @@ TEST(Saving, ARefusedWriteLeavesTheFileAndTellsWhy) {
         QStringLiteral("\r\nPlease check file attributes (Read-only, etc).")));
     EXPECT_EQ(app.prompts.boxes.back().icon, services::Icon::Exclamation);
     EXPECT_EQ(app.folder.Read(QStringLiteral("order.xml")), QByteArray(kOrder));
+    EXPECT_EQ(app.window().ShownCaption().at(0), u'*');
+    app.prompts.Answer(Answer::Ok);
+    app.ChooseMenu(QStringLiteral("mnuFileSave")); // tried again
+    EXPECT_EQ(app.prompts.boxes.size(), 2U);
 
     app.EditText(QStringLiteral("<order>more</order>"));
     app.prompts.Answer({Answer::Yes, Answer::Ok});

@@ -23,9 +23,9 @@ template <typename Act> QStringList WarningsOf(Act act) {
 
 TEST(BindControls, EveryControlOfADialogHasItsWidgetAndEveryWidgetItsControl) {
     test::TestApp t;
-    frmFind find(t.app());
+    textview::frmFind find(t.app());
     frmOptions options(t.app());
-    frmEditNodes nodes(t.app());
+    nodes::frmEditNodes nodes(t.app());
     const QStringList told = WarningsOf([&] {
         const desktop::FindDialog findDialog(find, nullptr);
         const desktop::OptionsDialog optionsDialog(options, nullptr);

@@ -85,6 +85,27 @@ TEST_F(EditNodesDialog, ATextOfSeveralLinesIsChangedOnlyWhereItWasTyped) {
     EXPECT_EQ(Text().find("dry"), std::string::npos);
 }
 
+// The box that it was typed into has the keys, and the reason stands beside it.
+TEST_F(EditNodesDialog, WhatOkRefusesIsPutRightWhereItWasTyped) {
+    Open("<shop><pen colour='red'>ink</pen></shop>");
+    QTest::keyClicks(&NodeText(), QStringLiteral("<"));
+    t.prompts.Answer(services::Answer::No);
+    QTest::mouseClick(&Of<QPushButton>("cmdOk"), Qt::LeftButton);
+    ASSERT_TRUE(dialog->isVisible());
+    EXPECT_TRUE(NodeText().hasFocus());
+    EXPECT_EQ(NodeText().toPlainText(), QStringLiteral("<ink"));
+    const auto& reason = Of<QLabel>("reason");
+    EXPECT_TRUE(reason.isVisible());
+    EXPECT_FALSE(reason.text().isEmpty());
+    QTest::keyClick(&NodeText(), Qt::Key_Delete);
+    NodeText().selectAll();
+    QTest::keyClicks(&NodeText(), QStringLiteral("dry"));
+    EXPECT_FALSE(reason.isVisible());
+    QTest::mouseClick(&Of<QPushButton>("cmdOk"), Qt::LeftButton);
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_NE(Text().find(">dry<"), std::string::npos);
+}
+
 TEST_F(EditNodesDialog, TheRadioButtonsChooseTreeOrList) {
     Open("<shop><pen colour='red'>ink</pen></shop>");
     QTest::mouseClick(&Of<QRadioButton>("optList"), Qt::LeftButton, {}, QPoint(8, 8));

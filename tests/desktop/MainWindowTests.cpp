@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMenuBar>
 
 namespace {
@@ -68,6 +69,30 @@ TEST_F(MainWindow, ATitleShowsTheEndsOfALongNameInOneLine) {
     EXPECT_TRUE(title.startsWith(QStringLiteral("/start xxx"))) << title.left(100).toStdString();
     EXPECT_TRUE(title.endsWith(QStringLiteral("xxx/end.xml")));
     EXPECT_LT(title.size(), 400);
+}
+
+TEST_F(MainWindow, TitleAndWindowMenuMarkUnsavedDocuments) {
+    OpenTwo();
+    const QString one = t.folder.Path(QStringLiteral("one.xml")),
+                  two = t.folder.Path(QStringLiteral("two.xml"));
+    t.EditText(QStringLiteral("<two>2</two>"));
+    EXPECT_EQ(Area().activeSubWindow()->windowTitle(), u'*' + two);
+    EXPECT_TRUE(t.main->windowTitle().contains(u'*' + two)) << t.main->windowTitle().toStdString();
+    auto* menu = t.main->findChild<QMenu*>(QStringLiteral("mnuWindow"));
+    const auto entries = [menu] {
+        Q_EMIT menu->aboutToShow();
+        return menu->actions().mid(menu->actions().size() - 2);
+    };
+    EXPECT_EQ(entries()[0]->text(), one);
+    EXPECT_EQ(entries()[1]->text(), u'*' + two);
+    EXPECT_TRUE(entries()[1]->isChecked());
+    entries()[0]->trigger();
+    EXPECT_EQ(t.window().Caption, one);
+    EXPECT_TRUE(entries()[0]->isChecked());
+    t.frame().ActivateForm(t.frame().Forms()[1]);
+    t.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_EQ(Area().activeSubWindow()->windowTitle(), two);
+    EXPECT_EQ(entries()[1]->text(), two);
 }
 
 TEST_F(MainWindow, TilesLieAboveEachOtherOrSideBySideAndFillTheFrame) {

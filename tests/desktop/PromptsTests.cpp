@@ -7,6 +7,7 @@
 #include <QFontDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -45,6 +46,48 @@ TEST(Prompts, MarkupIsShownAsItIsAndAnEndlessLineFitsTheScreen) {
     QtPrompts().MsgBox(text, Buttons::Ok, services::Icon::None, QStringLiteral("This is not valid XML"));
     EXPECT_TRUE(shown.startsWith(QStringLiteral("<b>bold</b>\n")));
     EXPECT_LE(size.width(), QGuiApplication::primaryScreen()->size().width());
+}
+
+TEST(Prompts, ABoxNamesWhatItIsAboutAsItIsSpelled) {
+    QTimer::singleShot(0, [&] {
+        QWidget* box = QApplication::activeModalWidget();
+        bool named = false;
+        for (const QLabel* label : box->findChildren<QLabel*>())
+            named = named || (label->text() == QStringLiteral("/a <b>.xml") && label->isVisible() &&
+                              label->textFormat() == Qt::PlainText);
+        EXPECT_TRUE(named);
+        QTest::keyClick(box, Qt::Key_Escape);
+    });
+    QtPrompts().MsgBox(QStringLiteral("Save it?"), Buttons::YesNoCancel, services::Icon::Question,
+                       QStringLiteral("Vantrel"), QStringLiteral("/a <b>.xml"));
+}
+
+TEST(Prompts, AnAnswerOfItsOwnIsChosenByEnterOrByItsButton) {
+    const auto choose = [](auto act) {
+        QTimer::singleShot(0, [act] { act(*qobject_cast<QMessageBox*>(QApplication::activeModalWidget())); });
+        return QtPrompts().Choose(QStringLiteral("Which?"), {QStringLiteral("One"), QStringLiteral("Two")},
+                                  1);
+    };
+    EXPECT_EQ(choose([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }), 1);
+    EXPECT_EQ(choose([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }), -1);
+    EXPECT_EQ(choose([](QMessageBox& box) {
+                  for (QAbstractButton* button : box.buttons())
+                      if (button->text().contains(QStringLiteral("One")))
+                          button->click();
+              }),
+              0);
+}
+
+TEST(Prompts, ALongTextIsShownToBeReadOnly) {
+    const QString text = QStringLiteral("- <a>\n").repeated(5000);
+    QTimer::singleShot(0, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        const auto* lines = dialog->findChild<QPlainTextEdit*>();
+        EXPECT_EQ(lines->toPlainText(), text);
+        EXPECT_TRUE(lines->isReadOnly());
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    QtPrompts().ShowText(QStringLiteral("/a.xml"), text);
 }
 
 TEST(Prompts, FileFiltersKeepTheirCaptionAndStarDotStarMeansEveryFile) {

@@ -42,6 +42,20 @@ TEST_F(TextEditing, TypedTextAndWholeLineEndsGoIntoTheModel) {
     EXPECT_EQ(model.Text(), QStringLiteral("<a>\r\nx\r\n"));
 }
 
+// As far as it stands in front of the caret.
+TEST_F(TextEditing, ANewLineBeginsBelowTheOneBefore) {
+    Load(QStringLiteral("\t  <a>"), 6);
+    Press(Qt::Key_Return);
+    Type(QStringLiteral("x"));
+    EXPECT_EQ(model.Text(), QStringLiteral("\t  <a>\r\n\t  x"));
+    view.Select(1, 1);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(model.Text(), QStringLiteral("\t\r\n\t  <a>\r\n\t  x"));
+    view.Select(0, 0);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(model.Text().left(4), QStringLiteral("\r\n\t\r"));
+}
+
 TEST_F(TextEditing, TheModelIsAskedBeforeTypedTextGoesIn) {
     QStringList asked;
     model.KeyPress.connect([&](const QString& text) { asked << text + model.Text(); });

@@ -57,6 +57,67 @@ TEST_F(TreeAndList, ShiftF10OpensTheContextMenuWhereTheFocusIs) {
     EXPECT_FALSE(Popup().isVisible());
 }
 
+// The text is built into a new tree while the button goes down: what it was meant for is another row then.
+TEST_F(TreeAndList, AClickBehindATextEditChoosesTheNodeThatWasClicked) {
+    t.Press(Qt::Key_Down);
+    t.Press(Qt::Key_Right);
+    for (int times = 0; times < 2; ++times) {
+        t.ClickTab(QStringLiteral("textview"));
+        controls::RichTextBox& text = t.window().rtxtXML;
+        text.SetSelStart(text.Text().indexOf(QStringLiteral("<pen")));
+        text.SetSelLength(0);
+        t.Type(QStringLiteral("<new/>"));
+        const QModelIndex shop = t.Tree().model()->index(0, 0, t.Tree().model()->index(0, 0));
+        const QModelIndex ink = shop.model()->index(shop.model()->rowCount(shop) - 1, 0, shop);
+        ASSERT_EQ(ink.data().toString(), QStringLiteral("ink"));
+        const QPoint place = t.Tree().visualRect(ink).center();
+        QCursor::setPos(t.Tree().viewport()->mapToGlobal(place));
+        t.Click(*t.Tree().viewport(), place);
+        EXPECT_EQ(t.SelectedNode(), QStringLiteral("ink"));
+        EXPECT_EQ(t.Tree().currentIndex().data().toString(), QStringLiteral("ink"));
+        EXPECT_EQ(t.window().miPopupContext, kContextTree);
+        EXPECT_TRUE(t.Tree().hasFocus());
+        EXPECT_TRUE(t.Tree().isExpanded(t.Tree().currentIndex().parent())) << "as it was";
+    }
+    t.Press(Qt::Key_Delete);
+    EXPECT_FALSE(t.window().rtxtXML.Text().contains(QStringLiteral("<ink>")));
+}
+
+TEST_F(TreeAndList, TheCurrentNodeIsMarkedWhereverTheTreeIsClicked) {
+    t.Press(Qt::Key_Down);
+    t.Click(*t.Tree().viewport(), t.Tree().viewport()->rect().bottomRight() - QPoint(5, 5));
+    EXPECT_TRUE(t.Tree().selectionModel()->isSelected(t.Tree().currentIndex()));
+    QTest::mouseClick(t.Tree().viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      t.Tree().visualRect(t.Tree().currentIndex()).center());
+    EXPECT_TRUE(t.Tree().selectionModel()->isSelected(t.Tree().currentIndex()));
+    EXPECT_EQ(t.SelectedNode(), QStringLiteral("shop"));
+}
+
+TEST_F(TreeAndList, ARefusedLabelStaysAsItWasTypedAndEscapeTakesANewNodeBack) {
+    const auto editor = [] { return qobject_cast<QLineEdit*>(QApplication::focusWidget()); };
+    const QString before = t.window().rtxtXML.Text();
+    t.Press(Qt::Key_Down);
+    t.ChooseMenu(QStringLiteral("mnuNewCNode"));
+    ASSERT_TRUE(editor());
+    t.Type(QStringLiteral("my pen"));
+    t.prompts.Answer(services::Answer::Ok);
+    t.Press(Qt::Key_Return);
+    ASSERT_TRUE(editor());
+    EXPECT_EQ(editor()->text(), QStringLiteral("my pen"));
+    t.prompts.Answer(services::Answer::Ok);
+    t.Click(*t.List().viewport(), QPoint(5, 5));
+    ASSERT_TRUE(editor()) << "nor does it go by itself";
+    t.Press(Qt::Key_Escape);
+    EXPECT_TRUE(t.Tree().hasFocus());
+    EXPECT_EQ(t.SelectedNode(), QStringLiteral("shop"));
+    EXPECT_EQ(t.window().rtxtXML.Text(), before);
+    EXPECT_FALSE(t.frame().Menu(QStringLiteral("mnuEditUndo")).Enabled());
+    t.ChooseMenu(QStringLiteral("mnuNewCNode"));
+    t.Type(QStringLiteral("cap"));
+    t.Press(Qt::Key_Return);
+    EXPECT_TRUE(t.window().rtxtXML.Text().contains(QStringLiteral("<cap></cap>")));
+}
+
 // A label can be edited again, whatever became of the editor that was open.
 TEST_F(TreeAndList, AnEditorThatGoesWithoutTheUserLeavesTheLabelAsItWas) {
     controls::TreeView& tree = t.window().tvXML;

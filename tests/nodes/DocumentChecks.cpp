@@ -64,13 +64,6 @@ private:
             return Tamed("what stands before a name's first colon isn't looked at", {});
         if (kind == kText && tag.contains(QStringLiteral("</")))
             return Tamed("a text may close its element and open it again", QStringLiteral("x"));
-        if (kind == kInstruction && !Parses(QStringLiteral("<?p ") + tag + QStringLiteral("?><r/>")))
-            return Tamed("instructions are taken as they are typed", QStringLiteral("version=\"1.0\""));
-        if (kind == kInstruction && node.Text() == QStringLiteral("xml") &&
-            !Parses(QStringLiteral("<?xml ") + tag + QStringLiteral("?><r/>")))
-            return Tamed("instructions are taken as they are typed", QStringLiteral("version=\"1.0\""));
-        if (kind == kComment && !Parses(QStringLiteral("<!--") + tag + QStringLiteral("--><r/>")))
-            return Tamed("comments are taken as they are typed", {});
         return tag;
     }
 

@@ -18,12 +18,12 @@ constexpr char kShop[] = "<shop><pen colour=\"red\">ink</pen><!--note--><box/></
 struct EditNodes : testing::Test {
     TestApp t;
     DocumentWindow* w = nullptr;
-    frmEditNodes* d = nullptr;
+    nodes::frmEditNodes* d = nullptr;
     int closed = 0;
 
     void Open(const char* node = "pen", const char* text = kShop) {
         w = &t.OpenText(QStringLiteral("shop.xml"), text);
-        t.frame().editNodesShown.connect([this](frmEditNodes& form) { d = &form; });
+        t.frame().editNodesShown.connect([this](nodes::frmEditNodes& form) { d = &form; });
         t.ClickNode(Named(node));
         t.frame().RunMenuCommand(QStringLiteral("mnuEditPopupEditNode"));
         ASSERT_TRUE(d);
@@ -100,26 +100,42 @@ TEST_F(EditNodes, WhatTheParserRefusesLeavesTheNodeAndTheTypedText) {
     EXPECT_EQ(d->txtNodeText.Text(), QStringLiteral("ink"));
 }
 
-// OK closes whatever becomes of the node; what could not be written isn't lost with the dialog.
-TEST_F(EditNodes, WhatOkCouldNotWriteComesBackWithItsNode) {
+TEST_F(EditNodes, OkStaysWithWhatIsRefused) {
     Open();
     const std::string before = Text();
     t.prompts.AllowAnyBox();
     d->txtNodeAttrs.UserTyped(QStringLiteral("colour=\"red\" size=5"));
     d->cmdOk.Click();
     EXPECT_EQ(t.prompts.boxes.size(), 1U);
-    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(closed, 0);
     EXPECT_EQ(Text(), before);
-    t.ClickNode(Named("box"));
-    t.frame().RunMenuCommand(QStringLiteral("mnuEditPopupEditNode"));
-    EXPECT_EQ(d->txtNodeAttrs.Text(), QString()) << "another node";
-    d->cmdOk.Click();
-    t.ClickNode(Named("pen"));
-    t.frame().RunMenuCommand(QStringLiteral("mnuEditPopupEditNode"));
     EXPECT_EQ(d->txtNodeAttrs.Text(), QStringLiteral("colour=\"red\" size=5"));
     d->txtNodeAttrs.UserTyped(QStringLiteral("colour=\"red\" size=\"5\""));
     d->cmdOk.Click();
+    EXPECT_EQ(closed, 1);
     EXPECT_TRUE(Has("<pen colour=\"red\" size=\"5\">")) << Text();
+}
+
+// One answer for each box that wants it, and the dialog shows what was written.
+TEST_F(EditNodes, WhatOnlyWantsEscapingCanBeWrittenSo) {
+    Open();
+    d->txtNodeAttrs.UserTyped(QStringLiteral("colour=\"red & blue\""));
+    d->txtNodeText.UserTyped(QStringLiteral("1 < 2"));
+    t.prompts.Answer({services::Answer::Yes, services::Answer::No});
+    d->cmdDown.Click();
+    EXPECT_FALSE(Has("blue")) << "all or nothing: " << Text();
+    t.prompts.Answer({services::Answer::Yes, services::Answer::Yes});
+    d->cmdDown.Click();
+    EXPECT_TRUE(Has("<pen colour=\"red &amp; blue\">1 &lt; 2</pen>")) << Text();
+    d->cmdUp.Click();
+    EXPECT_EQ(d->txtNodeText.Text(), QStringLiteral("1 &lt; 2"));
+    d->optList.UserChose();
+    d->cmdRight.Click();
+    d->cmdDown.Click();
+    d->txtNodeAttrs.UserTyped(QStringLiteral("\"so\""));
+    t.prompts.Answer(services::Answer::Yes);
+    d->cmdOk.Click();
+    EXPECT_TRUE(Has("colour=\"&quot;so&quot;\"")) << Text();
 }
 
 // Nothing would end the questions: each of them would be about the same value.

@@ -33,6 +33,24 @@ TEST_F(ListClipboard, NodesAndAttributesAreCopiedAndPasted) {
     EXPECT_EQ(Xml(Element().Child()), "<title year=\"1999\">Tee</title>");
 }
 
+// A whole document, as other programs copy it.
+TEST_F(ListClipboard, ADeclarationInFrontOfWhatIsPastedIsLeftOut) {
+    Open("<r><a/></r>");
+    t.clipboard.SetText(
+        QStringLiteral("\r\n<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<x k=\"1\">?></x>"));
+    t.frame().RefreshMenu();
+    t.ClickNode(Element().Child());
+    t.ChooseMenu(QStringLiteral("mnuEditPaste"));
+    EXPECT_EQ(Xml(), "<r><a><x k=\"1\">?&gt;</x></a></r>");
+    Select(Element());
+    ClickRow(1);
+    Menu("mnuPasteP");
+    EXPECT_EQ(Xml(), "<r><a><x k=\"1\">?&gt;</x></a><x k=\"1\">?&gt;</x></r>");
+    t.clipboard.SetText(QStringLiteral("<?xml-stylesheet href=\"a\"?>"));
+    Menu("mnuPasteP");
+    EXPECT_EQ(Element().LastChild().Text(), QStringLiteral("xml-stylesheet")) << "that is an instruction";
+}
+
 // Only the tree knows where an attribute can go: the clipboard's text can't hold one beside nodes.
 TEST_F(ListClipboard, RowsThatWereCutComeWholeIntoTheTree) {
     Open();

@@ -68,6 +68,17 @@ struct ListDesk : testing::Test {
         w->txtListView.LostFocus();
         EXPECT_FALSE(w->txtListView.Visible());
     }
+    /// The same with what is refused: it stays, and is given up.
+    void EditInVain(int row, int column, const QString& text) {
+        TypeInto(row, column, text);
+        t.prompts.Answer(services::Answer::No);
+        w->txtListView.LostFocus();
+        EXPECT_TRUE(w->txtListView.Visible());
+        EXPECT_EQ(w->txtListView.Text(), text);
+        EXPECT_FALSE(t.frame().StatusBar1().Panel(1).isEmpty()) << "the reason";
+        EXPECT_TRUE(EditorKey(Qt::Key_Escape, 0));
+        EXPECT_FALSE(w->txtListView.Visible());
+    }
     /// Presses a key in the editor with the caret at a place; whether the key was used up.
     bool EditorKey(int key, int caret) {
         w->txtListView.UserSelected(caret, 0);

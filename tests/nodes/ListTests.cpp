@@ -3,7 +3,9 @@
 #include "core/edit/Transaction.h"
 #include "nodes/ListEditor.h"
 #include "nodes/ListPlace.h"
+#include "nodes/dialogs/frmEditNodes.h"
 #include "tests/nodes/ListDesk.h"
+#include "textview/TextState.h"
 #include "textview/TreeText.h"
 
 namespace {
@@ -61,9 +63,10 @@ TEST_F(List, WhatIsTypedIsCheckedAndWrittenByTheKindOfItsRow) {
         Open(kBook, QStringLiteral("book%1.xml").arg(++number));
         const std::string before = Xml(), table = Table();
         const QString shown = Rows().Tag;
-        if (!one.xml)
-            t.prompts.Answer(Answer::Ok);
-        Edit(one.row, one.column, one.typed);
+        if (one.xml)
+            Edit(one.row, one.column, one.typed);
+        else
+            EditInVain(one.row, one.column, QString::fromUtf8(one.typed));
         EXPECT_EQ(Rows().Tag, shown) << "the list stays where it is";
         if (one.xml) {
             EXPECT_NE(Xml().find(one.xml), std::string::npos) << Xml();
@@ -76,25 +79,47 @@ TEST_F(List, WhatIsTypedIsCheckedAndWrittenByTheKindOfItsRow) {
     }
 }
 
-TEST_F(List, InstructionsAndCommentsAreTakenAsTyped) {
-    Open();
-    Select(Root());
-    Edit(2, 2, "a -- b");
-    EXPECT_EQ(Root().Child().Next().Tag(), QStringLiteral("a -- b"));
-    Edit(1, 2, "version=\"1.0\" encoding=\"UTF-8\"");
-    EXPECT_EQ(Root().Child().Tag(), QStringLiteral("version=\"1.0\" encoding=\"UTF-8\""));
-    EXPECT_TRUE(t.prompts.boxes.empty());
+// What can't be written is asked about: as little is escaped as will do.
+TEST_F(List, WhatOnlyWantsEscapingCanBeWrittenSo) {
+    const struct {
+        int row, column;
+        const char *typed, *written;
+    } cases[] = {
+        {4, 2, "Tee & Co", "lang=\"Tee &amp; Co\""},
+        {4, 2, "&amp; & &#8364; \"so\" <b>", "lang=\"&amp; &amp; &#8364; &quot;so&quot; &lt;b>\""},
+        {4, 2, "x\" y=\"1", "lang=\"x&quot; y=&quot;1\""},
+        {3, 2, "the <i>end</i> & more", "the <i>end</i> &amp; more</book>"},
+        {3, 2, "1 < 2", "1 &lt; 2</book>"},
+        {1, 3, "\"Tee\" & <", "<title>\"Tee\" &amp; &lt;</title>"},
+        {2, 2, "n=\"a & b\"", "<chapter n=\"a &amp; b\">"},
+    };
+    int number = 0;
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.typed);
+        Open(kBook, QStringLiteral("book%1.xml").arg(++number));
+        t.prompts.Answer(Answer::Yes);
+        Edit(one.row, one.column, one.typed);
+        EXPECT_EQ(t.prompts.boxes.back().buttons, services::Buttons::YesNo);
+        EXPECT_NE(Xml().find(one.written), std::string::npos) << Xml();
+        EXPECT_EQ(t.frame().StatusBar1().Panel(1), QString()) << "nothing is wrong any more";
+    }
 }
 
-// Text leaves CDATA sections out, and the tree keeps them.
-TEST_F(List, ACDataSectionIsEditedUpToItsEnd) {
-    Open("<r><![CDATA[a < b]]></r>");
+TEST_F(List, InstructionsCommentsAndSectionsAreCheckedToo) {
+    Open();
+    Select(Root());
+    EditInVain(2, 2, QStringLiteral("a -- b"));
+    EditInVain(1, 2, QStringLiteral("a ?> b"));
+    Edit(2, 2, "a - b");
+    Edit(1, 2, "version=\"1.0\" encoding=\"UTF-8\"");
+    EXPECT_EQ(Root().Child().Next().Tag(), QStringLiteral("a - b"));
+    EXPECT_EQ(Root().Child().Tag(), QStringLiteral("version=\"1.0\" encoding=\"UTF-8\""));
+
+    Open("<r><![CDATA[a < b]]></r>", QStringLiteral("section.xml"));
     Edit(1, 2, "if (a && b[0] > \"c\")");
     EXPECT_EQ(Element().Child().Tag(), QStringLiteral("if (a && b[0] > \"c\")"));
-    t.prompts.Answer(Answer::Ok);
-    Edit(1, 2, "a]]>b");
+    EditInVain(1, 2, QStringLiteral("a]]>b"));
     EXPECT_EQ(LastBox(), "This is not valid XML");
-    EXPECT_EQ(Element().Child().Tag(), QStringLiteral("if (a && b[0] > \"c\")"));
     EXPECT_EQ(Rows().Item(1).Sub[0], QStringLiteral("if (a && b[0] > \"c\")"));
 }
 
@@ -106,14 +131,12 @@ TEST_F(List, HostileValuesAreRefusedOrKeptToTheLastCharacter) {
                            QString(QChar(0xFFFE)), megabyte + u'<',   QStringLiteral("&nothing;")};
     for (const QString& value : bad) {
         for (const int row : {1, 2}) {
-            t.prompts.Answer(Answer::Ok);
-            TypeInto(row, 2, value);
-            w->txtListView.LostFocus();
+            EditInVain(row, 2, value);
             EXPECT_EQ(Xml(), "<r a=\"\">x</r>") << "unit " << int{value.at(0).unicode()} << " row " << row;
         }
     }
-    const QString good[] = {megabyte, QStringLiteral("&#60;&gt;'"), QStringLiteral("tab&#9;line&#10;end"),
-                            QString::fromUtf8("\xF0\x9F\x8D\xB5 \xE2\x80\x8Fme")};
+    const QString good[] = {QStringLiteral("&#60;&gt;'"), QStringLiteral("tab&#9;line&#10;end"),
+                            QString::fromUtf8("\xF0\x9F\x8D\xB5 \xE2\x80\x8Fme"), megabyte};
     for (const QString& value : good) {
         TypeInto(2, 2, value);
         w->txtListView.LostFocus();
@@ -121,9 +144,30 @@ TEST_F(List, HostileValuesAreRefusedOrKeptToTheLastCharacter) {
         EXPECT_EQ(Rows().Item(2).Sub[0], value);
     }
     // They would be blanks after the next reading.
+    Element().SetTag(QStringLiteral("a=\"\""));
+    Select(Element().Child());
+    Select(Element());
     TypeInto(2, 2, QStringLiteral("tab\tline\nend"));
     w->txtListView.LostFocus();
     EXPECT_EQ(Element().Tag(), QStringLiteral("a=\"tab&#9;line&#10;end\""));
+}
+
+// One line on the screen would take seconds with it.
+TEST_F(List, AVeryLongValueOpensInTheDialog) {
+    const QByteArray value(2'000'000, 'x');
+    Open("<r a=\"" + value + "\" b=\"\">" + value + "</r>");
+    nodes::frmEditNodes* dialog = nullptr;
+    t.frame().editNodesShown.connect([&](nodes::frmEditNodes& form) { dialog = &form; });
+    for (const int row : {1, 2}) {
+        ClickRow(row);
+        Rows().CellClick(row, 2);
+        EXPECT_FALSE(w->txtListView.Visible());
+        ASSERT_TRUE(dialog && dialog->Window());
+        EXPECT_EQ(dialog->txtNodeAttrs.Text().size(), value.size());
+        dialog->txtNodeAttrs.UserTyped(QStringLiteral("short"));
+        dialog->cmdOk.Click();
+        EXPECT_EQ(Rows().Item(row).Sub[0], QStringLiteral("short"));
+    }
 }
 
 // An element's text cell shows its first text: where that went, the next one.
@@ -161,7 +205,7 @@ TEST_F(List, UpAndDownGoFromRowToRowInTheColumn) {
 
 TEST_F(List, TheCaretDecidesWhetherAKeyLeavesTheEditor) {
     Open();
-    for (const int key : {Qt::Key_Right, Qt::Key_Tab, Qt::Key_Control}) {
+    for (const int key : {Qt::Key_Right, Qt::Key_Control}) {
         TypeInto(4, 2, QStringLiteral("en"));
         EXPECT_FALSE(EditorKey(key, 1));
         EXPECT_EQ(Rows().Item(4).Sub[0], QStringLiteral("de")) << "in the middle of the text";
@@ -188,6 +232,61 @@ TEST_F(List, TheCaretDecidesWhetherAKeyLeavesTheEditor) {
     EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"en\" year=\"1999\"")) << "given up";
 }
 
+// Name, value, text of an element, next row; backwards likewise, and wherever the caret stands.
+TEST_F(List, TabGoesFromCellToCell) {
+    Open();
+    TypeInto(2, 2, QStringLiteral("n=\"3\""));
+    EXPECT_TRUE(EditorKey(Qt::Key_Tab, 1));
+    EXPECT_EQ(Element().Child().Next().Tag(), QStringLiteral("n=\"3\""));
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("x")) << "the text of the same element";
+    EditorKey(Qt::Key_Tab, 0);
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("end")) << "a text has a value alone";
+    EditorKey(Qt::Key_Tab, 0);
+    ASSERT_EQ(Rows().LabelEditRow(), 4);
+    EXPECT_FALSE(w->txtListView.Visible());
+    Rows().EndLabelEdit(QStringLiteral("tongue")); // its row has another key then
+    Rows().LabelTabbed(false);
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("de"));
+    w->txtListView.UserTyped(QStringLiteral("nl"));
+    EditorKey(Qt::Key_Backtab, 1);
+    EXPECT_EQ(Element().Tag(), QStringLiteral("tongue=\"nl\" year=\"1999\""));
+    ASSERT_EQ(Rows().LabelEditRow(), 4);
+    Rows().EndLabelEdit(QStringLiteral("tongue"));
+    Rows().LabelTabbed(true);
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("end"));
+
+    TypeInto(5, 2, QStringLiteral("2001"));
+    EXPECT_TRUE(EditorKey(Qt::Key_Tab, 0)) << "behind the last cell the row stays";
+    EXPECT_FALSE(w->txtListView.Visible());
+    EXPECT_EQ(Rows().SelectedItem(), 5);
+    EXPECT_EQ(Rows().Item(5).Sub[0], QStringLiteral("2001"));
+    TypeInto(4, 2, QStringLiteral("a < b"));
+    t.prompts.Answer(Answer::No);
+    EditorKey(Qt::Key_Tab, 0);
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("a < b")) << "what is refused isn't left";
+    EXPECT_EQ(Rows().SelectedItem(), 4);
+}
+
+// What comes behind would go past it.
+TEST_F(List, WhatIsRefusedHoldsUpCommandsTabsAndClosing) {
+    Open();
+    TypeInto(4, 2, QStringLiteral("<"));
+    w->txtListView.UserSelected(1, 0);
+    t.prompts.AllowAnyBox();
+    Menu("mnuDeleteP");
+    Menu("mnuFileSave");
+    EXPECT_EQ(Rows().Count(), 5);
+    EXPECT_FALSE(t.folder.Read(QStringLiteral("book.xml")).isEmpty());
+    w->tbsXML.Select(QStringLiteral("textview"));
+    EXPECT_EQ(w->tbsXML.SelectedKey(), QStringLiteral("listview"));
+    EXPECT_FALSE(t.frame().CloseForm(w));
+    t.ChooseMenu(QStringLiteral("mnuCloseAll"));
+    ASSERT_EQ(t.frame().FormCount(), 1);
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("<"));
+    EditorKey(Qt::Key_Escape, 0);
+    EXPECT_TRUE(t.frame().CloseForm(w));
+}
+
 // A search looks at cells whose rows nobody has seen yet.
 TEST_F(List, ACellReadsTheSameBeforeItsRowIsMade) {
     Open("<book lang='de'><title>Tee<b/>!</title>words<!--why--><x n='\xe2\x82\xac'/><![CDATA[<]]></book>");
@@ -206,8 +305,11 @@ TEST_F(List, NamesOfElementsAndAttributesAreLabels) {
     const auto rename = [&](int row, const char* name) {
         ClickRow(row);
         Menu("mnuEditP");
-        if (Rows().LabelEditRow() > 0)
-            Rows().EndLabelEdit(QString::fromUtf8(name));
+        if (Rows().LabelEditRow() == 0)
+            return;
+        Rows().EndLabelEdit(QString::fromUtf8(name));
+        if (Rows().LabelKept()) // refused
+            Rows().CancelLabelEdit();
     };
     rename(1, "heading");
     EXPECT_EQ(Element().Child().Text(), QStringLiteral("heading"));
@@ -245,6 +347,8 @@ TEST_F(List, WhatIsAddedCanBeNamedOrFilledAtOnce) {
     EXPECT_EQ(w->tvXML.SelectedItem().Text(), QStringLiteral("subtitle"));
     t.prompts.Answer(Answer::Ok);
     Rows().EndLabelEdit(QStringLiteral("1"));
+    EXPECT_EQ(Rows().LabelEditRow(), 1) << "a refused name stays in its editor";
+    Rows().EndLabelEdit({});
     EXPECT_EQ(Table(), "1 Unnamed||");
     const auto type = [&](const char* text) {
         ASSERT_TRUE(w->txtListView.Visible());
@@ -266,8 +370,48 @@ TEST_F(List, WhatIsAddedCanBeNamedOrFilledAtOnce) {
     Menu("mnuNewAttrP");
     Rows().EndLabelEdit(QStringLiteral("isbn"));
     Menu("mnuNewAttrP");
-    Rows().CancelLabelEdit();
+    Rows().EndLabelEdit(Rows().Item(Rows().LabelEditRow()).Text);
     EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"de\" year=\"1999\" isbn=\"\" attr1=\"\""));
+}
+
+// Whatever it is: it goes whole, the user is where they were, and the history knows nothing of it.
+TEST_F(List, EscapeTakesBackWhatWasJustAdded) {
+    Open();
+    const std::string before = Xml(), text = w->rtxtXML.Text().toStdString();
+    for (const char* entry :
+         {"mnuNewNodeP", "mnuNewCNodeP", "mnuNewNodeTextP", "mnuNewCommentP", "mnuNewAttrP"}) {
+        for (const bool refused : {false, true}) {
+            SCOPED_TRACE(entry);
+            ClickRow(2);
+            Menu(entry);
+            const bool label = Rows().LabelEditRow() > 0;
+            EXPECT_NE(label, w->txtListView.Visible());
+            if (refused) {
+                t.prompts.Answer(Answer::No);
+                if (label) {
+                    Rows().EndLabelEdit(QStringLiteral("7"));
+                } else {
+                    w->txtListView.UserTyped(QStringLiteral("--<"));
+                    w->txtListView.LostFocus();
+                }
+                EXPECT_EQ(w->rtxtXML.Text().toStdString(), text);
+            }
+            if (label)
+                Rows().CancelLabelEdit();
+            else
+                EditorKey(Qt::Key_Escape, 0);
+            EXPECT_EQ(Xml(), before);
+            EXPECT_EQ(w->rtxtXML.Text().toStdString(), text);
+            EXPECT_EQ(w->tvXML.SelectedItem(), Element());
+            EXPECT_EQ(Rows().SelectedItem(), 2);
+        }
+    }
+    EXPECT_EQ(textview::StateOf(*w).UndoPos, 0);
+    Edit(2, 3, "y");
+    ClickRow(2);
+    TypeInto(2, 3, QStringLiteral("z"));
+    EditorKey(Qt::Key_Escape, 0);
+    EXPECT_EQ(Rows().Item(2).Sub[1], QStringLiteral("y")) << "what was there before stays";
 }
 
 // With OK at the question the new element lands below the comment, where no list shows it.
@@ -288,6 +432,7 @@ TEST_F(List, SelectedRowsAreDeletedTogether) {
     Key(Qt::Key_Delete);
     EXPECT_EQ(Xml(), "<book year=\"1999\"><chapter n=\"2\">x<b></b>y</chapter></book>");
     EXPECT_EQ(Table(), "1 chapter|n=\"2\"|x\n2 year|1999|");
+    EXPECT_EQ(Rows().SelectedItem(), 2) << "the row behind what went";
     EXPECT_EQ(w->tvXML.SelectedItem(), Element());
     Select(Element().Child().Child());
     ClickRow(1);
@@ -320,6 +465,54 @@ TEST_F(List, RowsMoveAmongTheirKind) {
     EXPECT_EQ(w->miPopupContext, kContextList);
 }
 
+// The list goes along with the row, which is current there.
+TEST_F(List, ARowChangesItsLevel) {
+    Open();
+    const auto press = [&](const char* button) {
+        t.PressButton(QStringLiteral("tbListEdit"), QLatin1String(button));
+    };
+    ClickRow(2);
+    press("movedownlevel");
+    EXPECT_EQ(
+        Xml(),
+        "<book lang=\"de\" year=\"1999\"><title>Tee<chapter n=\"2\">x<b></b>y</chapter></title>end</book>");
+    EXPECT_EQ(w->tvXML.SelectedItem(), Element().Child());
+    EXPECT_EQ(Rows().SelectedItem(), 2);
+    press("moveuplevel");
+    EXPECT_EQ(
+        Xml(),
+        "<book lang=\"de\" year=\"1999\"><title>Tee</title><chapter n=\"2\">x<b></b>y</chapter>end</book>");
+    EXPECT_EQ(w->tvXML.SelectedItem(), Element());
+    EXPECT_EQ(Rows().SelectedItem(), 2);
+    const std::string before = Xml();
+    for (const auto& [row, button] :
+         {std::pair(2, "moveuplevel"), {1, "movedownlevel"}, {4, "movedownlevel"}}) {
+        ClickRow(row); // no second root element, nothing before the first, and an attribute is none
+        press(button);
+        EXPECT_EQ(Xml(), before);
+        EXPECT_EQ(w->tvXML.SelectedItem(), Element());
+        EXPECT_EQ(Rows().SelectedItem(), row);
+    }
+}
+
+TEST_F(List, AMoveFillsTheListOnce) {
+    Open();
+    ClickRow(2);
+    const auto before = t.app().work;
+    Menu("mnuMoveUP");
+    EXPECT_EQ(t.app().work.listFills, before.listFills + 1);
+    EXPECT_EQ(t.app().work.paths, before.paths + 1);
+    EXPECT_EQ(textview::StateOf(*w).UndoPos, 2);
+}
+
+TEST_F(List, WalkingOverADocumentTypeOpensNoBox) {
+    Open("<!DOCTYPE shop><shop/>");
+    Select(Root().Child());
+    ASSERT_EQ(m_tvXML::GetKeyType(Root().Child()), m_tvXML::kDocumentType);
+    EXPECT_EQ(Rows().Count(), 0);
+    EXPECT_TRUE(t.prompts.boxes.empty());
+}
+
 // A moved node is a new one: an edit of the old one is finished before.
 TEST_F(List, WhatIsBeingTypedIsntLostByAMove) {
     Open();
@@ -338,6 +531,9 @@ TEST_F(List, KeysAndClicksOfTheListItself) {
     ClickRow(1);
     Rows().DblClick();
     EXPECT_EQ(w->tvXML.SelectedItem().Text(), QStringLiteral("chapter")) << "a text has no level below";
+    ClickRow(4);
+    Rows().DblClick();
+    EXPECT_EQ(w->txtListView.Text(), QStringLiteral("2")) << "and an attribute a value";
     t.PressButton(QStringLiteral("tbListEdit"), QStringLiteral("uponelevel"));
     EXPECT_EQ(w->tvXML.SelectedItem(), Element());
     ClickRow(4);
@@ -433,7 +629,6 @@ TEST_F(List, ComesBackUpToDate) {
     Element().SetTag(QStringLiteral("lang=\"de\" fresh=\"1\"")); // as another view would
     Select(Element());
     Menu("mnuNewAttrP");
-    Rows().CancelLabelEdit();
     EXPECT_EQ(Element().Tag(), QStringLiteral("lang=\"de\" fresh=\"1\" attr1=\"\""));
 
     t.EditText({});

@@ -124,7 +124,7 @@ TEST_F(TreeAndText, WhatIsBeingTypedComesIntoTheTreeBeforeAMove) {
 // Its nodes would not be those of the text.
 TEST_F(TreeAndText, TheNodeDialogDoesNotOpenOverATypedTextThatDoesNotParse) {
     int shown = 0;
-    t.frame().editNodesShown.connect([&](frmEditNodes&) { ++shown; });
+    t.frame().editNodesShown.connect([&](nodes::frmEditNodes&) { ++shown; });
     TypeBehind("<b/>", "<c>");
     t.prompts.Answer(Answer::Ok); // it isn't valid XML
     t.ChooseMenu(QStringLiteral("mnuEditPopupEditNode"));
@@ -156,6 +156,32 @@ TEST_F(TreeAndText, ViewsFollowANewNodeWhenItHasItsName) {
     EXPECT_EQ(w.txtXPath.Text(), path);
     w.tvXML.EndLabelEdit(QStringLiteral("new"));
     EXPECT_EQ(w.txtXPath.Text(), path + QStringLiteral("/new[1]"));
+}
+
+// By their places: what stands in front of them may be another number of nodes.
+TEST_F(TreeAndText, WhatIsOpenStaysOpenInATreeThatIsBuiltAnew) {
+    controls::TreeView& tree =
+        t.OpenText(QStringLiteral("a.xml"), "<a><b><c/><c><d/></c></b><b><c/></b>x<e><f/></e></a>").tvXML;
+    const auto open = [&] {
+        QStringList names;
+        for (int i = 1; i <= tree.Nodes.Count(); ++i) {
+            const TreeNode node = tree.Nodes(i);
+            if (i > 1 && node.Expanded())
+                names << node.Text();
+        }
+        return names.join(u' ').toStdString();
+    };
+    TreeNode a = tree.Nodes(1).Child();
+    TreeNode first = a.Child();
+    for (TreeNode node : {a, first.Next(), first.LastChild(), a.LastChild(), first})
+        node.SetExpanded(true);
+    ASSERT_EQ(open(), "a b c b e");
+    tree.SetSelectedItem(a);
+    t.EditText(QStringLiteral("<a><g/><b><h/><c/><c><d/></c></b><b><c/></b><e><f/></e></a>"));
+    EXPECT_EQ(open(), "a b c b e f") << "and the node at the caret";
+    EXPECT_FALSE(tree.Nodes(1).Child().Child().Next().Child().Next().Expanded()) << "the first c";
+    t.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    EXPECT_EQ(open(), "a b c b e f");
 }
 
 } // namespace

@@ -108,8 +108,13 @@ TEST_F(TreeCommand, ANewChildComesLast) {
     EXPECT_TRUE(t.prompts.boxes.empty()) << "an empty name is replaced without a word";
     w->tvXML.SetSelectedItem(Element());
     t.ChooseMenu(QStringLiteral("mnuNewCNode"));
+    const std::string before = Text();
+    const int steps = textview::StateOf(*w).UndoPos;
     w->tvXML.CancelLabelEdit();
-    EXPECT_EQ(Element().LastChild().Text(), QStringLiteral("Unnamed")) << "Esc leaves no node without a name";
+    EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter chapter('x' b) Unnamed)") << "Esc takes it back";
+    EXPECT_EQ(w->tvXML.SelectedItem(), Element());
+    EXPECT_EQ(Text(), before);
+    EXPECT_EQ(textview::StateOf(*w).UndoPos, steps);
 }
 
 TEST_F(TreeCommand, TextsGoIntoElementsOnly) {
@@ -121,11 +126,23 @@ TEST_F(TreeCommand, TextsGoIntoElementsOnly) {
     t.ClickNode(Element()); // at the top a text goes into the root element
     t.frame().RunMenuCommand(QStringLiteral("mnuNewNodeTextP"));
     EXPECT_EQ(Element().LastChild().Key().left(3), QStringLiteral("<3>"));
-    t.ClickNode(Element().Child()); // elsewhere behind the node, and its parent is selected
+    ASSERT_TRUE(w->txtListView.Visible());
+    w->txtListView.LostFocus();
+    t.ClickNode(Element().Child()); // into an element that is selected
     t.frame().RunMenuCommand(QStringLiteral("mnuNewNodeTextP"));
-    EXPECT_EQ(Nodes(), "xml book(title('Tee') '' chapter chapter('x' b) '')");
-    EXPECT_EQ(w->tvXML.SelectedItem(), Element());
+    EXPECT_EQ(Nodes(), "xml book(title('Tee' '') chapter chapter('x' b) '')");
+    EXPECT_EQ(w->tvXML.SelectedItem(), Element().Child());
     EXPECT_TRUE(edit::IsAddingNewNode(*w)) << "a text without content waits for it";
+    w->txtListView.UserTyped(QStringLiteral("!"));
+    w->txtListView.LostFocus();
+    t.ClickNode(Element().Child().Child()); // behind a text, and its parent is selected
+    t.frame().RunMenuCommand(QStringLiteral("mnuNewNodeTextP"));
+    EXPECT_EQ(Nodes(), "xml book(title('Tee' '' '!') chapter chapter('x' b) '')");
+    EXPECT_EQ(w->tvXML.SelectedItem(), Element().Child());
+    int escape = Qt::Key_Escape;
+    w->txtListView.KeyDown(escape, 0);
+    EXPECT_EQ(Nodes(), "xml book(title('Tee' '!') chapter chapter('x' b) '')") << "given up";
+    EXPECT_EQ(w->tvXML.SelectedItem().Tag(), QStringLiteral("Tee"));
     EXPECT_TRUE(t.prompts.boxes.empty());
 }
 
@@ -135,6 +152,7 @@ TEST_F(TreeCommand, ACommentMayStandBesideTheRootElement) {
     t.ChooseMenu(QStringLiteral("mnuNewComment"));
     EXPECT_EQ(Nodes(), "xml -- book(title('Tee') chapter chapter('x' b))");
     EXPECT_EQ(w->tvXML.SelectedItem().Text(), QStringLiteral("#comment"));
+    w->txtListView.LostFocus();
     EXPECT_NE(Text().find("<!-- -->"), std::string::npos) << "colouring puts a blank behind the opener";
 }
 
@@ -147,6 +165,9 @@ TEST_F(TreeCommand, AWrongNameBecomesUnnamed) {
     EXPECT_EQ(Element().Text(), QStringLiteral("Unnamed"));
     EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("XML node name fomula"));
     EXPECT_NE(Text().find("</Unnamed>"), std::string::npos);
+    EXPECT_TRUE(w->tvXML.LabelKept()) << "what was typed stays in its editor";
+    t.frame().RunMenuCommand(QStringLiteral("mnuNewCNodeP"));
+    EXPECT_EQ(Element().Children(), 3) << "and holds up what would go past it";
     // Names that break markup, or are only odd, never reach the document.
     for (const QString& hostile :
          {QStringLiteral("a\r\nb"), QString(1'000'000, u'<'), QString(QChar(0xD800)), QString(QChar(u'\0')),
@@ -181,24 +202,32 @@ TEST_F(TreeCommand, LabelsOfTextsAndInstructionsCannotBeEdited) {
     }
 }
 
-TEST_F(TreeCommand, DeletingSelectsTheFirstElementThatIsLeft) {
-    Open();
-    const TreeNode second = Element().Child().Next();
-    t.ClickNode(second);
-    t.ChooseMenu(QStringLiteral("mnuDelete"));
-    EXPECT_EQ(Nodes(), "xml book(title('Tee') chapter('x' b))");
-    EXPECT_EQ(w->tvXML.SelectedItem(), Element().Child());
-    EXPECT_EQ(textview::StateOf(*w).UndoPos, 1);
-
-    t.ClickNode(Element().Child().Child()); // the only child: its parent is selected
-    Key(Qt::Key_Delete);
-    EXPECT_EQ(w->tvXML.SelectedItem(), Element().Child());
-    EXPECT_EQ(Nodes(), "xml book(title chapter('x' b))");
-    EXPECT_NE(Text().find("<title></title>"), std::string::npos);
-
-    t.ClickNode(Root());
-    Key(Qt::Key_Delete);
-    EXPECT_EQ(Nodes(), "xml book(title chapter('x' b))") << "the tree root stays";
+// The next one, else the one before, else the parent: never one that the user wasn't at.
+TEST_F(TreeCommand, DeletingAndCuttingSelectTheNeighbour) {
+    for (const bool cut : {false, true}) {
+        Open("<book><title>Tee</title><!--a--><chapter/><chapter n=\"2\">x<b/></chapter></book>");
+        const auto go = [&] { cut ? Key(Qt::Key_X, Qt::ControlModifier) : Key(Qt::Key_Delete); };
+        t.ClickNode(Element().Child().Next());
+        go();
+        EXPECT_EQ(Nodes(), "book(title('Tee') chapter chapter('x' b))");
+        EXPECT_EQ(w->tvXML.SelectedItem(), Element().Child().Next());
+        EXPECT_EQ(textview::StateOf(*w).UndoPos, 1);
+        go();
+        EXPECT_EQ(w->tvXML.SelectedItem(), Element().LastChild());
+        go();
+        EXPECT_EQ(Nodes(), "book(title('Tee'))");
+        EXPECT_EQ(w->tvXML.SelectedItem(), Element().Child());
+        EXPECT_EQ(Text(), "<book>\r\n\t<title>Tee</title>\r\n</book>");
+        go();
+        EXPECT_EQ(w->tvXML.SelectedItem(), Element());
+        if (!cut) {
+            t.ClickNode(Root());
+            go();
+            EXPECT_EQ(Nodes(), "book") << "the tree root stays";
+        }
+        t.prompts.Answer(Answer::No);
+        t.frame().CloseForm(w);
+    }
 }
 
 TEST_F(TreeCommand, EverythingCanBeDeletedAndAddedAnew) {

@@ -54,7 +54,7 @@ TEST(RichText, ASelectionIsCutToTheText) {
 TEST(RichText, AnnouncementsFollowWhatReallyChanged) {
     RichTextBox box;
     QStringList log;
-    box.contentReplaced.connect([&] { log << QStringLiteral("content"); });
+    box.contentReplaced.connect([&](const PlaceMap*) { log << QStringLiteral("content"); });
     box.textReplaced.connect([&](qsizetype at, qsizetype removed, const QString& piece) {
         log << QStringLiteral("%1-%2+%3").arg(at).arg(removed).arg(piece);
     });

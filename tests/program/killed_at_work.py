@@ -34,7 +34,7 @@ def numbers_after_return(person, program, path):
     running = person.start([program], person.environment, cwd=person.folder)
     wait_for("the offer", lambda: len(person.titles()) >= 2)
     person.keys("Return")
-    person.window(rf"\*?Vantrel - \[{re.escape(str(path))}.*\]")
+    person.window(rf"Vantrel - \[\*?{re.escape(str(path))}.*\]")
     person.keys("ctrl+s")
 
     def saved():

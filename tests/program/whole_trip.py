@@ -31,16 +31,16 @@ def main():
         program = person.start([sys.argv[1], path.name], person.environment, cwd=person.folder)
         window = person.window(rf"Vantrel - \[{path}\]")
 
-        # The keys walk: declaration, comment, order (opened), customer, item. In the text the item's "<" is selected then.
+        # The keys walk: declaration, comment, order (opened), customer, item. In the text it is marked: what is typed goes in front.
         person.keys("Down", "Down", "Down", "Right", "Down", "Down")
         text_tab(person)
-        person.type("<memo>urgent</memo><")
+        person.type("<memo>urgent</memo>")
         # A click beside the tree's nodes leaves the text: the tree is built anew, with the item's predecessor in it.
         person.click(window, 60, -90)
         # The text still shows, and its caret follows the tree.
         person.keys("Home", "Down", "Down", "Down", "Down", "Down")
         person.keys("F6", "F6", "F6")
-        person.type("<!-- first --><")
+        person.type("<!-- first -->")
         person.keys("ctrl+s")
         wait_for("the saved file", lambda: path.read_bytes() == WITH_COMMENT.encode())
 
@@ -69,7 +69,7 @@ def main():
         person.keys("ctrl+w")
         person.window("Vantrel")
         person.keys("Escape")
-        person.window(rf"Vantrel - \[{other}\]")
+        person.window(rf"Vantrel - \[\*{other}\]")
         person.keys("alt+f", "x")
         wait_for("the program's end", lambda: program.poll() is not None)
         assert program.returncode == 0, f"ended with {program.returncode}"

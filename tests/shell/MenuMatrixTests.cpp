@@ -97,7 +97,8 @@ TEST(MenuMatrix, EachSituationEnablesItsEntries) {
     }
 }
 
-// What was copied here can be pasted in every view; a text takes what other programs copy as well.
+// What was copied here can be pasted in every view, and XML from another program; a text takes all that other
+// programs copy.
 TEST(MenuMatrix, PasteFollowsWhatWasCopied) {
     for (std::size_t column = 1; column < std::size(kSituations); ++column) {
         TestApp t;
@@ -122,6 +123,9 @@ TEST(MenuMatrix, PasteFollowsWhatWasCopied) {
     SelectNode(t);
     EXPECT_EQ(Letter(t, "mnuEditPaste"), 'D');
     ShowTextView(t, 0);
+    EXPECT_EQ(Letter(t, "mnuEditPaste"), 'E');
+    t.clipboard.SetText(QChar(QChar::ByteOrderMark) + QStringLiteral("\n<?xml version='1.0'?><x/>"));
+    SelectNode(t);
     EXPECT_EQ(Letter(t, "mnuEditPaste"), 'E');
 }
 
@@ -220,9 +224,9 @@ TEST(MenuMatrix, IsThatOfTheViewInUseInAWindowThatStaysOrComesBack) {
     t.frame().ActivateForm(&text);
     EXPECT_EQ(letter("mnuFindReplace"), 'E') << "text view";
     EXPECT_EQ(letter("mnuNewComment"), 'D') << "text view";
-    t.frame().ActivateForm(&tree); // which selects its root
+    t.frame().ActivateForm(&tree);
     EXPECT_EQ(letter("mnuFindReplace"), 'D') << "tree";
-    EXPECT_EQ(letter("mnuEditCut"), 'D') << "tree";
+    EXPECT_EQ(letter("mnuEditCut"), 'E') << "its node is still current";
     tree.tbsXML.Select(QStringLiteral("browserview"));
     t.frame().ActivateForm(&text);
     t.frame().ActivateForm(&tree);

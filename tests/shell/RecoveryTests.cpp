@@ -48,6 +48,13 @@ TEST(Recovery, SavedAndDroppedDocumentsAreNotOfferedAgain) {
     app.frame().CloseForm(&app.window());
     app.Restart();
     EXPECT_EQ(app.prompts.boxes.size(), 2U);
+
+    app.OpenText(QStringLiteral("d.xml"), "<d>one</d>");
+    EditAndEnd(app, "<d>two</d>");
+    app.folder.Write(QStringLiteral("d.xml"),
+                     "<d>two</d>"); // killed when the file was there, and before more
+    app.Restart();
+    EXPECT_EQ(app.prompts.boxes.size(), 2U);
 }
 
 // Exit asks nothing and saves nothing.

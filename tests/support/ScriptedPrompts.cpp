@@ -9,12 +9,17 @@ using services::Buttons;
 ScriptedPrompts::~ScriptedPrompts() {
     EXPECT_TRUE(answers_.empty()) << answers_.size() << " prepared answers were not asked for";
     EXPECT_TRUE(fileNames_.empty()) << fileNames_.size() << " prepared file names were not asked for";
+    EXPECT_TRUE(choices_.empty()) << choices_.size() << " prepared choices were not asked for";
     EXPECT_TRUE(colours_.empty()) << colours_.size() << " prepared colours were not asked for";
     EXPECT_TRUE(fonts_.empty()) << fonts_.size() << " prepared fonts were not asked for";
 }
 
 void ScriptedPrompts::Answer(std::initializer_list<services::Answer> answers) {
     answers_.insert(answers_.end(), answers);
+}
+
+void ScriptedPrompts::AnswerChoice(std::initializer_list<int> numbers) {
+    choices_.insert(choices_.end(), numbers);
 }
 
 void ScriptedPrompts::ChooseColours(std::initializer_list<std::optional<std::uint32_t>> colours) {
@@ -33,6 +38,7 @@ void ScriptedPrompts::AllowAnyBox(services::Answer fallback) {
 void ScriptedPrompts::ForgetUnused() {
     answers_.clear();
     fileNames_.clear();
+    choices_.clear();
     colours_.clear();
     fonts_.clear();
 }
@@ -45,8 +51,8 @@ QStringList ScriptedPrompts::Texts() const {
 }
 
 services::Answer ScriptedPrompts::MsgBox(const QString& text, Buttons buttons, services::Icon icon,
-                                         const QString& title) {
-    boxes.push_back({text, buttons, icon, title});
+                                         const QString& title, const QString& about) {
+    boxes.push_back({text, buttons, icon, title, about});
     if (onBox)
         onBox(boxes.back());
     if (!answers_.empty()) {
@@ -72,6 +78,14 @@ template <typename Choice> Choice Next(std::deque<Choice>& choices, const std::s
 }
 
 } // namespace
+
+int ScriptedPrompts::Choose(const QString& text, const QStringList& answers, int usual) {
+    questions.push_back({text, answers, usual});
+    if (!choices_.empty())
+        return Next(choices_, {});
+    ADD_FAILURE() << "unexpected question: " << text.toStdString();
+    return -1;
+}
 
 QString ScriptedPrompts::NextName(const FileDialog& dialog) {
     dialogs.push_back(dialog);

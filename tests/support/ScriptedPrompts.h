@@ -17,6 +17,14 @@ struct Box {
     services::Buttons buttons;
     services::Icon icon;
     QString title;
+    QString about;
+};
+
+/// A question with answers of its own, as the user saw it.
+struct AskedChoice {
+    QString text;
+    QStringList answers;
+    int usual;
 };
 
 /// A file dialog as the user saw it.
@@ -39,6 +47,8 @@ public:
     void Answer(services::Answer answer) { Answer({answer}); }
     /// Names for the next file dialogs, in order; an empty name cancels.
     void Choose(const QString& fileName) { fileNames_.push_back(fileName); }
+    /// Answers to the next questions with answers of their own, by number; -1 closes the box.
+    void AnswerChoice(std::initializer_list<int> numbers);
     /// Choices for the next colour and font dialogs, in order; nothing cancels.
     void ChooseColours(std::initializer_list<std::optional<std::uint32_t>> colours);
     void ChooseFonts(std::initializer_list<std::optional<services::FontChoice>> fonts);
@@ -52,6 +62,8 @@ public:
     // --- looking back ----------------------------------------------------------------------------------
     std::vector<Box> boxes;
     std::vector<FileDialog> dialogs;
+    std::vector<AskedChoice> questions;
+    QStringList shownTexts;
     std::vector<std::uint32_t> colourDialogs;      ///< what each showed as chosen
     std::vector<services::FontChoice> fontDialogs; ///< the same
     int beeps = 0;
@@ -60,7 +72,9 @@ public:
 
     // --- services::Prompts -------------------------------------------------------------------------------
     services::Answer MsgBox(const QString& text, services::Buttons buttons, services::Icon icon,
-                            const QString& title) override;
+                            const QString& title, const QString& about = {}) override;
+    int Choose(const QString& text, const QStringList& answers, int usual) override;
+    void ShowText(const QString&, const QString& text) override { shownTexts << text; }
     QString OpenFileName(const QString& title, const QString& filter) override;
     QString SaveFileName(const QString& title, const QString& filter, const QString& suggested) override;
     std::optional<std::uint32_t> ChooseColour(std::uint32_t present) override;
@@ -71,6 +85,7 @@ private:
     QString NextName(const FileDialog& dialog);
     std::deque<services::Answer> answers_;
     std::deque<QString> fileNames_;
+    std::deque<int> choices_;
     std::deque<std::optional<std::uint32_t>> colours_;
     std::deque<std::optional<services::FontChoice>> fonts_;
     bool anyBox_ = false;

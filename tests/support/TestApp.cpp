@@ -26,14 +26,15 @@ TestApp::TestApp() {
     http_ = services::MakeHttpClient();
     clock_ = services::MakeClock();
     journal_ = services::MakeJournalStore(folder.Path(QStringLiteral("journal")));
+    watch_ = services::MakeFileWatch();
     Start({});
 }
 
 TestApp::~TestApp() = default;
 
 void TestApp::Start(const QString& commandLine) {
-    app_ = std::make_unique<Application>(services::Services{prompts, progress, *settings_, *files_, *http_,
-                                                            *clock_, clipboard, journal_.get()});
+    app_ = std::make_unique<Application>(services::Services{
+        prompts, progress, *settings_, *files_, *http_, *clock_, clipboard, journal_.get(), watch_.get()});
     frame_ = std::make_unique<frmMDIMain>(*app_);
     frame_->MDIForm_Load();
     frame_->MDIForm_Activate(commandLine);

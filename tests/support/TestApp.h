@@ -57,6 +57,7 @@ private:
     std::unique_ptr<services::HttpClient> http_;
     std::unique_ptr<services::Clock> clock_;
     std::unique_ptr<services::JournalStore> journal_;
+    std::unique_ptr<services::FileWatch> watch_;
     std::unique_ptr<Application> app_;
     std::unique_ptr<frmMDIMain> frame_;
 };

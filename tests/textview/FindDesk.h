@@ -10,11 +10,11 @@ class FindDesk : public TextDesk {
 public:
     explicit FindDesk(const QByteArray& document = "<a>ab abc 1ab AB ab</a>") : TextDesk(document) {
         app.prompts.AllowAnyBox();
-        app.frame().findShown.connect([this](frmFind& shown) { form_ = &shown; });
+        app.frame().findShown.connect([this](textview::frmFind& shown) { form_ = &shown; });
         Select(0);
         app.ChooseMenu(QStringLiteral("mnuFindReplace"));
     }
-    frmFind& form() { return *form_; }
+    textview::frmFind& form() { return *form_; }
 
     void Up() { form().optDU.UserChose(); }
     void Look(const QString& text, const QString& replacement = {}) {
@@ -33,7 +33,7 @@ public:
     }
 
 private:
-    frmFind* form_ = nullptr;
+    textview::frmFind* form_ = nullptr;
 };
 
 } // namespace test

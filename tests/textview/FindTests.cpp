@@ -71,6 +71,52 @@ TEST(Find, WholeWordsAreFoundWhereverTheyStandInALargeText) {
     EXPECT_EQ(textview::HitsUp(box, word, box.Long().size(), {}, options).size(), 50'001U);
 }
 
+// At the end of the region it begins anew, and does so again until the user goes elsewhere.
+TEST(Find, ASearchThatCameToItsEndBeginsAnew) {
+    FindDesk desk;
+    desk.Look(QStringLiteral("ab"));
+    desk.Select(12);
+    EXPECT_EQ(desk.Finds(), QStringLiteral("14 17"));
+    EXPECT_EQ(desk.Finds(), QStringLiteral("3 6 11 14 17"));
+    EXPECT_EQ(desk.Finds(), QStringLiteral("3 6 11 14 17"));
+    desk.Up();
+    EXPECT_EQ(desk.Finds(), QStringLiteral("14 11 6 3"));
+    EXPECT_EQ(desk.Finds(), QStringLiteral("17 14 11 6 3"));
+    desk.form().optDA.UserChose();
+    desk.Select(12);
+    EXPECT_EQ(desk.Finds(), QStringLiteral("14 17 3 6 11")) << "once around";
+    EXPECT_EQ(desk.Finds(), QStringLiteral("14 17 3 6 11"));
+    EXPECT_EQ(desk.app.prompts.Texts(), QStringList{kReached});
+}
+
+TEST(Find, TreeAndPathGoAlong) {
+    FindDesk desk("<a><b>one</b><c>two</c></a>");
+    desk.app.ClickNode(desk.window().tvXML.Nodes(1).Child().Child()); // the tree has the attention
+    desk.Look(QStringLiteral("two"));
+    desk.form().cmdFind.Click();
+    EXPECT_EQ(desk.window().tvXML.SelectedItem().Text(), QStringLiteral("c"));
+    EXPECT_EQ(desk.window().txtXPath.Text(), QStringLiteral("/a[1]/c[1]"));
+    EXPECT_EQ(desk.pane().SelText(), QStringLiteral("two"));
+}
+
+TEST(Find, GoesOnWithoutTheDialogAndTakesTheSelectedWord) {
+    FindDesk desk;
+    desk.form().cmdCancel.Click();
+    desk.SelectText(QStringLiteral("abc"));
+    desk.Press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(desk.form().cmbFind.Text(), QStringLiteral("abc"));
+    desk.Look(QStringLiteral("ab"));
+    desk.Select(0);
+    desk.form().cmdCancel.Click();
+    for (const bool up : {false, false, false, true})
+        desk.app.frame().FindNext(up);
+    EXPECT_EQ(desk.Selection(), QStringLiteral("6+2"));
+    EXPECT_FALSE(desk.form().Loaded());
+    desk.app.ClickNode(desk.window().tvXML.Nodes(1).Child());
+    desk.Press(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(desk.form().cmbFind.Text(), QStringLiteral("ab")) << "the mark of a node is no word";
+}
+
 TEST(Find, AnEmptyTextIsNotLookedFor) {
     FindDesk desk;
     desk.Look({});
@@ -95,6 +141,7 @@ TEST(Find, KeepsTheNewestFirstAndEachOnceForTheRun) {
     EXPECT_EQ(desk.form().cmbReplace.Items(), QStringList{QStringLiteral("r")});
     desk.form().cmdDelete.Click();
     desk.form().cmdCancel.Click();
+    desk.Select(0);
     desk.Press(Qt::Key_F, Qt::ControlModifier);
     EXPECT_TRUE(desk.form().cmbFind.Text().isEmpty());
     EXPECT_TRUE(desk.form().cmbFind.Items().isEmpty());

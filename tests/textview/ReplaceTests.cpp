@@ -35,21 +35,20 @@ TEST(Replace, FindsFirstThenReplacesTheSelectedHitAndGoesOnBehindIt) {
     EXPECT_EQ(desk.Text(), QStringLiteral("<a>ab abc 1ab AB ab</a>"));
 }
 
-TEST(Replace, AllReplacesEachHitAsAStepAndAlwaysEnds) {
+TEST(Replace, AllIsOneStepAndAlwaysEnds) {
     struct Case {
         const char* name;
         QString text, replacement;
         bool up;
         QString after;
-        int steps;
     };
     const Case cases[] = {
         {"holds what is looked for", QStringLiteral("ab"), QStringLiteral("xabx"), false,
-         QStringLiteral("<a>xabx xabxc 1xabx xabx xabx</a>"), 5},
+         QStringLiteral("<a>xabx xabxc 1xabx xabx xabx</a>")},
         {"by itself", QStringLiteral("ab"), QStringLiteral("ab"), false,
-         QStringLiteral("<a>ab abc 1ab ab ab</a>"), 1},
-        {"by nothing", QStringLiteral("ab "), QString(), false, QStringLiteral("<a>abc 1ab</a>"), 3},
-        {"upwards", QStringLiteral("ab"), QStringLiteral("-"), true, QStringLiteral("<a>- -c 1- - -</a>"), 5},
+         QStringLiteral("<a>ab abc 1ab ab ab</a>")},
+        {"by nothing", QStringLiteral("ab "), QString(), false, QStringLiteral("<a>abc 1ab</a>")},
+        {"upwards", QStringLiteral("ab"), QStringLiteral("-"), true, QStringLiteral("<a>- -c 1- - -</a>")},
     };
     for (const Case& one : cases) {
         SCOPED_TRACE(one.name);
@@ -63,37 +62,35 @@ TEST(Replace, AllReplacesEachHitAsAStepAndAlwaysEnds) {
         desk.form().cmdReplaceAll.Click();
         EXPECT_EQ(desk.Text(), one.after);
         EXPECT_EQ(desk.app.prompts.Texts(), QStringList{kReached});
-        EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, one.steps);
+        EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 1);
         EXPECT_TRUE(desk.PanesAgree());
-        for (int i = 0; i < one.steps; ++i)
-            desk.Undo();
+        desk.Undo();
         EXPECT_EQ(desk.Text(), before);
-        for (int i = 0; i < one.steps; ++i)
-            desk.Redo();
+        desk.Redo();
         EXPECT_EQ(desk.Text(), one.after);
     }
 }
 
-// One by one and all at once come to the same text, the same steps and the same colours.
-TEST(Replace, AllIsWhatReplacingOneByOneComesTo) {
-    FindDesk all, single;
-    for (FindDesk* desk : {&all, &single}) {
-        desk->Look(QStringLiteral("ab"), QStringLiteral("longer"));
-        desk->Select(5);
-    }
-    all.form().cmdReplaceAll.Click();
-    while (single.app.prompts.boxes.empty())
-        single.form().cmdReplace.Click();
-    EXPECT_EQ(all.Text(), single.Text());
-    ASSERT_EQ(textview::StateOf(all.window()).UndoPos, textview::StateOf(single.window()).UndoPos);
-    for (std::size_t i = 0; i < textview::StateOf(all.window()).undoStack.size(); ++i) {
-        const textview::UndoRecord &a = textview::StateOf(all.window()).undoStack[i],
-                                   &b = textview::StateOf(single.window()).undoStack[i];
-        EXPECT_EQ(a.DelPos, b.DelPos);
-        EXPECT_EQ(a.DelText, b.DelText);
-        EXPECT_EQ(a.InsPos, b.InsPos);
-        EXPECT_EQ(a.InsText, b.InsText);
-    }
+// With direction all, wherever the caret stands.
+TEST(Replace, AllTakesTheWholeTextOnceWithDirectionAll) {
+    FindDesk desk;
+    desk.form().optDA.UserChose();
+    desk.Look(QStringLiteral("ab"), QStringLiteral("abab"));
+    desk.Select(12);
+    desk.form().cmdReplaceAll.Click();
+    EXPECT_EQ(desk.Text(), QStringLiteral("<a>abab ababc 1abab abab abab</a>"));
+    EXPECT_EQ(desk.Steps(), QStringLiteral("u"));
+}
+
+// Single replacements go around as well, and none is replaced again.
+TEST(Replace, OneByOneGoesOnceAroundTheText) {
+    FindDesk desk;
+    desk.form().optDA.UserChose();
+    desk.Look(QStringLiteral("ab"), QStringLiteral("abab"));
+    desk.Select(12);
+    for (int i = 0; i < 30 && desk.app.prompts.boxes.empty(); ++i)
+        desk.form().cmdReplace.Click();
+    EXPECT_EQ(desk.Text(), QStringLiteral("<a>abab ababc 1abab abab abab</a>"));
 }
 
 // What goes in is coloured like what is pasted, and the same when it is taken back and done again.
@@ -139,7 +136,9 @@ TEST(Replace, AllBeginsAgainAtTheStartWhenTheTextsEndIsTakenAway) {
     desk.Look(QStringLiteral("x"));
     desk.form().cmdReplaceAll.Click();
     EXPECT_EQ(desk.Text(), QStringLiteral("-1-2-"));
-    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 2);
+    EXPECT_EQ(textview::StateOf(desk.window()).UndoPos, 1);
+    desk.Undo();
+    EXPECT_EQ(desk.Text(), QStringLiteral("x-1-2-x"));
 }
 
 } // namespace

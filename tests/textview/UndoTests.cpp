@@ -10,6 +10,7 @@
 
 namespace {
 
+using controls::RichTextBox;
 using test::TextDesk;
 
 const QString kText = QStringLiteral("<a>\r\n\t<b>one</b>\r\n</a>");
@@ -56,7 +57,7 @@ TEST(Undo, EachSingleEditIsOneStepThatGoesBackAndAgainInBothPanes) {
          QStringLiteral("16-\r 16+")},
         {"a word deleted at once",
          [](TextDesk& d) { d.CaretBehind(QStringLiteral("<b>")), d.pane().UserReplaced(9, 3, {}); },
-         QStringLiteral("whole")},
+         QStringLiteral("9-one 9+")},
         {"a text dropped far from the caret",
          [](TextDesk& d) { d.Select(0), d.pane().UserReplaced(9, 0, QStringLiteral("two ")); },
          QStringLiteral("9- 9+two ")},
@@ -163,7 +164,7 @@ TEST(Undo, ATextInAFormOfItsOwnGoesBackToTheFirstStep) {
     EXPECT_EQ(desk.Text(), tidy);
 }
 
-TEST(Undo, KeepsSelectionsAndTheCurrentNodeAndTellsABadTextQuietly) {
+TEST(Undo, KeepsTheCurrentNodeAndTellsABadTextQuietly) {
     TextDesk desk("<a>\n\t<b>one</b>\n\t<c></c>\n</a>");
     desk.CaretBehind(QStringLiteral("<c>"));
     desk.Type(QStringLiteral("x<"));
@@ -171,26 +172,84 @@ TEST(Undo, KeepsSelectionsAndTheCurrentNodeAndTellsABadTextQuietly) {
     edit::ShowNodePath(desk.window(), desk.app.frame().StatusBar1());
     desk.Undo();
     EXPECT_EQ(desk.window().tvXML.SelectedItem().Text(), QStringLiteral("c"));
-    desk.Select(3, 4);
     desk.Redo();
     EXPECT_TRUE(desk.Text().contains(QStringLiteral("x<")));
-    EXPECT_EQ(desk.Selection(), QStringLiteral("3+4"));
     EXPECT_EQ(desk.app.prompts.Texts(), QStringList());
     EXPECT_EQ(desk.app.prompts.beeps, 1);
 }
 
-// Also while the tree has the attention, and the text beside it doesn't follow its own selection.
-TEST(Undo, ShowsTheCaretsPlaceAndNotThatOfAFault) {
+// Wherever the caret was, and also where the text doesn't parse then, whose fault stands elsewhere.
+TEST(Undo, TheCaretGoesToTheChangeInThePaneInUseAlone) {
+    for (const bool second : {false, true}) {
+        TextDesk desk("<a>\n\t<b>one</b>\n\t<c>two</c>\n</a>");
+        desk.Enter(second ? desk.window().rtxtXML2 : desk.window().rtxtXML);
+        RichTextBox& other = second ? desk.window().rtxtXML : desk.window().rtxtXML2;
+        desk.CaretBehind(QStringLiteral("<b>on"));
+        desk.Type(QStringLiteral("xy"));
+        desk.SelectText(QStringLiteral("<b>"));
+        desk.Press(Qt::Key_Delete);
+        const qsizetype end = desk.Text().size();
+        other.SetSelStart(end);
+        const auto undo = [&] {
+            desk.Select(0);
+            desk.Undo();
+            return desk.Text().left(desk.pane().SelStart());
+        };
+        EXPECT_TRUE(undo().endsWith(QStringLiteral("\t<b>")));
+        EXPECT_EQ(desk.app.frame().StatusBar1().Panel(2), QStringLiteral("Ln 2 , Col 5"));
+        EXPECT_TRUE(undo().endsWith(QStringLiteral("<b>onx")));
+        EXPECT_TRUE(undo().endsWith(QStringLiteral("<b>on")));
+        desk.Select(desk.Text().size());
+        desk.Redo();
+        EXPECT_TRUE(desk.Text().left(desk.pane().SelStart()).endsWith(QStringLiteral("<b>onx")));
+        desk.Redo();
+        desk.Redo();
+        EXPECT_EQ(desk.Selection(), QStringLiteral("6+0"))
+            << "what doesn't parse is told, and no place to go to";
+        EXPECT_EQ(other.SelStart(), end);
+        EXPECT_EQ(other.SelLength(), 0);
+    }
+}
+
+// A large document is parsed once for many steps: at the end of them, or when something asks for the tree.
+TEST(Undo, TheTreeOfALargeDocumentFollowsWhenTheStepsRest) {
+    const QByteArray row = "\t<row>0123456789012345678901234567890123456789</row>\n";
+    TextDesk desk("<rows>\n" + row.repeated(80'000) + "</rows>");
+    desk.CaretBehind(QStringLiteral("<row>"));
+    desk.Type(QStringLiteral("abc"));
+    const int parses = desk.app.app().work.parses;
+    const auto shown = [&] { return desk.window().tvXML.Nodes(1).Child().Child().Child().Text().left(4); };
+    desk.Undo();
+    desk.Undo();
+    EXPECT_EQ(desk.app.app().work.parses, parses);
+    ASSERT_TRUE(desk.window().tmText.Enabled());
+    desk.window().tmText.Tick();
+    EXPECT_EQ(desk.app.app().work.parses, parses + 1);
+    EXPECT_EQ(shown(), QStringLiteral("a012"));
+    EXPECT_FALSE(desk.window().tmText.Enabled());
+    desk.Redo();
+    desk.pane().LostFocus();
+    EXPECT_EQ(shown(), QStringLiteral("ab01"));
+    EXPECT_EQ(desk.Steps(), QStringLiteral("ur")) << "what can be done again is still there";
+    desk.Undo();
+    desk.Type(QStringLiteral("z"));
+    EXPECT_FALSE(desk.window().tmText.Enabled()) << "typing waits until the text is left";
+}
+
+// A change of the whole text, as saving may be one, doesn't cost what was typed before it.
+TEST(Undo, TypedStepsDoNotCountForTheLimit) {
     TextDesk desk;
-    desk.CaretBehind(QStringLiteral("</a>"));
-    desk.Press(Qt::Key_Backspace);
-    desk.app.ChooseMenu(QStringLiteral("mnuEditUndo"));
-    desk.app.ClickNode(desk.window().tvXML.Nodes(1).Child().Child());
-    const QString place = desk.app.frame().StatusBar1().Panel(2);
-    EXPECT_TRUE(place.startsWith(QStringLiteral("Ln 2 , Col "))) << place.toStdString();
-    desk.app.ChooseMenu(QStringLiteral("mnuRedo"));
-    EXPECT_TRUE(desk.Text().endsWith(QStringLiteral("</a")));
-    EXPECT_EQ(desk.app.frame().StatusBar1().Panel(2), place);
+    desk.app.app().options.Steps = 2;
+    desk.CaretBehind(QStringLiteral("one"));
+    desk.Type(QStringLiteral("0123456789"));
+    desk.window().tvXML.GotFocus();
+    desk.pane().LostFocus();
+    desk.window().tvXML.Nodes(1).Child().Child().Child().SetTag(QStringLiteral("two"));
+    desk.window().tvXML.LostFocus();
+    ASSERT_TRUE(desk.Text().contains(QStringLiteral("two")));
+    for (int i = 0; i < 11; ++i)
+        desk.Undo();
+    EXPECT_EQ(desk.Text(), kText);
 }
 
 // A text that came past the history: the stored piece isn't there any more.

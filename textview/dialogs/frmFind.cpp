@@ -6,6 +6,11 @@
 #include "textview/FillText.h"
 #include "textview/ReplaceHits.h"
 #include "textview/TextCommands.h"
+#include "textview/TextLink.h"
+#include "textview/TextState.h"
+#include <QScopedValueRollback>
+
+namespace textview {
 
 namespace {
 
@@ -44,19 +49,17 @@ bool ShowsText(const DocumentWindow* window) {
 // not from the current node. False when the text has become another one.
 bool ShowText(DocumentWindow& window) {
     const text::LongText before = window.TextInUse().Long();
-    const qsizetype start = window.TextInUse().SelStart(), length = window.TextInUse().SelLength();
+    const PaneSelections selections(window);
     edit::ShowView(window, edit::kTextTab);
-    controls::RichTextBox& pane = window.TextInUse();
-    if (!(pane.Long() == before))
+    if (!(window.TextInUse().Long() == before))
         return false;
-    pane.SetSelStart(start);
-    pane.SetSelLength(length);
+    selections.restore();
     return true;
 }
 
 } // namespace
 
-frmFind::frmFind(Application& app) : app_(app), slot_(textview::Finding(app)) {
+frmFind::frmFind(Application& app) : app_(app), slot_(Finding(app)) {
     for (controls::OptionButton* option : {&optDU, &optDD, &optDA})
         option->Click.connect([this, option] { Choose(*option, {&optDU, &optDD, &optDA}); });
     optDD.SetValue(true);
@@ -72,8 +75,21 @@ frmFind::frmFind(Application& app) : app_(app), slot_(textview::Finding(app)) {
 
 void frmFind::Show() {
     hit_ = {};
+    ended_.reset();
     if (!loaded_)
         Form_Load();
+    TakeSelection();
+}
+
+// The last hit is what was looked for, in whatever letters.
+void frmFind::TakeSelection() {
+    constexpr qsizetype kLongest = 200;
+    const controls::RichTextBox* target = slot_.findTarget;
+    if (!target || target->IsMark() || target->SelLength() == 0 || target->SelLength() > kLongest)
+        return;
+    const QString selected = target->SelText();
+    if (!selected.contains(u'\n') && selected.compare(cmbFind.Text(), Qt::CaseInsensitive) != 0)
+        cmbFind.SetText(selected);
 }
 
 void frmFind::Form_Load() {
@@ -90,8 +106,18 @@ void frmFind::Form_Unload() {
     unloaded();
 }
 
-textview::FindOptions frmFind::Options() const {
+FindOptions frmFind::Options() const {
     return {chkWW.Value() == 1, chkMC.Value() == 1, chkHL.Value() == 1};
+}
+
+frmFind::Way frmFind::Direction() const {
+    if (way_)
+        return *way_;
+    return optDU.Value() ? Way::Up : optDA.Value() ? Way::All : Way::Down;
+}
+
+frmFind::Search frmFind::SearchIn(const controls::RichTextBox& target) const {
+    return {cmbFind.Text(), Options(), Direction(), target.SelStart(), target.SelLength()};
 }
 
 // --- one step ----------------------------------------------------------------------------------------------
@@ -120,34 +146,66 @@ void frmFind::Replace(controls::RichTextBox& target, const QString& replacement)
     const qsizetype at = target.SelStart();
     if (target.SelLength() == 0)
         target.SetSelLength(cmbFind.Text().size());
+    const qsizetype removed = target.SelLength();
     target.SetSelText(replacement);
-    textview::ColourInserted(*slot_.findWindow, target, at, replacement.size());
+    ColourInserted(*slot_.findWindow, target, at, replacement.size());
     target.SetSelStart(at);
     target.SetSelLength(replacement.size());
+    if (at < round_.from)
+        round_.from += replacement.size() - removed;
     hit_ = {at, replacement.size(), false};
+}
+
+// From where the last hit was left, or where the user went since. A search that came to its end begins anew.
+qsizetype frmFind::FindHit(controls::RichTextBox& target) {
+    const QString& wanted = cmbFind.Text();
+    const bool anew = ended_ && *ended_ == SearchIn(target);
+    switch (Direction()) {
+    case Way::Up:
+        return FindTextRev(target, wanted, anew ? target.Long().size() : target.SelStart(), Options());
+    case Way::Down:
+        return FindText(target, wanted, anew ? 0 : BehindHit(target), Options());
+    case Way::All:
+        break;
+    }
+    return FindAround(target, anew);
+}
+
+qsizetype frmFind::FindAround(controls::RichTextBox& target, bool anew) {
+    const QString& wanted = cmbFind.Text();
+    const qsizetype from = anew ? target.SelStart() + target.SelLength() : BehindHit(target);
+    if (hit_.at < 0 || !last_ || *last_ != SearchIn(target))
+        round_ = {from, false};
+    qsizetype found = SearchDown(target, wanted, from, Options());
+    if (found < 0 && !std::exchange(round_.wrapped, true))
+        found = SearchDown(target, wanted, 0, Options());
+    if (round_.wrapped && found >= round_.from)
+        found = -1;
+    return TakeHit(target, found, wanted.size(), Options());
 }
 
 qsizetype frmFind::GeneralFindReplace(controls::RichTextBox& target, bool replacing,
                                       const QString& replacement) {
     const qsizetype start = target.SelStart(), length = target.SelLength();
-    const bool up = optDU.Value();
-    if (!up && start == target.Long().size())
+    if (Direction() != Way::Up && start == target.Long().size())
         target.SetSelStart(0);
+    qsizetype at = -1;
     if (replacing && SelectsHit(target, replacement)) {
         Replace(target, replacement);
-        return hit_.at;
+        at = hit_.at;
+    } else {
+        at = FindHit(target);
+        hit_ = {};
+        if (at >= 0)
+            hit_ = {at, cmbFind.Text().size(), true};
     }
-    const QString& wanted = cmbFind.Text();
-    const qsizetype found = up ? textview::FindTextRev(target, wanted, target.SelStart(), Options())
-                               : textview::FindText(target, wanted, BehindHit(target), Options());
-    hit_ = {};
-    if (found >= 0) {
-        hit_ = {found, wanted.size(), true};
-        return found;
+    if (at < 0 && target.SelStart() != start) {
+        target.SetSelStart(start);
+        target.SetSelLength(length);
     }
-    target.SetSelStart(start);
-    target.SetSelLength(length);
-    return -1;
+    (at < 0 ? ended_ : last_) = SearchIn(target);
+    (at < 0 ? last_ : ended_).reset();
+    return at;
 }
 
 // --- commands ----------------------------------------------------------------------------------------------
@@ -177,8 +235,10 @@ bool frmFind::SeeToText() {
     }
     slot_.findWindow = active;
     const controls::RichTextBox* before = std::exchange(slot_.findTarget, &active->TextInUse());
-    if (slot_.findTarget != before || !same)
+    if (slot_.findTarget != before || !same) {
         hit_ = {};
+        ended_.reset();
+    }
     return true;
 }
 
@@ -187,46 +247,74 @@ void frmFind::Run(bool replacing) {
         if (!SeeToText())
             return;
         const qsizetype found = GeneralFindReplace(*slot_.findTarget, replacing, cmbReplace.Text());
-        textview::ShowSelection(*slot_.findWindow);
+        if (found >= 0)
+            ShowHit();
+        ShowSelection(*slot_.findWindow);
         ProcessLists(replacing);
         if (found < 0)
             TellEnd();
     });
 }
 
+// The user looks at the hit: keys and commands are for the text, and tree and path follow.
+void frmFind::ShowHit() {
+    DocumentWindow& window = *slot_.findWindow;
+    edit::Attend(window, kContextText);
+    slot_.findTarget->SetFocus();
+    SelectNodeAtCaret(window);
+}
+
 void frmFind::cmdFind_Click() {
     Run(false);
+}
+
+bool frmFind::FindNext(bool up) {
+    if (cmbFind.Text().isEmpty())
+        cmbFind.SetText(slot_.findHistory.value(0));
+    if (cmbFind.Text().isEmpty())
+        return false;
+    const bool all = !up && Direction() == Way::All;
+    const QScopedValueRollback way(way_, std::optional(up ? Way::Up : all ? Way::All : Way::Down));
+    Run(false);
+    if (!loaded_)
+        slot_.findHistory = FillArrayFromCombo(cmbFind);
+    return true;
 }
 
 void frmFind::cmdReplace_Click() {
     Run(true);
 }
 
+std::vector<qsizetype> frmFind::HitsToReplace(controls::RichTextBox& target) {
+    const QString wanted = cmbFind.Text(), replacement = cmbReplace.Text();
+    const bool selected = SelectsHit(target, replacement);
+    if (Direction() == Way::Up)
+        return HitsUp(target, wanted, target.SelStart() + (selected ? wanted.size() : 0), replacement,
+                      Options());
+    if (Direction() == Way::All)
+        return HitsDown(target, wanted, 0, replacement, Options());
+    if (target.SelStart() == target.Long().size())
+        target.SetSelStart(0);
+    return HitsDown(target, wanted, selected ? target.SelStart() : BehindHit(target), replacement, Options());
+}
+
 // What repeating cmdReplace_Click to its end would do, in one pass over the text.
 void frmFind::ReplaceAll() {
     const QString wanted = cmbFind.Text(), replacement = cmbReplace.Text();
     controls::RichTextBox& target = *slot_.findTarget;
-    const textview::FindOptions options = Options();
-    const bool up = optDU.Value();
+    int passes = 0;
     // Only a replacement by nothing at the very end of the text leaves the caret there, and then the search
     // begins again at the start; the text has become shorter, so that ends.
     for (bool again = true; again;) {
-        if (!up && target.SelStart() == target.Long().size())
-            target.SetSelStart(0);
-        const bool selected = SelectsHit(target, replacement);
-        const qsizetype from = selected ? target.SelStart() + (up ? wanted.size() : 0)
-                               : up     ? target.SelStart()
-                                        : BehindHit(target);
-        const std::vector<qsizetype> hits =
-            up ? textview::HitsUp(target, wanted, from, replacement, options)
-               : textview::HitsDown(target, wanted, from, replacement, options);
+        const std::vector<qsizetype> hits = HitsToReplace(target);
         if (hits.empty())
             break;
-        const qsizetype last =
-            textview::ReplaceHits(*slot_.findWindow, target, hits, wanted.size(), replacement);
+        const qsizetype last = ReplaceHits(*slot_.findWindow, target, hits, wanted.size(), replacement);
+        ++passes;
         hit_ = {last, replacement.size(), false};
-        again = !up && replacement.isEmpty() && last == target.Long().size();
+        again = Direction() == Way::Down && replacement.isEmpty() && last == target.Long().size();
     }
+    JoinSteps(*slot_.findWindow, StateOf(*slot_.findWindow).UndoPos - passes);
     hit_ = {};
 }
 
@@ -235,7 +323,7 @@ void frmFind::cmdReplaceAll_Click() {
         if (!SeeToText())
             return;
         ReplaceAll();
-        textview::ShowSelection(*slot_.findWindow);
+        ShowSelection(*slot_.findWindow);
         ProcessLists(true);
         TellEnd();
     });
@@ -259,3 +347,5 @@ void frmFind::cmbFind_LostFocus() {
 void frmFind::cmbReplace_LostFocus() {
     ProcessList(cmbReplace);
 }
+
+} // namespace textview
