@@ -2,7 +2,7 @@
 #include "nodes/FinishEdits.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
-#include "nodes/ListCommit.h"
+#include "core/edit/View.h"
 #include "nodes/ListState.h"
 
 namespace nodes {
@@ -10,7 +10,7 @@ namespace nodes {
 bool FinishEdits(DocumentWindow& window) {
     window.tvXML.FinishLabelEdit();
     window.ListView1.FinishLabelEdit();
-    txtListView_LostFocus(window);
+    edit::FinishCells(window);
     return !window.tvXML.LabelKept() && !window.ListView1.LabelKept() && !ListOf(window).bRefused;
 }
 

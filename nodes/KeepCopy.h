@@ -9,6 +9,9 @@ namespace nodes {
 /// number, at the node with a key. `attributes` go along.
 void KeepCopy(DocumentWindow& window, int view, const QString& key, const QString& text,
               const QString& attributes);
+/// The same with other forms of it, for programs that take them.
+void KeepCopy(DocumentWindow& window, int view, const QString& key,
+              const services::ClipboardContents& contents);
 /// Tells that what is selected has no text form: a CDATA section, a document type, a text that is empty.
 void SayNothingCopied(Application& app);
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-#include "exchange/dialogs/ExchangeDialogs.h"
 #include "shell/AddressBox.h"
 #include "shell/Dialogs.h"
 #include "shell/FrameMenus.h"
@@ -12,7 +11,7 @@ namespace shell {
 /// What the frame is made of, and what its own commands work on.
 struct FrameParts {
     explicit FrameParts(Application& application)
-        : app(application), dialogs(application), exchange(application), windows(application, dialogs),
+        : app(application), dialogs(application), windows(application, dialogs),
           recentFiles(application.services.settings, menus, address),
           addressBox(application, address, menus, windows, recentFiles) {}
 
@@ -21,7 +20,6 @@ struct FrameParts {
     controls::StatusBar statusBar{2};
     controls::ComboBox address;
     Dialogs dialogs;
-    exchange::ExchangeDialogs exchange;
     Windows windows;
     RecentFiles recentFiles;
     AddressBox addressBox;

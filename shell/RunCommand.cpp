@@ -61,7 +61,8 @@ void RunForm(DocumentWindow& window, const edit::Command& command, std::span<con
 
 void RunCommand(DocumentWindow& window, const edit::Command& command, std::span<const edit::Form> forms) {
     const bool label = window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0;
-    if (command.inCell && window.txtListView.Visible() && command.inCell(window))
+    controls::TextBox* cell = edit::OpenCell(window);
+    if (command.inCell && cell && command.inCell(window, *cell))
         return;
     if (command.inCell && label)
         nodes::FinishEdits(window); // the letters were meant, not the node that they are the name of

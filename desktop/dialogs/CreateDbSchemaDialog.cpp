@@ -7,7 +7,7 @@
 
 namespace desktop {
 
-CreateDbSchemaDialog::CreateDbSchemaDialog(frmCreateDBSchema& form, QWidget* parent)
+CreateDbSchemaDialog::CreateDbSchemaDialog(exchange::frmCreateDBSchema& form, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmCreateDBSchema>()) {
     ui_->setupUi(this);
     BindControls(*this, {{"optOdbc", &form.source.optOdbc},
@@ -23,7 +23,8 @@ CreateDbSchemaDialog::CreateDbSchemaDialog(frmCreateDBSchema& form, QWidget* par
                          {"lblNote", &form.lblNote},
                          {"OKButton", &form.OKButton},
                          {"CancelButton", &form.CancelButton}});
-    Listen(form.source.newDSNShown, this, [this](frmNewDSN& dialog) { NewDsnDialog(dialog, this).exec(); });
+    Listen(form.source.newDSNShown, this,
+           [this](exchange::frmNewDSN& dialog) { NewDsnDialog(dialog, this).exec(); });
     Listen(form.unloaded, this, [this] { accept(); });
 }
 

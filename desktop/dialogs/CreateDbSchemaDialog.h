@@ -13,12 +13,12 @@ namespace desktop {
 /// The widgets that make a schema of a database's tables.
 class CreateDbSchemaDialog : public QDialog {
 public:
-    CreateDbSchemaDialog(frmCreateDBSchema& form, QWidget* parent);
+    CreateDbSchemaDialog(exchange::frmCreateDBSchema& form, QWidget* parent);
     ~CreateDbSchemaDialog() override;
     void reject() override; ///< Esc and the title bar's button cancel
 
 private:
-    frmCreateDBSchema& form_;
+    exchange::frmCreateDBSchema& form_;
     std::unique_ptr<Ui::frmCreateDBSchema> ui_;
 };
 

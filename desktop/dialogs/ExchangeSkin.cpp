@@ -2,6 +2,8 @@
 #include "desktop/dialogs/ExchangeSkin.h"
 #include "desktop/base/Listen.h"
 #include "desktop/dialogs/CreateDbSchemaDialog.h"
+#include "desktop/dialogs/ExportDbDialog.h"
+#include "desktop/dialogs/ExportTxtDialog.h"
 #include "desktop/dialogs/ImportDbDialog.h"
 #include "desktop/dialogs/ImportTxtDialog.h"
 
@@ -19,6 +21,8 @@ void FollowExchange(exchange::ExchangeDialogs& dialogs, QWidget& window) {
     Show<ImportTxtDialog>(dialogs.importTxtShown, window);
     Show<ImportDbDialog>(dialogs.importDBShown, window);
     Show<CreateDbSchemaDialog>(dialogs.createDBSchemaShown, window);
+    Show<ExportTxtDialog>(dialogs.exportTxtShown, window);
+    Show<ExportDbDialog>(dialogs.exportDBShown, window);
 }
 
 } // namespace desktop

@@ -7,7 +7,7 @@
 
 namespace desktop {
 
-ImportDbDialog::ImportDbDialog(frmImportDB& form, QWidget* parent)
+ImportDbDialog::ImportDbDialog(exchange::frmImportDB& form, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmImportDB>()) {
     ui_->setupUi(this);
     BindControls(*this, {{"optOdbc", &form.source.optOdbc},
@@ -26,7 +26,8 @@ ImportDbDialog::ImportDbDialog(frmImportDB& form, QWidget* parent)
                          {"lblNote", &form.lblNote},
                          {"OKButton", &form.OKButton},
                          {"CancelButton", &form.CancelButton}});
-    Listen(form.source.newDSNShown, this, [this](frmNewDSN& dialog) { NewDsnDialog(dialog, this).exec(); });
+    Listen(form.source.newDSNShown, this,
+           [this](exchange::frmNewDSN& dialog) { NewDsnDialog(dialog, this).exec(); });
     Listen(form.focusPreview, this, [this] { ui_->cmdPre->setFocus(); });
     QMetaObject::invokeMethod(
         this, [this] { form_.Form_Activate(); }, Qt::QueuedConnection); // once it is to be seen

@@ -13,12 +13,12 @@ namespace desktop {
 /// The widgets of the import from a database.
 class ImportDbDialog : public QDialog {
 public:
-    ImportDbDialog(frmImportDB& form, QWidget* parent);
+    ImportDbDialog(exchange::frmImportDB& form, QWidget* parent);
     ~ImportDbDialog() override;
     void reject() override; ///< Esc and the title bar's button cancel
 
 private:
-    frmImportDB& form_;
+    exchange::frmImportDB& form_;
     std::unique_ptr<Ui::frmImportDB> ui_;
 };
 

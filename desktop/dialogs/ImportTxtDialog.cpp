@@ -7,7 +7,7 @@
 
 namespace desktop {
 
-ImportTxtDialog::ImportTxtDialog(frmImportTxt& form, QWidget* parent)
+ImportTxtDialog::ImportTxtDialog(exchange::frmImportTxt& form, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmImportTxt>()) {
     ui_->setupUi(this);
     BindControls(*this, {{"cmdOpenFile", &form.cmdOpenFile},

@@ -13,12 +13,12 @@ namespace desktop {
 /// The widgets of the import of delimited text.
 class ImportTxtDialog : public QDialog {
 public:
-    ImportTxtDialog(frmImportTxt& form, QWidget* parent);
+    ImportTxtDialog(exchange::frmImportTxt& form, QWidget* parent);
     ~ImportTxtDialog() override;
     void reject() override; ///< Esc and the title bar's button cancel
 
 private:
-    frmImportTxt& form_;
+    exchange::frmImportTxt& form_;
     std::unique_ptr<Ui::frmImportTxt> ui_;
 };
 

@@ -6,7 +6,7 @@
 
 namespace desktop {
 
-NewDsnDialog::NewDsnDialog(frmNewDSN& form, QWidget* parent)
+NewDsnDialog::NewDsnDialog(exchange::frmNewDSN& form, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmNewDSN>()) {
     ui_->setupUi(this);
     BindControls(*this, {{"cmbDriver", &form.cmbDriver},

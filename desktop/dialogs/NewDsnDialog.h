@@ -13,12 +13,12 @@ namespace desktop {
 /// The widgets of a new data source.
 class NewDsnDialog : public QDialog {
 public:
-    NewDsnDialog(frmNewDSN& form, QWidget* parent);
+    NewDsnDialog(exchange::frmNewDSN& form, QWidget* parent);
     ~NewDsnDialog() override;
     void reject() override; ///< Esc and the title bar's button cancel
 
 private:
-    frmNewDSN& form_;
+    exchange::frmNewDSN& form_;
     std::unique_ptr<Ui::frmNewDSN> ui_;
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/dialogs/DelimiterChoice.h"
 
+namespace exchange {
+
 DelimiterChoice::DelimiterChoice(int chosen) {
     for (std::size_t i = 0; i < optChoose.size(); ++i) {
         optChoose[i].SetValue(static_cast<int>(i) == chosen);
@@ -23,3 +25,5 @@ QString DelimiterChoice::GetDelimiter() const {
     }
     return txtOther.Text();
 }
+
+} // namespace exchange

@@ -3,6 +3,8 @@
 #include "platform/controls/Controls.h"
 #include <array>
 
+namespace exchange {
+
 /// The choice of a delimiter: tab, ";", ",", one blank, or what is typed.
 class DelimiterChoice {
 public:
@@ -16,3 +18,5 @@ public:
     QString GetDelimiter() const;
     controls::Event<> changed; ///< another delimiter
 };
+
+} // namespace exchange

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/dialogs/ExchangeDialogs.h"
 #include "exchange/dialogs/frmCreateDBSchema.h"
+#include "exchange/dialogs/frmExportDB.h"
+#include "exchange/dialogs/frmExportTxt.h"
 #include "exchange/dialogs/frmImportDB.h"
 #include "exchange/dialogs/frmImportTxt.h"
 
@@ -26,6 +28,22 @@ void ExchangeDialogs::ShowImportDB() {
 
 void ExchangeDialogs::ShowCreateDBSchema() {
     Show(app_, createDBSchemaShown);
+}
+
+void ExchangeDialogs::ShowExportTxt(DocumentWindow& window) {
+    frmExportTxt dialog(window);
+    dialog.Form_Load();
+    exportTxtShown(dialog);
+}
+
+void ExchangeDialogs::ShowExportDB(DocumentWindow& window) {
+    frmExportDB dialog(window);
+    if (dialog.Form_Load())
+        exportDBShown(dialog);
+}
+
+ExchangeDialogs& DialogsOf(Application& app) {
+    return app.rooms.of<ExchangeDialogs>(app);
 }
 
 } // namespace exchange

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/dialogs/SampleGrid.h"
 
+namespace exchange {
+
 QString SampleGrid::TextMatrix(int row, int col) const {
     if (row < 0 || row >= Rows() || col < 0)
         return {};
@@ -14,3 +16,5 @@ void SampleGrid::Show(std::vector<std::vector<QString>> rows, int cols, int fixe
     fixedRows_ = fixedRows;
     changed();
 }
+
+} // namespace exchange

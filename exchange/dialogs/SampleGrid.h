@@ -4,6 +4,8 @@
 #include <QString>
 #include <vector>
 
+namespace exchange {
+
 /// A grid that shows the beginning of some data and can't be edited. Rows and columns count from 0.
 class SampleGrid {
 public:
@@ -20,3 +22,5 @@ private:
     std::vector<std::vector<QString>> rows_;
     int cols_ = 1, fixedRows_ = 0;
 };
+
+} // namespace exchange

@@ -6,6 +6,8 @@
 #include "platform/services/Databases.h"
 #include "platform/text/TextTools.h"
 
+namespace exchange {
+
 SourceChoice::SourceChoice(Application& app) : app_(app) {
     optOdbc.SetValue(true);
     cmbDSN.Click.connect([this] { Odbc(false); });
@@ -81,3 +83,5 @@ void SourceChoice::NewDSN() {
         Odbc(false);
     });
 }
+
+} // namespace exchange

@@ -3,6 +3,8 @@
 #include "core/model/Application.h"
 #include "platform/controls/Controls.h"
 
+namespace exchange {
+
 class frmNewDSN;
 
 /// The choice of a database: one of the sources of this machine, or an Access file.
@@ -39,3 +41,5 @@ private:
     QString connection_;
     QString told_; ///< the last that was announced
 };
+
+} // namespace exchange

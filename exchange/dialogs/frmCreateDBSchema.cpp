@@ -8,6 +8,8 @@
 #include "exchange/dialogs/TableList.h"
 #include "platform/text/TextTools.h"
 
+namespace exchange {
+
 frmCreateDBSchema::frmCreateDBSchema(Application& app) : source(app), app_(app) {
     cmdPre.Click.connect([this] { cmdPre_Click(); });
     OKButton.Click.connect([this] { OKButton_Click(); });
@@ -29,12 +31,11 @@ QString frmCreateDBSchema::GetResXMLSchema() {
             const auto database =
                 services::Databases().Open(source.ConnectionString(), waiting.Step(0, 0), result);
             if (database)
-                schema = exchange::SchemaOf(app_, *database, {chkAttr.Value() == 1, chkRepair.Value() == 1},
-                                            result);
+                schema = SchemaOf(app_, *database, {chkAttr.Value() == 1, chkRepair.Value() == 1}, result);
         }
-        lblNote.SetCaption(exchange::FailureText(result));
+        lblNote.SetCaption(FailureText(result));
         if (!result) {
-            exchange::TellCancelled(app_);
+            TellCancelled(app_);
             return {};
         }
         return schema;
@@ -53,6 +54,8 @@ void frmCreateDBSchema::OKButton_Click() {
         FetchedText fetched(schema);
         fetched.made = true;
         unloaded();
-        exchange::OpenMade(app_, fetched, exchange::Opens::Schema);
+        OpenMade(app_, fetched, Opens::Schema);
     });
 }
+
+} // namespace exchange

@@ -4,6 +4,8 @@
 #include "exchange/dialogs/SourceChoice.h"
 #include "platform/controls/Controls.h"
 
+namespace exchange {
+
 /// The dialog that makes a schema out of the tables of a database.
 class frmCreateDBSchema {
 public:
@@ -28,3 +30,5 @@ private:
     QString GetResXMLSchema();
     Application& app_;
 };
+
+} // namespace exchange

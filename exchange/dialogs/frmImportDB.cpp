@@ -6,6 +6,8 @@
 #include "exchange/dialogs/TableList.h"
 #include "platform/text/TextTools.h"
 
+namespace exchange {
+
 namespace {
 
 constexpr qsizetype kSampleRows = 200;
@@ -41,12 +43,12 @@ void frmImportDB::LoadTableAndDefaultSQL() {
     edit::Guarded(app_, QStringLiteral("frmImportDB.LoadTableAndDefaultSQL"), [&] {
         if (text::Trim(source.ConnectionString()).isEmpty())
             return;
-        const exchange::TableList list = exchange::TablesOf(app_, source.ConnectionString());
+        const TableList list = TablesOf(app_, source.ConnectionString());
         cmbTable.Clear();
         cmbTable.SetText({});
-        lblNote.SetCaption(exchange::FailureText(list.result));
+        lblNote.SetCaption(FailureText(list.result));
         if (!list.result) {
-            exchange::TellCancelled(app_);
+            TellCancelled(app_);
             return;
         }
         quote_ = list.quote;
@@ -63,29 +65,29 @@ void frmImportDB::cmbTable_Click() {
     const QString name = cmbTable.Text();
     if (text::Trim(name).isEmpty())
         return;
-    txtSQL.SetText(QStringLiteral("select * from ") + exchange::NameInStatement(name, quote_));
+    txtSQL.SetText(QStringLiteral("select * from ") + NameInStatement(name, quote_));
     OKButton.SetEnabled(true);
 }
 
-exchange::MadeRows frmImportDB::GetResXML(qsizetype most, edit::Waiting& waiting) {
-    exchange::RowsQuery query;
+MadeRows frmImportDB::GetResXML(qsizetype most, edit::Waiting& waiting) {
+    RowsQuery query;
     query.connection = source.ConnectionString();
     query.sql = txtSQL.Text();
     query.encoding = cmbEnc.Text();
-    query.filling = chkAttr.Value() == 1 ? exchange::Filling::Attributes : exchange::Filling::Elements;
+    query.filling = chkAttr.Value() == 1 ? Filling::Attributes : Filling::Elements;
     query.repair = chkRepair.Value() == 1;
     query.most = most;
-    exchange::MadeRows made;
+    MadeRows made;
     if (!text::Trim(query.connection).isEmpty() && !text::Trim(query.sql).isEmpty())
-        made = exchange::RowsOf(app_, query, waiting.Step(0, kMade));
+        made = RowsOf(app_, query, waiting.Step(0, kMade));
     ShowNotes(made);
     return made;
 }
 
-void frmImportDB::ShowNotes(const exchange::MadeRows& made) {
+void frmImportDB::ShowNotes(const MadeRows& made) {
     QStringList notes;
     if (!made.result)
-        notes << exchange::FailureText(made.result);
+        notes << FailureText(made.result);
     else if (!made.answered)
         notes << QStringLiteral("The statement gives no rows. Nothing was changed in the database.");
     if (!made.nameComplaint.isEmpty())
@@ -98,20 +100,20 @@ void frmImportDB::ShowNotes(const exchange::MadeRows& made) {
 void frmImportDB::cmdPre_Click() {
     edit::Guarded(app_, QStringLiteral("frmImportDB@cmdPre_Click"), [&] {
         edit::Waiting waiting(app_, source.ConnectionString());
-        const exchange::MadeRows made = GetResXML(kSampleRows, waiting);
+        const MadeRows made = GetResXML(kSampleRows, waiting);
         txtSample.SetText(made.answered ? made.text.toString() : QString());
     });
 }
 
 bool frmImportDB::Make(FetchedText& fetched) {
     auto waiting = std::make_shared<edit::Waiting>(app_, source.ConnectionString());
-    exchange::MadeRows made = GetResXML(0, *waiting);
+    MadeRows made = GetResXML(0, *waiting);
     if (!made.answered)
         return false;
     if (made.leftOut.count > 0)
         waiting->Hide(); // a box follows
-    return exchange::MayLeaveOut(app_, made.leftOut) &&
-           exchange::Prepare(app_, std::move(made.text), std::move(waiting), kMade, fetched);
+    return MayLeaveOut(app_, made.leftOut) &&
+           Prepare(app_, std::move(made.text), std::move(waiting), kMade, fetched);
 }
 
 void frmImportDB::OKButton_Click() {
@@ -120,6 +122,8 @@ void frmImportDB::OKButton_Click() {
         if (!Make(fetched))
             return;
         unloaded();
-        exchange::OpenMade(app_, fetched, exchange::Opens::XML);
+        OpenMade(app_, fetched, Opens::XML);
     });
 }
+
+} // namespace exchange

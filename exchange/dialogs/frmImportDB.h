@@ -6,6 +6,8 @@
 #include "exchange/dialogs/SourceChoice.h"
 #include "platform/controls/Controls.h"
 
+namespace exchange {
+
 /// The dialog that makes a document out of the rows that a database answers a statement with.
 class frmImportDB {
 public:
@@ -37,10 +39,12 @@ public:
     void OKButton_Click();
 
 private:
-    exchange::MadeRows GetResXML(qsizetype most, edit::Waiting& waiting);
+    MadeRows GetResXML(qsizetype most, edit::Waiting& waiting);
     bool Make(FetchedText& fetched);
-    void ShowNotes(const exchange::MadeRows& made);
+    void ShowNotes(const MadeRows& made);
     Application& app_;
     QString quote_;
     bool activated_ = false;
 };
+
+} // namespace exchange

@@ -10,11 +10,9 @@
 #include "exchange/OpenMade.h"
 #include "platform/text/TextTools.h"
 
-namespace {
+namespace exchange {
 
-using exchange::Filling;
-using exchange::Quotes;
-using exchange::TextSample;
+namespace {
 
 constexpr std::size_t kSampleRows = 200;
 constexpr qint64 kFrontBytes = 4 << 20;
@@ -85,7 +83,7 @@ void frmImportTxt::ReadBeginning(const QString& name) {
     }
     file_ = name;
     complete_ = front.size() >= size;
-    front_ = complete_ ? front : exchange::WholeLines(front);
+    front_ = complete_ ? front : WholeLines(front);
     encoding_.clear();
     sample_ = text::Decode(front_);
     lblFile.SetCaption(name);
@@ -116,8 +114,8 @@ void frmImportTxt::cmbEnc_Click() {
 
 // --- the sample --------------------------------------------------------------------------------------------
 
-exchange::TextOptions frmImportTxt::Options() const {
-    exchange::TextOptions options;
+TextOptions frmImportTxt::Options() const {
+    TextOptions options;
     options.delimiter = delimiter.GetDelimiter();
     options.repair = chkRepair.Value() == 1;
     if (text::Trim(cmbQualifier.Text()).isEmpty())
@@ -133,7 +131,7 @@ void frmImportTxt::LoadTextToThisForm() {
     edit::Guarded(app_, QStringLiteral("frmImportTxt@LoadTextToThisForm"), [&] {
         if (file_.isEmpty())
             return;
-        TextSample sample = exchange::SampleOf(app_, sample_, Options(), kSampleRows);
+        TextSample sample = SampleOf(app_, sample_, Options(), kSampleRows);
         lblNote.SetCaption(Notes(sample).join(u'\n'));
         const int columns = static_cast<int>(sample.columns);
         const int fixed = chkFirst.Value() == 1 && !sample.rows.empty() ? 1 : 0;
@@ -143,15 +141,15 @@ void frmImportTxt::LoadTextToThisForm() {
 
 QStringList frmImportTxt::Notes(const TextSample& sample) const {
     QStringList notes;
-    const exchange::TextOptions options = Options();
+    const TextOptions options = Options();
     if (sample.rows.empty())
         notes << QStringLiteral("The file holds no rows.");
-    else if (const QString complaint = exchange::NameComplaint(app_, sample.names, options.filling);
+    else if (const QString complaint = NameComplaint(app_, sample.names, options.filling);
              !complaint.isEmpty())
         notes << complaint;
     if (encoding_.isEmpty() && !sample_.warning.isEmpty())
         notes << sample_.warning;
-    if (exchange::MixesLineEnds(sample_.form.lineEnds) && !options.repair)
+    if (MixesLineEnds(sample_.form.lineEnds) && !options.repair)
         notes << MixedNote();
     if (sample.unfinishedQuote && complete_)
         notes << QuoteNote(0);
@@ -175,7 +173,6 @@ std::optional<text::Decoded> frmImportTxt::ReadWhole(edit::Waiting& waiting) {
 
 // What the sample couldn't show, since it stands further down in the file.
 bool frmImportTxt::MayGoOn(const text::Decoded& whole, edit::Waiting& waiting) {
-    using exchange::MixesLineEnds;
     QStringList news;
     if (encoding_.isEmpty() && whole.warning != sample_.warning)
         news << whole.warning;
@@ -196,15 +193,15 @@ bool frmImportTxt::Make(FetchedText& fetched) {
     std::optional<text::Decoded> whole = ReadWhole(*waiting);
     if (!whole || !MayGoOn(*whole, *waiting))
         return false;
-    exchange::MadeText made = exchange::DocumentOf(app_, *whole, Options(), waiting->Step(kRead, kMade));
+    MadeText made = DocumentOf(app_, *whole, Options(), waiting->Step(kRead, kMade));
     whole.reset(); // of a large file this is much
     if (made.unfinishedQuote > 0 || made.leftOut.count > 0)
         waiting->Hide(); // boxes follow
     if (made.unfinishedQuote > 0)
         return Tell(QuoteNote(made.unfinishedQuote));
-    if (made.cancelled || !exchange::MayLeaveOut(app_, made.leftOut))
+    if (made.cancelled || !MayLeaveOut(app_, made.leftOut))
         return false;
-    return exchange::Prepare(app_, std::move(made.text), std::move(waiting), kMade, fetched);
+    return Prepare(app_, std::move(made.text), std::move(waiting), kMade, fetched);
 }
 
 void frmImportTxt::OKButton_Click() {
@@ -213,6 +210,8 @@ void frmImportTxt::OKButton_Click() {
         if (!Make(fetched))
             return;
         unloaded();
-        exchange::OpenMade(app_, fetched, exchange::Opens::XML);
+        OpenMade(app_, fetched, Opens::XML);
     });
 }
+
+} // namespace exchange

@@ -7,6 +7,8 @@
 #include "platform/controls/Controls.h"
 #include <optional>
 
+namespace exchange {
+
 /// The dialog that makes a document out of a delimited text file. It shows the beginning of the file as it
 /// would be taken apart; the whole file is read with OK.
 class frmImportTxt {
@@ -42,10 +44,10 @@ public:
     void CancelButton_Click() { unloaded(); }
 
 private:
-    exchange::TextOptions Options() const;
+    TextOptions Options() const;
     void ReadBeginning(const QString& name);
     void ShowEncoding(const QString& label);
-    QStringList Notes(const exchange::TextSample& sample) const;
+    QStringList Notes(const TextSample& sample) const;
     std::optional<text::Decoded> ReadWhole(edit::Waiting& waiting);
     bool MayGoOn(const text::Decoded& whole, edit::Waiting& waiting);
     bool Tell(const QString& text);
@@ -58,3 +60,5 @@ private:
     QString encoding_;      ///< as the user has it; empty: as found
     text::Decoded sample_;  ///< the beginning as text
 };
+
+} // namespace exchange

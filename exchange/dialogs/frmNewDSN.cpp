@@ -7,6 +7,8 @@
 #include "platform/text/TextTools.h"
 #include <algorithm>
 
+namespace exchange {
+
 namespace {
 
 using services::Answer;
@@ -43,9 +45,9 @@ void frmNewDSN::ShowDriver() {
     for (controls::TextBox* box : {&txtServer, &txtPort, &txtUser, &txtPassword})
         box->SetEnabled(!file);
     lblNote.SetCaption(
-        cmbDriver.Items().isEmpty() ? exchange::FailureText({services::DatabaseFailure::NoDriver,
-                                                             QStringLiteral("No driver is installed.")})
-        : file                      ? QString()
+        cmbDriver.Items().isEmpty()
+            ? FailureText({services::DatabaseFailure::NoDriver, QStringLiteral("No driver is installed.")})
+        : file ? QString()
                : QStringLiteral("The password is kept in the list of sources, readable for this user."));
 }
 
@@ -110,3 +112,5 @@ void frmNewDSN::OKButton_Click() {
         unloaded();
     });
 }
+
+} // namespace exchange

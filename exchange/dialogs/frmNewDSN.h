@@ -3,6 +3,8 @@
 #include "core/model/Application.h"
 #include "platform/controls/Controls.h"
 
+namespace exchange {
+
 /// The dialog that puts a data source into the user's own list: a file, or a database of a server.
 class frmNewDSN {
 public:
@@ -34,3 +36,5 @@ private:
     Application& app_;
     QString made_;
 };
+
+} // namespace exchange

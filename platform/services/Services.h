@@ -159,12 +159,20 @@ public:
     virtual int MillisecondOfHour() = 0; ///< minutes, seconds and milliseconds of the current hour
 };
 
+/// One thing in the forms in which programs take it. A form that is empty isn't offered.
+struct ClipboardContents {
+    QString text;
+    QString html = {}; ///< for programs that paste tables
+    QString xml = {};
+};
+
 /// The system's clipboard, as text.
 class Clipboard {
 public:
     virtual ~Clipboard() = default;
     virtual void Clear() = 0;
     virtual void SetText(const QString& text) = 0;
+    virtual void SetContents(const ClipboardContents& contents) { SetText(contents.text); }
     virtual QString GetText() = 0; ///< empty when it holds no text
     /// Whether it holds text, without fetching what another program may hold ready of it.
     virtual bool HasText() { return !GetText().isEmpty(); }

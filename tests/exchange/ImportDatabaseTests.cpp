@@ -16,16 +16,17 @@ protected:
     TestApp t;
     test::SqliteFile file;
 
-    int InImport(const std::function<void(frmImportDB&)>& act) {
-        return test::InDialog<frmImportDB>(t, t.frame().exchangeDialogs.importDBShown, "mnuTImpDbData", act);
+    int InImport(const std::function<void(exchange::frmImportDB&)>& act) {
+        return test::InDialog<exchange::frmImportDB>(t, t.frame().exchangeDialogs.importDBShown,
+                                                     "mnuTImpDbData", act);
     }
-    int InSchema(const std::function<void(frmCreateDBSchema&)>& act) {
-        return test::InDialog<frmCreateDBSchema>(t, t.frame().exchangeDialogs.createDBSchemaShown, "mnuSCds",
-                                                 act);
+    int InSchema(const std::function<void(exchange::frmCreateDBSchema&)>& act) {
+        return test::InDialog<exchange::frmCreateDBSchema>(t, t.frame().exchangeDialogs.createDBSchemaShown,
+                                                           "mnuSCds", act);
     }
     /// Makes a source for the file, as in the dialog for it.
-    void MakeSource(SourceChoice& source, const QString& name) {
-        source.newDSNShown.connect([&, name](frmNewDSN& form) {
+    void MakeSource(exchange::SourceChoice& source, const QString& name) {
+        source.newDSNShown.connect([&, name](exchange::frmNewDSN& form) {
             t.prompts.Choose(file.Path());
             form.cmdFile.Click();
             EXPECT_EQ(form.txtName.Text(), QStringLiteral("stock"));
@@ -42,7 +43,7 @@ protected:
 TEST_F(ImportDatabase, ATableBecomesADocument) {
     file.Run("create table T(a integer, b text); insert into T values(1, 'x'), (2, null); create view V as "
              "select 1;");
-    const int closed = InImport([&](frmImportDB& form) {
+    const int closed = InImport([&](exchange::frmImportDB& form) {
         form.Form_Activate();
         EXPECT_EQ(form.cmbEnc.Text(), QStringLiteral("UTF-8"));
         EXPECT_FALSE(form.OKButton.Enabled());
@@ -67,7 +68,7 @@ TEST_F(ImportDatabase, ATableBecomesADocument) {
 
 TEST_F(ImportDatabase, ADatabaseOfViewsOffersNoTable) {
     file.Run("create view V as select 1 as one");
-    InImport([&](frmImportDB& form) {
+    InImport([&](exchange::frmImportDB& form) {
         MakeSource(form.source, QStringLiteral("views"));
         EXPECT_TRUE(form.cmbTable.Items().isEmpty());
         EXPECT_EQ(form.txtSQL.Text(), QString());
@@ -80,7 +81,7 @@ TEST_F(ImportDatabase, ADatabaseOfViewsOffersNoTable) {
 
 TEST_F(ImportDatabase, StatementsThatFailOrChangeSayWhatHappenedAndChangeNothing) {
     file.Run("create table \"my table\"(a integer); insert into \"my table\" values(1);");
-    const int closed = InImport([&](frmImportDB& form) {
+    const int closed = InImport([&](exchange::frmImportDB& form) {
         MakeSource(form.source, QStringLiteral("stock"));
         EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from \"my table\""));
         const std::pair<const char*, const char*> cases[] = {
@@ -107,7 +108,7 @@ TEST_F(ImportDatabase, StatementsThatFailOrChangeSayWhatHappenedAndChangeNothing
 TEST_F(ImportDatabase, NamesThatWillNotParseAreToldAndCanBeRepaired) {
     file.Run("create table t(\"2 a\" integer, \"so \"\"b\"\"\" text, 价格 text); insert into t values(1, "
              "'x', 'y' || char(0) || 'z');");
-    InImport([&](frmImportDB& form) {
+    InImport([&](exchange::frmImportDB& form) {
         MakeSource(form.source, QStringLiteral("stock"));
         form.chkAttr.UserSet(true);
         form.cmdPre.Click();
@@ -122,7 +123,7 @@ TEST_F(ImportDatabase, NamesThatWillNotParseAreToldAndCanBeRepaired) {
 }
 
 TEST_F(ImportDatabase, ASourceThatIsNotThereIsToldWithTheDriversWords) {
-    InImport([&](frmImportDB& form) {
+    InImport([&](exchange::frmImportDB& form) {
         t.prompts.Answer(Answer::Ok);
         const std::string typed = "nothing.mdb";
         for (const char letter : typed) { // no message for each letter
@@ -145,7 +146,7 @@ TEST_F(ImportDatabase, AnAccessFileIsImportedAndDescribed) {
     const QString folder = qEnvironmentVariable("VANTREL_ACCESS_SAMPLES");
     if (folder.isEmpty())
         GTEST_SKIP() << "VANTREL_ACCESS_SAMPLES names no folder with Access files";
-    InImport([&](frmImportDB& form) {
+    InImport([&](exchange::frmImportDB& form) {
         t.prompts.Choose(folder + QStringLiteral("/dates.mdb"));
         form.source.cmdAccess.Click();
         EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from DateTest"));
@@ -154,7 +155,7 @@ TEST_F(ImportDatabase, AnAccessFileIsImportedAndDescribed) {
     });
     EXPECT_NE(test::TextOf(t).find("<row IDCol=\"1\" DateTimeCol=\"2021-12-02T00:00:00\""),
               std::string::npos);
-    InSchema([&](frmCreateDBSchema& form) {
+    InSchema([&](exchange::frmCreateDBSchema& form) {
         t.prompts.Choose(folder + QStringLiteral("/dates.mdb"));
         form.source.cmdAccess.Click();
         form.cmdPre.Click();
@@ -168,7 +169,7 @@ TEST_F(ImportDatabase, AnAccessFileIsImportedAndDescribed) {
 
 TEST_F(ImportDatabase, TablesBecomeASchema) {
     file.Run("create table T(a integer, b varchar(50)); create view V as select * from T;");
-    const int closed = InSchema([&](frmCreateDBSchema& form) {
+    const int closed = InSchema([&](exchange::frmCreateDBSchema& form) {
         MakeSource(form.source, QStringLiteral("stock"));
         form.cmdPre.Click();
         EXPECT_EQ(Plain(form.txtSample.Text()),
@@ -195,7 +196,7 @@ TEST_F(ImportDatabase, TablesBecomeASchema) {
 TEST_F(ImportDatabase, TheBoxDeclaresKeysAndMakesNamesValid) {
     file.Run("create table wine(\"wine no\" integer primary key, name text);"
              "create table sale(day date, wine integer references wine(\"wine no\"));");
-    InSchema([&](frmCreateDBSchema& form) {
+    InSchema([&](exchange::frmCreateDBSchema& form) {
         form.chkRepair.UserSet(true);
         MakeSource(form.source, QStringLiteral("stock"));
         form.cmdPre.Click();
@@ -212,7 +213,7 @@ TEST_F(ImportDatabase, TheBoxDeclaresKeysAndMakesNamesValid) {
 }
 
 TEST_F(ImportDatabase, AnEmptyDatabaseGivesASchemaOfItsRootAlone) {
-    InSchema([&](frmCreateDBSchema& form) {
+    InSchema([&](exchange::frmCreateDBSchema& form) {
         MakeSource(form.source, QStringLiteral("stock"));
         form.cmdPre.Click();
         EXPECT_EQ(Plain(form.txtSample.Text()),
@@ -222,11 +223,11 @@ TEST_F(ImportDatabase, AnEmptyDatabaseGivesASchemaOfItsRootAlone) {
 }
 
 TEST_F(ImportDatabase, ASourceIsReplacedOnlyWithConsent) {
-    InSchema([&](frmCreateDBSchema& form) {
+    InSchema([&](exchange::frmCreateDBSchema& form) {
         MakeSource(form.source, QStringLiteral("stock"));
         t.prompts.Answer({Answer::No, Answer::Ok});
         form.source.newDSNShown.disconnectAll();
-        form.source.newDSNShown.connect([&](frmNewDSN& dialog) {
+        form.source.newDSNShown.connect([&](exchange::frmNewDSN& dialog) {
             dialog.txtName.UserTyped(QStringLiteral("stock"));
             dialog.txtDatabase.UserTyped(file.Path());
             dialog.OKButton.Click();

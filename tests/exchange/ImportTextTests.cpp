@@ -14,23 +14,23 @@ protected:
     TestApp t;
 
     /// Opens a file in the dialog, sets options by `act`, and presses OK.
-    int Import(const QByteArray& bytes, const std::function<void(frmImportTxt&)>& act = {}) {
+    int Import(const QByteArray& bytes, const std::function<void(exchange::frmImportTxt&)>& act = {}) {
         t.prompts.Choose(t.folder.Write(QStringLiteral("stock.csv"), bytes));
-        return test::InDialog<frmImportTxt>(t, t.frame().exchangeDialogs.importTxtShown, "mnuTImpText",
-                                            [&](frmImportTxt& form) {
-                                                form.cmdOpenFile.Click();
-                                                if (act)
-                                                    act(form);
-                                                form.OKButton.Click();
-                                            });
+        return test::InDialog<exchange::frmImportTxt>(t, t.frame().exchangeDialogs.importTxtShown,
+                                                      "mnuTImpText", [&](exchange::frmImportTxt& form) {
+                                                          form.cmdOpenFile.Click();
+                                                          if (act)
+                                                              act(form);
+                                                          form.OKButton.Click();
+                                                      });
     }
-    static void Attributes(frmImportTxt& form) { form.chkUseAttr.UserSet(true); }
-    static void Named(frmImportTxt& form) { form.chkFirst.UserSet(true); }
-    static void Both(frmImportTxt& form) {
+    static void Attributes(exchange::frmImportTxt& form) { form.chkUseAttr.UserSet(true); }
+    static void Named(exchange::frmImportTxt& form) { form.chkFirst.UserSet(true); }
+    static void Both(exchange::frmImportTxt& form) {
         Attributes(form);
         Named(form);
     }
-    static void Repaired(frmImportTxt& form) {
+    static void Repaired(exchange::frmImportTxt& form) {
         Both(form);
         form.chkRepair.UserSet(true);
     }
@@ -75,12 +75,12 @@ TEST_F(ImportText, QuotesBlankLinesAndShortRows) {
         Import(text, Attributes);
         EXPECT_EQ(Rows(), rows) << text;
     }
-    Import("'a,b'\n", [](frmImportTxt& form) {
+    Import("'a,b'\n", [](exchange::frmImportTxt& form) {
         Attributes(form);
         form.cmbQualifier.UserChose(1);
     });
     EXPECT_EQ(Rows(), "<row field1=\"&apos;a\" field2=\"b&apos;\" />");
-    Import("\"a,b\"\n", [](frmImportTxt& form) {
+    Import("\"a,b\"\n", [](exchange::frmImportTxt& form) {
         Attributes(form);
         form.cmbQualifier.UserChose(2);
     });
@@ -92,7 +92,7 @@ TEST_F(ImportText, EveryDelimiterParts) {
         {0, "a\tb"}, {1, "a;b"}, {2, "a,b"}, {3, "a b"}, {4, "a||b"}};
     for (const auto& [option, text] : cases) {
         int focused = 0;
-        Import(text, [&, which = static_cast<std::size_t>(option)](frmImportTxt& form) {
+        Import(text, [&, which = static_cast<std::size_t>(option)](exchange::frmImportTxt& form) {
             Attributes(form);
             form.delimiter.txtOther.focusRequested.connect([&] { ++focused; });
             form.delimiter.optChoose[which].UserChose();
@@ -105,7 +105,7 @@ TEST_F(ImportText, EveryDelimiterParts) {
 }
 
 TEST_F(ImportText, NamesComeFromTheFirstRow) {
-    Import("first name,,field1,\n1,2,3,4,5\n", [](frmImportTxt& form) {
+    Import("first name,,field1,\n1,2,3,4,5\n", [](exchange::frmImportTxt& form) {
         Named(form);
         EXPECT_EQ(form.grdSample.FixedRows(), 1);
         EXPECT_EQ(form.grdSample.TextMatrix(0, 0), QStringLiteral("first name"));
@@ -127,8 +127,8 @@ TEST_F(ImportText, TheDialogNamesTheFieldThatWillNotParse) {
     t.prompts.AllowAnyBox();
     for (const auto& [text, attributes, note] : cases) {
         t.prompts.Choose(t.folder.Write(QStringLiteral("stock.csv"), text));
-        test::InDialog<frmImportTxt>(
-            t, t.frame().exchangeDialogs.importTxtShown, "mnuTImpText", [&](frmImportTxt& form) {
+        test::InDialog<exchange::frmImportTxt>(
+            t, t.frame().exchangeDialogs.importTxtShown, "mnuTImpText", [&](exchange::frmImportTxt& form) {
                 form.cmdOpenFile.Click();
                 Named(form);
                 form.chkUseAttr.UserSet(attributes);
@@ -157,7 +157,7 @@ TEST_F(ImportText, LineEndsOfOneKindPartTheLines) {
         Import(text, Attributes);
         EXPECT_EQ(QString::fromStdString(Rows()).count(QStringLiteral("<row")), rows) << text;
     }
-    Import("1\n2\r\n3\r4", [](frmImportTxt& form) {
+    Import("1\n2\r\n3\r4", [](exchange::frmImportTxt& form) {
         Attributes(form);
         EXPECT_TRUE(form.lblNote.Caption().contains(QStringLiteral("mixes its line ends")));
     });
@@ -175,7 +175,7 @@ TEST_F(ImportText, TheEncodingIsFoundAndCanBeChanged) {
         EXPECT_EQ(Rows(), "<row field1=\"赤ワイン\" field2=\"1\" />");
     }
     const QByteArray gb2312("\xBE\xC6,1\n"); // 酒
-    Import(gb2312, [&](frmImportTxt& form) {
+    Import(gb2312, [&](exchange::frmImportTxt& form) {
         Attributes(form);
         EXPECT_FALSE(form.lblNote.Caption().isEmpty());
         t.prompts.Answer(Answer::Ok);
@@ -193,7 +193,7 @@ TEST_F(ImportText, TheBeginningIsShownAtOnceAndTheWholeFileComes) {
     for (int i = 0; i < 400000; ++i)
         bytes += QByteArray::number(i) + ",plain text\n";
     bytes += "last,a,\"wider, row\"\n";
-    Import(bytes, [](frmImportTxt& form) {
+    Import(bytes, [](exchange::frmImportTxt& form) {
         Attributes(form);
         EXPECT_EQ(form.grdSample.Rows(), 200);
         EXPECT_EQ(form.grdSample.Cols(), 2);
@@ -225,22 +225,23 @@ TEST_F(ImportText, WhatXmlCanNotHoldIsLeftOutOnlyWithConsent) {
 TEST_F(ImportText, BadFilesAreToldAndLeaveTheDialogAsItWas) {
     const QString good = t.folder.Write(QStringLiteral("good.csv"), "1,2,3\n");
     const QString gone = t.folder.Path(QStringLiteral("gone.csv"));
-    test::InDialog<
-        frmImportTxt>(t, t.frame().exchangeDialogs.importTxtShown, "mnuTImpText", [&](frmImportTxt& form) {
-        t.prompts.Answer({Answer::Ok, Answer::Ok, Answer::Ok, Answer::Ok});
-        form.OKButton.Click();
-        EXPECT_EQ(t.prompts.boxes.back().text, QStringLiteral("No text file is chosen."));
-        for (const QString& name : {good, gone, t.folder.Path(), QString(), QStringLiteral("/dev/null")}) {
-            t.prompts.Choose(name);
-            form.cmdOpenFile.Click();
-            EXPECT_EQ(form.grdSample.Cols(), 3);
-            EXPECT_EQ(form.lblFile.Caption(), good);
-        }
-        EXPECT_EQ(t.prompts.boxes[1].text, QStringLiteral("Can not find ") + gone);
-        form.CancelButton.Click();
-    });
+    test::InDialog<exchange::frmImportTxt>(
+        t, t.frame().exchangeDialogs.importTxtShown, "mnuTImpText", [&](exchange::frmImportTxt& form) {
+            t.prompts.Answer({Answer::Ok, Answer::Ok, Answer::Ok, Answer::Ok});
+            form.OKButton.Click();
+            EXPECT_EQ(t.prompts.boxes.back().text, QStringLiteral("No text file is chosen."));
+            for (const QString& name :
+                 {good, gone, t.folder.Path(), QString(), QStringLiteral("/dev/null")}) {
+                t.prompts.Choose(name);
+                form.cmdOpenFile.Click();
+                EXPECT_EQ(form.grdSample.Cols(), 3);
+                EXPECT_EQ(form.lblFile.Caption(), good);
+            }
+            EXPECT_EQ(t.prompts.boxes[1].text, QStringLiteral("Can not find ") + gone);
+            form.CancelButton.Click();
+        });
     EXPECT_EQ(t.frame().FormCount(), 0);
-    Import("  \n\n   ", [](frmImportTxt& form) { EXPECT_EQ(form.grdSample.Rows(), 0); });
+    Import("  \n\n   ", [](exchange::frmImportTxt& form) { EXPECT_EQ(form.grdSample.Rows(), 0); });
     EXPECT_EQ(test::TextOf(t), "<data>\n</data>");
 }
 
@@ -248,13 +249,13 @@ TEST_F(ImportText, VeryWideAndVeryLongLinesComeWhole) {
     QByteArray wide;
     for (int i = 0; i < 5000; ++i)
         wide += QByteArray::number(i) + ',';
-    Import(wide + "end\n", [](frmImportTxt& form) {
+    Import(wide + "end\n", [](exchange::frmImportTxt& form) {
         Attributes(form);
         EXPECT_EQ(form.grdSample.Cols(), 5001);
     });
     EXPECT_NE(test::TextOf(t).find("field5001=\"end\""), std::string::npos);
     const QByteArray line(6 << 20, 'x');
-    Import(line, [](frmImportTxt& form) { EXPECT_EQ(form.grdSample.Rows(), 1); });
+    Import(line, [](exchange::frmImportTxt& form) { EXPECT_EQ(form.grdSample.Rows(), 1); });
     EXPECT_EQ(t.window().rtxtXML.Text().count(u'x'), line.size());
 }
 

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "table/PastedBlock.h"
+#include "core/model/Attributes.h"
+#include "core/model/Escaping.h"
+#include "core/model/NodeContent.h"
+#include "platform/xml/ParsedDocument.h"
+
+namespace table {
+
+namespace {
+
+const QString kNodeText = QStringLiteral("Node Text");
+
+bool Load(xml::ParsedDocument& document, const QString& text) {
+    return document.loadXML(QStringLiteral("<temp>") + text + QStringLiteral("</temp>"));
+}
+
+// An element without a text says nothing of one.
+PastedBlock::Row RowOf(xml::Node element) {
+    const m_tvXML::Attributes attributes(m_tvXML::GenerateAttributeString(element));
+    PastedBlock::Row row{attributes.names(), {}};
+    for (qsizetype i = 0; i < attributes.count(); ++i)
+        row.values << attributes.value(i);
+    if (const QString content = m_tvXML::GetXmlNodeAllNodeText(element); !content.isEmpty()) {
+        row.names << kNodeText;
+        row.values << mXMLEdit::convertStringToXML(content);
+    }
+    return row;
+}
+
+/// Elements side by side; nothing for a text with anything else in it.
+std::vector<PastedBlock::Row> RowsOf(xml::Node temp) {
+    std::vector<PastedBlock::Row> rows;
+    for (xml::Node node = temp.firstChild(); node; node = node.nextSibling()) {
+        if (node.nodeType() == xml::TEXT || node.nodeType() == xml::CDATA_SECTION)
+            return {};
+        if (node.nodeType() == xml::ELEMENT)
+            rows.push_back(RowOf(node));
+    }
+    return rows;
+}
+
+/// Lines with tabs between their values, as other programs write tables: a value with a line end, a tab or a
+/// quote in it stands in quotes, its own ones doubled.
+class LineReader {
+public:
+    explicit LineReader(QStringView lines) : lines_(lines) {}
+
+    std::vector<PastedBlock::Row> read() {
+        std::vector<PastedBlock::Row> rows;
+        while (at_ < lines_.size()) {
+            PastedBlock::Row& row = rows.emplace_back();
+            while (true) {
+                row.values << value();
+                if (here() != u'\t')
+                    break;
+                ++at_;
+            }
+            if (here() == u'\r')
+                ++at_;
+            if (here() == u'\n')
+                ++at_;
+        }
+        return rows;
+    }
+
+private:
+    QChar here() const { return at_ < lines_.size() ? lines_[at_] : QChar(); }
+    bool endsAt(qsizetype at) const {
+        return at >= lines_.size() || QStringView(u"\t\r\n").contains(lines_[at]);
+    }
+
+    QString value() {
+        if (here() == u'"') {
+            if (const qsizetype end = closingQuote(); end > 0) {
+                const QString quoted = lines_.sliced(at_ + 1, end - at_ - 1).toString();
+                at_ = end + 1;
+                return QString(quoted).replace(QStringLiteral("\"\""), QStringLiteral("\""));
+            }
+        }
+        const qsizetype start = at_;
+        while (!endsAt(at_))
+            ++at_;
+        return lines_.sliced(start, at_ - start).toString();
+    }
+    /// The quote that ends a value; 0 where the text isn't written so.
+    qsizetype closingQuote() const {
+        for (qsizetype at = lines_.indexOf(u'"', at_ + 1); at >= 0; at = lines_.indexOf(u'"', at + 2)) {
+            if (at + 1 >= lines_.size() || lines_[at + 1] != u'"')
+                return endsAt(at + 1) ? at : 0;
+        }
+        return 0;
+    }
+
+    QStringView lines_;
+    qsizetype at_ = 0;
+};
+
+bool LooksLikeXml(const QString& text) {
+    return QStringView(text).trimmed().startsWith(u'<');
+}
+
+} // namespace
+
+bool IsXml(const QString& text) {
+    xml::ParsedDocument document;
+    return LooksLikeXml(text) && Load(document, text) && document.documentElement().firstChild();
+}
+
+PastedBlock BlockOf(const QString& text) {
+    if (LooksLikeXml(text)) {
+        xml::ParsedDocument document;
+        if (Load(document, text)) {
+            if (std::vector<PastedBlock::Row> rows = RowsOf(document.documentElement()); !rows.empty())
+                return {std::move(rows), true};
+        }
+        return {{{{}, {text}}}, false};
+    }
+    if (text.isEmpty())
+        return {};
+    return {LineReader(text).read(), false};
+}
+
+} // namespace table

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "table/TableClipboard.h"
+#include "core/edit/Transaction.h"
+#include "core/edit/View.h"
+#include "core/model/NodeKind.h"
+#include "nodes/KeepCopy.h"
+#include "nodes/PasteNodes.h"
+#include "table/DeleteCells.h"
+#include "table/EditorPlace.h"
+#include "table/GridCells.h"
+#include "table/PasteCells.h"
+#include "table/TableText.h"
+
+namespace table {
+
+namespace {
+
+using controls::FlexGrid;
+using controls::TreeNode;
+
+// Programs that take tables take no more cells than these; the text is there all the same.
+constexpr qint64 kMostHtmlCells = 1'000'000;
+
+QString HtmlOf(DocumentWindow& window, const FlexGrid& grid) {
+    const controls::GridRange range = SelectedData(window, grid);
+    const qint64 cells = qint64(range.height()) * range.width();
+    return cells > kMostHtmlCells ? QString() : CopyTableAsHTML(window, grid);
+}
+
+// Beside the root element there is no room for another row.
+TreeNode TakesRows(TreeNode row) {
+    const TreeNode parent = row.Parent();
+    return m_tvXML::IsTreeRoot(parent) ? row : parent;
+}
+
+void PasteInto(DocumentWindow& window, FlexGrid& grid, const QString& text) {
+    const bool cells = HaveCellSelected(grid);
+    const TreeNode row = ElementAt(window, grid, grid.Row());
+    if (HaveLinesSelected(grid) && row && IsXml(text))
+        nodes::PasteXMLText(window, text, TakesRows(row), false);
+    else if (cells)
+        PasteCellAtTableView(window, grid, BlockOf(text));
+    else
+        nodes::PasteXMLText(window, text, window.tvXML.SelectedItem(), false);
+}
+
+} // namespace
+
+bool CopyAtTableView(DocumentWindow& window) {
+    return edit::Guarded(window, "CopyAtTableView", [&] {
+        if (const controls::TextBox* cell = OpenTableCell(window)) {
+            window.app.services.clipboard.SetText(cell->Text().mid(cell->SelStart(), cell->SelLength()));
+            return true;
+        }
+        FlexGrid* grid = CurrentGrid(window);
+        const QString text = grid ? GetTableViewText(window, *grid) : QString();
+        if (text.isEmpty()) {
+            nodes::SayNothingCopied(window.app);
+            return false;
+        }
+        nodes::KeepCopy(window, edit::kViewTable, GetTableViewLineKey(*grid),
+                        {.text = text, .html = HtmlOf(window, *grid), .xml = text});
+        edit::DoTree(window);
+        return true;
+    });
+}
+
+void CutAtTableView(DocumentWindow& window) {
+    if (CopyAtTableView(window))
+        DeleteAtTableView(window);
+}
+
+void PasteAtTableView(DocumentWindow& window) {
+    const QString text = window.app.services.clipboard.GetText();
+    if (text.isEmpty())
+        return;
+    if (controls::TextBox* cell = OpenTableCell(window))
+        cell->SetSelText(text);
+    else if (FlexGrid* grid = CurrentGrid(window))
+        edit::Run(window, "PasteAtTableView", [&] { PasteInto(window, *grid, text); });
+}
+
+void DeleteAtTableView(DocumentWindow& window) {
+    FlexGrid* grid = CurrentGrid(window);
+    if (!grid)
+        return;
+    if (HaveLinesSelected(*grid))
+        DeleteLinesAtTableView(window, *grid);
+    else if (HaveColsSelected(*grid))
+        DeleteColsAtTableView(window, *grid);
+    else
+        DeleteCellsAtTableView(window, *grid);
+}
+
+void SelectAllAtTableView(DocumentWindow& window) {
+    FlexGrid* grid = CurrentGrid(window);
+    const auto table = grid ? TableIn(window, *grid) : nullptr;
+    if (table)
+        grid->Select(1, Columns::kFirst, table->lastRow(), table->textColumn());
+}
+
+void CopyTableAsHTMLText(DocumentWindow& window) {
+    edit::Guarded(window, "CopyTableAsHTML", [&] {
+        if (const FlexGrid* grid = CurrentGrid(window)) {
+            const QString html = CopyTableAsHTML(window, *grid);
+            window.app.services.clipboard.SetContents({.text = html, .html = html});
+        }
+    });
+}
+
+} // namespace table
