@@ -68,7 +68,7 @@ QString StringColumn(const DatabaseColumn& column, const QString& kind, const QS
     };
     if (repair && column.size <= 0) // of any length
         return line(0, QStringLiteral("<xsd:%1 name=\"%2\" type=\"xsd:string\"/>").arg(kind, column.name));
-    // The blank stands for the positive sign; who reads these schemas expects it.
+    // The blank stands for the positive sign; readers of these schemas expect it (quirk 102).
     const QString length = (repair ? QString() : QStringLiteral(" ")) + QString::number(column.size);
     return line(0, QStringLiteral("<xsd:%1 name=\"").arg(kind) + column.name + QStringLiteral("\">")) +
            line(1, QStringLiteral("<xsd:simpleType>")) +

@@ -57,7 +57,7 @@ qsizetype FieldSplitter::EndOfPlain(QStringView line, qsizetype from) const {
     return from;
 }
 
-// Pairs are looked for from the left and count as one character wherever they stand.
+// Pairs are looked for from the left and count as one character wherever they stand (quirk 90).
 void FieldSplitter::WalkLine(QStringView line) {
     for (qsizetype at = 0; at < line.size();) {
         const qsizetype end = EndOfPlain(line, at);

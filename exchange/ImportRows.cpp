@@ -65,6 +65,7 @@ MadeRows RowsOf(Application& app, const RowsQuery& query, const edit::WaitStep& 
         services::Databases().Open(query.connection, step, made.result);
     if (!database)
         return made;
+    // What the statement changes doesn't last (quirk 98).
     const bool guarded = static_cast<bool>(database->BeginTransaction());
     Read(app, *database, query, step, made);
     if (guarded)

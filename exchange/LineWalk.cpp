@@ -6,7 +6,7 @@ namespace exchange {
 
 namespace {
 
-// The kinds are numbered in the order in which they are looked for.
+// The kinds are numbered in the order in which they are looked for (quirk 104).
 text::LineEnd SeparatorOf(const text::LineEnds& ends) {
     return ends.each.empty() ? ends.common : *std::min_element(ends.each.begin(), ends.each.end());
 }

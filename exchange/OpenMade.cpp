@@ -9,6 +9,7 @@ namespace {
 constexpr int kParsed = 750; // thousandths of the work; filling the tree is the rest
 }
 
+// Quirk 103.
 bool MayLeaveOut(Application& app, const LeftOut& leftOut) {
     if (leftOut.count == 0)
         return true;

@@ -21,7 +21,7 @@ RowsXml::RowsXml(const std::vector<QString>& names, Filling filling) : filling_(
         behind_.push_back(attributes ? QStringLiteral("\" ")
                                      : QStringLiteral("</") + name + QStringLiteral(">\r\n"));
     }
-    for (char16_t unit = 0; unit < kAscii; ++unit) {
+    for (char16_t unit = 0; unit < kAscii; ++unit) { // quirk 93
         const QString one = mXMLEdit::convertStringToXML(QString(QChar(unit)));
         QString& form = written_[unit];
         if (attributes)

@@ -37,7 +37,7 @@ public:
     void GetOneTableResText(const ElementTable& table) {
         const int first = options_.i_bIncludeNameFirst ? 0 : 1;
         if (!options_.i_bIsAttr) {
-            if (table.rowCount() < 3)
+            if (table.rowCount() < 3) // quirk 97
                 out_.text += table.text(1, table.textColumn());
             return;
         }
@@ -79,7 +79,7 @@ private:
         return child ? m_tvXML::FirstElement(child) : TreeNode();
     }
 
-    // A cell keeps its place only behind the first that isn't empty.
+    // A cell keeps its place only behind the first that isn't empty (quirk 96).
     void AppendRow(const ElementTable& table, int row) {
         const qsizetype from = out_.text.size();
         const int last = table.columnCount() - 1;
@@ -153,14 +153,14 @@ TextOut GetTreeNodeResText(DocumentWindow& window, const TextOutOptions& options
     Writer writer(options, step);
     if (window.tvXML.Nodes.Count() < 2 || window.tvXML.Nodes(1).Children() == 0)
         return writer.take();
-    const TreeNode start = StartNode(window, options.i_bIsSelectedNode);
-    if (const auto table = ShowTables(window, start))
+    if (const auto table = ShowTables(window, StartNode(window, options.i_bIsSelectedNode)))
         writer.GetOneTableResText(*table);
     if (options.i_iDepthType == 1 && options.i_iDepth < 2)
         return writer.take();
     const int levels = options.i_iDepthType == 0 ? kAllLevels : options.i_iDepth - 1;
     QString header, line;
-    writer.GetAllChildResText(start, levels, header, line);
+    // The table view stands on an element, also where the document begins with its declaration (quirk 95).
+    writer.GetAllChildResText(window.tvXML.SelectedItem(), levels, header, line);
     if (!options.i_bIsAttr && options.i_bIncludeNameFirst)
         writer.text() += kEnd + header + kEnd + line;
     return writer.take();

@@ -53,6 +53,7 @@ void SourceChoice::Access(bool typed) {
                !typed || mXMLEdit::FileExist(app_, path));
 }
 
+// What isn't complete is being typed (quirk 99).
 void SourceChoice::Choose(const QString& connection, bool complete) {
     connection_ = connection;
     if (complete && std::exchange(told_, connection) != connection)

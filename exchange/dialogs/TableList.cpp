@@ -24,7 +24,7 @@ TableList TablesOf(Application& app, const QString& connection) {
     return list;
 }
 
-// Words with letters of their own kind in one case are safe in every database.
+// Quirk 100.
 QString NameInStatement(const QString& name, const QString& quote) {
     const bool plain = !name.isEmpty() && !name[0].isDigit() &&
                        std::all_of(name.begin(), name.end(),

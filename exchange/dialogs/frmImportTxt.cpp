@@ -118,7 +118,7 @@ TextOptions frmImportTxt::Options() const {
     TextOptions options;
     options.delimiter = delimiter.GetDelimiter();
     options.repair = chkRepair.Value() == 1;
-    if (text::Trim(cmbQualifier.Text()).isEmpty())
+    if (text::Trim(cmbQualifier.Text()).isEmpty()) // quirk 91
         options.quotes = Quotes::None;
     else
         options.quotes = options.repair ? Quotes::OfField : Quotes::OfLine;

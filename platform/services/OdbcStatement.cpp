@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/services/Odbc.h"
+#include <algorithm>
 
 namespace services::odbc {
 
@@ -7,30 +8,68 @@ namespace {
 
 constexpr SQLULEN kShortText = 4000; // units; drivers take longer ones as a type of their own
 
+struct Parameter {
+    SQLSMALLINT type = SQL_WVARCHAR; ///< of the column that it goes into, where the driver tells
+    SQLULEN size = 0;
+    SQLSMALLINT digits = 0;
+};
+
+bool IsText(SQLSMALLINT type) {
+    constexpr SQLSMALLINT kTexts[] = {SQL_CHAR,  SQL_VARCHAR,  SQL_LONGVARCHAR,
+                                      SQL_WCHAR, SQL_WVARCHAR, SQL_WLONGVARCHAR};
+    return std::find(std::begin(kTexts), std::end(kTexts), type) != std::end(kTexts);
+}
+
+std::vector<Parameter> Describe(const Session& session, SQLHSTMT handle) {
+    SQLSMALLINT count = 0;
+    SQLNumParams(handle, &count);
+    std::vector<Parameter> parameters(static_cast<std::size_t>(std::max<SQLSMALLINT>(count, 0)));
+    if (session.sqlite) // takes any value anywhere
+        return parameters;
+    SQLUSMALLINT number = 0;
+    for (Parameter& parameter : parameters) {
+        Parameter told;
+        SQLSMALLINT nullable = 0;
+        if (Good(SQLDescribeParam(handle, ++number, &told.type, &told.size, &told.digits, &nullable)))
+            parameter = told;
+    }
+    return parameters;
+}
+
+SQLRETURN Bind(SQLHSTMT handle, SQLUSMALLINT number, Parameter parameter, QString& value, SQLLEN& length) {
+    const auto bytes = static_cast<SQLLEN>(value.size() * 2);
+    length = value.isNull() ? SQL_NULL_DATA : bytes;
+    if (IsText(parameter.type)) {
+        parameter.size = static_cast<SQLULEN>(std::max<qsizetype>(value.size(), 1));
+        parameter.type = parameter.size > kShortText ? SQL_WLONGVARCHAR : SQL_WVARCHAR;
+    } else if (parameter.type == SQL_TYPE_TIMESTAMP) {
+        value.replace(u'T', u' ');
+    }
+    return SQLBindParameter(handle, number, SQL_PARAM_INPUT, SQL_C_WCHAR, parameter.type, parameter.size,
+                            parameter.digits, value.data(), bytes, &length);
+}
+
 class OdbcStatement : public DatabaseStatement {
 public:
-    OdbcStatement(std::shared_ptr<Statement> statement, int parameters)
-        : statement_(std::move(statement)), parameters_(parameters) {}
+    OdbcStatement(std::shared_ptr<Statement> statement, std::vector<Parameter> parameters)
+        : statement_(std::move(statement)), parameters_(std::move(parameters)) {}
 
-    int Parameters() const override { return parameters_; }
+    int Parameters() const override { return static_cast<int>(parameters_.size()); }
 
     DatabaseResult Run(const std::vector<QString>& values) override {
-        const auto bound = std::make_shared<std::vector<QString>>(values);
         return Blocking(statement_->session, statement_->handle, 0,
-                        [statement = statement_, bound] { return Execute(statement->handle, *bound); });
+                        [statement = statement_, parameters = parameters_,
+                         bound = std::vector<QString>(values)]() mutable {
+                            return Execute(statement->handle, parameters, bound);
+                        });
     }
 
 private:
-    static DatabaseResult Execute(SQLHSTMT handle, std::vector<QString>& values) {
+    static DatabaseResult Execute(SQLHSTMT handle, const std::vector<Parameter>& parameters,
+                                  std::vector<QString>& values) {
         std::vector<SQLLEN> lengths(values.size());
         for (std::size_t i = 0; i < values.size(); ++i) {
-            QString& value = values[i];
-            const auto bytes = static_cast<SQLLEN>(value.size() * 2);
-            lengths[i] = value.isNull() ? SQL_NULL_DATA : bytes;
-            const auto units = static_cast<SQLULEN>(std::max<qsizetype>(value.size(), 1));
-            const SQLSMALLINT type = units > kShortText ? SQL_WLONGVARCHAR : SQL_WVARCHAR;
-            if (!Good(SQLBindParameter(handle, static_cast<SQLUSMALLINT>(i + 1), SQL_PARAM_INPUT, SQL_C_WCHAR,
-                                       type, units, 0, value.data(), bytes, &lengths[i])))
+            if (!Good(Bind(handle, static_cast<SQLUSMALLINT>(i + 1), parameters[i], values[i], lengths[i])))
                 return Complaint(SQL_HANDLE_STMT, handle);
         }
         const SQLRETURN code = SQLExecute(handle);
@@ -42,7 +81,7 @@ private:
     }
 
     std::shared_ptr<Statement> statement_;
-    int parameters_;
+    std::vector<Parameter> parameters_;
 };
 
 } // namespace
@@ -50,15 +89,15 @@ private:
 std::unique_ptr<DatabaseStatement> PrepareStatement(const std::shared_ptr<Session>& session,
                                                     const QString& sql, DatabaseResult& result) {
     const auto statement = std::make_shared<Statement>(session);
-    const auto count = std::make_shared<SQLSMALLINT>(0);
-    result = Blocking(session, statement->handle, kListSeconds, [statement, count, sql] {
+    const auto parameters = std::make_shared<std::vector<Parameter>>();
+    result = Blocking(session, statement->handle, kListSeconds, [statement, parameters, sql] {
         Wide text(sql);
-        return Good(SQLPrepareW(statement->handle, text.data(), static_cast<SQLINTEGER>(sql.size()))) &&
-                       Good(SQLNumParams(statement->handle, count.get()))
-                   ? DatabaseResult()
-                   : Complaint(SQL_HANDLE_STMT, statement->handle);
+        if (!Good(SQLPrepareW(statement->handle, text.data(), static_cast<SQLINTEGER>(sql.size()))))
+            return Complaint(SQL_HANDLE_STMT, statement->handle);
+        *parameters = Describe(*statement->session, statement->handle);
+        return DatabaseResult();
     });
-    return result ? std::make_unique<OdbcStatement>(statement, *count) : nullptr;
+    return result ? std::make_unique<OdbcStatement>(statement, *parameters) : nullptr;
 }
 
 } // namespace services::odbc

@@ -99,4 +99,12 @@ QString PostgresServer::Connection(const QString& password) const {
         .arg(password);
 }
 
+std::vector<std::pair<QString, QString>> PostgresServer::Settings() const {
+    return {{QStringLiteral("Servername"), QStringLiteral("127.0.0.1")},
+            {QStringLiteral("Port"), QString::number(port_)},
+            {QStringLiteral("Database"), QStringLiteral("postgres")},
+            {QStringLiteral("Username"), QStringLiteral("owner")},
+            {QStringLiteral("Password"), QStringLiteral("secret")}};
+}
+
 } // namespace test

@@ -2,6 +2,8 @@
 #pragma once
 #include "tests/support/TempFolder.h"
 #include <QProcess>
+#include <utility>
+#include <vector>
 
 namespace test {
 
@@ -16,6 +18,9 @@ public:
     bool IsRunning() const { return whyNot_.isEmpty(); }
     const QString& WhyNot() const { return whyNot_; }
     QString Connection(const QString& password = QStringLiteral("secret")) const;
+
+    /// The same as a source's settings.
+    std::vector<std::pair<QString, QString>> Settings() const;
 
 private:
     void Start(const QString& programs);
