@@ -5,7 +5,7 @@
 
 namespace nodes {
 
-// The selection goes to the neighbour (quirk 58).
+// The selection goes to the neighbour (quirk 56).
 void DeleteTreeNode(DocumentWindow& window, controls::TreeNode node) {
     const controls::TreeNode gone = node ? node : window.tvXML.SelectedItem();
     if (!gone || m_tvXML::IsTreeRoot(gone))

@@ -104,7 +104,7 @@ void txtListView_Change(DocumentWindow& window) {
                               item.SmallIcon == m_tvXML::kAttribute ? 1 : m_tvXML::kAnyNumber);
 }
 
-// What was refused stays as it was typed, and the box has the keys again (quirk 61).
+// What was refused stays as it was typed, and the box has the keys again (quirk 59).
 void txtListView_LostFocus(DocumentWindow& window) {
     ListState& state = ListOf(window);
     if (!state.mbIsEditValue)

@@ -203,7 +203,7 @@ void txtListView_KeyDown(DocumentWindow& window, int& key, int modifiers) {
         if (row < window.ListView1.Count())
             GoOnWith(window, row + 1);
         break;
-    case Qt::Key_Tab: // quirk 62
+    case Qt::Key_Tab: // quirk 60
     case Qt::Key_Backtab:
         GoToNextCell(window, shift || key == Qt::Key_Backtab);
         break;

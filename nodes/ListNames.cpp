@@ -50,7 +50,7 @@ bool RenameAttribute(DocumentWindow& window, const controls::ListItem& item, con
 /// What became of a name.
 enum class Naming { GivenUp, Taken, Refused };
 
-// A name that was refused stays in its editor (quirk 61). One that was emptied is given up; a new element
+// A name that was refused stays in its editor (quirk 59). One that was emptied is given up; a new element
 // can't go without.
 Naming RenameRow(DocumentWindow& window, int row, QString& name) {
     const controls::ListItem item = window.ListView1.Item(row);

@@ -59,7 +59,7 @@ void NewTreeNode(DocumentWindow& window) {
 void NewTreeSubNode(DocumentWindow& window) {
     AddNewTreeSubNode(window);
 }
-// Into an element that is selected (quirk 59).
+// Into an element that is selected (quirk 57).
 void NewTreeNodeText(DocumentWindow& window) {
     AddNewTreeNodeText(window, false, m_tvXML::IsElement(window.tvXML.SelectedItem()));
 }

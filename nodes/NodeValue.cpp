@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/NodeValue.h"
+#include "core/edit/Report.h"
 #include "core/edit/Validate.h"
 #include "core/model/NodeContent.h"
 #include "nodes/NewNode.h"
@@ -14,6 +15,15 @@ using controls::TreeNode;
 QString OwnerName(TreeNode node) {
     const TreeNode owner = node.Parent();
     return owner && !m_tvXML::IsTreeRoot(owner) ? owner.Text() : QString();
+}
+
+// What is written anew leaves a section out, and its value with it.
+void RefuseSection(Application& app) {
+    const QString why =
+        QStringLiteral("A CDATA section can only be changed in the text view: the text that is "
+                       "written from the tree leaves it out.");
+    edit::Message(app, why);
+    app.services.prompts.MsgBox(why, services::Buttons::Ok, services::Icon::Exclamation);
 }
 
 } // namespace
@@ -46,6 +56,9 @@ std::optional<QString> TakeValue(Application& app, int kind, TreeNode node, cons
         return edit::TakeNodeAttributeValue(app, value, node.Text(), attribute);
     case m_tvXML::kText:
         return edit::TakeNodeText(app, value, OwnerName(node));
+    case m_tvXML::kCData:
+        RefuseSection(app);
+        return {};
     default: {
         const QString probe = ValueProbe(kind, node, value, attribute);
         return probe.isEmpty() || edit::PassesProbe(app, probe) ? std::optional(value) : std::nullopt;

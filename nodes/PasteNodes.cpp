@@ -95,10 +95,8 @@ mXMLEdit::Parsed ConvertStringToXMLNode(Application& app, const QString& text) {
 }
 
 std::optional<Attributes> AttributesOf(const QString& text) {
-    xml::ParsedDocument document;
-    if (!document.loadXML(m_tvXML::NodeAttributesProbe(text, QStringLiteral("temp"))))
-        return {};
-    return Attributes(m_tvXML::GenerateAttributeString(document.documentElement()));
+    const std::optional<QString> read = m_tvXML::ReadAttributes(text);
+    return read ? std::optional<Attributes>(*read) : std::nullopt;
 }
 
 bool AddAttributes(DocumentWindow& window, TreeNode element, const QString& attributes) {

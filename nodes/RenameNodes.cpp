@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/RenameNodes.h"
+#include "core/edit/Report.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
+#include "core/model/Frame.h"
 #include "core/model/NodeKind.h"
 #include "nodes/Adding.h"
 #include "nodes/DocumentName.h"
@@ -43,19 +45,28 @@ void tvXMLAfterLabelEdit(DocumentWindow& window, TreeNode node, bool& cancel, QS
             if (cancel && text::Trim(newString).size() > 1) // it was worth a word
                 window.tvXML.KeepLabelEdit();
             newString = node.Text();
-        } else if (!edit::ValidateNodeName(window.app, newString)) {
+            return;
+        }
+        if (!edit::ValidateNodeName(window.app, newString)) {
             if (!newString.isEmpty())
-                window.tvXML.KeepLabelEdit();      // quirk 61
+                window.tvXML.KeepLabelEdit();      // quirk 59
             newString = QStringLiteral("Unnamed"); // quirk 1
         }
+        // The control writes the name itself, before the edit that follows it.
+        cancel = newString != node.Text() && !edit::MayChangeNodes(window);
     });
 }
 
+// The text with the name in place of a wrong one parses, and the complaint would be gone.
 void tvXML_LabelEdited(DocumentWindow& window) {
+    const QString complaint = window.app.frame().StatusBar1().Panel(1);
+    const bool kept = window.tvXML.LabelKept();
     edit::Run(window, "tvXML_LabelEdited", [&] {
-        if (!window.tvXML.LabelKept())
+        if (!kept)
             EndAdding(window);
     });
+    if (kept)
+        edit::Message(window.app, complaint);
 }
 
 void tvXML_LabelGivenUp(DocumentWindow& window, TreeNode node) {

@@ -116,7 +116,7 @@ void AddAllPropertiesToListView(DocumentWindow& window, TreeNode node) {
     case m_tvXML::kComment:
         own(QStringLiteral("comment"));
         break;
-    default: // no box: the user walks on (quirk 63)
+    default: // no box: the user walks on (quirk 61)
         edit::Message(window.app, QStringLiteral("This version can not support this xml node type"));
     }
 }

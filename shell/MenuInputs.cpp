@@ -17,7 +17,7 @@ bool TakesAnyText(MenuSituation situation) {
 }
 
 // A node has been copied in this program, even if its document has been closed since, or XML in another
-// (quirk 64).
+// (quirk 62).
 bool CanPaste(DocumentWindow& window, MenuSituation situation, bool editsCell) {
     if (!edit::LastCopy(window.app).copiedText.isEmpty())
         return true;

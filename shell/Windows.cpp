@@ -73,7 +73,8 @@ void Windows::NewFile(const WindowKind& kind, const FetchedText& text, const QSt
         name = QStringLiteral("new%1%2").arg(++newDocuments_).arg(kind.extension);
     else if (HaveSameNameForm(fileName, true))
         return;
-    LeaveActiveForm();
+    if (!LeaveActiveForm())
+        return;
     const QString before = std::exchange(app_.CurrentFileName, name);
     DocumentWindow* window = nullptr;
     // A window that didn't come about goes again, and the one before it is in hand as if nothing had been
@@ -106,7 +107,7 @@ void Windows::OpenNamed(const QString& name) {
     });
 }
 
-// Two windows on one file would save over each other, so that spellings don't count (quirk 42). The exact
+// Two windows on one file would save over each other, so that spellings don't count (quirk 41). The exact
 // name comes first: it costs no look at the disk.
 DocumentWindow* Windows::FormNamed(const QString& name) const {
     if (DocumentWindow* window = list_.Named(name))
@@ -138,18 +139,21 @@ void Windows::ShowForm(DocumentWindow& window) {
 
 // The message on the document in hand doesn't stay for the next one. A text that was typed reaches its tree
 // before another document is in hand, since the tree's root takes the name in hand; what that has to say is
-// still to be read.
-void Windows::LeaveActiveForm() {
+// still to be read. A name or value that is refused keeps its document in hand.
+bool Windows::LeaveActiveForm() {
     app_.frame().StatusBar1().SetPanel(1, {});
     DocumentWindow* active = ActiveForm();
-    if (!active)
-        return;
-    nodes::FinishEdits(*active);
-    if (!active->bond.bTextChanged())
-        return;
+    if (active && !nodes::FinishEdits(*active)) {
+        app_.CurrentFileName = active->Caption;
+        activeFormChanged(active); // the skin may show another one already
+        return false;
+    }
+    if (!active || !active->bond.bTextChanged())
+        return true;
     const QString name = std::exchange(app_.CurrentFileName, active->Caption);
     edit::Run(*active, "LeaveTextView", [&] { active->way->read(*active); });
     app_.CurrentFileName = name;
+    return true;
 }
 
 void Windows::AnnounceActive() {
@@ -163,9 +167,8 @@ void Windows::AnnounceActive() {
 }
 
 void Windows::ActivateForm(DocumentWindow* window) {
-    if (!window || window == ActiveForm())
+    if (!window || window == ActiveForm() || !LeaveActiveForm())
         return;
-    LeaveActiveForm();
     list_.BringToFront(*window);
     AnnounceActive();
 }
@@ -184,7 +187,8 @@ void Windows::Turn(void (WindowList::*turn)()) {
             ShowForm(*active);
         return;
     }
-    LeaveActiveForm();
+    if (!LeaveActiveForm())
+        return;
     (list_.*turn)();
     AnnounceActive();
 }
@@ -197,7 +201,7 @@ bool Windows::CloseForm(DocumentWindow* window) {
     if (!window || window->bUnloading)
         return false;
     ActivateForm(window);
-    if (!dialogs_.NodeInHandIsWritten(*window) || !window::Form_Unload(*window))
+    if (window != ActiveForm() || !dialogs_.NodeInHandIsWritten(*window) || !window::Form_Unload(*window))
         return false;
     Forget(*window);
     app_.frame().StatusBar1().SetPanel(1, {}); // it was about the window that is gone

@@ -43,7 +43,7 @@ private:
     DocumentWindow& MakeForm(const WindowKind& kind, const QString& name);
     void FillForm(DocumentWindow& window, const FetchedText& text);
     void ShowForm(DocumentWindow& window); ///< to the front, and restored when it is minimised
-    void LeaveActiveForm();
+    bool LeaveActiveForm();                ///< false where what is typed there was refused: it stays in hand
     void Turn(void (WindowList::*turn)()); ///< leaves the active window and shows the one in front then
     void AnnounceActive();                 ///< Form_Activate of the window in front, then activeFormChanged
     void Forget(DocumentWindow& window);

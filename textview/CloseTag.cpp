@@ -94,9 +94,10 @@ void TellPlace(DocumentWindow& window) {
 // The tree follows a text that has the end tag. One that the user keeps although it doesn't parse still waits
 // to be read.
 template <typename PutBack> void ReadWithTag(DocumentWindow& window, qsizetype caret, PutBack putBack) {
-    const text::LongText text = window.TextInUse().Long();
-    if (XMLToTree(window, text, m_tvXML::GetNodeNumByTextPosition(text, caret)).good()) {
-        window.bond.msLastParsedText = window.TextInUse().Long();
+    const controls::RichTextBox& pane = window.TextInUse();
+    const long number = m_tvXML::GetNodeNumByTextPosition(pane.Long(), caret);
+    if (XMLToTree(window, pane.Plain(), number).good()) {
+        window.bond.msLastParsedText = pane.Plain();
     } else {
         window.bond.move(BondMove::TextEdited);
         putBack(); // from the fault, which has been told

@@ -2,10 +2,12 @@
 #include "textview/FillText.h"
 #include "platform/text/TextTools.h"
 #include "textview/Colour.h"
+#include "textview/ColourRtf.h"
 #include "textview/KeptPlaces.h"
 #include "textview/TextState.h"
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <tuple>
 
 namespace textview {
 
@@ -13,6 +15,19 @@ namespace {
 
 controls::RichTextBox& OtherPane(DocumentWindow& window) {
     return window.brtxtXML2Focus ? window.rtxtXML : window.rtxtXML2;
+}
+
+// Where blanks stand in `shown` that aren't in `plain`.
+std::vector<qsizetype> BlanksPutIn(const QString& plain, const QString& shown) {
+    std::vector<qsizetype> blanks;
+    const QChar* rest = plain.cbegin();
+    for (const QChar* at = shown.cbegin(); at != shown.cend(); ++at) {
+        std::tie(rest, at) = std::mismatch(rest, plain.cend(), at, shown.cend());
+        if (at == shown.cend())
+            break;
+        blanks.push_back(at - shown.cbegin());
+    }
+    return blanks;
 }
 
 } // namespace
@@ -65,14 +80,24 @@ void SetRichText(DocumentWindow& window, const text::LongText& text) {
     SetTreeXMLColor(window);
 }
 
+void ColourWhole(Application& app, controls::RichTextBox& pane, int level) {
+    const text::LongText plain = pane.Plain();
+    if (level >= kNoColours)
+        return;
+    setRichTextXMLColor(app, pane, level);
+    const bool same = pane.Long().size() == plain.size();
+    pane.SetFillers(same ? std::vector<qsizetype>() : BlanksPutIn(plain.toString(), pane.Text()));
+}
+
 void SetTreeXMLColor(DocumentWindow& window) {
-    setRichTextXMLColor(window.app, window.TextInUse(), StateOf(window).miTextSizeLevel);
+    ColourWhole(window.app, window.TextInUse(), StateOf(window).miTextSizeLevel);
     OtherPane(window).SetContent(window.TextInUse().Content());
 }
 
 void TakeColours(controls::RichTextBox& pane, const controls::RichTextBox& from) {
     if (pane.Runs() != from.Runs())
         pane.SetColours(0, pane.Long().size(), from.Runs());
+    pane.SetFillers(from.Fillers());
 }
 
 // Coloured aside: in the pane each character would be selected for a moment, and be shown.

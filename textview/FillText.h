@@ -36,9 +36,12 @@ void BringPanesTogether(DocumentWindow& window);
 /// Replaces the text in both panes and colours it; no undo step.
 void SetRichText(DocumentWindow& window, const text::LongText& text); ///< CR LF line ends
 void SetRichText(DocumentWindow& window, const QString& text);
+/// Colours a pane by a level. The blanks that this shows behind the openers of comments are its fillers: they
+/// are no part of the document.
+void ColourWhole(Application& app, controls::RichTextBox& pane, int level);
 /// Colours the pane in use and copies its content to the other one.
 void SetTreeXMLColor(DocumentWindow& window);
-/// Gives a pane the colours of another one with the same text.
+/// Gives a pane the colours and fillers of another one with the same text.
 void TakeColours(controls::RichTextBox& pane, const controls::RichTextBox& from);
 /// The colours that a text takes where it is put in, as SetSeltextColor gives them, counted from its start;
 /// `around` is the colour there. A text too long for that has none.

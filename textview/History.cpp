@@ -28,7 +28,7 @@ controls::RichContent Coloured(DocumentWindow& window, const text::LongText& tex
     const int level = GetTextSizeLevel(text.size());
     controls::RichTextBox aside;
     aside.SetText(text);
-    setRichTextXMLColor(window.app, aside, level);
+    ColourWhole(window.app, aside, level);
     StateOf(window).miTextSizeLevel = level;
     return aside.Content();
 }
@@ -49,7 +49,7 @@ void ChangeText(DocumentWindow& window, const text::LongText& newText, const con
     const controls::RichContent fresh = Coloured(window, newText); // may put blanks in
     SetContentInPlace(window, fresh);
     // Colouring may bring the text back to what it was: that is no step.
-    if (!(fresh.text == oldRTF.text))
+    if (!(fresh.text == oldRTF.text) || fresh.fillers != oldRTF.fillers)
         AddWholeStep(window, oldRTF, fresh);
 }
 

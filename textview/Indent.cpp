@@ -40,38 +40,46 @@ Lines SelectedLines(const RichTextBox& richText) {
     return lines;
 }
 
-/// A stretch with its colours.
+/// A stretch with its colours and fillers.
 struct Stretch {
     QString text;
     std::vector<controls::ColourRun> runs;
+    std::vector<qsizetype> fillers;
 
     bool Replace(const QString& find, const QString& replace) {
         const std::vector<qsizetype> places = text::PlacesOf(find, text);
         text = text::WithReplacements(text, places, find.size(), replace);
-        runs = controls::MovedRuns(runs, places, find.size(), replace.size());
+        Move(places, find.size(), replace.size());
         return !places.empty();
     }
     void PutTabInFront() {
         text.prepend(u'\t');
-        runs = controls::MovedRuns(runs, {0}, 0, 1);
+        Move({0}, 0, 1);
     }
     bool TakeTabFromFront() {
         if (!text.startsWith(u'\t'))
             return false;
         text.remove(0, 1);
-        runs = controls::MovedRuns(runs, {0}, 1, 0);
+        Move({0}, 1, 0);
         return true;
+    }
+
+private:
+    void Move(const std::vector<qsizetype>& places, qsizetype removed, qsizetype added) {
+        runs = controls::MovedRuns(runs, places, removed, added);
+        fillers = controls::MovedFillers(fillers, places, removed, added);
     }
 };
 
 Stretch Between(const RichTextBox& richText, qsizetype start, qsizetype end) {
-    return {richText.Long().mid(start, end - start), controls::RunsOf(richText.Runs(), start, end - start)};
+    return {richText.Long().mid(start, end - start), controls::RunsOf(richText.Runs(), start, end - start),
+            controls::FillersOf(richText.Fillers(), start, end - start)};
 }
 
 void Write(RichTextBox& richText, qsizetype start, qsizetype end, const Stretch& fresh) {
     richText.SetSelStart(start);
     richText.SetSelLength(end - start);
-    richText.SetSelContent(fresh.text, fresh.runs);
+    richText.SetSelContent(fresh.text, fresh.runs, fresh.fillers);
 }
 
 void WriteLines(RichTextBox& richText, const Lines& lines, const Stretch& fresh) {

@@ -9,7 +9,7 @@ namespace textview {
 
 /// Without a selection a tab takes the caret's place; with one each of its lines gets a tab in front.
 void RTabKey(controls::RichTextBox& richText);
-/// Each line of the selection that has one loses a tab: what RTabKey did is taken back (quirk 53). Without a
+/// Each line of the selection that has one loses a tab: what RTabKey did is taken back (quirk 52). Without a
 /// selection the line of the caret loses its tab, unless it is the first.
 void DecreaseIndent(controls::RichTextBox& richText);
 

@@ -96,6 +96,7 @@ UndoRecord StepBetween(const TextStatus& now, const TextStatus& old) {
         return WholeTextStep(now, old);
     if (record.DelText.size() > kLongestColoured)
         record.DelColours = controls::RunsOf(old.Content.runs, record.DelPos, record.DelText.size());
+    record.DelFillers = controls::FillersOf(old.Content.fillers, record.DelPos, record.DelText.size());
     return record;
 }
 

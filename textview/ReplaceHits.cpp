@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/ReplaceHits.h"
+#include "platform/controls/ColourRuns.h"
 #include "platform/text/TextTools.h"
 #include "textview/FillText.h"
 #include "textview/History.h"
@@ -123,6 +124,7 @@ qsizetype ReplaceHits(DocumentWindow& window, controls::RichTextBox& target,
         {}};
     StateOf(window).miTextSizeLevel = GetTextSizeLevel(after.text.size());
     after.runs = Recolouring(window.app, target, replacement).Runs(places, length, hits == places);
+    after.fillers = controls::MovedFillers(before.fillers, places, length, replacement.size());
     AddWholeStep(window, before, after);
     const qsizetype added = replacement.size();
     const auto where = [&](qsizetype place) { return Moved(place, places, length, added); };

@@ -17,7 +17,7 @@ std::vector<qsizetype> HitsUp(const controls::RichTextBox& target, const QString
                               const QString& replacement, const FindOptions& options);
 
 /// Replaces the hits, `length` units each, in both panes of the window, as if one were replaced after the
-/// other, but as one undo step (quirk 51). `hits` are as the two routines above give them, not none. Selects
+/// other, but as one undo step (quirk 50). `hits` are as the two routines above give them, not none. Selects
 /// the last replacement in `target` and gives its place.
 qsizetype ReplaceHits(DocumentWindow& window, controls::RichTextBox& target,
                       const std::vector<qsizetype>& hits, qsizetype length, const QString& replacement);

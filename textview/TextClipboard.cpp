@@ -12,7 +12,7 @@ void RichTextCopy(DocumentWindow& window) {
         window.app.services.clipboard.SetText(window.TextInUse().SelText());
 }
 
-// What is marked wasn't selected by the user, and stays (quirk 49).
+// What is marked wasn't selected by the user, and stays (quirk 48).
 void RichTextCut(DocumentWindow& window) {
     if (window.TextInUse().EndMark())
         return;

@@ -70,7 +70,7 @@ constexpr ControlKey kControlKeys[] = {
     {Qt::Key_Y, rRedo, rRedo},
     {Qt::Key_Home, GoToStart, nullptr},
     {Qt::Key_End, GoToEnd, nullptr},
-    {Qt::Key_Insert, CopyText, EditNode}, // quirk 54
+    {Qt::Key_Insert, CopyText, EditNode}, // quirk 53
 };
 
 bool RunControlKey(DocumentWindow& window, int key, bool shift) {

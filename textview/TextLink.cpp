@@ -19,10 +19,11 @@ using controls::TreeNode;
 constexpr qsizetype kJumpBeyond = 800;
 
 void BuildTreeFromText(DocumentWindow& window) {
-    const text::LongText text = window.TextInUse().Long();
-    XMLToTree(window, text, m_tvXML::GetNodeNumByTextPosition(text, window.TextInUse().SelStart()));
+    const controls::RichTextBox& pane = window.TextInUse();
+    const text::LongText text = pane.Plain();
+    XMLToTree(window, text, m_tvXML::GetNodeNumByTextPosition(pane.Long(), pane.SelStart()));
     // Whether it parsed or not: leaving the same bad text again is quiet.
-    if (window.TextInUse().Long() == text)
+    if (pane.Plain() == text)
         window.bond.msLastParsedText = text;
 }
 
@@ -36,7 +37,7 @@ void LeaveTextView(DocumentWindow& window) try {
     if (window.tmText.Enabled())
         return FollowSteps(window);
     BringPanesTogether(window);
-    if (window.TextInUse().Long() == window.bond.msLastParsedText)
+    if (window.TextInUse().Plain() == window.bond.msLastParsedText)
         window.bond.move(BondMove::TextTakenBack);
     else
         BuildTreeFromText(window);
@@ -49,7 +50,7 @@ void LeaveTextView(DocumentWindow& window) try {
 bool ReadEditedText(DocumentWindow& window) {
     if (!window.bond.bTextChanged())
         return true;
-    const bool told = window.TextInUse().Long() == window.bond.msLastParsedText; // of this very text, before
+    const bool told = window.TextInUse().Plain() == window.bond.msLastParsedText; // of this very text, before
     LeaveTextView(window);
     return told || !window.bond.refused();
 }

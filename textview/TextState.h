@@ -18,6 +18,7 @@ struct UndoRecord {
     std::shared_ptr<const controls::RichContent> OldRTF, NewRTF;
     /// Colours of DelText and InsText where these are too long to be coloured when they come back.
     std::vector<controls::ColourRun> DelColours, InsColours;
+    std::vector<qsizetype> DelFillers; ///< of DelText, counted from its start; what is put in has none
 };
 
 /// How a text pane stood at a moment: what SelText was is the stretch of the text from SelStart on.

@@ -12,22 +12,21 @@ namespace textview {
 namespace {
 
 const text::LongText& Text(const DocumentWindow& window) {
-    return window.rtxtXML.Long();
+    return window.rtxtXML.Plain();
 }
 
 // A window that is loaded again may hold a text that was never read: it belonged to another document.
 void ForgetDocument(DocumentWindow& window) {
     window.bond.move(BondMove::TextRead);
     window.bond.treeRevision = window.tvXML.Revision();
+    window.bond.losses = {};
+    window.bond.rewriting = Rewriting::Unasked;
 }
 
-// The tree from a text that the panes have.
+// The tree from a text that the panes have, which isn't written anew, whichever view shows (quirk 42).
 void ReadFetched(DocumentWindow& window, const FetchedText& fetched) {
-    // Colouring may have put blanks in; which line end is whose is told by the text as it was before an edit.
-    if (!window.fileForm.lineEnds.each.empty())
-        window.fileForm.lineEnds.loadedText = window.rtxtXML.Long();
-    XMLToTree(window, fetched, 0);
-    window.bond.msLastParsedText = window.rtxtXML.Long();
+    XMLToTree(window, fetched, 0, Afterwards::KeepText);
+    window.bond.msLastParsedText = Text(window);
 }
 
 // A window that merely comes to the front keeps its text (quirk 17).
@@ -50,16 +49,17 @@ void BeginFromTree(DocumentWindow& window) {
     BeginHistory(window);
 }
 
-// The current node stays by its number, since the keys are new; the root has none of its own.
+// The current node stays by its number, since the keys are new; the root has none of its own. The text is
+// that of the file by now, and stays so.
 void Replace(DocumentWindow& window, const QString& text) {
-    ChangeText(window, text::LongText::Like(text, window.rtxtXML.Long()), window.TextInUse().Content());
+    ChangeText(window, text::LongText::Like(text, Text(window)), window.TextInUse().Content());
     const controls::TreeNode selected = window.tvXML.SelectedItem();
     const long number = m_tvXML::GetBeforeNodeNumber(window.app, selected);
     const bool root = m_tvXML::IsTreeRoot(selected);
-    XMLToTree(window, text, number, edit::Tone::Quiet);
+    XMLToTree(window, text, number, Afterwards::KeepText, edit::Tone::Quiet);
     if (root)
         window.tvXML.SetSelectedItem(window.tvXML.Nodes(1));
-    window.bond.msLastParsedText = window.rtxtXML.Long();
+    window.bond.msLastParsedText = Text(window);
 }
 
 } // namespace

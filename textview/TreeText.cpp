@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/TreeText.h"
+#include "core/edit/Rewriting.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/View.h"
 #include "core/model/DomToTree.h"
@@ -30,13 +31,16 @@ void SeeToDefaultTree(DocumentWindow& window) {
         root.SetText(window.app.CurrentFileName);
 }
 
-// The view's text may have blanks that the colouring put in: then the place is another one there.
-xml::ParseError ErrorAsShown(const DocumentWindow& window, const LongText& text,
-                             const xml::ParseError& error) {
-    if (window.rtxtXML.Long() == text)
+// The report tells the place in the document; the blanks that the view shows beside that move it.
+std::optional<xml::ParseError> ErrorAsShown(const DocumentWindow& window, const mXMLEdit::Parsed& parsed) {
+    std::optional<xml::ParseError> error = parsed.error();
+    const controls::RichTextBox& pane = window.rtxtXML;
+    if (!error || error->filepos <= 0 || pane.Fillers().empty())
         return error;
-    xml::ParsedDocument shown;
-    return shown.loadXML(window.rtxtXML.Long()) ? error : shown.parseError();
+    const qsizetype place = pane.ShownPlace(error->filepos - 1);
+    error->filepos = static_cast<int>(place + 1);
+    error->linepos = static_cast<int>(place - pane.Long().lineStart(pane.Long().lineOf(place)) + 1);
+    return error;
 }
 
 // The bad text is shown as it came, the tree stays.
@@ -49,10 +53,8 @@ void ShowBadText(DocumentWindow& window, const LongText& text, const mXMLEdit::P
         SetTreeXMLColor(window);
     }
     edit::ShowView(window, edit::kTextTab);
-    if (const auto error = parsed.error())
-        edit::Then(window, [&window, error = ErrorAsShown(window, text, *error)] {
-            edit::PointToErrorPos(window.app, error);
-        });
+    if (const auto error = ErrorAsShown(window, parsed))
+        edit::Then(window, [&window, error = *error] { edit::PointToErrorPos(window.app, error); });
 }
 
 void SelectByNumber(DocumentWindow& window, long number) {
@@ -63,34 +65,36 @@ void SelectByNumber(DocumentWindow& window, long number) {
         node.SetExpanded(true);
 }
 
-void CountAsRead(DocumentWindow& window) {
+void CountAsRead(DocumentWindow& window, const xml::Losses& losses) {
     window.bond.move(BondMove::TextRead);
     window.bond.treeRevision = window.tvXML.Revision();
+    window.bond.losses = losses;
 }
 
-void TakeDocument(DocumentWindow& window, const xml::ParsedDocument& document, long selectNumber) {
+void TakeDocument(DocumentWindow& window, const xml::ParsedDocument& document, long selectNumber,
+                  Afterwards afterwards) {
+    const bool anew = afterwards == Afterwards::WriteAnew && edit::Shows(window, edit::kTextTab) &&
+                      edit::MayRewrite(window, document.losses(), edit::EditOf::Text);
     m_tvXML::FillTree(window.app, window.tvXML, document);
-    CountAsRead(window);
-    // What is being loaded stays as its file has it (quirk 43).
-    const bool edited = window.bLoaded && edit::Shows(window, edit::kTextTab);
-    if (edited || window.rtxtXML.Long().isEmpty())
+    CountAsRead(window, document.losses());
+    if (anew || window.rtxtXML.Long().isEmpty())
         TreeChangeTextView(window);
     SelectByNumber(window, selectNumber);
 }
 
 mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long selectNumber,
-                          edit::Tone tone) {
+                          Afterwards afterwards, edit::Tone tone) {
     auto brokenOff = qScopeGuard([&window] { window.bond.move(BondMove::TextEdited); }); // to be read again
     window.bond.move(BondMove::TextRefused); // until it is in the tree
     if (text.text.holdsOnly(u" ")) {
         m_tvXML::AddTreeRoot(window.app, window.tvXML, false);
-        CountAsRead(window);
+        CountAsRead(window, {});
         brokenOff.dismiss();
         return {};
     }
     mXMLEdit::Parsed parsed = edit::LoadXMLDocFromString(window.app, text, tone);
     if (parsed.good())
-        TakeDocument(window, *parsed.document, selectNumber);
+        TakeDocument(window, *parsed.document, selectNumber, afterwards);
     else
         ShowBadText(window, text.text, parsed);
     brokenOff.dismiss();
@@ -99,7 +103,7 @@ mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long 
 
 // --- tree to text ------------------------------------------------------------------------------------------
 
-// A new document begins without a root element: that is no error to tell the user of (quirk 45).
+// A new document begins without a root element: that is no error to tell the user of (quirk 44).
 bool IsJustBegun(const DocumentWindow& window) {
     return window.bond.msOpenText.isEmpty() && !m_tvXML::HaveElementNodeAtXMLRootLevel(window.tvXML);
 }
@@ -115,10 +119,11 @@ void WriteTreeAsText(DocumentWindow& window) {
         // stands. With a large one that would hold up each command for a second or more: saving tries it.
         window.bond.untried = xml.size() > kTriedAtOnce || IsJustBegun(window);
         const bool valid = !window.bond.untried && edit::ValidateXML(window.app, xml, edit::Tone::Quiet);
-        if ((valid || !xml.holdsOnly(u" ")) && !(target.Long() == xml))
+        if ((valid || !xml.holdsOnly(u" ")) && !(target.Plain() == xml))
             ChangeText(window, xml, target.Content());
     }
-    window.bond.msLastParsedText = target.Long(); // now the two say the same
+    window.bond.msLastParsedText = target.Plain(); // now the two say the same
+    window.bond.losses = {};
 }
 
 void SayTextGaveWay(DocumentWindow& window) {
@@ -131,9 +136,9 @@ void SayTextGaveWay(DocumentWindow& window) {
 } // namespace
 
 mXMLEdit::Parsed XMLToTree(DocumentWindow& window, const FetchedText& text, long selectNumber,
-                           edit::Tone tone) {
+                           Afterwards afterwards, edit::Tone tone) {
     return edit::Run(window, QStringLiteral("m_tvXML@XMLToTree"),
-                     [&] { return ReadText(window, text, selectNumber, tone); });
+                     [&] { return ReadText(window, text, selectNumber, afterwards, tone); });
 }
 
 // A text that didn't parse gives way to the tree like any other. It holds work that the tree never got, so
@@ -141,11 +146,11 @@ mXMLEdit::Parsed XMLToTree(DocumentWindow& window, const FetchedText& text, long
 void TreeChangeTextView(DocumentWindow& window) {
     ++window.app.work.texts;
     Bond& bond = window.bond;
-    const LongText before = window.TextInUse().Long();
+    const LongText before = window.TextInUse().Plain();
     const bool unread = bond.refused() || (bond.bTextChanged() && !(before == bond.msLastParsedText));
     WriteTreeAsText(window);
     bond.move(BondMove::TextWritten);
-    if (unread && !(window.TextInUse().Long() == before))
+    if (unread && !(window.TextInUse().Plain() == before))
         SayTextGaveWay(window);
 }
 

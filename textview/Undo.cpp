@@ -12,6 +12,7 @@
 #include "textview/TreeText.h"
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <vector>
 
 namespace textview {
 
@@ -28,6 +29,7 @@ struct Side {
     qsizetype position;
     const QString& text;
     std::vector<controls::ColourRun>& colours;
+    const std::vector<qsizetype>& fillers;
 };
 
 // A text that was loaded past the history may lack what the step would take away: other text must not go in
@@ -39,6 +41,7 @@ void Exchange(Application& app, RichTextBox& pane, const Side& take, const Side&
         take.colours = controls::RunsOf(pane.Runs(), take.position, take.text.size());
     RDelete(pane, take.position, take.text);
     RInsert(app, pane, put.position, put.text, put.colours);
+    pane.AddFillers(put.position, put.fillers);
     pane.SetSelStart(pane.SelStart() + pane.SelLength());
 }
 
@@ -59,8 +62,9 @@ void ApplyToText(DocumentWindow& window, UndoRecord& record, Way way) {
     if (record.WholeText)
         return SetContentInPlace(window, way == Way::Back ? *record.OldRTF : *record.NewRTF);
     const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);
-    const Side deleted{record.DelPos, record.DelText, record.DelColours},
-        inserted{record.InsPos, record.InsText, record.InsColours};
+    static const std::vector<qsizetype> none;
+    const Side deleted{record.DelPos, record.DelText, record.DelColours, record.DelFillers},
+        inserted{record.InsPos, record.InsText, record.InsColours, none};
     for (RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2}) {
         const auto exchange = pane == &window.TextInUse() ? Exchange : ExchangeInPlace;
         if (way == Way::Back)
@@ -85,9 +89,9 @@ void StepInText(DocumentWindow& window, Way way) {
 // A text on the way between two states that parse often doesn't: the status bar tells, a box at each step
 // would not be wanted.
 mXMLEdit::Parsed BuildTree(DocumentWindow& window) {
-    const text::LongText text = window.TextInUse().Long();
-    mXMLEdit::Parsed parsed = XMLToTree(window, text, 0, edit::Tone::Quiet);
-    window.bond.msLastParsedText = window.TextInUse().Long();
+    const text::LongText text = window.TextInUse().Plain();
+    mXMLEdit::Parsed parsed = XMLToTree(window, text, 0, Afterwards::KeepText, edit::Tone::Quiet);
+    window.bond.msLastParsedText = text;
     return parsed;
 }
 
@@ -103,24 +107,49 @@ QString PathInHand(DocumentWindow& window) {
     return lost ? state.lostPath : text::Trim(window.txtXPath.Text());
 }
 
-// The node that was current stays so. Where the step took it away, its path is kept for the step that brings
-// it back.
-void KeepCurrentNode(DocumentWindow& window, const xml::ParsedDocument& document, const QString& path) {
+/// Where a node stands, by the rows on the way down to it.
+using Rows = std::vector<int>;
+
+Rows RowsOf(controls::TreeNode node) {
+    Rows rows;
+    for (; node && node.Parent(); node = node.Parent())
+        rows.push_back(node.Row());
+    std::reverse(rows.begin(), rows.end());
+    return rows;
+}
+
+// The node there, else what stands in its place: the last one of the family, or the parent.
+controls::TreeNode NodeAt(const controls::TreeView& tree, const Rows& rows) {
+    controls::TreeNode node = tree.Nodes.Count() > 0 ? tree.Nodes(1) : controls::TreeNode();
+    for (const int row : rows) {
+        if (node.Children() == 0)
+            break;
+        node = tree.ChildAt(node, std::min(row, node.Children() - 1));
+    }
+    return node;
+}
+
+// The node that was current stays so. Where the step took it away, or gave it another name, what stands in
+// its place is current, and its path is kept for the step that brings it back.
+void KeepCurrentNode(DocumentWindow& window, const xml::ParsedDocument& document, const QString& path,
+                     const Rows& rows) {
     TextState& state = StateOf(window);
     state.placeTakenBy.clear();
     if (path.isEmpty() || edit::SelectTreeNodeByXPath(window, document, path))
         return;
+    edit::SelectNode(window, NodeAt(window.tvXML, rows));
     state.lostPath = path;
     state.placeTakenBy = CurrentKey(window);
 }
 
 void Follow(DocumentWindow& window) {
-    if (window.TextInUse().Long() == window.bond.msLastParsedText)
+    if (window.TextInUse().Plain() == window.bond.msLastParsedText)
         return window.bond.move(BondMove::TextTakenBack);
     const PaneSelections selections(window);
+    const Rows rows = RowsOf(window.tvXML.SelectedItem());
     const mXMLEdit::Parsed parsed = BuildTree(window);
     if (parsed.good())
-        return KeepCurrentNode(window, *parsed.document, StateOf(window).pathInHand);
+        return KeepCurrentNode(window, *parsed.document, StateOf(window).pathInHand, rows);
     // A text that doesn't parse comes to the front with its error selected: the user's place counts.
     edit::Then(window, [&window, selections] {
         selections.restore();

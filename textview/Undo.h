@@ -8,7 +8,7 @@ namespace textview {
 
 /// Takes the last step back, or does it again, in both panes, and builds the tree from the text: that of a
 /// large document when no more steps come for a moment. The caret of the pane in use goes to the change
-/// (quirk 50). A pane whose text doesn't hold what the step would take away stays as it is.
+/// (quirk 49). A pane whose text doesn't hold what the step would take away stays as it is.
 void rUndo(DocumentWindow& window);
 void rRedo(DocumentWindow& window);
 /// Builds the tree that waits for the steps to end, at once.

@@ -54,7 +54,7 @@ void Form_Load(DocumentWindow& window) {
 void Form_Activate(DocumentWindow& window) {
     edit::Run(window, "Form_Activate", [&] {
         SetVSplitPosition(window, window.msngVSplit);
-        // A window that comes back is as it was left, with its current node (quirk 48).
+        // A window that comes back is as it was left, with its current node (quirk 47).
         if (!window.tvXML.SelectedItem())
             edit::ExpandRoot(window);
         if (window.tvXML.Nodes.Count() > 0) {

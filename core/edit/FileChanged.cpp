@@ -38,7 +38,7 @@ void ShowDifference(DocumentWindow& window) {
                                            window.Caption);
         return;
     }
-    QStringList lines = text::LineDifference(text::Decode(bytes).text, window.TextInUse().Long());
+    QStringList lines = text::LineDifference(text::Decode(bytes).text, window.TextInUse().Plain());
     if (lines.isEmpty())
         lines << QStringLiteral("The texts are equal. Their encodings or line ends differ.");
     lines.prepend(QStringLiteral("+ the document in its window"));

@@ -84,7 +84,7 @@ bool IsUnsaved(DocumentWindow& window) {
 bool CountsAsSaved(DocumentWindow& window) {
     const FileOnDisk& file = FileOf(window);
     return !file.gone && !file.kept && !window.bond.bTreeChanged() &&
-           window.TextInUse().Long() == window.bond.msOpenText;
+           window.TextInUse().Plain() == window.bond.msOpenText;
 }
 
 void ShowUnsaved(DocumentWindow& window) {

@@ -28,7 +28,7 @@ bool IsOvergrown(const services::JournalFile& file, const LongText& text) {
 // Where a file mixes its line ends, the text that these belong to comes first.
 LongText FirstText(const DocumentWindow& window) {
     const text::LineEnds& ends = window.fileForm.lineEnds;
-    return ends.each.empty() ? window.TextInUse().Long() : ends.loadedText;
+    return ends.each.empty() ? window.TextInUse().Plain() : ends.loadedText;
 }
 
 bool IsInItsFile(Application& app, const JournalReader& reader) {
@@ -65,14 +65,14 @@ void Journal::Watch(DocumentWindow& window) {
         entry = &entries_.emplace_back();
     *entry = Entry();
     entry->window = &window;
-    entry->saved = window.TextInUse().Long();
+    entry->saved = window.TextInUse().Plain();
     tmJournal.SetEnabled(true);
 }
 
 void Journal::Forget(DocumentWindow& window) {
     if (Entry* entry = EntryOf(window)) {
         Remove(*entry);
-        entry->saved = window.TextInUse().Long();
+        entry->saved = window.TextInUse().Plain();
     }
 }
 
@@ -141,12 +141,12 @@ bool Journal::Write(Entry& entry, const std::function<bool()>& spent) try {
     return false; // the next tick tries again
 }
 
-// The text is the pane's as it stands: the tree may be ahead of it, and what is being typed into a cell or a
-// label isn't in it yet.
+// The text is the pane's as it stands, but for blanks that it only shows: the tree may be ahead of it, and
+// what is being typed into a cell or a label isn't in it yet.
 bool Journal::HasChange(Entry& entry) {
     if (entry.change)
         return true;
-    const LongText& now = entry.window->TextInUse().Long();
+    const LongText& now = entry.window->TextInUse().Plain();
     if (!entry.window->bLoaded)
         return false;
     if (entry.saved && now == *entry.saved) {

@@ -10,7 +10,7 @@ namespace {
 
 using text::LineEnd;
 
-constexpr quint8 kFormat = 1;
+constexpr quint8 kFormat = 2;                   // the first one knew of no bad bytes
 constexpr qsizetype kLineEndPart = 1024 * 1024; // line ends in one record
 
 enum class Record : quint8 { Head = 1, LineEnds, Name, Change };
@@ -35,8 +35,8 @@ bool IsWhole(const QDataStream& stream) {
 std::vector<QByteArray> HeadRecords(const JournalHead& head) {
     const text::FileForm& form = head.form;
     std::vector<QByteArray> records{Make(Record::Head, kFormat, head.name, head.kind, form.encoding,
-                                         form.declared, form.mark,
-                                         static_cast<quint8>(form.lineEnds.common))};
+                                         form.declared, form.mark, static_cast<quint8>(form.lineEnds.common),
+                                         static_cast<quint32>(form.badBytes))};
     const std::vector<LineEnd>& each = form.lineEnds.each;
     const auto count = static_cast<qsizetype>(each.size());
     for (qsizetype from = 0; from < count; from += kLineEndPart) {
@@ -104,10 +104,14 @@ bool JournalReader::take(const QByteArray& record) {
 bool JournalReader::takeHead(QDataStream& stream) {
     quint8 format = 0, lineEnd = 0;
     stream >> format;
-    foreign_ = format != kFormat;
+    foreign_ = format < 1 || format > kFormat;
     if (foreign_)
         return false;
     stream >> head.name >> head.kind >> head.form.encoding >> head.form.declared >> head.form.mark >> lineEnd;
+    quint32 badBytes = 0;
+    if (format > 1)
+        stream >> badBytes;
+    head.form.badBytes = badBytes;
     head.form.lineEnds.common = static_cast<LineEnd>(lineEnd);
     return IsWhole(stream) && lineEnd <= static_cast<quint8>(LineEnd::Cr);
 }

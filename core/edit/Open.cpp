@@ -67,7 +67,7 @@ void Reload(DocumentWindow& window, const FetchedText& fetched) {
         window.app.CurrentFileName = window.Caption;
         window.fileForm = fetched.form;
         window.way->renew(window, fetched);
-        window.bond.msOpenText = window.way->text(window);
+        window.bond.msOpenText = window.fileForm.openedText = window.way->text(window);
         TakeMark(window, fetched.mark);
         window.tvXML.SetSelectedItem(current.nearestIn(window.tvXML));
         TellPathAgain(window);
@@ -124,6 +124,7 @@ void FillWindow(DocumentWindow& window, const FetchedText& fetched) {
     } else {
         window.way->begin(window, fetched);
         const text::LongText& text = window.way->text(window);
+        window.fileForm.openedText = text;
         if (!text.holdsOnly(u" \t\r\n"))
             window.bond.msOpenText = fetched.made ? text::LongText() : text;
     }

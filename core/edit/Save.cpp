@@ -30,7 +30,7 @@ bool BringTogether(DocumentWindow& window) {
 }
 
 // Whatever another document's last parse was, a text that is in its file needs no saving (quirk 25). One
-// whose write was refused is tried again, but counts as saved for closing (quirk 46).
+// whose write was refused is tried again, but counts as saved for closing (quirk 45).
 bool NothingToSave(DocumentWindow& window) {
     NoticeFile(window);
     return window.bUnloading ? CountsAsSaved(window) : !IsUnsaved(window);
@@ -121,7 +121,7 @@ void SaySaved(DocumentWindow& window, bool wellFormed) {
 void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck) {
     Guarded(window, "SaveXMLFile", [&] {
         const bool looks = !bSkipCheck && !bSaveAs;
-        // The question comes before anything is said about the text, which may not be wanted (quirk 44).
+        // The question comes before anything is said about the text, which may not be wanted (quirk 43).
         if (window.bUnloading && ((looks && NothingToSave(window)) || !WantsSaving(window)))
             return;
         const bool wellFormed = bSkipCheck || BringTogether(window);

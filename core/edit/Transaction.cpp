@@ -2,6 +2,7 @@
 #include "core/edit/Transaction.h"
 #include "core/edit/FileOnDisk.h"
 #include "core/edit/NodePath.h"
+#include "core/edit/Rewriting.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/View.h"
 #include "core/model/Frame.h"
@@ -46,6 +47,10 @@ void WriteText(DocumentWindow& window) {
     const bool unnamedToo = std::exchange(PendingOf(window).unnamedToo, false);
     if (window.way && window.bond.bTreeChanged() && !TextWaits(window, unnamedToo))
         window.way->write(window);
+}
+
+bool HasChangedNodes(const DocumentWindow& window) {
+    return window.bond.bTreeChanged() || window.tvXML.Revision() != window.bond.treeRevision;
 }
 
 void RefreshView(DocumentWindow& window) {
@@ -138,12 +143,25 @@ void Transaction::Close() {
         --pending.depth;
         return;
     }
-    WriteText(window_);
+    const bool declined = HasChangedNodes(window_) && !MayChangeNodes(window_);
+    if (declined) {
+        TakeBack();
+        pending.after.clear();
+        pending.unnamedToo = pending.held = pending.opens = false;
+    } else {
+        WriteText(window_);
+    }
     open_ = false;
     if (pending.series > 0)
         --pending.depth;
     else
         Follow(window_, pending.depth);
+    if (declined)
+        throw text::Fault(text::kFaultDeclined, {});
+}
+
+bool MayChangeNodes(DocumentWindow& window) {
+    return !window.way || MayRewrite(window, window.bond.losses, EditOf::Tree);
 }
 
 Series::Series(DocumentWindow& window) : window_(window) {

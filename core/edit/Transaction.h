@@ -14,7 +14,9 @@
 //   3. the path of the current node;
 //   4. menus and toolbars, and whether the document is shown as unsaved.
 // A fault inside an edit takes back what that edit did to the nodes: tree, text and history are as they were.
-// A fault of a view, once the text is written, takes nothing back.
+// So does a user who won't have the text written anew at the price that it has (MayRewrite); they are asked
+// at the end of the first edit that changes nodes, also where its text is to wait for a name. A fault of a
+// view, once the text is written, takes nothing back.
 namespace edit {
 
 class Transaction {
@@ -25,7 +27,7 @@ public:
     Transaction& operator=(const Transaction&) = delete;
 
     /// The edit's end. What writing the text throws takes the edit back; what comes behind the text may
-    /// throw, too, but the edit stands.
+    /// throw, too, but the edit stands. Throws text::kFaultDeclined where the user had it taken back.
     void Close();
     void TakeBack(); ///< the nodes are as they were at the beginning; the edit goes on
 
@@ -101,6 +103,9 @@ bool IsAddingNewNode(const DocumentWindow& window);
 void DoTree(DocumentWindow& window);
 /// Makes a node the current one. All that follows it does so at the end of the edit.
 void SelectNode(DocumentWindow& window, controls::TreeNode node);
+/// Whether nodes of the window may be changed, for what changes them before its edit begins: asks as the end
+/// of an edit does.
+bool MayChangeNodes(DocumentWindow& window);
 /// Opens and selects the root, if there is one.
 void ExpandRoot(DocumentWindow& window);
 /// The user's attention is with a part of the window: commands and menus are for that. Inside an edit the

@@ -37,11 +37,15 @@ void TellQuietly(Application& app, const ProbeResult& result) {
         app.services.prompts.Beep();
 }
 
+void TellInBox(Application& app, const Check& check, const ProbeResult& result) {
+    app.services.prompts.MsgBox(Reason(app, result), Buttons::Ok, Icon::Critical, check.title);
+}
+
 bool Passes(Application& app, const Check& check, const QString& typed) {
     const ProbeResult result = Try(app, check, typed);
     TellQuietly(app, result);
     if (!result.good())
-        app.services.prompts.MsgBox(Reason(app, result), Buttons::Ok, Icon::Critical, check.title);
+        TellInBox(app, check, result);
     return result.good();
 }
 
@@ -64,10 +68,14 @@ std::optional<QString> Escaped(Application& app, const Check& check, const QStri
 std::optional<QString> Take(Application& app, const Check& check, const QString& typed) {
     constexpr qsizetype kShown = 200; // units of a text in a box
     const ProbeResult result = Try(app, check, typed);
-    const std::optional<QString> escaped = result.good() ? std::nullopt : Escaped(app, check, typed);
-    if (!escaped)
-        return Passes(app, check, typed) ? std::optional(typed) : std::nullopt;
     TellQuietly(app, result);
+    if (result.good())
+        return typed;
+    const std::optional<QString> escaped = Escaped(app, check, typed);
+    if (!escaped) {
+        TellInBox(app, check, result);
+        return {};
+    }
     const QString shown = escaped->size() > kShown ? escaped->left(kShown) + QStringLiteral("...") : *escaped;
     const services::Answer answer = app.services.prompts.MsgBox(
         Reason(app, result) + QStringLiteral("\r\n\r\nShall it be written as this?"), Buttons::YesNo,

@@ -25,7 +25,7 @@ bool ValidateNodeAttributeValue(Application& app, const QString& value, const QS
 bool PassesProbe(Application& app, const QString& probe);
 
 // The same for what is about to be written. Where "&", "<" or a quote is the reason, the box offers to write
-// it escaped (quirk 60). As it is to be written; nothing where it was refused.
+// it escaped (quirk 58). As it is to be written; nothing where it was refused.
 std::optional<QString> TakeNodeAttributes(Application& app, const QString& attributes,
                                           const QString& nodeName);
 std::optional<QString> TakeNodeText(Application& app, const QString& text, const QString& nodeName);

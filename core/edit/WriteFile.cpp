@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/WriteFile.h"
+#include "core/edit/JournalRecords.h"
 #include "core/model/DocumentWindow.h"
 #include "core/model/FileNames.h"
 #include "core/model/Frame.h"
@@ -60,15 +61,22 @@ bool EncodeOrAsk(Application& app, QString& text, text::FileForm& form, text::En
     return encoded.badPosition < 0 || RefuseLoneHalf(app, text, encoded.badPosition);
 }
 
+// A text that is again the one that the file was opened with is written as it was.
+text::FileForm FormFor(const QString& text, const text::FileForm& now) {
+    if (!now.opened || !(now.openedText == text))
+        return now;
+    text::FileForm form = *now.opened;
+    form.opened = now.opened;
+    return form;
+}
+
 // After writing, the window's knowledge of its file is that of the bytes now on disk.
 void Remember(const QString& text, const text::Encoded& encoded, text::FileForm& form) {
-    if (!form.lineEnds.each.empty() || form.originalBytes) {
-        form = text::Decode(encoded.bytes).form;
-        return;
-    }
     form.encoding = encoded.encoding;
     form.mark = encoded.mark;
     form.declared = text::DeclaredEncoding(text);
+    if (!form.lineEnds.each.empty())
+        form.lineEnds = LineEndsFor(text::LongText::Like(text, form.lineEnds.loadedText), form.lineEnds);
 }
 
 } // namespace
@@ -96,7 +104,7 @@ SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, 
                       services::FileMark* mark) try {
     text::FileForm plain;
     plain.declared = QString(); // a text without a file goes by its own declaration
-    text::FileForm attempt = form ? *form : plain;
+    text::FileForm attempt = form ? FormFor(text, *form) : plain;
     text::Encoded encoded;
     QString changed = text;
     if (!EncodeOrAsk(app, changed, attempt, encoded))
@@ -116,6 +124,8 @@ SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, 
         return SaveOutcome::Refused;
     }
     text = changed;
+    if (form && !attempt.opened)
+        attempt.opened = std::make_shared<const text::FileForm>(*form);
     Remember(text, encoded, attempt);
     if (form)
         *form = attempt;

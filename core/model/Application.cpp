@@ -12,5 +12,6 @@ void Application::SetFrame(Frame* frame) {
 }
 
 void ErrorReportBox(Application& app, const text::Fault& fault, const QString& routineName) {
-    app.frame().ErrorReportBox(fault, routineName);
+    if (fault.Number != text::kFaultDeclined)
+        app.frame().ErrorReportBox(fault, routineName);
 }

@@ -77,5 +77,5 @@ private:
 };
 
 /// What a routine's error exit calls: the frame's report under the routine's name. Shows a box only when
-/// Debug is on.
+/// Debug is on. Nothing for what the user declined.
 void ErrorReportBox(Application& app, const text::Fault& fault, const QString& routineName);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "platform/text/LongText.h"
+#include "platform/xml/Losses.h"
 #include <cstdint>
 
 /// How a window's tree and its text stand to each other. One of the two may be ahead of the other; a text
@@ -27,6 +28,13 @@ enum class BondMove : std::uint8_t {
     TextTakenBack ///< an edited text is what was read last again, or was saved as it is
 };
 
+/// What the user has said to a document's text being written anew although something is lost then.
+enum class Rewriting : std::uint8_t {
+    Unasked,
+    TextStays, ///< not for an edit of the text
+    Agreed     ///< whatever comes
+};
+
 /// The standing after a move.
 Standing After(Standing standing, BondMove move);
 
@@ -41,6 +49,9 @@ public:
     bool bTreeChanged() const; ///< the tree changed and the text doesn't show it yet
     bool bTextChanged() const; ///< the text was edited and the tree doesn't show it yet
     bool refused() const;      ///< the tree is that of an earlier document
+
+    xml::Losses losses; ///< what the text has and the tree lacks: lost once it is written anew
+    Rewriting rewriting = Rewriting::Unasked;
 
     text::LongText msOpenText;       ///< the text at the last open or save
     text::LongText msLastParsedText; ///< the text that the tree was last built from, or that was refused

@@ -72,15 +72,17 @@ ProbeResult Probe(Application& app, const QString& document, int attributes, xml
     return result;
 }
 
+// The probe's own element carries no declarations, and none are needed to read attributes as written.
+std::optional<QString> ReadAttributes(const QString& typed) {
+    xml::ParsedDocument document;
+    if (!document.loadXML(NodeAttributesProbe(typed, QStringLiteral("temp"))))
+        return {};
+    return GenerateAttributeString(document.documentElement());
+}
+
 QString PlainAttributes(const QString& typed) {
     static const QRegularExpression plain(QStringLiteral("^(?:[^\\s=\"']+=\"[^\"]*\"(?: |$))*$"));
-    if (plain.match(typed).hasMatch())
-        return typed;
-    xml::ParsedDocument document;
-    // The probe's own element carries no declarations, and none are needed to read attributes as written.
-    if (!document.loadXML(NodeAttributesProbe(typed, QStringLiteral("temp"))))
-        return typed;
-    return GenerateAttributeString(document.documentElement());
+    return plain.match(typed).hasMatch() ? typed : ReadAttributes(typed).value_or(typed);
 }
 
 } // namespace m_tvXML

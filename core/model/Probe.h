@@ -41,8 +41,10 @@ ProbeResult Probe(Application& app, const QString& document, int attributes = kA
 /// Tells of a name or value that is more than one.
 QString MoreThanOne();
 
-/// A list of attributes as it was typed in the form of a Tag: quotes doubled, one blank between. As typed
-/// where it doesn't parse.
+/// A list of attributes as it was typed in the form of a Tag: double quotes, one blank between. Nothing where
+/// it doesn't parse.
+std::optional<QString> ReadAttributes(const QString& typed);
+/// The same; as typed where it doesn't parse.
 QString PlainAttributes(const QString& typed);
 
 } // namespace m_tvXML

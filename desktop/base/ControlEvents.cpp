@@ -22,14 +22,29 @@ bool KeepsFocus(Qt::FocusReason reason) {
     return reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
 }
 
-/// Takes the mouse press that is about to be delivered.
+/// Takes the mouse press that is about to be delivered, and its release where that is still to come.
 class PressEater : public QObject {
 public:
     explicit PressEater(QObject* parent) : QObject(parent) {
         qApp->installEventFilter(this);
-        QTimer::singleShot(0, this, [this] { deleteLater(); });
+        QTimer::singleShot(0, this, [this] {
+            if (!down_)
+                deleteLater();
+        });
     }
-    bool eventFilter(QObject*, QEvent* event) override { return event->type() == QEvent::MouseButtonPress; }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool press = event->type() == QEvent::MouseButtonPress;
+        const bool release = event->type() == QEvent::MouseButtonRelease && down_;
+        if (!watched->isWidgetType() || (!press && !release))
+            return false;
+        down_ = press && QApplication::mouseButtons() != Qt::NoButton;
+        if (!down_)
+            deleteLater();
+        return true;
+    }
+
+private:
+    bool down_ = false;
 };
 
 /// Notices a dialog that opens while it lives: the windows behind one are told that they are blocked.

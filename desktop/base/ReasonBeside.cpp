@@ -21,6 +21,18 @@ bool IsEditor(const QWidget& widget) {
     return (line && widget.objectName() != QLatin1String("txtXPath")) || (box && !box->isReadOnly());
 }
 
+// Of a report with places and sources the reason alone.
+QString ReasonIn(const QString& message) {
+    const qsizetype start = message.indexOf(QLatin1String("Reason:"));
+    if (start < 0)
+        return message;
+    const qsizetype end = message.lastIndexOf(QLatin1String("--SrcText:"));
+    QString reason = message.mid(start + 7, end > start ? end - start - 7 : -1);
+    while (reason.endsWith(QLatin1Char('-')))
+        reason.chop(1);
+    return reason;
+}
+
 } // namespace
 
 ReasonBeside::ReasonBeside(controls::StatusBar& messages, QWidget& form)
@@ -59,7 +71,8 @@ bool ReasonBeside::eventFilter(QObject*, QEvent* event) {
 
 // Below the editor, or above it where there is no room.
 void ReasonBeside::Show() {
-    const QString reason = editor_ ? messages_.Panel(kMessagePanel).left(kLongest).simplified() : QString();
+    const QString reason =
+        editor_ ? ReasonIn(messages_.Panel(kMessagePanel)).left(kLongest).simplified() : QString();
     label_.setVisible(!reason.isEmpty());
     if (reason.isEmpty())
         return;

@@ -170,7 +170,7 @@ void frmEditNodes::Unload() {
     unloaded();
 }
 
-// What was refused stays, to be put right or given up (quirk 61).
+// What was refused stays, to be put right or given up (quirk 59).
 void frmEditNodes::cmdOk_Click() {
     if (SaveCurrentNode())
         Unload();

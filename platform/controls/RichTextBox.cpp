@@ -73,6 +73,7 @@ void RichTextBox::Exchange(const RichContent& content, const PlaceMap* where) {
         contentLeaves();
     text_ = content.text;
     runs_ = content.runs;
+    SetFillers(content.fillers);
     wholeKnown_ = wholeKnown_ && !textDiffers;
     if (!wholeKnown_)
         whole_.clear();
@@ -179,6 +180,7 @@ void RichTextBox::Replace(qsizetype at, qsizetype removed, const QString& piece)
     wholeKnown_ = false;
     whole_.clear();
     ShiftRuns(runs_, at, removed, piece.size());
+    ShiftFillers(at, removed, piece.size());
     selStart_ = at + piece.size();
     selLength_ = 0;
     mark_ = false;
@@ -218,7 +220,8 @@ void RichTextBox::SetSelText(const QString& text) {
     SelChange(true);
 }
 
-void RichTextBox::SetSelContent(const QString& text, std::vector<ColourRun> runs) {
+void RichTextBox::SetSelContent(const QString& text, std::vector<ColourRun> runs,
+                                const std::vector<qsizetype>& fillers) {
     const QString piece = text::ToCrLf(text);
     if (piece.size() != text.size())
         FitRuns(runs, text);
@@ -227,6 +230,7 @@ void RichTextBox::SetSelContent(const QString& text, std::vector<ColourRun> runs
     TakeWholeLineEnds(at, removed);
     Replace(at, removed, piece);
     Paint(at, piece.size(), runs);
+    AddFillers(at, fillers);
     TellReplaced(at, removed, piece, wasSelected);
 }
 

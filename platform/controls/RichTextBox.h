@@ -28,6 +28,8 @@ struct TextPlace {
 struct RichContent {
     text::LongText text;
     std::vector<ColourRun> runs;
+    /// Places, in order, of blanks that are shown and belong to no document (see RichTextBox::Plain).
+    std::vector<qsizetype> fillers = {};
 };
 
 /// Where a place of a text stands in the text that takes its place.
@@ -46,10 +48,20 @@ public:
     QString Text() const;                     ///< the whole text: made anew for a large one on each call
     void SetText(const QString& text);        ///< no colours; caret to 0; raises Change when the text differs
     void SetText(const text::LongText& text); ///< the same; its line ends are CR LF
-    RichContent Content() const { return {text_, runs_}; }
+    RichContent Content() const { return {text_, runs_, fillers_}; }
     void SetContent(const RichContent& content);
     /// The same, but caret, selection and what a widget shows stay with the places that they stood at.
     void SetContent(const RichContent& content, const PlaceMap& where);
+    /// The text without its fillers: the blanks that colouring shows behind the opener of a comment. They
+    /// move along with the text around them. One whose opener is no longer in front of it is a blank like any
+    /// other.
+    const text::LongText& Plain() const;
+    const std::vector<qsizetype>& Fillers() const { return fillers_; }
+    void SetFillers(std::vector<qsizetype> fillers);
+    /// More of them, counted from a place.
+    void AddFillers(qsizetype start, const std::vector<qsizetype>& fillers);
+    /// Where a place of Plain() stands in the text.
+    qsizetype ShownPlace(qsizetype plain) const;
     /// Gives a stretch other colours, counted from its start; text and selection stay.
     void SetColours(qsizetype start, qsizetype length, const std::vector<ColourRun>& runs);
     QString TextRTF() const; ///< text and colours as an RTF document
@@ -68,8 +80,9 @@ public:
     bool EndMark();
     QString SelText() const;
     void SetSelText(const QString& text); ///< replaces the selection; the caret stands behind it
-    /// The same with colours of its own; `runs` count from the text's start.
-    void SetSelContent(const QString& text, std::vector<ColourRun> runs);
+    /// The same with colours and fillers of its own, which count from the text's start.
+    void SetSelContent(const QString& text, std::vector<ColourRun> runs,
+                       const std::vector<qsizetype>& fillers = {});
     /// The same for a text that comes from elsewhere: raises Pasted. Nothing happens for an empty one.
     void Paste(const QString& text);
     void SelectAll(); ///< as the user does it: a widget doesn't scroll
@@ -131,9 +144,14 @@ private:
     void PutSelection(qsizetype start, qsizetype length);
     void TakeWholeLineEnds(qsizetype& at, qsizetype& removed) const;
     void TakeTypeColour();
+    bool IsFiller(qsizetype place) const;
+    void ShiftFillers(qsizetype at, qsizetype removed, qsizetype added);
 
     text::LongText text_;
     std::vector<ColourRun> runs_;
+    std::vector<qsizetype> fillers_;
+    mutable text::LongText plain_; ///< the last plain text that was asked for, while nothing changes
+    mutable bool plainKnown_ = false;
     mutable QString whole_; ///< the last whole text that was asked for, while nothing changes
     mutable bool wholeKnown_ = false;
     qsizetype selStart_ = 0, selLength_ = 0;

@@ -16,6 +16,7 @@ struct Fault {
 
 // Numbers used by the control models.
 inline constexpr int kFaultBadCall = 5;          ///< Invalid procedure call or argument
+inline constexpr int kFaultDeclined = 32755;     ///< the user said Cancel, which needs no report
 inline constexpr int kFaultOutOfBounds = 35600;  ///< Index out of bounds
 inline constexpr int kFaultNotFound = 35601;     ///< Element not found
 inline constexpr int kFaultKeyNotUnique = 35602; ///< Key is not unique in collection

@@ -12,6 +12,12 @@ namespace text {
 
 namespace {
 
+#ifdef Q_OS_WIN
+constexpr LineEnd kOfTheSystem = LineEnd::CrLf;
+#else
+constexpr LineEnd kOfTheSystem = LineEnd::Lf;
+#endif
+
 constexpr char16_t kCr = u'\r';
 constexpr char16_t kLf = u'\n';
 
@@ -140,6 +146,8 @@ void LineEndReader::note(LineEnd kind) {
 }
 
 LineEnd LineEndReader::common() const {
+    if (total_ == 0)
+        return kOfTheSystem;
     LineEnd best = first_;
     for (const LineEnd kind : {LineEnd::CrLf, LineEnd::Lf, LineEnd::Cr}) {
         if (counts_[static_cast<std::size_t>(kind)] > counts_[static_cast<std::size_t>(best)])

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/text/TextFile.h"
+#include "platform/text/BadBytes.h"
 #include "platform/text/Decoder.h"
 #include "platform/text/Encoder.h"
 #include "platform/text/Encodings.h"
@@ -68,6 +69,29 @@ std::optional<Decoded> ReadAs(const Encoding& encoding, const QByteArray& bytes,
     result.form.mark = markSize > 0;
     if (fit == Fit::Surrogates || (check && !check->Finish()))
         KeepOriginal(result, bytes);
+    return result;
+}
+
+/// Reads UTF-8 in which some bytes are none. Where nothing names it, it has to have more good sequences of
+/// several bytes than places that aren't: a file in an 8-bit encoding has hardly any. `named`: by a mark or
+/// the declaration.
+std::optional<Decoded> ReadMended(const QByteArray& bytes, qsizetype markSize, bool named) {
+    const QByteArrayView body = QByteArrayView(bytes).sliced(markSize);
+    const BadBytes bad = CountBadBytes(body);
+    const char32_t range =
+        bad.errors > std::max<qsizetype>(bad.sequences, named ? 1 : 0) ? 0 : FreeRange(body);
+    if (bad.errors == 0 || range == 0)
+        return std::nullopt;
+    std::optional<Decoded> result =
+        ReadAs(Known("UTF-8"), bytes.first(markSize) + Mended(body, range), markSize);
+    if (!result)
+        return std::nullopt;
+    result->form.badBytes = range;
+    result->warning =
+        QStringLiteral("The file is UTF-8, but for %1 of its bytes, the first of which is byte %2. "
+                       "They are kept as they are; each is shown as a character of its own.")
+            .arg(bad.bytes)
+            .arg(markSize + bad.first + 1);
     return result;
 }
 
@@ -145,6 +169,10 @@ QString NoDeclarationWarning(const QString& charset, const QString& used) {
     return QStringLiteral("The file names no encoding and isn't UTF-8; it was read as %1.").arg(used);
 }
 
+bool NamesUtf8(const std::optional<Encoding>& encoding) {
+    return encoding && encoding->kind == Encoding::Kind::Utf8;
+}
+
 /// Reads by the declaration, or without one.
 Decoded ReadByDeclaration(const QByteArray& bytes, qsizetype markSize, const QString& charset) {
     const QString label = LabelIn(QByteArrayView(bytes).sliced(markSize));
@@ -157,6 +185,10 @@ Decoded ReadByDeclaration(const QByteArray& bytes, qsizetype markSize, const QSt
     }
     std::optional<Decoded> named = ReadByCharset(charset, bytes, markSize);
     const bool byCharset = named.has_value();
+    if (!byCharset && (label.isEmpty() || NamesUtf8(declared))) {
+        if (std::optional<Decoded> result = ReadMended(bytes, markSize, markSize > 0 || NamesUtf8(declared)))
+            return *std::move(result);
+    }
     Decoded result = byCharset ? *std::move(named) : ReadUndeclared(bytes, markSize);
     if (!label.isEmpty())
         result.warning = DeclarationWarning(label, declared.has_value(), result.form.encoding);
@@ -206,6 +238,8 @@ Decoded Decode(const QByteArray& bytes, const QString& charset) {
     }
     const bool spoiled = marked && marked->kind == Encoding::Kind::Utf8;
     Decoded result = ReadByDeclaration(bytes, spoiled ? ByteOrderMarkIn(*marked).size() : 0, charset);
+    if (result.form.badBytes != 0)
+        return result;
     if (spoiled) {
         // A mark that says the wrong thing would only spoil the text. It goes once the text is changed.
         result.form.mark = false;
@@ -243,6 +277,12 @@ Encoded Encode(const QString& text, const FileForm& form) {
     const Encoding encoding = EncodingFor(text, form);
     result.encoding = QString::fromLatin1(encoding.name);
     result.mark = NeedsByteOrderMark(encoding, form);
+    const bool utf8 = encoding.kind == Encoding::Kind::Utf8;
+    if (form.badBytes != 0 && !utf8) {
+        result.badPosition = FirstOfRange(text, form.badBytes);
+        if (result.badPosition >= 0)
+            return result;
+    }
     const std::unique_ptr<Encoder> encoder = MakeEncoder(encoding);
     encoder->Reserve(text.size() + text.size() / 16);
     if (result.mark)
@@ -256,6 +296,8 @@ Encoded Encode(const QString& text, const FileForm& form) {
     encoder->Finish();
     if (result.badPosition < 0)
         result.bytes = encoder->Take();
+    if (form.badBytes != 0 && utf8)
+        result.bytes = Unmended(result.bytes, form.badBytes);
     return result;
 }
 

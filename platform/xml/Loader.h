@@ -79,7 +79,9 @@ private:
     bool inEntity() const;
     void failByName(int code, const QString& name);
     text::StringPool::Ref attributeValue(const ElementRules* rules, std::uint32_t nameId, const char* value);
-    void flushText(bool siblingFollows = true);
+    enum class Follows { Nothing, Element, Leaf, Section };
+    void flushText(Follows next);
+    bool comesBack(Follows next) const;
     void noteDropped(Open& parent);
     void notePreserved(Open& parent, bool blank);
     void noteReference();

@@ -56,7 +56,7 @@ int Loader::read(char* buffer, int room) {
 }
 
 void Loader::startElement(const xmlChar* name, const xmlChar** attributes) {
-    flushText();
+    flushText(Follows::Element);
     if (open_.size() > kMaxDepth) {
         fail(kErrorDepth);
         return;
@@ -106,7 +106,7 @@ void Loader::addAttributes(std::uint32_t id, std::uint32_t nameId, const xmlChar
     }
 }
 
-void Loader::flushText(bool siblingFollows) {
+void Loader::flushText(Follows next) {
     if (text_.empty())
         return;
     Open& parent = open_.back();
@@ -114,11 +114,18 @@ void Loader::flushText(bool siblingFollows) {
     parent.hasText = parent.hasText || !blank;
     if (parent.preserve)
         notePreserved(parent, blank);
-    else if (blank && siblingFollows && parent.lastChild != 0)
+    else if (blank && next != Follows::Nothing && parent.lastChild != 0 && !comesBack(next))
         noteDropped(parent);
     if (parent.preserve || !blank)
         addValueNode(TEXT, DocumentStore::kTextName, text_.data(), text_.size());
     text_.clear();
+}
+
+/// Whether these are the very blanks that are written between two siblings: a line end, and before an element
+/// a tab for each level.
+bool Loader::comesBack(Follows next) const {
+    const std::size_t tabs = next == Follows::Element ? open_.size() - 1 : 0;
+    return next != Follows::Section && text_ == '\n' + std::string(tabs, '\t');
 }
 
 /// Blanks with a line end are layout as long as their parent has no other text, which may still follow.
@@ -137,7 +144,7 @@ void Loader::notePreserved(Open& parent, bool blank) {
 }
 
 void Loader::endElement() {
-    flushText(false);
+    flushText(Follows::Nothing);
     if (open_.back().hasText)
         Losses::add(store_.losses.blanks, open_.back().layouts);
     open_.pop_back();
@@ -150,7 +157,7 @@ void Loader::characters(const xmlChar* text, int length) {
 }
 
 void Loader::cdata(const xmlChar* text, int length) {
-    flushText();
+    flushText(Follows::Section);
     open_.back().hasText = true;
     Losses::add(store_.losses.sections);
     addValueNode(CDATA_SECTION, DocumentStore::kCDataName, Chars(text), static_cast<std::size_t>(length));
@@ -161,7 +168,7 @@ void Loader::comment(const xmlChar* text) {
         declareOther();
         return;
     }
-    flushText();
+    flushText(Follows::Leaf);
     addValueNode(COMMENT, DocumentStore::kCommentName, Chars(text), std::strlen(Chars(text)));
 }
 
@@ -175,7 +182,7 @@ void Loader::instruction(const xmlChar* target, const xmlChar* data) {
         declareOther();
         return;
     }
-    flushText();
+    flushText(Follows::Leaf);
     const char* value = data ? Chars(data) : "";
     addValueNode(PROCESSING_INSTRUCTION, numberOf(target), value, std::strlen(value));
 }

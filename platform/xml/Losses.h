@@ -12,7 +12,8 @@ struct Losses {
     int references = 0; ///< references to entities but the five that XML has itself; those that stand in an
                         ///< entity's own content don't count
     int blanks = 0;     ///< texts of blanks between two siblings that were dropped though they are no layout:
-                        ///< they have no line end, or stand beside other text
+                        ///< they have no line end, or stand beside other text, and aren't
+                        ///< those that come back when the document is written
     int preserved = 0;  ///< elements under xml:space="preserve" with a text that is blank, or starts or ends
                         ///< with a line end: indenting changes their spacing
 

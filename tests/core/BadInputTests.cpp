@@ -110,7 +110,9 @@ TEST_F(BadInput, EditsCountAfterMemoryRanOutWhileABadTextWasShown) {
         if (full)
             throw std::bad_alloc();
     });
-    EXPECT_THROW(textview::XMLToTree(window, QStringLiteral("<by>"), 0, edit::Tone::Quiet), std::bad_alloc);
+    EXPECT_THROW(textview::XMLToTree(window, QStringLiteral("<by>"), 0, textview::Afterwards::WriteAnew,
+                                     edit::Tone::Quiet),
+                 std::bad_alloc);
     full = false;
     window.rtxtXML.Type(QStringLiteral("x"));
     EXPECT_TRUE(window.bond.bTextChanged());

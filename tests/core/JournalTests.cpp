@@ -129,7 +129,8 @@ TEST(Journal, ADocumentTakenBackIsWrittenAsItsFileWas) {
     const QByteArray latin = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<a>\xe9</a>\n";
     const QByteArray marked = "\xef\xbb\xbf<a>\r<b/>\r</a>";
     const QByteArray mixed = "<a>\n<b/>\r\n<c/>\r<d/>\r\n<e/>\n</a>\n";
-    for (const QByteArray& bytes : {latin, marked, mixed}) {
+    const QByteArray spoiled = "<a>\xc3\xa9\xff and so on</a>\n";
+    for (const QByteArray& bytes : {latin, marked, mixed, spoiled}) {
         Desk desk(bytes);
         const qsizetype end = desk.Text().lastIndexOf(u'<');
         for (const auto& [at, removed] : {std::pair{end, 0}, {end - 9, 4}, {end - 10, 0}}) {

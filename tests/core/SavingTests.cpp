@@ -207,7 +207,7 @@ TEST(Saving, ANewDocumentAsksForItsName) {
     EXPECT_EQ(app.prompts.dialogs.back().title, QStringLiteral("Save As"));
     const QByteArray bytes = app.folder.Read(QStringLiteral("first.xml"));
     EXPECT_TRUE(bytes.startsWith(
-        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<!-- edited with Vantrel v2.0 by Orvane ("))
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<!--edited with Vantrel v2.0 by Orvane ("))
         << bytes.toStdString();
 }
 
@@ -226,13 +226,13 @@ TEST(Saving, KeepsEncodingMarkAndLineEnds) {
     }
 }
 
-// The blanks that colouring puts into comments don't tell the lines between them from those of the file.
+// The blanks that colouring shows in comments don't tell the lines between them from those of the file.
 TEST(Saving, KeepsTheLineEndsOfAMixedFileBetweenComments) {
     TestApp t;
     t.OpenText(QStringLiteral("mixed.xml"), "<!--a-->\r\n<r>\n<b/>\r\n<c/>\n</r>\n<!--z-->");
     t.prompts.Choose(t.folder.Path(QStringLiteral("copy.xml")));
     t.ChooseMenu(QStringLiteral("mnuFileSaveAs"));
-    EXPECT_EQ(t.folder.Read(QStringLiteral("copy.xml")), "<!-- a-->\r\n<r>\n<b/>\r\n<c/>\n</r>\n<!-- z-->");
+    EXPECT_EQ(t.folder.Read(QStringLiteral("copy.xml")), "<!--a-->\r\n<r>\n<b/>\r\n<c/>\n</r>\n<!--z-->");
 }
 
 TEST(Saving, ACharacterThatTheEncodingCantHoldIsAskedFor) {

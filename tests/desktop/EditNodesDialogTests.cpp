@@ -88,6 +88,7 @@ TEST_F(EditNodesDialog, ATextOfSeveralLinesIsChangedOnlyWhereItWasTyped) {
 // The box that it was typed into has the keys, and the reason stands beside it.
 TEST_F(EditNodesDialog, WhatOkRefusesIsPutRightWhereItWasTyped) {
     Open("<shop><pen colour='red'>ink</pen></shop>");
+    ASSERT_TRUE(Activate(*dialog));
     QTest::keyClicks(&NodeText(), QStringLiteral("<"));
     t.prompts.Answer(services::Answer::No);
     QTest::mouseClick(&Of<QPushButton>("cmdOk"), Qt::LeftButton);

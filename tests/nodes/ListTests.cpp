@@ -105,7 +105,7 @@ TEST_F(List, WhatOnlyWantsEscapingCanBeWrittenSo) {
     }
 }
 
-TEST_F(List, InstructionsCommentsAndSectionsAreCheckedToo) {
+TEST_F(List, InstructionsAndCommentsAreCheckedToo) {
     Open();
     Select(Root());
     EditInVain(2, 2, QStringLiteral("a -- b"));
@@ -114,13 +114,18 @@ TEST_F(List, InstructionsCommentsAndSectionsAreCheckedToo) {
     Edit(1, 2, "version=\"1.0\" encoding=\"UTF-8\"");
     EXPECT_EQ(Root().Child().Next().Tag(), QStringLiteral("a - b"));
     EXPECT_EQ(Root().Child().Tag(), QStringLiteral("version=\"1.0\" encoding=\"UTF-8\""));
+}
 
-    Open("<r><![CDATA[a < b]]></r>", QStringLiteral("section.xml"));
-    Edit(1, 2, "if (a && b[0] > \"c\")");
-    EXPECT_EQ(Element().Child().Tag(), QStringLiteral("if (a && b[0] > \"c\")"));
-    EditInVain(1, 2, QStringLiteral("a]]>b"));
-    EXPECT_EQ(LastBox(), "This is not valid XML");
-    EXPECT_EQ(Rows().Item(1).Sub[0], QStringLiteral("if (a && b[0] > \"c\")"));
+// What is written anew leaves the section out, and a new value with it.
+TEST_F(List, ACDataSectionIsNotChangedHere) {
+    Open("<r><![CDATA[a < b]]></r>");
+    Edit(1, 2, "a < b");
+    EXPECT_TRUE(t.prompts.boxes.empty());
+    EditInVain(1, 2, QStringLiteral("lost"));
+    EXPECT_TRUE(t.prompts.boxes.back().text.contains(QStringLiteral("text view")));
+    EXPECT_EQ(Element().Child().Tag(), QStringLiteral("a < b"));
+    EXPECT_EQ(Rows().Item(1).Sub[0], QStringLiteral("a < b"));
+    EXPECT_EQ(w->rtxtXML.Text(), QStringLiteral("<r><![CDATA[a < b]]></r>"));
 }
 
 // Whatever comes in is checked whole: what the parser refuses changes nothing.
@@ -279,6 +284,7 @@ TEST_F(List, WhatIsRefusedHoldsUpCommandsTabsAndClosing) {
     EXPECT_FALSE(t.folder.Read(QStringLiteral("book.xml")).isEmpty());
     w->tbsXML.Select(QStringLiteral("textview"));
     EXPECT_EQ(w->tbsXML.SelectedKey(), QStringLiteral("listview"));
+    t.ChooseMenu(QStringLiteral("mnuFileNew"));
     EXPECT_FALSE(t.frame().CloseForm(w));
     t.ChooseMenu(QStringLiteral("mnuCloseAll"));
     ASSERT_EQ(t.frame().FormCount(), 1);

@@ -184,4 +184,17 @@ TEST_F(TreeAndText, WhatIsOpenStaysOpenInATreeThatIsBuiltAnew) {
     EXPECT_EQ(open(), "a b c b e f");
 }
 
+TEST_F(TreeAndText, AStepOfTheHistoryStaysWhereTheUserIs) {
+    Name(List().Child().Next(), "renamed");
+    t.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    EXPECT_EQ(w.tvXML.SelectedItem().Text(), QStringLiteral("b"));
+    t.ChooseMenu(QStringLiteral("mnuRedo"));
+    EXPECT_EQ(w.tvXML.SelectedItem().Text(), QStringLiteral("renamed"));
+    t.ClickNode(List().Child());
+    t.ChooseMenu(QStringLiteral("mnuNewNode"));
+    w.tvXML.EndLabelEdit(QStringLiteral("new"));
+    t.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    EXPECT_EQ(w.tvXML.SelectedItem().Text(), QStringLiteral("renamed")) << "what stands in its place";
+}
+
 } // namespace

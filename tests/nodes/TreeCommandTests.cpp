@@ -166,6 +166,7 @@ TEST_F(TreeCommand, AWrongNameBecomesUnnamed) {
     EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("XML node name fomula"));
     EXPECT_NE(Text().find("</Unnamed>"), std::string::npos);
     EXPECT_TRUE(w->tvXML.LabelKept()) << "what was typed stays in its editor";
+    EXPECT_FALSE(t.frame().StatusBar1().Panel(1).isEmpty()) << "with the reason";
     t.frame().RunMenuCommand(QStringLiteral("mnuNewCNodeP"));
     EXPECT_EQ(Element().Children(), 3) << "and holds up what would go past it";
     // Names that break markup, or are only odd, never reach the document.

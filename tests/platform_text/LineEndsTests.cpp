@@ -32,7 +32,9 @@ TEST(LineEnds, ATextInTheWindowHasCrLfWhateverTheFileHas) {
 TEST(LineEnds, ANewLineTakesTheMostFrequentLineEnd) {
     EXPECT_EQ(Edited("1\n2\r\n3\r\n4", u"1"_qs, u"0\r\n1"_qs), "0\r\n1\n2\r\n3\r\n4");
     EXPECT_EQ(Edited("1\n2\n3\r\n4\r5", u"4"_qs, u"x\r\n4"_qs), "1\n2\n3\r\nx\n4\r5");
-    EXPECT_EQ(Edited("one line", u"one"_qs, u"one\r\n"_qs), "one\r\n line");
+#ifndef Q_OS_WIN
+    EXPECT_EQ(Edited("one line", u"one"_qs, u"one\r\n"_qs), "one\n line") << "that of the system";
+#endif
 }
 
 TEST(LineEnds, LinesAroundAnEditKeepTheirOwnLineEnd) {

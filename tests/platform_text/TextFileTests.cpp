@@ -120,18 +120,41 @@ TEST(TextFile, WhatIsReadAndWrittenUnchangedKeepsItsBytes) {
     }
 }
 
-TEST(TextFile, CutUtf8IsReadAsLatin1AndKeepsItsBytes) {
+// A file in an 8-bit encoding has hardly any good sequence of several bytes.
+TEST(TextFile, FewBadBytesInUtf8StayAsTheyAreAndManyMeanAnotherEncoding) {
     const QByteArray whole = "<a>\xC3\xA9\xE5\x8C\x97\xF0\x9F\x98\x80";
-    const QList<qsizetype> good = {0, 1, 2, 3, 5, 8, 12};
     for (qsizetype length = 0; length <= whole.size(); ++length) {
         const QByteArray cut = whole.first(length);
         const Decoded decoded = Decode(cut);
-        EXPECT_EQ(decoded.form.encoding, good.contains(length) ? u"UTF-8"_qs : u"ISO-8859-1"_qs) << length;
+        EXPECT_EQ(decoded.form.encoding, length == 4 ? u"ISO-8859-1"_qs : u"UTF-8"_qs) << length;
+        EXPECT_EQ(decoded.warning.isEmpty(), QList<qsizetype>({0, 1, 2, 3, 5, 8, 12}).contains(length));
         EXPECT_EQ(Encode(decoded.text.toString(), decoded.form).bytes, cut) << length;
+        EXPECT_EQ(Encode(decoded.text.toString() + u'\u00e9', decoded.form).bytes,
+                  cut + (length == 4 ? "\xE9" : "\xC3\xA9"));
     }
     for (const char* wrong : {"\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF0\x80\x80\x80",
-                              "\xF4\x90\x80\x80", "\x80", "\xF8\x88\x80\x80\x80", "\xFE"})
-        EXPECT_EQ(Decode(wrong).form.encoding, u"ISO-8859-1"_qs) << QByteArray(wrong).toHex().toStdString();
+                              "\xF4\x90\x80\x80", "\x80", "\xF8\x88\x80\x80\x80", "\xFE"}) {
+        const QByteArray bytes(wrong);
+        EXPECT_EQ(Decode(bytes).form.encoding, u"ISO-8859-1"_qs) << bytes.toHex().toStdString();
+        // The same among good ones, the private characters that stand for it among them.
+        const QByteArray among = "\xEF\xBB\xBF" + QByteArray("\xC3\xA9").repeated(9) + bytes +
+                                 "\xF4\x8F\xBA\x80\xF4\x8F\xB9\x80\n" + bytes;
+        const Decoded decoded = Decode(among);
+        EXPECT_TRUE(decoded.form.mark && decoded.form.badBytes != 0) << bytes.toHex().toStdString();
+        EXPECT_TRUE(decoded.warning.contains(u"byte 22.")) << Name(decoded.warning);
+        EXPECT_EQ(Encode(u"<x/>"_qs + decoded.text.toString(), decoded.form).bytes,
+                  "\xEF\xBB\xBF<x/>" + among.mid(3));
+    }
+}
+
+TEST(TextFile, ADeclarationOfUtf8CoversOneBadByteAndNoOtherEncodingTakesIt) {
+    const Decoded file = Decode("<?xml version='1.0' encoding='utf-8'?><a>caf\xE9</a>");
+    EXPECT_EQ(file.form.encoding, u"UTF-8"_qs);
+    const Encoded other = Encode(text::WithDeclaredEncoding(file.text.toString(), u"UTF-16"_qs), file.form);
+    EXPECT_EQ(other.badPosition, other.encoding.isEmpty() ? -1 : file.text.toString().indexOf(u"caf") + 4);
+    EXPECT_TRUE(
+        Decode("<?xml version='1.0' encoding='utf-8'?><a>\xE9\xE8</a>").text.toString().contains(u'\u00e9'))
+        << "all of it is in another encoding";
 }
 
 TEST(TextFile, LongTextsAreReadAcrossTheSeamsOfTheSteps) {
@@ -162,8 +185,8 @@ TEST(TextFile, TheByteOrderMarkWinsOverTheDeclarationAndTheUserLearnsOfIt) {
     const Decoded wrong = Decode("\xEF\xBB\xBF<?xml version='1.0' encoding='windows-1252'?><a>\xE9</a>");
     EXPECT_EQ(wrong.text.toString(), u"<?xml version='1.0' encoding='windows-1252'?><a>\u00e9</a>"_qs);
     EXPECT_FALSE(wrong.warning.isEmpty());
-    EXPECT_EQ(Encode(wrong.text.toString() + u"\r\n"_qs, wrong.form).bytes,
-              "<?xml version='1.0' encoding='windows-1252'?><a>\xE9</a>\r\n");
+    EXPECT_EQ(Encode(wrong.text.toString() + u' ', wrong.form).bytes,
+              "<?xml version='1.0' encoding='windows-1252'?><a>\xE9</a> ");
 }
 
 TEST(TextFile, WarnsWhereTheDeclaredEncodingDoesNotFit) {

@@ -35,7 +35,9 @@ TEST(Losses, AreCountedByTheirKind) {
         {"<a> <b/> <c/> </a>", "0 0 0 1 0 "},
         {"<a>\n <b/>\n <c/>\n</a>", "0 0 0 0 0 "},
         {"<a>\n <b/>\n <c/>\n x</a>", "0 0 0 1 0 "},
-        {"<a>x<b/>\r\n<c/>\r<!--c-->\n<?p?> <d/>\n</a>", "0 0 0 4 0 "},
+        {"<a>x<b/>\r\n<c/>\r <!--c-->\n\t<?p?> <d/>\n</a>", "0 0 0 4 0 "},
+        // Those between tags that are written so come back.
+        {"<a>x<b/>\r\n\t<c/>\r<!--c-->\n<?p?>\n\t<d>y<e/>\n\t\t<f/></d>\n</a>", "0 0 0 0 0 "},
         {"<a><b/>\n<c/>\n<![CDATA[x]]></a>", "0 1 0 2 0 "},
         {"<a>x<b>\n<c/>\n<c/>\n</b>\n</a>", "0 0 0 0 0 "},
         {"<a><b> </b>\n<b>\n</b></a>", "0 0 0 0 0 "},

@@ -14,10 +14,11 @@ DOCUMENT = """<?xml version="1.0" encoding="UTF-8"?>
 
 EDITED = """<?xml version="1.0" encoding="UTF-8"?>
 <order number="7">
-<!-- by hand-->
+<!--by hand-->
 \t<customer>文具の山田</customer>
 \t<article sku="PN-014"></article>
-\t<note></note>urgent</order>"""
+\t<note>urgent</note>
+</order>"""
 
 
 def popup(person, entry):
@@ -40,10 +41,10 @@ def main():
         popup(person, 2)  # a new node beside it
         person.type("note")
         person.keys("Return")
-        popup(person, 4)  # a text behind that: its value opens in the list
+        popup(person, 4)  # a text in that: its value opens in the list
         person.type("urgent")
         person.keys("Return", "Return")  # out of the cell, and back to the tree
-        person.keys("Down")  # the order is current now, this is the customer
+        person.keys("Up", "Up")  # the customer
         popup(person, 5)
         person.type("by hand")
         person.keys("Return", "Return", "alt+Up", "ctrl+s")

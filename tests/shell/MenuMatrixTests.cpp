@@ -192,7 +192,7 @@ TEST(MenuMatrix, FollowsEachCommand) {
     w.ListView1.SetSelectedItem(2);
     w.ListView1.GotFocus();
     t.ChooseMenu(QStringLiteral("mnuDelete"));
-    EXPECT_EQ(Letter(t, "mnuEditCut"), 'D') << "no row is left selected";
+    EXPECT_EQ(Letter(t, "mnuEditCut"), 'E') << "the row's neighbour is selected";
     EXPECT_EQ(Letter(t, "mnuEditUndo"), 'E');
     EXPECT_EQ(Letter(t, "mnuRedo"), 'D');
     t.ChooseMenu(QStringLiteral("mnuEditUndo"));

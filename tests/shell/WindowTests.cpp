@@ -65,6 +65,7 @@ TEST(Window, OtherSpellingsOfAPathAreTheSameFile) {
         t.ClickNode(b.tvXML.Nodes(1));
         t.ChooseMenu(QStringLiteral("mnuEditName"));
         b.tvXML.EndLabelEdit(spelling);
+        b.tvXML.CancelLabelEdit();
         EXPECT_EQ(b.Caption, own) << spelling.toStdString();
         EXPECT_EQ(t.folder.Read(QStringLiteral("sub/a.xml")), "<a/>");
         EXPECT_TRUE(t.prompts.boxes.back().text.endsWith(QStringLiteral("is open in another window.")));

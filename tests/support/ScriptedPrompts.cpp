@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/ScriptedPrompts.h"
+#include "core/edit/Rewriting.h"
 #include <gtest/gtest.h>
 
 namespace test {
@@ -8,6 +9,7 @@ using services::Buttons;
 
 ScriptedPrompts::~ScriptedPrompts() {
     EXPECT_TRUE(answers_.empty()) << answers_.size() << " prepared answers were not asked for";
+    EXPECT_TRUE(rewritingAnswers_.empty()) << rewritingAnswers_.size() << " were not asked for";
     EXPECT_TRUE(fileNames_.empty()) << fileNames_.size() << " prepared file names were not asked for";
     EXPECT_TRUE(choices_.empty()) << choices_.size() << " prepared choices were not asked for";
     EXPECT_TRUE(colours_.empty()) << colours_.size() << " prepared colours were not asked for";
@@ -16,6 +18,19 @@ ScriptedPrompts::~ScriptedPrompts() {
 
 void ScriptedPrompts::Answer(std::initializer_list<services::Answer> answers) {
     answers_.insert(answers_.end(), answers);
+}
+
+void ScriptedPrompts::AnswerRewriting(std::initializer_list<services::Answer> answers) {
+    rewritingAnswers_.insert(rewritingAnswers_.end(), answers);
+}
+
+services::Answer ScriptedPrompts::NextRewriting(const Box& box) {
+    rewritings.push_back(box);
+    if (rewritingAnswers_.empty())
+        return services::Answer::Ok;
+    const services::Answer answer = rewritingAnswers_.front();
+    rewritingAnswers_.pop_front();
+    return answer;
 }
 
 void ScriptedPrompts::AnswerChoice(std::initializer_list<int> numbers) {
@@ -37,6 +52,7 @@ void ScriptedPrompts::AllowAnyBox(services::Answer fallback) {
 
 void ScriptedPrompts::ForgetUnused() {
     answers_.clear();
+    rewritingAnswers_.clear();
     fileNames_.clear();
     choices_.clear();
     colours_.clear();
@@ -52,6 +68,8 @@ QStringList ScriptedPrompts::Texts() const {
 
 services::Answer ScriptedPrompts::MsgBox(const QString& text, Buttons buttons, services::Icon icon,
                                          const QString& title, const QString& about) {
+    if (title == edit::RewritingTitle())
+        return NextRewriting({text, buttons, icon, title, about});
     boxes.push_back({text, buttons, icon, title, about});
     if (onBox)
         onBox(boxes.back());

@@ -45,6 +45,9 @@ public:
     /// Answers for the next boxes, in order; one each, also for a box with OK alone.
     void Answer(std::initializer_list<services::Answer> answers);
     void Answer(services::Answer answer) { Answer({answer}); }
+    /// Answers for the next questions whether a document may be written anew although that drops content, in
+    /// order; OK where there is none. These boxes are kept apart, in `rewritings`.
+    void AnswerRewriting(std::initializer_list<services::Answer> answers);
     /// Names for the next file dialogs, in order; an empty name cancels.
     void Choose(const QString& fileName) { fileNames_.push_back(fileName); }
     /// Answers to the next questions with answers of their own, by number; -1 closes the box.
@@ -61,6 +64,7 @@ public:
 
     // --- looking back ----------------------------------------------------------------------------------
     std::vector<Box> boxes;
+    std::vector<Box> rewritings;
     std::vector<FileDialog> dialogs;
     std::vector<AskedChoice> questions;
     QStringList shownTexts;
@@ -83,7 +87,8 @@ public:
 
 private:
     QString NextName(const FileDialog& dialog);
-    std::deque<services::Answer> answers_;
+    services::Answer NextRewriting(const Box& box);
+    std::deque<services::Answer> answers_, rewritingAnswers_;
     std::deque<QString> fileNames_;
     std::deque<int> choices_;
     std::deque<std::optional<std::uint32_t>> colours_;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "textview/dialogs/frmFind.h"
-#include "core/edit/Guard.h"
+#include "core/edit/Transaction.h"
 #include "core/edit/View.h"
 #include "core/model/Frame.h"
 #include "textview/FillText.h"
