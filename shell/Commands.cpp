@@ -68,7 +68,7 @@ Commands::Commands(FrameParts& frame) : frame_(frame) {
     AddViews();
     AddCommands(nodes::NodeCommands());
     AddCommands(textview::TextCommands());
-    AddCommands(exchange::ExchangeCommands(), {});
+    AddCommands(exchange::ExchangeCommands());
     AddCommands(table::TableCommands());
     RefuseFormsWithoutCommand(Offers());
 }

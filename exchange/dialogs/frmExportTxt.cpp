@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/dialogs/frmExportTxt.h"
 #include "core/edit/Guard.h"
-#include "core/edit/Save.h"
 #include "core/edit/WriteFile.h"
 #include "core/model/FileNames.h"
 #include "platform/text/TextTools.h"
