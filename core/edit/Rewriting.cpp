@@ -16,7 +16,7 @@ QStringList Named(const xml::Losses& losses) {
         const char *one, *many;
     } kinds[] = {
         {losses.documentTypes, "document type declaration", "document type declarations"},
-        {losses.sections, "CDATA section", "CDATA sections"},
+        {losses.sections, "CDATA section (with the text in it)", "CDATA sections (with the text in them)"},
         {losses.references, "reference to an entity (its text stays)",
          "references to entities (their texts stay)"},
         {losses.blanks, "text of blanks between nodes", "texts of blanks between nodes"},

@@ -16,6 +16,7 @@ namespace {
 /// What an edit leaves to its end.
 struct Pending {
     int depth = 0, series = 0;
+    bool failed = false; ///< a step inside the running edit
     bool unnamedToo = false;
     bool held = false;  ///< the text waits for what is typed about a new node
     bool opens = false; ///< in an editor that the running edit is about to open
@@ -47,6 +48,11 @@ void WriteText(DocumentWindow& window) {
     const bool unnamedToo = std::exchange(PendingOf(window).unnamedToo, false);
     if (window.way && window.bond.bTreeChanged() && !TextWaits(window, unnamedToo))
         window.way->write(window);
+}
+
+void Forget(Pending& pending) {
+    pending.after.clear();
+    pending.failed = pending.unnamedToo = pending.held = pending.opens = false;
 }
 
 bool HasChangedNodes(const DocumentWindow& window) {
@@ -117,7 +123,9 @@ void Follow(DocumentWindow& window, int& level) {
 
 Transaction::Transaction(DocumentWindow& window)
     : window_(window), record_(window.tvXML), before_(window.bond) {
-    ++PendingOf(window).depth;
+    Pending& pending = PendingOf(window);
+    if (pending.depth++ == 0)
+        pending.failed = false; // of what followed the edit before
 }
 
 Transaction::~Transaction() {
@@ -125,10 +133,9 @@ Transaction::~Transaction() {
         return;
     TakeBack();
     Pending& pending = PendingOf(window_);
-    if (--pending.depth > 0)
-        return;
-    pending.after.clear();
-    pending.unnamedToo = pending.held = pending.opens = false;
+    pending.failed = --pending.depth > 0;
+    if (pending.depth == 0)
+        Forget(pending);
 }
 
 void Transaction::TakeBack() {
@@ -143,14 +150,14 @@ void Transaction::Close() {
         --pending.depth;
         return;
     }
-    const bool declined = HasChangedNodes(window_) && !MayChangeNodes(window_);
-    if (declined) {
+    const bool failed = std::exchange(pending.failed, false); // and reported
+    const bool declined = !failed && HasChangedNodes(window_) && !MayChangeNodes(window_);
+    if (failed || declined) {
         TakeBack();
-        pending.after.clear();
-        pending.unnamedToo = pending.held = pending.opens = false;
-    } else {
-        WriteText(window_);
+        Forget(pending);
     }
+    if (!declined)
+        WriteText(window_);
     open_ = false;
     if (pending.series > 0)
         --pending.depth;

@@ -13,7 +13,7 @@
 //   2. the view on show, and what a command does in it (Then);
 //   3. the path of the current node;
 //   4. menus and toolbars, and whether the document is shown as unsaved.
-// A fault inside an edit takes back what that edit did to the nodes: tree, text and history are as they were.
+// A fault inside an edit, or in one nested in it, takes back what the outermost did: all is as before.
 // So does a user who won't have the text written anew at the price that it has (MayRewrite); they are asked
 // at the end of the first edit that changes nodes, also where its text is to wait for a name. A fault of a
 // view, once the text is written, takes nothing back.
