@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/CellCommit.h"
 #include "core/edit/Report.h"
+#include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
 #include "core/edit/View.h"
 #include "table/CellValue.h"

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/EditorKeys.h"
+#include "core/edit/Transaction.h"
 #include "core/edit/View.h"
 #include "table/CalcRow.h"
 #include "table/CellCommit.h"

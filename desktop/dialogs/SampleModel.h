@@ -8,7 +8,7 @@ namespace desktop {
 /// The cells of a sample grid as an item model. Its fixed row heads the columns.
 class SampleModel : public QAbstractTableModel {
 public:
-    SampleModel(SampleGrid& grid, QObject* parent);
+    SampleModel(exchange::SampleGrid& grid, QObject* parent);
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -16,7 +16,7 @@ public:
 
 private:
     void Refill();
-    SampleGrid& grid_;
+    exchange::SampleGrid& grid_;
     int rows_ = 0, columns_ = 0, fixed_ = 0; ///< as the views know them
 };
 

@@ -22,7 +22,7 @@ SourceChoice::SourceChoice(Application& app) : app_(app) {
 void SourceChoice::Load() {
     FillSources();
     if (!text::Trim(cmbDSN.Text()).isEmpty())
-        connection_ = told_ = QStringLiteral("DSN=") + cmbDSN.Text() + u';';
+        connection_ = QStringLiteral("DSN=") + cmbDSN.Text() + u';';
 }
 
 void SourceChoice::FillSources() {
@@ -50,13 +50,14 @@ void SourceChoice::Access(bool typed) {
         Choose({}, true);
     else
         Choose(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + path,
-               !typed || mXMLEdit::FileExist(app_, path));
+               !typed || (path != tried_ && mXMLEdit::FileExist(app_, path)));
+    tried_ = path; // keys that change nothing come, too
 }
 
 // What isn't complete is being typed (quirk 99).
 void SourceChoice::Choose(const QString& connection, bool complete) {
     connection_ = connection;
-    if (complete && std::exchange(told_, connection) != connection)
+    if (complete)
         chosen();
 }
 
@@ -67,7 +68,6 @@ void SourceChoice::cmdAccess_Click() {
     if (path.isEmpty())
         return;
     txtDS.SetText(path);
-    told_.clear();
     Access(false);
 }
 
@@ -80,7 +80,6 @@ void SourceChoice::NewDSN() {
             return;
         FillSources();
         cmbDSN.SetListIndex(static_cast<int>(cmbDSN.Items().indexOf(dialog.Made())));
-        told_.clear();
         Odbc(false);
     });
 }

@@ -39,7 +39,7 @@ private:
 
     Application& app_;
     QString connection_;
-    QString told_; ///< the last that was announced
+    QString tried_; ///< the last path of an Access file
 };
 
 } // namespace exchange

@@ -67,6 +67,8 @@ void frmExportDB::Propose(const QString& quote) {
 
 // Names are quoted in the database's own way, and a name that is taken is told of before anything runs.
 void frmExportDB::source_Chosen() {
+    if (source.ConnectionString().isEmpty())
+        return;
     const TableList list = TablesOf(window_.app, source.ConnectionString());
     if (!list.result) {
         lblNote.SetCaption(FailureText(list.result));

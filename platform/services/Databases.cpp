@@ -30,10 +30,9 @@ public:
         SQLWCHAR name[kBuffer] = {}, description[kBuffer] = {};
         SQLSMALLINT nameUnits = 0, units = 0;
         while (Good(list(handle_, SQL_FETCH_NEXT, name, kBuffer, &nameUnits, description, kBuffer, &units))) {
-            const QString found = odbc::FromWide(name, std::min<SQLSMALLINT>(nameUnits, kBuffer - 1));
+            const QString found = odbc::FromWide(name);
             if (!found.trimmed().isEmpty())
-                all.push_back(
-                    {found, odbc::FromWide(description, std::min<SQLSMALLINT>(units, kBuffer - 1))});
+                all.push_back({found, odbc::FromWide(description)});
         }
         return all;
     }

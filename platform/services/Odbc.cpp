@@ -25,8 +25,9 @@ DatabaseResult Stopped(BlockingWork::End end) {
 
 } // namespace
 
-QString FromWide(const SQLWCHAR* text, SQLLEN units) {
-    return QString(reinterpret_cast<const QChar*>(text), static_cast<qsizetype>(units));
+// Some drivers tell the length in bytes, or that of another encoding.
+QString FromWide(const SQLWCHAR* text) {
+    return QString::fromUtf16(reinterpret_cast<const char16_t*>(text));
 }
 
 DatabaseResult Complaint(SQLSMALLINT kind, SQLHANDLE handle) {
@@ -39,8 +40,8 @@ DatabaseResult Complaint(SQLSMALLINT kind, SQLHANDLE handle) {
         SQLSMALLINT length = 0;
         if (!Good(SQLGetDiagRecW(kind, handle, record, state, &native, message, kLongest, &length)))
             break;
-        const QString code = FromWide(state, 5);
-        const QString line = FromWide(message, std::min<SQLSMALLINT>(length, kLongest - 1)).trimmed();
+        const QString code = FromWide(state);
+        const QString line = FromWide(message).trimmed();
         if (code == QStringLiteral("IM002") || code == QStringLiteral("IM003") ||
             line.contains(QStringLiteral("Can't open lib")))
             result.failure = DatabaseFailure::NoDriver;

@@ -24,7 +24,7 @@ public:
 private:
     QString text_;
 };
-QString FromWide(const SQLWCHAR* text, SQLLEN units);
+QString FromWide(const SQLWCHAR* text); ///< up to the null at its end
 
 /// The messages that a handle has after a call; NoDriver where they say so.
 DatabaseResult Complaint(SQLSMALLINT kind, SQLHANDLE handle);

@@ -49,7 +49,7 @@ QString InfoText(SQLHDBC connection, SQLUSMALLINT what) {
     SQLSMALLINT bytes = 0;
     if (!Good(SQLGetInfoW(connection, what, text, sizeof text, &bytes)))
         return {};
-    return QString::fromUtf16(reinterpret_cast<const char16_t*>(text));
+    return FromWide(text);
 }
 
 class OdbcDatabase : public Database {

@@ -61,7 +61,7 @@ QString TypeName(SQLHSTMT handle, SQLUSMALLINT number) {
     SQLSMALLINT bytes = 0;
     if (!Good(SQLColAttributeW(handle, number, SQL_DESC_TYPE_NAME, text, sizeof text, &bytes, nullptr)))
         return {};
-    return QString::fromUtf16(reinterpret_cast<const char16_t*>(text));
+    return FromWide(text);
 }
 
 std::vector<DatabaseColumn> Describe(SQLHSTMT handle) {
@@ -74,8 +74,7 @@ std::vector<DatabaseColumn> Describe(SQLHSTMT handle) {
         SQLSMALLINT units = 0, type = 0, digits = 0, nullable = 0;
         SQLULEN size = 0;
         SQLDescribeColW(handle, number, name, kLongestName, &units, &type, &size, &digits, &nullable);
-        columns.push_back({FromWide(name, std::min<SQLSMALLINT>(units, kLongestName - 1)), type,
-                           TypeName(handle, number), static_cast<qint64>(size)});
+        columns.push_back({FromWide(name), type, TypeName(handle, number), static_cast<qint64>(size)});
     }
     return columns;
 }
