@@ -13,8 +13,15 @@ XML = ('<data>\r\n\t<row name="Riesling" year="2019" note="dry, &quot;crisp&quot
        '\t<row name="赤ワイン" year="2020" note="&lt;sweet&gt;" />\r\n</data>')
 
 
+def choose(person, *keys):
+    """Presses keys of boxes and buttons, each of which takes a moment to move."""
+    for key in keys:
+        person.keys(key)
+        time.sleep(0.4)
+
+
 def tool(person, dialog, entry):
-    """Opens a dialog of the tools menu by the number of its entry."""
+    """Opens a dialog of the tools menu by the number of its entry, those that can't be chosen not counted."""
     person.keys("alt+t")
     time.sleep(0.5)
     person.keys(*["Down"] * entry, "Return")
@@ -42,7 +49,7 @@ def text_in(person):
     person.type(str(source))
     person.keys("Return")
     dialog = person.window("Import Text File")
-    person.keys("alt+n", "alt+a")
+    choose(person, "alt+n", "alt+a")
     wait_for("the sample", lambda: person.colours(dialog, "600x200+20+200") > 8)
     person.keys("Return")
     person.window(r"Vantrel - \[.*new1\.xml.*\]")
@@ -53,8 +60,8 @@ def text_in(person):
 
 def text_out(person):
     target = person.folder / "out.txt"
-    tool(person, "Export To Text File", 4)
-    person.keys("alt+v", "Return")
+    tool(person, "Export To Text File", 3)
+    choose(person, "alt+v", "Return")
     person.window("Save As")
     person.keys("ctrl+a")
     person.type(str(target))
@@ -78,7 +85,7 @@ def rows_in(person, path):
     person.keys("Return")
     dialog = person.window("Import Data From Database")
     wait_for("the statement", lambda: person.colours(dialog, "200x30+20+170") > 4)
-    person.keys("alt+a", "Return")
+    choose(person, "alt+a", "Return")
     person.window(r"Vantrel - \[.*new2\.xml.*\]")
     saved = person.folder / "rows.xml"
     save_as(person, saved)
@@ -88,7 +95,7 @@ def rows_in(person, path):
 def rows_out(person, path):
     # The tree: declaration, data, its first row.
     person.keys("Down", "Down", "Right", "Right")
-    tool(person, "Export To Database", 5)
+    tool(person, "Export To Database", 4)
     person.keys("Return")
     wait_for("the word on the rows", lambda: "Vantrel" in person.titles().values())
     person.keys("Return")
