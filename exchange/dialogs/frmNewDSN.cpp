@@ -79,6 +79,24 @@ std::vector<std::pair<QString, QString>> frmNewDSN::Settings() const {
     return settings;
 }
 
+// An empty file is a database of SQLite without tables; others can't be made here.
+bool frmNewDSN::MakeFile() {
+    const QString path = txtDatabase.Text();
+    const QString missing = QStringLiteral("Can not find ") + path;
+    services::Prompts& prompts = app_.services.prompts;
+    if (!cmbDriver.Text().contains(QStringLiteral("sqlite"), Qt::CaseInsensitive)) {
+        prompts.MsgBox(missing, Buttons::Ok, Icon::Exclamation);
+        return false;
+    }
+    if (prompts.MsgBox(missing + QStringLiteral("\r\nDo you want to make an empty database?"), Buttons::YesNo,
+                       Icon::Question) != Answer::Yes)
+        return false;
+    const services::FileResult result = app_.services.files.Replace(path, {});
+    if (!result)
+        prompts.MsgBox(result.description, Buttons::Ok, Icon::Exclamation);
+    return static_cast<bool>(result);
+}
+
 bool frmNewDSN::MayWrite() {
     const auto refuse = [&](const QString& why) {
         app_.services.prompts.MsgBox(why, Buttons::Ok, Icon::Exclamation);
@@ -87,8 +105,8 @@ bool frmNewDSN::MayWrite() {
     const QString name = text::Trim(txtName.Text());
     if (name.isEmpty() || cmbDriver.Text().isEmpty())
         return refuse(QStringLiteral("A source needs a driver and a name."));
-    if (IsFileDriver() && !mXMLEdit::FileExist(app_, txtDatabase.Text()))
-        return refuse(QStringLiteral("Can not find ") + txtDatabase.Text());
+    if (IsFileDriver() && !mXMLEdit::FileExist(app_, txtDatabase.Text()) && !MakeFile())
+        return false;
     const auto sources = services::Databases().Sources();
     const bool known =
         std::any_of(sources.begin(), sources.end(), [&](const auto& source) { return source.name == name; });

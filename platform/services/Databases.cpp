@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/services/Databases.h"
 #include "platform/services/Odbc.h"
-#include <algorithm>
+#include <QDir>
+#include <QFile>
 #include <odbcinst.h>
 
 namespace services {
@@ -123,6 +124,9 @@ DatabaseResult Databases::AddSource(const QString& name, const QString& driver,
                                                     value.toUtf8().constData(), "odbc.ini") != 0;
     const DatabaseResult result = good ? DatabaseResult() : ListFailure();
     SQLSetConfigMode(ODBC_BOTH_DSN);
+    // A password may stand in it.
+    const QString list = qEnvironmentVariable("ODBCINI", QDir::homePath() + QStringLiteral("/.odbc.ini"));
+    QFile::setPermissions(list, QFile::ReadOwner | QFile::WriteOwner);
     return result;
 }
 

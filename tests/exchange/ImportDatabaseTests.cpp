@@ -222,22 +222,30 @@ TEST_F(ImportDatabase, AnEmptyDatabaseGivesASchemaOfItsRootAlone) {
     });
 }
 
-TEST_F(ImportDatabase, ASourceIsReplacedOnlyWithConsent) {
+TEST_F(ImportDatabase, ASourceIsReplacedAndAFileMadeOnlyWithConsent) {
+    const QString fresh = t.folder.Path(QStringLiteral("fresh.db"));
     InSchema([&](exchange::frmCreateDBSchema& form) {
         MakeSource(form.source, QStringLiteral("stock"));
-        t.prompts.Answer({Answer::No, Answer::Ok});
+        t.prompts.Answer({Answer::No, Answer::No, Answer::Yes});
         form.source.newDSNShown.disconnectAll();
         form.source.newDSNShown.connect([&](exchange::frmNewDSN& dialog) {
             dialog.txtName.UserTyped(QStringLiteral("stock"));
             dialog.txtDatabase.UserTyped(file.Path());
             dialog.OKButton.Click();
-            dialog.txtDatabase.UserTyped(QStringLiteral("/nowhere"));
+            dialog.txtName.UserTyped(QStringLiteral("other"));
+            dialog.txtDatabase.UserTyped(fresh);
             dialog.OKButton.Click();
             EXPECT_EQ(dialog.Made(), QString());
+            EXPECT_FALSE(t.folder.Has(QStringLiteral("fresh.db")));
+            dialog.OKButton.Click();
         });
         form.source.cmdNewDSN.Click();
-        EXPECT_EQ(t.prompts.Texts().last(), QStringLiteral("Can not find /nowhere"));
+        EXPECT_TRUE(t.prompts.Texts().last().startsWith(QStringLiteral("Can not find ") + fresh));
+        EXPECT_EQ(form.source.ConnectionString(), QStringLiteral("DSN=other;"));
+        form.cmdPre.Click();
+        EXPECT_FALSE(form.txtSample.Text().isEmpty());
     });
+    EXPECT_TRUE(t.folder.Has(QStringLiteral("fresh.db")));
 }
 
 } // namespace
