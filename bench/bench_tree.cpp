@@ -71,6 +71,9 @@ int main(int argc, char** argv) {
     Time(view, "move up", [&] { nodes::MoveUpDownOneNodeAtTree(window, true); });
     Time(view, "delete", [&] { nodes::DeleteTreeNode(window); });
     Time(view, "delete", [&] { nodes::DeleteTreeNode(window); });
-    Time(view, "undo", [&] { textview::rUndo(window); });
+    Time(view, "undo, and the tree from it", [&] {
+        textview::rUndo(window);
+        textview::FollowSteps(window);
+    });
     return 0;
 }

@@ -60,7 +60,7 @@ void RunForm(DocumentWindow& window, const edit::Command& command, std::span<con
 } // namespace
 
 void RunCommand(DocumentWindow& window, const edit::Command& command, std::span<const edit::Form> forms) {
-    const bool label = window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0;
+    const bool label = edit::IsNaming(window);
     controls::TextBox* cell = edit::OpenCell(window);
     if (command.inCell && cell && command.inCell(window, *cell))
         return;

@@ -56,8 +56,7 @@ bool ReadEditedText(DocumentWindow& window) {
 }
 
 void BringTextUpToDate(DocumentWindow& window) {
-    const bool naming = window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0;
-    if (!naming)
+    if (!edit::IsNaming(window))
         edit::WriteUnnamed(window);
 }
 

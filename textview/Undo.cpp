@@ -2,6 +2,7 @@
 #include "textview/Undo.h"
 #include "core/edit/FollowPath.h"
 #include "core/edit/NodePath.h"
+#include "core/edit/Rewriting.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/View.h"
 #include "platform/controls/ColourRuns.h"
@@ -92,6 +93,8 @@ mXMLEdit::Parsed BuildTree(DocumentWindow& window) {
     const text::LongText text = window.TextInUse().Plain();
     mXMLEdit::Parsed parsed = XMLToTree(window, text, 0, Afterwards::KeepText, edit::Tone::Quiet);
     window.bond.msLastParsedText = text;
+    if (parsed.good() && parsed.document->losses().any())
+        edit::AskAgain(window);
     return parsed;
 }
 

@@ -100,14 +100,10 @@ void SayGone(DocumentWindow& window) {
 }
 
 // What is being typed belongs to the document as it stands: it is waited for.
-bool IsEditorOpen(DocumentWindow& window) {
-    return window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0 ||
-           window.txtListView.Visible() || window.bond.bTreeChanged();
-}
-
 bool MayAskNow(DocumentWindow& window) {
     const auto& mayAsk = FilesOf(window.app).mayAsk;
-    return window.bLoaded && !window.bUnloading && !IsEditorOpen(window) && (!mayAsk || mayAsk());
+    const bool typing = IsEditorOpen(window) || window.bond.bTreeChanged();
+    return window.bLoaded && !window.bUnloading && !typing && (!mayAsk || mayAsk());
 }
 
 void LookInFront(DocumentWindow& window) {

@@ -10,10 +10,8 @@
 #include "core/model/FileNames.h"
 #include "core/model/Frame.h"
 #include "core/model/NodeAddress.h"
-#include "platform/text/TextDifference.h"
 #include <QScopeGuard>
 #include <QScopedValueRollback>
-#include <algorithm>
 
 namespace edit {
 
@@ -35,32 +33,8 @@ void TakeDocument(DocumentWindow& window, const QString& fileName, const Fetched
     FillWindow(window, fetched);
 }
 
-/// Where the user is in a text, to be found again in another text of the same document.
-class Caret {
-public:
-    explicit Caret(controls::RichTextBox& pane)
-        : pane_(pane), text_(pane.Long()), from_(pane.SelStart()), to_(from_ + pane.SelLength()) {}
-    void Restore() const {
-        const text::TextChange change = text::Difference(text_, pane_.Long());
-        const qsizetype from = Moved(from_, change);
-        pane_.SetSelStart(from);
-        pane_.SetSelLength(Moved(to_, change) - from);
-    }
-
-private:
-    static qsizetype Moved(qsizetype place, const text::TextChange& change) {
-        if (place >= change.start + change.removed)
-            return place + change.added - change.removed;
-        return std::min(place, change.start + change.added);
-    }
-    controls::RichTextBox& pane_;
-    text::LongText text_;
-    qsizetype from_, to_;
-};
-
 // The same document, as its file has it now: a step of the history, and the user stays where they are.
 void Reload(DocumentWindow& window, const FetchedText& fetched) {
-    const Caret first(window.rtxtXML), second(window.rtxtXML2);
     const m_tvXML::NodeAddress current(window.tvXML.SelectedItem());
     const QScopedValueRollback loading(window.bLoaded, false);
     Run(window, "OpenFile", [&] {
@@ -72,10 +46,6 @@ void Reload(DocumentWindow& window, const FetchedText& fetched) {
         window.tvXML.SetSelectedItem(current.nearestIn(window.tvXML));
         TellPathAgain(window);
     });
-    if (window.bond.refused())
-        return; // the caret is at what the parser dislikes
-    first.Restore();
-    second.Restore();
 }
 
 // What can't be fetched may become a new document of that name, if the user wants it.

@@ -54,6 +54,11 @@ QString RewritingTitle() {
     return QStringLiteral("Writing the document anew");
 }
 
+void AskAgain(DocumentWindow& window) {
+    if (window.bond.rewriting == Rewriting::Agreed)
+        window.bond.rewriting = Rewriting::Unasked;
+}
+
 bool MayRewrite(DocumentWindow& window, const xml::Losses& losses, EditOf edited) {
     Rewriting& rewriting = window.bond.rewriting;
     if (!losses.any() || rewriting == Rewriting::Agreed)

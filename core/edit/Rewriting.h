@@ -17,6 +17,9 @@ enum class EditOf {
 /// text its later edits aren't asked about either: the text stays as it is typed until one of the tree asks.
 bool MayRewrite(DocumentWindow& window, const xml::Losses& losses, EditOf edited);
 
+/// What the user had agreed to lose is there again, by undo: the next rewrite asks about it.
+void AskAgain(DocumentWindow& window);
+
 QString RewritingTitle(); ///< of the box that asks
 
 } // namespace edit

@@ -30,14 +30,9 @@ Pending& PendingOf(DocumentWindow& window) {
     return window.rooms.of<Pending>();
 }
 
-bool IsTyping(const DocumentWindow& window) {
-    return window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0 ||
-           window.txtListView.Visible();
-}
-
 bool TextWaits(DocumentWindow& window, bool unnamedToo) {
     Pending& pending = PendingOf(window);
-    pending.held = pending.held && (pending.opens || IsTyping(window));
+    pending.held = pending.held && (pending.opens || IsEditorOpen(window));
     return pending.held || (!unnamedToo && IsAddingNewNode(window));
 }
 
@@ -151,11 +146,13 @@ void Transaction::Close() {
         return;
     }
     const bool failed = std::exchange(pending.failed, false); // and reported
-    const bool declined = !failed && HasChangedNodes(window_) && !MayChangeNodes(window_);
-    if (failed || declined) {
+    if (failed)
         TakeBack();
+    const bool declined = HasChangedNodes(window_) && !MayChangeNodes(window_);
+    if (declined)
+        TakeBack();
+    if (failed || declined)
         Forget(pending);
-    }
     if (!declined)
         WriteText(window_);
     open_ = false;
@@ -202,6 +199,14 @@ void WriteUnnamed(DocumentWindow& window) {
 
 void HoldText(DocumentWindow& window, bool hold) {
     PendingOf(window).held = PendingOf(window).opens = hold;
+}
+
+bool IsNaming(const DocumentWindow& window) {
+    return window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0;
+}
+
+bool IsEditorOpen(const DocumentWindow& window) {
+    return IsNaming(window) || window.txtListView.Visible();
 }
 
 bool IsAddingNewNode(const DocumentWindow& window) {

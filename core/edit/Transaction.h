@@ -96,6 +96,11 @@ void WriteUnnamed(DocumentWindow& window);
 /// edit. With false it needn't any more.
 void HoldText(DocumentWindow& window, bool hold);
 
+/// A name is being typed over a label of tree or list.
+bool IsNaming(const DocumentWindow& window);
+/// A name is being typed, or a value in a cell.
+bool IsEditorOpen(const DocumentWindow& window);
+
 /// A new node is under way: the selected node, or a child of it, has no name or text yet. The text waits.
 bool IsAddingNewNode(const DocumentWindow& window);
 

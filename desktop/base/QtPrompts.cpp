@@ -51,6 +51,13 @@ QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
     return QMessageBox::Ok;
 }
 
+// Enter may have been meant for what was there before the box: to a warning it says no.
+QMessageBox::StandardButton UsualOf(Buttons buttons, services::Icon icon) {
+    if (buttons == Buttons::OkCancel && icon == services::Icon::Exclamation)
+        return QMessageBox::Cancel;
+    return buttons == Buttons::Ok || buttons == Buttons::OkCancel ? QMessageBox::Ok : QMessageBox::Yes;
+}
+
 QMessageBox::Icon IconOf(services::Icon icon) {
     switch (icon) {
     case services::Icon::Information:
@@ -103,8 +110,7 @@ Answer QtPrompts::MsgBox(const QString& text, Buttons buttons, services::Icon ic
     box.setWindowTitle(title);
     box.setIcon(IconOf(icon));
     box.setStandardButtons(ButtonsOf(buttons));
-    const bool withOk = buttons == Buttons::Ok || buttons == Buttons::OkCancel;
-    box.setDefaultButton(withOk ? QMessageBox::Ok : QMessageBox::Yes);
+    box.setDefaultButton(UsualOf(buttons, icon));
     const auto escape = buttons == Buttons::Ok      ? QMessageBox::Ok
                         : buttons == Buttons::YesNo ? QMessageBox::No
                                                     : QMessageBox::Cancel;

@@ -29,7 +29,8 @@ struct FontChoice {
 class Prompts {
 public:
     virtual ~Prompts() = default;
-    /// `about` is what the text is about, such as a file's name: a line of its own below the text.
+    /// `about` is what the text is about, such as a file's name: a line of its own below the text. Enter
+    /// gives the first answer, but for OkCancel with Exclamation, where it cancels.
     virtual Answer MsgBox(const QString& text, Buttons buttons = Buttons::Ok, Icon icon = Icon::None,
                           const QString& title = QStringLiteral("Vantrel"), const QString& about = {}) = 0;
     /// A question with answers of its own. The 0-based number of the one that was chosen; -1 when the box was

@@ -107,6 +107,17 @@ TEST_F(EditNodesDialog, WhatOkRefusesIsPutRightWhereItWasTyped) {
     EXPECT_NE(Text().find(">dry<"), std::string::npos);
 }
 
+// Broken between words, a line of this length would not come up before the user has gone.
+TEST_F(EditNodesDialog, AVeryLongLineIsBrokenAnywhere) {
+    const QByteArray value(300'000, 'x');
+    Open("<shop><pen>" + value + "</pen><cap>short words</cap></shop>");
+    EXPECT_EQ(NodeText().wordWrapMode(), QTextOption::WrapAnywhere);
+    EXPECT_EQ(NodeText().toPlainText().size(), value.size());
+    QTest::keyClick(&Name(), Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(NodeText().toPlainText(), QStringLiteral("short words"));
+    EXPECT_EQ(NodeText().wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
 TEST_F(EditNodesDialog, TheRadioButtonsChooseTreeOrList) {
     Open("<shop><pen colour='red'>ink</pen></shop>");
     QTest::mouseClick(&Of<QRadioButton>("optList"), Qt::LeftButton, {}, QPoint(8, 8));

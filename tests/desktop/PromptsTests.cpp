@@ -20,16 +20,18 @@ using services::Answer;
 using services::Buttons;
 
 // Shows a box and presses one key in it.
-Answer AnswerBy(Qt::Key key, Buttons buttons, const QString& text = QStringLiteral("Really?")) {
+Answer AnswerBy(Qt::Key key, Buttons buttons, services::Icon icon = services::Icon::Question) {
     QTimer::singleShot(0, [key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
-    return QtPrompts().MsgBox(text, buttons, services::Icon::Question, QStringLiteral("Vantrel"));
+    return QtPrompts().MsgBox(QStringLiteral("Really?"), buttons, icon, QStringLiteral("Vantrel"));
 }
 
-TEST(Prompts, EscapeNeverSaysYes) {
+TEST(Prompts, EscapeNeverSaysYesAndEnterNotToAWarning) {
     EXPECT_EQ(AnswerBy(Qt::Key_Escape, Buttons::YesNoCancel), Answer::Cancel);
     EXPECT_EQ(AnswerBy(Qt::Key_Escape, Buttons::YesNo), Answer::No);
     EXPECT_EQ(AnswerBy(Qt::Key_Escape, Buttons::Ok), Answer::Ok);
     EXPECT_EQ(AnswerBy(Qt::Key_Return, Buttons::YesNo), Answer::Yes);
+    EXPECT_EQ(AnswerBy(Qt::Key_Return, Buttons::OkCancel), Answer::Ok);
+    EXPECT_EQ(AnswerBy(Qt::Key_Return, Buttons::OkCancel, services::Icon::Exclamation), Answer::Cancel);
 }
 
 TEST(Prompts, MarkupIsShownAsItIsAndAnEndlessLineFitsTheScreen) {

@@ -124,6 +124,12 @@ TEST_F(RewritingTest, WhoGoesOnIsNotAskedAgainAndUndoBringsTheBytesBack) {
         t.ChooseMenu(QStringLiteral("mnuEditUndo"));
     EXPECT_EQ(Saved(), QByteArray(kLossy));
     EXPECT_EQ(Asked(), 1U);
+    // What was taken back was the consent, too: the next letter must not cost the section.
+    t.prompts.AnswerRewriting({Answer::Cancel});
+    Type("<note>", "<new/>");
+    w->tbsXML.Select(QStringLiteral("listview"));
+    EXPECT_EQ(Asked(), 2U);
+    EXPECT_TRUE(Saved().contains("<![CDATA[a < b]]>"));
 }
 
 // The text is the user's then, and only the tree's edits ask.
