@@ -9,6 +9,7 @@
 #include "exchange/dialogs/frmImportTxt.h"
 #include "table/LoadTables.h"
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 
 namespace {
@@ -117,9 +118,13 @@ void Export(DocumentWindow& window, const QString& folder) {
     exchange::TextOutOptions options;
     options.i_sDelimiter = QStringLiteral(",");
     options.i_bIsAttr = true;
-    exchange::TextOut out;
-    const double took = Milliseconds([&] { out = exchange::GetTreeNodeResText(window, options, {}); });
-    const double megabytes = static_cast<double>(out.text.size()) / 1e6;
+    const QString path = folder + QStringLiteral("/out.txt");
+    const double took = Milliseconds([&] {
+        edit::SaveTextToFile(window.app, path, [&](const edit::TextSink& sink) {
+            return exchange::GetTreeNodeResText(window, options, sink, {});
+        });
+    });
+    const double megabytes = static_cast<double>(QFileInfo(path).size()) / 1e6;
     std::printf("export as text: %.0f MB in %.2f s, %.0f MB/s\n", megabytes, took / 1e3,
                 megabytes / took * 1e3);
     QFile made(folder + QStringLiteral("/made.db"));

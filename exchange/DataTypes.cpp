@@ -68,6 +68,8 @@ constexpr struct {
 int DataTypeOf(const services::DatabaseColumn& column) {
     if (column.type == -5 && column.typeName.contains(QStringLiteral("unsigned"), Qt::CaseInsensitive))
         return adUnsignedBigInt;
+    if (column.typeName.compare(QStringLiteral("bool"), Qt::CaseInsensitive) == 0)
+        return adBoolean; // some drivers give its values as texts
     for (const auto& known : kTypes) {
         if (known.sql == column.type)
             return known.data;

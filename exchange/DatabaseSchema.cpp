@@ -3,6 +3,7 @@
 #include "core/model/Application.h"
 #include "exchange/DataTypes.h"
 #include "exchange/FieldNames.h"
+#include <QHash>
 
 namespace exchange {
 
@@ -40,26 +41,55 @@ DatabaseResult ReadShapes(services::Database& database, bool keys, std::vector<T
     return result;
 }
 
-void MakeNamesValid(Application& app, std::vector<TableShape>& shapes) {
-    const auto valid = [&](QString& name) { name = ValidName(app, name); };
+/// New names by the old ones; the first of equal ones counts.
+using Renamed = QHash<QString, QString>;
+
+Renamed MakeValid(Application& app, const std::vector<QString*>& names) {
+    std::vector<QString> old;
+    for (const QString* name : names)
+        old.push_back(*name);
+    const std::vector<QString> valid = ValidNames(app, old);
+    Renamed renamed;
+    for (std::size_t i = 0; i < old.size(); ++i) {
+        *names[i] = valid[i];
+        if (!renamed.contains(old[i]))
+            renamed.insert(old[i], valid[i]);
+    }
+    return renamed;
+}
+
+void Rename(QStringList& names, const Renamed& renamed) {
+    for (QString& name : names)
+        name = renamed.value(name);
+}
+
+/// All names become valid ones, each of them another one; keys lead where they did. Gives the root's name.
+QString MakeNamesValid(Application& app, std::vector<TableShape>& shapes) {
+    QHash<QString, Renamed> columns; // of tables by their old names
     for (TableShape& shape : shapes) {
-        valid(shape.table.name);
-        std::vector<QString> names;
-        for (const DatabaseColumn& column : shape.columns)
-            names.push_back(column.name);
-        names = ValidNames(app, names);
-        for (std::size_t i = 0; i < names.size(); ++i)
-            shape.columns[i].name = names[i];
-        for (QString& name : shape.key)
-            valid(name);
+        std::vector<QString*> names;
+        for (DatabaseColumn& column : shape.columns)
+            names.push_back(&column.name);
+        const Renamed renamed = MakeValid(app, names);
+        Rename(shape.key, renamed);
+        for (DatabaseForeignKey& key : shape.foreignKeys)
+            Rename(key.columns, renamed);
+        if (!columns.contains(shape.table.name))
+            columns.insert(shape.table.name, renamed);
+    }
+    QString root = QStringLiteral("data");
+    std::vector<QString*> tables;
+    for (TableShape& shape : shapes)
+        tables.push_back(&shape.table.name);
+    tables.push_back(&root);
+    const Renamed renamed = MakeValid(app, tables);
+    for (TableShape& shape : shapes) {
         for (DatabaseForeignKey& key : shape.foreignKeys) {
-            valid(key.table);
-            for (QStringList* part : {&key.columns, &key.targets}) {
-                for (QString& name : *part)
-                    valid(name);
-            }
+            Rename(key.targets, columns.value(key.table));
+            key.table = renamed.value(key.table);
         }
     }
+    return root;
 }
 
 QString StringColumn(const DatabaseColumn& column, const QString& kind, const QString& indent, bool repair) {
@@ -106,35 +136,54 @@ QString Key(const QString& kind, const QString& head, const QString& table, cons
            Fields(fields, attributes) + QStringLiteral("\t\t</xsd:%1>\r\n").arg(kind);
 }
 
-bool HasKey(const std::vector<TableShape>& shapes, const DatabaseForeignKey& key) {
-    return std::any_of(shapes.begin(), shapes.end(), [&](const TableShape& shape) {
-        return shape.table.name == key.table && shape.key == key.targets;
-    });
+/// The columns of a foreign key in the order of the key that they lead to; none where they lead to no key.
+QStringList ReferringColumns(const std::vector<TableShape>& shapes, const DatabaseForeignKey& key) {
+    for (const TableShape& shape : shapes) {
+        if (shape.table.name != key.table || shape.key.size() != key.targets.size())
+            continue;
+        QStringList columns;
+        for (const QString& target : shape.key) {
+            const qsizetype at = key.targets.indexOf(target);
+            if (at < 0)
+                return {};
+            columns << key.columns[at];
+        }
+        return columns;
+    }
+    return {};
+}
+
+QString References(const std::vector<TableShape>& shapes, const TableShape& shape, bool attributes) {
+    QString references;
+    int number = 0;
+    for (const DatabaseForeignKey& key : shape.foreignKeys) {
+        const QStringList columns = ReferringColumns(shapes, key);
+        const QString head = QStringLiteral("name=\"") + shape.table.name + QStringLiteral("_ref") +
+                             QString::number(number + 1) + QStringLiteral("\" refer=\"") + key.table +
+                             QStringLiteral("_key\"");
+        if (columns.isEmpty())
+            continue;
+        ++number;
+        references += Key(QStringLiteral("keyref"), head, shape.table.name, columns, attributes);
+    }
+    return references;
 }
 
 /// The element around the rows of all tables, with their keys.
-QString RootSchema(const std::vector<TableShape>& shapes, bool attributes) {
+QString RootSchema(const QString& root, const std::vector<TableShape>& shapes, bool attributes) {
     QString rows, keys, references;
     for (const TableShape& shape : shapes) {
         const QString& name = shape.table.name;
-        rows += QStringLiteral("\t\t\t\t<xsd:element ref=\"%1\"/>\r\n").arg(name);
+        rows += QStringLiteral("\t\t\t\t<xsd:element ref=\"") + name + QStringLiteral("\"/>\r\n");
         if (!shape.key.isEmpty())
-            keys += Key(QStringLiteral("key"), QStringLiteral("name=\"%1_key\"").arg(name), name, shape.key,
-                        attributes);
-        int number = 0;
-        for (const DatabaseForeignKey& key : shape.foreignKeys) {
-            if (HasKey(shapes, key))
-                references += Key(QStringLiteral("keyref"),
-                                  QStringLiteral("name=\"%1_ref%2\" refer=\"%3_key\"")
-                                      .arg(name)
-                                      .arg(++number)
-                                      .arg(key.table),
-                                  name, key.columns, attributes);
-        }
+            keys += Key(QStringLiteral("key"), QStringLiteral("name=\"") + name + QStringLiteral("_key\""),
+                        name, shape.key, attributes);
+        references += References(shapes, shape, attributes);
     }
     if (rows.isEmpty())
         return {};
-    return QStringLiteral("\t<xsd:element name=\"data\">\r\n\t\t<xsd:complexType>\r\n"
+    return QStringLiteral("\t<xsd:element name=\"") + root +
+           QStringLiteral("\">\r\n\t\t<xsd:complexType>\r\n"
                           "\t\t\t<xsd:choice minOccurs=\"0\" maxOccurs=\"unbounded\">\r\n") +
            rows + QStringLiteral("\t\t\t</xsd:choice>\r\n\t\t</xsd:complexType>\r\n") + keys + references +
            QStringLiteral("\t</xsd:element>\r\n");
@@ -170,15 +219,16 @@ QString SchemaOf(Application& app, services::Database& database, const SchemaOpt
                  DatabaseResult& result) {
     std::vector<TableShape> shapes;
     result = ReadShapes(database, options.repair, shapes);
+    QString root;
     if (options.repair)
-        MakeNamesValid(app, shapes);
+        root = MakeNamesValid(app, shapes);
     QString schema =
         QStringLiteral("<?xml version=\"1.0\" encoding=\"") + app.options.Encoding +
         QStringLiteral("\"?>\r\n<xsd:schema xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\">\r\n");
     for (const TableShape& shape : shapes)
         schema += TableSchema(app, shape, options);
     if (options.repair)
-        schema += RootSchema(shapes, options.attributes);
+        schema += RootSchema(root, shapes, options.attributes);
     return schema + QStringLiteral("</xsd:schema>");
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/ExportRows.h"
-#include <algorithm>
+#include <QStringList>
 
 namespace exchange {
 
@@ -12,14 +12,12 @@ using services::DatabaseResult;
 
 constexpr qint64 kRowsPerStep = 100;
 
-QStringList TableNames(Database& database) {
+DatabaseResult ListTables(Database& database, QStringList& names) {
     std::vector<services::DatabaseTable> tables;
-    QStringList names;
-    if (database.Tables(tables)) {
-        for (const services::DatabaseTable& table : tables)
-            names << table.name;
-    }
-    return names;
+    DatabaseResult result = database.Tables(tables);
+    for (const services::DatabaseTable& table : tables)
+        names << table.name;
+    return result;
 }
 
 /// One export on its way.
@@ -28,17 +26,36 @@ public:
     Run(Database& database, const edit::WaitStep& step, qint64 total)
         : database_(database), step_(step), total_(total) {}
 
-    DatabaseResult Script(const TableExport& table) {
+    DatabaseResult All(const std::vector<TableExport>& tables) {
         DatabaseResult result;
-        for (const QString& sql : StatementsOf(table.script)) {
-            if (result)
-                result = Statement(sql, table.data);
+        for (const bool rows : {false, true}) {
+            for (const TableExport& table : tables) {
+                if (result)
+                    result = Script(table, rows);
+            }
         }
         return result;
     }
+    /// The tables of which a script has begun.
+    const QStringList& Begun() const { return begun_; }
     qint64 Rows() const { return rows_; }
 
 private:
+    // `rows`: what begins with the first statement with parameters, else what stands before it.
+    DatabaseResult Script(const TableExport& table, bool rows) {
+        DatabaseResult result;
+        bool behind = false;
+        for (const ScriptStatement& statement : StatementsOf(table.script)) {
+            behind = behind || statement.hasParameters;
+            if (!result || behind != rows)
+                continue;
+            result = Statement(statement.sql, table.data);
+            if (result)
+                begun_ << table.data.table->name();
+        }
+        return result;
+    }
+
     DatabaseResult Statement(const QString& sql, const TableData& data) {
         DatabaseResult result;
         const auto statement = database_.Prepare(sql, result);
@@ -67,17 +84,18 @@ private:
     Database& database_;
     const edit::WaitStep& step_;
     qint64 total_, rows_ = 0;
+    QStringList begun_;
 };
 
-// A database that makes tables outside of transactions keeps them empty: they go, unless they were there.
-void RemoveMade(Database& database, const QStringList& before, const std::vector<TableExport>& tables) {
+// A database that makes tables outside of transactions keeps them: those that weren't there before go.
+void RemoveMade(Database& database, const QStringList& before, const QStringList& begun) {
+    QStringList now;
+    if (database.TakesTablesBack() || !ListTables(database, now))
+        return;
     const QString quote = database.Quote();
-    for (const QString& name : TableNames(database)) {
-        const bool ours = std::any_of(tables.begin(), tables.end(), [&](const TableExport& table) {
-            return table.data.table->name().compare(name, Qt::CaseInsensitive) == 0;
-        });
+    for (const QString& name : now) {
         DatabaseResult ignored;
-        if (ours && !before.contains(name))
+        if (begun.contains(name, Qt::CaseInsensitive) && !before.contains(name, Qt::CaseInsensitive))
             database.Execute(QStringLiteral("DROP TABLE ") + quote + name + quote, ignored);
     }
     database.Commit();
@@ -91,25 +109,24 @@ Exported ExportRows(const QString& connection, const std::vector<TableExport>& t
     const std::unique_ptr<Database> database = services::Databases().Open(connection, step, exported.result);
     if (!database)
         return exported;
-    const QStringList before = TableNames(*database);
-    exported.result = database->BeginTransaction();
+    QStringList before;
+    exported.result = ListTables(*database, before);
+    if (exported.result)
+        exported.result = database->BeginTransaction();
     if (!exported.result)
         return exported;
     qint64 total = 0;
     for (const TableExport& table : tables)
         total += table.data.table->lastRow();
     Run run(*database, step, total);
-    for (const TableExport& table : tables) {
-        if (exported.result)
-            exported.result = run.Script(table);
-    }
+    exported.result = run.All(tables);
     if (exported.result)
         exported.result = database->Commit();
     if (exported.result) {
         exported.rows = run.Rows();
     } else {
         database->Rollback();
-        RemoveMade(*database, before, tables);
+        RemoveMade(*database, before, run.Begun());
     }
     return exported;
 }

@@ -18,9 +18,9 @@ struct Exported {
     qint64 rows = 0;                 ///< that went in
 };
 
-/// Runs the scripts of all tables as one transaction. A statement with parameters runs for each row, with its
-/// values; it has to have as many as the table has columns. A database without transactions is refused.
-/// `step` is told of rows.
+/// Runs the scripts of all tables as one transaction: first what each has in front of its first statement
+/// with parameters, then the rest. A statement with parameters runs for each row, with its values; it has to
+/// have as many as the table has columns. A database without transactions is refused. `step` is told of rows.
 Exported ExportRows(const QString& connection, const std::vector<TableExport>& tables,
                     const edit::WaitStep& step);
 

@@ -111,11 +111,6 @@ std::vector<QString> ValidNames(Application& app, const std::vector<QString>& na
     return valid;
 }
 
-QString ValidName(Application& app, const QString& name) {
-    NameCharacters characters(app);
-    return MadeValid(characters, name);
-}
-
 QString NameComplaint(Application& app, const std::vector<QString>& names, Filling filling) {
     if (names.empty() || Parses(app, RowOf(names, filling)))
         return {};

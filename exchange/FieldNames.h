@@ -18,8 +18,6 @@ std::vector<QString> NumberedNames(std::size_t count);
 /// The names with what XML doesn't take in them replaced by "_", each of them another one. What XML takes is
 /// asked of the parser.
 std::vector<QString> ValidNames(Application& app, const std::vector<QString>& names);
-/// One name made so; an empty one stays empty.
-QString ValidName(Application& app, const QString& name);
 
 /// A sentence on the first name that makes rows which don't parse; empty where all is well.
 QString NameComplaint(Application& app, const std::vector<QString>& names, Filling filling);

@@ -69,7 +69,7 @@ MadeRows RowsOf(Application& app, const RowsQuery& query, const edit::WaitStep& 
     const bool guarded = static_cast<bool>(database->BeginTransaction());
     Read(app, *database, query, step, made);
     if (guarded)
-        database->Rollback();
+        made.takenBack = static_cast<bool>(database->Rollback()) && database->TakesTablesBack();
     return made;
 }
 

@@ -20,8 +20,9 @@ struct RowsQuery {
 
 struct MadeRows {
     services::DatabaseResult result;
-    bool answered = false; ///< the statement gave columns; without them there is no text
-    bool cut = false;      ///< there are more rows than were wanted
+    bool answered = false;  ///< the statement gave columns; without them there is no text
+    bool takenBack = false; ///< whatever it changed
+    bool cut = false;       ///< there are more rows than were wanted
     text::LongText text;
     LeftOut leftOut;
     QString nameComplaint; ///< on the first name that makes a document which doesn't parse

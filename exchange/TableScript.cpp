@@ -13,7 +13,7 @@ using table::ElementTable;
 
 constexpr qint64 kRowsPerStep = 1000;
 constexpr qsizetype kIntegerDigits = 18; // of 64 bits, with any first digit
-constexpr qsizetype kDecimalDigits = 38;
+constexpr qsizetype kDecimalDigits = 15; // all that some databases keep of a decimal
 
 bool AreDigits(QStringView text) {
     return !text.isEmpty() &&
@@ -138,9 +138,15 @@ QString ScriptOf(const TableData& data, const QString& quote) {
            parameters.join(QStringLiteral(", ")) + QStringLiteral(");\n");
 }
 
-QStringList StatementsOf(const QString& script) {
-    QStringList statements;
-    QString statement;
+std::vector<ScriptStatement> StatementsOf(const QString& script) {
+    std::vector<ScriptStatement> statements;
+    ScriptStatement statement;
+    const auto end = [&] {
+        statement.sql = statement.sql.trimmed();
+        if (!statement.sql.isEmpty())
+            statements.push_back(statement);
+        statement = {};
+    };
     QChar quote;
     bool comment = false;
     for (qsizetype at = 0; at < script.size(); ++at) {
@@ -154,15 +160,14 @@ QStringList StatementsOf(const QString& script) {
         else if (unit == u'-' && at + 1 < script.size() && script[at + 1] == u'-')
             comment = true;
         else if (unit == u';') {
-            statements << statement.trimmed();
-            statement.clear();
+            end();
             continue;
-        }
+        } else if (unit == u'?')
+            statement.hasParameters = true;
         if (!comment)
-            statement += unit;
+            statement.sql += unit;
     }
-    statements << statement.trimmed();
-    statements.removeAll(QString());
+    end();
     return statements;
 }
 

@@ -3,7 +3,6 @@
 #include "core/edit/Waiting.h"
 #include "table/ElementTable.h"
 #include <QString>
-#include <QStringList>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -27,8 +26,12 @@ std::optional<TableData> DataOf(std::shared_ptr<const table::ElementTable> table
 /// A statement that makes the table, and one that fills a row, with a parameter for each column. `quote`
 /// stands around names.
 QString ScriptOf(const TableData& data, const QString& quote);
+struct ScriptStatement {
+    QString sql;
+    bool hasParameters = false;
+};
 /// The statements of a script, parted by ";" outside of quotes and comments; blank ones left out.
-QStringList StatementsOf(const QString& script);
+std::vector<ScriptStatement> StatementsOf(const QString& script);
 
 /// The narrowest type for values that come one by one.
 class TypeGuess {

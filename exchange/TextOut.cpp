@@ -5,6 +5,7 @@
 #include "core/model/Escaping.h"
 #include "core/model/NodeKind.h"
 #include "core/model/NodeNumbers.h"
+#include "table/GridCells.h"
 #include "table/LoadTables.h"
 #include "table/TableState.h"
 #include <algorithm>
@@ -16,57 +17,72 @@ namespace {
 using controls::TreeNode;
 using table::Columns;
 using table::ElementTable;
-using table::Tables;
 
 constexpr int kAllLevels = 1000;
 constexpr qint64 kRowsPerStep = 1000;
-constexpr qsizetype kRoom = 1 << 20;
+constexpr qsizetype kPart = 1 << 16; // units that go on together
 
 const QString kEnd = QStringLiteral("\r\n");
+
+/// What a table gives: as the grid in use shows it, or as one would that isn't made for it.
+struct Shown {
+    const ElementTable& table;
+    const controls::FlexGrid* grid = nullptr;
+
+    int sourceRow(int row) const { return grid ? grid->SourceRow(row) : row; }
+    /// The cells of a row behind the row label.
+    std::vector<QString> cells(int row) const {
+        const int last = table.columnCount() - 1;
+        if (!grid || (row > 0 && row <= table.lastRow()))
+            return table.texts(sourceRow(row), Columns::kFirst, last);
+        std::vector<QString> cells; // what was calculated stands in the grid alone
+        for (int column = Columns::kFirst; column <= last; ++column)
+            cells.push_back(grid->TextMatrix(row, column));
+        return cells;
+    }
+};
 
 /// Walks the levels and writes their tables.
 class Writer {
 public:
-    Writer(const TextOutOptions& options, const edit::WaitStep& step) : options_(options), step_(step) {}
+    Writer(const TextOutOptions& options, const edit::TextSink& sink, const edit::WaitStep& step)
+        : options_(options), sink_(sink), step_(step) {}
 
-    bool goesOn() const { return !out_.cut && !out_.cancelled; }
-    TextOut take() { return std::move(out_); }
-    QString& text() { return out_.text; }
-
-    /// One table: its rows, or the one text that a table of a single cell has.
-    void GetOneTableResText(const ElementTable& table) {
-        const int first = options_.i_bIncludeNameFirst ? 0 : 1;
-        if (!options_.i_bIsAttr) {
-            if (table.rowCount() < 3) // quirk 97
-                out_.text += table.text(1, table.textColumn());
-            return;
-        }
-        for (int row = first; row < table.rowCount() && goesOn(); ++row) {
-            AppendRow(table, row);
-            out_.text += kEnd;
-            Count();
-        }
-        out_.text += kEnd;
+    void Put(QStringView text) { part_ += text; }
+    /// What is left goes on. False where the text was given up.
+    bool Finish() {
+        PassOn();
+        return goesOn_;
     }
 
-    /// The levels below a node, as many as `level` says.
+    void GetOneTableResText(const Shown& shown) {
+        if (!options_.i_bIsAttr)
+            return Put(OnlyText(shown.table));
+        const int first = options_.i_bIncludeNameFirst ? 0 : 1;
+        for (int row = first; row < shown.table.rowCount() && goesOn_; ++row) {
+            PutRow(shown, row);
+            Put(kEnd);
+            Count();
+        }
+        Put(kEnd);
+    }
+
+    /// The levels below a node, as many as `level` says. Without the cells there are the tables' names and
+    /// their texts, each in a line of its own.
     void GetAllChildResText(TreeNode node, int level, QString& header, QString& line) {
         const TreeNode first = FirstOfLevel(node);
-        if (level < 1 || !first || !goesOn())
+        if (level < 1 || !first || !goesOn_)
             return;
         for (const auto& table : table::TablesOfLevel(first, true)) {
             if (options_.i_bIsAttr) {
-                GetOneTableResText(*table);
-                out_.text += kEnd;
+                GetOneTableResText({*table});
+                Put(kEnd);
             } else if (options_.i_bIncludeNameFirst) {
-                header += (header.isEmpty() ? QString() : options_.i_sDelimiter) + table->name();
-                const qsizetype from = out_.text.size();
-                GetOneTableResText(*table);
-                line += (line.isEmpty() ? QString() : options_.i_sDelimiter) + out_.text.mid(from);
-                out_.text.truncate(from);
+                Join(header, table->name());
+                Join(line, OnlyText(*table));
             }
         }
-        for (TreeNode child = first; level > 1 && child && goesOn(); child = child.Next()) {
+        for (TreeNode child = first; level > 1 && child && goesOn_; child = child.Next()) {
             if (child.Children() > 0)
                 GetAllChildResText(child, level - 1, header, line);
         }
@@ -79,31 +95,42 @@ private:
         return child ? m_tvXML::FirstElement(child) : TreeNode();
     }
 
-    // A cell keeps its place only behind the first that isn't empty (quirk 96).
-    void AppendRow(const ElementTable& table, int row) {
-        const qsizetype from = out_.text.size();
-        const int last = table.columnCount() - 1;
-        const auto join = [&](QStringView cell) {
-            if (out_.text.size() > from)
-                out_.text += options_.i_sDelimiter;
-            out_.text += cell;
-        };
-        if (options_.plain)
-            return AppendPlainRow(table, row);
-        for (const QString& cell : table.texts(row, Columns::kFirst, last))
-            join(cell);
+    void Join(QString& text, const QString& more) const {
+        text += (text.isEmpty() ? QString() : options_.i_sDelimiter) + more;
     }
 
-    void AppendPlainRow(const ElementTable& table, int row) {
-        const int last = table.columnCount() - 1;
+    // The one text that a table of a single cell has (quirk 97).
+    static QString OnlyText(const ElementTable& table) {
+        return table.rowCount() < 3 ? table.text(1, table.textColumn()) : QString();
+    }
+
+    // A cell keeps its place only behind the first that isn't empty (quirk 96).
+    void PutRow(const Shown& shown, int row) {
+        if (options_.plain)
+            return PutPlainRow(shown, row);
+        bool any = false;
+        for (const QString& cell : shown.cells(row)) {
+            if (any)
+                Put(options_.i_sDelimiter);
+            any = any || !cell.isEmpty();
+            Put(cell);
+        }
+    }
+
+    void PutPlainRow(const Shown& shown, int row) {
+        const ElementTable& table = shown.table;
         std::vector<QString> cells;
         if (row == 0)
-            cells = table.texts(row, Columns::kFirst, last);
+            cells = shown.cells(row);
         else if (row <= table.lastRow())
-            for (const text::CompactView value : table.values(row, Columns::kFirst, last))
+            for (const text::CompactView value :
+                 table.values(shown.sourceRow(row), Columns::kFirst, table.columnCount() - 1))
                 cells.push_back(mXMLEdit::WithoutReferences(value.toString()));
-        for (std::size_t i = 0; i < cells.size(); ++i)
-            out_.text += (i > 0 ? options_.i_sDelimiter : QString()) + Quoted(cells[i]);
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            if (i > 0)
+                Put(options_.i_sDelimiter);
+            Put(Quoted(cells[i]));
+        }
     }
 
     QString Quoted(QString cell) const {
@@ -113,17 +140,23 @@ private:
     }
 
     void Count() {
-        out_.cut = options_.most > 0 && out_.text.size() > options_.most;
         if (++rows_ % kRowsPerStep == 0 && step_ && !step_(rows_, 0))
-            out_.cancelled = true;
-        if (out_.text.capacity() - out_.text.size() < kRoom) // ahead of the growth row by row
-            out_.text.reserve(out_.text.size() * 2 + kRoom);
+            goesOn_ = false;
+        if (part_.size() > kPart)
+            PassOn();
+    }
+
+    void PassOn() {
+        goesOn_ = goesOn_ && sink_(part_);
+        part_.resize(0); // its room is kept
     }
 
     const TextOutOptions& options_;
+    const edit::TextSink& sink_;
     const edit::WaitStep& step_;
-    TextOut out_;
+    QString part_;
     qint64 rows_ = 0;
+    bool goesOn_ = true;
 };
 
 TreeNode StartNode(DocumentWindow& window, bool selected) {
@@ -133,8 +166,8 @@ TreeNode StartNode(DocumentWindow& window, bool selected) {
     return window.tvXML.Nodes(1).Child();
 }
 
-/// The table in use, once the table view shows the level of a node.
-std::shared_ptr<ElementTable> ShowTables(DocumentWindow& window, TreeNode start) {
+/// The grid in use, once the table view shows the level of a node; null without one.
+const controls::FlexGrid* ShowTables(DocumentWindow& window, TreeNode start) {
     edit::Run(window, "GetTreeNodeResText", [&] {
         edit::SelectNode(window, start);
         edit::ShowView(window, edit::kTableTab);
@@ -143,27 +176,27 @@ std::shared_ptr<ElementTable> ShowTables(DocumentWindow& window, TreeNode start)
     if (state.tables.empty())
         return nullptr;
     const auto last = static_cast<int>(state.tables.size()) - 1;
-    return state.tables[static_cast<std::size_t>(std::clamp(state.miTableViewIndex, 0, last))];
+    return &window.hfgrdTableView(std::clamp(state.miTableViewIndex, 0, last));
 }
 
 } // namespace
 
-TextOut GetTreeNodeResText(DocumentWindow& window, const TextOutOptions& options,
-                           const edit::WaitStep& step) {
-    Writer writer(options, step);
+bool GetTreeNodeResText(DocumentWindow& window, const TextOutOptions& options, const edit::TextSink& sink,
+                        const edit::WaitStep& step) {
     if (window.tvXML.Nodes.Count() < 2 || window.tvXML.Nodes(1).Children() == 0)
-        return writer.take();
-    if (const auto table = ShowTables(window, StartNode(window, options.i_bIsSelectedNode)))
-        writer.GetOneTableResText(*table);
+        return true;
+    Writer writer(options, sink, step);
+    if (const controls::FlexGrid* grid = ShowTables(window, StartNode(window, options.i_bIsSelectedNode)))
+        writer.GetOneTableResText({*table::TableIn(window, *grid), grid});
     if (options.i_iDepthType == 1 && options.i_iDepth < 2)
-        return writer.take();
+        return writer.Finish();
     const int levels = options.i_iDepthType == 0 ? kAllLevels : options.i_iDepth - 1;
     QString header, line;
     // The table view stands on an element, also where the document begins with its declaration (quirk 95).
     writer.GetAllChildResText(window.tvXML.SelectedItem(), levels, header, line);
     if (!options.i_bIsAttr && options.i_bIncludeNameFirst)
-        writer.text() += kEnd + header + kEnd + line;
-    return writer.take();
+        writer.Put(kEnd + header + kEnd + line);
+    return writer.Finish();
 }
 
 } // namespace exchange

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/edit/Waiting.h"
+#include "core/edit/WriteStream.h"
 #include "core/model/DocumentWindow.h"
 #include <QString>
 
@@ -16,17 +17,11 @@ struct TextOutOptions {
     int i_iDepth = 0;                 ///< levels
     /// Values as the document means them, in quotes where they hold a delimiter, a quote or a line end.
     bool plain = false;
-    qsizetype most = 0; ///< units after which no further row is written; 0: all
 };
 
-struct TextOut {
-    QString text;
-    bool cut = false; ///< after `most`
-    bool cancelled = false;
-};
-
-/// The text. The window shows its table view then, with the node selected that the text begins with. `step`
-/// is told of rows.
-TextOut GetTreeNodeResText(DocumentWindow& window, const TextOutOptions& options, const edit::WaitStep& step);
+/// Hands the text on part by part, whole rows each. The window shows its table view then, with the node
+/// selected that the text begins with. `step` is told of rows. False where it or the sink gave it up.
+bool GetTreeNodeResText(DocumentWindow& window, const TextOutOptions& options, const edit::TextSink& sink,
+                        const edit::WaitStep& step);
 
 } // namespace exchange

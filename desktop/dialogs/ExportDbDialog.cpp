@@ -20,6 +20,8 @@ ExportDbDialog::ExportDbDialog(exchange::frmExportDB& form, QWidget* parent)
                          {"CancelButton", &form.CancelButton}});
     Listen(form.source.newDSNShown, this,
            [this](exchange::frmNewDSN& dialog) { NewDsnDialog(dialog, this).exec(); });
+    QMetaObject::invokeMethod(
+        this, [this] { form_.Form_Activate(); }, Qt::QueuedConnection); // once it is to be seen
     Listen(form.unloaded, this, [this] { accept(); });
 }
 

@@ -16,7 +16,7 @@ SourceChoice::SourceChoice(Application& app) : app_(app) {
     txtDS.KeyUp.connect([this](int, int) { Access(true); });
     cmdAccess.Click.connect([this] { cmdAccess_Click(); });
     optOdbc.Click.connect([this] { Odbc(false); });
-    optAccess.Click.connect([this] { Access(true); });
+    optAccess.Click.connect([this] { Access(false); });
 }
 
 void SourceChoice::Load() {
@@ -50,7 +50,7 @@ void SourceChoice::Access(bool typed) {
         Choose({}, true);
     else
         Choose(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + path,
-               !typed || (path != tried_ && mXMLEdit::FileExist(app_, path)));
+               mXMLEdit::FileExist(app_, path) && !(typed && path == tried_));
     tried_ = path; // keys that change nothing come, too
 }
 

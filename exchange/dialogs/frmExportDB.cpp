@@ -5,6 +5,7 @@
 #include "exchange/ImportRows.h"
 #include "exchange/dialogs/TableList.h"
 #include "table/TableState.h"
+#include <utility>
 
 namespace exchange {
 
@@ -45,6 +46,11 @@ bool frmExportDB::Form_Load() {
     cmbGrid.SetListIndex(0);
     cmbGrid_Click();
     return true;
+}
+
+void frmExportDB::Form_Activate() {
+    if (!std::exchange(activated_, true))
+        source_Chosen();
 }
 
 bool frmExportDB::ReadTables() {

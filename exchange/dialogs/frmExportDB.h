@@ -27,6 +27,8 @@ public:
     /// Shows the table view and proposes statements for its tables. False where there are none, or the user
     /// cancelled; they know why.
     bool Form_Load();
+    /// The dialog has been shown. The first time, the source that stands chosen is looked at.
+    void Form_Activate();
     void cmbGrid_Click();
     void OKButton_Click(); ///< runs all; stays where that fails, and the database is as it was
 
@@ -43,6 +45,7 @@ private:
 
     DocumentWindow& window_;
     std::vector<Grid> grids_;
+    bool activated_ = false;
 };
 
 } // namespace exchange

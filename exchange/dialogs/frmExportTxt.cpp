@@ -30,7 +30,8 @@ void frmExportTxt::Form_Load() {
     chkUseAttr.SetValue(1);
 }
 
-TextOut frmExportTxt::GetResXML(qsizetype most) {
+// False where it was given up.
+bool frmExportTxt::GetResXML(const edit::TextSink& sink) {
     TextOutOptions options;
     options.i_sDelimiter = delimiter.GetDelimiter();
     options.i_bIsSelectedNode = chkOnlySelected.Value() == 1;
@@ -39,37 +40,42 @@ TextOut frmExportTxt::GetResXML(qsizetype most) {
     options.i_iDepthType = optLimitLs.Value() ? 1 : 0;
     options.i_iDepth = text::ValInt16(txtLs.Text());
     options.plain = chkPlain.Value() == 1;
-    options.most = most;
     if (options.i_iDepthType == 1 && options.i_iDepth == 0)
-        return {};
+        return true;
     edit::Waiting waiting(window_.app, window_.Caption);
-    return GetTreeNodeResText(window_, options, waiting.Step(0, 0));
+    return GetTreeNodeResText(window_, options, sink, waiting.Step(0, 0));
 }
 
 void frmExportTxt::cmdPreview_Click() {
     edit::Guarded(window_.app, QStringLiteral("frmExportTxt@cmdPreview_Click"), [&] {
-        const TextOut out = GetResXML(kSampleUnits);
-        txtSample.SetText(out.text);
-        lblNote.SetCaption(out.cut ? QStringLiteral("The beginning is shown.") : QString());
+        QString sample;
+        const bool whole = GetResXML([&](QStringView part) {
+            sample += part;
+            return sample.size() < kSampleUnits;
+        });
+        txtSample.SetText(sample);
+        lblNote.SetCaption(whole ? QString() : QStringLiteral("The beginning is shown."));
     });
 }
 
-// Without a name nothing is written (quirk 94).
-void frmExportTxt::OKButton_Click() {
+// The name to write to; empty where there is none, and then nothing is written (quirk 94).
+QString frmExportTxt::GetFileName() {
     Application& app = window_.app;
-    edit::Guarded(app, QStringLiteral("frmExportTxt@OKButton_Click"), [&] {
-        TextOut out = GetResXML(0);
-        if (out.cancelled)
-            return;
-        QString name = app.services.prompts.SaveFileName(QStringLiteral("Save As"),
-                                                         QStringLiteral("Text file (*.txt)|*.txt"), {});
-        if (name.isEmpty())
-            return;
-        if (mXMLEdit::GetExtName(name).isEmpty())
-            name += QStringLiteral(".txt");
-        if (mXMLEdit::FileExist(app, name) && !edit::MayReplace(app, name))
-            return;
-        if (edit::SaveStringToFile(app, out.text, name))
+    QString name = app.services.prompts.SaveFileName(QStringLiteral("Save As"),
+                                                     QStringLiteral("Text file (*.txt)|*.txt"), {});
+    if (name.isEmpty())
+        return {};
+    if (mXMLEdit::GetExtName(name).isEmpty())
+        name += QStringLiteral(".txt");
+    return mXMLEdit::FileExist(app, name) && !edit::MayReplace(app, name) ? QString() : name;
+}
+
+void frmExportTxt::OKButton_Click() {
+    edit::Guarded(window_.app, QStringLiteral("frmExportTxt@OKButton_Click"), [&] {
+        const QString name = GetFileName();
+        if (!name.isEmpty() && edit::SaveTextToFile(window_.app, name, [&](const edit::TextSink& sink) {
+                return GetResXML(sink);
+            }))
             unloaded();
     });
 }

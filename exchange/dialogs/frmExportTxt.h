@@ -33,7 +33,8 @@ public:
     void OKButton_Click();
 
 private:
-    TextOut GetResXML(qsizetype most);
+    bool GetResXML(const edit::TextSink& sink);
+    QString GetFileName();
     DocumentWindow& window_;
 };
 

@@ -89,7 +89,8 @@ void frmImportDB::ShowNotes(const MadeRows& made) {
     if (!made.result)
         notes << FailureText(made.result);
     else if (!made.answered)
-        notes << QStringLiteral("The statement gives no rows. Nothing was changed in the database.");
+        notes << QStringLiteral("The statement gives no rows.") +
+                     (made.takenBack ? QStringLiteral(" Nothing was changed in the database.") : QString());
     if (!made.nameComplaint.isEmpty())
         notes << made.nameComplaint;
     if (made.cut)

@@ -2,6 +2,7 @@
 #include "platform/services/BlockingWork.h"
 #include <chrono>
 #include <condition_variable>
+#include <future>
 #include <mutex>
 #include <thread>
 
@@ -56,6 +57,18 @@ bool BlockingWork::WaitFor(int time) {
     return shared_->changed.wait_for(lock, milliseconds(time), [this] { return !shared_->work; });
 }
 
+// Whether the work ended, and nothing is under way any more that could end the next one.
+bool BlockingWork::Ask(std::function<void()> cancel, int time) {
+    const auto asked = std::make_shared<std::promise<void>>();
+    std::future<void> answered = asked->get_future();
+    std::thread([asked, cancel = std::move(cancel)]() mutable {
+        cancel();
+        cancel = {};
+        asked->set_value();
+    }).detach();
+    return WaitFor(time) && answered.wait_for(milliseconds(time)) == std::future_status::ready;
+}
+
 BlockingWork::End BlockingWork::Wait(const std::function<bool(qint64, qint64)>& step, int seconds,
                                      const std::function<void()>& cancel) {
     constexpr int kStep = 50, kGrace = 2000; // milliseconds
@@ -64,9 +77,7 @@ BlockingWork::End BlockingWork::Wait(const std::function<bool(qint64, qint64)>& 
         const bool late = seconds > 0 && steady_clock::now() - begun > std::chrono::seconds(seconds);
         if (!late && (!step || step(0, 0)))
             continue;
-        if (cancel)
-            cancel();
-        lost_ = !cancel || !WaitFor(kGrace);
+        lost_ = !cancel || !Ask(cancel, kGrace);
         return late ? End::TimedOut : End::Cancelled;
     }
     return End::Done;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include <QtGlobal>
+#include <atomic>
 #include <functional>
 #include <memory>
 
@@ -21,8 +22,9 @@ public:
     /// Begins a piece of work. The one before must have been waited for.
     void Start(std::function<void()> work);
     /// Waits for its end. `step` is asked every 50 ms, and false, or more than `seconds` (0: any number),
-    /// stops the work: `cancel` asks it to end, and it is left alone where it doesn't within two seconds. No
-    /// other work can be started then.
+    /// stops the work: `cancel` asks it to end, from a thread of its own since that may block, too. Work and
+    /// asking are left alone where they don't end within two seconds, and no other work can be started then.
+    /// `cancel` must hold what it uses.
     End Wait(const std::function<bool(qint64, qint64)>& step, int seconds,
              const std::function<void()>& cancel);
     bool IsLost() const { return lost_; }
@@ -30,8 +32,9 @@ public:
 private:
     struct Shared;
     bool WaitFor(int milliseconds);
+    bool Ask(std::function<void()> cancel, int milliseconds);
     std::shared_ptr<Shared> shared_;
-    bool lost_ = false;
+    std::atomic<bool> lost_ = false; ///< the work may ask, too
 };
 
 } // namespace services

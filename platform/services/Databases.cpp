@@ -44,10 +44,20 @@ private:
 
 constexpr char kDataSource[] = "Data Source=";
 
-/// How SQLite's driver is to work: rows are read one by one and not kept, no file is made, and a lock is
-/// waited for no longer than a person would.
-QString SQLiteManners() {
-    return QStringLiteral("StepAPI=1;NoCreat=1;Timeout=3000;");
+/// How drivers are to work. SQLite: rows are read one by one and not kept, no file is made, and a lock is
+/// waited for no longer than a person would. PostgreSQL: rows come in blocks, and not all before the first.
+constexpr struct {
+    const char *driver, *manners;
+} kManners[] = {{"sqlite", "StepAPI=1;NoCreat=1;Timeout=3000;"},
+                {"postgres", "UseDeclareFetch=1;Fetch=1000;"},
+                {"psqlodbc", "UseDeclareFetch=1;Fetch=1000;"}};
+
+QString MannersOf(const QString& driver) {
+    for (const auto& known : kManners) {
+        if (driver.contains(QLatin1String(known.driver), Qt::CaseInsensitive))
+            return QLatin1String(known.manners);
+    }
+    return {};
 }
 
 /// A connection string as the driver manager takes it.
@@ -62,8 +72,7 @@ QString CarriedOver(const QString& connection, const std::vector<DataSource>& so
         if (connection.startsWith(QStringLiteral("DSN=") + source.name + u';', Qt::CaseInsensitive))
             driver = source.driver;
     }
-    return driver.contains(QStringLiteral("sqlite"), Qt::CaseInsensitive) ? connection + SQLiteManners()
-                                                                          : connection;
+    return connection + MannersOf(driver);
 }
 
 // The driver manager would hand bytes of characters on to a driver that takes bytes, and half of them.

@@ -89,7 +89,10 @@ public:
     virtual std::unique_ptr<DatabaseStatement> Prepare(const QString& sql, DatabaseResult& result) = 0;
     /// From now on nothing lasts before Commit. A driver without transactions fails.
     virtual DatabaseResult BeginTransaction() = 0;
+    /// Whether tables that were made in a transaction go with it.
+    virtual bool TakesTablesBack() const = 0;
     virtual DatabaseResult Commit() = 0;
+    /// From here on `step` isn't asked any more: who cancels wants this, and what cleans up behind it, done.
     virtual DatabaseResult Rollback() = 0;
     virtual QString Quote() const = 0;  ///< what stands around names that aren't plain words; may be a blank
     virtual QString System() const = 0; ///< the database's own name, as "SQLite" or "PostgreSQL"

@@ -135,6 +135,10 @@ public:
         return ReplaceFile(path, bytes, kNewFileMode, made);
     }
 
+    FileResult ReplaceBy(const QString& path, const std::function<bool(const PutBytes&)>& write) override {
+        return ReplaceFileBy(path, write);
+    }
+
     FileResult MayReplace(const QString& path) override { return MayReplaceFile(path); }
 
     bool Exists(const QString& path) override {

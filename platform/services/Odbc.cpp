@@ -79,23 +79,28 @@ SQLRETURN ExecuteDirect(const Session& session, SQLHSTMT handle, const QString& 
 }
 
 Statement::Statement(std::shared_ptr<Session> given) : session(std::move(given)) {
-    SQLAllocHandle(SQL_HANDLE_STMT, session->connection, &handle);
+    if (!session->work.IsLost())
+        SQLAllocHandle(SQL_HANDLE_STMT, session->connection, &handle);
 }
 
 Statement::~Statement() {
-    if (handle)
+    if (handle && !session->work.IsLost())
         SQLFreeHandle(SQL_HANDLE_STMT, handle);
 }
 
-DatabaseResult Blocking(const std::shared_ptr<Session>& session, SQLHSTMT handle, int seconds,
-                        std::function<DatabaseResult()> call) {
+std::function<void()> Cancelling(std::shared_ptr<Statement> statement) {
+    return [statement = std::move(statement)] { SQLCancel(statement->handle); };
+}
+
+DatabaseResult Blocking(const std::shared_ptr<Session>& session, const std::shared_ptr<Statement>& statement,
+                        int seconds, std::function<DatabaseResult()> call) {
     if (session->work.IsLost())
         return Lost();
     auto result = std::make_shared<DatabaseResult>();
     session->work.Start([result, session, call = std::move(call)] { *result = call(); });
     std::function<void()> cancel;
-    if (handle)
-        cancel = [handle] { SQLCancel(handle); };
+    if (statement)
+        cancel = Cancelling(statement);
     const BlockingWork::End end = session->work.Wait(session->step, seconds, cancel);
     return end == BlockingWork::End::Done ? *result : Stopped(end);
 }

@@ -48,7 +48,8 @@ struct Session {
 /// Runs a statement's text as the driver takes it.
 SQLRETURN ExecuteDirect(const Session& session, SQLHSTMT handle, const QString& sql);
 
-/// A statement on a session.
+/// A statement on a session. Where a call doesn't come back its driver lets no other one in: there are no new
+/// statements then, and old ones go with the connection.
 struct Statement {
     explicit Statement(std::shared_ptr<Session> given);
     ~Statement();
@@ -58,10 +59,13 @@ struct Statement {
     SQLHSTMT handle = nullptr;
 };
 
+/// Asks a statement to end; it is held until that has been done.
+std::function<void()> Cancelling(std::shared_ptr<Statement> statement);
+
 /// Runs a call in the session's thread and waits for it. `call` gives a result; it must hold what it uses.
-/// `handle` is the statement that cancelling concerns, or null.
-DatabaseResult Blocking(const std::shared_ptr<Session>& session, SQLHSTMT handle, int seconds,
-                        std::function<DatabaseResult()> call);
+/// `statement` is the one that cancelling concerns, or null.
+DatabaseResult Blocking(const std::shared_ptr<Session>& session, const std::shared_ptr<Statement>& statement,
+                        int seconds, std::function<DatabaseResult()> call);
 
 /// How long lists of tables and columns may take.
 inline constexpr int kListSeconds = 60;

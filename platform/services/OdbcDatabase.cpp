@@ -5,6 +5,8 @@ namespace services::odbc {
 
 namespace {
 
+constexpr int kCleaningSeconds = 10; // for what can't be cancelled
+
 std::shared_ptr<Statement> NewStatement(const std::shared_ptr<Session>& session) {
     return std::make_shared<Statement>(session);
 }
@@ -14,7 +16,7 @@ DatabaseResult ReadList(const std::shared_ptr<Session>& session,
                         const std::function<SQLRETURN(SQLHSTMT)>& call,
                         const std::function<void(const DatabaseRows&)>& take) {
     const std::shared_ptr<Statement> statement = NewStatement(session);
-    DatabaseResult result = Blocking(session, statement->handle, kListSeconds, [statement, call] {
+    DatabaseResult result = Blocking(session, statement, kListSeconds, [statement, call] {
         return Good(call(statement->handle)) ? DatabaseResult()
                                              : Complaint(SQL_HANDLE_STMT, statement->handle);
     });
@@ -38,16 +40,17 @@ struct Place {
     QString catalog, schema, name;
 };
 
-SQLUINTEGER InfoNumber(SQLHDBC connection, SQLUSMALLINT what) {
+SQLUINTEGER InfoNumber(const Session& session, SQLUSMALLINT what) {
     SQLUINTEGER number = 0;
-    SQLGetInfoW(connection, what, &number, sizeof number, nullptr);
+    if (!session.work.IsLost())
+        SQLGetInfoW(session.connection, what, &number, sizeof number, nullptr);
     return number;
 }
 
-QString InfoText(SQLHDBC connection, SQLUSMALLINT what) {
+QString InfoText(const Session& session, SQLUSMALLINT what) {
     SQLWCHAR text[256] = {};
     SQLSMALLINT bytes = 0;
-    if (!Good(SQLGetInfoW(connection, what, text, sizeof text, &bytes)))
+    if (session.work.IsLost() || !Good(SQLGetInfoW(session.connection, what, text, sizeof text, &bytes)))
         return {};
     return FromWide(text);
 }
@@ -117,7 +120,8 @@ public:
 
     std::unique_ptr<DatabaseRows> Execute(const QString& sql, DatabaseResult& result) override {
         const std::shared_ptr<Statement> statement = NewStatement(session_);
-        result = Blocking(session_, statement->handle, 0, [statement, sql] {
+        const int seconds = session_->step ? 0 : kCleaningSeconds;
+        result = Blocking(session_, statement, seconds, [statement, sql] {
             const SQLRETURN code = ExecuteDirect(*statement->session, statement->handle, sql);
             return Good(code) || code == SQL_NO_DATA ? DatabaseResult()
                                                      : Complaint(SQL_HANDLE_STMT, statement->handle);
@@ -130,22 +134,28 @@ public:
     }
 
     DatabaseResult BeginTransaction() override {
-        if (InfoNumber(session_->connection, SQL_TXN_CAPABLE) == SQL_TC_NONE)
+        if (InfoNumber(*session_, SQL_TXN_CAPABLE) == SQL_TC_NONE)
             return {DatabaseFailure::Failed, QStringLiteral("The database has no transactions.")};
-        return Good(SQLSetConnectAttr(session_->connection, SQL_ATTR_AUTOCOMMIT,
-                                      reinterpret_cast<SQLPOINTER>(SQL_AUTOCOMMIT_OFF), 0))
-                   ? DatabaseResult()
-                   : Complaint(SQL_HANDLE_DBC, session_->connection);
+        return Blocking(session_, nullptr, kListSeconds, [session = session_] {
+            return Good(SQLSetConnectAttr(session->connection, SQL_ATTR_AUTOCOMMIT,
+                                          reinterpret_cast<SQLPOINTER>(SQL_AUTOCOMMIT_OFF), 0))
+                       ? DatabaseResult()
+                       : Complaint(SQL_HANDLE_DBC, session->connection);
+        });
     }
-    DatabaseResult Commit() override { return End(SQL_COMMIT); }
-    DatabaseResult Rollback() override { return End(SQL_ROLLBACK); }
+    bool TakesTablesBack() const override { return InfoNumber(*session_, SQL_TXN_CAPABLE) == SQL_TC_ALL; }
+    DatabaseResult Commit() override { return End(SQL_COMMIT, 0); }
+    DatabaseResult Rollback() override {
+        session_->step = {};
+        return End(SQL_ROLLBACK, kCleaningSeconds);
+    }
 
-    QString Quote() const override { return InfoText(session_->connection, SQL_IDENTIFIER_QUOTE_CHAR); }
-    QString System() const override { return InfoText(session_->connection, SQL_DBMS_NAME); }
+    QString Quote() const override { return InfoText(*session_, SQL_IDENTIFIER_QUOTE_CHAR); }
+    QString System() const override { return InfoText(*session_, SQL_DBMS_NAME); }
 
 private:
-    DatabaseResult End(SQLSMALLINT how) {
-        return Blocking(session_, nullptr, 0, [session = session_, how] {
+    DatabaseResult End(SQLSMALLINT how, int seconds) {
+        return Blocking(session_, nullptr, seconds, [session = session_, how] {
             return Good(SQLEndTran(SQL_HANDLE_DBC, session->connection, how))
                        ? DatabaseResult()
                        : Complaint(SQL_HANDLE_DBC, session->connection);

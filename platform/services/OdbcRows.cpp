@@ -95,9 +95,8 @@ public:
     ~OdbcRows() override {
         if (!reading_)
             return;
-        const SQLHSTMT handle = source_->statement->handle;
-        SQLCancel(handle);
-        Session().work.Wait({}, kListSeconds, [handle] { SQLCancel(handle); });
+        const auto stop = [](qint64, qint64) { return false; };
+        Session().work.Wait(stop, 0, Cancelling(source_->statement));
     }
     OdbcRows(const OdbcRows&) = delete;
     OdbcRows& operator=(const OdbcRows&) = delete;
@@ -143,8 +142,7 @@ private:
         Session().work.Start([source = source_] { source->Fill(); });
     }
     DatabaseResult Blockingly() {
-        const SQLHSTMT handle = source_->statement->handle;
-        const BlockingWork::End end = Session().work.Wait(Session().step, 0, [handle] { SQLCancel(handle); });
+        const BlockingWork::End end = Session().work.Wait(Session().step, 0, Cancelling(source_->statement));
         reading_ = false;
         if (end == BlockingWork::End::Done)
             return {};

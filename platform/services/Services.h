@@ -2,6 +2,7 @@
 #pragma once
 #include "platform/text/TextFile.h"
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 #include <algorithm>
@@ -104,6 +105,9 @@ struct FileMark {
 /// Equal for equal bytes, and for hardly any others. It means nothing to another run of the program.
 std::size_t ContentMark(const QByteArray& bytes);
 
+/// Takes the next bytes of a file that is being written; false where they couldn't be.
+using PutBytes = std::function<bool(QByteArrayView)>;
+
 /// Local files.
 class FileSystem {
 public:
@@ -120,6 +124,10 @@ public:
     /// this user may not write, is ReadOnly.
     /// `made`, if it isn't null, tells of the new file, whatever other programs do to it from then on.
     virtual FileResult Replace(const QString& path, const QByteArray& bytes, FileStamp* made = nullptr) = 0;
+    /// The same with bytes that `write` hands on as they come. The file stays as it was where `write` returns
+    /// false (Cancelled, unless bytes couldn't be written).
+    virtual FileResult ReplaceBy(const QString& path,
+                                 const std::function<bool(const PutBytes& put)>& write) = 0;
     /// Whether Replace could begin: the name can be a file's, its folder is there, and the rights are. Leaves
     /// nothing behind.
     virtual FileResult MayReplace(const QString& path) = 0;

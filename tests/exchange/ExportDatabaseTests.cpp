@@ -14,7 +14,8 @@ using test::TestApp;
 constexpr char kStock[] =
     "<stock><wine no=\"1\" code=\"007\" price=\"1.50\" day=\"2019-05-06\" name=\"A &amp; 'B'\"/><wine "
     "no=\"22\" code=\"8\" "
-    "price=\"12\" day=\"2020-02-29\" name=\"\">good</wine><shop city=\"北京\"/><wine no=\"3\"/></stock>";
+    "price=\"12\" day=\"2020-02-29\" name=\"\">good</wine><shop city=\"北京\" "
+    "share=\"0.12345678901234567\"/><wine no=\"3\"/></stock>";
 
 class ExportDatabase : public testing::Test {
 protected:
@@ -49,7 +50,7 @@ TEST_F(ExportDatabase, ProposedTablesHoldWhatTheDocumentHas) {
     EXPECT_EQ(t.prompts.boxes.back().text, QStringLiteral("4 row(s) were written."));
     EXPECT_EQ(file.Query("select no, code, day, name, Node_Text from wine"),
               "1|007|2019-05-06|A & 'B'|None\n22|8|2020-02-29||good\n3|None|None|None|None");
-    EXPECT_EQ(file.Query("select * from shop"), "北京");
+    EXPECT_EQ(file.Query("select * from shop"), "北京|0.12345678901234567");
 }
 
 TEST_F(ExportDatabase, WhatFailsLeavesNothingBehind) {
@@ -76,15 +77,15 @@ TEST_F(ExportDatabase, WhatFailsLeavesNothingBehind) {
 }
 
 TEST_F(ExportDatabase, AnEditedScriptAddsToATableAndLeavesOthersOut) {
-    file.Run("create table shop(city text); insert into shop values('Bonn');");
+    file.Run("create table shop(city text, share text); insert into shop values('Bonn', 1);");
     t.prompts.Answer(Answer::Ok);
     InExport([](frmExportDB& form) {
-        form.source.cmbDSN.UserChose(0);
+        form.Form_Activate();
         EXPECT_EQ(form.lblNote.Caption(), QStringLiteral("The database has a table \"shop\" already."));
         form.chkGrid.UserSet(false);
         form.cmbGrid.UserChose(1);
         form.txtSQL.UserTyped(
-            QStringLiteral("-- the table is there; only its rows\ninsert into shop values(? || ';');"));
+            QStringLiteral("-- the table is there; only its rows\ninsert into shop values(? || ';', ?);"));
         form.cmbGrid.UserChose(0);
         form.cmbGrid.UserChose(1);
         EXPECT_TRUE(form.txtSQL.Text().startsWith(QStringLiteral("-- the table")));

@@ -109,7 +109,7 @@ TEST_F(ExportText, OkWritesTheFileAndNothingElse) {
     EXPECT_FALSE(t.folder.Has(QStringLiteral(".txt")));
 }
 
-TEST_F(ExportText, AFullDiskIsToldAndLeavesNoFile) {
+TEST_F(ExportText, AFullDiskIsToldAndLeavesNoFileAndCancelTheOldOne) {
     QByteArray document = "<a>";
     for (int i = 0; i < 20000; ++i)
         document += "<b x=\"" + QByteArray::number(i) + "\"/>";
@@ -123,8 +123,12 @@ TEST_F(ExportText, AFullDiskIsToldAndLeavesNoFile) {
               0);
     EXPECT_EQ(t.prompts.boxes.size(), 1u);
     EXPECT_FALSE(t.folder.Has(QStringLiteral("full.txt")));
-    t.progress.cancelAtStep = t.progress.steps + 3;
+    t.prompts.Choose(t.folder.Write(QStringLiteral("old.txt"), "kept"));
+    t.prompts.Answer(Answer::Yes);
+    t.progress.cancelAtStep = t.progress.steps + 10;
     EXPECT_EQ(InExport([](frmExportTxt& form) { form.OKButton.Click(); }), 0);
+    EXPECT_EQ(t.prompts.boxes.size(), 2u);
+    EXPECT_EQ(t.folder.Read(QStringLiteral("old.txt")), "kept");
 }
 
 } // namespace

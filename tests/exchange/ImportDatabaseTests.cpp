@@ -150,6 +150,11 @@ TEST_F(ImportDatabase, AnAccessFileIsImportedAndDescribed) {
         t.prompts.Choose(folder + QStringLiteral("/dates.mdb"));
         form.source.cmdAccess.Click();
         EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from DateTest"));
+        file.Run("create table other(a)");
+        MakeSource(form.source, QStringLiteral("stock"));
+        EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from other"));
+        form.source.optAccess.UserChose();
+        EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from DateTest"));
         form.chkAttr.UserSet(true);
         form.OKButton.Click();
     });
@@ -193,23 +198,38 @@ TEST_F(ImportDatabase, TablesBecomeASchema) {
     EXPECT_EQ(test::TextOf(t).find("xsd:sequence"), std::string::npos);
 }
 
-TEST_F(ImportDatabase, TheBoxDeclaresKeysAndMakesNamesValid) {
-    file.Run("create table wine(\"wine no\" integer primary key, name text);"
-             "create table sale(day date, wine integer references wine(\"wine no\"));");
+// Names that become the same one, and a table with the root's name.
+TEST_F(ImportDatabase, TheBoxMakesASchemaThatJudgesTheRows) {
+    file.Run("create table a_b(x_y integer, \"x y\" integer, day date, primary key(\"x y\", x_y));"
+             "create table \"a b\"(note varchar(3), p integer, q integer,"
+             " foreign key(p, q) references a_b(x_y, \"x y\"));"
+             "create table data(\"1\" text);");
     InSchema([&](exchange::frmCreateDBSchema& form) {
         form.chkRepair.UserSet(true);
+        form.chkAttr.UserSet(true);
         MakeSource(form.source, QStringLiteral("stock"));
         form.cmdPre.Click();
-        const std::string schema = Plain(form.txtSample.Text());
-        for (const char* part : {"<xsd:element name=\"wine_no\" type=\"xsd:integer\"/>",
-                                 "<xsd:element name=\"day\" type=\"xsd:date\"/>",
-                                 "<xsd:key name=\"wine_key\">\n\t\t\t<xsd:selector "
-                                 "xpath=\"wine\"/>\n\t\t\t<xsd:field xpath=\"wine_no\"/>",
-                                 "<xsd:keyref name=\"sale_ref1\" refer=\"wine_key\">\n\t\t\t<xsd:selector "
-                                 "xpath=\"sale\"/>\n\t\t\t<xsd:field "
-                                 "xpath=\"wine\"/>"})
-            EXPECT_NE(schema.find(part), std::string::npos) << part << "\n" << schema;
+        t.folder.Write(QStringLiteral("made.xsd"), form.txtSample.Text().toUtf8());
     });
+    const auto judged = [&](const QByteArray& rows) {
+        t.folder.Write(QStringLiteral("rows.xml"),
+                       "<data_2><a_b x_y='1' x_y_2='2' day='2024-05-06'/>" + rows + "</data_2>");
+        QProcess judge;
+        judge.start(QStringLiteral("xmllint"),
+                    {QStringLiteral("--noout"), QStringLiteral("--schema"),
+                     t.folder.Path(QStringLiteral("made.xsd")), t.folder.Path(QStringLiteral("rows.xml"))});
+        EXPECT_TRUE(judge.waitForFinished());
+        return judge.readAllStandardError().toStdString();
+    };
+    const std::pair<const char*, const char*> cases[] = {
+        {"<a_b_2 p='1' q='2' note='abc'/><data _1='x'/>", "rows.xml validates"},
+        {"<a_b_2 p='2' q='1'/>", "No match found for key-sequence"},
+        {"<a_b x_y='1' x_y_2='2'/>", "Duplicate key-sequence"},
+        {"<a_b_2 note='abcd'/>", "maxLength"},
+        {"<a_b x_y='2' x_y_2='2' day='soon'/>", "xs:date"},
+    };
+    for (const auto& [rows, word] : cases)
+        EXPECT_NE(judged(rows).find(word), std::string::npos) << rows << "\n" << judged(rows);
 }
 
 TEST_F(ImportDatabase, AnEmptyDatabaseGivesASchemaOfItsRootAlone) {

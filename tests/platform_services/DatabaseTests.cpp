@@ -6,6 +6,7 @@
 #include "tests/support/SqliteFile.h"
 #include <QFile>
 #include <QTcpServer>
+#include <csignal>
 #include <gtest/gtest.h>
 
 namespace {
@@ -189,6 +190,20 @@ TEST(Databases, PostgresGivesTypedValuesAndCanBeStopped) {
     steps = 0;
     EXPECT_FALSE(stopped->Execute(QStringLiteral("select pg_sleep(60)"), result));
     EXPECT_EQ(result.failure, DatabaseFailure::Cancelled);
+    // Silent from now on, also to who asks it to stop.
+    steps = 0;
+    const auto stepped = Databases().Open(
+        server.Connection(), [&](qint64, qint64) { return ++steps < 5; }, result);
+    ASSERT_TRUE(stepped);
+    const int worker = std::stoi(Answer(*stepped, QStringLiteral("select pg_backend_pid()")));
+    const auto both = {static_cast<pid_t>(server.ProcessId()), static_cast<pid_t>(worker)};
+    for (const pid_t process : both)
+        kill(process, SIGSTOP);
+    steps = 0;
+    EXPECT_EQ(Answer(*stepped, QStringLiteral("select 1")), "");
+    EXPECT_EQ(Answer(*stepped, QStringLiteral("select 1")), "The connection is lost.");
+    for (const pid_t process : both)
+        kill(process, SIGCONT);
     EXPECT_FALSE(Databases().Open(server.Connection(QStringLiteral("wrong")), {}, result));
     EXPECT_TRUE(result.text.contains(QStringLiteral("password authentication failed")))
         << result.text.toStdString();

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QThread>
 #include <arpa/inet.h>
+#include <csignal>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -45,7 +46,8 @@ PostgresServer::PostgresServer() {
 }
 
 PostgresServer::~PostgresServer() {
-    server_.terminate();
+    if (server_.processId() > 0)
+        kill(static_cast<pid_t>(server_.processId()), SIGINT); // doesn't wait for those that are connected
     if (!server_.waitForFinished(10000))
         server_.kill();
     server_.waitForFinished();

@@ -19,6 +19,7 @@ public:
     const QString& WhyNot() const { return whyNot_; }
     QString Connection(const QString& password = QStringLiteral("secret")) const;
 
+    qint64 ProcessId() const { return server_.processId(); }
     /// The same as a source's settings.
     std::vector<std::pair<QString, QString>> Settings() const;
 
