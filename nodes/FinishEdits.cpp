@@ -3,15 +3,14 @@
 #include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/View.h"
-#include "nodes/ListState.h"
 
 namespace nodes {
 
 bool FinishEdits(DocumentWindow& window) {
     window.tvXML.FinishLabelEdit();
     window.ListView1.FinishLabelEdit();
-    edit::FinishCells(window);
-    return !window.tvXML.LabelKept() && !window.ListView1.LabelKept() && !ListOf(window).bRefused;
+    const bool cells = edit::FinishCells(window);
+    return cells && !window.tvXML.LabelKept() && !window.ListView1.LabelKept();
 }
 
 bool FinishAllEdits(DocumentWindow& window) {

@@ -42,8 +42,13 @@ void Refresh(DocumentWindow& window, bool) {
         ShowListView(window);
 }
 
+bool Finish(DocumentWindow& window) {
+    txtListView_LostFocus(window);
+    return !ListOf(window).bRefused;
+}
+
 controls::TextBox* OpenCell(DocumentWindow& window) {
-    return ListOf(window).mbIsEditValue ? &window.txtListView : nullptr;
+    return window.txtListView.Visible() ? &window.txtListView : nullptr;
 }
 
 MenuSituation Situation(DocumentWindow& window) {
@@ -61,7 +66,7 @@ const edit::View& ListView() {
                                      .load = Load,
                                      .show = Show,
                                      .refresh = Refresh,
-                                     .finish = txtListView_LostFocus,
+                                     .finish = Finish,
                                      .openCell = OpenCell,
                                      .situation = Situation};
     return view;

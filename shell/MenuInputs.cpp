@@ -10,7 +10,7 @@ namespace {
 
 using controls::TreeNode;
 
-// Texts and cells take any text (quirk 78).
+// Texts and cells take any text (quirk 73).
 bool TakesAnyText(MenuSituation situation) {
     return situation == MenuSituation::TextSelected || situation == MenuSituation::TextUnselected ||
            situation == MenuSituation::TableSelected;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/CalcRow.h"
 #include "core/edit/Guard.h"
-#include "core/edit/View.h"
 #include "platform/text/TextTools.h"
 #include "table/CellEditor.h"
 #include "table/EditorPlace.h"

@@ -3,14 +3,13 @@
 #include "core/edit/Report.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/Validate.h"
-#include "core/edit/View.h"
 #include "table/CellValue.h"
 #include "table/EditorPlace.h"
 #include "table/GridCells.h"
 #include "table/TableState.h"
 #include "table/TagText.h"
 #include "table/WriteCells.h"
-#include <utility>
+#include <QScopedValueRollback>
 
 namespace table {
 
@@ -36,20 +35,23 @@ Place PlaceOf(DocumentWindow& window, const EditedCell& cell) {
     return {&grid, table, table->rowOf(window.tvXML.Nodes.Find(cell.key)), table->columnOf(cell.name)};
 }
 
-void CommitCell(DocumentWindow& window, const EditedCell& cell, const QString& typed) {
+bool CommitCell(DocumentWindow& window, const EditedCell& cell, const QString& typed) {
     const Place at = PlaceOf(window, cell);
-    if (at.row == 0 || at.column < 0) {
+    if (at.row == 0 || at.column < 0) { // there is nowhere to try again
         edit::Message(window.app,
                       QStringLiteral("The document was changed, and the cell isn't there any more."));
-        return;
+        return true;
     }
     const bool text = at.column == at.table->textColumn();
     const auto value = text ? TextValue(window.app, typed) : AttributeValue(window.app, typed);
-    if (!value)
-        return SayNoValue(window.app);
+    if (!value) {
+        SayNoValue(window.app);
+        return false;
+    }
     CellWriter writer(window, *at.grid, 1);
     const NewCell written{cell.name, *value};
     SetCells(writer, *at.table, at.row, {&written, 1});
+    return true;
 }
 
 /// The Tags that change where all rows get the new name whose value is what their cell shows; `visit` tells
@@ -70,46 +72,50 @@ void VisitRenamed(const FlexGrid& grid, const ElementTable& table, const QString
     }
 }
 
-// An editor that is hidden first isn't left a second time when a message takes the focus.
+// What was refused stays as it was typed, and the box has the keys again (quirk 59). A message takes the
+// focus away once more meanwhile.
 template <typename Commit>
 void Leave(DocumentWindow& window, controls::TextBox& editor, const char* routine, Commit commit) {
-    if (!editor.Visible())
+    TableState& state = TableOf(window);
+    if (!editor.Visible() || state.bLeaving)
         return;
+    const QScopedValueRollback leaving(state.bLeaving, true);
     edit::Run(window, AtRoutine(window, routine), [&] {
         edit::Attend(window, kContextTable);
-        const EditedCell cell = std::exchange(TableOf(window).edited, {});
         const QString typed = editor.Text();
-        CloseTableEditors(window);
-        if (typed != cell.text)
-            commit(cell, typed);
+        if (typed == state.edited.text || commit(state.edited, typed))
+            CloseTableEditors(window);
     });
+    if (editor.Visible())
+        editor.SetFocus();
 }
 
 } // namespace
 
 void txtTView_LostFocus(DocumentWindow& window) {
     Leave(window, window.txtTView, "txtTView_LostFocus",
-          [&](const EditedCell& cell, const QString& typed) { CommitCell(window, cell, typed); });
+          [&](const EditedCell& cell, const QString& typed) { return CommitCell(window, cell, typed); });
 }
 
 void txtTViewHeader_LostFocus(DocumentWindow& window) {
     Leave(window, window.txtTViewHeader, "txtTViewHeader_LostFocus",
           [&](const EditedCell& cell, const QString& typed) {
-              if (const Place at = PlaceOf(window, cell); at.column >= 0)
-                  SetTreeAllPropNameByTableView(window, *at.grid, cell.name, typed);
+              const Place at = PlaceOf(window, cell);
+              return at.column < 0 || SetTreeAllPropNameByTableView(window, *at.grid, cell.name, typed);
           });
 }
 
-void FinishTableEdits(DocumentWindow& window) {
+bool FinishTableEdits(DocumentWindow& window) {
     txtTView_LostFocus(window);
     txtTViewHeader_LostFocus(window);
+    return !OpenTableCell(window);
 }
 
-void SetTreeAllPropNameByTableView(DocumentWindow& window, FlexGrid& grid, const QString& oldName,
+bool SetTreeAllPropNameByTableView(DocumentWindow& window, FlexGrid& grid, const QString& oldName,
                                    const QString& newName) {
     const auto table = TableIn(window, grid);
     if (!table || !edit::ValidateNodeAttributeName(window.app, newName, table->name()))
-        return;
+        return false;
     int rows = 0;
     bool twice = false;
     VisitRenamed(grid, *table, oldName, newName, [&](int, const QString& tag) {
@@ -120,7 +126,7 @@ void SetTreeAllPropNameByTableView(DocumentWindow& window, FlexGrid& grid, const
     if (twice) {
         window.app.services.prompts.MsgBox(
             QStringLiteral("Can not set same attribute name at XML attribute list!"));
-        return;
+        return false;
     }
     edit::Run(window, AtRoutine(window, "SetTreeAllPropNameByTableView"), [&] {
         CellWriter writer(window, grid, rows);
@@ -129,6 +135,7 @@ void SetTreeAllPropNameByTableView(DocumentWindow& window, FlexGrid& grid, const
             return true;
         });
     });
+    return true;
 }
 
 } // namespace table

@@ -15,8 +15,6 @@ namespace {
 using controls::FlexGrid;
 using controls::TextBox;
 
-constexpr qsizetype kLongestLine = 32'767; // characters that a text box takes
-
 text::CompactView CurrentValue(DocumentWindow& window, const FlexGrid& grid) {
     return TableIn(window, grid)->value(grid.SourceRow(grid.Row()), grid.Col());
 }
@@ -34,17 +32,20 @@ void Open(DocumentWindow& window, TextBox& txt, const EditedCell& cell, int key)
     txt.Select(0, 0);
     txt.SetVisible(true);
     txt.SetFocus();
+    window.app.frame().RefreshMenu(); // entities, and what is pasted, are for the text now
 }
 
 } // namespace
 
 bool FitsLine(DocumentWindow& window, const FlexGrid& grid) {
-    return CurrentValue(window, grid).length <= kLongestLine;
+    constexpr std::uint32_t kLongest = 100'000;
+    return CurrentValue(window, grid).length <= kLongest;
 }
 
 void GridEdit(DocumentWindow& window, FlexGrid& grid, TextBox& txt, int key) {
     edit::Guarded(window.app, AtRoutine(window, "GridEdit"), [&] {
-        FinishTableEdits(window);
+        if (!FinishTableEdits(window))
+            return;
         NoteEdited(window, grid, grid.Row());
         const controls::TreeNode element = ElementAt(window, grid, grid.Row());
         if (grid.Col() < Columns::kFirst || !element)
@@ -63,8 +64,7 @@ void GridEdit(DocumentWindow& window, FlexGrid& grid, TextBox& txt, int key) {
 
 void GridEditHeader(DocumentWindow& window, FlexGrid& grid, TextBox& txt, int key) {
     edit::Guarded(window.app, AtRoutine(window, "GridEditHeader"), [&] {
-        FinishTableEdits(window);
-        if (grid.Col() < Columns::kFirst || grid.Col() >= grid.Cols() - 1)
+        if (!FinishTableEdits(window) || grid.Col() < Columns::kFirst || grid.Col() >= grid.Cols() - 1)
             return;
         NoteEdited(window, grid, 0);
         grid.ShowColumn(grid.Col());

@@ -2,8 +2,6 @@
 #include "table/CellValue.h"
 #include "core/model/Escaping.h"
 #include "core/model/Probe.h"
-#include "platform/text/TextTools.h"
-#include <algorithm>
 
 namespace table {
 
@@ -11,43 +9,48 @@ namespace {
 
 const QString kElement = QStringLiteral("temp"), kAttribute = QStringLiteral("attr");
 
-// Letters that mean nothing to a parser anywhere: nearly all values hold no others, and are not probed.
-bool IsPlain(QStringView typed) {
-    return std::all_of(typed.begin(), typed.end(), [](QChar c) {
-        const char16_t unit = c.unicode();
-        const bool markup = unit == u'<' || unit == u'>' || unit == u'&' || unit == u'"';
-        return (unit >= u' ' || unit == u'\t') && unit < 0xD800 && !markup;
-    });
-}
-
-// A "&" that begins a reference which is known everywhere, at a place.
-bool BeginsReference(QStringView rest) {
+// A "&" that begins a reference which is known everywhere.
+bool BeginsEntity(QStringView rest) {
     for (const char* known : {"&amp;", "&lt;", "&gt;", "&quot;", "&apos;"}) {
         if (rest.startsWith(QLatin1String(known)))
             return true;
     }
-    const qsizetype end = rest.indexOf(u';');
-    return rest.startsWith(QLatin1String("&#")) && end > 2 && end < 10;
+    return false;
 }
 
-// References that are there already stay.
-QString Escaped(const QString& typed) {
-    QString out;
+// Whether any parser takes a value in any place: nearly all values are plain, and need no probe.
+bool IsPlain(QStringView typed) {
     for (qsizetype i = 0; i < typed.size(); ++i) {
-        const bool reference = typed[i] == u'&' && BeginsReference(QStringView(typed).sliced(i));
-        out += reference ? QString(typed[i]) : mXMLEdit::convertStringToXML(typed[i]);
+        const char16_t unit = typed[i].unicode();
+        const bool end = unit == u'>' && i > 0 && typed[i - 1] == u']';
+        const bool reference = unit == u'&' && BeginsEntity(typed.sliced(i));
+        if ((unit < u' ' && unit != u'\t') || unit >= 0xD800 || unit == u'<' || unit == u'"' || end ||
+            (unit == u'&' && !reference))
+            return false;
     }
-    return out;
+    return true;
+}
+
+// As little as will do: what is left of the steps once the document can be read.
+QString Escaped(QString typed, int step) {
+    constexpr std::pair<const char*, const char*> kSteps[] = {
+        {"\"", "&quot;"}, {"]]>", "]]&gt;"}, {"<", "&lt;"}};
+    typed = mXMLEdit::WithAmpersandsEscaped(typed);
+    for (int i = 0; i < step; ++i)
+        typed.replace(QLatin1String(kSteps[i].first), QLatin1String(kSteps[i].second));
+    return typed;
 }
 
 template <typename Good> std::optional<QString> Storable(const QString& typed, Good good) {
+    constexpr int kSteps = 3;
     if (IsPlain(typed) || good(typed))
         return typed;
-    if (const QString escaped = Escaped(typed); good(escaped))
-        return escaped;
-    if (const QString escaped = mXMLEdit::convertStringToXML(typed); good(escaped))
-        return escaped;
-    return {};
+    for (int step = 0; step <= kSteps; ++step) {
+        if (const QString escaped = Escaped(typed, step); good(escaped))
+            return escaped;
+    }
+    const QString all = mXMLEdit::convertStringToXML(typed);
+    return good(all) ? std::optional(all) : std::nullopt;
 }
 
 } // namespace

@@ -9,7 +9,7 @@
 namespace table {
 
 /// A value for an attribute as it goes into the Tag. One that would end the attribute, or that no parser
-/// takes, is escaped (quirk 71); nothing where that doesn't help: it holds characters that no document can.
+/// takes, is escaped (quirk 66); nothing where that doesn't help: it holds characters that no document can.
 std::optional<QString> AttributeValue(Application& app, const QString& typed);
 /// The same for a text of an element. Markup that is whole stays markup.
 std::optional<QString> TextValue(Application& app, const QString& typed);

@@ -16,7 +16,7 @@ int Columns::find(CompactView name, int likely) const {
 }
 
 int Columns::broughtBy(int row) const {
-    if (row < 2)
+    if (row < 2 || columns_.empty() || columns_.back().row < row)
         return -1;
     const auto found = std::lower_bound(columns_.begin(), columns_.end(), row,
                                         [](const Column& column, int wanted) { return column.row < wanted; });

@@ -36,7 +36,7 @@ void DeleteCellsAtTableView(DocumentWindow& window, FlexGrid& grid) {
                [](CellWriter& writer, const ElementTable& table, int row, const controls::GridRange& range) {
                    std::vector<NewCell> cells;
                    for (int column = range.left; column <= range.right; ++column) {
-                       if (!table.value(row, column).isEmpty())
+                       if (!table.shownValue(row, column).isEmpty()) // what isn't seen stays
                            cells.push_back({table.header(column), {}});
                    }
                    SetCells(writer, table, row, cells);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/EditorKeys.h"
 #include "core/edit/Transaction.h"
-#include "core/edit/View.h"
+#include "core/model/Frame.h"
 #include "table/CalcRow.h"
 #include "table/CellCommit.h"
 #include "table/CellEditor.h"
@@ -48,7 +48,8 @@ Way WayOf(const TextBox& txt, int key, int modifiers) {
 }
 
 /// Ends the edit and makes a cell beside it the current one. A commit may have the grids made anew, and rows
-/// in another order: the cell is found again by its element and its column's name. Null: its table is gone.
+/// in another order: the cell is found again by its element and its column's name. Null: its table is gone,
+/// or what was typed was refused.
 FlexGrid* Step(DocumentWindow& window, int rows, int columns) {
     const TableState& state = TableOf(window);
     const EditedCell cell = state.edited;
@@ -56,8 +57,7 @@ FlexGrid* Step(DocumentWindow& window, int rows, int columns) {
     int column = state.miEditCol, row = state.miEditRow;
     if (row == 0) // a header: the row that was current below it
         row = window.hfgrdTableView(index).Row();
-    FinishTableEdits(window);
-    if (index > window.hfgrdTableView.UBound())
+    if (!FinishTableEdits(window) || index > window.hfgrdTableView.UBound())
         return nullptr;
     FlexGrid& grid = window.hfgrdTableView(index);
     const auto table = TableIn(window, grid);
@@ -94,6 +94,7 @@ void CalcBelow(DocumentWindow& window) {
 void GiveUp(DocumentWindow& window) {
     CloseTableEditors(window);
     window.hfgrdTableView(TableOf(window).miEditTableIndex).SetFocus();
+    window.app.frame().RefreshMenu();
 }
 
 // False where the key is the text's own.

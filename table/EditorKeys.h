@@ -8,7 +8,7 @@ namespace table {
 
 void txtTView_KeyDown(DocumentWindow& window, int& key, int modifiers);
 void txtTViewHeader_KeyDown(DocumentWindow& window, int& key, int modifiers);
-/// Every key is used up. Up goes back to the cells, Down chooses the next figure (quirk 76).
+/// Every key is used up. Up goes back to the cells, Down chooses the next figure (quirk 71).
 void cmbSum_KeyDown(DocumentWindow& window, int& key, int modifiers);
 
 } // namespace table

@@ -18,8 +18,6 @@ using text::CompactView;
 constexpr std::uint32_t kLabelColour = 0x400000, kCalcColour = 0x000040; // 0x00BBGGRR
 constexpr int kKeyColumn = 0, kLabelColumn = 1;
 
-const QString kNodeText = QStringLiteral("Node Text");
-
 // Most texts are no numbers, which their first character tells.
 bool MayBeNumber(CompactView value) {
     if (value.isEmpty())
@@ -132,7 +130,7 @@ QString ElementTable::label(int row) const {
     return u'[' + QString::number(row) + (more ? QStringLiteral("]+") : QStringLiteral("]-"));
 }
 
-// Numbers stand in their shortest form from the second row on.
+// Numbers stand in their shortest form from the second row on (quirk 70).
 QString ElementTable::text(int row, int column) const {
     if (row < 0 || row >= rowCount() || column < 0 || column >= columnCount())
         return {};
@@ -165,6 +163,10 @@ QString ElementTable::shownText(int row, int column, CompactView shown) const {
     if (row == 1 || column == textColumn() || !MayBeNumber(shown))
         return text;
     return text::PlainNumber(text).value_or(text);
+}
+
+QString ElementTable::textToSort(int row, int column) const {
+    return column < Columns::kFirst ? text(row, column) : shownValue(row, column).toString();
 }
 
 GridStyle ElementTable::style(int row, int column) const {

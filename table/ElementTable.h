@@ -8,6 +8,9 @@
 
 namespace table {
 
+/// The header of the last column.
+inline const QString kNodeText = QStringLiteral("Node Text");
+
 /// The elements of one name on a level of the tree, as a grid shows them: a row each, a column for each
 /// attribute, then the first text. It holds no texts but the columns' names; cells are read from the tree
 /// when they are looked at. Rows and columns count as in the grid: row 0 is the header, column 0 the key.
@@ -20,6 +23,7 @@ public:
     int rowCount() const override;
     int columnCount() const override { return Columns::kFirst + columns_.count() + 1; }
     QString text(int row, int column) const override;
+    QString textToSort(int row, int column) const override;
     controls::GridStyle style(int row, int column) const override;
 
     /// What a row shows in the columns from left to right, both included and behind the label, in one go.

@@ -12,6 +12,7 @@ namespace {
 
 using controls::FlexGrid;
 using controls::TreeCursor;
+using controls::TreeNode;
 
 /// The tables of a level, made in one walk along it.
 class LevelWalk {
@@ -67,11 +68,13 @@ QString LoadReport(const DocumentWindow& window) {
            QStringLiteral(".LoadAllSameNameItemAtTableView error!");
 }
 
+// A grid that is there already is used again: who holds on to it meets a table, if another one.
 void LoadAllSameNameItemAtTableView(DocumentWindow& window, const std::shared_ptr<ElementTable>& table) {
     edit::Guarded(window.app, LoadReport(window), [&] {
         controls::FlexGridArray& grids = window.hfgrdTableView;
         TableState& state = TableOf(window);
-        FlexGrid& grid = state.tables.empty() ? grids(0) : grids.Load();
+        const int index = static_cast<int>(state.tables.size());
+        FlexGrid& grid = index <= grids.UBound() ? grids(index) : grids.Load();
         grid.SetSource(table);
         grid.SetTailRows(table->calculates() ? 1 : 0);
         grid.SetFrozenCols(Columns::kFirst);
@@ -82,34 +85,65 @@ void LoadAllSameNameItemAtTableView(DocumentWindow& window, const std::shared_pt
     });
 }
 
+void ForgetTables(DocumentWindow& window) {
+    CloseTableEditors(window);
+    TableOf(window).tables.clear();
+    TableOf(window).mvFocusTableRow.reset();
+}
+
+// A level that is walked back to is shown at once.
+void KeepTables(DocumentWindow& window) {
+    constexpr std::size_t kLevels = 3;
+    TableState& state = TableOf(window);
+    const std::uint64_t revision = window.tvXML.Revision();
+    std::erase_if(state.left, [&](const LeftLevel& level) {
+        return level.revision != revision || level.key == state.levelKey;
+    });
+    if (state.tables.empty() || !GridsAreCurrent(window))
+        return;
+    if (state.left.size() == kLevels)
+        state.left.erase(state.left.begin());
+    state.left.push_back({state.levelKey, revision, state.tables});
+}
+
+Tables TablesOf(DocumentWindow& window, const QString& level, TreeNode node) {
+    for (const LeftLevel& left : TableOf(window).left) {
+        if (left.key == level)
+            return left.tables;
+    }
+    ++window.app.work.tableFills;
+    return TablesOfLevel(node.FirstSibling(), !window.kind.schema);
+}
+
 } // namespace
 
 Tables TablesOfLevel(controls::TreeNode node, bool calculates) {
     return LevelWalk(calculates).walk(TreeCursor(node));
 }
 
-void LoadLevelAtTableView(DocumentWindow& window, controls::TreeNode node) {
+void LoadLevelAtTableView(DocumentWindow& window, TreeNode node) {
     edit::Guarded(window, "LoadCurrentNodeAllItemsAtTableView", [&] {
         const controls::FlexGridUpdate quiet(window.hfgrdTableView);
-        UnloadAllTable(window);
-        const Tables tables = TablesOfLevel(node.FirstSibling(), !window.kind.schema);
+        KeepTables(window);
+        const QString level = node.Parent() ? node.Parent().Key() : QString();
+        const Tables tables = TablesOf(window, level, node);
+        if (tables.empty())
+            return UnloadAllTable(window);
+        ForgetTables(window);
         for (const auto& table : tables)
             LoadAllSameNameItemAtTableView(window, table);
-        TableOf(window).levelKey = node.Parent() ? node.Parent().Key() : QString();
-        ++window.app.work.tableFills;
+        window.hfgrdTableView.UnloadFrom(static_cast<int>(tables.size()));
+        TableOf(window).levelKey = level;
     });
 }
 
 void UnloadAllTable(DocumentWindow& window) {
     const controls::FlexGridUpdate quiet(window.hfgrdTableView);
-    CloseTableEditors(window);
+    ForgetTables(window);
     FlexGrid& first = window.hfgrdTableView(0);
     first.SetVisible(false);
     first.SetSource(nullptr);
-    first.Clear();
     window.hfgrdTableView.UnloadFrom(1);
-    TableOf(window).tables.clear();
-    TableOf(window).mvFocusTableRow.reset();
 }
 
 } // namespace table

@@ -88,7 +88,7 @@ private:
 /// The values as they can be stored; nothing where one can't be, which is told.
 std::optional<std::vector<NewCell>> Stored(DocumentWindow& window, std::vector<NewCell> cells) {
     for (NewCell& cell : cells) {
-        const bool isText = cell.name == QStringLiteral("Node Text");
+        const bool isText = cell.name == kNodeText;
         const auto value =
             isText ? TextValue(window.app, cell.value) : AttributeValue(window.app, cell.value);
         if (!value) {

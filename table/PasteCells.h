@@ -5,7 +5,8 @@
 
 namespace table {
 
-/// Writes what was copied into the selected cells of a grid, as one edit: all of it or, with a word, nothing.
+/// Writes what was copied into the selected cells of a grid, as one edit: all of it or, with a word, nothing
+/// (quirk 72).
 ///
 /// One value goes into every selected cell. Lines of values go cell by cell from the selection's upper left
 /// corner on. Values with names go into the columns of their names: the selected ones, or all where one cell

@@ -4,12 +4,11 @@
 #include "core/model/Escaping.h"
 #include "core/model/NodeContent.h"
 #include "platform/xml/ParsedDocument.h"
+#include "table/ElementTable.h"
 
 namespace table {
 
 namespace {
-
-const QString kNodeText = QStringLiteral("Node Text");
 
 bool Load(xml::ParsedDocument& document, const QString& text) {
     return document.loadXML(QStringLiteral("<temp>") + text + QStringLiteral("</temp>"));

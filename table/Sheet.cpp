@@ -94,7 +94,7 @@ void SetTableViewOutlook(DocumentWindow& window) {
     });
 }
 
-// The bar's value leads to the grid; in a long one the row is still out of sight then (quirk 70).
+// The bar's value leads to the grid; in a long one the row is still out of sight then (quirk 65).
 void ShowFocusRow(DocumentWindow& window) {
     const TableState& state = TableOf(window);
     if (!state.mvFocusTableRow || state.miFocusTableIndex > window.hfgrdTableView.UBound())

@@ -13,10 +13,16 @@
 // upper edge its header row is painted at that edge, and columns below FrozenCols at the left one.
 //
 // The editors txtTView, txtTViewHeader and cmbSum lie on the sheet, too: Place() is theirs there, so on the
-// screen it goes along with the sheet. An open one is moved when a grid is scrolled
-// or a column gets another width. What a user does in a grid goes to the grid's events; before Click,
-// DblClick and MouseDown the widget sets MouseRow and MouseCol, and the selection. Keys that move the current
-// cell are the widget's own (Select, then ShowTableCell); others go to KeyDown, KeyPress and KeyUp.
+// screen it goes along with the sheet. An open one is moved when a grid is scrolled or a column gets another
+// width. A commit may have the grids made anew: a widget doesn't hold on to one over an event.
+//
+// What a user does in a grid goes to the grid's events. Before MouseDown, Click and DblClick the widget sets
+// MouseRow and MouseCol, and the selection: a press on a header selects the column from row 1 to the last
+// one, a press on a label the row from column 1 to the last one, a press on the corner all cells from (1, 1)
+// on; dragging goes on from there. The release behind a double click raises MouseUp and Click once more. The
+// right button's release shows the context menu mnuPopup. Keys that move the current cell are the widget's
+// own (Select, then ShowTableCell); all keys go to KeyDown and KeyUp, and those that type something, Return
+// among them, to KeyPress, unless Ctrl is held. The box cmbSum raises DropDown before its list opens.
 namespace table {
 
 /// The window on the sheet has another size.

@@ -28,7 +28,7 @@ void LoadLevel(DocumentWindow& window, TreeNode node) {
     TableOf(window).miTableViewIndex = TableOf(window).miFocusTableIndex;
 }
 
-// The grids stay, but not what is gone: an edit in such a row would lead nowhere.
+// The grids stay, but not with what is gone (quirk 75).
 void KeepLevel(DocumentWindow& window) {
     TableState& state = TableOf(window);
     if (GridsAreCurrent(window) || state.tables.empty())

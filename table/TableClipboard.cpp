@@ -33,15 +33,19 @@ TreeNode TakesRows(TreeNode row) {
     return m_tvXML::IsTreeRoot(parent) ? row : parent;
 }
 
+// Where whole rows are selected nodes become rows, and a word a text of the row: one value is never written
+// over all cells of it.
 void PasteInto(DocumentWindow& window, FlexGrid& grid, const QString& text) {
-    const bool cells = HaveCellSelected(grid);
-    const TreeNode row = ElementAt(window, grid, grid.Row());
-    if (HaveLinesSelected(grid) && row && IsXml(text))
+    const TreeNode row = HaveLinesSelected(grid) ? ElementAt(window, grid, grid.Row()) : TreeNode();
+    if (row && IsXml(text)) {
         nodes::PasteXMLText(window, text, TakesRows(row), false);
-    else if (cells)
-        PasteCellAtTableView(window, grid, BlockOf(text));
-    else
+    } else if (!HaveCellSelected(grid)) {
         nodes::PasteXMLText(window, text, window.tvXML.SelectedItem(), false);
+    } else if (const PastedBlock block = BlockOf(text); row && block.isOneValue()) {
+        nodes::PasteXMLText(window, text, row, false);
+    } else {
+        PasteCellAtTableView(window, grid, block);
+    }
 }
 
 } // namespace
@@ -49,8 +53,9 @@ void PasteInto(DocumentWindow& window, FlexGrid& grid, const QString& text) {
 bool CopyAtTableView(DocumentWindow& window) {
     return edit::Guarded(window, "CopyAtTableView", [&] {
         if (const controls::TextBox* cell = OpenTableCell(window)) {
-            window.app.services.clipboard.SetText(cell->Text().mid(cell->SelStart(), cell->SelLength()));
-            return true;
+            if (cell->SelLength() > 0)
+                window.app.services.clipboard.SetText(cell->Text().mid(cell->SelStart(), cell->SelLength()));
+            return false; // the letters were meant, not the cell
         }
         FlexGrid* grid = CurrentGrid(window);
         const QString text = grid ? GetTableViewText(window, *grid) : QString();

@@ -5,8 +5,9 @@
 // The clipboard of the table view. Commands work on the grid that the user last touched.
 namespace table {
 
-/// What is selected goes out as XML text, and as a table for programs that take one. False, with a word,
-/// where nothing is selected: the clipboard stays as it was.
+/// What is selected goes out as XML text, and as a table for programs that take one; while a cell is edited
+/// its selected letters. False where no cells were copied: with a word where none are selected, and the
+/// clipboard stays as it was.
 bool CopyAtTableView(DocumentWindow& window);
 void CutAtTableView(DocumentWindow& window); ///< only what was copied is deleted
 /// Nodes become rows behind the others where whole rows are selected, or children of the tree's current node

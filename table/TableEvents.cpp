@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/TableEvents.h"
 #include "core/edit/Transaction.h"
-#include "core/edit/View.h"
 #include "core/model/Frame.h"
 #include "core/model/NodeNumbers.h"
 #include "nodes/MoveNodes.h"
@@ -28,13 +27,13 @@ void Touch(DocumentWindow& window, FlexGrid& grid) {
     TableOf(window).miTableViewIndex = grid.Index;
 }
 
-void Attention(DocumentWindow& window, FlexGrid& grid, const char* routine) {
+void Attention(DocumentWindow& window, FlexGrid& grid) {
     Touch(window, grid);
-    edit::Run(window, AtRoutine(window, routine), [&] { edit::Attend(window, kContextTable); });
+    edit::Attend(window, kContextTable);
 }
 
 void hfgrdTableView_Click(DocumentWindow& window, FlexGrid& grid) {
-    Attention(window, grid, "hfgrdTableView_Click");
+    Attention(window, grid);
     if (!std::exchange(TableOf(window).mbSkipTableClick, false))
         NavToRelatedTreeNode(window, grid);
 }
@@ -88,7 +87,7 @@ void hfgrdTableView_KeyUp(DocumentWindow& window, FlexGrid& grid, int key, int m
 }
 
 void hfgrdTableView_MouseUp(DocumentWindow& window, FlexGrid& grid) {
-    Attention(window, grid, "hfgrdTableView_MouseUp");
+    Attention(window, grid);
     if (HaveCellSelected(grid) && !window.kind.schema)
         ChartFromTableSelection(window, grid);
 }
@@ -107,7 +106,7 @@ void ConnectGrids(DocumentWindow& window) {
     controls::GridEvents& grids = window.hfgrdTableView.events();
     grids.Click.connect([&window](FlexGrid& grid) { hfgrdTableView_Click(window, grid); });
     grids.DblClick.connect([&window](FlexGrid& grid) { hfgrdTableView_DblClick(window, grid); });
-    grids.GotFocus.connect([&window](FlexGrid& grid) { Attention(window, grid, "hfgrdTableView_GotFocus"); });
+    grids.GotFocus.connect([&window](FlexGrid& grid) { Attention(window, grid); });
     grids.MouseDown.connect([&window](FlexGrid& grid, int) { Touch(window, grid); });
     grids.MouseUp.connect([&window](FlexGrid& grid, int) { hfgrdTableView_MouseUp(window, grid); });
     grids.KeyPress.connect(
@@ -122,10 +121,7 @@ void ConnectGrids(DocumentWindow& window) {
 }
 
 void ConnectEditors(DocumentWindow& window) {
-    const auto attend = [&window] {
-        edit::Run(window, AtRoutine(window, "txtTView_GotFocus"),
-                  [&] { edit::Attend(window, kContextTable); });
-    };
+    const auto attend = [&window] { edit::Attend(window, kContextTable); };
     window.txtTView.GotFocus.connect(attend);
     window.txtTViewHeader.GotFocus.connect(attend);
     window.txtTView.LostFocus.connect([&window] { txtTView_LostFocus(window); });
@@ -147,6 +143,8 @@ void hfgrdTableView_DblClick(DocumentWindow& window, FlexGrid& grid) {
     edit::Guarded(window.app, AtRoutine(window, "hfgrdTableView_DblClick"), [&] {
         Touch(window, grid);
         grid.SetFocus();
+        if (!FinishTableEdits(window))
+            return;
         const bool editsValue = std::exchange(TableOf(window).mbIsEditValue, false);
         if (editsValue)
             LeaveLabelAndHeader(grid);

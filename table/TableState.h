@@ -21,6 +21,13 @@ struct EditedCell {
     QString text; ///< what the editor began with
 };
 
+/// The tables of a level that was left, good while the tree stays as it is.
+struct LeftLevel {
+    QString key; ///< of the parent
+    std::uint64_t revision;
+    Tables tables;
+};
+
 /// What a window keeps for its tables.
 struct TableState {
     Tables tables;                      ///< what each grid shows
@@ -29,13 +36,15 @@ struct TableState {
     std::optional<int> mvFocusTableRow; ///< that row; nothing until one was found
     int miEditTableIndex = 0, miEditRow = 0, miEditCol = 0; ///< the cell that is being edited
     EditedCell edited;
+    bool bLeaving = false;         ///< an editor is being left
     bool mbSkipTableClick = false; ///< the click that comes behind a double click leads nowhere
     bool mbIsEditValue = false;    ///< the command that edits a value opens the editor
 
     /// Of the tree, as the grids show it; nothing: they show what is gone.
     std::optional<std::uint64_t> shownRevision;
-    QString shownKey; ///< of the node that was current then
-    QString levelKey; ///< of the parent of what the grids show
+    QString shownKey;            ///< of the node that was current then
+    QString levelKey;            ///< of the parent of what the grids show
+    std::vector<LeftLevel> left; ///< few: for walks down and up again
 
     double rowHeight = 300; ///< twips
     /// What the user made of the columns, by the names of table and column.

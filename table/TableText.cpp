@@ -55,6 +55,7 @@ private:
 };
 
 QString BlockText(DocumentWindow& window, const FlexGrid& grid, const controls::GridRange& range) {
+    constexpr int kRowsMeasured = 1000;
     const auto table = TableIn(window, grid);
     const RowWriter writer(*table, range, GetTableViewNodeName(window, grid));
     QString out;
@@ -62,6 +63,8 @@ QString BlockText(DocumentWindow& window, const FlexGrid& grid, const controls::
         if (row > range.top)
             out += kBreak;
         writer.write(out, grid.SourceRow(row));
+        if (row == range.top + kRowsMeasured) // a million rows are about as long as the first ones
+            out.reserve(out.size() / kRowsMeasured * range.height());
     }
     return out;
 }
@@ -80,7 +83,7 @@ QString GetTableViewLinesText(DocumentWindow& window, const FlexGrid& grid) {
         const controls::TreeNode element = ElementAt(window, grid, row);
         if (!element)
             continue;
-        if (!out.isEmpty())
+        if (!out.isEmpty() && !out.endsWith(kBreak)) // a node that others follow ends with one
             out += kBreak;
         out += m_tvXML::GetTreeNodesXML(element, QStringLiteral("\t"));
     }

@@ -6,10 +6,10 @@
 // What is selected in a grid, as text.
 namespace table {
 
-/// The nodes of the selected rows as they are written, one line break between.
+/// The nodes of the selected rows as they are written, a line break between.
 QString GetTableViewLinesText(DocumentWindow& window, const controls::FlexGrid& grid);
 /// The same for whole rows; of a block, one element for each row with what its cells hold in the document
-/// (quirk 74). Empty where no data is selected.
+/// (quirk 69). Empty where no data is selected.
 QString GetTableViewText(DocumentWindow& window, const controls::FlexGrid& grid);
 /// What the selected cells show as an HTML table. Columns of keys and labels are passed over.
 QString CopyTableAsHTML(DocumentWindow& window, const controls::FlexGrid& grid);

@@ -3,7 +3,7 @@
 #include <QString>
 
 // Attributes of one element as its Tag holds them, changed by a search in that text. The search has no word
-// boundary in front: that of x also hits in ax. It never hits inside a value.
+// boundary in front: that of x also hits in ax. It never hits inside a value (quirk 74).
 namespace table {
 
 /// The first attribute whose name ends so gets the value; where there is none, a new one stands at the end.

@@ -51,7 +51,7 @@ void SetCells(CellWriter& writer, const ElementTable& table, int row, std::span<
     const QString before = table.element(row).Tag();
     QString tag = before;
     for (const NewCell& cell : cells) {
-        if (cell.name == table.header(table.textColumn()))
+        if (cell.name == kNodeText)
             writer.setText(row, cell.value);
         else
             tag = WithValue(tag, cell.name, cell.value);

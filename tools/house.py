@@ -9,7 +9,7 @@ LINES = {
     "8.5": "desktop",
     "8.4": "desktop/frame",
     "8.3": "desktop/dialogs",
-    "8.2": "desktop/text desktop/nodes",
+    "8.2": "desktop/text desktop/nodes desktop/chart desktop/table",
     "8.1": "desktop/bind desktop/drag",
     "8.0": "desktop/base desktop/browser",
     "7": "shell",

@@ -38,11 +38,11 @@ void ShowView(DocumentWindow& window, const char* key) {
         window.tbsXML.Select(QLatin1String(key));
 }
 
-void FinishCells(DocumentWindow& window) {
-    for (const View* view : window.views) {
-        if (view->finish)
-            view->finish(window);
-    }
+bool FinishCells(DocumentWindow& window) {
+    bool done = true;
+    for (const View* view : window.views)
+        done = (!view->finish || view->finish(window)) && done;
+    return done;
 }
 
 controls::TextBox* OpenCell(DocumentWindow& window) {

@@ -48,10 +48,10 @@ struct DocumentWindow {
     controls::CommandButton cmdPop; ///< beside txtListView
     controls::Timer tmList{100};    ///< txtListView follows the scrolling of the list
     controls::RichTextBox rtxtXML, rtxtXML2;
-    controls::Timer tmText{400}; ///< a large document's tree follows undo and redo when the keys rest
-    controls::TabStrip tbsXML;              ///< tells which view shows
-    controls::Pane pctTV;                   ///< the sheet in pctTableView that the grids lie on
-    controls::ScrollBar vsTableView;        ///< beside it
+    controls::Timer tmText{400};     ///< a large document's tree follows undo and redo when the keys rest
+    controls::TabStrip tbsXML;       ///< tells which view shows
+    controls::Pane pctTV;            ///< the sheet in pctTableView that the grids lie on
+    controls::ScrollBar vsTableView; ///< beside it
     controls::FlexGridArray hfgrdTableView; ///< a table each
     controls::TextBox txtTView;             ///< edits a cell of a grid
     controls::TextBox txtTViewHeader;       ///< edits the name of a column
@@ -60,8 +60,8 @@ struct DocumentWindow {
     controls::TextBox txtSchema;
     controls::WebBrowser IE;
     controls::Pane pctText, pctTableView, pctLHSplit, pctSplitText;
-    controls::Chart chtAna; ///< of what is selected in a table
-    controls::Event<> captionChanged;
+    controls::Chart chtAna;           ///< of what is selected in a table
+    controls::Event<> captionChanged; ///< it is shown otherwise now
 
     // --- the document -----------------------------------------------------------------------------------
     QString Caption; ///< file path or address; equals the tree root's key. Set through SetCaption

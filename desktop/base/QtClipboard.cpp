@@ -10,12 +10,13 @@ namespace desktop {
 
 namespace {
 
-QString AsWrittenHere(QString text) {
+QString AsWrittenHere(const QString& text) {
 #ifndef Q_OS_WIN
-    text =
-        text::WithReplacements(text, text::PlacesOf(QStringLiteral("\r\n"), text), 2, QStringLiteral("\n"));
-#endif
+    return text::WithReplacements(text, text::PlacesOf(QStringLiteral("\r\n"), text), 2,
+                                  QStringLiteral("\n"));
+#else
     return text;
+#endif
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/controls/ChartTable.h"
+#include "platform/text/Numbers.h"
 #include <QStringList>
 #include <QStringView>
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace controls {
@@ -24,12 +24,10 @@ Column ReadColumn(const ChartCells& cells, std::size_t column) {
     read.series.values.reserve(cells.rows);
     for (std::size_t row = 0; row < cells.rows; ++row) {
         const QString cell = cells.cell(row, column);
-        bool isNumber = false;
-        const double value = QStringView(cell).trimmed().toDouble(&isNumber);
-        isNumber = isNumber && std::isfinite(value);
-        read.series.values.push_back(isNumber ? value : std::numeric_limits<double>::quiet_NaN());
-        read.numbers += isNumber ? 1 : 0;
-        read.others += !isNumber && !QStringView(cell).trimmed().isEmpty() ? 1 : 0;
+        const std::optional<double> value = text::ReadNumber(cell);
+        read.series.values.push_back(value.value_or(std::numeric_limits<double>::quiet_NaN()));
+        read.numbers += value ? 1 : 0;
+        read.others += !value && !QStringView(cell).trimmed().isEmpty() ? 1 : 0;
     }
     return read;
 }

@@ -32,10 +32,10 @@ struct ChartTable {
 
 /// More series than these can't be told apart; the rest is left out, which the word tells.
 inline constexpr std::size_t kMostChartSeries = 100;
-/// More values than these aren't kept: columns behind them are left out, too.
-inline constexpr std::size_t kMostChartValues = 20'000'000;
+/// More values than these aren't read, which would take seconds: columns behind them are left out, too.
+inline constexpr std::size_t kMostChartValues = 2'000'000;
 
-/// Reads the cells. A cell counts as a number when the whole of it is one, blanks around it aside; an empty
+/// Reads the cells. A cell counts as a number when the whole of it is one (see text::ReadNumber); an empty
 /// cell is a gap.
 ChartTable ReadChartTable(const ChartCells& cells);
 

@@ -62,20 +62,39 @@ void FlexGrid::SetSource(std::shared_ptr<const GridSource> source) {
     source_ = std::move(source);
     written_.clear();
     styles_.clear();
+    widths_.clear();
     Reset();
+}
+
+int FlexGrid::SourceRow(int row) const {
+    return order_.empty() ? row : order_[static_cast<std::size_t>(row)];
+}
+
+int FlexGrid::RowOfSource(int sourceRow) const {
+    if (order_.empty())
+        return sourceRow;
+    return static_cast<int>(std::find(order_.begin(), order_.end(), sourceRow) - order_.begin());
+}
+
+const QString* FlexGrid::Written(int sourceRow, int col) const {
+    if (written_.isEmpty())
+        return nullptr;
+    const auto own = written_.constFind(CellOf(sourceRow, col));
+    return own != written_.constEnd() ? &*own : nullptr;
 }
 
 QString FlexGrid::TextMatrix(int row, int col) const {
     NeedCell(row, col);
-    return SourceText(SourceRow(row), col);
+    const int sourceRow = SourceRow(row);
+    if (const QString* own = Written(sourceRow, col))
+        return *own;
+    return source_ ? source_->text(sourceRow, col) : QString();
 }
 
-QString FlexGrid::SourceText(int sourceRow, int col) const {
-    if (!written_.isEmpty()) {
-        if (const auto own = written_.constFind(CellOf(sourceRow, col)); own != written_.constEnd())
-            return *own;
-    }
-    return source_ ? source_->text(sourceRow, col) : QString();
+QString FlexGrid::TextToSort(int sourceRow, int col) const {
+    if (const QString* own = Written(sourceRow, col))
+        return *own;
+    return source_ ? source_->textToSort(sourceRow, col) : QString();
 }
 
 void FlexGrid::SetTextMatrix(int row, int col, const QString& text) {

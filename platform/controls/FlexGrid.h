@@ -74,7 +74,7 @@ public:
     void SetTailRows(int rows) { tailRows_ = rows; }
 
     /// From now on the cells are those of a source; null: the grid's own, none at first. Rows are in the
-    /// source's order, the selection is at the first cell that isn't fixed.
+    /// source's order, the selection is at the first cell that isn't fixed, columns have their usual widths.
     void SetSource(std::shared_ptr<const GridSource> source);
     const GridSource* Source() const { return source_.get(); }
 
@@ -145,7 +145,8 @@ public:
 private:
     using Cell = quint64;
     static Cell CellOf(int sourceRow, int col);
-    QString SourceText(int sourceRow, int col) const;
+    const QString* Written(int sourceRow, int col) const; ///< null where the source's text stands
+    QString TextToSort(int sourceRow, int col) const;
     void NeedCell(int row, int col) const; ///< throws Fault 35600
     void Reset();
     double LeftOf(int col) const; ///< not scrolled

@@ -26,6 +26,8 @@ public:
     virtual int columnCount() const = 0;
     /// Empty outside the table, and for a row that is gone.
     virtual QString text(int row, int column) const = 0;
+    /// The same for ordering rows: a number may have any form.
+    virtual QString textToSort(int row, int column) const { return text(row, column); }
     virtual GridStyle style(int row, int column) const = 0;
 };
 

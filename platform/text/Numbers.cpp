@@ -94,6 +94,16 @@ private:
     QVarLengthArray<QChar, 32> plain_;
 };
 
+// Digits with a point at most, which is what most numbers are.
+bool IsBareNumber(QStringView text) {
+    bool point = false;
+    for (const QChar c : text) {
+        if (!IsDigit(c) && (c != u'.' || std::exchange(point, true)))
+            return false;
+    }
+    return !text.isEmpty() && text.size() <= kDigits && IsDigit(text.front());
+}
+
 double Digits(QStringView digits, int radix) {
     double number = 0;
     for (const QChar c : digits) {
@@ -109,6 +119,8 @@ double Digits(QStringView digits, int radix) {
 } // namespace
 
 std::optional<double> ReadNumber(QStringView text) {
+    if (IsBareNumber(text))
+        return Val(text);
     return NumberReader(text).whole();
 }
 

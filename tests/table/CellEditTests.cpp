@@ -79,19 +79,23 @@ TEST_F(CellEdit, WhatWouldBreakTheDocumentIsWrittenEscaped) {
         EXPECT_EQ(TagAt(1), std::string("x=\"") + stored + "\"");
         EXPECT_FALSE(t.app().lastParseError) << typed;
     }
-    const std::pair<const char*, const char*> texts[] = {{"a<b", "a&lt;b"},
-                                                         {"a]]>b", "a]]&gt;b"},
-                                                         {"<i>x</i>", "<i>x</i>"},
-                                                         {"</a><a>", "&lt;/a&gt;&lt;a&gt;"}};
+    const std::pair<const char*, const char*> texts[] = {
+        {"a<b", "a&lt;b"}, {"a]]>b", "a]]&gt;b"}, {"<i>x</i>", "<i>x</i>"}, {"</a><a>", "&lt;/a>&lt;a>"}};
     for (const auto& [typed, stored] : texts) {
         Edit(1, 3, typed);
         EXPECT_EQ(Element().Child().Child().Tag().toStdString(), stored);
         EXPECT_FALSE(t.app().lastParseError) << typed;
     }
-    t.prompts.Answer(services::Answer::Ok);
+    t.prompts.AllowAnyBox();
     const std::string before = Xml();
-    Edit(1, 2, "bad \x01 value");
+    DblClick(1, 2);
+    w->txtTView.UserTyped(QStringLiteral("bad \x01 value"));
+    w->txtTView.LostFocus();
     EXPECT_EQ(Xml(), before);
+    EXPECT_EQ(Edited(), "bad \x01 value") << "what was refused stays as it was typed";
+    w->tbsXML.Select(QStringLiteral("listview"));
+    EXPECT_EQ(w->tbsXML.SelectedKey(), QStringLiteral("tableview")) << "and the view waits for it";
+    EXPECT_TRUE(CellKey(Qt::Key_Escape));
 }
 
 TEST_F(CellEdit, TheEditorOpensOnWhatTheDocumentHoldsAndLosesTheFirstKey) {
@@ -106,15 +110,6 @@ TEST_F(CellEdit, TheEditorOpensOnWhatTheDocumentHoldsAndLosesTheFirstKey) {
         EXPECT_EQ(Edited(), "closed");
         t.ClickNode(Element().Child());
     }
-}
-
-TEST_F(CellEdit, AValueTooLongForALineGoesToTheDialog) {
-    Open("<r><a x='" + QByteArray(40'000, 'x') + "' y='1'/></r>");
-    bool shown = false;
-    t.frame().editNodesShown.connect([&](frmEditNodes&) { shown = true; });
-    DblClick(1, 2);
-    EXPECT_TRUE(shown);
-    EXPECT_EQ(Edited(), "closed");
 }
 
 TEST_F(CellEdit, RowsThatWereTakenAwayTakeNothing) {
@@ -148,6 +143,8 @@ TEST_F(CellEdit, NamesThatCantBeAreRefusedWithAWord) {
         Rename(2, name);
         EXPECT_EQ(Xml(), before) << name;
         EXPECT_EQ(t.prompts.boxes.size(), 1U) << name;
+        EXPECT_EQ(EditedHeader(), name) << "it stays as it was typed";
+        EXPECT_TRUE(EditorKey(w->txtTViewHeader, Qt::Key_Escape));
     }
     Rename(4, "y2");
     EXPECT_EQ(TagAt(1), "x=\"1\" y=\"2\" y2=\"3\"");
@@ -212,8 +209,8 @@ TEST_F(CellEdit, AWalkGoesOnInTheSameRowWhenTheGridIsMadeAnew) {
     Open("<r><a x='1'/><a x='2'/><a y='1' x='3'/></r>");
     Drag(1, 2, 3, 2);
     t.PressButton(QStringLiteral("tbCommonEdit"), QStringLiteral("za"));
-    EXPECT_EQ(Grid().TextMatrix(1, 1), QStringLiteral("[1]-")) << "the third row shows no x";
-    DblClick(1, 3);
+    EXPECT_EQ(Grid().TextMatrix(1, 1), QStringLiteral("[2]-")) << "the third row shows no x, and is last";
+    DblClick(2, 3);
     w->txtTView.UserTyped(QStringLiteral("new")); // the first row brings the column now
     EXPECT_TRUE(CellKey(Qt::Key_Left));
     EXPECT_EQ(Edited(), "1");
@@ -248,6 +245,7 @@ TEST_F(CellEdit, ADoubleClickOnALabelWalksDownAndUp) {
 
 TEST_F(CellEdit, CommandsOfTheFrameEditValueAndName) {
     Open();
+    Grid().events().GotFocus(Grid());
     Menu("mnuEditValue");
     EXPECT_EQ(Edited(), "007") << "from a whole row";
     w->txtTView.LostFocus();
