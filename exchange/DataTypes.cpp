@@ -17,6 +17,12 @@ constexpr struct {
     {-11, adGUID},
 };
 
+// Types by the beginning of the database's own word: some drivers give their values as texts.
+constexpr struct {
+    const char* word;
+    int data;
+} kWords[] = {{"bool", adBoolean}, {"decimal", adNumeric}, {"numeric", adNumeric}};
+
 constexpr struct {
     int type;
     TypeForm form;
@@ -68,8 +74,10 @@ constexpr struct {
 int DataTypeOf(const services::DatabaseColumn& column) {
     if (column.type == -5 && column.typeName.contains(QStringLiteral("unsigned"), Qt::CaseInsensitive))
         return adUnsignedBigInt;
-    if (column.typeName.compare(QStringLiteral("bool"), Qt::CaseInsensitive) == 0)
-        return adBoolean; // some drivers give its values as texts
+    for (const auto& known : kWords) {
+        if (column.typeName.startsWith(QLatin1String(known.word), Qt::CaseInsensitive))
+            return known.data;
+    }
     for (const auto& known : kTypes) {
         if (known.sql == column.type)
             return known.data;

@@ -4,8 +4,22 @@
 #include "desktop/bind/BindControls.h"
 #include "desktop/dialogs/SampleModel.h"
 #include "ui_frmImportTxt.h"
+#include <algorithm>
 
 namespace desktop {
+
+namespace {
+
+// The first columns are as wide as what they show; measuring thousands would take longer than reading them.
+void FitColumns(QTableView& grid) {
+    constexpr int kFitted = 50, kWidest = 200; // columns, pixels
+    for (int column = 0; column < std::min(kFitted, grid.model()->columnCount()); ++column) {
+        grid.resizeColumnToContents(column);
+        grid.setColumnWidth(column, std::min(grid.columnWidth(column), kWidest));
+    }
+}
+
+} // namespace
 
 ImportTxtDialog::ImportTxtDialog(exchange::frmImportTxt& form, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmImportTxt>()) {
@@ -26,7 +40,9 @@ ImportTxtDialog::ImportTxtDialog(exchange::frmImportTxt& form, QWidget* parent)
                          {"lblNote", &form.lblNote},
                          {"OKButton", &form.OKButton},
                          {"CancelButton", &form.CancelButton}});
-    ui_->grdSample->setModel(new SampleModel(form.grdSample, this));
+    auto* sample = new SampleModel(form.grdSample, this);
+    ui_->grdSample->setModel(sample);
+    connect(sample, &SampleModel::modelReset, this, [this] { FitColumns(*ui_->grdSample); });
     ui_->cmdOpenFile->setFocus(); // everything begins with the file
     Listen(form.unloaded, this, [this] { accept(); });
 }

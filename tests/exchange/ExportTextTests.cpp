@@ -72,6 +72,24 @@ TEST_F(ExportText, OnlyTheSelectedNodeIsTheBeginning) {
     EXPECT_EQ(window.tvXML.SelectedItem().Text(), QStringLiteral("wine"));
 }
 
+TEST_F(ExportText, TheTableInUseIsWrittenAsItIsSortedAndCalculated) {
+    DocumentWindow& window =
+        t.OpenText(QStringLiteral("stock.xml"), "<a><b x=\"1\"/><b x=\"3\"/><b x=\"2\"/></a>");
+    window.tbsXML.Select(QStringLiteral("tableview"));
+    t.ClickNode(window.tvXML.Nodes(1).Child().Child());
+    controls::FlexGrid& grid = window.hfgrdTableView(0);
+    grid.Select(1, 2, 3, 2);
+    grid.Sort(controls::flexSortGenericDescending);
+    grid.SetTextMatrix(4, 2, QStringLiteral("6"));
+    const auto onlySelected = [](frmExportTxt& form) { form.chkOnlySelected.UserSet(true); };
+    EXPECT_EQ(Preview(onlySelected), "3\t\n2\t\n1\t\n6\t\n\n");
+    EXPECT_EQ(Preview([&](frmExportTxt& form) {
+                  onlySelected(form);
+                  form.chkPlain.UserSet(true);
+              }),
+              "3\t\n2\t\n1\t\n\n\n");
+}
+
 TEST_F(ExportText, TheBoxWritesValuesThatComeBackTheSame) {
     t.OpenText(QStringLiteral("stock.xml"),
                "<a><b x=\"007\" y=\"say &quot;hi&quot;,&#10;2\"/><b x=\"1.50\" y=\"\"/></a>");

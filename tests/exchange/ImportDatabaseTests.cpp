@@ -173,20 +173,24 @@ TEST_F(ImportDatabase, AnAccessFileIsImportedAndDescribed) {
 }
 
 TEST_F(ImportDatabase, TablesBecomeASchema) {
-    file.Run("create table T(a integer, b varchar(50)); create view V as select * from T;");
+    file.Run("create table T(a integer, b varchar(50), c decimal(9,2), d boolean); create view V as select * "
+             "from T;");
     const int closed = InSchema([&](exchange::frmCreateDBSchema& form) {
         MakeSource(form.source, QStringLiteral("stock"));
         form.cmdPre.Click();
-        EXPECT_EQ(Plain(form.txtSample.Text()),
-                  "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<xsd:schema "
-                  "xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\">\n"
-                  "\t<xsd:element name=\"T\">\n\t\t<xsd:complexType>\n\t\t\t<xsd:sequence>\n"
-                  "\t\t\t<xsd:element name=\"a\" type=\"xsd:integer\"/>\n\t\t\t<xsd:element name=\"b\">\n"
-                  "\t\t\t\t<xsd:simpleType>\n\t\t\t\t\t<xsd:restriction base=\"xsd:string\">\n"
-                  "\t\t\t\t\t\t<xsd:maxLength value=\" "
-                  "50\"/>\n\t\t\t\t\t</xsd:restriction>\n\t\t\t\t</xsd:simpleType>\n"
-                  "\t\t\t</xsd:element>\n\t\t\t</xsd:sequence>\n\t\t</xsd:complexType>\n\t</xsd:element>\n</"
-                  "xsd:schema>");
+        EXPECT_EQ(
+            Plain(form.txtSample.Text()),
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<xsd:schema "
+            "xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\">\n"
+            "\t<xsd:element name=\"T\">\n\t\t<xsd:complexType>\n\t\t\t<xsd:sequence>\n"
+            "\t\t\t<xsd:element name=\"a\" type=\"xsd:integer\"/>\n\t\t\t<xsd:element name=\"b\">\n"
+            "\t\t\t\t<xsd:simpleType>\n\t\t\t\t\t<xsd:restriction base=\"xsd:string\">\n"
+            "\t\t\t\t\t\t<xsd:maxLength value=\" "
+            "50\"/>\n\t\t\t\t\t</xsd:restriction>\n\t\t\t\t</xsd:simpleType>\n"
+            "\t\t\t</xsd:element>\n\t\t\t<xsd:element name=\"c\" type=\"xsd:decimal\"/>\n"
+            "\t\t\t<xsd:element name=\"d\" "
+            "type=\"xsd:boolean\"/>\n\t\t\t</xsd:sequence>\n\t\t</xsd:complexType>\n\t</xsd:element>\n</"
+            "xsd:schema>");
         form.chkAttr.UserSet(true);
         form.OKButton.Click();
     });

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Through the real program with keys: a delimited text and a table of a database come in, are saved, and go out again as text and into
-a table. The databases are looked at from outside."""
+"""Through the real program with keys: a delimited text and a table of a database come in, are saved, edited in the table view, and go out
+again as text and into a table. The databases are looked at from outside."""
 import sqlite3
 import sys
 import time
@@ -58,6 +58,18 @@ def text_in(person):
     assert saved.read_bytes() == XML.encode(), saved.read_bytes()
 
 
+def edit_first_cell(person, value, *way):
+    """In the table view; `way` leads from the tree's root to the first row."""
+    person.keys(*way)
+    person.keys("alt+v")
+    time.sleep(0.5)
+    person.keys("Down", "Return")
+    time.sleep(0.7)
+    choose(person, "Right", "space", "ctrl+a")
+    person.type(value)
+    choose(person, "Return")
+
+
 def text_out(person):
     target = person.folder / "out.txt"
     tool(person, "Export To Text File", 3)
@@ -68,7 +80,7 @@ def text_out(person):
     person.keys("Return")
     wait_for("the exported text", target.exists)
     lines = target.read_text(encoding="utf-8").split("\n")
-    assert 'Riesling\t2019\t"dry, ""crisp"""\t' in lines, lines
+    assert 'Silvaner\t2019\t"dry, ""crisp"""\t' in lines, lines
     assert "赤ワイン\t2020\t<sweet>\t" in lines, lines
 
 
@@ -93,14 +105,12 @@ def rows_in(person, path):
 
 
 def rows_out(person, path):
-    # The tree: declaration, data, its first row.
-    person.keys("Down", "Down", "Right", "Right")
     tool(person, "Export To Database", 4)
     person.keys("Return")
     wait_for("the word on the rows", lambda: "Vantrel" in person.titles().values())
     person.keys("Return")
     rows = sqlite3.connect(path).execute("select no, name from row order by no").fetchall()
-    assert rows == [(1, "Riesling"), (2, "")], rows
+    assert rows == [(7, "Riesling"), (2, "")], rows
 
 
 def main():
@@ -111,8 +121,10 @@ def main():
         person.window("Vantrel")
         time.sleep(1)
         text_in(person)
+        edit_first_cell(person, "Silvaner", "Down", "Right", "Right")
         text_out(person)
         rows_in(person, stock)
+        edit_first_cell(person, "7", "Down", "Down", "Right", "Right")
         rows_out(person, stock)
 
 
