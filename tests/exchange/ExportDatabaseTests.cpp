@@ -72,7 +72,17 @@ TEST_F(ExportDatabase, WhatFailsLeavesNothingBehind) {
             EXPECT_TRUE(form.lblNote.Caption().contains(QStringLiteral("Nothing was written."))) << sql;
             EXPECT_EQ(file.Query("select count(*) from sqlite_master"), "0") << sql;
         }
+        file.Run("create table other(a)");
+        services::DatabaseResult result;
+        const auto writer = services::Databases().Open(file.Connection(), {}, result);
+        ASSERT_TRUE(writer && writer->BeginTransaction());
+        writer->Execute(QStringLiteral("insert into other values(1)"), result);
+        form.txtSQL.UserTyped(QStringLiteral("create table wine(a)"));
+        form.OKButton.Click();
+        EXPECT_TRUE(form.lblNote.Caption().contains(QStringLiteral("locked")))
+            << form.lblNote.Caption().toStdString();
     });
+    EXPECT_EQ(file.Query("select count(*) from sqlite_master"), "1");
     EXPECT_TRUE(t.prompts.boxes.empty());
 }
 

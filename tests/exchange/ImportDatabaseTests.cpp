@@ -105,6 +105,24 @@ TEST_F(ImportDatabase, StatementsThatFailOrChangeSayWhatHappenedAndChangeNothing
     EXPECT_EQ(file.Query("select count(*) from \"my table\""), "1");
 }
 
+TEST_F(ImportDatabase, WhatXmlCanNotHoldIsLeftOutOnlyWithConsent) {
+    file.Run("create table t(a text); insert into t values(char(1) || 'x'), ('aé');");
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        t.prompts.Answer(answer);
+        const int closed = InImport([&](exchange::frmImportDB& form) {
+            if (answer == Answer::No)
+                MakeSource(form.source, QStringLiteral("stock"));
+            form.Form_Activate();
+            form.chkAttr.UserSet(true);
+            form.OKButton.Click();
+        });
+        EXPECT_EQ(closed, answer == Answer::Yes ? 1 : 0);
+        EXPECT_TRUE(t.prompts.Texts().last().contains(QStringLiteral("can not stand in XML")));
+    }
+    EXPECT_NE(test::TextOf(t).find("<row a=\"x\" />\n\t<row a=\"aé\" />"), std::string::npos)
+        << test::TextOf(t);
+}
+
 TEST_F(ImportDatabase, NamesThatWillNotParseAreToldAndCanBeRepaired) {
     file.Run("create table t(\"2 a\" integer, \"so \"\"b\"\"\" text, 价格 text); insert into t values(1, "
              "'x', 'y' || char(0) || 'z');");

@@ -110,7 +110,7 @@ def rows_out(person, path):
     wait_for("the word on the rows", lambda: "Vantrel" in person.titles().values())
     person.keys("Return")
     rows = sqlite3.connect(path).execute("select no, name from row order by no").fetchall()
-    assert rows == [(7, "Riesling"), (2, "")], rows
+    assert rows == [(2, ""), (7, "Riesling")], rows
 
 
 def main():
