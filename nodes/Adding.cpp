@@ -65,7 +65,7 @@ void TakeBackAdding(DocumentWindow& window) {
         Remove(window, node, added.attribute);
         if (unwritten) { // the text, which may be written in another way, says the same as the tree again
             window.bond.takeTreeBack(added.bond);
-            window.bond.treeRevision = window.tvXML.Revision();
+            window.bond.passTree(window.tvXML.Revision());
         }
         if (const TreeNode before = window.tvXML.Nodes.Find(added.origin.node))
             window.tvXML.SetSelectedItem(before);

@@ -4,7 +4,7 @@
 #include <QString>
 
 // What has just been added while the user names or fills it. It isn't in the text before that is done, and
-// giving up takes it back: then it leaves no step in the history.
+// giving up takes it back: then it leaves no step in the history (quirk 63).
 namespace nodes {
 
 /// Where the user was.

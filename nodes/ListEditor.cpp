@@ -48,7 +48,8 @@ int ColumnAt(const DocumentWindow& window, int row, double left) {
     return columns.back() == 2 && left >= window.ListView1.ColumnLeft(3) ? 2 : 1;
 }
 
-// The box is one line for short texts: a long one would take seconds to lay out. The dialog has room for it.
+// The box is one line for short texts: a long one would take seconds to lay out. The dialog has room for it
+// (quirk 64).
 bool OpensInDialog(DocumentWindow& window, const QString& text) {
     constexpr qsizetype kLongest = 100'000;
     if (text.size() <= kLongest)

@@ -17,7 +17,7 @@ QString OwnerName(TreeNode node) {
     return owner && !m_tvXML::IsTreeRoot(owner) ? owner.Text() : QString();
 }
 
-// What is written anew leaves a section out, and its value with it.
+// What is written anew leaves a section out, and its value with it (quirk 37).
 void RefuseSection(Application& app) {
     const QString why =
         QStringLiteral("A CDATA section can only be changed in the text view: the text that is "
@@ -38,7 +38,7 @@ QString ValueProbe(int kind, TreeNode node, const QString& value, const QString&
         return m_tvXML::NodeTextProbe(value, OwnerName(node));
     case m_tvXML::kCData:
         return m_tvXML::CDataProbe(value);
-    case m_tvXML::kComment:
+    case m_tvXML::kComment: // in the list, too (quirk 23)
         return m_tvXML::CommentProbe(value);
     case m_tvXML::kInstruction:
         return m_tvXML::InstructionProbe(node.Text(), value);

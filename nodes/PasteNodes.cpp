@@ -71,22 +71,24 @@ void PasteXMLStringToTree(DocumentWindow& window, TreeNode node, bool asChild) {
     PasteXMLText(window, window.app.services.clipboard.GetText(), node, asChild);
 }
 
-bool PasteXMLText(DocumentWindow& window, const QString& text, TreeNode node, bool asChild) {
+Pasted PasteXMLText(DocumentWindow& window, const QString& text, TreeNode node, bool asChild) {
     return edit::Run(window, "PasteXMLStringToTree", [&] {
         const TreeNode target = Container(node);
         if (!target)
-            return false;
+            return Pasted::Nothing;
         const mXMLEdit::Parsed parsed = ConvertStringToXMLNode(
             window.app, QStringLiteral("<temp>") + WithoutDeclaration(text) + QStringLiteral("</temp>"));
         const xml::Node temp = parsed.root();
-        if (!temp || (m_tvXML::IsTreeRoot(target) && !(asChild && FitsAtTheTop(window, temp))))
-            return false;
+        if (!temp)
+            return Pasted::Refused;
+        if (m_tvXML::IsTreeRoot(target) && !(asChild && FitsAtTheTop(window, temp)))
+            return Pasted::Nothing;
         const int before = window.tvXML.Nodes.Count();
         const TreeNode selected = window.tvXML.SelectedItem();
         m_tvXML::XMLChildNodesToTree(window.app, &window.tvXML, temp, target.Key(), window.tvXML);
         if (selected)
             window.tvXML.SetSelectedItem(selected);
-        return window.tvXML.Nodes.Count() > before;
+        return window.tvXML.Nodes.Count() > before ? Pasted::Nodes : Pasted::Nothing;
     });
 }
 
@@ -118,8 +120,9 @@ bool PasteNodesAndAttributes(DocumentWindow& window, TreeNode target, const QStr
             return false;
     }
     return edit::Run(window, "PasteNodesAndAttributes", [&] {
-        if (!nodes.isEmpty() && !PasteXMLText(window, nodes, target, asChild))
-            return window.app.lastParseError ? false : Refuse(window); // the parser's box has told it
+        const Pasted pasted = nodes.isEmpty() ? Pasted::Nodes : PasteXMLText(window, nodes, target, asChild);
+        if (pasted != Pasted::Nodes)
+            return pasted == Pasted::Nothing ? Refuse(window) : false;
         if (all)
             target.SetTag(all->tag());
         return true;

@@ -20,8 +20,14 @@ controls::TreeNode Container(controls::TreeNode node);
 /// document has room for them there. A leaf takes no children: they go into the element around it. A text
 /// that doesn't parse has been told in a box.
 void PasteXMLStringToTree(DocumentWindow& window, controls::TreeNode node, bool asChild = false);
-/// The same with a text of its own; whether nodes were added.
-bool PasteXMLText(DocumentWindow& window, const QString& text, controls::TreeNode node, bool asChild);
+/// What became of a text that was to be nodes.
+enum class Pasted {
+    Nothing, ///< it brings no node, or there is no room for what it brings
+    Refused, ///< it doesn't parse, which has been told
+    Nodes
+};
+/// The same with a text of its own.
+Pasted PasteXMLText(DocumentWindow& window, const QString& text, controls::TreeNode node, bool asChild);
 /// A text taken apart; reported in a box when it doesn't parse.
 mXMLEdit::Parsed ConvertStringToXMLNode(Application& app, const QString& text);
 

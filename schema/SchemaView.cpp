@@ -9,6 +9,7 @@ void Show(DocumentWindow& window) {
     window.txtSchema.SetFocus();
 }
 
+// Not even the commands of editing (quirk 35).
 MenuSituation Situation(DocumentWindow&) {
     return MenuSituation::ViewWithoutEditing;
 }

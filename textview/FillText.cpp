@@ -41,6 +41,23 @@ void PaneSelections::restore() const {
         Select(pane, selection);
 }
 
+PaneContents::PaneContents(DocumentWindow& window)
+    : window_(window), selections_(window), first_(window.rtxtXML.Content()),
+      second_(window.rtxtXML2.Content()) {}
+
+void PaneContents::restore() const {
+    const QScopedValueRollback ownWriting(StateOf(window_).bControlChange, true);
+    const auto put = [](controls::RichTextBox& pane, const controls::RichContent& content) {
+        try {
+            pane.SetContent(content);
+        } catch (...) { // thrown by one who was told of it: the pane has its text
+        }
+    };
+    put(window_.rtxtXML, first_);
+    put(window_.rtxtXML2, second_);
+    selections_.restore();
+}
+
 Selection SelectionOf(const controls::RichTextBox& pane) {
     return {pane.SelStart(), pane.SelLength(), pane.IsMark()};
 }
@@ -57,8 +74,14 @@ void SetContentInPlace(DocumentWindow& window, const controls::RichContent& cont
     controls::RichTextBox &pane = window.TextInUse(), &other = OtherPane(window);
     const controls::PlaceMap where = KeptPlaces(pane.Long(), content.text);
     const bool same = other.Long() == pane.Long();
-    other.SetContent(content, same ? where : KeptPlaces(other.Long(), content.text));
-    pane.SetContent(content, where);
+    const PaneContents before(window);
+    try {
+        other.SetContent(content, same ? where : KeptPlaces(other.Long(), content.text));
+        pane.SetContent(content, where);
+    } catch (...) { // not one text in one pane and another in the other
+        before.restore();
+        throw;
+    }
 }
 
 void BringPanesTogether(DocumentWindow& window) {

@@ -28,7 +28,20 @@ private:
     Place first_, second_;
 };
 
-/// Another text of the same document in both panes. Caret, selection and what they show stay in their nodes.
+/// What both panes show, and their selections, as they stand when it is made: for what may fail half done.
+class PaneContents {
+public:
+    explicit PaneContents(DocumentWindow& window);
+    void restore() const;
+
+private:
+    DocumentWindow& window_;
+    PaneSelections selections_;
+    controls::RichContent first_, second_;
+};
+
+/// Another text of the same document in both panes, or, where that fails, in none. Caret, selection and what
+/// they show stay in their nodes.
 void SetContentInPlace(DocumentWindow& window, const controls::RichContent& content);
 /// What stands in the pane in use stands in the other one, too.
 void BringPanesTogether(DocumentWindow& window);

@@ -101,7 +101,7 @@ UndoRecord StepBetween(const TextStatus& now, const TextStatus& old) {
 }
 
 // The other pane takes the step; one that had come to differ takes everything. Nothing of it is selected
-// there.
+// there (quirk 55).
 void BringIntoOtherPane(DocumentWindow& window, const UndoRecord& record, const RichTextBox& pane,
                         RichTextBox& other) {
     const QScopedValueRollback ownWriting(StateOf(window).bControlChange, true);

@@ -17,9 +17,7 @@ const text::LongText& Text(const DocumentWindow& window) {
 
 // A window that is loaded again may hold a text that was never read: it belonged to another document.
 void ForgetDocument(DocumentWindow& window) {
-    window.bond.move(BondMove::TextRead);
-    window.bond.treeRevision = window.tvXML.Revision();
-    window.bond.losses = {};
+    window.bond.textRead(window.tvXML.Revision(), {});
     window.bond.rewriting = Rewriting::Unasked;
 }
 
@@ -49,6 +47,17 @@ void BeginFromTree(DocumentWindow& window) {
     BeginHistory(window);
 }
 
+std::function<void()> Keep(DocumentWindow& window) {
+    TextState& state = StateOf(window);
+    return [&window, &state, panes = PaneContents(window), steps = state.undoStack, at = state.UndoPos,
+            parsed = window.bond.msLastParsedText] {
+        panes.restore();
+        state.undoStack = steps;
+        state.UndoPos = at;
+        window.bond.msLastParsedText = parsed;
+    };
+}
+
 // The current node stays by its number, since the keys are new; the root has none of its own. The text is
 // that of the file by now, and stays so.
 void Replace(DocumentWindow& window, const QString& text) {
@@ -71,6 +80,7 @@ const edit::TextWay& WrittenAnew() {
                                        .beginFromTree = BeginFromTree,
                                        .read = ReadEditedText,
                                        .write = TreeChangeTextView,
+                                       .keep = Keep,
                                        .replace = Replace};
     return way;
 }

@@ -24,7 +24,7 @@ using text::LongText;
 void SeeToDefaultTree(DocumentWindow& window) {
     if (window.tvXML.Nodes.Count() < 2) {
         m_tvXML::AddTreeRoot(window.app, window.tvXML, true);
-        window.bond.treeRevision = window.tvXML.Revision();
+        window.bond.passTree(window.tvXML.Revision());
     }
     TreeNode root = window.tvXML.Nodes(1);
     if (root.Text() != window.app.CurrentFileName)
@@ -65,18 +65,12 @@ void SelectByNumber(DocumentWindow& window, long number) {
         node.SetExpanded(true);
 }
 
-void CountAsRead(DocumentWindow& window, const xml::Losses& losses) {
-    window.bond.move(BondMove::TextRead);
-    window.bond.treeRevision = window.tvXML.Revision();
-    window.bond.losses = losses;
-}
-
 void TakeDocument(DocumentWindow& window, const xml::ParsedDocument& document, long selectNumber,
                   Afterwards afterwards) {
     const bool anew = afterwards == Afterwards::WriteAnew && edit::Shows(window, edit::kTextTab) &&
                       edit::MayRewrite(window, document.losses(), edit::EditOf::Text);
     m_tvXML::FillTree(window.app, window.tvXML, document);
-    CountAsRead(window, document.losses());
+    window.bond.textRead(window.tvXML.Revision(), document.losses());
     if (anew || window.rtxtXML.Long().isEmpty())
         TreeChangeTextView(window);
     SelectByNumber(window, selectNumber);
@@ -88,7 +82,7 @@ mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long 
     window.bond.move(BondMove::TextRefused); // until it is in the tree
     if (text.text.holdsOnly(u" ")) {
         m_tvXML::AddTreeRoot(window.app, window.tvXML, false);
-        CountAsRead(window, {});
+        window.bond.textRead(window.tvXML.Revision(), {});
         brokenOff.dismiss();
         return {};
     }
@@ -123,7 +117,6 @@ void WriteTreeAsText(DocumentWindow& window) {
             ChangeText(window, xml, target.Content());
     }
     window.bond.msLastParsedText = target.Plain(); // now the two say the same
-    window.bond.losses = {};
 }
 
 void SayTextGaveWay(DocumentWindow& window) {
@@ -142,14 +135,14 @@ mXMLEdit::Parsed XMLToTree(DocumentWindow& window, const FetchedText& text, long
 }
 
 // A text that didn't parse gives way to the tree like any other. It holds work that the tree never got, so
-// the user is told, once.
+// the user is told, once (quirk 30).
 void TreeChangeTextView(DocumentWindow& window) {
     ++window.app.work.texts;
     Bond& bond = window.bond;
     const LongText before = window.TextInUse().Plain();
     const bool unread = bond.refused() || (bond.bTextChanged() && !(before == bond.msLastParsedText));
     WriteTreeAsText(window);
-    bond.move(BondMove::TextWritten);
+    bond.textWritten();
     if (unread && !(window.TextInUse().Plain() == before))
         SayTextGaveWay(window);
 }

@@ -7,14 +7,14 @@
 // Text to tree and tree to text.
 namespace textview {
 
-/// Units of a text that is parsed at each change of tree or text; a larger one when there is time.
+/// Units of a text that is parsed at each change of tree or text; a larger one when there is time (quirk 29).
 inline constexpr qsizetype kTriedAtOnce = 4'000'000;
 
 /// What becomes of the text once the tree is built from it.
 enum class Afterwards {
     WriteAnew, ///< the text view shows the tree's own form of it where it is on show, unless the user
                ///< declines
-    KeepText   ///< it stays as it is, but for a view that is empty
+    KeepText   ///< it stays as it is (quirk 39), but for a view that is empty
 };
 
 /// Copies a document's text (without the blanks that the view shows beside it) into the tree, whole: new

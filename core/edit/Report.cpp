@@ -9,9 +9,7 @@ namespace edit {
 
 namespace {
 
-void TellError(Application& app, const xml::ParseError& error, Tone tone) {
-    app.lastParseError = error;
-    QString report = GetXMLParseErrorString(app, error);
+void TellReport(Application& app, QString report, Tone tone) {
     if (tone == Tone::Quiet) {
         app.services.prompts.Beep();
         Message(app, report.replace(QStringLiteral("\r\n"), QStringLiteral("--")));
@@ -21,14 +19,13 @@ void TellError(Application& app, const xml::ParseError& error, Tone tone) {
     }
 }
 
-bool Tell(Application& app, const std::optional<xml::ParseError>& error, Tone tone) {
-    if (error) {
-        TellError(app, *error, tone);
-        return false;
-    }
-    Message(app, {});
-    app.lastParseError.reset();
-    return true;
+bool TellOfDocument(Application& app, const std::optional<xml::ParseError>& error, Tone tone) {
+    app.lastParseError = error;
+    if (error)
+        TellReport(app, GetXMLParseErrorString(app, *error), tone);
+    else
+        Message(app, {});
+    return !error;
 }
 
 } // namespace
@@ -42,7 +39,7 @@ mXMLEdit::Parsed LoadXMLDocFromString(Application& app, const FetchedText& text,
     return Guarded(app, QStringLiteral("mXMLEdit.LoadXMLDocFromString"), [&] {
         mXMLEdit::Parsed parsed = mXMLEdit::Parse(app, text, prefixes);
         if (parsed.document)
-            Tell(app, parsed.error(), tone);
+            TellOfDocument(app, parsed.error(), tone);
         return parsed;
     });
 }
@@ -52,7 +49,11 @@ bool ValidateXML(Application& app, const FetchedText& text, Tone tone, xml::Pref
 }
 
 bool Tell(Application& app, const m_tvXML::ProbeResult& result, Tone tone) {
-    return Tell(app, result.error, tone);
+    if (result.error)
+        TellReport(app, mXMLEdit::ErrorLines(*result.error), tone);
+    else
+        Message(app, {});
+    return !result.error;
 }
 
 QString GetXMLParseErrorString(Application& app, const xml::ParseError& error) {

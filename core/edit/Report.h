@@ -24,7 +24,8 @@ mXMLEdit::Parsed LoadXMLDocFromString(Application& app, const FetchedText& text,
 /// Whether a text parses; told likewise. False and not a word for an empty text.
 bool ValidateXML(Application& app, const FetchedText& text, Tone tone,
                  xml::Prefixes prefixes = xml::Prefixes::Declared);
-/// What became of a probe, told likewise. True for one without an error of the parser.
+/// What became of a probe, told likewise; last parse error and caret stay, as it is in no document (quirk
+/// 24). True for one without an error of the parser.
 bool Tell(Application& app, const m_tvXML::ProbeResult& result, Tone tone);
 
 /// The seven lines of the report. While the active window shows its text view, the caret goes to the error

@@ -3,7 +3,8 @@
 #include "core/model/DocumentWindow.h"
 #include <QString>
 
-// The question before a document's text is first written anew from its tree in a way that drops content.
+// The question before a document's text is first written anew from its tree in a way that drops content
+// (quirk 36).
 namespace edit {
 
 /// The user's edit that leads to it.

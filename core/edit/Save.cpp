@@ -29,8 +29,8 @@ bool BringTogether(DocumentWindow& window) {
     return !window.bond.refused();
 }
 
-// Whatever another document's last parse was, a text that is in its file needs no saving (quirk 25). One
-// whose write was refused is tried again, but counts as saved for closing (quirk 45).
+// Whatever another document's last parse was, a text that is in its file needs no saving (quirks 25 and 46).
+// One whose write was refused is tried again, but counts as saved for closing (quirk 45).
 bool NothingToSave(DocumentWindow& window) {
     NoticeFile(window);
     return window.bUnloading ? CountsAsSaved(window) : !IsUnsaved(window);
@@ -96,7 +96,7 @@ bool SaveUnderOwnName(DocumentWindow& window) {
 
 bool SaveUnderNewName(DocumentWindow& window) {
     const QString name = AskSaveFileName(window);
-    window.bCancelSave = window.bUnloading; // a closing window whose user backs out from here stays
+    window.bCancelSave = window.bUnloading; // closing, it stays (quirk 28)
     if (name.isEmpty())
         return false;
     // Refused or answered with No, the window keeps its name: the next save would write over that file
@@ -131,7 +131,7 @@ void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck) {
         if (!(ownName ? SaveUnderOwnName(window) : SaveUnderNewName(window)))
             return;
         // Whether the file was written isn't looked at: a refused write has told the user, and the window
-        // counts as saved.
+        // counts as saved (quirk 27).
         window.bond.move(BondMove::TextTakenBack);
         window.bond.msOpenText = window.way->text(window);
         ShowUnsaved(window);

@@ -3,6 +3,7 @@
 #include "core/model/DocumentWindow.h"
 #include "core/model/FetchedText.h"
 #include <QString>
+#include <functional>
 
 namespace edit {
 
@@ -23,6 +24,8 @@ struct TextWay {
     bool (*read)(DocumentWindow& window);
     /// The text from the changed tree, as one step of the history.
     void (*write)(DocumentWindow& window);
+    /// Text and history as they stand, for what may fail half done: what is returned brings them back.
+    std::function<void()> (*keep)(DocumentWindow& window);
     /// Another text in the place of the whole, with its tree, as one step: saving may have changed the
     /// declaration.
     void (*replace)(DocumentWindow& window, const QString& text);

@@ -16,7 +16,8 @@ namespace {
 /// What an edit leaves to its end.
 struct Pending {
     int depth = 0, series = 0;
-    bool failed = false; ///< a step inside the running edit
+    bool failed = false;       ///< a step inside the running edit
+    bool seriesFailed = false; ///< an edit of the running series
     bool unnamedToo = false;
     bool held = false;  ///< the text waits for what is typed about a new node
     bool opens = false; ///< in an editor that the running edit is about to open
@@ -37,9 +38,7 @@ bool TextWaits(DocumentWindow& window, bool unnamedToo) {
 }
 
 void WriteText(DocumentWindow& window) {
-    const std::uint64_t revision = window.tvXML.Revision();
-    if (std::exchange(window.bond.treeRevision, revision) != revision)
-        window.bond.move(BondMove::TreeChanged);
+    window.bond.countTree(window.tvXML.Revision());
     const bool unnamedToo = std::exchange(PendingOf(window).unnamedToo, false);
     if (window.way && window.bond.bTreeChanged() && !TextWaits(window, unnamedToo))
         window.way->write(window);
@@ -51,7 +50,7 @@ void Forget(Pending& pending) {
 }
 
 bool HasChangedNodes(const DocumentWindow& window) {
-    return window.bond.bTreeChanged() || window.tvXML.Revision() != window.bond.treeRevision;
+    return window.bond.bTreeChanged() || !window.bond.isTreeCounted(window.tvXML.Revision());
 }
 
 void RefreshView(DocumentWindow& window) {
@@ -129,6 +128,7 @@ Transaction::~Transaction() {
     TakeBack();
     Pending& pending = PendingOf(window_);
     pending.failed = --pending.depth > 0;
+    pending.seriesFailed = pending.series > 0;
     if (pending.depth == 0)
         Forget(pending);
 }
@@ -151,8 +151,10 @@ void Transaction::Close() {
     const bool declined = HasChangedNodes(window_) && !MayChangeNodes(window_);
     if (declined)
         TakeBack();
-    if (failed || declined)
+    if (failed || declined) {
         Forget(pending);
+        pending.seriesFailed = pending.series > 0;
+    }
     if (!declined)
         WriteText(window_);
     open_ = false;
@@ -165,25 +167,42 @@ void Transaction::Close() {
 }
 
 bool MayChangeNodes(DocumentWindow& window) {
-    return !window.way || MayRewrite(window, window.bond.losses, EditOf::Tree);
+    return !window.way || MayRewrite(window, window.bond.losses(), EditOf::Tree);
 }
 
-Series::Series(DocumentWindow& window) : window_(window) {
-    ++PendingOf(window).series;
+Series::Series(DocumentWindow& window) : window_(window), record_(window.tvXML), before_(window.bond) {
+    if (window.way)
+        takeTextBack_ = window.way->keep(window);
+    Pending& pending = PendingOf(window);
+    if (pending.series++ == 0)
+        pending.seriesFailed = false;
 }
 
 Series::~Series() {
-    if (open_)
-        --PendingOf(window_).series;
+    if (!open_)
+        return;
+    TakeBack();
+    --PendingOf(window_).series;
+}
+
+void Series::TakeBack() {
+    if (!record_.takeBack())
+        return;
+    if (takeTextBack_)
+        takeTextBack_();
+    window_.bond = before_;
 }
 
 void Series::Close() {
     Pending& pending = PendingOf(window_);
     open_ = false;
-    if (pending.series > 1 || pending.depth > 0)
+    if (pending.series > 1 || pending.depth > 0) {
         --pending.series;
-    else
-        Follow(window_, pending.series);
+        return;
+    }
+    if (std::exchange(pending.seriesFailed, false)) // and reported
+        TakeBack();
+    Follow(window_, pending.series);
 }
 
 void Then(DocumentWindow& window, std::function<void()> act) {

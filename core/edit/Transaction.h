@@ -39,17 +39,23 @@ private:
 };
 
 /// Edits that belong together, each of them a step of the text: views, path and menus follow the last one.
+/// Where one of them fails or is declined, all are taken back.
 class Series {
 public:
     explicit Series(DocumentWindow& window);
-    ~Series(); ///< where it wasn't closed, they follow the next edit
+    ~Series(); ///< one that wasn't closed is taken back; views, path and menus follow the next edit
     Series(const Series&) = delete;
     Series& operator=(const Series&) = delete;
 
     void Close();
 
 private:
+    void TakeBack();
+
     DocumentWindow& window_;
+    controls::TreeRecord record_;
+    Bond before_;
+    std::function<void()> takeTextBack_;
     bool open_ = true;
 };
 

@@ -27,8 +27,8 @@ ProbeResult Try(Application& app, const Check& check, const QString& typed) {
     return Probe(app, check.probe(typed), check.attributes);
 }
 
-QString Reason(Application& app, const ProbeResult& result) {
-    return result.error ? GetXMLParseErrorString(app, *result.error) : m_tvXML::MoreThanOne();
+QString Reason(const ProbeResult& result) {
+    return result.error ? mXMLEdit::ErrorLines(*result.error) : m_tvXML::MoreThanOne();
 }
 
 // A failed probe is told twice: by a beep and the status bar, and in a box under its own title.
@@ -38,7 +38,7 @@ void TellQuietly(Application& app, const ProbeResult& result) {
 }
 
 void TellInBox(Application& app, const Check& check, const ProbeResult& result) {
-    app.services.prompts.MsgBox(Reason(app, result), Buttons::Ok, Icon::Critical, check.title);
+    app.services.prompts.MsgBox(Reason(result), Buttons::Ok, Icon::Critical, check.title);
 }
 
 bool Passes(Application& app, const Check& check, const QString& typed) {
@@ -77,9 +77,9 @@ std::optional<QString> Take(Application& app, const Check& check, const QString&
         return {};
     }
     const QString shown = escaped->size() > kShown ? escaped->left(kShown) + QStringLiteral("...") : *escaped;
-    const services::Answer answer = app.services.prompts.MsgBox(
-        Reason(app, result) + QStringLiteral("\r\n\r\nShall it be written as this?"), Buttons::YesNo,
-        Icon::Critical, check.title, shown);
+    const services::Answer answer =
+        app.services.prompts.MsgBox(Reason(result) + QStringLiteral("\r\n\r\nShall it be written as this?"),
+                                    Buttons::YesNo, Icon::Critical, check.title, shown);
     if (answer != services::Answer::Yes)
         return {};
     Tell(app, ProbeResult(), Tone::Quiet);
@@ -155,7 +155,7 @@ bool ValidateNodeAttributes(Application& app, const QString& attributes, const Q
     const ProbeResult result = Try(app, AttributesCheck(nodeName), attributes);
     if (Tell(app, result, Tone::Quiet))
         return true;
-    Message(app, GetXMLParseErrorString(app, *result.error));
+    Message(app, mXMLEdit::ErrorLines(*result.error));
     return false;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/model/Bond.h"
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -26,8 +27,24 @@ Standing After(Standing standing, BondMove move) {
     return kMoves[static_cast<std::size_t>(standing)][static_cast<std::size_t>(move)];
 }
 
+void Bond::countTree(std::uint64_t now) {
+    if (std::exchange(treeRevision_, now) != now)
+        move(BondMove::TreeChanged);
+}
+
+void Bond::textRead(std::uint64_t treeRevision, const xml::Losses& losses) {
+    move(BondMove::TextRead);
+    treeRevision_ = treeRevision;
+    losses_ = losses;
+}
+
+void Bond::textWritten() {
+    move(BondMove::TextWritten);
+    losses_ = {};
+}
+
 void Bond::takeTreeBack(const Bond& before) {
-    treeRevision = before.treeRevision;
+    treeRevision_ = before.treeRevision_;
     if (bTreeChanged() && !before.bTreeChanged())
         standing_ = static_cast<Standing>(static_cast<int>(standing_) - static_cast<int>(TreeAhead));
 }

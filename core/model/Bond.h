@@ -43,6 +43,17 @@ class Bond {
 public:
     Standing standing() const { return standing_; }
     void move(BondMove move) { standing_ = After(standing_, move); }
+    /// Counts the tree's changes up to its revision `now`: where there are any since they were last counted,
+    /// the tree is ahead.
+    void countTree(std::uint64_t now);
+    /// What the tree has become by now is no change of the user's: it agrees with the text, or stays behind
+    /// it.
+    void passTree(std::uint64_t now) { treeRevision_ = now; }
+    bool isTreeCounted(std::uint64_t now) const { return treeRevision_ == now; }
+    /// The tree was built from the text, which lost something in it.
+    void textRead(std::uint64_t treeRevision, const xml::Losses& losses);
+    /// The text was written from the tree: it has no more than that.
+    void textWritten();
     /// The tree's changes since a moment have been taken back; what happened to the text stays.
     void takeTreeBack(const Bond& before);
 
@@ -50,14 +61,16 @@ public:
     bool bTextChanged() const; ///< the text was edited and the tree doesn't show it yet
     bool refused() const;      ///< the tree is that of an earlier document
 
-    xml::Losses losses; ///< what the text has and the tree lacks: lost once it is written anew
+    /// What the text has and the tree lacks: lost once it is written anew.
+    const xml::Losses& losses() const { return losses_; }
     Rewriting rewriting = Rewriting::Unasked;
 
     text::LongText msOpenText;       ///< the text at the last open or save
     text::LongText msLastParsedText; ///< the text that the tree was last built from, or that was refused
     bool untried = false;            ///< the text came from the tree and was too long to be parsed at once
-    std::uint64_t treeRevision = 0;  ///< of the tree when its changes were last counted
 
 private:
     Standing standing_ = Standing::Agree;
+    xml::Losses losses_;
+    std::uint64_t treeRevision_ = 0; ///< of the tree when its changes were last counted
 };

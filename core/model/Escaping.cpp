@@ -18,6 +18,24 @@ bool Holds(text::CompactView view, char wanted) {
     return false;
 }
 
+/// The character of a reference without its "&" and ";"; 0 for none that is known.
+char32_t Referenced(QStringView name) {
+    constexpr struct {
+        const char16_t* name;
+        char16_t character;
+    } kEntities[] = {{u"amp", u'&'}, {u"lt", u'<'}, {u"gt", u'>'}, {u"quot", u'"'}, {u"apos", u'\''}};
+    for (const auto& entity : kEntities) {
+        if (name == QStringView(entity.name))
+            return entity.character;
+    }
+    if (!name.startsWith(u'#'))
+        return 0;
+    bool good = false;
+    const bool hexadecimal = name.startsWith(u"#x");
+    const uint code = name.sliced(hexadecimal ? 2 : 1).toUInt(&good, hexadecimal ? 16 : 10);
+    return good && code <= QChar::LastValidCodePoint ? code : 0;
+}
+
 } // namespace
 
 QString convertStringToXML(const QString& text) {
@@ -47,28 +65,6 @@ void AppendAttributeValue(text::CompactBuilder& out, text::CompactView value) {
     out.append(
         WithLineEndReferences(convertStringToXML(value.toString()).replace(u'\r', QStringLiteral("&#13;"))));
 }
-
-namespace {
-
-/// The character of a reference without its "&" and ";"; 0 for none that is known.
-char32_t Referenced(QStringView name) {
-    constexpr struct {
-        const char16_t* name;
-        char16_t character;
-    } kEntities[] = {{u"amp", u'&'}, {u"lt", u'<'}, {u"gt", u'>'}, {u"quot", u'"'}, {u"apos", u'\''}};
-    for (const auto& entity : kEntities) {
-        if (name == QStringView(entity.name))
-            return entity.character;
-    }
-    if (!name.startsWith(u'#'))
-        return 0;
-    bool good = false;
-    const bool hexadecimal = name.startsWith(u"#x");
-    const uint code = name.sliced(hexadecimal ? 2 : 1).toUInt(&good, hexadecimal ? 16 : 10);
-    return good && code <= QChar::LastValidCodePoint ? code : 0;
-}
-
-} // namespace
 
 QString WithoutReferences(const QString& escaped) {
     QString plain;

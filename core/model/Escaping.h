@@ -16,7 +16,7 @@ void AppendAttributeValue(text::CompactBuilder& out, text::CompactView value);
 /// What an escaped value or text says: the five entities and references by number as their characters. What is
 /// none of these stays.
 QString WithoutReferences(const QString& escaped);
-/// Line ends and tabs of an attribute's value that is escaped already.
+/// Line ends and tabs of an attribute's value that is escaped already (quirk 33).
 QString WithLineEndReferences(QString value);
 
 /// An "&" that begins no reference as one: what was typed plain among what is escaped.

@@ -6,8 +6,8 @@
 struct Application;
 
 // Node numbers count the elements, comments and instructions below the tree root in document order from 1.
-// The n-th numbered node is the n-th start tag, comment or instruction of the text. Node arguments may be
-// nothing.
+// The n-th numbered node is the n-th start tag, comment or instruction of the text (quirk 32). Node arguments
+// may be nothing.
 namespace m_tvXML {
 
 /// 0 for nothing; 1 for the tree root and for a node directly below it; its child 2, and so on.

@@ -5,7 +5,6 @@
 #include "core/model/Frame.h"
 #include "core/model/NodeKind.h"
 #include "nodes/WriteNode.h"
-#include "nodes/dialogs/BeforeCheck.h"
 
 namespace nodes {
 
@@ -55,10 +54,8 @@ bool NodeEditor::WriteTyped() {
     // A node can't go without a name, and there is nothing to say about an empty one: it keeps its own.
     if (txtNodeName.Text().isEmpty())
         txtNodeName.SetText(node_.name);
-    BeforeCheck before(*window_);
     NodeContent content = Typed();
     if (WriteNodeInHand(*window_, held_.hand, content) == NodeWrite::Refused) {
-        before.Restore();
         RefusedBox().SetFocus();
         return false;
     }
@@ -91,7 +88,7 @@ void NodeEditor::ComplainAboutName() {
         Complain(m_tvXML::NodeNameProbe(txtNodeName.Text()), 0);
 }
 
-// About a list of attributes there is a beep, and the place of the error is told too (quirk 24).
+// About a list of attributes there is a beep, and the place of the error is told too.
 void NodeEditor::ComplainAboutValue() {
     if (Kind() != m_tvXML::kElement || !IsChanged())
         return Complain(NodeValueProbe(*window_, held_.hand, txtNodeAttrs.Text()),

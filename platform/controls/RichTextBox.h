@@ -52,9 +52,9 @@ public:
     void SetContent(const RichContent& content);
     /// The same, but caret, selection and what a widget shows stay with the places that they stood at.
     void SetContent(const RichContent& content, const PlaceMap& where);
-    /// The text without its fillers: the blanks that colouring shows behind the opener of a comment. They
-    /// move along with the text around them. One whose opener is no longer in front of it is a blank like any
-    /// other.
+    /// The text without its fillers: the blanks that colouring shows behind the opener of a comment (quirk
+    /// 38). They move along with the text around them. One whose opener is no longer in front of it is a
+    /// blank like any other.
     const text::LongText& Plain() const;
     const std::vector<qsizetype>& Fillers() const { return fillers_; }
     void SetFillers(std::vector<qsizetype> fillers);

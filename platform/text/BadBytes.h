@@ -18,7 +18,7 @@ BadBytes CountBadBytes(QByteArrayView bytes);
 
 /// The character for the byte 0x80, of a range that isn't in the bytes; 0 where they use all of them.
 char32_t FreeRange(QByteArrayView bytes);
-/// Well-formed UTF-8, with the characters of the range in the place of bad bytes.
+/// Well-formed UTF-8 (quirk 40), with the characters of the range in the place of bad bytes.
 QByteArray Mended(QByteArrayView bytes, char32_t range);
 /// The reverse.
 QByteArray Unmended(const QByteArray& bytes, char32_t range);

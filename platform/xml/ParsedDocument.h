@@ -17,7 +17,7 @@ class ParsedDocument;
 /// Which prefixes a text may use.
 enum class Prefixes : std::uint8_t {
     Declared, ///< those that are declared in it, by the rules of Namespaces in XML 1.0: for documents
-    Any       ///< all: for fragments whose prefixes are declared elsewhere
+    Any       ///< all: for fragments whose prefixes are declared elsewhere (quirk 34)
 };
 
 /// What the parser disliked. Positions count 16-bit units of the very text that was given.

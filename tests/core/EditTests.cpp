@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/Transaction.h"
+#include "nodes/MoveNodes.h"
 #include "tests/nodes/ListDesk.h"
 #include "tests/support/TestApp.h"
 #include "textview/TextState.h"
@@ -120,6 +121,41 @@ TEST(Edit, WhereTheTextCanNotFollowTheNodesAreAsTheyWere) {
     EXPECT_EQ(StandingOf(window).steps, before.steps);
     edit::Run(window, "Test", [&] { window.tvXML.Nodes.Remove(notes.Child()); });
     EXPECT_FALSE(window.rtxtXML.Text().contains(QStringLiteral("one")));
+}
+
+// A move is two steps. Where the second one fails the copy of the first doesn't stay, nor its text and step.
+TEST(Edit, ASeriesWhoseSecondEditFailsLeavesNothing) {
+    TestApp app;
+    DocumentWindow& window = app.OpenText(QStringLiteral("notes.xml"), kNotes);
+    app.ClickNode(window.tvXML.Nodes(1).Child().Child().Next());
+    const Standing3 before = StandingOf(window);
+    int changes = 0;
+    bool outOfMemory = false, over = false;
+    window.rtxtXML.Change.connect([&] {
+        if (over || ++changes != 2)
+            return;
+        if (outOfMemory)
+            throw std::bad_alloc();
+        throw text::Fault(text::kFaultBadCall, QStringLiteral("second"));
+    });
+    app.ChooseMenu(QStringLiteral("mnuMoveUP"));
+    EXPECT_GE(changes, 2);
+    EXPECT_EQ(StandingOf(window), before);
+    EXPECT_EQ(window.rtxtXML2.Text(), window.rtxtXML.Text());
+
+    changes = 0;
+    outOfMemory = true;
+    EXPECT_THROW(nodes::MoveUpDownOneNodeAtTree(window, true), std::bad_alloc);
+    EXPECT_EQ(StandingOf(window), before);
+
+    over = true;
+    app.ChooseMenu(QStringLiteral("mnuMoveUP"));
+    const Standing3 moved = StandingOf(window);
+    EXPECT_NE(moved.text, before.text);
+    EXPECT_EQ(moved.steps, before.steps + 2);
+    app.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    app.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    EXPECT_EQ(window.rtxtXML.Text(), before.text);
 }
 
 // Text and history have the change already: the tree keeps it, too.

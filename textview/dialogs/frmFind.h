@@ -64,7 +64,7 @@ private:
         qsizetype start = 0, length = 0; ///< of the selection
         bool operator==(const Search&) const = default;
     };
-    /// Once around the text: from its place to the end, and from the start to its place.
+    /// Once around the text (quirk 51): from its place to the end, and from the start to its place.
     struct Round {
         qsizetype from = 0;
         bool wrapped = false;
