@@ -9,6 +9,7 @@
 #include "table/LoadTables.h"
 #include "table/TableState.h"
 #include <algorithm>
+#include <string>
 
 namespace exchange {
 
@@ -20,7 +21,7 @@ using table::ElementTable;
 
 constexpr int kAllLevels = 1000;
 constexpr qint64 kRowsPerStep = 1000;
-constexpr qsizetype kPart = 1 << 16; // units that go on together
+constexpr std::size_t kPart = 1 << 16; // units that go on together
 
 const QString kEnd = QStringLiteral("\r\n");
 
@@ -30,14 +31,15 @@ struct Shown {
     const controls::FlexGrid* grid = nullptr;
 
     int sourceRow(int row) const { return grid ? grid->SourceRow(row) : row; }
-    /// The cells of a row behind the row label.
-    std::vector<QString> cells(int row) const {
-        const int last = table.columnCount() - 1;
-        if (!grid || (row > 0 && row <= table.lastRow()))
-            return table.texts(sourceRow(row), Columns::kFirst, last);
-        std::vector<QString> cells; // what was calculated stands in the grid alone
-        for (int column = Columns::kFirst; column <= last; ++column)
-            cells.push_back(grid->TextMatrix(row, column));
+    bool hasElement(int row) const { return row >= 1 && row <= table.lastRow(); }
+    std::vector<text::CompactView> values(int row, bool shown) const {
+        return table.values(sourceRow(row), Columns::kFirst, table.textColumn(), shown);
+    }
+    /// The cells of another row. What was calculated stands in the grid alone.
+    QStringList cells(int row) const {
+        QStringList cells;
+        for (int column = Columns::kFirst; column <= table.textColumn(); ++column)
+            cells << (grid ? grid->TextMatrix(row, column) : table.text(row, column));
         return cells;
     }
 };
@@ -48,7 +50,7 @@ public:
     Writer(const TextOutOptions& options, const edit::TextSink& sink, const edit::WaitStep& step)
         : options_(options), sink_(sink), step_(step) {}
 
-    void Put(QStringView text) { part_ += text; }
+    void Put(QStringView text) { part_.append(text.utf16(), static_cast<std::size_t>(text.size())); }
     /// What is left goes on. False where the text was given up.
     bool Finish() {
         PassOn();
@@ -109,28 +111,35 @@ private:
         if (options_.plain)
             return PutPlainRow(shown, row);
         bool any = false;
-        for (const QString& cell : shown.cells(row)) {
+        const auto part = [&](bool empty) {
             if (any)
                 Put(options_.i_sDelimiter);
-            any = any || !cell.isEmpty();
-            Put(cell);
+            any = any || !empty;
+        };
+        if (!shown.hasElement(row)) {
+            for (const QString& cell : shown.cells(row)) {
+                part(cell.isEmpty());
+                Put(cell);
+            }
+            return;
+        }
+        int column = Columns::kFirst;
+        for (const text::CompactView value : shown.values(row, true)) {
+            part(value.isEmpty());
+            shown.table.appendShownText(part_, shown.sourceRow(row), column++, value);
         }
     }
 
     void PutPlainRow(const Shown& shown, int row) {
-        const ElementTable& table = shown.table;
-        std::vector<QString> cells;
+        QStringList cells;
         if (row == 0)
             cells = shown.cells(row);
-        else if (row <= table.lastRow())
-            for (const text::CompactView value :
-                 table.values(shown.sourceRow(row), Columns::kFirst, table.columnCount() - 1))
-                cells.push_back(mXMLEdit::WithoutReferences(value.toString()));
-        for (std::size_t i = 0; i < cells.size(); ++i) {
-            if (i > 0)
-                Put(options_.i_sDelimiter);
-            Put(Quoted(cells[i]));
-        }
+        else if (shown.hasElement(row))
+            for (const text::CompactView value : shown.values(row, false))
+                cells << mXMLEdit::WithoutReferences(value.toString());
+        for (QString& cell : cells)
+            cell = Quoted(cell);
+        Put(cells.join(options_.i_sDelimiter));
     }
 
     QString Quoted(QString cell) const {
@@ -148,13 +157,13 @@ private:
 
     void PassOn() {
         goesOn_ = goesOn_ && sink_(part_);
-        part_.resize(0); // its room is kept
+        part_.clear(); // its room is kept
     }
 
     const TextOutOptions& options_;
     const edit::TextSink& sink_;
     const edit::WaitStep& step_;
-    QString part_;
+    std::u16string part_;
     qint64 rows_ = 0;
     bool goesOn_ = true;
 };

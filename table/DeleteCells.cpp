@@ -34,11 +34,9 @@ void ForEachRow(DocumentWindow& window, FlexGrid& grid, const char* routine, Act
 void DeleteCellsAtTableView(DocumentWindow& window, FlexGrid& grid) {
     ForEachRow(window, grid, "DeleteCellsAtTableView",
                [](CellWriter& writer, const ElementTable& table, int row, const controls::GridRange& range) {
-                   std::vector<NewCell> cells;
-                   for (int column = range.left; column <= range.right; ++column) {
-                       if (!table.shownValue(row, column).isEmpty()) // what isn't seen stays
-                           cells.push_back({table.header(column), {}});
-                   }
+                   std::vector<NewCell> cells; // what isn't seen stays
+                   for (const int column : table.filledColumns(row, range.left, range.right, true))
+                       cells.push_back({table.header(column), {}});
                    SetCells(writer, table, row, cells);
                });
 }
@@ -46,8 +44,7 @@ void DeleteCellsAtTableView(DocumentWindow& window, FlexGrid& grid) {
 void DeleteColsAtTableView(DocumentWindow& window, FlexGrid& grid) {
     ForEachRow(window, grid, "DeleteColsAtTableView",
                [](CellWriter& writer, const ElementTable& table, int row, const controls::GridRange& range) {
-                   for (int column = range.left; column <= range.right; ++column)
-                       DeleteCell(writer, table, row, column);
+                   DeleteCells(writer, table, row, table.filledColumns(row, range.left, range.right, false));
                });
 }
 

@@ -84,14 +84,17 @@ CompactView ElementTable::value(int row, int column) const {
     return ValueOf(node.TagView(), columns_.name(column - Columns::kFirst));
 }
 
-std::vector<CompactView> ElementTable::values(int row, int left, int right) const {
+std::vector<CompactView> ElementTable::values(int row, int left, int right, bool shown) const {
     std::vector<CompactView> found(static_cast<std::size_t>(std::max(right - left + 1, 0)));
     const TreeNode node = element(row);
     if (!node || found.empty())
         return found;
+    const int brought = shown ? columns_.broughtBy(row) : -1;
     int likely = 0;
     for (AttributeWalk pairs(node.TagView()); pairs.next(); ++likely) {
         const int place = columns_.find(pairs.name(), likely);
+        if (brought >= 0 && place == brought)
+            return found; // neither this attribute is shown nor anything behind it
         const int column = place + Columns::kFirst;
         if (place >= 0 && column >= left && column <= right)
             found[static_cast<std::size_t>(column - left)] = pairs.value();
@@ -102,8 +105,26 @@ std::vector<CompactView> ElementTable::values(int row, int left, int right) cons
     return found;
 }
 
-bool ElementTable::hasAttribute(int row, int column) const {
-    return value(row, column).data != nullptr && column != textColumn();
+std::vector<int> ElementTable::filledColumns(int row, int left, int right, bool shown) const {
+    std::vector<int> found;
+    const TreeNode node = element(row);
+    if (!node)
+        return found;
+    const int brought = shown ? columns_.broughtBy(row) : -1;
+    int likely = 0;
+    for (AttributeWalk pairs(node.TagView()); pairs.next(); ++likely) {
+        const int place = columns_.find(pairs.name(), likely);
+        if (brought >= 0 && place == brought)
+            return found; // neither this attribute is shown nor anything behind it
+        const int column = place + Columns::kFirst;
+        if (place >= 0 && column >= left && column <= right && !(shown && pairs.value().isEmpty()))
+            found.push_back(column);
+        likely = place >= 0 ? place : likely;
+    }
+    const TreeNode text = right == textColumn() ? m_tvXML::FirstTextChild(node) : TreeNode();
+    if (text && !(shown && text.TagView().isEmpty()))
+        found.push_back(right);
+    return found;
 }
 
 // A row that brings a column is read up to that attribute.
@@ -130,7 +151,6 @@ QString ElementTable::label(int row) const {
     return u'[' + QString::number(row) + (more ? QStringLiteral("]+") : QStringLiteral("]-"));
 }
 
-// Numbers stand in their shortest form from the second row on (quirk 70).
 QString ElementTable::text(int row, int column) const {
     if (row < 0 || row >= rowCount() || column < 0 || column >= columnCount())
         return {};
@@ -145,24 +165,25 @@ QString ElementTable::text(int row, int column) const {
     return shownText(row, column, shownValue(row, column));
 }
 
-std::vector<QString> ElementTable::texts(int row, int left, int right) const {
-    std::vector<QString> texts;
-    if (row >= 1 && row <= lastRow() && columns_.broughtBy(row) < 0) { // all values in one walk
-        int column = left;
-        for (const CompactView value : values(row, left, right))
-            texts.push_back(shownText(row, column++, value));
-        return texts;
-    }
-    for (int column = left; column <= right; ++column)
-        texts.push_back(text(row, column));
-    return texts;
+// Numbers stand in their shortest form from the second row on (quirk 70).
+bool ElementTable::mayBeRewritten(int row, int column, CompactView shown) const {
+    return row != 1 && column != textColumn() && MayBeNumber(shown);
 }
 
 QString ElementTable::shownText(int row, int column, CompactView shown) const {
     const QString text = shown.toString();
-    if (row == 1 || column == textColumn() || !MayBeNumber(shown))
-        return text;
-    return text::PlainNumber(text).value_or(text);
+    return mayBeRewritten(row, column, shown) ? text::PlainNumber(text).value_or(text) : text;
+}
+
+void ElementTable::appendShownText(std::u16string& out, int row, int column, CompactView shown) const {
+    if (mayBeRewritten(row, column, shown)) {
+        const QString text = shownText(row, column, shown);
+        out.append(reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size()));
+        return;
+    }
+    const std::size_t at = out.size();
+    out.resize(at + shown.length);
+    shown.copyTo(out.data() + at);
 }
 
 QString ElementTable::textToSort(int row, int column) const {

@@ -4,6 +4,7 @@
 #include "platform/controls/TreeCursor.h"
 #include "table/Columns.h"
 #include <QString>
+#include <string>
 #include <vector>
 
 namespace table {
@@ -26,9 +27,6 @@ public:
     QString textToSort(int row, int column) const override;
     controls::GridStyle style(int row, int column) const override;
 
-    /// What a row shows in the columns from left to right, both included and behind the label, in one go.
-    std::vector<QString> texts(int row, int left, int right) const;
-
     const QString& name() const { return name_; }                      ///< of the elements
     int lastRow() const { return static_cast<int>(elements_.size()); } ///< of those with an element
     int textColumn() const { return columnCount() - 1; }               ///< "Node Text"
@@ -42,15 +40,23 @@ public:
     text::CompactView value(int row, int column) const;
     /// What the cell shows of it, before numbers are rewritten.
     text::CompactView shownValue(int row, int column) const;
-    /// The values of a row in the columns from left to right, both included, in one go.
-    std::vector<text::CompactView> values(int row, int left, int right) const;
-    bool hasAttribute(int row, int column) const;
+    /// The values of a row in the columns from left to right, both included, in one go; with `shown`, of what
+    /// its cells show of them.
+    std::vector<text::CompactView> values(int row, int left, int right, bool shown = false) const;
+    /// What a cell makes of a value that it shows.
+    QString shownText(int row, int column, text::CompactView shown) const;
+    /// The same at the end of a text.
+    void appendShownText(std::u16string& out, int row, int column, text::CompactView shown) const;
+    /// The columns from `left` to `right`, both included, for which the row's element holds something, in the
+    /// order of its Tag; with `shown`, those whose cell shows it. One walk along the Tag: there may be more
+    /// columns than anything else.
+    std::vector<int> filledColumns(int row, int left, int right, bool shown) const;
     /// Whether the columns would be the same if the table were made anew, after an edit of a row's element.
     bool columnsStandAfter(int row) const;
 
 private:
     QString label(int row) const;
-    QString shownText(int row, int column, text::CompactView shown) const;
+    bool mayBeRewritten(int row, int column, text::CompactView shown) const;
 
     QString name_;
     bool calculates_;

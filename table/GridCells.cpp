@@ -91,8 +91,12 @@ void NavToRelatedTreeNode(DocumentWindow& window, const FlexGrid& grid) {
     const TreeNode node = window.tvXML.Nodes.Find(GetTableViewLineKey(grid));
     if (!node)
         return;
-    if (GridsAreCurrent(window))
-        TableOf(window).shownKey = node.Key();
+    TableState& state = TableOf(window);
+    if (GridsAreCurrent(window)) {
+        state.shownKey = node.Key();
+        state.miFocusTableIndex = grid.Index;
+        state.mvFocusTableRow = grid.SourceRow(grid.Row());
+    }
     edit::SelectNode(window, node);
 }
 

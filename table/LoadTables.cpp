@@ -134,6 +134,7 @@ void LoadLevelAtTableView(DocumentWindow& window, TreeNode node) {
             LoadAllSameNameItemAtTableView(window, table);
         window.hfgrdTableView.UnloadFrom(static_cast<int>(tables.size()));
         TableOf(window).levelKey = level;
+        TableOf(window).level = m_tvXML::NodeAddress(node.Parent());
     });
 }
 

@@ -29,6 +29,10 @@ public:
                : selected_.height() == 1 || !block_.named ? pasted
                                                           : std::min(pasted, selected_.height());
     }
+    /// One value for more cells than are pasted in one go.
+    bool isTooMuch() const {
+        return block_.isOneValue() && qint64(rows()) * selected_.width() > qint64(kMostPastedCells);
+    }
     const PastedBlock::Row& row(int place) const {
         return block_.rows[block_.rows.size() == 1 ? 0 : static_cast<std::size_t>(place)];
     }
@@ -109,9 +113,15 @@ struct PlannedRow {
 std::optional<std::vector<PlannedRow>> PlanOf(DocumentWindow& window, const FlexGrid& grid,
                                               const ElementTable& table, const PastePlan& plan, int top) {
     std::vector<PlannedRow> planned;
+    std::size_t written = 0;
+    if (plan.isTooMuch()) {
+        nodes::SayNothingFits(window);
+        return {};
+    }
     for (int i = 0; i < plan.rows(); ++i) {
         auto cells = top + i <= table.lastRow() ? plan.cellsOf(plan.row(i)) : std::nullopt;
-        if (!cells) {
+        written += cells ? cells->size() : 0;
+        if (!cells || written > kMostPastedCells) {
             nodes::SayNothingFits(window);
             return {};
         }
@@ -129,6 +139,8 @@ void PasteCellAtTableView(DocumentWindow& window, FlexGrid& grid, const PastedBl
     edit::Run(window, "PasteCellAtTableView", [&] {
         const auto table = TableIn(window, grid);
         const GridRange selected = SelectedData(window, grid);
+        if (block.tooMuch)
+            return nodes::SayNothingFits(window);
         if (!table || block.rows.empty() || selected.height() < 1 || selected.width() < 1)
             return;
         const PastePlan plan(grid, *table, block, selected);

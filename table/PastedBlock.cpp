@@ -45,11 +45,15 @@ class LineReader {
 public:
     explicit LineReader(QStringView lines) : lines_(lines) {}
 
+    /// Nothing for too much.
     std::vector<PastedBlock::Row> read() {
         std::vector<PastedBlock::Row> rows;
+        std::size_t cells = 0;
         while (at_ < lines_.size()) {
             PastedBlock::Row& row = rows.emplace_back();
             while (true) {
+                if (++cells > kMostPastedCells)
+                    return {};
                 row.values << value();
                 if (here() != u'\t')
                     break;
@@ -111,13 +115,15 @@ PastedBlock BlockOf(const QString& text) {
         xml::ParsedDocument document;
         if (Load(document, text)) {
             if (std::vector<PastedBlock::Row> rows = RowsOf(document.documentElement()); !rows.empty())
-                return {std::move(rows), true};
+                return {.rows = std::move(rows), .named = true};
         }
-        return {{{{}, {text}}}, false};
+        return {.rows = {{{}, {text}}}};
     }
     if (text.isEmpty())
         return {};
-    return {LineReader(text).read(), false};
+    PastedBlock block{.rows = LineReader(text).read()};
+    block.tooMuch = block.rows.empty();
+    return block;
 }
 
 } // namespace table

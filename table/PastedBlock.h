@@ -16,8 +16,12 @@ struct PastedBlock {
     };
     std::vector<Row> rows;
     bool named = false;
+    bool tooMuch = false; ///< and no rows therefore
     bool isOneValue() const { return rows.size() == 1 && rows.front().values.size() == 1; }
 };
+
+/// More cells are not pasted in one go.
+inline constexpr std::size_t kMostPastedCells = 5'000'000;
 
 /// Takes a text apart. One that looks like XML but can't be read is one value.
 PastedBlock BlockOf(const QString& text);

@@ -102,7 +102,8 @@ void ShowFocusRow(DocumentWindow& window) {
     FlexGrid& grid = window.hfgrdTableView(state.miFocusTableIndex);
     controls::ScrollBar& bar = window.vsTableView;
     bar.SetValue(static_cast<int>(std::lround(grid.Place().Top / window.pctTV.Place().Height * bar.Max + 1)));
-    ShowTableCell(window, grid, std::min(*state.mvFocusTableRow, grid.Rows() - 1), grid.Col());
+    const int row = grid.RowOfSource(*state.mvFocusTableRow);
+    ShowTableCell(window, grid, std::min(row, grid.Rows() - 1), grid.Col());
 }
 
 double HeaderTop(const DocumentWindow& window, const FlexGrid& grid) {

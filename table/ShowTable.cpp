@@ -20,12 +20,60 @@ bool ShowsLevelOf(DocumentWindow& window, TreeNode selected) {
     return GridsAreCurrent(window) && shown && shown.Parent() == selected.Parent();
 }
 
+/// Cells that the user marked, by what finds them again in grids that are made anew.
+struct Marked {
+    int focusTable, focusRow; ///< of the current node
+    int index;                ///< of the grid
+    QString table;            ///< its name
+    int row, rowSel;
+    QString column, columnSel; ///< their names
+};
+
+/// Nothing where whole rows are marked, as they are for the current node, or where another level will show.
+std::optional<Marked> MarkedIn(DocumentWindow& window, TreeNode level) {
+    const TableState& state = TableOf(window);
+    const FlexGrid* grid = CurrentGrid(window);
+    const auto table = grid ? TableIn(window, *grid) : nullptr;
+    if (!table || !state.mvFocusTableRow || std::min(grid->Col(), grid->ColSel()) < Columns::kFirst ||
+        state.level.findIn(window.tvXML) != level)
+        return {};
+    const bool sorted = grid->IsSorted(); // which a grid that is made anew isn't
+    return Marked{state.miFocusTableIndex,
+                  *state.mvFocusTableRow,
+                  grid->Index,
+                  table->name(),
+                  grid->SourceRow(grid->Row()),
+                  grid->SourceRow(sorted ? grid->Row() : grid->RowSel()),
+                  table->header(grid->Col()),
+                  table->header(grid->ColSel())};
+}
+
+// The next key is meant for these cells, and not for the whole row of the current node (quirk 80).
+void MarkAgain(DocumentWindow& window, const Marked& marked) {
+    TableState& state = TableOf(window);
+    if (state.miFocusTableIndex != marked.focusTable || state.mvFocusTableRow != marked.focusRow ||
+        marked.index > window.hfgrdTableView.UBound())
+        return;
+    FlexGrid& grid = window.hfgrdTableView(marked.index);
+    const auto table = TableIn(window, grid);
+    const int column = table ? table->columnOf(marked.column) : -1;
+    const int columnSel = table ? table->columnOf(marked.columnSel) : -1;
+    if (column < 0 || columnSel < 0 || table->name() != marked.table ||
+        std::max(marked.row, marked.rowSel) >= grid.Rows())
+        return;
+    state.miTableViewIndex = grid.Index;
+    grid.Select(marked.row, column, marked.rowSel, columnSel);
+    ShowTableCell(window, grid, marked.row, column);
+}
+
 void LoadLevel(DocumentWindow& window, TreeNode node) {
+    const std::optional<Marked> marked = MarkedIn(window, node.Parent());
     window.pctTV.Tag = node.Key();
     LoadLevelAtTableView(window, node);
     SetTableViewOutlook(window);
-    FindTableAndSetFocus(window);
-    TableOf(window).miTableViewIndex = TableOf(window).miFocusTableIndex;
+    const bool found = FindTableAndSetFocus(window);
+    if (found && marked)
+        MarkAgain(window, *marked);
 }
 
 // The grids stay, but not with what is gone (quirk 75).
@@ -80,8 +128,8 @@ bool FindTableAndSetFocus(DocumentWindow& window) {
                 grid.Select(0, 0, 0, 0);
                 continue;
             }
-            state.miFocusTableIndex = i;
-            state.mvFocusTableRow = row;
+            state.miFocusTableIndex = state.miTableViewIndex = i;
+            state.mvFocusTableRow = grid.SourceRow(row);
             grid.Select(row, 1, row, grid.Cols() - 1);
         }
         ShowFocusRow(window);

@@ -108,6 +108,8 @@ void CopyTableAsHTMLText(DocumentWindow& window) {
     edit::Guarded(window, "CopyTableAsHTML", [&] {
         if (const FlexGrid* grid = CurrentGrid(window)) {
             const QString html = CopyTableAsHTML(window, *grid);
+            if (html.isEmpty())
+                return nodes::SayNothingCopied(window.app);
             window.app.services.clipboard.SetContents({.text = html, .html = html});
         }
     });

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/TableEvents.h"
+#include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
 #include "core/model/Frame.h"
 #include "core/model/NodeNumbers.h"
@@ -55,12 +56,28 @@ void LeaveLabelAndHeader(FlexGrid& grid) {
     grid.Select(row, column, row, column);
 }
 
-void hfgrdTableView_KeyPress(DocumentWindow& window, FlexGrid& grid, int) {
-    Touch(window, grid);
+// A large text that was taken a step back is ahead of the tree for a moment. Read while an editor is open it
+// would close that. The grid of the same number, then; null where there is none any more.
+FlexGrid* WithTextRead(DocumentWindow& window, FlexGrid& grid) {
+    if (!window.bond.bTextChanged() || !window.way)
+        return &grid;
+    const int index = grid.Index;
+    const bool read = edit::Run(window, "ReadEditedText", [&] { return window.way->read(window); });
+    FlexGrid* current = read ? CurrentGrid(window) : nullptr;
+    return current && current->Index == index ? current : nullptr;
+}
+
+void EditCurrentCell(DocumentWindow& window, FlexGrid& grid) {
     if (IsDataRow(window, grid, grid.Row()))
         GridEdit(window, grid, window.txtTView, kNoKey);
     else if (grid.Col() >= Columns::kFirst && IsCalcRow(window, grid, grid.Row()))
         ShowCalc(window, grid, window.cmbSum, kNoKey);
+}
+
+void hfgrdTableView_KeyPress(DocumentWindow& window, FlexGrid& touched, int) {
+    Touch(window, touched);
+    if (FlexGrid* grid = WithTextRead(window, touched))
+        EditCurrentCell(window, *grid);
 }
 
 struct GridKey {
@@ -139,24 +156,26 @@ void ConnectEditors(DocumentWindow& window) {
 
 } // namespace
 
-void hfgrdTableView_DblClick(DocumentWindow& window, FlexGrid& grid) {
+void hfgrdTableView_DblClick(DocumentWindow& window, FlexGrid& touched) {
     edit::Guarded(window.app, AtRoutine(window, "hfgrdTableView_DblClick"), [&] {
-        Touch(window, grid);
-        grid.SetFocus();
+        Touch(window, touched);
+        touched.SetFocus();
         if (!FinishTableEdits(window))
+            return;
+        FlexGrid* grid = WithTextRead(window, touched);
+        if (!grid)
             return;
         const bool editsValue = std::exchange(TableOf(window).mbIsEditValue, false);
         if (editsValue)
-            LeaveLabelAndHeader(grid);
-        const bool data = IsDataRow(window, grid, grid.Row()), header = !editsValue && grid.MouseRow == 0;
-        if (data && grid.Col() < Columns::kFirst && !header)
-            WalkFromLabel(window, grid);
-        else if (data && header)
-            GridEditHeader(window, grid, window.txtTViewHeader, kNoKey);
-        else if (data)
-            GridEdit(window, grid, window.txtTView, kNoKey);
-        else if (grid.Col() >= Columns::kFirst && IsCalcRow(window, grid, grid.Row()))
-            ShowCalc(window, grid, window.cmbSum, kNoKey);
+            LeaveLabelAndHeader(*grid);
+        const bool data = IsDataRow(window, *grid, grid->Row());
+        const bool header = !editsValue && grid->MouseRow == 0;
+        if (data && header && grid->Col() >= Columns::kFirst)
+            GridEditHeader(window, *grid, window.txtTViewHeader, kNoKey);
+        else if (data && grid->Col() < Columns::kFirst && !header)
+            WalkFromLabel(window, *grid);
+        else if (!data || !header)
+            EditCurrentCell(window, *grid);
     });
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/model/DocumentWindow.h"
+#include "core/model/NodeAddress.h"
 #include "table/ElementTable.h"
 #include <QHash>
 #include <QString>
@@ -33,7 +34,7 @@ struct TableState {
     Tables tables;                      ///< what each grid shows
     int miTableViewIndex = 0;           ///< the grid that the user last touched
     int miFocusTableIndex = 0;          ///< the grid that holds the row of the current node
-    std::optional<int> mvFocusTableRow; ///< that row; nothing until one was found
+    std::optional<int> mvFocusTableRow; ///< as its table numbers it; nothing until one was found
     int miEditTableIndex = 0, miEditRow = 0, miEditCol = 0; ///< the cell that is being edited
     EditedCell edited;
     bool bLeaving = false;         ///< an editor is being left
@@ -44,6 +45,7 @@ struct TableState {
     std::optional<std::uint64_t> shownRevision;
     QString shownKey;            ///< of the node that was current then
     QString levelKey;            ///< of the parent of what the grids show
+    m_tvXML::NodeAddress level;  ///< the same, for a tree that was built anew
     std::vector<LeftLevel> left; ///< few: for walks down and up again
 
     double rowHeight = 300; ///< twips

@@ -3,6 +3,8 @@
 #include "core/model/Serialise.h"
 #include "platform/text/TextTools.h"
 #include "table/GridCells.h"
+#include <string>
+#include <vector>
 
 namespace table {
 
@@ -12,52 +14,65 @@ using controls::FlexGrid;
 
 const QString kBreak = QStringLiteral("\r\n");
 
-void Append(QString& out, text::CompactView piece) {
-    const qsizetype at = out.size();
-    out.resize(at + static_cast<qsizetype>(piece.length));
-    piece.copyTo(reinterpret_cast<char16_t*>(out.data()) + at);
+void Append(std::u16string& out, text::CompactView piece) {
+    const std::size_t at = out.size();
+    out.resize(at + piece.length);
+    piece.copyTo(out.data() + at);
 }
 
-/// Writes the cells of one row as an element.
+/// Writes the cells of rows as elements. Each is put together in a short text: one of a million rows is slow
+/// to extend.
 class RowWriter {
 public:
     RowWriter(const ElementTable& table, const controls::GridRange& range, const QString& name)
-        : table_(table), range_(range), open_(u'<' + name + u' '),
-          close_(QStringLiteral("</") + name + u'>') {
+        : table_(table), range_(range), open_((u'<' + name + u' ').toStdU16String()),
+          close_((QStringLiteral("</") + name + u'>').toStdU16String()) {
         for (int column = range.left; column <= range.right; ++column)
-            pairs_ << table.header(column) + QStringLiteral("=\"");
+            pairs_.push_back((table.header(column) + QStringLiteral("=\"")).toStdU16String());
     }
 
-    void write(QString& out, int row) const {
+    void write(QString& out, int row) {
         const std::vector<text::CompactView> values = table_.values(row, range_.left, range_.right);
         const bool withText = range_.right == table_.textColumn();
         const std::size_t attributes = values.size() - (withText ? 1 : 0);
-        out += open_;
+        line_ = open_;
         for (std::size_t i = 0; i < attributes; ++i) {
-            out += pairs_[static_cast<qsizetype>(i)];
-            Append(out, values[i]);
-            out += QStringLiteral("\" ");
+            line_ += pairs_[i];
+            Append(line_, values[i]);
+            line_ += u"\" ";
         }
         if (!withText || values.back().isEmpty()) {
-            out += QStringLiteral("/>");
-            return;
+            line_ += u"/>";
+        } else {
+            line_ += u'>';
+            Append(line_, values.back());
+            line_ += close_;
         }
-        out += u'>';
-        Append(out, values.back());
-        out += close_;
+        out += QStringView(line_);
     }
 
 private:
     const ElementTable& table_;
     controls::GridRange range_;
-    QString open_, close_;
-    QStringList pairs_;
+    std::u16string open_, close_, line_;
+    std::vector<std::u16string> pairs_;
 };
+
+// The names stand in each row: a wide table may need more than there is memory.
+bool IsTooLong(const ElementTable& table, const controls::GridRange& range) {
+    constexpr qint64 kMostUnits = 1'000'000'000; // of a text on the clipboard
+    qint64 names = 0;
+    for (int column = range.left; column <= range.right && names < kMostUnits; ++column)
+        names += table.header(column).size() + 4;
+    return names * range.height() > kMostUnits;
+}
 
 QString BlockText(DocumentWindow& window, const FlexGrid& grid, const controls::GridRange& range) {
     constexpr int kRowsMeasured = 1000;
     const auto table = TableIn(window, grid);
-    const RowWriter writer(*table, range, GetTableViewNodeName(window, grid));
+    if (IsTooLong(*table, range))
+        return {};
+    RowWriter writer(*table, range, GetTableViewNodeName(window, grid));
     QString out;
     for (int row = range.top; row <= range.bottom; ++row) {
         if (row > range.top)
@@ -98,14 +113,22 @@ QString GetTableViewText(DocumentWindow& window, const FlexGrid& grid) {
 }
 
 QString CopyTableAsHTML(DocumentWindow& window, const FlexGrid& grid) {
+    constexpr qint64 kMostCells = 20'000'000;
     const controls::GridRange range = SelectedData(window, grid);
+    const auto table = TableIn(window, grid);
+    if (!table || qint64(range.height()) * range.width() > kMostCells)
+        return {};
     QString header = QStringLiteral("<thead><tr>"), lines;
     for (int column = range.left; column <= range.right; ++column)
         header += HtmlCell(grid.TextMatrix(0, column));
     for (int row = range.top; row <= range.bottom; ++row) {
         lines += QStringLiteral("<tr>");
-        for (int column = range.left; column <= range.right; ++column)
-            lines += HtmlCell(grid.TextMatrix(row, column));
+        const int at = grid.SourceRow(row);
+        int column = range.left;
+        for (const text::CompactView shown : table->values(at, range.left, range.right, true)) {
+            lines += HtmlCell(table->shownText(at, column, shown));
+            ++column;
+        }
         lines += QStringLiteral("</tr>");
     }
     return QStringLiteral("<table cellSpacing=\"0\" cellPadding=\"0\" border=\"1\">") + header +

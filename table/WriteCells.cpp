@@ -60,11 +60,17 @@ void SetCells(CellWriter& writer, const ElementTable& table, int row, std::span<
         writer.setTag(row, tag);
 }
 
-void DeleteCell(CellWriter& writer, const ElementTable& table, int row, int column) {
-    if (column == table.textColumn())
-        writer.setText(row, {});
-    else if (table.hasAttribute(row, column))
-        writer.setTag(row, WithoutName(table.element(row).Tag(), table.header(column)));
+void DeleteCells(CellWriter& writer, const ElementTable& table, int row, std::span<const int> columns) {
+    const QString before = table.element(row).Tag();
+    QString tag = before;
+    for (const int column : columns) {
+        if (column == table.textColumn())
+            writer.setText(row, {});
+        else
+            tag = WithoutName(tag, table.header(column));
+    }
+    if (tag != before)
+        writer.setTag(row, tag);
 }
 
 } // namespace table

@@ -43,7 +43,7 @@ struct NewCell {
 };
 /// Gives an element attributes, or its text, their values.
 void SetCells(CellWriter& writer, const ElementTable& table, int row, std::span<const NewCell> cells);
-/// Takes an attribute, or the text, away.
-void DeleteCell(CellWriter& writer, const ElementTable& table, int row, int column);
+/// Takes attributes, and the text, away; the element has them.
+void DeleteCells(CellWriter& writer, const ElementTable& table, int row, std::span<const int> columns);
 
 } // namespace table

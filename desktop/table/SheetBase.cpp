@@ -9,18 +9,16 @@ namespace desktop {
 
 using controls::FlexGrid;
 
-// Where a level gave way to another one, keys go to the grid that shows the current node.
 FlexGrid* SheetBase::Current() const {
     if (!window_)
         return nullptr;
-    const int wanted = replaced_ ? table::TableOf(*window_).miFocusTableIndex : current_;
+    const int wanted = table::TableOf(*window_).miTableViewIndex;
     FlexGrid& grid = window_->hfgrdTableView(std::clamp(wanted, 0, window_->hfgrdTableView.UBound()));
     return grid.Visible() && grid.Rows() > 1 && grid.Cols() > 1 ? &grid : nullptr;
 }
 
 void SheetBase::SetCurrent(const FlexGrid& grid) {
-    current_ = grid.Index;
-    replaced_ = false;
+    table::TableOf(*window_).miTableViewIndex = grid.Index;
     update();
 }
 

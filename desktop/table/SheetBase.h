@@ -22,13 +22,9 @@ public:
 
 protected:
     void ShowGridsOf(DocumentWindow* window) { window_ = window; }
-    /// There are other grids than when the current one was chosen.
-    void GridsReplaced() { replaced_ = true; }
 
 private:
     DocumentWindow* window_ = nullptr;
-    int current_ = 0;
-    bool replaced_ = false;
 };
 
 } // namespace desktop

@@ -10,7 +10,6 @@
 #include "desktop/table/SheetPaint.h"
 #include "desktop/table/SheetPlaces.h"
 #include "table/Sheet.h"
-#include "table/TableState.h"
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QToolTip>
@@ -54,7 +53,6 @@ void SheetView::SetWindow(DocumentWindow* window) {
 }
 
 void SheetView::Follow() {
-    const auto repaint = [this] { update(); };
     const auto moved = [this] {
         update();
         Q_EMIT scrolled();
@@ -64,18 +62,15 @@ void SheetView::Follow() {
     Listen(Window()->pctTV.moved, bond_.get(), moved);
     Listen(grids.loaded, bond_.get(), [moved](int) { moved(); });
     Listen(grids.aboutToUnload, bond_.get(), [moved](int) { moved(); });
-    Listen(grids.reset, bond_.get(), [this, moved] {
-        GridsReplaced();
-        moved();
-    });
+    Listen(grids.reset, bond_.get(), moved);
     for (controls::Event<FlexGrid&>* event :
          {&events.reset, &events.moved, &events.visibleChanged, &events.columnsChanged})
         Listen(*event, bond_.get(), [moved](FlexGrid&) { moved(); });
-    Listen(events.SelChange, bond_.get(), [this, repaint](FlexGrid&) {
-        repaint();
+    Listen(events.SelChange, bond_.get(), [this, moved](FlexGrid&) {
+        moved(); // another grid may be the current one, which the lower bar is for
         TellCurrentCell(*this);
     });
-    Listen(events.cellsChanged, bond_.get(), [repaint](FlexGrid&, const controls::GridRange&) { repaint(); });
+    Listen(events.cellsChanged, bond_.get(), [this](FlexGrid&, const controls::GridRange&) { update(); });
     Listen(events.focusRequested, bond_.get(), [this](FlexGrid& grid) {
         SetCurrent(grid);
         setFocus(Qt::OtherFocusReason);

@@ -12,6 +12,8 @@ namespace controls {
 
 namespace {
 
+constexpr int kMostColumns = 100; // looked at: of a table as wide as long each column would take a second
+
 /// A cell as it is sorted: by group, then by value.
 struct Key {
     double value; ///< a number, or the place of a text among the column's texts
@@ -145,8 +147,9 @@ void FlexGrid::Sort(int order) {
                      order == flexSortGenericDescending,
                      [this](int row, int column) { return TextToSort(row, column); });
         const GridRange selected = Selection();
-        for (int column = std::max(selected.left, frozenCols_); column <= selected.right && !sort.done();
-             ++column)
+        const int first = std::max(selected.left, frozenCols_);
+        const int end = std::min(selected.right + 1, first + kMostColumns);
+        for (int column = first; column < end && !sort.done(); ++column)
             sort.by(column);
     }
     events_->Announce(events_->cellsChanged, *this, GridRange{0, 0, Rows() - 1, Cols() - 1});

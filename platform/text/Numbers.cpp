@@ -125,6 +125,8 @@ std::optional<double> ReadNumber(QStringView text) {
 }
 
 std::optional<QString> PlainNumber(QStringView text) {
+    if (IsBareNumber(text) && !text.contains(u'.') && (text.size() == 1 || text.front() != u'0'))
+        return text.toString();                          // as it would be written
     constexpr double kSmallest = 1e-15, kLargest = 1e21; // in decimals
     NumberReader reader(text);
     const std::optional<double> number = reader.whole();

@@ -24,6 +24,27 @@ TEST_F(CellEdit, AValueGoesIntoItsAttributeAndTheTextAsOneStep) {
     EXPECT_NE(Text().find("Black tea"), std::string::npos);
 }
 
+TEST_F(CellEdit, AStepBackLeavesTheMarkWhereTheUserIs) {
+    Open("<r><a x='1' y='2'><b/></a><a x='3' y='4'><b/></a></r>");
+    Edit(1, 2, "9");
+    Click(1, 2);
+    t.ChooseMenu(QStringLiteral("mnuSortZA"));
+    Edit(2, 3, "8");
+    Drag(2, 2, 2, 3);
+    Undo();
+    EXPECT_EQ(Grid().Selection(), (controls::GridRange{2, 2, 2, 3})) << "and not the whole row";
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(Xml(), "<r><a x=\"9\" y=\"2\"><b></b></a><a x=\"\" y=\"\"><b></b></a></r>");
+    t.ClickNode(Element().Child().Child());
+    Click(1, 2);
+    t.ClickNode(Element().LastChild().Child());
+    EXPECT_EQ(Grid().Selection(), (controls::GridRange{1, 1, 1, 2})) << "on another level the row is new";
+    t.ClickNode(Element().Child());
+    Click(1, 2);
+    t.ClickNode(Element().LastChild());
+    EXPECT_EQ(Grid().Selection(), (controls::GridRange{2, 1, 2, 4})) << "and so is another row";
+}
+
 TEST_F(CellEdit, TheSameTextIsNoEdit) {
     Open();
     const QString text = w->rtxtXML.Text();
