@@ -176,14 +176,16 @@ QString ElementTable::shownText(int row, int column, CompactView shown) const {
 }
 
 void ElementTable::appendShownText(std::u16string& out, int row, int column, CompactView shown) const {
-    if (mayBeRewritten(row, column, shown)) {
-        const QString text = shownText(row, column, shown);
-        out.append(reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size()));
-        return;
-    }
     const std::size_t at = out.size();
     out.resize(at + shown.length);
     shown.copyTo(out.data() + at);
+    const QStringView text(out.data() + at, static_cast<qsizetype>(shown.length));
+    if (!mayBeRewritten(row, column, shown) || text::IsPlainInteger(text))
+        return;
+    if (const std::optional<QString> number = text::PlainNumber(text)) {
+        out.resize(at);
+        out.append(QStringView(*number).utf16(), static_cast<std::size_t>(number->size()));
+    }
 }
 
 QString ElementTable::textToSort(int row, int column) const {

@@ -3,6 +3,7 @@
 #include "core/edit/WriteFile.h"
 #include "core/model/Application.h"
 #include "platform/text/Encoder.h"
+#include <algorithm>
 #include <optional>
 
 namespace edit {
@@ -30,7 +31,7 @@ public:
 private:
     void Count(QStringView part) {
         const qsizetype end = part.lastIndexOf(u'\n');
-        behind_.line += part.count(u'\n');
+        behind_.line += std::count(part.begin(), part.end(), u'\n');
         behind_.position = end < 0 ? behind_.position + part.size() : part.size() - end;
     }
 
