@@ -71,7 +71,8 @@ QString WithoutReferences(const QString& escaped) {
     qsizetype from = 0;
     for (qsizetype at = escaped.indexOf(u'&'); at >= 0; at = escaped.indexOf(u'&', at + 1)) {
         const qsizetype end = escaped.indexOf(u';', at);
-        const char32_t character = end < 0 ? 0 : Referenced(QStringView(escaped).sliced(at + 1, end - at - 1));
+        const char32_t character =
+            end < 0 ? 0 : Referenced(QStringView(escaped).sliced(at + 1, end - at - 1));
         if (character == 0)
             continue;
         plain += QStringView(escaped).sliced(from, at - from);
