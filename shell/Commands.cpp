@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Commands.h"
 #include "core/edit/Guard.h"
+#include "exchange/dialogs/ExchangeCommandTable.h"
 #include "nodes/NodeCommandTable.h"
 #include "schema/SchemaCommandTable.h"
 #include "shell/FrameCommands.h"
@@ -68,6 +69,7 @@ Commands::Commands(FrameParts& frame) : frame_(frame) {
     AddViews();
     AddCommands(nodes::NodeCommands());
     AddCommands(textview::TextCommands());
+    AddCommands(exchange::ExchangeCommands());
     AddCommands(table::TableCommands());
     AddCommands(schema::SchemaCommands());
     RefuseFormsWithoutCommand(Offers());

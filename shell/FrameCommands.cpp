@@ -2,6 +2,7 @@
 #include "shell/FrameCommands.h"
 #include "core/edit/Journal.h"
 #include "core/edit/Save.h"
+#include "exchange/dialogs/ExchangeDialogs.h"
 #include "nodes/FinishEdits.h"
 #include "shell/OpenDialog.h"
 #include "window/WindowKinds.h"
@@ -80,6 +81,15 @@ void mnuEditPopupEditNode_Click(FrameParts& frame, int) {
 void mnuToolOptions_Click(FrameParts& frame, int) {
     frame.dialogs.ShowOptions();
 }
+void mnuTImpText_Click(FrameParts& frame, int) {
+    exchange::DialogsOf(frame.app).ShowImportTxt();
+}
+void mnuTImpDbData_Click(FrameParts& frame, int) {
+    exchange::DialogsOf(frame.app).ShowImportDB();
+}
+void mnuSCds_Click(FrameParts& frame, int) {
+    exchange::DialogsOf(frame.app).ShowCreateDBSchema();
+}
 void mnuHelpAbout_Click(FrameParts& frame, int) {
     frame.app.services.prompts.MsgBox(
         QStringLiteral("Vantrel\r\nVersion 2.0\r\nOrvane\r\n\r\n"
@@ -127,6 +137,10 @@ constexpr FrameCommand kCommands[] = {
     {{{{"mnuToolOptions"}}, {}, kAlways}, mnuToolOptions_Click},
     {{{{"mnuHelpAbout"}}, {}, kAlways}, mnuHelpAbout_Click},
 
+    {{{{"mnuTImpText"}}, {}, kAlways}, mnuTImpText_Click},
+    {{{{"mnuTImpDbData"}}, {}, kAlways}, mnuTImpDbData_Click},
+    {{{{"mnuSCds"}}, {}, kAlways}, mnuSCds_Click},
+
     // Menus that can be opened without a window.
     {{{{"mnuFile"}, {"mnuEdit"}, {"mnuXML"}}, {}, kAlways}},
     {{{{"mnuTool"}, {"mnuWindow"}, {"mnuHelp"}}, {}, kAlways}},
@@ -134,8 +148,6 @@ constexpr FrameCommand kCommands[] = {
 
     // Not there yet.
     {{{{"mnuHelpContents"}, {"mnuShowonlinehelp"}}, {}, kAlways}},
-    {{{{"mnuTImpText"}, {"mnuTImpDbData"}, {"mnuSCds"}}, {}, kAlways}},
-    {{{{"mnuTExpToText"}, {"mnuTExpToDb"}}, {}, nullptr, In::XMLWindow}},
     {{{{"mnuGenSchema"}}, {}, nullptr, In::XMLWindow}},
     {{{{"mnuTCDBSOnSchema"}, {"mnuTHtmlToXml2"}, {"mnuNewSNone"}}, {}, kNever}},
 };

@@ -166,11 +166,26 @@ QString ElementTable::text(int row, int column) const {
 }
 
 // Numbers stand in their shortest form from the second row on (quirk 70).
+bool ElementTable::mayBeRewritten(int row, int column, CompactView shown) const {
+    return row != 1 && column != textColumn() && MayBeNumber(shown);
+}
+
 QString ElementTable::shownText(int row, int column, CompactView shown) const {
     const QString text = shown.toString();
-    if (row == 1 || column == textColumn() || !MayBeNumber(shown))
-        return text;
-    return text::PlainNumber(text).value_or(text);
+    return mayBeRewritten(row, column, shown) ? text::PlainNumber(text).value_or(text) : text;
+}
+
+void ElementTable::appendShownText(std::u16string& out, int row, int column, CompactView shown) const {
+    const std::size_t at = out.size();
+    out.resize(at + shown.length);
+    shown.copyTo(out.data() + at);
+    const QStringView text(out.data() + at, static_cast<qsizetype>(shown.length));
+    if (!mayBeRewritten(row, column, shown) || text::IsPlainInteger(text))
+        return;
+    if (const std::optional<QString> number = text::PlainNumber(text)) {
+        out.resize(at);
+        out.append(QStringView(*number).utf16(), static_cast<std::size_t>(number->size()));
+    }
 }
 
 QString ElementTable::textToSort(int row, int column) const {

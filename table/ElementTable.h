@@ -4,6 +4,7 @@
 #include "platform/controls/TreeCursor.h"
 #include "table/Columns.h"
 #include <QString>
+#include <string>
 #include <vector>
 
 namespace table {
@@ -44,6 +45,8 @@ public:
     std::vector<text::CompactView> values(int row, int left, int right, bool shown = false) const;
     /// What a cell makes of a value that it shows.
     QString shownText(int row, int column, text::CompactView shown) const;
+    /// The same at the end of a text.
+    void appendShownText(std::u16string& out, int row, int column, text::CompactView shown) const;
     /// The columns from `left` to `right`, both included, for which the row's element holds something, in the
     /// order of its Tag; with `shown`, those whose cell shows it. One walk along the Tag: there may be more
     /// columns than anything else.
@@ -53,6 +56,7 @@ public:
 
 private:
     QString label(int row) const;
+    bool mayBeRewritten(int row, int column, text::CompactView shown) const;
 
     QString name_;
     bool calculates_;

@@ -112,10 +112,14 @@ Tables TablesOf(DocumentWindow& window, const QString& level, TreeNode node) {
             return left.tables;
     }
     ++window.app.work.tableFills;
-    return LevelWalk(!window.kind.schema).walk(TreeCursor(node.FirstSibling()));
+    return TablesOfLevel(node.FirstSibling(), !window.kind.schema);
 }
 
 } // namespace
+
+Tables TablesOfLevel(controls::TreeNode node, bool calculates) {
+    return LevelWalk(calculates).walk(TreeCursor(node));
+}
 
 void LoadLevelAtTableView(DocumentWindow& window, TreeNode node) {
     edit::Guarded(window, "LoadCurrentNodeAllItemsAtTableView", [&] {

@@ -3,6 +3,7 @@
 #include "platform/text/TextTools.h"
 #include <QLocale>
 #include <QVarLengthArray>
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -35,8 +36,10 @@ public:
         if (!mantissa() || !exponent())
             return {};
         signs();
+        if (!rest_.isEmpty()) // as of a date
+            return {};
         const double number = Val(QStringView(plain_.data(), plain_.size()));
-        return rest_.isEmpty() && std::isfinite(number) ? std::optional(number) : std::nullopt;
+        return std::isfinite(number) ? std::optional(number) : std::nullopt;
     }
     int digits() const { return digits_; } ///< without zeros in front
 
@@ -122,6 +125,11 @@ std::optional<double> ReadNumber(QStringView text) {
     if (IsBareNumber(text))
         return Val(text);
     return NumberReader(text).whole();
+}
+
+bool IsPlainInteger(QStringView text) {
+    return !text.isEmpty() && text.size() <= kDigits && (text.front() != u'0' || text.size() == 1) &&
+           std::all_of(text.begin(), text.end(), IsDigit);
 }
 
 std::optional<QString> PlainNumber(QStringView text) {
