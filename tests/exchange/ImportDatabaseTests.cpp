@@ -210,9 +210,11 @@ TEST_F(ImportDatabase, TablesBecomeASchema) {
             "type=\"xsd:boolean\"/>\n\t\t\t</xsd:sequence>\n\t\t</xsd:complexType>\n\t</xsd:element>\n</"
             "xsd:schema>");
         form.chkAttr.UserSet(true);
+        t.prompts.Answer(services::Answer::Ok); // the blank in maxLength: the new window tells of it
         form.OKButton.Click();
     });
     EXPECT_EQ(closed, 1);
+    EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("Schema error!"));
     EXPECT_TRUE(t.window().kind.schema);
     EXPECT_EQ(t.window().Caption, QStringLiteral("new1.xsd"));
     EXPECT_NE(test::TextOf(t).find("\t\t\t<xsd:attribute name=\"b\">\n\t\t\t\t<xsd:simpleType>"),
