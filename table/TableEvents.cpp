@@ -93,14 +93,30 @@ constexpr GridKey kGridKeys[] = {
     {Qt::Key_A, true, SelectAllAtTableView},
 };
 
+bool MovesInGrid(int key) {
+    return key >= Qt::Key_Home && key <= Qt::Key_PageDown;
+}
+
+// The current node goes along: path, dialogs and commands are for the row that is looked at (quirk 140).
 void hfgrdTableView_KeyUp(DocumentWindow& window, FlexGrid& grid, int key, int modifiers) {
     Touch(window, grid);
     const bool control = (modifiers & static_cast<int>(Qt::ControlModifier)) != 0;
     for (const GridKey& one : kGridKeys) {
-        if (one.key == key && one.control == control)
+        if (one.key != key || one.control != control)
+            continue;
+        if (WithTextRead(window, grid))
             one.run(window);
+        return window.app.frame().RefreshMenu();
     }
+    if (MovesInGrid(key))
+        NavToRelatedTreeNode(window, grid);
     window.app.frame().RefreshMenu();
+}
+
+// A double click that led to another level may have been without its second click.
+void hfgrdTableView_MouseDown(DocumentWindow& window, FlexGrid& grid) {
+    Touch(window, grid);
+    TableOf(window).mbSkipTableClick = false;
 }
 
 void hfgrdTableView_MouseUp(DocumentWindow& window, FlexGrid& grid) {
@@ -124,7 +140,7 @@ void ConnectGrids(DocumentWindow& window) {
     grids.Click.connect([&window](FlexGrid& grid) { hfgrdTableView_Click(window, grid); });
     grids.DblClick.connect([&window](FlexGrid& grid) { hfgrdTableView_DblClick(window, grid); });
     grids.GotFocus.connect([&window](FlexGrid& grid) { Attention(window, grid); });
-    grids.MouseDown.connect([&window](FlexGrid& grid, int) { Touch(window, grid); });
+    grids.MouseDown.connect([&window](FlexGrid& grid, int) { hfgrdTableView_MouseDown(window, grid); });
     grids.MouseUp.connect([&window](FlexGrid& grid, int) { hfgrdTableView_MouseUp(window, grid); });
     grids.KeyPress.connect(
         [&window](FlexGrid& grid, int key) { hfgrdTableView_KeyPress(window, grid, key); });
