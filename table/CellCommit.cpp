@@ -6,6 +6,7 @@
 #include "table/CellValue.h"
 #include "table/EditorPlace.h"
 #include "table/GridCells.h"
+#include "table/Prefixes.h"
 #include "table/TableState.h"
 #include "table/TagText.h"
 #include "table/WriteCells.h"
@@ -117,12 +118,17 @@ bool SetTreeAllPropNameByTableView(DocumentWindow& window, FlexGrid& grid, const
     if (!table || !edit::ValidateNodeAttributeName(window.app, newName, table->name()))
         return false;
     int rows = 0;
-    bool twice = false;
-    VisitRenamed(grid, *table, oldName, newName, [&](int, const QString& tag) {
+    bool twice = false, stands = true;
+    VisitRenamed(grid, *table, oldName, newName, [&](int row, const QString& tag) {
         ++rows;
         twice = HasNameTwice(tag);
-        return !twice;
+        stands = twice || PrefixesStand(table->element(row), tag);
+        return !twice && stands;
     });
+    if (!stands) {
+        SayNoDeclaration(window.app);
+        return false;
+    }
     if (twice) {
         window.app.services.prompts.MsgBox(
             QStringLiteral("Can not set same attribute name at XML attribute list!"));

@@ -58,7 +58,9 @@ void GridEdit(DocumentWindow& window, FlexGrid& grid, TextBox& txt, int key) {
         }
         LayCellEditor(window, txt);
         Open(window, txt,
-             {element.Key(), grid.TextMatrix(0, grid.Col()), CurrentValue(window, grid).toString()}, key);
+             {element.Key(), element.Text(), grid.TextMatrix(0, grid.Col()),
+              CurrentValue(window, grid).toString()},
+             key);
     });
 }
 
@@ -70,7 +72,7 @@ void GridEditHeader(DocumentWindow& window, FlexGrid& grid, TextBox& txt, int ke
         grid.ShowColumn(grid.Col());
         LayHeaderEditor(window, txt);
         const QString name = grid.TextMatrix(0, grid.Col());
-        Open(window, txt, {{}, name, name}, key);
+        Open(window, txt, {{}, TableIn(window, grid)->name(), name, name}, key);
     });
 }
 

@@ -23,6 +23,7 @@ public:
     int find(text::CompactView name, int likely = -1) const;
     /// The column that a row behind the first one has brought; -1 for none.
     int broughtBy(int row) const;
+    bool grewLater() const { return !columns_.empty() && columns_.back().row > 1; } ///< behind the first row
 
     /// Rows are added in their order, from 1 on, by their Tags.
     void addRow(int row, text::CompactView tag);

@@ -19,7 +19,7 @@ namespace {
 using controls::FlexGrid;
 using controls::TextBox;
 
-enum class Way { None, Left, Right, Up, Down, Close, GiveUp };
+enum class Way { None, Left, Right, Next, Previous, Up, Down, Close, GiveUp };
 
 // Inside the text the arrows are the text's own.
 Way WayOf(const TextBox& txt, int key, int modifiers) {
@@ -32,7 +32,9 @@ Way WayOf(const TextBox& txt, int key, int modifiers) {
     case Qt::Key_Right:
         return control || (caret && txt.SelStart() == txt.Text().size()) ? Way::Right : Way::None;
     case Qt::Key_Tab:
-        return shift ? Way::None : Way::Right;
+        return shift ? Way::Previous : Way::Next;
+    case Qt::Key_Backtab:
+        return Way::Previous;
     case Qt::Key_Up:
         return Way::Up;
     case Qt::Key_Down:
@@ -97,11 +99,26 @@ void GiveUp(DocumentWindow& window) {
     window.app.frame().RefreshMenu();
 }
 
+// Tab goes on in the row above or below; from the first and the last cell the focus goes to the grid, and
+// not to whatever comes behind it (quirk 115).
+void TabThroughCells(DocumentWindow& window, const FlexGrid& grid, int way) {
+    const int row = TableOf(window).miEditRow, column = TableOf(window).miEditCol;
+    const int last = grid.Cols() - 1;
+    if (column + way >= Columns::kFirst && column + way <= last)
+        EditBeside(window, 0, way);
+    else if (IsDataRow(window, grid, row + way))
+        EditBeside(window, way, way > 0 ? Columns::kFirst - last : last - Columns::kFirst);
+    else
+        Step(window, 0, 0);
+}
+
 // False where the key is the text's own.
 bool WalkCells(DocumentWindow& window, Way way) {
     const FlexGrid& grid = window.hfgrdTableView(TableOf(window).miEditTableIndex);
     const int row = TableOf(window).miEditRow, column = TableOf(window).miEditCol;
-    if (way == Way::Left && column > Columns::kFirst)
+    if (way == Way::Next || way == Way::Previous)
+        TabThroughCells(window, grid, way == Way::Next ? 1 : -1);
+    else if (way == Way::Left && column > Columns::kFirst)
         EditBeside(window, 0, -1);
     else if (way == Way::Right && column < grid.Cols() - 1)
         EditBeside(window, 0, 1);
@@ -121,10 +138,13 @@ bool WalkCells(DocumentWindow& window, Way way) {
 bool WalkHeaders(DocumentWindow& window, Way way) {
     const FlexGrid& grid = window.hfgrdTableView(TableOf(window).miEditTableIndex);
     const int column = TableOf(window).miEditCol;
-    if (way == Way::Left && column > Columns::kFirst)
+    const bool first = column <= Columns::kFirst, last = column >= grid.Cols() - 2; // "Node Text" has none
+    if ((way == Way::Left || way == Way::Previous) && !first)
         EditHeaderBeside(window, -1);
-    else if (way == Way::Right && column < grid.Cols() - 2) // the last header can't be edited
+    else if ((way == Way::Right || way == Way::Next) && !last)
         EditHeaderBeside(window, 1);
+    else if (way == Way::Next || way == Way::Previous)
+        Step(window, 0, 0);
     else if (way == Way::Down)
         EditBeside(window, 0, 0);
     else

@@ -51,6 +51,7 @@ public:
     /// order of its Tag; with `shown`, those whose cell shows it. One walk along the Tag: there may be more
     /// columns than anything else.
     std::vector<int> filledColumns(int row, int left, int right, bool shown) const;
+    bool hasLateColumns() const { return columns_.grewLater(); } ///< that the first row lacks
     /// Whether the columns would be the same if the table were made anew, after an edit of a row's element.
     bool columnsStandAfter(int row) const;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/LoadTables.h"
 #include "core/edit/Guard.h"
+#include "core/edit/Report.h"
 #include "core/model/NodeKind.h"
 #include "table/EditorPlace.h"
 #include "table/TableState.h"
@@ -85,8 +86,52 @@ void LoadAllSameNameItemAtTableView(DocumentWindow& window, const std::shared_pt
     });
 }
 
-void ForgetTables(DocumentWindow& window) {
+bool IsTyping(DocumentWindow& window) {
+    const controls::TextBox* editor = OpenTableCell(window);
+    return editor && editor->Text() != TableOf(window).edited.text;
+}
+
+// What an editor was opened on, in the tables as they are now: another value stands for another cell.
+bool FindEdited(DocumentWindow& window) {
+    TableState& state = TableOf(window);
+    const EditedCell& cell = state.edited;
+    for (std::size_t i = 0; i < state.tables.size(); ++i) {
+        const ElementTable& table = *state.tables[i];
+        const FlexGrid& grid = window.hfgrdTableView(static_cast<int>(i));
+        const TreeNode element = window.tvXML.Nodes.Find(cell.key);
+        const int row = element ? table.rowOf(element) : 0, column = table.columnOf(cell.name);
+        if (column < 0 || table.name() != cell.table ||
+            (!cell.key.isEmpty() && (row == 0 || !(table.value(row, column) == QStringView(cell.text)))))
+            continue;
+        state.miEditTableIndex = grid.Index;
+        state.miEditRow = cell.key.isEmpty() ? 0 : grid.RowOfSource(row);
+        state.miEditCol = column;
+        return true;
+    }
+    return false;
+}
+
+// What is being typed stays over its cell. Where that is gone it is told.
+void KeepEditor(DocumentWindow& window) {
+    constexpr qsizetype kLongestTold = 200;
+    const controls::TextBox* editor = OpenTableCell(window);
+    if (!editor)
+        return;
+    const bool typing = IsTyping(window);
+    if (typing && FindEdited(window))
+        return;
+    if (typing)
+        edit::Message(window.app, QStringLiteral("The document was changed, and the cell isn't there any "
+                                                 "more. It was to hold: ") +
+                                      editor->Text().left(kLongestTold));
     CloseTableEditors(window);
+}
+
+void ForgetTables(DocumentWindow& window) {
+    if (window.chtAna.HasData())
+        window.chtAna.Clear(); // what it would show is gone
+    TableOf(window).charted.reset();
+    window.cmbSum.SetVisible(false);
     TableOf(window).tables.clear();
     TableOf(window).mvFocusTableRow.reset();
 }
@@ -133,6 +178,7 @@ void LoadLevelAtTableView(DocumentWindow& window, TreeNode node) {
         for (const auto& table : tables)
             LoadAllSameNameItemAtTableView(window, table);
         window.hfgrdTableView.UnloadFrom(static_cast<int>(tables.size()));
+        KeepEditor(window);
         TableOf(window).levelKey = level;
         TableOf(window).level = m_tvXML::NodeAddress(node.Parent());
     });
@@ -141,6 +187,7 @@ void LoadLevelAtTableView(DocumentWindow& window, TreeNode node) {
 void UnloadAllTable(DocumentWindow& window) {
     const controls::FlexGridUpdate quiet(window.hfgrdTableView);
     ForgetTables(window);
+    KeepEditor(window);
     FlexGrid& first = window.hfgrdTableView(0);
     first.SetVisible(false);
     first.SetSource(nullptr);

@@ -68,7 +68,7 @@ private:
         for (qsizetype i = 0; i < row.names.size(); ++i) {
             const int column = table_.columnOf(row.names[i]);
             if (column < 0 ? takesAnyName() : oneCell() || isSelected(column))
-                cells.push_back({row.names[i], row.values[i]});
+                cells.push_back({row.names[i], row.values[i], column < 0});
         }
         return cells;
     }
@@ -139,10 +139,8 @@ void PasteCellAtTableView(DocumentWindow& window, FlexGrid& grid, const PastedBl
     edit::Run(window, "PasteCellAtTableView", [&] {
         const auto table = TableIn(window, grid);
         const GridRange selected = SelectedData(window, grid);
-        if (block.tooMuch)
-            return nodes::SayNothingFits(window);
         if (!table || block.rows.empty() || selected.height() < 1 || selected.width() < 1)
-            return;
+            return nodes::SayNothingFits(window);
         const PastePlan plan(grid, *table, block, selected);
         const auto planned = PlanOf(window, grid, *table, plan, selected.top);
         if (!planned)

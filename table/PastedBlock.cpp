@@ -5,13 +5,25 @@
 #include "core/model/NodeContent.h"
 #include "platform/xml/ParsedDocument.h"
 #include "table/ElementTable.h"
+#include <algorithm>
 
 namespace table {
 
 namespace {
 
+// A whole document may have been copied, and its declaration can't stand in an element.
+QStringView WithoutDeclaration(QStringView text) {
+    text = text.trimmed();
+    if (text.startsWith(QChar::ByteOrderMark))
+        text = text.sliced(1).trimmed();
+    const bool declared = text.startsWith(u"<?xml") && text.size() > 5 && text[5].isSpace();
+    const qsizetype end = declared ? text.indexOf(u"?>") : -1;
+    return end < 0 ? text : text.sliced(end + 2);
+}
+
 bool Load(xml::ParsedDocument& document, const QString& text) {
-    return document.loadXML(QStringLiteral("<temp>") + text + QStringLiteral("</temp>"));
+    return document.loadXML(QStringLiteral("<temp>") + WithoutDeclaration(text).toString() +
+                            QStringLiteral("</temp>"));
 }
 
 // An element without a text says nothing of one.
@@ -99,8 +111,12 @@ private:
     qsizetype at_ = 0;
 };
 
+bool IsBetweenValues(QChar unit) {
+    return unit == u'\t' || unit == u'\r' || unit == u'\n';
+}
+
 bool LooksLikeXml(const QString& text) {
-    return QStringView(text).trimmed().startsWith(u'<');
+    return WithoutDeclaration(text).trimmed().startsWith(u'<');
 }
 
 } // namespace
@@ -113,17 +129,15 @@ bool IsXml(const QString& text) {
 PastedBlock BlockOf(const QString& text) {
     if (LooksLikeXml(text)) {
         xml::ParsedDocument document;
-        if (Load(document, text)) {
+        const bool read = Load(document, text);
+        if (read) {
             if (std::vector<PastedBlock::Row> rows = RowsOf(document.documentElement()); !rows.empty())
                 return {.rows = std::move(rows), .named = true};
         }
-        return {.rows = {{{}, {text}}}};
+        if (read || !std::any_of(text.begin(), text.end(), IsBetweenValues))
+            return {.rows = {{{}, {text}}}};
     }
-    if (text.isEmpty())
-        return {};
-    PastedBlock block{.rows = LineReader(text).read()};
-    block.tooMuch = block.rows.empty();
-    return block;
+    return {.rows = LineReader(text).read()};
 }
 
 } // namespace table

@@ -19,10 +19,11 @@
 // What a user does in a grid goes to the grid's events. Before MouseDown, Click and DblClick the widget sets
 // MouseRow and MouseCol, and the selection: a press on a header selects the column from row 1 to the last
 // one, a press on a label the row from column 1 to the last one, a press on the corner all cells from (1, 1)
-// on; dragging goes on from there. The release behind a double click raises MouseUp and Click once more. The
-// right button's release shows the context menu mnuPopup. Keys that move the current cell are the widget's
-// own (Select, then ShowTableCell); all keys go to KeyDown and KeyUp, and those that type something, Return
-// among them, to KeyPress, unless Ctrl is held. The box cmbSum raises DropDown before its list opens.
+// on; dragging goes on from there, and its release raises Click, too. The release behind a double click
+// raises MouseUp and Click once more, unless the grids were made anew. The right button's release shows the
+// context menu mnuPopup. Keys that move the current cell are the widget's own (Select, then ShowTableCell);
+// all keys go to KeyDown and KeyUp, and those that type something, Return among them, to KeyPress, unless
+// Ctrl is held. The box cmbSum raises DropDown before its list opens.
 namespace table {
 
 /// The window on the sheet has another size.

@@ -3,9 +3,11 @@
 #include "core/edit/Guard.h"
 #include "core/model/NodeKind.h"
 #include "core/model/NodeNumbers.h"
+#include "table/EditorPlace.h"
 #include "table/GridCells.h"
 #include "table/LoadTables.h"
 #include "table/Sheet.h"
+#include "table/TableChart.h"
 #include "table/TableState.h"
 
 namespace table {
@@ -49,31 +51,46 @@ std::optional<Marked> MarkedIn(DocumentWindow& window, TreeNode level) {
 }
 
 // The next key is meant for these cells, and not for the whole row of the current node (quirk 80).
-void MarkAgain(DocumentWindow& window, const Marked& marked) {
+bool MarkAgain(DocumentWindow& window, const Marked& marked) {
     TableState& state = TableOf(window);
     if (state.miFocusTableIndex != marked.focusTable || state.mvFocusTableRow != marked.focusRow ||
         marked.index > window.hfgrdTableView.UBound())
-        return;
+        return false;
     FlexGrid& grid = window.hfgrdTableView(marked.index);
     const auto table = TableIn(window, grid);
     const int column = table ? table->columnOf(marked.column) : -1;
     const int columnSel = table ? table->columnOf(marked.columnSel) : -1;
     if (column < 0 || columnSel < 0 || table->name() != marked.table ||
         std::max(marked.row, marked.rowSel) >= grid.Rows())
-        return;
+        return false;
     state.miTableViewIndex = grid.Index;
     grid.Select(marked.row, column, marked.rowSel, columnSel);
     ShowTableCell(window, grid, marked.row, column);
+    return true;
+}
+
+// The cell that brings a column behind the first row can't be filled: told once for a table, it may have a
+// million of them.
+void ReportLateColumns(DocumentWindow& window) {
+    for (const auto& table : Tables(TableOf(window).tables)) {
+        if (table->hasLateColumns())
+            ErrorReportBox(window.app,
+                           text::Fault(text::kFaultOutOfBounds, QStringLiteral("Index out of bounds")),
+                           edit::RoutineName(window, "ShowOtherNodeDataAtTableView error!"));
+    }
 }
 
 void LoadLevel(DocumentWindow& window, TreeNode node) {
     const std::optional<Marked> marked = MarkedIn(window, node.Parent());
+    const bool charted = TableOf(window).charted.has_value();
     window.pctTV.Tag = node.Key();
     LoadLevelAtTableView(window, node);
     SetTableViewOutlook(window);
     const bool found = FindTableAndSetFocus(window);
-    if (found && marked)
-        MarkAgain(window, *marked);
+    if (found && marked && MarkAgain(window, *marked) && charted)
+        ChartFromTableSelection(window, *CurrentGrid(window));
+    LayTableEditors(window); // one that is typed in stays
+    ReportLateColumns(window);
 }
 
 // The grids stay, but not with what is gone (quirk 75).

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/TableChart.h"
 #include "table/GridCells.h"
+#include "table/TableState.h"
 #include <vector>
 
 namespace table {
@@ -34,7 +35,13 @@ void ChartFromTableSelection(DocumentWindow& window, const FlexGrid& grid) {
     if (range.height() < 1 || range.width() < 1)
         return;
     window.chtAna.SetShowLegend(true);
-    window.chtAna.SetChartData(CellsOf(window, grid, range));
+    TableOf(window).charted = CellsOf(window, grid, range);
+    DrawChartAgain(window);
+}
+
+void DrawChartAgain(DocumentWindow& window) {
+    if (const auto& charted = TableOf(window).charted)
+        window.chtAna.SetChartData(*charted);
 }
 
 } // namespace table

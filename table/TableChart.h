@@ -8,5 +8,7 @@ namespace table {
 /// the categories, under their labels. The row for calculations is
 /// left out.
 void ChartFromTableSelection(DocumentWindow& window, const controls::FlexGrid& grid);
+/// Draws the same block once more: its cells were written.
+void DrawChartAgain(DocumentWindow& window);
 
 } // namespace table

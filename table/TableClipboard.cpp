@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/TableClipboard.h"
+#include "core/edit/Report.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/View.h"
 #include "core/model/NodeKind.h"
@@ -21,10 +22,9 @@ using controls::TreeNode;
 // Programs that take tables take no more cells than these; the text is there all the same.
 constexpr qint64 kMostHtmlCells = 1'000'000;
 
-QString HtmlOf(DocumentWindow& window, const FlexGrid& grid) {
+bool IsTooLargeForHtml(DocumentWindow& window, const FlexGrid& grid) {
     const controls::GridRange range = SelectedData(window, grid);
-    const qint64 cells = qint64(range.height()) * range.width();
-    return cells > kMostHtmlCells ? QString() : CopyTableAsHTML(window, grid);
+    return qint64(range.height()) * range.width() > kMostHtmlCells;
 }
 
 // Beside the root element there is no room for another row.
@@ -36,11 +36,14 @@ TreeNode TakesRows(TreeNode row) {
 // Where whole rows are selected nodes become rows, and a word a text of the row: one value is never written
 // over all cells of it.
 void PasteInto(DocumentWindow& window, FlexGrid& grid, const QString& text) {
-    const TreeNode row = HaveLinesSelected(grid) ? ElementAt(window, grid, grid.Row()) : TreeNode();
+    const TreeNode current = ElementAt(window, grid, grid.Row());
+    const TreeNode row = HaveLinesSelected(grid) ? current : TreeNode();
     if (row && IsXml(text)) {
         nodes::PasteXMLText(window, text, TakesRows(row), false);
+    } else if (!HaveCellSelected(grid) && IsCalcRow(window, grid, grid.Row())) {
+        nodes::SayNothingFits(window);
     } else if (!HaveCellSelected(grid)) {
-        nodes::PasteXMLText(window, text, window.tvXML.SelectedItem(), false);
+        nodes::PasteXMLText(window, text, current ? current : window.tvXML.SelectedItem(), false);
     } else if (const PastedBlock block = BlockOf(text); row && block.isOneValue()) {
         nodes::PasteXMLText(window, text, row, false);
     } else {
@@ -63,9 +66,14 @@ bool CopyAtTableView(DocumentWindow& window) {
             nodes::SayNothingCopied(window.app);
             return false;
         }
+        const bool large = IsTooLargeForHtml(window, *grid);
+        const QString html = large ? QString() : CopyTableAsHTML(window, *grid);
         nodes::KeepCopy(window, edit::kViewTable, GetTableViewLineKey(*grid),
-                        {.text = text, .html = HtmlOf(window, *grid), .xml = text});
+                        {.text = text, .html = html, .xml = text});
         edit::DoTree(window);
+        if (large)
+            edit::Message(window.app, QStringLiteral("Copied as XML alone: there are too many cells for a "
+                                                     "spreadsheet."));
         return true;
     });
 }

@@ -28,6 +28,7 @@ void EditValue(DocumentWindow& window) {
     TableOf(window).mbIsEditValue = true;
     if (controls::FlexGrid* grid = CurrentGrid(window))
         hfgrdTableView_DblClick(window, *grid);
+    TableOf(window).mbIsEditValue = false; // nor is it for the next double click
 }
 /// The grid alone is ordered; the document is as it was.
 template <int order> void SortRows(DocumentWindow& window) {

@@ -21,6 +21,8 @@ namespace table {
 
 namespace {
 
+constexpr int kFirstLetter = 33; // behind control characters and the blank
+
 using controls::FlexGrid;
 using controls::TreeNode;
 
@@ -74,10 +76,22 @@ void EditCurrentCell(DocumentWindow& window, FlexGrid& grid) {
         ShowCalc(window, grid, window.cmbSum, kNoKey);
 }
 
-void hfgrdTableView_KeyPress(DocumentWindow& window, FlexGrid& touched, int) {
+// The key that opened the editor is the first letter of what is typed (quirk 127).
+void TakeFirstKey(DocumentWindow& window, int key) {
+    controls::TextBox& editor = window.txtTView;
+    if (key < kFirstLetter || !editor.Visible())
+        return;
+    editor.Select(0, editor.Text().size());
+    editor.SetSelText(QString(QChar(key)));
+}
+
+void hfgrdTableView_KeyPress(DocumentWindow& window, FlexGrid& touched, int key) {
     Touch(window, touched);
-    if (FlexGrid* grid = WithTextRead(window, touched))
-        EditCurrentCell(window, *grid);
+    FlexGrid* grid = WithTextRead(window, touched);
+    if (!grid)
+        return;
+    EditCurrentCell(window, *grid);
+    TakeFirstKey(window, key);
 }
 
 struct GridKey {
@@ -93,14 +107,30 @@ constexpr GridKey kGridKeys[] = {
     {Qt::Key_A, true, SelectAllAtTableView},
 };
 
+bool MovesInGrid(int key) {
+    return key >= Qt::Key_Home && key <= Qt::Key_PageDown;
+}
+
+// The current node goes along: path, dialogs and commands are for the row that is looked at (quirk 114).
 void hfgrdTableView_KeyUp(DocumentWindow& window, FlexGrid& grid, int key, int modifiers) {
     Touch(window, grid);
     const bool control = (modifiers & static_cast<int>(Qt::ControlModifier)) != 0;
     for (const GridKey& one : kGridKeys) {
-        if (one.key == key && one.control == control)
+        if (one.key != key || one.control != control)
+            continue;
+        if (WithTextRead(window, grid))
             one.run(window);
+        return window.app.frame().RefreshMenu();
     }
+    if (MovesInGrid(key))
+        NavToRelatedTreeNode(window, grid);
     window.app.frame().RefreshMenu();
+}
+
+// A double click that led to another level may have been without its second click.
+void hfgrdTableView_MouseDown(DocumentWindow& window, FlexGrid& grid) {
+    Touch(window, grid);
+    TableOf(window).mbSkipTableClick = false;
 }
 
 void hfgrdTableView_MouseUp(DocumentWindow& window, FlexGrid& grid) {
@@ -124,7 +154,7 @@ void ConnectGrids(DocumentWindow& window) {
     grids.Click.connect([&window](FlexGrid& grid) { hfgrdTableView_Click(window, grid); });
     grids.DblClick.connect([&window](FlexGrid& grid) { hfgrdTableView_DblClick(window, grid); });
     grids.GotFocus.connect([&window](FlexGrid& grid) { Attention(window, grid); });
-    grids.MouseDown.connect([&window](FlexGrid& grid, int) { Touch(window, grid); });
+    grids.MouseDown.connect([&window](FlexGrid& grid, int) { hfgrdTableView_MouseDown(window, grid); });
     grids.MouseUp.connect([&window](FlexGrid& grid, int) { hfgrdTableView_MouseUp(window, grid); });
     grids.KeyPress.connect(
         [&window](FlexGrid& grid, int key) { hfgrdTableView_KeyPress(window, grid, key); });

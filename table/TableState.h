@@ -2,6 +2,7 @@
 #pragma once
 #include "core/model/DocumentWindow.h"
 #include "core/model/NodeAddress.h"
+#include "platform/controls/ChartTable.h"
 #include "table/ElementTable.h"
 #include <QHash>
 #include <QString>
@@ -17,9 +18,10 @@ using Tables = std::vector<std::shared_ptr<ElementTable>>;
 
 /// The cell or header that an editor was opened on. The tree may be another one when it is left.
 struct EditedCell {
-    QString key;  ///< of the row's element; empty for a header
-    QString name; ///< of the column
-    QString text; ///< what the editor began with
+    QString key;   ///< of the row's element; empty for a header
+    QString table; ///< its name
+    QString name;  ///< of the column
+    QString text;  ///< what the editor began with
 };
 
 /// The tables of a level that was left, good while the tree stays as it is.
@@ -47,6 +49,8 @@ struct TableState {
     QString levelKey;            ///< of the parent of what the grids show
     m_tvXML::NodeAddress level;  ///< the same, for a tree that was built anew
     std::vector<LeftLevel> left; ///< few: for walks down and up again
+
+    std::optional<controls::ChartCells> charted; ///< the block that the chart shows
 
     double rowHeight = 300; ///< twips
     /// What the user made of the columns, by the names of table and column.

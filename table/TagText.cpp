@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/TagText.h"
 #include "core/model/AttributeWalk.h"
+#include "table/Prefixes.h"
+#include <QHash>
 #include <QVarLengthArray>
 #include <algorithm>
+#include <vector>
 
 namespace table {
 
@@ -25,7 +28,8 @@ QString Renamed(const QString& tag, const QString& oldName, const QString& newNa
     qsizetype kept = 0;
     for (AttributeWalk pairs(ViewOf(tag)); pairs.next();) {
         const QStringView name = NameIn(pairs, tag);
-        if (!(exactly ? name == oldName : name.endsWith(oldName)) || !(pairs.value() == QStringView(value)))
+        const bool ends = name.endsWith(oldName) && !DeclaresPrefix(name);
+        if (!(name == oldName || (ends && !exactly)) || !(pairs.value() == QStringView(value)))
             continue;
         const qsizetype from = pairs.nameEnd() - oldName.size();
         out += QStringView(tag).sliced(kept, from - kept);
@@ -35,14 +39,62 @@ QString Renamed(const QString& tag, const QString& oldName, const QString& newNa
     return out += QStringView(tag).sliced(kept);
 }
 
+/// An attribute, and the cell whose value it gets; null: it keeps its own.
+struct Taken {
+    QStringView name;
+    qsizetype start, end; ///< of its value in the Tag
+    const NewCell* cell = nullptr;
+};
+
+std::vector<Taken> AttributesIn(const QString& tag) {
+    std::vector<Taken> found;
+    for (AttributeWalk pairs(ViewOf(tag)); pairs.next();)
+        found.push_back({NameIn(pairs, tag), pairs.valueStart(), pairs.valueEnd()});
+    return found;
+}
+
+Taken* EndingSo(std::vector<Taken>& attributes, const QString& name) {
+    const auto found = std::find_if(attributes.begin(), attributes.end(), [&](const Taken& one) {
+        return !one.cell && one.name.endsWith(name) && !DeclaresPrefix(one.name);
+    });
+    return found == attributes.end() ? nullptr : &*found;
+}
+
+QString Filled(const QString& tag, const std::vector<Taken>& attributes) {
+    QString out;
+    qsizetype kept = 0;
+    for (const Taken& one : attributes) {
+        if (!one.cell)
+            continue;
+        out += QStringView(tag).sliced(kept, one.start - kept);
+        out += one.cell->value;
+        kept = one.end;
+    }
+    return out += QStringView(tag).sliced(kept);
+}
+
 } // namespace
 
-QString WithValue(const QString& tag, const QString& name, const QString& value) {
-    for (AttributeWalk pairs(ViewOf(tag)); pairs.next();) {
-        if (NameIn(pairs, tag).endsWith(name))
-            return tag.left(pairs.valueStart()) + value + tag.mid(pairs.valueEnd());
+QString WithValues(const QString& tag, std::span<const NewCell> cells) {
+    std::vector<Taken> attributes = AttributesIn(tag);
+    QHash<QStringView, Taken*> exact;
+    for (auto one = attributes.rbegin(); one != attributes.rend(); ++one)
+        exact.insert(one->name, &*one); // the first of a name
+    std::vector<const NewCell*> lacking;
+    for (const NewCell& cell : cells) {
+        if (Taken* own = exact.value(cell.name))
+            own->cell = &cell;
+        else
+            lacking.push_back(&cell);
     }
-    return tag + u' ' + name + QStringLiteral("=\"") + value + u'"';
+    QString added;
+    for (const NewCell* cell : lacking) {
+        if (Taken* hit = cell->isNew ? nullptr : EndingSo(attributes, cell->name))
+            hit->cell = cell;
+        else
+            added += u' ' + cell->name + QStringLiteral("=\"") + cell->value + u'"';
+    }
+    return Filled(tag, attributes) + added;
 }
 
 QString WithName(const QString& tag, const QString& oldName, const QString& newName, const QString& value) {

@@ -2,6 +2,8 @@
 #include "table/WriteCells.h"
 #include "nodes/NodeValue.h"
 #include "table/GridCells.h"
+#include "table/Prefixes.h"
+#include "table/TableChart.h"
 #include "table/TableState.h"
 #include "table/TagText.h"
 #include <algorithm>
@@ -25,6 +27,7 @@ CellWriter::~CellWriter() {
     if (!current_ || !columnsStand_ || first_ == 0)
         return;
     TableOf(window_).shownRevision = window_.tvXML.Revision();
+    DrawChartAgain(window_);
     controls::FlexGrid& grid = window_.hfgrdTableView(grid_);
     const bool sorted = grid.IsSorted();
     grid.CellsChanged({sorted ? 0 : first_, 0, sorted ? grid.Rows() - 1 : last_, grid.Cols() - 1});
@@ -37,6 +40,10 @@ void CellWriter::noteRow(int row) {
 
 void CellWriter::setTag(int row, const QString& tag) {
     controls::TreeNode element = table_->element(row);
+    if (!PrefixesStand(element, tag)) {
+        SayNoDeclaration(window_.app);
+        throw text::Fault(text::kFaultDeclined, {});
+    }
     element.SetTag(tag);
     columnsStand_ = columnsStand_ && table_->columnsStandAfter(row);
     noteRow(row);
@@ -49,13 +56,10 @@ void CellWriter::setText(int row, const QString& text) {
 
 void SetCells(CellWriter& writer, const ElementTable& table, int row, std::span<const NewCell> cells) {
     const QString before = table.element(row).Tag();
-    QString tag = before;
-    for (const NewCell& cell : cells) {
-        if (cell.name == kNodeText)
-            writer.setText(row, cell.value);
-        else
-            tag = WithValue(tag, cell.name, cell.value);
-    }
+    const bool withText = !cells.empty() && cells.back().name == kNodeText; // the last column
+    if (withText)
+        writer.setText(row, cells.back().value);
+    const QString tag = WithValues(before, cells.first(cells.size() - (withText ? 1 : 0)));
     if (tag != before)
         writer.setTag(row, tag);
 }

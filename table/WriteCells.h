@@ -2,6 +2,7 @@
 #pragma once
 #include "core/edit/Transaction.h"
 #include "table/ElementTable.h"
+#include "table/TagText.h"
 #include <QString>
 #include <memory>
 #include <optional>
@@ -22,6 +23,7 @@ public:
     CellWriter& operator=(const CellWriter&) = delete;
 
     // Rows are the table's own, from 1, whatever order the grid shows them in.
+    /// Where the document couldn't be read with it this is told, and a fault takes the edit back.
     void setTag(int row, const QString& tag);
     void setText(int row, const QString& text); ///< the first text of the element; empty takes it away
 
@@ -36,11 +38,6 @@ private:
     std::optional<controls::TreeUpdate> quiet_;
 };
 
-/// What a cell is to hold, as the Tag holds it; by the name of its column, which may be new to the table.
-struct NewCell {
-    QString name;
-    QString value;
-};
 /// Gives an element attributes, or its text, their values.
 void SetCells(CellWriter& writer, const ElementTable& table, int row, std::span<const NewCell> cells);
 /// Takes attributes, and the text, away; the element has them.

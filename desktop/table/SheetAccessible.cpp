@@ -8,6 +8,7 @@
 #include <QHash>
 #include <QPointer>
 #include <limits>
+#include <numeric>
 
 namespace desktop {
 
@@ -141,14 +142,29 @@ public:
     QAccessibleInterface* summary() const override { return nullptr; }
 
     // Selecting is left to keys and mouse, which raise the grid's events.
-    int selectedCellCount() const override { return 0; }
-    int selectedColumnCount() const override { return 0; }
-    int selectedRowCount() const override { return 0; }
-    QList<QAccessibleInterface*> selectedCells() const override { return {}; }
-    QList<int> selectedColumns() const override { return {}; }
-    QList<int> selectedRows() const override { return {}; }
-    bool isColumnSelected(int) const override { return false; }
-    bool isRowSelected(int) const override { return false; }
+    int selectedCellCount() const override {
+        return static_cast<int>(
+            std::min<qint64>(qint64(Range().height()) * Range().width(), std::numeric_limits<int>::max()));
+    }
+    int selectedColumnCount() const override { return HasWholeColumns() ? Range().width() : 0; }
+    int selectedRowCount() const override { return HasWholeRows() ? Range().height() : 0; }
+    QList<QAccessibleInterface*> selectedCells() const override {
+        constexpr int kMostCells = 10'000; // each of them is made
+        QList<QAccessibleInterface*> cells;
+        const controls::GridRange range = Range();
+        for (int row = range.top; row <= range.bottom && selectedCellCount() <= kMostCells; ++row)
+            for (int column = range.left; column <= range.right; ++column)
+                cells << cellAt(row, column);
+        return cells;
+    }
+    QList<int> selectedColumns() const override { return Numbers(Range().left, selectedColumnCount()); }
+    QList<int> selectedRows() const override { return Numbers(Range().top, selectedRowCount()); }
+    bool isColumnSelected(int column) const override {
+        return HasWholeColumns() && column >= Range().left && column <= Range().right;
+    }
+    bool isRowSelected(int row) const override {
+        return HasWholeRows() && row >= Range().top && row <= Range().bottom;
+    }
     bool selectRow(int) override { return false; }
     bool selectColumn(int) override { return false; }
     bool unselectRow(int) override { return false; }
@@ -156,6 +172,21 @@ public:
     void modelChange(QAccessibleTableModelChangeEvent*) override {}
 
 private:
+    controls::GridRange Range() const {
+        return view_.Current() ? view_.Current()->Selection() : controls::GridRange{0, 0, -1, -1};
+    }
+    bool HasWholeRows() const {
+        return Range().height() > 0 && Range().left <= 1 && Range().right == columnCount() - 1;
+    }
+    bool HasWholeColumns() const {
+        return Range().height() > 0 && Range().top <= 1 && Range().bottom == rowCount() - 1;
+    }
+    static QList<int> Numbers(int first, int count) {
+        QList<int> numbers(count);
+        std::iota(numbers.begin(), numbers.end(), first);
+        return numbers;
+    }
+
     SheetBase& view_;
     mutable QHash<std::pair<int, int>, QAccessible::Id> cells_; ///< those that were asked for
 };

@@ -147,7 +147,8 @@ void SheetMouse::Release(QMouseEvent& event) {
     const Drag drag = std::exchange(drag_, Drag::None);
     if (!view_.Window() || drag == Drag::Border || pressedGrid_ < 0)
         return;
-    const bool click = event.button() == Qt::LeftButton && Places().At(event.pos()) == pressed_;
+    const bool click =
+        event.button() == Qt::LeftButton && (drag != Drag::None || Places().At(event.pos()) == pressed_);
     if (FlexGrid* grid = Pressed())
         grid->events().MouseUp(*grid, ButtonOf(event));
     if (!view_.Window() || !click)
@@ -162,14 +163,18 @@ void SheetMouse::MenuOpens() {
     pressedGrid_ = -1;
 }
 
-// The second release raises a click as well, of what stands there by then.
+// The second release raises a click as well, unless the grids are others by then.
 void SheetMouse::DoubleClick(QMouseEvent& event) {
     if (event.button() != Qt::LeftButton)
         return;
     if (const GridPlace border = view_.Window() ? Places().BorderAt(event.pos()) : GridPlace(); border.grid)
         return FitColumn(*border.grid, border.col);
-    if (PressInGrid(event))
-        pressed_.grid->events().DblClick(*pressed_.grid);
+    if (!PressInGrid(event))
+        return;
+    const controls::GridSource* shown = pressed_.grid->Source();
+    pressed_.grid->events().DblClick(*pressed_.grid);
+    if (const FlexGrid* grid = view_.Window() ? Pressed() : nullptr; !grid || grid->Source() != shown)
+        pressedGrid_ = -1;
 }
 
 // --- the width of columns

@@ -10,6 +10,7 @@
 #include "desktop/table/SheetPaint.h"
 #include "desktop/table/SheetPlaces.h"
 #include "table/Sheet.h"
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QToolTip>
@@ -170,12 +171,20 @@ void SheetView::keyPressEvent(QKeyEvent* event) {
         QWidget::keyPressEvent(event);
 }
 
-// Text that an input method composed counts as its first key: it opens the editor.
+// Text that an input method composed: its first letter opens the editor, which takes the others.
 void SheetView::inputMethodEvent(QInputMethodEvent* event) {
-    FlexGrid* grid = Current();
-    if (grid && !event->commitString().isEmpty())
-        grid->events().KeyPress(*grid, event->commitString().front().unicode());
     event->accept();
+    FlexGrid* grid = Current();
+    const QString typed = event->commitString();
+    if (!grid || typed.isEmpty())
+        return;
+    grid->events().KeyPress(*grid, typed.front().unicode());
+    QWidget* editor = QApplication::focusWidget();
+    if (typed.size() < 2 || !editor || editor == this)
+        return;
+    QInputMethodEvent others;
+    others.setCommitString(typed.mid(1));
+    QCoreApplication::sendEvent(editor, &others);
 }
 
 void SheetView::focusInEvent(QFocusEvent*) {

@@ -153,7 +153,7 @@ TEST_F(Grids, EachActRaisesItsEventsOnce) {
     EXPECT_EQ(Grid(0).MouseRow, 0);
     heard.clear();
     Drag(On(Grid(0), 1, 2), On(Grid(0), 2, 2));
-    EXPECT_EQ(heard, QStringList({"down1 1/2", "up1"})) << "a selection that is drawn is no click";
+    EXPECT_EQ(heard, QStringList({"down1 1/2", "up1", "click 0"})) << "its first row is the current one";
     Grid(0).Select(1, 2, 3, 3);
     heard.clear();
     QTest::mouseClick(&View(), Qt::RightButton, {}, On(Grid(0), 2, 3));
@@ -409,6 +409,32 @@ TEST_F(TableTab, ADoubleClickOnALabelWalksDownAndUpAndKeysFollow) {
     EXPECT_EQ(t.window().txtXPath.Text(), QStringLiteral("/shop[1]/pen[2]"));
 }
 
+TEST_F(TableTab, TheClickBehindAWalkUpLeadsToItsRow) {
+    t.OpenText(QStringLiteral("boxes.xml"), "<shop><pen/><box><cap/><cap/></box><box/></shop>");
+    const controls::TreeNode shop = t.window().tvXML.SelectedItem().Child();
+    t.window().tvXML.SetSelectedItem(shop.LastChild().Previous().Child());
+    t.ClickTab(QStringLiteral("tableview"));
+    ASSERT_EQ(Grid().TextMatrix(0, 1), QStringLiteral("<cap>"));
+    DoubleClick(2, 1); // the second release is over another grid
+    ASSERT_EQ(t.SelectedNode(), QStringLiteral("box"));
+    FlexGrid& boxes = t.window().hfgrdTableView(1);
+    EXPECT_EQ(View().Current(), &boxes) << "keys are for the row that was walked up to";
+    t.Click(View(), SheetPlaces(t.window(), View().size()).RectOf(boxes, 2, 1).center());
+    EXPECT_EQ(t.window().txtXPath.Text(), QStringLiteral("/shop[1]/box[2]"));
+}
+
+TEST_F(TableTab, TabStaysInTheGrid) {
+    DoubleClick(2, Grid().Cols() - 1);
+    t.Press(Qt::Key_Tab);
+    EXPECT_TRUE(View().hasFocus());
+    DoubleClick(1, 2);
+    t.Press(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_TRUE(View().hasFocus());
+    DoubleClick(0, 2);
+    t.Press(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_TRUE(View().hasFocus());
+}
+
 TEST_F(TableTab, WhatIsSelectedIsDrawnAndOtherTabsHaveNoChart) {
     auto& chart = t.Find<desktop::ChartPane>(QStringLiteral("chtAna"));
     EXPECT_TRUE(chart.isVisible());
@@ -417,6 +443,10 @@ TEST_F(TableTab, WhatIsSelectedIsDrawnAndOtherTabsHaveNoChart) {
     const controls::ChartTable& drawn = *chart.View().Picture().table;
     ASSERT_EQ(drawn.series.size(), 1U);
     EXPECT_EQ(drawn.series[0].values, std::vector<double>({3, 5})) << "not the row for calculations";
+    t.Click(View(), On(1, 1));
+    t.Press(Qt::Key_Delete);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(chart.View().Picture().table->series.empty()) << "what was drawn is gone";
     t.ClickTab(QStringLiteral("listview"));
     EXPECT_FALSE(t.window().chtAna.Visible());
 }

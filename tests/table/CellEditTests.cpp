@@ -64,10 +64,52 @@ TEST_F(CellEdit, AnAttributeThatTheRowLacksStandsAtTheEnd) {
     EXPECT_EQ(Cells(), "<a>|x|y|z|Node Text\n[1]-|1|2|3|\n[2]-||9||\n[3]-|||1|\n(Calc)||||");
 }
 
-TEST_F(CellEdit, TheSearchInTheTagHitsTheEndOfAnotherName) {
-    Open("<r><a ax='1' x='2'/></r>");
+TEST_F(CellEdit, TheSearchInTheTagHitsTheEndOfAnotherNameWhereTheElementLacksItsOwn) {
+    Open("<r><a ax='1' x='2'/><a ax='3'/><a xmlns:x='u'/></r>");
     Edit(1, 3, "9");
-    EXPECT_EQ(TagAt(1), "ax=\"9\" x=\"2\"");
+    Edit(2, 3, "8");
+    Edit(3, 3, "7");
+    EXPECT_EQ(TagAt(1), "ax=\"1\" x=\"9\"");
+    EXPECT_EQ(TagAt(2), "ax=\"8\"");
+    EXPECT_EQ(TagAt(3), "xmlns:x=\"u\" x=\"7\"") << "never a declaration";
+}
+
+TEST_F(CellEdit, APrefixKeepsItsDeclaration) {
+    Open("<r xmlns:s='v'><x:a xmlns:x='u' x='1' p='2'><x:b/></x:a><x:a xmlns:x='u' s:k='3'/></r>");
+    const std::string before = Xml();
+    t.prompts.AllowAnyBox();
+    const auto refused = [&](const char* what) {
+        EXPECT_EQ(Xml(), before) << what;
+        EXPECT_EQ(t.prompts.boxes.size(), 1U) << what;
+        t.prompts.boxes.clear();
+    };
+    Click(1, 2);
+    Key(Qt::Key_Delete);
+    refused("emptied");
+    Drag(0, 2, 3, 2);
+    Key(Qt::Key_Delete);
+    refused("the column");
+    DblClick(1, 2);
+    w->txtTView.UserTyped({});
+    w->txtTView.LostFocus();
+    EXPECT_TRUE(w->txtTView.Visible()) << "it stays as it was typed";
+    EXPECT_TRUE(CellKey(Qt::Key_Escape));
+    refused("typed");
+    for (const auto& [column, name] : {std::pair(2, "y"), std::pair(2, "xmlns:y"), std::pair(4, "q:z")}) {
+        Rename(column, name);
+        EXPECT_EQ(EditedHeader(), name);
+        EXPECT_TRUE(EditorKey(w->txtTViewHeader, Qt::Key_Escape));
+        refused(name);
+    }
+    t.clipboard.SetText(QStringLiteral("<a p=\"5\" q:z=\"6\"/>"));
+    Click(1, 4);
+    Control(Qt::Key_V);
+    refused("pasted");
+    Rename(4, "s:z");
+    Click(1, 3);
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(TagAt(1), "xmlns:x=\"u\" x=\"\" s:z=\"2\"");
+    EXPECT_TRUE(t.prompts.boxes.empty());
 }
 
 TEST_F(CellEdit, NodeTextIsTheFirstTextChild) {
@@ -139,8 +181,45 @@ TEST_F(CellEdit, RowsThatWereTakenAwayTakeNothing) {
     w->txtTView.UserTyped(QStringLiteral("late"));
     edit::Run(*w, "Elsewhere", [&] { w->tvXML.Nodes.Remove(Element().Child()); });
     EXPECT_EQ(Edited(), "closed");
+    EXPECT_TRUE(t.frame().StatusBar1().Panel(1).contains(QStringLiteral("late"))) << "and not in silence";
     w->txtTView.LostFocus();
     EXPECT_EQ(Xml().find("late"), std::string::npos);
+}
+
+TEST_F(CellEdit, WhatIsTypedStaysOverItsCellWhenTheLevelIsLoadedAnew) {
+    Open("<r><b/><a x='1'/><a x='2' y='3'/></r>");
+    t.ClickNode(Element().LastChild());
+    DblClick(2, 2, 1);
+    w->txtTView.UserTyped(QStringLiteral("kept"));
+    edit::Run(*w, "Elsewhere", [&] {
+        w->tvXML.Nodes.Remove(Element().Child().Next());
+        w->tvXML.Nodes.Remove(Element().Child());
+    });
+    EXPECT_EQ(Edited(), "kept");
+    w->txtTView.LostFocus();
+    EXPECT_EQ(Xml(), "<r><a x=\"kept\" y=\"3\"></a></r>");
+}
+
+TEST_F(CellEdit, KeysThatMoveInTheGridTakeTheCurrentNodeAlong) {
+    Open("<r><a x='1'/><a x='2'/></r>");
+    Click(1, 2);
+    Grid().Select(2, 1, 2, 1);
+    Key(Qt::Key_Down);
+    EXPECT_EQ(w->txtXPath.Text(), QStringLiteral("/r[1]/a[2]"));
+    EXPECT_EQ(Grid().Selection(), (controls::GridRange{2, 1, 2, 1}));
+    Grid().Select(1, 1, 1, 1); // no key yet
+    t.clipboard.SetText(QStringLiteral("<b/>"));
+    Control(Qt::Key_V);
+    EXPECT_EQ(Xml(), "<r><a x=\"1\"><b></b></a><a x=\"2\"></a></r>");
+}
+
+TEST_F(CellEdit, AStepBackInALargeDocumentStandsBeforeTheNextDelete) {
+    Open("<r><a x='1' y='2'/>" + QByteArray("<!--") + QByteArray(4'100'000, 'c') + "--></r>");
+    Edit(1, 2, "9");
+    Click(1, 3);
+    Undo();
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(TagAt(1), "x=\"1\" y=\"\"");
 }
 
 // --- headers
@@ -187,9 +266,17 @@ TEST_F(CellEdit, ArrowsAndTabWalkWithTheEditor) {
     EXPECT_EQ(TagAt(1), "x=\"9\" y=\"22\"");
     EXPECT_TRUE(CellKey(Qt::Key_Tab, 1));
     EXPECT_EQ(Edited(), "t");
-    EXPECT_FALSE(CellKey(Qt::Key_Tab, 1)) << "the last column";
+    EXPECT_TRUE(CellKey(Qt::Key_Tab, 1));
+    EXPECT_EQ(Edited(), "3") << "the next row";
+    EXPECT_TRUE(CellKey(Qt::Key_Backtab));
+    EXPECT_EQ(Edited(), "t");
     EXPECT_TRUE(CellKey(Qt::Key_Down));
     EXPECT_EQ(Edited(), "u");
+    w->txtTView.UserTyped(QStringLiteral("v"));
+    EXPECT_TRUE(CellKey(Qt::Key_Tab));
+    EXPECT_EQ(Edited(), "closed") << "behind the last one";
+    EXPECT_EQ(Grid().TextMatrix(2, 4), QStringLiteral("v"));
+    DblClick(2, 4);
     EXPECT_TRUE(CellKey(Qt::Key_Left, 0));
     EXPECT_EQ(Edited(), "44");
     EXPECT_TRUE(test::TableDesk::EditorKey(w->txtTView, Qt::Key_Left, 2, Qt::ControlModifier));

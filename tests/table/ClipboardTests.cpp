@@ -80,6 +80,25 @@ TEST_F(TableClipboard, NamesThatTheTableLacksBecomeAttributes) {
     EXPECT_EQ(Xml(), "<r><a x=\"1\" y=\"2\">t</a><a x=\"03\" y=\"9\" n=\"8\">u</a></r>");
 }
 
+TEST_F(TableClipboard, NamesWithACommonEndingStayApart) {
+    Open("<r><a ax='3' y='4'/><a/></r>");
+    Clip(QStringLiteral("<?xml version=\"1.0\"?>\r\n<a ax=\"5\" x=\"9\"/>"));
+    Click(1, 2);
+    Control(Qt::Key_V);
+    EXPECT_EQ(TagAt(1), "ax=\"5\" y=\"4\" x=\"9\"");
+    Open("<r><a surname='S1' name='N1'/><a surname='S2' name='N2'/><a surname='S3'/><a/></r>",
+         QStringLiteral("people.xml"));
+    Drag(1, 2, 2, 3);
+    Control(Qt::Key_C);
+    for (const int row : {2, 3}) {
+        Click(row, 2);
+        Control(Qt::Key_V);
+    }
+    EXPECT_EQ(TagAt(2), "surname=\"S1\" name=\"N1\"");
+    EXPECT_EQ(TagAt(3), "surname=\"S1\" name=\"N1\"");
+    EXPECT_EQ(TagAt(4), " surname=\"S2\" name=\"N2\"");
+}
+
 TEST_F(TableClipboard, LinesOfAnotherProgramFillCellsFromTheCurrentOneOn) {
     Open("<r><a x='1' y='2'/><a x='3' y='4'/><a x='5' y='6'/></r>");
     Clip(QStringLiteral("p\t\"two\nlines\"\r\nq & q\ta\"b\r\n"));
@@ -91,13 +110,18 @@ TEST_F(TableClipboard, LinesOfAnotherProgramFillCellsFromTheCurrentOneOn) {
     Drag(1, 2, 2, 3);
     Control(Qt::Key_V);
     EXPECT_EQ(TagAt(1) + TagAt(2), "x=\"7\" y=\"7\"x=\"7\" y=\"7\"") << "one value into every cell";
+    Clip(QStringLiteral("<5\t>6\r\n1\t2\r\n"));
+    Click(1, 2);
+    Control(Qt::Key_V);
+    EXPECT_EQ(TagAt(1) + TagAt(2), "x=\"&lt;5\" y=\">6\"x=\"1\" y=\"2\"");
 }
 
 TEST_F(TableClipboard, WhatDoesntFitIsRefusedWhole) {
     Open(kTwo);
     const std::string before = Xml();
     const std::pair<const char*, std::pair<int, int>> cases[] = {
-        {"1\t2\n3\t4\n5\t6", {1, 2}}, {"1\t2\t3\t4", {1, 2}}, {"1\t2", {1, 4}}, {"good\tbad\x01", {1, 2}}};
+        {"1\t2\n3\t4\n5\t6", {1, 2}}, {"1\t2\t3\t4", {1, 2}}, {"1\t2", {1, 4}},
+        {"good\tbad\x01", {1, 2}},    {"1", {3, 2}},          {"<b/>", {3, 1}}};
     for (const auto& [text, cell] : cases) {
         t.prompts.Answer(services::Answer::Ok);
         Clip(QString::fromUtf8(text));

@@ -25,16 +25,22 @@ constexpr int kLargest = 80; // nodes; beyond that the walk deletes
 const QStringList kDocuments{
     "<shop><item id='1' name='Tea'>fine</item><item name='007'/><!--c--><note>x</note>"
     "<item id='2' size='3'><part n='1'/><part n='2' m='3'/></item>tail</shop>",
-    "<r><a/><A x='1.50'/><a x='1'/><a x='1.50'/></r>", "<r/>", "<r><a></r>"};
+    "<r><a/><A x='1.50'/><a x='1'/><a x='1.50'/></r>",
+    "<r><a surname='s' name='n'/><a name='m'/><a xmlns:x='u' x='1'/><a x='2' ax='3' x:n='4' "
+    "xmlns:x='u'/></r>",
+    "<r/>", "<r><a></r>"};
 const QStringList kValues{"",      "1",     "007",  "1.50", "a\"b",      "<b/>t",      "a & b",
                           "x > y", "&amp;", "it's", "</a>", "1\" y=\"2", "two\nlines", "\u4e2d\u6587"};
-const QStringList kNames{"id", "name", "x", "n", "max", "a b", "", "1x", "\u00e4"};
+const QStringList kNames{"id", "name", "surname", "x", "ax", "q:z",   "xmlns:x",
+                         "n",  "max",  "a b",     "",  "1x", "\u00e4"};
 const QStringList kClips{"5",
                          "1\t2\r\n3\t4\r\n",
                          "a & b\t\"q\"\"r\"",
                          "<item id=\"9\" name=\"n\">t</item>",
                          "<a x=\"1\" /><a x=\"2\" y=\"3\" />",
+                         "<a ax=\"1\" x=\"2\" q:z=\"3\" /><a name=\"1\" surname=\"2\" />",
                          "<bad",
+                         "<1\t2\r\n3\t4",
                          "",
                          "\t\t\t\t\t\t\t\t"};
 
