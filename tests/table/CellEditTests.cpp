@@ -24,6 +24,21 @@ TEST_F(CellEdit, AValueGoesIntoItsAttributeAndTheTextAsOneStep) {
     EXPECT_NE(Text().find("Black tea"), std::string::npos);
 }
 
+// A letter begins a new value; the blank opens the old one. Escape keeps it either way.
+TEST_F(CellEdit, TheKeyThatOpensTheEditorIsTyped) {
+    Open();
+    Click(1, 3);
+    Key('5');
+    EXPECT_EQ(Edited(), "5");
+    EXPECT_EQ(w->txtTView.SelStart(), 1);
+    w->txtTView.SetSelText(QStringLiteral("6"));
+    w->txtTView.LostFocus();
+    EXPECT_EQ(TagAt(1), "id=\"007\" name=\"56\"");
+    Click(1, 3);
+    Key(' ');
+    EXPECT_EQ(Edited(), "56");
+}
+
 TEST_F(CellEdit, AStepBackLeavesTheMarkWhereTheUserIs) {
     Open("<r><a x='1' y='2'><b/></a><a x='3' y='4'><b/></a></r>");
     Edit(1, 2, "9");
