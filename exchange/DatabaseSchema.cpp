@@ -92,11 +92,20 @@ QString MakeNamesValid(Application& app, std::vector<TableShape>& shapes) {
     return root;
 }
 
+/// Drivers tell a size for texts of any length, too: as these say, their own limit for them.
+bool HasLength(const DatabaseColumn& column) {
+    constexpr qint64 kUntold = 255, kEndless = 1 << 30;
+    const int type = DataTypeOf(column);
+    const bool told = column.size != kUntold || column.typeName.contains(u'(');
+    return column.size > 0 && column.size < kEndless && told && type != adLongVarChar &&
+           type != adLongVarWChar;
+}
+
 QString StringColumn(const DatabaseColumn& column, const QString& kind, const QString& indent, bool repair) {
     const auto line = [&](int depth, const QString& text) {
         return indent + QString(depth, u'\t') + text + kEnd;
     };
-    if (repair && column.size <= 0) // of any length
+    if (repair && !HasLength(column))
         return line(0, QStringLiteral("<xsd:%1 name=\"%2\" type=\"xsd:string\"/>").arg(kind, column.name));
     // The blank stands for the positive sign; readers of these schemas expect it (quirk 109).
     const QString length = (repair ? QString() : QStringLiteral(" ")) + QString::number(column.size);

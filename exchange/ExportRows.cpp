@@ -51,7 +51,7 @@ private:
                 continue;
             result = Statement(statement.sql, table.data);
             if (result)
-                begun_ << table.data.table->name();
+                begun_ << table.data.name;
         }
         return result;
     }
@@ -68,7 +68,7 @@ private:
             return {DatabaseFailure::Failed,
                     QStringLiteral("The statement has %1 parameters, but the table \"%2\" has %3 columns.")
                         .arg(statement->Parameters())
-                        .arg(data.table->name())
+                        .arg(data.name)
                         .arg(columns)};
         for (int row = 1; row <= data.table->lastRow() && result; ++row) {
             if (data.table->element(row)) {
@@ -120,12 +120,13 @@ Exported ExportRows(const QString& connection, const std::vector<TableExport>& t
         total += table.data.table->lastRow();
     Run run(*database, step, total);
     exported.result = run.All(tables);
-    if (exported.result)
+    const bool done = static_cast<bool>(exported.result);
+    if (done)
         exported.result = database->Commit();
     if (exported.result) {
         exported.rows = run.Rows();
     } else {
-        database->Rollback();
+        exported.unknown = !database->Rollback() && done;
         RemoveMade(*database, before, run.Begun());
     }
     return exported;

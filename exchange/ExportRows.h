@@ -14,7 +14,8 @@ struct TableExport {
 };
 
 struct Exported {
-    services::DatabaseResult result; ///< unless it is good, the database is as it was
+    services::DatabaseResult result; ///< unless it is good or `unknown`, the database is as it was
+    bool unknown = false;            ///< the connection went while all that was written was to stay
     qint64 rows = 0;                 ///< that went in
 };
 

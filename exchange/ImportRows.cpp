@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/ImportRows.h"
 #include "exchange/FieldNames.h"
+#include "exchange/SqlText.h"
 
 namespace exchange {
 
@@ -57,16 +58,40 @@ void Read(Application& app, services::Database& database, const RowsQuery& query
     made.leftOut = out.Skipped();
 }
 
+DatabaseResult Refused(const QString& why) {
+    return {DatabaseFailure::Failed, why};
+}
+
+// What ends the transaction by itself would change the database for good (quirk 128).
+DatabaseResult RefusedForItsWords(const QString& sql) {
+    const QString word = TransactionWord(sql);
+    if (word.isEmpty())
+        return {};
+    return Refused(
+        QStringLiteral("The statement has the word \"%1\". An import only reads: what it changes is "
+                       "taken back, and the statement must not end that. A name that is such a word "
+                       "has to stand in quotes.")
+            .arg(word));
+}
+
 } // namespace
 
 MadeRows RowsOf(Application& app, const RowsQuery& query, const edit::WaitStep& step) {
     MadeRows made;
+    made.result = RefusedForItsWords(query.sql);
+    if (!made.result)
+        return made;
     const std::unique_ptr<services::Database> database =
         services::Databases().Open(query.connection, step, made.result);
     if (!database)
         return made;
     // What the statement changes doesn't last (quirk 105).
     const bool guarded = static_cast<bool>(database->BeginTransaction());
+    if (!guarded && !OnlyReads(query.sql)) {
+        made.result = Refused(QStringLiteral("The database has no transactions: what this statement changes "
+                                             "would last. Only a statement that reads can run."));
+        return made;
+    }
     Read(app, *database, query, step, made);
     if (guarded)
         made.takenBack = static_cast<bool>(database->Rollback()) && database->TakesTablesBack();

@@ -28,8 +28,9 @@ struct MadeRows {
     QString nameComplaint; ///< on the first name that makes a document which doesn't parse
 };
 
-/// Runs the statement and writes its rows. It only reads: what the statement changes is taken back, where the
-/// database has transactions. `step` is asked all the time.
+/// Runs the statement and writes its rows. It only reads: what the statement changes is taken back. One that
+/// would end the transaction is refused before it runs, and without transactions any that may change data.
+/// `step` is asked all the time.
 MadeRows RowsOf(Application& app, const RowsQuery& query, const edit::WaitStep& step);
 
 /// What a failure means to the user: the driver's own words, and which package brings a driver that is

@@ -74,7 +74,8 @@ void RowsXml::PutValue(QStringView value) {
         if (unit < kAscii) {
             if (!IsLegal(unit))
                 Skip(unit);
-            else if (unit != u'\r' || at + 1 == end || at[1] != u'\n') // a CR LF is one line end
+            // A CR LF is one line end of a text; in an attribute nothing makes two units of one again.
+            else if (unit != u'\r' || filling_ == Filling::Attributes || at + 1 == end || at[1] != u'\n')
                 buffer_ += written_[unit];
             ++at;
         } else if (at->isHighSurrogate() && at + 1 != end && at[1].isLowSurrogate()) {

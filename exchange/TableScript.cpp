@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/TableScript.h"
 #include "core/model/Escaping.h"
+#include "exchange/SqlText.h"
 #include <QDate>
+#include <QSet>
 #include <algorithm>
 
 namespace exchange {
@@ -61,9 +63,13 @@ void TypeGuess::add(QStringView value) {
     const QStringView whole = point < 0 ? value : value.first(point);
     const bool number = IsInteger(whole) || (point > 0 && whole == u"-0");
     integer_ = integer_ && number && point < 0 && WithoutSign(value).size() <= kIntegerDigits;
-    decimal_ = decimal_ && number && (point < 0 || AreDigits(value.sliced(point + 1)));
+    // Others come back with other digits: "1.1" as "1.10", or "1.10" as "1.1" from a database that keeps
+    // decimals as floating numbers.
+    const qsizetype fraction = point < 0 ? 0 : value.size() - point - 1;
+    decimal_ = decimal_ && number && fraction > 0 && (fraction_ == 0 || fraction_ == fraction) &&
+               AreDigits(value.last(fraction)) && !value.endsWith(u'0');
     whole_ = std::max(whole_, WithoutSign(whole).size());
-    fraction_ = std::max(fraction_, point < 0 ? 0 : value.size() - point - 1);
+    fraction_ = std::max(fraction_, fraction);
     date_ = date_ && IsDate(value);
     timestamp_ = timestamp_ && IsTimestamp(value);
 }
@@ -99,7 +105,7 @@ std::vector<QString> TableData::values(int row) const {
 }
 
 std::optional<TableData> DataOf(std::shared_ptr<const ElementTable> table, const edit::WaitStep& step) {
-    TableData all{table, {}, {}};
+    TableData all{table, table->name(), {}, {}};
     for (int column = Columns::kFirst; column <= table->textColumn(); ++column)
         all.columns.push_back(column);
     std::vector<TypeGuess> guesses(all.columns.size());
@@ -123,11 +129,25 @@ std::optional<TableData> DataOf(std::shared_ptr<const ElementTable> table, const
     return all;
 }
 
+void MakeDistinct(std::vector<QString>& names) {
+    QSet<QString> taken;
+    for (QString& name : names) {
+        const QString wanted = name;
+        for (int number = 2; taken.contains(name.toCaseFolded()); ++number)
+            name = wanted + u'_' + QString::number(number);
+        taken.insert(name.toCaseFolded());
+    }
+}
+
 QString ScriptOf(const TableData& data, const QString& quote) {
-    const QString name = Quoted(data.table->name(), quote);
+    const QString name = Quoted(data.name, quote);
+    std::vector<QString> columns;
+    for (const int column : data.columns)
+        columns.push_back(ColumnName(*data.table, column));
+    MakeDistinct(columns);
     QStringList definitions, names, parameters;
     for (std::size_t i = 0; i < data.columns.size(); ++i) {
-        const QString column = Quoted(ColumnName(*data.table, data.columns[i]), quote);
+        const QString column = Quoted(columns[i], quote);
         definitions << QStringLiteral("    ") + column + u' ' + data.types[i];
         names << column;
         parameters << QStringLiteral("?");
@@ -147,25 +167,21 @@ std::vector<ScriptStatement> StatementsOf(const QString& script) {
             statements.push_back(statement);
         statement = {};
     };
-    QChar quote;
-    bool comment = false;
+    const std::vector<SqlPart> parts = PartsOf(script);
+    SqlPart before = SqlPart::Code;
     for (qsizetype at = 0; at < script.size(); ++at) {
-        const QChar unit = script[at];
-        if (comment)
-            comment = unit != u'\n';
-        else if (!quote.isNull())
-            quote = unit == quote ? QChar() : quote;
-        else if (QStringView(u"'\"`").contains(unit))
-            quote = unit;
-        else if (unit == u'-' && at + 1 < script.size() && script[at + 1] == u'-')
-            comment = true;
-        else if (unit == u';') {
+        const SqlPart part = parts[static_cast<std::size_t>(at)];
+        const bool code = part == SqlPart::Code;
+        if (part == SqlPart::Comment) {
+            if (before != part) // it parts words
+                statement.sql += u' ';
+        } else if (code && script[at] == u';') {
             end();
-            continue;
-        } else if (unit == u'?')
-            statement.hasParameters = true;
-        if (!comment)
-            statement.sql += unit;
+        } else {
+            statement.hasParameters = statement.hasParameters || (code && script[at] == u'?');
+            statement.sql += script[at];
+        }
+        before = part;
     }
     end();
     return statements;

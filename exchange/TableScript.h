@@ -13,6 +13,7 @@ namespace exchange {
 /// What goes from a table of the view into one of a database.
 struct TableData {
     std::shared_ptr<const table::ElementTable> table;
+    QString name;               ///< of the database's table
     std::vector<int> columns;   ///< of the view: those of attributes, and of texts where there are any
     std::vector<QString> types; ///< SQL types that hold all their values
 
@@ -22,6 +23,9 @@ struct TableData {
 
 /// Looks at all values; nothing when the user cancelled.
 std::optional<TableData> DataOf(std::shared_ptr<const table::ElementTable> table, const edit::WaitStep& step);
+
+/// Numbers go behind names that a database, which doesn't tell cases apart, would take for one before them.
+void MakeDistinct(std::vector<QString>& names);
 
 /// A statement that makes the table, and one that fills a row, with a parameter for each column. `quote`
 /// stands around names.

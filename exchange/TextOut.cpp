@@ -175,12 +175,15 @@ TreeNode StartNode(DocumentWindow& window, bool selected) {
     return window.tvXML.Nodes(1).Child();
 }
 
-/// The grid in use, once the table view shows the level of a node; null without one.
-const controls::FlexGrid* ShowTables(DocumentWindow& window, TreeNode start) {
-    edit::Run(window, "GetTreeNodeResText", [&] {
-        edit::SelectNode(window, start);
-        edit::ShowView(window, edit::kTableTab);
-    });
+// What is typed in the text goes in with it. False where that doesn't parse: the tree is an old one then.
+bool ShowTableView(DocumentWindow& window) {
+    edit::ShowView(window, edit::kTableTab);
+    return edit::Shows(window, edit::kTableTab) || !edit::HasView(window, edit::kTableTab);
+}
+
+/// The grid in use, once the table view is at the level of a node; null without one.
+const controls::FlexGrid* GridAt(DocumentWindow& window, TreeNode start) {
+    edit::Run(window, "GetTreeNodeResText", [&] { edit::SelectNode(window, start); });
     const table::TableState& state = table::TableOf(window);
     if (state.tables.empty())
         return nullptr;
@@ -192,10 +195,12 @@ const controls::FlexGrid* ShowTables(DocumentWindow& window, TreeNode start) {
 
 bool GetTreeNodeResText(DocumentWindow& window, const TextOutOptions& options, const edit::TextSink& sink,
                         const edit::WaitStep& step) {
+    if (!ShowTableView(window))
+        return false;
     if (window.tvXML.Nodes.Count() < 2 || window.tvXML.Nodes(1).Children() == 0)
         return true;
     Writer writer(options, sink, step);
-    if (const controls::FlexGrid* grid = ShowTables(window, StartNode(window, options.i_bIsSelectedNode)))
+    if (const controls::FlexGrid* grid = GridAt(window, StartNode(window, options.i_bIsSelectedNode)))
         writer.GetOneTableResText({*table::TableIn(window, *grid), grid});
     if (options.i_iDepthType == 1 && options.i_iDepth < 2)
         return writer.Finish();

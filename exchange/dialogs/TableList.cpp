@@ -2,6 +2,7 @@
 #include "exchange/dialogs/TableList.h"
 #include "core/model/Application.h"
 #include "exchange/DatabaseSchema.h"
+#include "exchange/SqlText.h"
 #include <algorithm>
 
 namespace exchange {
@@ -24,11 +25,14 @@ TableList TablesOf(Application& app, const QString& connection) {
     return list;
 }
 
-// Quirk 100.
+// Quirk 100. Databases make other names of capitals without quotes, and each in its way.
 QString NameInStatement(const QString& name, const QString& quote) {
-    const bool plain = !name.isEmpty() && !name[0].isDigit() &&
-                       std::all_of(name.begin(), name.end(),
-                                   [](QChar unit) { return unit.isLetterOrNumber() || unit == u'_'; });
+    const auto digit = [](QChar unit) { return unit >= u'0' && unit <= u'9'; };
+    const auto plainUnit = [&](QChar unit) {
+        return (unit >= u'a' && unit <= u'z') || digit(unit) || unit == u'_';
+    };
+    const bool plain = !name.isEmpty() && !digit(name[0]) &&
+                       std::all_of(name.begin(), name.end(), plainUnit) && !IsSqlWord(name);
     if (plain || quote.trimmed().isEmpty())
         return name;
     QString doubled = name;

@@ -32,6 +32,8 @@ frmExportDB::frmExportDB(DocumentWindow& window) : source(window.app), window_(w
 
 bool frmExportDB::Form_Load() {
     edit::ShowView(window_, edit::kTableTab);
+    if (!edit::Shows(window_, edit::kTableTab)) // the text doesn't parse, which the user has been told
+        return false;
     if (table::TableOf(window_).tables.empty()) {
         window_.app.services.prompts.MsgBox(QStringLiteral("The table view shows no table."), Buttons::Ok,
                                             Icon::Exclamation);
@@ -61,6 +63,12 @@ bool frmExportDB::ReadTables() {
             return false;
         grids_.push_back({{*std::move(data), {}}});
     }
+    std::vector<QString> names;
+    for (const Grid& grid : grids_)
+        names.push_back(grid.table.data.name);
+    MakeDistinct(names);
+    for (std::size_t i = 0; i < names.size(); ++i)
+        grids_[i].table.data.name = names[i];
     return true;
 }
 
@@ -84,7 +92,7 @@ void frmExportDB::source_Chosen() {
     Propose(list.quote);
     QStringList notes;
     for (const Grid& grid : grids_) {
-        const QString name = grid.table.data.table->name();
+        const QString name = grid.table.data.name;
         if (list.names.contains(name, Qt::CaseInsensitive))
             notes << QStringLiteral("The database has a table \"%1\" already.").arg(name);
     }
@@ -120,7 +128,10 @@ void frmExportDB::OKButton_Click() {
             exported = ExportRows(source.ConnectionString(), wanted, waiting.Step(0, 1000));
         }
         if (!exported.result) {
-            lblNote.SetCaption(FailureText(exported.result) + QStringLiteral("\nNothing was written."));
+            lblNote.SetCaption(FailureText(exported.result) +
+                               (exported.unknown
+                                    ? QStringLiteral("\nWhether the rows were written isn't known.")
+                                    : QStringLiteral("\nNothing was written.")));
             return;
         }
         unloaded();

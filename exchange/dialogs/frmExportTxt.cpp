@@ -54,7 +54,7 @@ void frmExportTxt::cmdPreview_Click() {
             return sample.size() < kSampleUnits;
         });
         txtSample.SetText(sample);
-        lblNote.SetCaption(whole ? QString() : QStringLiteral("The beginning is shown."));
+        lblNote.SetCaption(whole || sample.isEmpty() ? QString() : QStringLiteral("The beginning is shown."));
     });
 }
 

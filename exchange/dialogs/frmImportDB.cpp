@@ -43,6 +43,9 @@ void frmImportDB::LoadTableAndDefaultSQL() {
     edit::Guarded(app_, QStringLiteral("frmImportDB.LoadTableAndDefaultSQL"), [&] {
         if (text::Trim(source.ConnectionString()).isEmpty())
             return;
+        const bool same = source.ConnectionString() == listed_;
+        const QString statement = txtSQL.Text();
+        const bool typed = !text::Trim(statement).isEmpty() && statement != proposed_;
         const TableList list = TablesOf(app_, source.ConnectionString());
         cmbTable.Clear();
         cmbTable.SetText({});
@@ -52,12 +55,15 @@ void frmImportDB::LoadTableAndDefaultSQL() {
             return;
         }
         quote_ = list.quote;
+        listed_ = source.ConnectionString();
         for (const QString& name : list.names)
             cmbTable.AddItem(name);
         if (list.count > 0) {
             cmbTable.SetListIndex(0);
             cmbTable_Click();
         }
+        if (same && typed) // for this database the user has a statement already
+            txtSQL.SetText(statement);
     });
 }
 
@@ -65,7 +71,8 @@ void frmImportDB::cmbTable_Click() {
     const QString name = cmbTable.Text();
     if (text::Trim(name).isEmpty())
         return;
-    txtSQL.SetText(QStringLiteral("select * from ") + NameInStatement(name, quote_));
+    proposed_ = QStringLiteral("select * from ") + NameInStatement(name, quote_);
+    txtSQL.SetText(proposed_);
     OKButton.SetEnabled(true);
 }
 

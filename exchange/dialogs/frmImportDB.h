@@ -44,6 +44,8 @@ private:
     void ShowNotes(const MadeRows& made);
     Application& app_;
     QString quote_;
+    QString listed_;   ///< by which the tables were listed
+    QString proposed_; ///< the statement for the chosen table
     bool activated_ = false;
 };
 

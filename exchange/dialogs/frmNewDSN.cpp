@@ -15,10 +15,14 @@ using services::Answer;
 using services::Buttons;
 using services::Icon;
 
+const QString kNoName = QStringLiteral(
+    "The name of a source has 32 characters at most, and none of [ ] { } ( ) , ; ? * = ! @ \\.");
+
 } // namespace
 
 frmNewDSN::frmNewDSN(Application& app) : app_(app) {
     cmbDriver.Click.connect([this] { ShowDriver(); });
+    txtName.Change.connect([this] { ShowDriver(); });
     cmdFile.Click.connect([this] { cmdFile_Click(); });
     OKButton.Click.connect([this] { OKButton_Click(); });
     CancelButton.Click.connect([this] { unloaded(); });
@@ -44,8 +48,10 @@ void frmNewDSN::ShowDriver() {
     cmdFile.SetEnabled(file);
     for (controls::TextBox* box : {&txtServer, &txtPort, &txtUser, &txtPassword})
         box->SetEnabled(!file);
+    const QString name = text::Trim(txtName.Text());
     lblNote.SetCaption(
-        cmbDriver.Items().isEmpty()
+        !name.isEmpty() && !services::Databases().MayBeSource(name) ? kNoName
+        : cmbDriver.Items().isEmpty()
             ? FailureText({services::DatabaseFailure::NoDriver, QStringLiteral("No driver is installed.")})
         : file ? QString()
                : QStringLiteral("The password is kept in the list of sources, readable for this user."));
@@ -105,6 +111,8 @@ bool frmNewDSN::MayWrite() {
     const QString name = text::Trim(txtName.Text());
     if (name.isEmpty() || cmbDriver.Text().isEmpty())
         return refuse(QStringLiteral("A source needs a driver and a name."));
+    if (!services::Databases().MayBeSource(name))
+        return refuse(kNoName);
     if (IsFileDriver() && !mXMLEdit::FileExist(app_, txtDatabase.Text()) && !MakeFile())
         return false;
     const auto sources = services::Databases().Sources();

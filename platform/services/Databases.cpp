@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/services/Databases.h"
+#include "platform/services/FileReplace.h"
 #include "platform/services/Odbc.h"
 #include <QDir>
 #include <QFile>
+#include <QTemporaryDir>
 #include <odbcinst.h>
 
 namespace services {
@@ -102,12 +104,43 @@ DatabaseResult Connect(odbc::Session& session, const QString& connection, int se
     return {};
 }
 
-DatabaseResult ListFailure() {
-    char text[512] = {};
-    DWORD code = 0;
-    WORD length = 0;
-    SQLInstallerError(1, &code, text, sizeof text, &length);
-    return {DatabaseFailure::Failed, QString::fromUtf8(text)};
+DatabaseResult Failed(const QString& why) {
+    return {DatabaseFailure::Failed, why};
+}
+
+/// The text of a list with a section that has these lines. Comments in a section of that name stay, and so
+/// does all else.
+QByteArray WithSection(const QByteArray& list, const QByteArray& name, QByteArray keys) {
+    if (list.contains("\r\n"))
+        keys.replace("\n", "\r\n");
+    QByteArray text;
+    bool inside = false, found = false;
+    for (qsizetype at = 0; at < list.size();) {
+        const qsizetype end = list.indexOf('\n', at);
+        const QByteArray line = list.mid(at, end < 0 ? -1 : end + 1 - at);
+        const QByteArray plain = line.trimmed();
+        at += line.size();
+        if (plain.startsWith('['))
+            inside = plain.mid(1, plain.indexOf(']') - 1).trimmed().compare(name, Qt::CaseInsensitive) == 0;
+        const bool header = inside && plain.startsWith('[');
+        if (!inside || header || plain.isEmpty() || plain.startsWith(';') || plain.startsWith('#'))
+            text += line;
+        if (header && !found)
+            text += keys;
+        found = found || header;
+    }
+    if (found)
+        return text;
+    if (!text.isEmpty() && !text.endsWith('\n'))
+        text += '\n';
+    return text + (text.isEmpty() ? "[" : "\n[") + name + "]\n" + keys;
+}
+
+// The driver manager keeps what it has read for a while. It forgets that when it writes a list itself.
+void ForgetLists() {
+    const QTemporaryDir folder;
+    SQLWritePrivateProfileString("none", "none", "none",
+                                 folder.filePath(QStringLiteral("none.ini")).toUtf8().constData());
 }
 
 } // namespace
@@ -123,20 +156,37 @@ QStringList Databases::Drivers() const {
     return names;
 }
 
+bool Databases::MayBeSource(const QString& name) const {
+    const bool reserved = name.compare(QStringLiteral("ODBC"), Qt::CaseInsensitive) == 0 ||
+                          name.compare(QStringLiteral("ODBC Data Sources"), Qt::CaseInsensitive) == 0;
+    return !reserved && !name.contains(u'\n') && SQLValidDSN(name.toUtf8().constData()) != 0;
+}
+
 DatabaseResult Databases::AddSource(const QString& name, const QString& driver,
                                     const std::vector<std::pair<QString, QString>>& settings) const {
-    const QByteArray source = name.toUtf8();
-    SQLSetConfigMode(ODBC_USER_DSN);
-    bool good = SQLWriteDSNToIni(source.constData(), driver.toUtf8().constData()) != 0;
-    for (const auto& [key, value] : settings)
-        good = good && SQLWritePrivateProfileString(source.constData(), key.toUtf8().constData(),
-                                                    value.toUtf8().constData(), "odbc.ini") != 0;
-    const DatabaseResult result = good ? DatabaseResult() : ListFailure();
-    SQLSetConfigMode(ODBC_BOTH_DSN);
-    // A password may stand in it.
-    const QString list = qEnvironmentVariable("ODBCINI", QDir::homePath() + QStringLiteral("/.odbc.ini"));
-    QFile::setPermissions(list, QFile::ReadOwner | QFile::WriteOwner);
-    return result;
+    if (!MayBeSource(name))
+        return Failed(QStringLiteral("A source can't have this name: ") + name);
+    const QString path = qEnvironmentVariable("ODBCINI", QDir::homePath() + QStringLiteral("/.odbc.ini"));
+    QFile list(path);
+    if (list.exists() && !list.open(QIODevice::ReadOnly))
+        return Failed(path + QStringLiteral(": ") + list.errorString());
+    QByteArray keys = "Driver = " + driver.toUtf8() + '\n';
+    bool secret = !list.isOpen();
+    for (const auto& [key, value] : settings) {
+        if (value.contains(u'\n') || value.contains(u'\r'))
+            return Failed(QStringLiteral("This takes one line alone: ") + key);
+        keys += key.toUtf8() + " = " + value.toUtf8() + '\n';
+        secret = secret || key == QStringLiteral("Password");
+    }
+    if (secret && list.isOpen())
+        list.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    constexpr mode_t kUserAlone = 0600;
+    const QByteArray old = list.isOpen() ? list.readAll() : QByteArray();
+    const FileResult result = ReplaceFile(path, WithSection(old, name.toUtf8(), keys), kUserAlone);
+    if (!result)
+        return Failed(result.description);
+    ForgetLists();
+    return {};
 }
 
 std::unique_ptr<Database> Databases::Open(const QString& connection, DatabaseStep step,

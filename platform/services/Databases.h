@@ -91,6 +91,7 @@ public:
     virtual DatabaseResult BeginTransaction() = 0;
     /// Whether tables that were made in a transaction go with it.
     virtual bool TakesTablesBack() const = 0;
+    /// `step` is asked, but doesn't stop it: what was cancelled then might last all the same.
     virtual DatabaseResult Commit() = 0;
     /// From here on `step` isn't asked any more: who cancels wants this, and what cleans up behind it, done.
     virtual DatabaseResult Rollback() = 0;
@@ -103,7 +104,11 @@ class Databases {
 public:
     std::vector<DataSource> Sources() const; ///< the user's and the system's
     QStringList Drivers() const;             ///< names of those that are installed
-    /// Puts a source into the user's own list, in the place of one of that name.
+    /// Whether a source may have this name: the driver manager takes no long ones, and no brackets, commas
+    /// and the like.
+    bool MayBeSource(const QString& name) const;
+    /// Puts a source into the user's own list, in the place of one of that name. All else in the file stays
+    /// as it is, and who may read it; a new file, and one that gets a "Password", is the user's alone.
     DatabaseResult AddSource(const QString& name, const QString& driver,
                              const std::vector<std::pair<QString, QString>>& settings) const;
     /// Connects by "DSN=name;", by any other string that the driver manager takes, or by "Provider=...;Data

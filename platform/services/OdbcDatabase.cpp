@@ -6,6 +6,7 @@ namespace services::odbc {
 namespace {
 
 constexpr int kCleaningSeconds = 10; // for what can't be cancelled
+constexpr int kCommitSeconds = 300;  // which neither can be, and has much to write
 
 std::shared_ptr<Statement> NewStatement(const std::shared_ptr<Session>& session) {
     return std::make_shared<Statement>(session);
@@ -69,6 +70,10 @@ public:
             },
             [&](const DatabaseRows& rows) {
                 tables.push_back({TextOf(rows, 0), TextOf(rows, 1), TextOf(rows, 2), TextOf(rows, 3)});
+                // The driver calls them tables; no other ones may be named so.
+                if (session_->sqlite &&
+                    tables.back().name.startsWith(QStringLiteral("sqlite_"), Qt::CaseInsensitive))
+                    tables.back().type = QStringLiteral("SYSTEM TABLE");
             });
     }
 
@@ -144,7 +149,14 @@ public:
         });
     }
     bool TakesTablesBack() const override { return InfoNumber(*session_, SQL_TXN_CAPABLE) == SQL_TC_ALL; }
-    DatabaseResult Commit() override { return End(SQL_COMMIT, 0); }
+    DatabaseResult Commit() override {
+        const DatabaseStep asked = std::exchange(session_->step, {});
+        if (asked)
+            session_->step = [asked](qint64 done, qint64 total) { return asked(done, total) || true; };
+        const DatabaseResult result = End(SQL_COMMIT, kCommitSeconds);
+        session_->step = asked;
+        return result;
+    }
     DatabaseResult Rollback() override {
         session_->step = {};
         return End(SQL_ROLLBACK, kCleaningSeconds);

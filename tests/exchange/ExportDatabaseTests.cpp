@@ -41,7 +41,7 @@ TEST_F(ExportDatabase, ProposedTablesHoldWhatTheDocumentHas) {
             EXPECT_EQ(
                 form.txtSQL.Text().toStdString(),
                 "CREATE TABLE \"wine\" (\n    \"no\" INTEGER,\n    \"code\" VARCHAR(255),\n    \"price\" "
-                "NUMERIC(4, 2),\n    \"day\" DATE,\n    \"name\" VARCHAR(255),\n    \"Node_Text\" "
+                "VARCHAR(255),\n    \"day\" DATE,\n    \"name\" VARCHAR(255),\n    \"Node_Text\" "
                 "VARCHAR(255)\n);\nINSERT INTO \"wine\" (\"no\", \"code\", \"price\", \"day\", \"name\", "
                 "\"Node_Text\")\n    VALUES (?, ?, ?, ?, ?, ?);\n");
             form.OKButton.Click();

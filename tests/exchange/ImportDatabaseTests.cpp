@@ -50,7 +50,7 @@ TEST_F(ImportDatabase, ATableBecomesADocument) {
         MakeSource(form.source, QStringLiteral("my stock"));
         EXPECT_EQ(form.source.ConnectionString(), QStringLiteral("DSN=my stock;"));
         EXPECT_EQ(form.cmbTable.Items(), QStringList(QStringLiteral("T")));
-        EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from T"));
+        EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from \"T\""));
         form.cmdPre.Click();
         EXPECT_EQ(Plain(form.txtSample.Text()),
                   "<?xml version=\"1.0\" "
@@ -167,12 +167,12 @@ TEST_F(ImportDatabase, AnAccessFileIsImportedAndDescribed) {
     InImport([&](exchange::frmImportDB& form) {
         t.prompts.Choose(folder + QStringLiteral("/dates.mdb"));
         form.source.cmdAccess.Click();
-        EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from DateTest"));
+        EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from \"DateTest\""));
         file.Run("create table other(a)");
         MakeSource(form.source, QStringLiteral("stock"));
         EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from other"));
         form.source.optAccess.UserChose();
-        EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from DateTest"));
+        EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from \"DateTest\""));
         form.chkAttr.UserSet(true);
         form.OKButton.Click();
     });
