@@ -162,7 +162,8 @@ public:
         return End(SQL_ROLLBACK, kCleaningSeconds);
     }
 
-    QString Quote() const override { return InfoText(*session_, SQL_IDENTIFIER_QUOTE_CHAR); }
+    // It is one character; a driver that doesn't end its answer leaves others behind it.
+    QString Quote() const override { return InfoText(*session_, SQL_IDENTIFIER_QUOTE_CHAR).left(1); }
     QString System() const override { return InfoText(*session_, SQL_DBMS_NAME); }
 
 private:
