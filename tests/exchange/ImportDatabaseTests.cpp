@@ -89,6 +89,9 @@ TEST_F(ImportDatabase, StatementsThatFailOrChangeSayWhatHappenedAndChangeNothing
             {"selekt", "syntax error"},
             {"delete from \"my table\"", "Nothing was changed"},
             {"drop table \"my table\"", "Nothing was changed"},
+            {"delete from \"my table\"; commit", ""},
+            {"/* x */ COMMIT; delete from \"my table\"", ""},
+            {"end", ""},
             {"  ", ""},
         };
         for (const auto& [sql, note] : cases) {
