@@ -162,8 +162,16 @@ public:
         return End(SQL_ROLLBACK, kCleaningSeconds);
     }
 
-    // It is one character; a driver that doesn't end its answer leaves others behind it.
-    QString Quote() const override { return InfoText(*session_, SQL_IDENTIFIER_QUOTE_CHAR).left(1); }
+    // It is one character. A driver that doesn't end its answer must not be asked for a wide one: the driver
+    // manager would look for the end behind it.
+    QString Quote() const override {
+        SQLCHAR text[256] = {};
+        SQLSMALLINT bytes = 0;
+        if (session_->work.IsLost() ||
+            !Good(SQLGetInfoA(session_->connection, SQL_IDENTIFIER_QUOTE_CHAR, text, sizeof text, &bytes)))
+            return {};
+        return QString::fromLatin1(reinterpret_cast<const char*>(text)).left(1);
+    }
     QString System() const override { return InfoText(*session_, SQL_DBMS_NAME); }
 
 private:
