@@ -16,7 +16,8 @@ QString Shown(const QString& text) {
 
 } // namespace
 
-SampleModel::SampleModel(exchange::SampleGrid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(grid) {
+SampleModel::SampleModel(exchange::SampleGrid& grid, QObject* parent)
+    : QAbstractTableModel(parent), grid_(grid) {
     Listen(grid.changed, this, [this] { Refill(); });
     Refill();
 }
