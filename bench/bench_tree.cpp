@@ -29,18 +29,6 @@ template <typename Act> void Time(desktop::TreeWidget& view, const char* what, A
     std::fflush(stdout);
 }
 
-void OpenAll(TreeNode root) {
-    std::vector<TreeNode> nodes{root};
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        for (TreeNode child = nodes[i].Child(); child; child = child.Next()) {
-            if (child.Child())
-                nodes.push_back(child);
-        }
-    }
-    for (auto node = nodes.rbegin(); node != nodes.rend(); ++node)
-        node->SetExpanded(true);
-}
-
 /// The middle child of the root element.
 TreeNode Middle(DocumentWindow& window) {
     TreeNode node = m_tvXML::FirstElement(window.tvXML.Nodes(1).Child()).Child();
@@ -60,8 +48,8 @@ int main(int argc, char** argv) {
     DocumentWindow& window = quiet.window();
     desktop::TreeWidget view;
     view.resize(400, 700);
-    OpenAll(window.tvXML.Nodes(1));
     const desktop::TreeAdapter adapter(window.tvXML, view, nullptr);
+    view.expandRecursively(view.model()->index(0, 0));
     Time(view, "show", [&] { view.show(); });
     Time(view, "select", [&] { edit::SelectNode(window, Middle(window)); });
     Time(view, "move down", [&] { nodes::MoveUpDownOneNodeAtTree(window, false); });

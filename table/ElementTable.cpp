@@ -84,23 +84,32 @@ CompactView ElementTable::value(int row, int column) const {
     return ValueOf(node.TagView(), columns_.name(column - Columns::kFirst));
 }
 
-std::vector<CompactView> ElementTable::values(int row, int left, int right, bool shown) const {
-    std::vector<CompactView> found(static_cast<std::size_t>(std::max(right - left + 1, 0)));
-    const TreeNode node = element(row);
-    if (!node || found.empty())
-        return found;
+// The attributes of a row that stand in a range of columns. False where one of them brings its column:
+// neither that one is shown nor anything behind it.
+template <typename Take>
+bool ElementTable::eachAttribute(int row, int left, int right, bool shown, Take take) const {
     const int brought = shown ? columns_.broughtBy(row) : -1;
     int likely = 0;
-    for (AttributeWalk pairs(node.TagView()); pairs.next(); ++likely) {
+    for (AttributeWalk pairs(element(row).TagView()); pairs.next(); ++likely) {
         const int place = columns_.find(pairs.name(), likely);
         if (brought >= 0 && place == brought)
-            return found; // neither this attribute is shown nor anything behind it
+            return false;
         const int column = place + Columns::kFirst;
         if (place >= 0 && column >= left && column <= right)
-            found[static_cast<std::size_t>(column - left)] = pairs.value();
+            take(column, pairs.value());
         likely = place >= 0 ? place : likely;
     }
-    if (right == textColumn())
+    return true;
+}
+
+std::vector<CompactView> ElementTable::values(int row, int left, int right, bool shown) const {
+    std::vector<CompactView> found(static_cast<std::size_t>(std::max(right - left + 1, 0)));
+    if (!element(row) || found.empty())
+        return found;
+    const auto take = [&](int column, CompactView value) {
+        found[static_cast<std::size_t>(column - left)] = value;
+    };
+    if (eachAttribute(row, left, right, shown, take) && right == textColumn())
         found.back() = value(row, right);
     return found;
 }
@@ -108,20 +117,13 @@ std::vector<CompactView> ElementTable::values(int row, int left, int right, bool
 std::vector<int> ElementTable::filledColumns(int row, int left, int right, bool shown) const {
     std::vector<int> found;
     const TreeNode node = element(row);
-    if (!node)
-        return found;
-    const int brought = shown ? columns_.broughtBy(row) : -1;
-    int likely = 0;
-    for (AttributeWalk pairs(node.TagView()); pairs.next(); ++likely) {
-        const int place = columns_.find(pairs.name(), likely);
-        if (brought >= 0 && place == brought)
-            return found; // neither this attribute is shown nor anything behind it
-        const int column = place + Columns::kFirst;
-        if (place >= 0 && column >= left && column <= right && !(shown && pairs.value().isEmpty()))
+    const auto take = [&](int column, CompactView value) {
+        if (!shown || !value.isEmpty())
             found.push_back(column);
-        likely = place >= 0 ? place : likely;
-    }
-    const TreeNode text = right == textColumn() ? m_tvXML::FirstTextChild(node) : TreeNode();
+    };
+    if (!node || !eachAttribute(row, left, right, shown, take) || right != textColumn())
+        return found;
+    const TreeNode text = m_tvXML::FirstTextChild(node);
     if (text && !(shown && text.TagView().isEmpty()))
         found.push_back(right);
     return found;

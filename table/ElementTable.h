@@ -56,6 +56,7 @@ public:
     bool columnsStandAfter(int row) const;
 
 private:
+    template <typename Take> bool eachAttribute(int row, int left, int right, bool shown, Take take) const;
     QString label(int row) const;
     bool mayBeRewritten(int row, int column, text::CompactView shown) const;
 
