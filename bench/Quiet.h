@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <cstdio>
 #include <cstdlib>
 
@@ -18,6 +19,14 @@ template <typename Act> double Milliseconds(Act act) {
     timer.start();
     act();
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+/// Resident memory in MB.
+inline double Resident() {
+    QFile file(QStringLiteral("/proc/self/statm"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    return file.readAll().split(' ').value(1).toDouble() * 4096 / 1e6;
 }
 
 class NoPrompts : public services::Prompts {
@@ -38,9 +47,11 @@ public:
 
 class NoClipboard : public services::Clipboard {
 public:
+    QString text;        ///< what commands find there
+    qsizetype taken = 0; ///< characters that came last; they aren't kept
     void Clear() override {}
-    void SetText(const QString&) override {}
-    QString GetText() override { return {}; }
+    void SetText(const QString& given) override { taken = given.size(); }
+    QString GetText() override { return text; }
 };
 
 class NoBar : public services::Progress {
@@ -68,6 +79,7 @@ public:
         std::fflush(stdout);
     }
     Application& app() { return app_; }
+    NoClipboard& clipboard() { return noClipboard_; }
     DocumentWindow& window() { return *frame_.ActiveForm(); }
 
 private:

@@ -11,20 +11,12 @@
 #include "textview/TextLink.h"
 #include "textview/TextState.h"
 #include "textview/Undo.h"
-#include <QFile>
 #include <cstring>
 
 namespace {
 
 using bench::Milliseconds;
-
-// Resident memory in MB.
-double Resident() {
-    QFile file(QStringLiteral("/proc/self/statm"));
-    if (!file.open(QIODevice::ReadOnly))
-        return 0;
-    return file.readAll().split(' ').value(1).toDouble() * 4096 / 1e6;
-}
+using bench::Resident;
 
 // The last string of the document, by the search of the text view and by one over plain memory.
 void Find(DocumentWindow& window) {

@@ -9,37 +9,24 @@
 #include "nodes/MoveNodes.h"
 #include "textview/Undo.h"
 #include <QApplication>
-#include <QTreeView>
 
 namespace {
 
 using controls::TreeNode;
 
-void Paint(QTreeView& view) {
+void Paint(desktop::TreeWidget& view) {
     for (int i = 0; i < 3; ++i)
         QCoreApplication::processEvents();
     view.viewport()->repaint();
 }
 
-template <typename Act> void Time(QTreeView& view, const char* what, Act act) {
+template <typename Act> void Time(desktop::TreeWidget& view, const char* what, Act act) {
     const double took = bench::Milliseconds([&] {
         act();
         Paint(view);
     });
     std::printf("%s: %.0f ms\n", what, took);
     std::fflush(stdout);
-}
-
-void OpenAll(TreeNode root) {
-    std::vector<TreeNode> nodes{root};
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        for (TreeNode child = nodes[i].Child(); child; child = child.Next()) {
-            if (child.Child())
-                nodes.push_back(child);
-        }
-    }
-    for (auto node = nodes.rbegin(); node != nodes.rend(); ++node)
-        node->SetExpanded(true);
 }
 
 /// The middle child of the root element.
@@ -59,12 +46,10 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     bench::Quiet quiet(argc, argv, "bench_tree FILE");
     DocumentWindow& window = quiet.window();
-    QTreeView view;
-    view.setUniformRowHeights(true);
-    view.setHeaderHidden(true);
+    desktop::TreeWidget view;
     view.resize(400, 700);
-    OpenAll(window.tvXML.Nodes(1));
     const desktop::TreeAdapter adapter(window.tvXML, view, nullptr);
+    view.expandRecursively(view.model()->index(0, 0));
     Time(view, "show", [&] { view.show(); });
     Time(view, "select", [&] { edit::SelectNode(window, Middle(window)); });
     Time(view, "move down", [&] { nodes::MoveUpDownOneNodeAtTree(window, false); });

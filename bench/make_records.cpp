@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// make_records OUT MEGABYTES [orders|lines]: writes a document of at least MEGABYTES * 1,000,000 bytes, the
-// same one every time.
+// make_records OUT MEGABYTES [orders|lines|rows|names]: writes a document of at least MEGABYTES * 1,000,000
+// bytes, the same one every time.
 //   orders  records with customer, items, price, note and total; a 100 MB file has 2.7 million elements, 2.5
 //   million
 //           attributes and 1.9 million texts
 //   lines   one element with nothing but small children: 490,000 of them in a 20 MB file
+//   rows    a table: children with eight attributes each, 970,000 of them in a 120 MB file
+//   names   children with 2,000 names in turn
 #include <array>
 #include <cerrno>
 #include <cstdint>
@@ -93,19 +95,44 @@ void appendLine(std::string& out, Sequence& sequence, std::uint32_t serial) {
     out += "</line>\n";
 }
 
+void appendRow(std::string& out, Sequence& sequence, std::uint32_t serial) {
+    out +=
+        "<row nr=\"" + number(serial, 7) + "\" sku=\"ST-" + number(sequence.below(10000), 4) + "\" goods=\"";
+    out += sequence.oneOf(kGoods);
+    out += "\" country=\"";
+    out += sequence.oneOf(kCountries);
+    out += "\" price=\"" + amount(100 + sequence.below(4900)) + "\" quantity=\"" +
+           std::to_string(1 + sequence.below(12)) + "\" unit=\"";
+    out += sequence.oneOf(kUnits);
+    out += "\" date=\"2024-" + number(1 + sequence.below(12), 2) + "-" + number(1 + sequence.below(28), 2) +
+           "\"/>\n";
+}
+
+void appendName(std::string& out, Sequence&, std::uint32_t serial) {
+    constexpr std::uint32_t kNames = 2000;
+    out += "<name" + std::to_string(serial % kNames) + " nr=\"" + number(serial, 7) + "\"/>\n";
+}
+
+using AppendRecord = void (*)(std::string&, Sequence&, std::uint32_t);
+
+AppendRecord recordsOf(std::string_view shape) {
+    return shape == "orders"  ? appendOrder
+           : shape == "lines" ? appendLine
+           : shape == "rows"  ? appendRow
+           : shape == "names" ? appendName
+                              : nullptr;
+}
+
 bool write(std::FILE* file, std::string_view text) {
     return std::fwrite(text.data(), 1, text.size(), file) == text.size();
 }
 
-bool writeRecords(std::FILE* file, std::uint64_t bytes, bool lines) {
+bool writeRecords(std::FILE* file, std::uint64_t bytes, AppendRecord append) {
     Sequence sequence;
     std::string block = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<records>\n";
     std::uint64_t written = 0;
     for (std::uint32_t serial = 1; written + block.size() < bytes; ++serial) {
-        if (lines)
-            appendLine(block, sequence, serial);
-        else
-            appendOrder(block, sequence, serial);
+        append(block, sequence, serial);
         if (block.size() > (1U << 20)) {
             if (!write(file, block))
                 return false;
@@ -121,12 +148,12 @@ bool writeRecords(std::FILE* file, std::uint64_t bytes, bool lines) {
 int main(int argc, char** argv) {
     const std::string_view shape = argc > 3 ? argv[3] : "orders";
     const unsigned long long megabytes = argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 0;
-    if (argc < 3 || argc > 4 || megabytes == 0 || (shape != "orders" && shape != "lines")) {
-        std::fputs("make_records OUT MEGABYTES [orders|lines]\n", stderr);
+    if (argc < 3 || argc > 4 || megabytes == 0 || !recordsOf(shape)) {
+        std::fputs("make_records OUT MEGABYTES [orders|lines|rows|names]\n", stderr);
         return 2;
     }
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(argv[1], "wb"), &std::fclose);
-    if (!file || !writeRecords(file.get(), megabytes * 1000000, shape == "lines") ||
+    if (!file || !writeRecords(file.get(), megabytes * 1000000, recordsOf(shape)) ||
         std::fclose(file.release()) != 0) {
         std::fprintf(stderr, "%s: %s\n", argv[1], std::strerror(errno));
         return 1;

@@ -117,7 +117,7 @@ QString AddNewTreeNodeText(DocumentWindow& window, bool noEdit, bool asChild, co
             window.tvXML.SetSelectedItem(selected.Parent());
         if (noEdit)
             return added.Key();
-        if (edit::Shows(window, edit::kTextTab)) // an empty text can't be seen there (quirk 132)
+        if (edit::Shows(window, edit::kTextTab)) // an empty text can't be seen there (quirk 83)
             edit::ShowView(window, edit::kListTab);
         EditInList(window, origin, added.Key());
         return added.Key();

@@ -2,16 +2,15 @@
 #include "nodes/FinishEdits.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
-#include "nodes/ListCommit.h"
-#include "nodes/ListState.h"
+#include "core/edit/View.h"
 
 namespace nodes {
 
 bool FinishEdits(DocumentWindow& window) {
     window.tvXML.FinishLabelEdit();
     window.ListView1.FinishLabelEdit();
-    txtListView_LostFocus(window);
-    return !window.tvXML.LabelKept() && !window.ListView1.LabelKept() && !ListOf(window).bRefused;
+    const bool cells = edit::FinishCells(window);
+    return cells && !window.tvXML.LabelKept() && !window.ListView1.LabelKept();
 }
 
 bool FinishAllEdits(DocumentWindow& window) {

@@ -6,7 +6,9 @@
 
 namespace nodes {
 
-void KeepCopy(DocumentWindow& window, int view, const QString& key, const QString& text,
+namespace {
+
+void NoteCopy(DocumentWindow& window, int view, const QString& key, const QString& text,
               const QString& attributes) {
     edit::CopySlot& slot = edit::LastCopy(window.app);
     slot.clipboardSource = &window;
@@ -15,7 +17,20 @@ void KeepCopy(DocumentWindow& window, int view, const QString& key, const QStrin
     slot.copiedText = text;
     slot.copiedAttributes = attributes;
     window.app.services.clipboard.Clear();
+}
+
+} // namespace
+
+void KeepCopy(DocumentWindow& window, int view, const QString& key, const QString& text,
+              const QString& attributes) {
+    NoteCopy(window, view, key, text, attributes);
     window.app.services.clipboard.SetText(text);
+}
+
+void KeepCopy(DocumentWindow& window, int view, const QString& key,
+              const services::ClipboardContents& contents) {
+    NoteCopy(window, view, key, contents.text, {});
+    window.app.services.clipboard.SetContents(contents);
 }
 
 bool TellWhatCopyLacks(Application& app, const std::vector<controls::TreeNode>& copied) {

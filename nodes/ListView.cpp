@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nodes/ListView.h"
+#include "nodes/ListCommit.h"
 #include "nodes/ListEvents.h"
 #include "nodes/ListState.h"
 #include "nodes/ShowListView.h"
@@ -41,6 +42,15 @@ void Refresh(DocumentWindow& window, bool) {
         ShowListView(window);
 }
 
+bool Finish(DocumentWindow& window) {
+    txtListView_LostFocus(window);
+    return !ListOf(window).bRefused;
+}
+
+controls::TextBox* OpenCell(DocumentWindow& window) {
+    return window.txtListView.Visible() ? &window.txtListView : nullptr;
+}
+
 MenuSituation Situation(DocumentWindow& window) {
     const bool selected = window.ListView1.SelectedItem() > 0 || ListOf(window).mbIsEditValue;
     return selected ? MenuSituation::ListSelected : MenuSituation::ListUnselected;
@@ -56,9 +66,9 @@ const edit::View& ListView() {
                                      .load = Load,
                                      .show = Show,
                                      .refresh = Refresh,
-                                     .leave = nullptr,
-                                     .situation = Situation,
-                                     .unload = nullptr};
+                                     .finish = Finish,
+                                     .openCell = OpenCell,
+                                     .situation = Situation};
     return view;
 }
 

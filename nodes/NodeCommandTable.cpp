@@ -97,28 +97,27 @@ void EditValueOfNode(DocumentWindow& window) {
 
 // --- in a cell --------------------------------------------------------------------------------------------
 
-bool CopyInCell(DocumentWindow& window) {
-    const controls::TextBox& cell = window.txtListView;
+bool CopyInCell(DocumentWindow& window, controls::TextBox& cell) {
     if (cell.SelLength() > 0)
         window.app.services.clipboard.SetText(cell.Text().mid(cell.SelStart(), cell.SelLength()));
     return true;
 }
 /// Without marked letters the row is meant.
-bool DeleteInCell(DocumentWindow& window) {
-    const bool marked = window.txtListView.SelLength() > 0;
+bool DeleteInCell(DocumentWindow&, controls::TextBox& cell) {
+    const bool marked = cell.SelLength() > 0;
     if (marked)
-        window.txtListView.SetSelText({});
+        cell.SetSelText({});
     return marked;
 }
-bool CutInCell(DocumentWindow& window) {
-    CopyInCell(window);
-    DeleteInCell(window);
+bool CutInCell(DocumentWindow& window, controls::TextBox& cell) {
+    CopyInCell(window, cell);
+    DeleteInCell(window, cell);
     return true;
 }
-bool PasteInCell(DocumentWindow& window) {
+bool PasteInCell(DocumentWindow& window, controls::TextBox& cell) {
     const QString text = window.app.services.clipboard.GetText();
     if (!text.isEmpty())
-        window.txtListView.SetSelText(text);
+        cell.SetSelText(text);
     return true;
 }
 

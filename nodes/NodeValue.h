@@ -16,7 +16,7 @@ QString ValueProbe(int kind, controls::TreeNode node, const QString& value, cons
 std::optional<QString> TakeValue(Application& app, int kind, controls::TreeNode node, const QString& value,
                                  const QString& attribute);
 
-/// Gives an attribute a value, or adds it. One that the list shows in any case (quirk 111) goes when its
+/// Gives an attribute a value, or adds it. One that the list shows in any case (quirk 88) goes when its
 /// value is emptied.
 void SetAttribute(DocumentWindow& window, controls::TreeNode element, const QString& name,
                   const QString& value);

@@ -84,8 +84,8 @@ qsizetype FindLocation(const Attributes& all, const QString& local) {
     return -1;
 }
 
-// The prefix is declared unless there is one: declared twice it would make the document unreadable (quirk
-// 115), and "xsi" may be another namespace's (quirk 170).
+// The prefix is declared unless there is one: declared twice it would make the document unreadable
+// (quirk 92), and "xsi" may be another namespace's (quirk 130).
 QString DeclaredPrefix(Attributes& all) {
     const QString first = InstancePrefixes(all).value(0);
     if (!first.isEmpty() && all.contains(kDeclaration + first))
@@ -124,7 +124,7 @@ bool MayReplaceLocation(DocumentWindow& window) {
                services::Buttons::YesNo) == services::Answer::Yes;
 }
 
-// A blank would part the name in a list of names (quirk 114).
+// A blank would part the name in a list of names (quirk 91).
 void ReplaceInList(Attributes& all, qsizetype at, QString schemaFile) {
     QString list = WithoutReferences(all.value(at));
     const Stretch stretch = LocationIn(list);

@@ -200,7 +200,7 @@ bool ValidateSchemaFile(DocumentWindow& window, Tell tell) {
 }
 
 // A command that had the text read goes on with its own node, and one who saves goes on typing: no box and no
-// other place come between (quirk 116).
+// other place come between (quirk 93).
 void CheckAfterReading(DocumentWindow& window) {
     SchemaState& state = SchemaOf(window);
     state.unchecked = state.saving;

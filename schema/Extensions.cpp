@@ -52,7 +52,7 @@ void Declare(DocumentWindow& window, TreeNode schema, const Extension& extension
     if (schema.Tag().contains(declaration))
         return;
     const QString name = QStringLiteral("xmlns:") + QLatin1String(extension.prefix);
-    if (m_tvXML::Attributes(schema).contains(name)) { // quirk 112
+    if (m_tvXML::Attributes(schema).contains(name)) { // quirk 89
         edit::Message(window.app, name + QStringLiteral(" is declared already, for another namespace."));
         return;
     }
@@ -64,7 +64,7 @@ void TakeDeclarationAway(DocumentWindow& window, TreeNode schema, const Extensio
     if (!schema.Tag().contains(declaration))
         return;
     const QString prefix = QLatin1String(extension.prefix) + QStringLiteral(":");
-    if (IsPrefixInUse(schema, prefix)) { // quirk 113
+    if (IsPrefixInUse(schema, prefix)) { // quirk 90
         edit::Message(window.app,
                       QStringLiteral("Names with the prefix %1 stay, and their declaration with them.")
                           .arg(QLatin1String(extension.prefix)));

@@ -9,7 +9,7 @@
 
 namespace schema {
 
-// The row that the menu is for takes it (quirk 110).
+// The row that the menu is for takes it (quirk 87).
 void NewSchemaStuff(DocumentWindow& window, const QString& name) {
     if (window.miPopupContext == kContextList && nodes::SelectedRowKind(window) == m_tvXML::kElement)
         AddNewListViewElementByXSDName(window, name);

@@ -50,9 +50,9 @@ constexpr InsertEntry kEntries[] = {
     {"mnuNewSUnion", "union"},
     {"mnuNewSUnique", "unique"},
     {"mnuNewSSeq", "sequence"},
-    {"mnuNewSAll", "all"},
     // A choice is a sequence that is switched in the list.
-    {"mnuNewSChoice", nullptr},
+    {"mnuNewSChoice", "choice", false},
+    {"mnuNewSAll", "all"},
 };
 
 /// What an element is offered: the entries without the "mnuNewS" that all of them begin with.

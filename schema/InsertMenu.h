@@ -10,7 +10,8 @@ namespace schema {
 
 struct InsertEntry {
     const char* entry;
-    const char* element; ///< local name of what it inserts; null: nothing
+    const char* element; ///< local name of what it inserts, and its caption
+    bool inserts = true;
 };
 inline constexpr std::size_t kInsertEntries = 42;
 std::span<const InsertEntry, kInsertEntries> InsertEntries();

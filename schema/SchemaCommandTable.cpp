@@ -63,8 +63,8 @@ template <std::size_t number> bool InsertFits(const Target& target) {
 }
 
 template <std::size_t number> void Insert(DocumentWindow& window) {
-    if (const char* element = InsertEntries()[number].element)
-        NewSchemaStuff(window, QLatin1String(element));
+    if (InsertEntries()[number].inserts)
+        NewSchemaStuff(window, QLatin1String(InsertEntries()[number].element));
 }
 
 template <std::size_t... numbers> std::vector<edit::Command> AllCommands(std::index_sequence<numbers...>) {

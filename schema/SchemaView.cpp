@@ -11,7 +11,7 @@ void Load(DocumentWindow& window) {
     window.txtSchema.SetFont(window.app.options.TextName, window.app.options.TextSize);
 }
 
-// It is looked for when it is looked at (quirk 118), and read again each time.
+// It is looked for when it is looked at (quirk 95), and read again each time.
 void Show(DocumentWindow& window) {
     ShowSchemaOrDTD(window);
     window.txtSchema.SetFocus();

@@ -79,7 +79,7 @@ bool IsSpecialNodeByName(const QString& name) {
            local == QStringLiteral("choice");
 }
 
-// With the prefix as it is now (quirk 119).
+// With the prefix as it is now (quirk 96).
 QStringList NamesOffered(DocumentWindow& window, const QString& elementName) {
     if (!IsSpecialNodeByName(elementName))
         return {};

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/Commands.h"
 #include "core/edit/Guard.h"
+#include "exchange/dialogs/ExchangeCommandTable.h"
 #include "nodes/NodeCommandTable.h"
 #include "schema/SchemaCommandTable.h"
 #include "shell/FrameCommands.h"
 #include "shell/RunCommand.h"
+#include "table/TableCommandTable.h"
 #include "textview/TextCommandTable.h"
 #include "window/WindowKinds.h"
 #include <algorithm>
@@ -20,8 +22,10 @@ bool Same(const char* a, const char* b) {
 
 /// What rooms do in their views when a command of another room is chosen.
 std::vector<edit::CommandForm> FormsOfViews() {
-    const std::span<const edit::CommandForm> text = textview::TextForms();
-    return {text.begin(), text.end()};
+    std::vector<edit::CommandForm> forms;
+    for (const auto& room : {textview::TextForms(), table::TableForms()})
+        forms.insert(forms.end(), room.begin(), room.end());
+    return forms;
 }
 
 /// A command's own forms and those that other rooms give it.
@@ -65,6 +69,8 @@ Commands::Commands(FrameParts& frame) : frame_(frame) {
     AddViews();
     AddCommands(nodes::NodeCommands());
     AddCommands(textview::TextCommands());
+    AddCommands(exchange::ExchangeCommands());
+    AddCommands(table::TableCommands());
     AddCommands(schema::SchemaCommands());
     RefuseFormsWithoutCommand(Offers());
 }

@@ -2,6 +2,7 @@
 #include "shell/FrameCommands.h"
 #include "core/edit/Journal.h"
 #include "core/edit/Save.h"
+#include "exchange/dialogs/ExchangeDialogs.h"
 #include "nodes/FinishEdits.h"
 #include "shell/OpenDialog.h"
 #include "window/WindowKinds.h"
@@ -11,7 +12,6 @@ namespace shell {
 namespace {
 
 using edit::In;
-using edit::Target;
 
 // --- files ------------------------------------------------------------------------------------------------
 
@@ -65,6 +65,13 @@ void cmbAddress_Click(FrameParts& frame, int) {
     frame.addressBox.cmbAddress_Click();
 }
 
+void mnuViewChart_Click(FrameParts& frame, int index) {
+    // The last two kinds have numbers of their own.
+    constexpr int kTypes[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, controls::ch2dPie, controls::ch2dXY};
+    if (DocumentWindow* window = frame.windows.ActiveForm())
+        window->chtAna.SetChartType(kTypes[index]);
+}
+
 // --- dialogs ----------------------------------------------------------------------------------------------
 
 void mnuEditPopupEditNode_Click(FrameParts& frame, int) {
@@ -73,6 +80,15 @@ void mnuEditPopupEditNode_Click(FrameParts& frame, int) {
 }
 void mnuToolOptions_Click(FrameParts& frame, int) {
     frame.dialogs.ShowOptions();
+}
+void mnuTImpText_Click(FrameParts& frame, int) {
+    exchange::DialogsOf(frame.app).ShowImportTxt();
+}
+void mnuTImpDbData_Click(FrameParts& frame, int) {
+    exchange::DialogsOf(frame.app).ShowImportDB();
+}
+void mnuSCds_Click(FrameParts& frame, int) {
+    exchange::DialogsOf(frame.app).ShowCreateDBSchema();
 }
 void mnuHelpAbout_Click(FrameParts& frame, int) {
     frame.app.services.prompts.MsgBox(
@@ -84,17 +100,11 @@ void mnuHelpAbout_Click(FrameParts& frame, int) {
 
 // --- the commands -----------------------------------------------------------------------------------------
 
-bool ShowsTable(const Target& target) {
-    return target.view == edit::kViewTable;
-}
-
 // clang-format off
 //                             none tree   list   text   table  other
 //                                 root node sel none sel none sel none
 constexpr char kAlways[] =    "E  - -  - -  - -  - -  -";
 constexpr char kDocument[] =  "D  - -  - -  - -  - -  D";
-constexpr char kCells[] =     "D  D D  D D  D D  E -  D";
-constexpr char kTableOnly[] = "D  k k  k k  k k  k k  k";
 constexpr char kNever[] =     "D  D D  D D  D D  D D  D";
 // clang-format on
 
@@ -112,9 +122,8 @@ constexpr FrameCommand kCommands[] = {
     {{{{"mnuFileExit"}}, {}, kAlways}, mnuFileExit_Click},
 
     {{{{"mnuEditPopupEditNode"}}, {"tbListEdit", "popedit"}, kDocument}, mnuEditPopupEditNode_Click},
-    {{{{"mnuCopyAsHTML"}}, {}, kCells}},
-    {{{{"mnuSortAZ", ShowsTable}}, {"tbCommonEdit", "az"}, kTableOnly}},
-    {{{{"mnuSortZA", ShowsTable}}, {"tbCommonEdit", "za"}, kTableOnly}},
+
+    {{{{"mnuViewChart"}}, {}, nullptr, In::XMLWindow}, mnuViewChart_Click},
 
     {{{{"mnuWindowCascade"}}}, Arrange<vbCascade>},
     {{{{"mnuWindowTileHorizontal"}}}, Arrange<vbTileHorizontal>},
@@ -128,6 +137,10 @@ constexpr FrameCommand kCommands[] = {
     {{{{"mnuToolOptions"}}, {}, kAlways}, mnuToolOptions_Click},
     {{{{"mnuHelpAbout"}}, {}, kAlways}, mnuHelpAbout_Click},
 
+    {{{{"mnuTImpText"}}, {}, kAlways}, mnuTImpText_Click},
+    {{{{"mnuTImpDbData"}}, {}, kAlways}, mnuTImpDbData_Click},
+    {{{{"mnuSCds"}}, {}, kAlways}, mnuSCds_Click},
+
     // Menus that can be opened without a window.
     {{{{"mnuFile"}, {"mnuEdit"}, {"mnuXML"}}, {}, kAlways}},
     {{{{"mnuTool"}, {"mnuWindow"}, {"mnuHelp"}}, {}, kAlways}},
@@ -135,8 +148,6 @@ constexpr FrameCommand kCommands[] = {
 
     // Not there yet.
     {{{{"mnuHelpContents"}, {"mnuShowonlinehelp"}}, {}, kAlways}},
-    {{{{"mnuTImpText"}, {"mnuTImpDbData"}, {"mnuSCds"}}, {}, kAlways}},
-    {{{{"mnuTExpToText"}, {"mnuTExpToDb"}}, {}, nullptr, In::XMLWindow}},
     {{{{"mnuGenSchema"}}, {}, nullptr, In::XMLWindow}},
     {{{{"mnuTCDBSOnSchema"}, {"mnuTHtmlToXml2"}, {"mnuNewSNone"}}, {}, kNever}},
 };

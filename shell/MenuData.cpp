@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/MenuData.h"
+#include "schema/InsertMenu.h"
 #include <span>
 
 namespace shell {
@@ -168,69 +169,17 @@ constexpr Row kPopup[] = {
     {"mnuEditAttrP", "编辑值", "", "document-edit"},
 };
 
-// The entries that insert schema elements. "appInfo" with a capital I and "choice" without a command behind
-// it are right as they stand.
-constexpr Row kSchemaElements[] = {
-    {"mnuNewSElement", "element"},
-    {"mnuNewSAttribute", "attribute"},
-    {"mnuNewSAttrG", "attributeGroup"},
-    {"mnuNewSGroup", "group"},
-    {"mnuNewSComplexType", "complexType"},
-    {"mnuNewSSimpleType", "simpleType"},
-    {"mnuNewSAnnotation", "annotation"},
-    {"mnuNewSDoc", "documentation"},
-    {"mnuNewSNotation", "notation"},
-    {"mnuNewSCContent", "complexContent"},
-    {"mnuNewSSContent", "simpleContent"},
-    {"mnuNewSExt", "extension"},
-    {"mnuNewSRestriction", "restriction"},
-    {"mnuNewSSchema", "schema"},
-    {"mnuNewSAny", "any"},
-    {"mnuNewSAnyAttr", "anyAttribute"},
-    {"mnuNewSAppInfo", "appInfo"},
-    {"mnuNewSEnum", "enumeration"},
-    {"mnuNewSField", "field"},
-    {"mnuNewSImport", "import"},
-    {"mnuNewSInclude", "include"},
-    {"mnuNewSKey", "key"},
-    {"mnuNewSKeyRef", "keyref"},
-    {"mnuNewSLength", "length"},
-    {"mnuNewSList", "list"},
-    {"mnuNewSMInc", "maxInclusive"},
-    {"mnuNewSMExc", "maxExclusive"},
-    {"mnuNewSMLen", "maxLength"},
-    {"mnuNewSMiInc", "minInclusive"},
-    {"mnuNewSMiExc", "minExclusive"},
-    {"mnuNewSMiLen", "minLength"},
-    {"mnuNewSFDig", "fractionDigits"},
-    {"mnuNewSTDig", "totalDigits"},
-    {"mnuNewSWSpace", "whiteSpace"},
-    {"mnuNewSPattern", "pattern"},
-    {"mnuNewSRedefine", "redefine"},
-    {"mnuNewSSelector", "selector"},
-    {"mnuNewSUnion", "union"},
-    {"mnuNewSUnique", "unique"},
-    {"mnuNewSSeq", "sequence"},
-    {"mnuNewSChoice", "choice"},
-    {"mnuNewSAll", "all"},
-    {"mnuNewSNone", "(none)"},
-};
-
 struct TopMenu {
     const char* name;
     const char* caption;
     std::span<const Row> rows;
 };
+// What can be inserted into a schema: the entries are told by the room that inserts.
+constexpr char kInserts[] = "mnuXSD";
 constexpr TopMenu kMenus[] = {
-    {"mnuFile", "文件(&F)", kFile},
-    {"mnuEdit", "编辑(&E)", kEdit},
-    {"mnuXML", "XML(&X)", kXml},
-    {"mnuSchema", "S&chema", kSchema},
-    {"mnuXSD", "&Schema设计", kSchemaElements},
-    {"mnuView", "视图(&V)", kView},
-    {"mnuTool", "工具(&T)", kTool},
-    {"mnuWindow", "窗口(&W)", kWindow},
-    {"mnuHelp", "帮助(&H)", kHelp},
+    {"mnuFile", "文件(&F)", kFile},    {"mnuEdit", "编辑(&E)", kEdit},     {"mnuXML", "XML(&X)", kXml},
+    {"mnuSchema", "S&chema", kSchema}, {kInserts, "&Schema设计", {}},      {"mnuView", "视图(&V)", kView},
+    {"mnuTool", "工具(&T)", kTool},    {"mnuWindow", "窗口(&W)", kWindow}, {"mnuHelp", "帮助(&H)", kHelp},
     {"mnuPopup", "Popup", kPopup},
 };
 
@@ -267,6 +216,12 @@ void Fill(controls::MenuItem& menu, std::span<const Row> rows) {
     }
 }
 
+void FillInserts(controls::MenuItem& menu) {
+    for (const schema::InsertEntry& one : schema::InsertEntries())
+        Append(menu, {one.entry, one.element});
+    Append(menu, {"mnuNewSNone", "(none)"});
+}
+
 } // namespace
 
 std::vector<std::unique_ptr<controls::MenuItem>> BuildMenus() {
@@ -276,6 +231,8 @@ std::vector<std::unique_ptr<controls::MenuItem>> BuildMenus() {
         menu->Name = QString::fromUtf8(top.name);
         menu->SetCaption(QString::fromUtf8(top.caption));
         Fill(*menu, top.rows);
+        if (top.name == kInserts)
+            FillInserts(*menu);
         menus.push_back(std::move(menu));
     }
     return menus;

@@ -2,7 +2,6 @@
 #include "shell/MenuInputs.h"
 #include "core/edit/CopySlot.h"
 #include "core/model/NodeNumbers.h"
-#include "nodes/ListState.h"
 #include "schema/Diagnostics.h"
 #include "textview/TextState.h"
 
@@ -12,14 +11,19 @@ namespace {
 
 using controls::TreeNode;
 
+// Texts and cells take any text (quirk 73).
+bool TakesAnyText(MenuSituation situation) {
+    return situation == MenuSituation::TextSelected || situation == MenuSituation::TextUnselected ||
+           situation == MenuSituation::TableSelected;
+}
+
 // A node has been copied in this program, even if its document has been closed since, or XML in another
-// (quirk 62); a text takes any text.
+// (quirk 62).
 bool CanPaste(DocumentWindow& window, MenuSituation situation, bool editsCell) {
     if (!edit::LastCopy(window.app).copiedText.isEmpty())
         return true;
     services::Clipboard& clipboard = window.app.services.clipboard;
-    const bool text = situation == MenuSituation::TextSelected || situation == MenuSituation::TextUnselected;
-    return text || editsCell ? clipboard.HasText() : clipboard.HasXml();
+    return TakesAnyText(situation) || editsCell ? clipboard.HasText() : clipboard.HasXml();
 }
 
 TreeNode NodeOf(DocumentWindow& window, MenuSituation situation) {
@@ -38,7 +42,7 @@ edit::Target TargetOf(DocumentWindow& window, MenuSituation situation) {
     target.atRootLevel = node && m_tvXML::IsTreeRoot(node.Parent());
     target.hasLevelAbove = current && !m_tvXML::IsTreeRoot(current);
     target.hasRootElement = m_tvXML::HaveElementNodeAtXMLRootLevel(window.tvXML);
-    target.editsCell = nodes::ListOf(window).mbIsEditValue;
+    target.editsCell = edit::OpenCell(window) != nullptr;
     target.canPaste = CanPaste(window, situation, target.editsCell);
     target.canUndo = text.UndoPos > 0;
     target.canRedo = text.UndoPos < std::ssize(text.undoStack);

@@ -38,7 +38,7 @@ bool ReadTextAround(DocumentWindow& window) {
 }
 
 // A caret that has been moved by keys is in a node that isn't current yet, and the command is meant for that
-// (quirk 134).
+// (quirk 85).
 void FollowCaret(DocumentWindow& window) {
     if (edit::Shows(window, edit::kTextTab) && !window.TextInUse().IsMark())
         textview::SelectNodeAtCaret(window);
@@ -71,7 +71,8 @@ void RunForm(DocumentWindow& window, const edit::Command& command, std::span<con
 
 void RunCommand(DocumentWindow& window, const edit::Command& command, std::span<const edit::Form> forms) {
     const bool label = edit::IsNaming(window);
-    if (command.inCell && window.txtListView.Visible() && command.inCell(window))
+    controls::TextBox* cell = edit::OpenCell(window);
+    if (command.inCell && cell && command.inCell(window, *cell))
         return;
     if (command.inCell && label)
         nodes::FinishEdits(window); // the letters were meant, not the node that they are the name of

@@ -245,7 +245,7 @@ void Windows::CloseAll() {
     }
 }
 
-// All are asked about before one goes (quirk 135). Where the user backs out, those that they didn't want to
+// All are asked about before one goes (quirk 86). Where the user backs out, those that they didn't want to
 // save stay, and so does what is kept of them for the case of a crash.
 bool Windows::QueryUnload() {
     std::vector<DocumentWindow*> asked;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/model/Frame.h"
+#include "exchange/dialogs/ExchangeDialogs.h"
 #include "shell/Commands.h"
 #include "shell/FrameCommands.h"
 #include "shell/FrameParts.h"
@@ -76,6 +77,9 @@ public:
     controls::Event<textview::frmFind&>& findShown = parts_.dialogs.findShown;
     /// Likewise, until frmEditNodes::unloaded.
     controls::Event<nodes::frmEditNodes&>& editNodesShown = parts_.dialogs.editNodesShown;
+
+    /// The dialogs of data in and out.
+    exchange::ExchangeDialogs& exchangeDialogs = exchange::DialogsOf(app_);
 
     // --- commands -----------------------------------------------------------------------------------------
     void ErrorReportBox(const text::Fault& fault, const QString& routineName) override;

@@ -28,6 +28,8 @@ void InsertString(DocumentWindow& window, const QString& text) {
             InsertIntoPane(window, text);
         else if (edit::Shows(window, edit::kListTab) && window.txtListView.Visible())
             window.txtListView.SetSelText(text);
+        else if (edit::Shows(window, edit::kTableTab) && window.txtTView.Visible())
+            window.txtTView.SetSelText(text);
         else if (edit::Shows(window, edit::kSchemaTab))
             window.txtSchema.SetSelText(text);
     });

@@ -109,7 +109,7 @@ struct Command {
     Offer offer;
     Form forms[4] = {}; ///< nothing happens in a view without one
     /// The same on the text of a cell that is being edited; false where it has nothing to do there.
-    bool (*inCell)(DocumentWindow& window) = nullptr;
+    bool (*inCell)(DocumentWindow& window, controls::TextBox& cell) = nullptr;
     Before before = Before::ReadsText;
 };
 

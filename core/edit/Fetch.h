@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/model/FetchedText.h"
+#include "platform/services/Services.h"
 #include <QString>
 
 struct Application;
@@ -15,5 +16,8 @@ namespace edit {
 bool GetData(Application& app, const QString& address, FetchedText& fetched);
 bool GetFileData(Application& app, const QString& path, FetchedText& fetched);
 bool GetHttpData(Application& app, const QString& url, FetchedText& fetched);
+
+/// Why a file couldn't be read, as the user is told.
+QString ReadFailureText(const QString& path, const services::FileResult& result);
 
 } // namespace edit

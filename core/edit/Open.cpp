@@ -95,12 +95,14 @@ void FillWindow(DocumentWindow& window, const FetchedText& fetched) {
         const text::LongText& text = window.way->text(window);
         window.fileForm.openedText = text;
         if (!text.holdsOnly(u" \t\r\n"))
-            window.bond.msOpenText = text;
+            window.bond.msOpenText = fetched.made ? text::LongText() : text;
     }
     TakeMark(window, fetched.mark);
     TellPathAgain(window);
     edit.Close();
     JournalOf(window.app).Watch(window);
+    if (fetched.made)
+        JournalOf(window.app).Keep(window);
     FilesOf(window.app).Follow(window);
 }
 

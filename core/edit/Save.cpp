@@ -21,7 +21,7 @@ using services::Buttons;
 using services::Icon;
 
 // The user saves and goes nowhere: the next key belongs where they type, also in a text that doesn't parse,
-// whose error has been told (quirk 130).
+// whose error has been told (quirk 81).
 void ReadInPlace(DocumentWindow& window) {
     controls::RichTextBox& pane = window.TextInUse();
     const bool onShow = Shows(window, kTextTab);
@@ -45,7 +45,7 @@ bool BringTogether(DocumentWindow& window) {
 }
 
 // A text whose write was refused and that can't be kept in its journal either, on a full disk, say (quirk
-// 133).
+// 84).
 bool IsNowhereElse(DocumentWindow& window) {
     return FileOf(window).refused && !JournalOf(window.app).Keeps(window);
 }

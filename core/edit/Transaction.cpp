@@ -224,8 +224,8 @@ bool IsNaming(const DocumentWindow& window) {
     return window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0;
 }
 
-bool IsEditorOpen(const DocumentWindow& window) {
-    return IsNaming(window) || window.txtListView.Visible();
+bool IsEditorOpen(DocumentWindow& window) {
+    return IsNaming(window) || OpenCell(window);
 }
 
 bool IsAddingNewNode(const DocumentWindow& window) {

@@ -105,7 +105,7 @@ void HoldText(DocumentWindow& window, bool hold);
 /// A name is being typed over a label of tree or list.
 bool IsNaming(const DocumentWindow& window);
 /// A name is being typed, or a value in a cell.
-bool IsEditorOpen(const DocumentWindow& window);
+bool IsEditorOpen(DocumentWindow& window);
 
 /// A new node is under way: the selected node, or a child of it, has no name or text yet. The text waits.
 bool IsAddingNewNode(const DocumentWindow& window);

@@ -38,6 +38,21 @@ void ShowView(DocumentWindow& window, const char* key) {
         window.tbsXML.Select(QLatin1String(key));
 }
 
+bool FinishCells(DocumentWindow& window) {
+    bool done = true;
+    for (const View* view : window.views)
+        done = (!view->finish || view->finish(window)) && done;
+    return done;
+}
+
+controls::TextBox* OpenCell(DocumentWindow& window) {
+    for (const View* view : window.views) {
+        if (controls::TextBox* cell = view->openCell ? view->openCell(window) : nullptr)
+            return cell;
+    }
+    return nullptr;
+}
+
 MenuSituation SituationOf(DocumentWindow& window) {
     const View* view = ViewOnShow(window);
     if (view && view->situation && window.menuSide == MenuSide::View)

@@ -42,6 +42,10 @@ struct View {
     bool (*leave)(DocumentWindow& window) = nullptr;
     /// Another view is on show, or none is yet: what it puts up beside its own pane goes.
     void (*hide)(DocumentWindow& window) = nullptr;
+    /// What is being typed in a cell goes in. False where it was refused: it is there still.
+    bool (*finish)(DocumentWindow& window) = nullptr;
+    /// The text box in which a cell is being edited; null while none is open.
+    controls::TextBox* (*openCell)(DocumentWindow& window) = nullptr;
     /// What the menus offer while the view has the user's attention.
     MenuSituation (*situation)(DocumentWindow& window) = nullptr;
     /// The window is closing for good.
@@ -56,6 +60,12 @@ bool Shows(const DocumentWindow& window, const char* key);
 bool HasView(const DocumentWindow& window, const char* key);
 /// Chooses a tab, where the window has it.
 void ShowView(DocumentWindow& window, const char* key);
+
+/// What is being typed in a cell of any view goes in. False where it was refused: it is there still, and the
+/// user has been told why.
+bool FinishCells(DocumentWindow& window);
+/// The text box in which a cell of any view is being edited; null while none is open.
+controls::TextBox* OpenCell(DocumentWindow& window);
 
 /// The situation of the menus for a window as it stands.
 MenuSituation SituationOf(DocumentWindow& window);

@@ -26,13 +26,7 @@ QString NewUnknownLabel(const QString& text, const text::FileForm& form) {
 bool RefuseLoneHalf(Application& app, const QString& text, qsizetype position) {
     const QStringView before = QStringView(text).first(position);
     const qsizetype lineStart = before.lastIndexOf(u'\n') + 1;
-    app.services.prompts.MsgBox(
-        QStringLiteral(
-            "The character at line %1, position %2 is half of a pair and can not be saved. Nothing "
-            "was written.")
-            .arg(before.count(u'\n') + 1)
-            .arg(position - lineStart + 1),
-        Buttons::Ok, Icon::Exclamation);
+    TellLoneHalf(app, before.count(u'\n') + 1, position - lineStart + 1);
     return false;
 }
 
@@ -100,6 +94,26 @@ bool MayReplace(Application& app, const QString& name) {
                                        QStringLiteral("Save file ...")) == Answer::Yes;
 }
 
+void TellLoneHalf(Application& app, qsizetype line, qsizetype position) {
+    app.services.prompts.MsgBox(
+        QStringLiteral(
+            "The character at line %1, position %2 is half of a pair and can not be saved. Nothing "
+            "was written.")
+            .arg(line)
+            .arg(position),
+        Buttons::Ok, Icon::Exclamation);
+}
+
+// Where it isn't a matter of rights, the attributes would be the wrong place to look.
+void TellRefused(Application& app, const services::FileResult& result) {
+    const bool rights =
+        result.error == services::FileError::Permission || result.error == services::FileError::ReadOnly;
+    app.services.prompts.MsgBox(
+        rights ? result.description + QStringLiteral("\r\nPlease check file attributes (Read-only, etc).")
+               : result.description,
+        Buttons::Ok, Icon::Exclamation);
+}
+
 SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, text::FileForm* form,
                       services::FileMark* mark) try {
     text::FileForm plain;
@@ -113,14 +127,7 @@ SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, 
     services::FileStamp made;
     const services::FileResult result = app.services.files.Replace(target, encoded.bytes, &made);
     if (!result) {
-        // Where it isn't a matter of rights, the attributes would be the wrong place to look. Silence never
-        // is an answer: the window counts as saved from here on.
-        const bool rights =
-            result.error == services::FileError::Permission || result.error == services::FileError::ReadOnly;
-        app.services.prompts.MsgBox(
-            rights ? result.description + QStringLiteral("\r\nPlease check file attributes (Read-only, etc).")
-                   : result.description,
-            Buttons::Ok, Icon::Exclamation);
+        TellRefused(app, result); // silence never is an answer: the window counts as saved from here on
         return SaveOutcome::Refused;
     }
     text = changed;

@@ -24,6 +24,10 @@ enum class SaveOutcome {
 /// fits no encoding: the user is told where it stands. `mark`, if it isn't null, gets that of the new file.
 SaveOutcome WriteText(Application& app, QString& text, const QString& fileName, text::FileForm* form,
                       services::FileMark* mark = nullptr);
+/// The boxes about what isn't written: half of a surrogate pair at a line and a position in it, both from 1,
+/// and the system's refusal.
+void TellLoneHalf(Application& app, qsizetype line, qsizetype position);
+void TellRefused(Application& app, const services::FileResult& result);
 /// Two windows on one file would save over each other: tells of another window whose document has this name,
 /// in any spelling.
 bool IsOpenElsewhere(const DocumentWindow& window, const QString& name);

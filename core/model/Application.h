@@ -38,6 +38,7 @@ struct Work {
     int probes = 0; ///< of tiny documents around one name or value
     int texts = 0;  ///< the text written from the tree
     int listFills = 0;
+    int tableFills = 0;
     int paths = 0;
     int menuStates = 0;
     int toolbars = 0;

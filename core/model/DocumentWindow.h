@@ -4,7 +4,9 @@
 #include "core/model/Bond.h"
 #include "core/model/StateSlots.h"
 #include "core/model/WindowKind.h"
+#include "platform/controls/Chart.h"
 #include "platform/controls/Controls.h"
+#include "platform/controls/FlexGrid.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/RichTextBox.h"
 #include "platform/controls/TreeView.h"
@@ -46,12 +48,19 @@ struct DocumentWindow {
     controls::CommandButton cmdPop; ///< beside txtListView
     controls::Timer tmList{100};    ///< txtListView follows the scrolling of the list
     controls::RichTextBox rtxtXML, rtxtXML2;
-    controls::Timer tmText{400}; ///< a large document's tree follows undo and redo when the keys rest
-    controls::TabStrip tbsXML;   ///< tells which view shows
+    controls::Timer tmText{400};     ///< a large document's tree follows undo and redo when the keys rest
+    controls::TabStrip tbsXML;       ///< tells which view shows
+    controls::Pane pctTV;            ///< the sheet in pctTableView that the grids lie on
+    controls::ScrollBar vsTableView; ///< beside it
+    controls::FlexGridArray hfgrdTableView; ///< a table each
+    controls::TextBox txtTView;             ///< edits a cell of a grid
+    controls::TextBox txtTViewHeader;       ///< edits the name of a column
+    controls::ComboBox cmbSum;              ///< chooses what a cell below a column tells of it
     controls::TextBox txtXPath;
     controls::RichTextBox txtSchema; ///< to be read only
     controls::WebBrowser IE;
-    controls::Pane pctText, pctTableView, chtAna, pctLHSplit, pctSplitText;
+    controls::Pane pctText, pctTableView, pctLHSplit, pctSplitText;
+    controls::Chart chtAna;           ///< of what is selected in a table
     controls::Event<> captionChanged; ///< it is shown otherwise now
 
     // --- the document -----------------------------------------------------------------------------------

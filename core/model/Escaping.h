@@ -13,6 +13,9 @@ QString convertStringToXML(const QString& text);
 void AppendText(text::CompactBuilder& out, text::CompactView value);
 /// An attribute's value: the same, and line ends and tabs, which would be blanks.
 void AppendAttributeValue(text::CompactBuilder& out, text::CompactView value);
+/// What an escaped value or text says: the five entities and references by number as their characters. What
+/// is none of these stays.
+QString WithoutReferences(const QString& escaped);
 /// Line ends and tabs of an attribute's value that is escaped already (quirk 33).
 QString WithLineEndReferences(QString value);
 

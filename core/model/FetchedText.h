@@ -16,6 +16,7 @@ struct FetchedText {
     text::FileForm form;
     std::optional<services::FileMark> mark; ///< of the file that it was read from
     bool cancelled = false;                 ///< the user stopped the fetching: nothing is to follow
+    bool made = false; ///< by the program: it stands in no file yet, and counts as changed (quirk 99)
     /// The text taken apart, also where that failed; nothing before that. What parses the text
     /// first takes it along, so that a large one isn't kept longer than it is needed.
     mutable std::shared_ptr<xml::ParsedDocument> parsed;

@@ -61,11 +61,11 @@ QString ProbeResult::reason() const {
 
 // A quote or a blank in what was typed can begin another attribute, and the parser has nothing against that:
 // what is meant to be one name or value must be one.
-ProbeResult Probe(Application& app, const QString& document, int attributes) {
+ProbeResult Probe(Application& app, const QString& document, int attributes, xml::Prefixes prefixes) {
     ++app.work.probes;
     xml::ParsedDocument parsed;
     ProbeResult result;
-    if (!parsed.loadXML(document))
+    if (!parsed.loadXML(document, {}, {}, prefixes))
         result.error = parsed.parseError();
     else if (attributes != kAnyNumber && parsed.documentElement())
         result.several = parsed.documentElement().attributeCount() != attributes;

@@ -35,7 +35,8 @@ struct ProbeResult {
 };
 
 /// Parses a probe. `attributes`: how many its root element is to have.
-ProbeResult Probe(Application& app, const QString& document, int attributes = kAnyNumber);
+ProbeResult Probe(Application& app, const QString& document, int attributes = kAnyNumber,
+                  xml::Prefixes prefixes = xml::Prefixes::Any);
 
 /// Tells of a name or value that is more than one.
 QString MoreThanOne();

@@ -13,7 +13,9 @@ using controls::TreeCursor;
 // Gathers what is written, and sets marks.
 class LongSink {
 public:
-    LongSink(text::LongText::Builder text, qsizetype stride) : text_(std::move(text)), stride_(stride) {}
+    /// The first mark comes `ahead` units earlier than the others: all of a stride sets it at once.
+    LongSink(text::LongText::Builder text, qsizetype stride, qsizetype ahead)
+        : text_(std::move(text)), stride_(stride), lastMark_(-ahead) {}
     void element(TreeCursor node, int level) {
         if (written_ + (at_ - buffer_.data()) - lastMark_ < stride_)
             return;
@@ -65,7 +67,7 @@ private:
 
     text::CrLfBuilder text_;
     qsizetype stride_;
-    qsizetype written_ = 0, lastMark_ = 0; // as they were put, not as they stand in the text
+    qsizetype written_ = 0, lastMark_; // as they were put, not as they stand in the text
     std::vector<TextMark> marks_;
     std::vector<char16_t> buffer_ = std::vector<char16_t>(kGathered);
     char16_t* at_ = buffer_.data();
@@ -115,7 +117,7 @@ text::LongText TreeTextCache::text(controls::TreeNode root, const QString& inden
 }
 
 text::LongText TreeTextCache::writeAll(TreeCursor root, int level, const text::LongText& like) {
-    LongSink sink(text::LongText::Builder(like), stride_);
+    LongSink sink(text::LongText::Builder(like), stride_, stride_);
     TreeWriter<LongSink>(sink, unit_).write(root, level);
     text::LongText text = sink.finish();
     marks_ = sink.takeMarks();
@@ -136,7 +138,7 @@ bool TreeTextCache::writeAround(const controls::TreeChanges& changes, TreeCursor
     const bool toEnd = stretch.last == std::ssize(marks_);
     const TreeCursor until = toEnd ? TreeCursor() : marks_[static_cast<std::size_t>(stretch.last)].element;
     const qsizetype end = toEnd ? text_.size() : marks_[static_cast<std::size_t>(stretch.last)].offset;
-    LongSink sink({}, stride_);
+    LongSink sink({}, stride_, 0); // it begins at a mark
     TreeWriter<LongSink>(sink, unit_).write(root, first.element, first.level, until);
     const text::LongText fresh = sink.finish();
     const qsizetype start = first.offset;

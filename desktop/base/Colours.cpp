@@ -41,6 +41,12 @@ std::uint32_t ToColour(const QColor& colour) {
            static_cast<std::uint32_t>(colour.blue()) << kBlueShift;
 }
 
+QColor Mixed(const QColor& first, const QColor& second, double part) {
+    const auto mix = [part](float a, float b) { return static_cast<float>(a * (1 - part) + b * part); };
+    return QColor::fromRgbF(mix(first.redF(), second.redF()), mix(first.greenF(), second.greenF()),
+                            mix(first.blueF(), second.blueF()));
+}
+
 QColor ReadableOn(const QColor& background, const QColor& colour) {
     if (Luminance(background) > kDark)
         return colour;

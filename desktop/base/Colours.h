@@ -9,6 +9,9 @@ namespace desktop {
 QColor ToQColor(std::uint32_t colour);
 std::uint32_t ToColour(const QColor& colour);
 
+/// Between two colours: `part` 0 is the first, 1 the second.
+QColor Mixed(const QColor& first, const QColor& second, double part);
+
 /// Colours of text are chosen for white paper: on a dark `background` one that could hardly be read becomes
 /// as light as needed, with the same hue. On a light one it stays.
 QColor ReadableOn(const QColor& background, const QColor& colour);

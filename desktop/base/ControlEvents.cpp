@@ -86,7 +86,9 @@ bool ControlEvents::eventFilter(QObject*, QEvent* event) {
         break;
     case QEvent::FocusOut:
         pressed_.clear();
-        if (!KeepsFocus(static_cast<QFocusEvent*>(event)->reason()))
+        // The list of a combo box takes the focus as any other widget does; where it goes for good is told to
+        // all.
+        if (!KeepsFocus(static_cast<QFocusEvent*>(event)->reason()) && !QApplication::activePopupWidget())
             FocusOut();
         break;
     case QEvent::KeyPress:

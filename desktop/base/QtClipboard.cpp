@@ -4,8 +4,22 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <memory>
 
 namespace desktop {
+
+namespace {
+
+QString AsWrittenHere(const QString& text) {
+#ifndef Q_OS_WIN
+    return text::WithReplacements(text, text::PlacesOf(QStringLiteral("\r\n"), text), 2,
+                                  QStringLiteral("\n"));
+#else
+    return text;
+#endif
+}
+
+} // namespace
 
 QtClipboard::QtClipboard() {
     QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &listener_,
@@ -17,12 +31,17 @@ void QtClipboard::Clear() {
 }
 
 void QtClipboard::SetText(const QString& text) {
-    QString plain = text;
-#ifndef Q_OS_WIN
-    plain =
-        text::WithReplacements(text, text::PlacesOf(QStringLiteral("\r\n"), text), 2, QStringLiteral("\n"));
-#endif
-    QGuiApplication::clipboard()->setText(plain);
+    QGuiApplication::clipboard()->setText(AsWrittenHere(text));
+}
+
+void QtClipboard::SetContents(const services::ClipboardContents& contents) {
+    auto data = std::make_unique<QMimeData>();
+    data->setText(AsWrittenHere(contents.text));
+    if (!contents.html.isEmpty())
+        data->setHtml(contents.html);
+    if (!contents.xml.isEmpty())
+        data->setData(QStringLiteral("application/xml"), contents.xml.toUtf8());
+    QGuiApplication::clipboard()->setMimeData(data.release()); // it is the clipboard's from here on
 }
 
 bool QtClipboard::HasText() {

@@ -13,6 +13,7 @@ public:
     void Clear() override;
     /// Line ends go out as other programs here write them.
     void SetText(const QString& text) override;
+    void SetContents(const services::ClipboardContents& contents) override;
     QString GetText() override;
     bool HasText() override;
     bool HasXml() override; ///< another program is asked for its text once, whenever it has a new one

@@ -4,10 +4,10 @@
 #include "desktop/drag/NodeDrag.h"
 #include "desktop/drag/TextMime.h"
 #include <QDropEvent>
+#include <QListView>
 #include <QPainter>
 #include <QPointer>
 #include <QTimerEvent>
-#include <QTreeView>
 
 namespace desktop {
 
@@ -105,7 +105,7 @@ void NodeDrop::Mark(const QModelIndex& under) {
         place = view_.visualRect(under);
     if (place.isEmpty())
         place = view_.viewport()->rect();
-    else if (qobject_cast<QTreeView*>(&view_))
+    else if (!qobject_cast<QListView*>(&view_)) // items of icons stand beside one another
         place.setRight(view_.viewport()->width() - 1);
     mark_->setGeometry(place);
 }
@@ -151,9 +151,8 @@ void NodeDrop::RestOver(const QModelIndex& index) {
 
 void NodeDrop::timerEvent(QTimerEvent*) {
     resting_.stop();
-    auto* tree = qobject_cast<QTreeView*>(&view_);
-    if (tree && open_ && tree->itemsExpandable() && restsOver_.isValid())
-        tree->expand(restsOver_);
+    if (target_.opens && open_ && restsOver_.isValid())
+        target_.opens(restsOver_);
 }
 
 } // namespace desktop

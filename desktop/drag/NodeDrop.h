@@ -19,19 +19,22 @@ struct DropTarget {
     std::function<void()> leaves;
     std::function<void(const QString& key)> drops;
     std::function<void(const QString& text, const QString& key)> dropsText;
+    std::function<void(const QModelIndex&)> opens; ///< something rests over it; none where nothing opens
 };
 
-/// Takes drops on an item view for its control. Files are left to the window around it. Something that rests
-/// over a closed node opens it.
+/// Takes drops on an item view for its control. Files are left to the window around it. What something rests
+/// over for a moment is opened.
 class NodeDrop : public QObject {
 public:
     NodeDrop(QAbstractItemView& view, DropTarget target, QObject* parent);
     ~NodeDrop() override;
 
-    /// Hands drops on `view` to `control`; `placeAt` tells what stands at an index, `indexOf` the reverse.
+    /// Hands drops on `view` to `control`; `placeAt` tells what stands at an index, `indexOf` the reverse,
+    /// and `opens` opens a node.
     template <typename Place, typename PlaceAt, typename IndexOf>
     static void Connect(QAbstractItemView& view, controls::Dragging<Place>& control, PlaceAt placeAt,
-                        IndexOf indexOf, QObject* parent) {
+                        IndexOf indexOf, QObject* parent,
+                        std::function<void(const QModelIndex&)> opens = {}) {
         auto* drop = new NodeDrop(
             view,
             {[&control] {
@@ -45,7 +48,8 @@ public:
                  return key;
              },
              [&control] { control.Leave(); }, [&control](const QString& key) { control.Drop(key); },
-             [&control](const QString& text, const QString& key) { control.DropText(text, key); }},
+             [&control](const QString& text, const QString& key) { control.DropText(text, key); },
+             std::move(opens)},
             parent);
         Listen(control.highlightChanged, drop,
                [drop, &control, indexOf] { drop->marked_ = indexOf(control.Highlight()); });

@@ -16,7 +16,8 @@ DocumentDragging::DocumentDragging(DocumentWindow& window, const Ui::frmXMLEdit&
     NodeDrag::Connect(*ui.tvXML, tree.Drag, this);
     NodeDrop::Connect(
         *ui.tvXML, tree.Drag, [&nodes](const QModelIndex& index) { return nodes.NodeAt(index); },
-        [&nodes](TreeNode node) { return node ? nodes.IndexOf(node) : QModelIndex(); }, this);
+        [&nodes](TreeNode node) { return node ? nodes.IndexOf(node) : QModelIndex(); }, this,
+        [view = ui.tvXML](const QModelIndex& index) { view->setExpanded(index, true); });
 
     controls::ListView& list = window.ListView1;
     const QAbstractItemModel& rows = *ui.ListView1->model();

@@ -23,6 +23,9 @@ namespace desktop {
 
 namespace {
 
+// Tables and chart share the height of their page.
+constexpr int kTablePart = 2, kChartPart = 1, kSharedHeight = 1000;
+
 QHash<QString, QWidget*> PagesOf(const Ui::frmXMLEdit& ui) {
     return {
         {QStringLiteral("listview"), ui.listview},       {QStringLiteral("textview"), ui.textview},
@@ -43,6 +46,7 @@ public:
 private:
     void ConnectSplitters(int width);
     void ShowSecondPane();
+    void ConnectTables();
 
     DocumentWindow& window_;
     const Ui::frmXMLEdit& ui_;
@@ -67,6 +71,7 @@ DocumentView::Bond::Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int w
       steps_(window.tmText, nullptr), browser_(window.IE, *ui.browserview, nullptr),
       tabs_(window.tbsXML, *ui.tbsXML, *ui.pages, PagesOf(ui), nullptr), dragging_(window, ui) {
     ConnectSplitters(width);
+    ConnectTables();
     ui.rtxtXML->isInUse = [&window] { return &window.TextInUse() == &window.rtxtXML; };
     ui.rtxtXML2->isInUse = [&window] { return &window.TextInUse() == &window.rtxtXML2; };
 }
@@ -74,6 +79,8 @@ DocumentView::Bond::Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int w
 DocumentView::Bond::~Bond() {
     for (TextView* pane : {ui_.rtxtXML, ui_.rtxtXML2})
         pane->isInUse = nullptr;
+    ui_.pctTableView->SetWindow(nullptr);
+    ui_.chtAna->SetChart(nullptr, nullptr);
 }
 
 void DocumentView::Bond::ConnectSplitters(int width) {
@@ -92,6 +99,14 @@ void DocumentView::Bond::ShowSecondPane() {
     ui_.rtxtXML2->setVisible(split);
     if (split) // half for each
         ui_.textview->setSizes({ui_.textview->height(), ui_.textview->height()});
+}
+
+void DocumentView::Bond::ConnectTables() {
+    ui_.pctTableView->SetWindow(&window_);
+    ui_.chtAna->SetChart(&window_.chtAna, &window_.app.services);
+    ui_.tableview->setStretchFactor(0, kTablePart);
+    ui_.tableview->setStretchFactor(1, kChartPart);
+    ui_.tableview->setSizes({kTablePart * kSharedHeight, kChartPart * kSharedHeight});
 }
 
 DocumentView::DocumentView(DocumentWindow& window, QWidget* parent)
@@ -119,6 +134,8 @@ void DocumentView::ConnectContextMenus() {
             Q_EMIT contextMenuWanted(view->viewport()->mapToGlobal(place));
         });
     }
+    connect(&ui_->pctTableView->View(), &SheetView::contextMenuWanted, this,
+            &DocumentView::contextMenuWanted);
     for (const TextView* pane : {ui_->rtxtXML, ui_->rtxtXML2})
         connect(pane, &TextView::contextMenuWanted, this, &DocumentView::contextMenuWanted);
 }
@@ -127,6 +144,8 @@ QWidget* DocumentView::Page() const {
     QWidget* page = ui_->pages->currentWidget();
     if (page == ui_->listview)
         return ui_->listview->currentWidget();
+    if (page == ui_->tableview)
+        return &ui_->pctTableView->View();
     if (page != ui_->textview)
         return page;
     return bond_->Window().brtxtXML2Focus && !ui_->rtxtXML2->isHidden() ? ui_->rtxtXML2 : ui_->rtxtXML;
@@ -156,6 +175,8 @@ std::vector<QWidget*> DocumentView::Panes() const {
         panes.insert(panes.end(), {ui_->rtxtXML, ui_->rtxtXML2});
     else
         panes.push_back(Page());
+    if (ui_->chtAna->isVisible())
+        panes.push_back(&ui_->chtAna->View());
     if (!ui_->lvDiagnostics->isHidden())
         panes.push_back(ui_->lvDiagnostics);
     return panes;

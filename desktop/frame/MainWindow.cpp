@@ -3,6 +3,7 @@
 #include "desktop/base/Listen.h"
 #include "desktop/base/Twips.h"
 #include "desktop/dialogs/EditNodesDialog.h"
+#include "desktop/dialogs/ExchangeSkin.h"
 #include "desktop/dialogs/FindDialog.h"
 #include "desktop/dialogs/OptionsDialog.h"
 #include "desktop/frame/AddressBox.h"
@@ -172,6 +173,7 @@ void MainWindow::FollowDialogs() {
             editNodes_ = new EditNodesDialog(form, this);
         editNodes_->ShowForm();
     });
+    FollowExchange(frame_.exchangeDialogs, *this);
     Listen(frame_.findShown, this, [this](textview::frmFind& form) {
         if (!find_)
             find_ = new FindDialog(form, this);

@@ -4,7 +4,6 @@
 #include "desktop/nodes/LabelDelegate.h"
 #include <QApplication>
 #include <QCursor>
-#include <QHeaderView>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -13,7 +12,7 @@ namespace desktop {
 
 using controls::TreeNode;
 
-TreeAdapter::TreeAdapter(controls::TreeView& model, QTreeView& widget, QObject* parent)
+TreeAdapter::TreeAdapter(controls::TreeView& model, TreeWidget& widget, QObject* parent)
     : QObject(parent), model_(model), widget_(widget), rows_(model, NodeIcon), events_(widget, this) {
     events_.Bind(model, widget);
     // The model's "about to" announcements must reach this object before the widget, and the others behind
@@ -24,23 +23,17 @@ TreeAdapter::TreeAdapter(controls::TreeView& model, QTreeView& widget, QObject* 
         KeepPlace();
     });
     widget.setModel(&rows_);
-    widget.header()->setStretchLastSection(false);
-    widget.header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     widget.viewport()->installEventFilter(this);
     ConnectRows();
 
     ConnectSelection();
-    connect(&widget, &QTreeView::expanded, this, [this](const QModelIndex& i) { ExpandedByWidget(i, true); });
-    connect(&widget, &QTreeView::collapsed, this,
-            [this](const QModelIndex& i) { ExpandedByWidget(i, false); });
-    connect(&widget, &QTreeView::doubleClicked, this, [this] { model_.DblClick(); });
+    connect(&widget, &TreeWidget::toggled, this, &TreeAdapter::Toggled);
+    connect(&widget, &TreeWidget::doubleClicked, this, [this] { model_.DblClick(); });
 
     Listen(model.selectionChanged, this, [this](const TreeNode&) { ShowSelected(); });
-    Listen(model.expandedChanged, this, [this](const TreeNode& node) { ShowExpanded(node); });
     Listen(model.Drag.End, this, [this] { DragEnded(); });
     Listen(model.ensureVisible, this,
            [this](const TreeNode& node) { widget_.scrollTo(rows_.IndexOf(node)); });
-    RestoreExpanded();
     ShowSelected();
     ConnectLabels();
 }
@@ -78,7 +71,6 @@ void TreeAdapter::ConnectRows() {
     });
     connect(&rows_, &QAbstractItemModel::modelReset, this, [this] {
         --updating_;
-        RestoreExpanded();
         RestorePlace();
         ShowSelected();
     });
@@ -108,18 +100,9 @@ void TreeAdapter::CurrentChanged(const QModelIndex& current) {
         model_.NodeClick(node);
 }
 
-void TreeAdapter::ExpandedByWidget(const QModelIndex& index, bool expanded) {
-    TreeNode node = rows_.NodeAt(index);
-    if (!node || node.Expanded() == expanded)
-        return;
-    const bool byUser = updating_ == 0;
-    {
-        const QScopedValueRollback guard(updating_, updating_ + 1);
-        node.SetExpanded(expanded);
-    }
-    if (!byUser)
-        return;
-    if (expanded)
+void TreeAdapter::Toggled(const QModelIndex& index, bool open) {
+    const TreeNode node = rows_.NodeAt(index);
+    if (open)
         model_.Expand(node);
     else
         model_.Collapse(node);
@@ -193,31 +176,8 @@ void TreeAdapter::RestorePlace() {
     if (scrolled_.isNull())
         return;
     widget_.doItemsLayout();
-    widget_.horizontalScrollBar()->setValue(scrolled_.x());
     widget_.verticalScrollBar()->setValue(scrolled_.y());
-}
-
-void TreeAdapter::ShowExpanded(TreeNode node) {
-    const QScopedValueRollback guard(updating_, updating_ + 1);
-    widget_.setExpanded(rows_.IndexOf(node), node.Expanded());
-}
-
-// Only what is below open nodes is looked at: of millions of nodes that is a handful.
-void TreeAdapter::RestoreExpanded() {
-    const QScopedValueRollback guard(updating_, updating_ + 1);
-    std::vector<TreeNode> open;
-    const auto collect = [&open](TreeNode node) {
-        for (; node; node = node.Next())
-            if (node.Expanded())
-                open.push_back(node);
-    };
-    collect(model_.ChildAt({}, 0));
-    while (!open.empty()) {
-        const TreeNode node = open.back();
-        open.pop_back();
-        widget_.expand(rows_.IndexOf(node));
-        collect(node.Child());
-    }
+    widget_.horizontalScrollBar()->setValue(scrolled_.x()); // its range is that of the rows in sight
 }
 
 } // namespace desktop

@@ -3,17 +3,17 @@
 #include "core/model/NodeAddress.h"
 #include "desktop/base/ControlEvents.h"
 #include "desktop/nodes/TreeModel.h"
+#include "desktop/nodes/TreeWidget.h"
 #include "platform/controls/TreeView.h"
 #include <QObject>
-#include <QTreeView>
 #include <optional>
 
 namespace desktop {
 
-/// A tree widget on a TreeView control: selection and open nodes go both ways.
+/// A tree widget on a TreeView control: the selection goes both ways. What is open is the control's alone.
 class TreeAdapter : public QObject {
 public:
-    TreeAdapter(controls::TreeView& model, QTreeView& widget, QObject* parent);
+    TreeAdapter(controls::TreeView& model, TreeWidget& widget, QObject* parent);
     ~TreeAdapter() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -22,18 +22,16 @@ private:
     void ConnectSelection();
     void ConnectLabels();
     void CurrentChanged(const QModelIndex& current);
-    void ExpandedByWidget(const QModelIndex& index, bool expanded);
+    void Toggled(const QModelIndex& index, bool open);
     bool MousePressed();
     void MouseReleased(const QPoint& place);
     void DragEnded();
     void KeepPlace();
     void RestorePlace();
     void ShowSelected();
-    void ShowExpanded(controls::TreeNode node);
-    void RestoreExpanded();
 
     controls::TreeView& model_;
-    QTreeView& widget_;
+    TreeWidget& widget_;
     TreeModel rows_;
     ControlEvents events_;
     int updating_ = 0;   ///< the widget follows the model: its signals aren't the user's

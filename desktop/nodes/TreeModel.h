@@ -14,6 +14,7 @@ public:
     using IconOf = std::function<QVariant(const QString& picture)>;
 
     explicit TreeModel(controls::TreeView& tree, IconOf iconOf = {}, QObject* parent = nullptr);
+    controls::TreeView& Tree() const { return tree_; }
 
     /// The node of an index: nothing for an invalid one and while the tree is being replaced.
     controls::TreeNode NodeAt(const QModelIndex& index) const;

@@ -22,7 +22,8 @@ QString AsTip(const QString& text) {
 
 } // namespace
 
-TreeTip::TreeTip(QTreeView& view, const Options& options) : QObject(&view), view_(view), options_(options) {
+TreeTip::TreeTip(QAbstractItemView& view, const Options& options)
+    : QObject(&view), view_(view), options_(options) {
     view.viewport()->installEventFilter(this);
 }
 

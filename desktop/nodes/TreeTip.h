@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/model/Application.h"
+#include <QAbstractItemView>
 #include <QObject>
-#include <QTreeView>
 
 namespace desktop {
 
@@ -10,14 +10,14 @@ namespace desktop {
 /// text, cut to the length of tips in the options unless that is 0. The view shows a TreeModel.
 class TreeTip : public QObject {
 public:
-    TreeTip(QTreeView& view, const Options& options);
+    TreeTip(QAbstractItemView& view, const Options& options);
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QString TextFor(const QModelIndex& index) const; ///< empty where the row shows everything
     bool Fits(const QModelIndex& index) const;
 
-    QTreeView& view_;
+    QAbstractItemView& view_;
     const Options& options_;
 };
 

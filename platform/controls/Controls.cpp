@@ -134,6 +134,24 @@ void ComboBox::SetListIndex(int index) {
     changed();
 }
 
+void ComboBox::SetItem(int index, const QString& text) {
+    if (index < 0 || index >= items_.size())
+        Throw(text::kFaultBadCall);
+    if (items_[index] == text)
+        return;
+    items_[index] = text;
+    if (index == index_)
+        text_ = text;
+    changed();
+}
+
+void ComboBox::SetVisible(bool visible) {
+    Set(visible_, visible, changed);
+}
+void ComboBox::Move(const Bounds& place) {
+    Set(place_, place, moved);
+}
+
 void ComboBox::UserTyped(const QString& text) {
     SetText(text);
     Change();
@@ -142,6 +160,23 @@ void ComboBox::UserTyped(const QString& text) {
 void ComboBox::UserChose(int index) {
     SetListIndex(index);
     Click();
+}
+
+// --- ScrollBar -----------------------------------------------------------------------------------------
+
+void ScrollBar::SetValue(int value) {
+    value = std::clamp(value, Min, Max);
+    if (std::exchange(value_, value) == value)
+        return;
+    changed();
+    Change();
+}
+
+void ScrollBar::SetVisible(bool visible) {
+    Set(visible_, visible, changed);
+}
+void ScrollBar::Move(const Bounds& place) {
+    Set(place_, place, moved);
 }
 
 // --- TabStrip ------------------------------------------------------------------------------------------
@@ -224,6 +259,9 @@ void WebBrowser::Navigate(const QString& location) {
 
 void Pane::SetVisible(bool visible) {
     Set(visible_, visible, changed);
+}
+void Pane::Move(const Bounds& place) {
+    Set(place_, place, moved);
 }
 
 } // namespace controls

@@ -136,18 +136,49 @@ public:
     const QStringList& Items() const { return items_; }
     void AddItem(const QString& text, int position = -1); ///< 0-based position, -1: behind the last
     void Clear();
-    int ListIndex() const;               ///< 0-based, -1 when no item is chosen
-    void SetListIndex(int index);        ///< also sets the text; out of range: no effect
+    int ListIndex() const;                        ///< 0-based, -1 when no item is chosen
+    void SetListIndex(int index);                 ///< also sets the text; out of range: no effect
+    void SetItem(int index, const QString& text); ///< 0-based; the chosen item's text is the box's, too
+    bool Visible() const { return visible_; }
+    void SetVisible(bool visible);
+    const Bounds& Place() const { return place_; }
+    void Move(const Bounds& place);
     void UserTyped(const QString& text); ///< sets the text and raises Change
     void UserChose(int index);           ///< sets text and index and raises Click
     Event<> Change, Click, LostFocus;
+    Event<> DropDown; ///< its list is about to open
+    /// Qt key code, Qt modifiers; a handler that uses a key up sets its code to 0.
+    Event<int&, int> KeyDown;
     Event<int, int> KeyUp;
-    Event<> changed; ///< text or items
+    Event<> changed; ///< text, items or whether it is visible
+    Event<> moved, focusRequested;
+    void SetFocus() { focusRequested(); }
 
 private:
     QString text_;
     QStringList items_;
     int index_ = -1;
+    bool visible_ = true;
+    Bounds place_;
+};
+
+/// A bar that scrolls what stands beside it.
+class ScrollBar {
+public:
+    int Min = 1, Max = 100, SmallChange = 1, LargeChange = 50;
+    int Value() const { return value_; }
+    void SetValue(int value); ///< held between Min and Max; raises Change when it is another one
+    bool Visible() const { return visible_; }
+    void SetVisible(bool visible);
+    const Bounds& Place() const { return place_; }
+    void Move(const Bounds& place);
+    Event<> Change;
+    Event<> changed, moved;
+
+private:
+    int value_ = 1;
+    bool visible_ = true;
+    Bounds place_;
 };
 
 /// Tabs with key and caption; one is selected.
@@ -258,14 +289,18 @@ private:
 /// A part of a window that stands in front of its fellows or not.
 class Pane {
 public:
+    QString Tag;
     bool Visible() const { return visible_; }
     void SetVisible(bool visible);
+    const Bounds& Place() const { return place_; }
+    void Move(const Bounds& place);
     void ZOrder() { broughtToFront(); }
     void SetFocus() { focusRequested(); }
-    Event<> changed, broughtToFront, focusRequested;
+    Event<> changed, moved, broughtToFront, focusRequested;
 
 private:
     bool visible_ = true;
+    Bounds place_;
 };
 
 } // namespace controls

@@ -15,12 +15,16 @@ public:
     using Listener = std::function<void(Args...)>;
 
     void connect(Listener listener) {
+        if (!listeners_)
+            listeners_ = std::make_shared<List>();
         listeners_->push_back(std::make_shared<Listener>(std::move(listener)));
     }
-    void disconnectAll() { listeners_ = std::make_shared<List>(); }
-    bool isConnected() const { return !listeners_->empty(); }
+    void disconnectAll() { listeners_.reset(); }
+    bool isConnected() const { return listeners_ && !listeners_->empty(); }
 
     void operator()(Args... args) const {
+        if (!listeners_)
+            return;
         const std::weak_ptr<List> alive = listeners_;
         const std::size_t count = listeners_->size();
         for (std::size_t i = 0; i < count; ++i) {
@@ -34,7 +38,7 @@ public:
 
 private:
     using List = std::vector<std::shared_ptr<Listener>>;
-    std::shared_ptr<List> listeners_ = std::make_shared<List>();
+    std::shared_ptr<List> listeners_; ///< null as long as there is none: most events of most controls
 };
 
 } // namespace controls

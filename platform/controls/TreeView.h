@@ -83,6 +83,7 @@ public:
 
 private:
     friend class TreeView;
+    friend class OpenRows;
     TreeNode(TreeView* tree, std::uint32_t slot, std::uint32_t generation)
         : tree_(tree), slot_(slot), generation_(generation) {}
     TreeView* tree_ = nullptr;
@@ -228,6 +229,7 @@ private:
     friend class TreeFiller;
     friend class TreeRecord;
     friend class TreeRebuild;
+    friend class OpenRows;
     struct Storage;
     struct Journal;
     std::unique_ptr<Journal> journal_;

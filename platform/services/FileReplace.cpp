@@ -141,6 +141,20 @@ FileResult OpenBeside(const Target& target, QTemporaryFile& file) {
     return file.open() ? FileResult() : FailureIn(file);
 }
 
+/// Fills the new file and brings it to the disk.
+FileResult Fill(QTemporaryFile& file, const std::function<bool(const PutBytes&)>& write, struct stat& info) {
+    bool good = true;
+    const bool whole = write([&](QByteArrayView bytes) {
+        good = good && file.write(bytes.data(), bytes.size()) == bytes.size();
+        return good;
+    });
+    if (good && !whole)
+        return Failure(FileError::Cancelled, QString::fromLocal8Bit(std::strerror(ECANCELED)));
+    if (!good || !file.flush())
+        return FailureIn(file);
+    return fsync(file.handle()) == 0 && fstat(file.handle(), &info) == 0 ? FileResult() : FailureOf(errno);
+}
+
 void FlushFolder(const QByteArray& folder) {
     const FileHandle handle(open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (handle.IsOpen())
@@ -201,7 +215,8 @@ QString TrueNameOf(const QString& path) {
     return QDir::cleanPath(QFile::decodeName(real.constData()) + u'/' + QFile::decodeName(file));
 }
 
-FileResult ReplaceFile(const QString& path, const QByteArray& bytes, mode_t newFileMode, FileStamp* made) {
+FileResult ReplaceFileBy(const QString& path, const std::function<bool(const PutBytes&)>& write,
+                         mode_t newFileMode, FileStamp* made) {
     Target target;
     if (FileResult result = FindTarget(path, target); !result)
         return result;
@@ -212,17 +227,21 @@ FileResult ReplaceFile(const QString& path, const QByteArray& bytes, mode_t newF
                                     : GrantRights(newFileMode, file.handle());
     if (error != 0)
         return FailureOf(error);
-    if (file.write(bytes) != bytes.size() || !file.flush())
-        return FailureIn(file);
     struct stat info {};
-    if (fsync(file.handle()) != 0 || fstat(file.handle(), &info) != 0 ||
-        std::rename(QFile::encodeName(file.fileName()).constData(), target.path.constData()) != 0)
+    if (FileResult result = Fill(file, write, info); !result)
+        return result;
+    if (std::rename(QFile::encodeName(file.fileName()).constData(), target.path.constData()) != 0)
         return FailureOf(errno);
     if (made)
         *made = StampOf(info);
     file.setAutoRemove(false);
     FlushFolder(FolderOf(target.path));
     return {};
+}
+
+FileResult ReplaceFile(const QString& path, const QByteArray& bytes, mode_t newFileMode, FileStamp* made) {
+    return ReplaceFileBy(
+        path, [&](const PutBytes& put) { return put(bytes); }, newFileMode, made);
 }
 
 FileResult MayReplaceFile(const QString& path) {

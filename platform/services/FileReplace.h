@@ -13,6 +13,10 @@ inline constexpr mode_t kNewFileMode = 0666;
 FileResult ReplaceFile(const QString& path, const QByteArray& bytes, mode_t newFileMode = kNewFileMode,
                        FileStamp* made = nullptr);
 
+/// FileSystem::ReplaceBy; the rest as above.
+FileResult ReplaceFileBy(const QString& path, const std::function<bool(const PutBytes&)>& write,
+                         mode_t newFileMode = kNewFileMode, FileStamp* made = nullptr);
+
 /// FileSystem::MayReplace.
 FileResult MayReplaceFile(const QString& path);
 

@@ -79,6 +79,22 @@ FileResult ReadToEnd(int descriptor, qint64 size, QByteArray& bytes, const Step&
     return {};
 }
 
+/// Reads no further than `most` bytes.
+FileResult ReadSome(int descriptor, qint64 most, QByteArray& bytes) {
+    bytes.resize(most);
+    qsizetype used = 0;
+    while (used < most) {
+        const ssize_t count = read(descriptor, bytes.data() + used, static_cast<std::size_t>(most - used));
+        if (count < 0 && errno != EINTR)
+            return FailureOf(errno);
+        if (count == 0)
+            break;
+        used += std::max<ssize_t>(count, 0);
+    }
+    bytes.resize(used);
+    return {};
+}
+
 class LocalFiles : public FileSystem {
 public:
     FileResult Read(const QString& path, QByteArray& bytes, const Step& step) override {
@@ -101,8 +117,26 @@ public:
         return result;
     }
 
+    FileResult ReadFront(const QString& path, qint64 most, QByteArray& bytes, qint64& size) override {
+        bytes.clear();
+        const QByteArray name = NativePath(path);
+        if (name.isEmpty())
+            return Failure(FileError::BadName, SystemText(EINVAL));
+        FileHandle handle;
+        FileResult result = OpenRegular(name, handle, size);
+        if (result)
+            result = ReadSome(handle.Get(), most, bytes);
+        if (!result)
+            bytes.clear();
+        return result;
+    }
+
     FileResult Replace(const QString& path, const QByteArray& bytes, FileStamp* made) override {
         return ReplaceFile(path, bytes, kNewFileMode, made);
+    }
+
+    FileResult ReplaceBy(const QString& path, const std::function<bool(const PutBytes&)>& write) override {
+        return ReplaceFileBy(path, write);
     }
 
     FileResult MayReplace(const QString& path) override { return MayReplaceFile(path); }

@@ -2,6 +2,7 @@
 #pragma once
 #include "platform/text/TextFile.h"
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 #include <algorithm>
@@ -104,6 +105,9 @@ struct FileMark {
 /// Equal for equal bytes, and for hardly any others. It means nothing to another run of the program.
 std::size_t ContentMark(const QByteArray& bytes);
 
+/// Takes the next bytes of a file that is being written; false where they couldn't be.
+using PutBytes = std::function<bool(QByteArrayView)>;
+
 /// Local files.
 class FileSystem {
 public:
@@ -113,11 +117,17 @@ public:
     /// (Cancelled) by returning false.
     virtual FileResult Read(const QString& path, QByteArray& bytes,
                             const std::function<bool(qint64, qint64)>& step = {}) = 0;
+    /// The first bytes of a regular file, `most` at the most; `size` is the whole file's. Fails as Read does.
+    virtual FileResult ReadFront(const QString& path, qint64 most, QByteArray& bytes, qint64& size) = 0;
     /// Replaces or makes a file whole or not at all: written beside it, flushed, renamed. Follows a symbolic
     /// link to its target. Access rights stay as they were; a file without any write permission bit, or that
     /// this user may not write, is ReadOnly.
     /// `made`, if it isn't null, tells of the new file, whatever other programs do to it from then on.
     virtual FileResult Replace(const QString& path, const QByteArray& bytes, FileStamp* made = nullptr) = 0;
+    /// The same with bytes that `write` hands on as they come. The file stays as it was where `write` returns
+    /// false (Cancelled, unless bytes couldn't be written).
+    virtual FileResult ReplaceBy(const QString& path,
+                                 const std::function<bool(const PutBytes& put)>& write) = 0;
     /// Whether Replace could begin: the name can be a file's, its folder is there, and the rights are. Leaves
     /// nothing behind.
     virtual FileResult MayReplace(const QString& path) = 0;
@@ -158,12 +168,20 @@ public:
     virtual int MillisecondOfHour() = 0; ///< minutes, seconds and milliseconds of the current hour
 };
 
+/// One thing in the forms in which programs take it. A form that is empty isn't offered.
+struct ClipboardContents {
+    QString text;
+    QString html = {}; ///< for programs that paste tables
+    QString xml = {};
+};
+
 /// The system's clipboard, as text.
 class Clipboard {
 public:
     virtual ~Clipboard() = default;
     virtual void Clear() = 0;
     virtual void SetText(const QString& text) = 0;
+    virtual void SetContents(const ClipboardContents& contents) { SetText(contents.text); }
     virtual QString GetText() = 0; ///< empty when it holds no text
     /// Whether it holds text, without fetching what another program may hold ready of it.
     virtual bool HasText() { return !GetText().isEmpty(); }

@@ -255,6 +255,17 @@ Decoded Decode(const QByteArray& bytes, const QString& charset) {
     return result;
 }
 
+std::optional<Decoded> DecodeAs(const QByteArray& bytes, const QString& label) {
+    const std::optional<Encoding> wanted = FindEncoding(label);
+    if (!wanted)
+        return std::nullopt;
+    // A mark tells the byte order, which a label may leave open.
+    const std::optional<Encoding> marked = ByByteOrderMark(bytes);
+    if (marked && SameButForByteOrder(*marked, *wanted))
+        return ReadAs(*marked, bytes, ByteOrderMarkIn(*marked).size());
+    return ReadAs(*wanted, bytes, 0);
+}
+
 Encoded Encode(const QString& text, const FileForm& form) {
     Encoded result;
     if (form.originalBytes && form.originalText == text) {

@@ -6,6 +6,7 @@
 #include <QString>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 // Bytes of a document file to the text of a window and back, so that a file opened and saved unchanged keeps
@@ -56,6 +57,9 @@ struct Decoded {
 /// byte is lost. A text read by its charset alone is written as UTF-8: a file has no place to say that
 /// charset.
 Decoded Decode(const QByteArray& bytes, const QString& charset = {});
+/// Reads the bytes in the encoding of a label and in no other, behind its byte-order mark where they begin
+/// with one; nothing for an unknown label and where the bytes aren't in that encoding.
+std::optional<Decoded> DecodeAs(const QByteArray& bytes, const QString& label);
 
 struct Encoded {
     QByteArray bytes;

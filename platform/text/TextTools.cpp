@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/text/TextTools.h"
 #include "platform/text/LineEnds.h"
+#include <QVarLengthArray>
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -46,6 +48,18 @@ qsizetype NumberLength(QStringView text) {
     return at;
 }
 
+/// A number that NumberLength has measured; infinite when it is too large.
+double ReadPlain(QStringView number) {
+    QVarLengthArray<char, 64> plain; // a sign in front isn't for from_chars
+    for (const QChar c : number.front() == u'+' ? number.sliced(1) : number)
+        plain.append(static_cast<char>(c.unicode()));
+    double value = 0;
+    const auto read = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+    if (read.ec != std::errc::result_out_of_range)
+        return value;
+    return number.toString().toDouble(); // tells too large from too small
+}
+
 bool IsLineEnd(QChar c) {
     return c == u'\r' || c == u'\n';
 }
@@ -82,9 +96,7 @@ double Val(QStringView text) {
     const QStringView number = rest.first(NumberLength(rest));
     if (number.isEmpty())
         return 0;
-    bool ok = false;
-    const double value = number.toString().toDouble(&ok); // always with a point, whatever the locale
-    return ok || std::isinf(value) ? value : 0;
+    return ReadPlain(number);
 }
 
 int ValInt16(QStringView text) {

@@ -30,9 +30,14 @@ Standing3 StandingOf(DocumentWindow& window) {
 
 // What was done since a moment.
 Work Since(const Work& before, const Work& now) {
-    return {now.parses - before.parses,       now.probes - before.probes, now.texts - before.texts,
-            now.listFills - before.listFills, now.paths - before.paths,   now.menuStates - before.menuStates,
-            now.toolbars - before.toolbars};
+    return {.parses = now.parses - before.parses,
+            .probes = now.probes - before.probes,
+            .texts = now.texts - before.texts,
+            .listFills = now.listFills - before.listFills,
+            .tableFills = now.tableFills - before.tableFills,
+            .paths = now.paths - before.paths,
+            .menuStates = now.menuStates - before.menuStates,
+            .toolbars = now.toolbars - before.toolbars};
 }
 
 } // namespace

@@ -33,9 +33,9 @@ struct Drag : ::testing::Test {
         t.OpenText(QStringLiteral("shop.xml"),
                    "<shop><pen colour='red' size='1'/><ink><dot/></ink><cap/></shop>");
         t.Press(Qt::Key_Down);
-        t.Press(Qt::Key_Right);
+        t.Press(Qt::Key_Plus);
     }
-    QTreeView& Tree() { return t.Tree(); }
+    desktop::TreeWidget& Tree() { return t.Tree(); }
     QModelIndex Node(int row) { return Tree().model()->index(row, 0, Tree().model()->index(0, 0)); }
     QModelIndex Child(int row) { return Tree().model()->index(row, 0, Node(0)); }
     QModelIndex Row(int row) { return t.List().model()->index(row, 0); }
@@ -61,8 +61,10 @@ struct Drag : ::testing::Test {
             began = true;
             return steps(drag);
         };
-        if (auto* tree = dynamic_cast<DragTreeView*>(&view))
+        if (auto* tree = dynamic_cast<desktop::TreeWidget*>(&view))
             tree->runsDrag = run;
+        else if (auto* report = dynamic_cast<DragTreeView*>(&view))
+            report->runsDrag = run;
         else
             dynamic_cast<DragListView&>(view).runsDrag = run;
         PullAt(*view.viewport(), view.visualRect(index).center(), &began);
@@ -261,7 +263,7 @@ TEST_F(Drag, WhatIsDroppedOnADocumentInTheBackBringsItToTheFront) {
     t.OpenText(QStringLiteral("z.xml"), "<z><y/></z>");
     auto& area = *t.main->findChild<QMdiArea*>();
     QMdiSubWindow* back = area.subWindowList().at(0);
-    auto& tree = *back->findChild<DragTreeView*>(QStringLiteral("tvXML"));
+    auto& tree = *back->findChild<desktop::TreeWidget*>(QStringLiteral("tvXML"));
     const QModelIndex shop = tree.model()->index(0, 0, tree.model()->index(0, 0));
     t.Press(Qt::Key_Down);
     ASSERT_TRUE(Pull(Tree(), Node(0), [&](QDrag& drag) { return Drop(tree, shop, *drag.mimeData()); }));
@@ -279,7 +281,7 @@ TEST_F(Drag, RestingOverAClosedNodeOpensItAndAtTheEdgeTheViewScrolls) {
 
     t.OpenText(QStringLiteral("long.xml"), "<all>" + QByteArray("<one/>\n").repeated(500) + "</all>");
     t.Press(Qt::Key_Down);
-    t.Press(Qt::Key_Right);
+    t.Press(Qt::Key_Plus);
     QWidget& viewport = *Tree().viewport();
     ASSERT_EQ(Tree().verticalScrollBar()->value(), 0);
     Over(viewport, QPoint(60, viewport.height() - 3), words);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "desktop/frame/MainWindow.h"
+#include "desktop/nodes/TreeWidget.h"
 #include "desktop/text/TextView.h"
 #include "tests/support/TestApp.h"
 #include <QApplication>
@@ -34,7 +35,7 @@ public:
             throw std::runtime_error("no widget " + name.toStdString());
         return *found;
     }
-    QTreeView& Tree() { return Find<QTreeView>(QStringLiteral("tvXML")); }
+    desktop::TreeWidget& Tree() { return Find<desktop::TreeWidget>(QStringLiteral("tvXML")); }
     QTreeView& List() { return Find<QTreeView>(QStringLiteral("ListView1")); }
     desktop::TextView& Text() { return Find<desktop::TextView>(QStringLiteral("rtxtXML")); }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "desktop/nodes/TreeModel.h"
+#include "desktop/nodes/TreeWidget.h"
 #include <QAbstractItemModelTester>
+#include <QCoreApplication>
 #include <QSignalSpy>
-#include <QTreeView>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -55,11 +55,27 @@ void Texts(TreeNode node, int depth, QStringList& out) {
     }
 }
 
+void ExpectOpenRows(const desktop::TreeWidget& view) {
+    QList<QModelIndex> open;
+    const std::function<void(const QModelIndex&)> walk = [&](const QModelIndex& parent) {
+        for (int row = 0; row < view.model()->rowCount(parent); ++row) {
+            open << view.model()->index(row, 0, parent);
+            if (view.isExpanded(open.constLast()))
+                walk(view.model()->index(row, 0, parent));
+        }
+    };
+    walk({});
+    ASSERT_EQ(view.rowCount(), open.size());
+    for (int row = 0; row < view.rowCount(); ++row)
+        ASSERT_EQ(view.indexAtRow(row), open[row]);
+}
+
 TEST_F(TreeModel, StaysSoundThroughRandomEditsUnderAView) {
     desktop::TreeModel model(tree);
     const QAbstractItemModelTester tester(&model, kFatal);
-    QTreeView view;
+    desktop::TreeWidget view;
     view.setModel(&model);
+    view.show();
     for (int step = 0; step < 600; ++step) {
         TreeNode node = any();
         switch (random() % 8) {
@@ -78,7 +94,7 @@ TEST_F(TreeModel, StaysSoundThroughRandomEditsUnderAView) {
             tree.SetSelectedItem(node);
             break;
         case 4:
-            view.expand(model.IndexOf(node));
+            node.SetExpanded(!node.Expanded());
             break;
         default:
             add(node, 1 + static_cast<int>(random() % 4));
@@ -95,6 +111,8 @@ TEST_F(TreeModel, StaysSoundThroughRandomEditsUnderAView) {
             Texts(model, {}, 0, shown);
             Texts(root.Root(), 0, wanted);
             ASSERT_EQ(shown, wanted) << "after step " << step;
+            ExpectOpenRows(view);
+            QCoreApplication::processEvents(); // it is painted
         }
     }
     while (tree.Nodes.Count() > 0)

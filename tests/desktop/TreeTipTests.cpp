@@ -15,7 +15,7 @@ struct TreeTip : ::testing::Test {
     ~TreeTip() override { QToolTip::hideText(); }
     QString TipOver(const QModelIndex& index) {
         QToolTip::hideText();
-        t.Tree().expandAll();
+        t.Tree().expandRecursively(t.Tree().model()->index(0, 0));
         const QPoint place = t.Tree().visualRect(index).center();
         QHelpEvent help(QEvent::ToolTip, place, t.Tree().viewport()->mapToGlobal(place));
         QApplication::sendEvent(t.Tree().viewport(), &help);

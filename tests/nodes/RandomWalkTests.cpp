@@ -9,7 +9,7 @@
 #include "nodes/ListState.h"
 #include "nodes/dialogs/frmEditNodes.h"
 #include "platform/text/LineEnds.h"
-#include "tests/nodes/DocumentChecks.h"
+#include "tests/support/DocumentChecks.h"
 #include "tests/support/TestApp.h"
 #include "textview/TextState.h"
 #include "textview/TreeText.h"

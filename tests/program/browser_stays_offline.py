@@ -49,15 +49,17 @@ def main():
         title = rf"Vantrel - \[{address}\]"
         person.window(title)
 
-        def page_colours():
+        def colours(part):
             # Asked by title each time: the window is made anew when it first shows a page of the web engine.
-            return person.colours(person.find(title), "600x300+330+160")
+            return person.colours(person.find(title), part)
+
+        heading, below_the_table = "600x60+210+160", "600x250+330+250"
 
         person.keys("F6", "F6", "Right", "shift+F6", "Right")  # the text takes the focus on the way
-        wait_for("the empty table page", lambda: page_colours() == 1)
-        person.keys("Right")
-        # An empty page has one colour; the heading's letters have many shades.
-        wait_for("the shown page", lambda: page_colours() > 8)
+        wait_for("the table page", lambda: colours(below_the_table) == 1)
+        person.keys("shift+F6", "Right")  # the table takes the focus, too
+        # The heading's letters have many shades, and frames that stay empty have borders.
+        wait_for("the shown page", lambda: colours(below_the_table) > 1 and colours(heading) > 8)
     assert server.asked == ["/order.xml"], f"fetched: {server.asked}"
 
 

@@ -61,7 +61,7 @@ def main():
         person.run("xdotool", "windowsize", "--sync", other, "600", "400")
         person.run("xdotool", "windowmove", "--sync", other, "640", "400")
         person.run("xdotool", "windowactivate", "--sync", other)
-        person.keys("Home", "Down", "Right")
+        person.keys("Home", "Down")  # it is open
         _, card = person.changes(other, TREE, "Down")
         person.drag(row(other, LEFT, card - 6), row(window, LEFT, order - 6))
         saves(WITH_CARD, "the node out of the other program")

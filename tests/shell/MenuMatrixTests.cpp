@@ -34,8 +34,13 @@ void SelectNode(TestApp& t) {
     t.ClickNode(Pen(w));
 }
 
-void ShowTableView(TestApp& t) {
-    t.OpenText(QStringLiteral("shop.xml"), kShop).tbsXML.Select(QStringLiteral("tableview"));
+/// With the cell in a column selected; the first one holds the row's label.
+void ShowTableView(TestApp& t, int column) {
+    DocumentWindow& w = t.OpenText(QStringLiteral("shop.xml"), kShop);
+    w.tbsXML.Select(QStringLiteral("tableview"));
+    controls::FlexGrid& grid = w.hfgrdTableView(0);
+    grid.Select(1, column, 1, column);
+    grid.events().GotFocus(grid);
 }
 
 constexpr Situation kSituations[] = {
@@ -59,7 +64,8 @@ constexpr Situation kSituations[] = {
      }},
     {"text selected", [](TestApp& t) { ShowTextView(t, 6); }},
     {"text none", [](TestApp& t) { ShowTextView(t, 0); }},
-    {"table none", ShowTableView},
+    {"table selected", [](TestApp& t) { ShowTableView(t, 2); }},
+    {"table none", [](TestApp& t) { ShowTableView(t, 1); }},
     {"browser view",
      [](TestApp& t) {
          t.OpenText(QStringLiteral("shop.xml"), kShop).tbsXML.Select(QStringLiteral("browserview"));
@@ -73,14 +79,14 @@ struct Row {
 };
 // In a document that has its root element, with nothing copied and nothing changed.
 constexpr Row kRows[] = {
-    {"mnuEditCut", "DDEEDEDDD"},     {"mnuEditCopy", "DDEEDEDDD"},    {"mnuEditPaste", "DDDDDDDDD"},
-    {"mnuDelete", "DDEEEEEDD"},      {"mnuEditName", "DEEEDDDED"},    {"mnuEditValue", "DDEEEDDED"},
-    {"mnuNewCNode", "DDEEEDDDD"},    {"mnuNewNode", "DDEEEDDDD"},     {"mnuNewAttr", "DDEEEDDDD"},
-    {"mnuNewNodeText", "DDEEEDDDD"}, {"mnuNewComment", "DEEEEDDDD"},  {"mnuFindReplace", "DDDDDEEDD"},
-    {"mnuSplitEditor", "DDDDDEEDD"}, {"mnuWinSplit", "DDDDDEEDD"},    {"mnuCopyAsHTML", "DDDDDDDED"},
-    {"mnuNewCNodeP", "DDEEEDDDD"},   {"mnuNewCommentP", "DEEEEDDDD"}, {"mnuEditP", "DEEEDDDED"},
-    {"mnuSelectAll", "DDDEEEEED"},   {"mnuEditUndo", "DDDDDDDDD"},    {"mnuMoveUP", "DEEEEEEED"},
-    {"mnuXMLCloseTag", "DDDDDEEDD"}, {"mnuXSD", "EDDDDDDDD"},
+    {"mnuEditCut", "DDEEDEDEDD"},     {"mnuEditCopy", "DDEEDEDEDD"},    {"mnuEditPaste", "DDDDDDDDDD"},
+    {"mnuDelete", "DDEEEEEEDD"},      {"mnuEditName", "DEEEDDDEED"},    {"mnuEditValue", "DDEEEDDEED"},
+    {"mnuNewCNode", "DDEEEDDDDD"},    {"mnuNewNode", "DDEEEDDDDD"},     {"mnuNewAttr", "DDEEEDDDDD"},
+    {"mnuNewNodeText", "DDEEEDDDDD"}, {"mnuNewComment", "DEEEEDDDDD"},  {"mnuFindReplace", "DDDDDEEDDD"},
+    {"mnuSplitEditor", "DDDDDEEDDD"}, {"mnuWinSplit", "DDDDDEEDDD"},    {"mnuCopyAsHTML", "DDDDDDDEED"},
+    {"mnuNewCNodeP", "DDEEEDDDDD"},   {"mnuNewCommentP", "DEEEEDDDDD"}, {"mnuEditP", "DEEEDDDEED"},
+    {"mnuSelectAll", "DDDEEEEEED"},   {"mnuEditUndo", "DDDDDDDDDD"},    {"mnuMoveUP", "DEEEEEEEED"},
+    {"mnuXMLCloseTag", "DDDDDEEDDD"}, {"mnuXSD", "EDDDDDDDDD"},
 };
 
 char Letter(TestApp& t, const char* entry) {

@@ -19,6 +19,14 @@ void* operator new(std::size_t size) {
         return memory;
     throw std::bad_alloc();
 }
+// The library sorts in memory that it asks for this way; what it gets must come from where it is freed.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+        return operator new(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 void operator delete(void* memory) noexcept {
     std::free(memory);
 }

@@ -100,9 +100,14 @@ private:
 /// A clipboard of its own, so that tests don't share the machine's.
 class MemoryClipboard : public services::Clipboard {
 public:
-    QString text;
-    void Clear() override { text.clear(); }
-    void SetText(const QString& given) override { text = given; }
+    QString text, html, xml;
+    void Clear() override { SetContents({}); }
+    void SetText(const QString& given) override { SetContents({.text = given}); }
+    void SetContents(const services::ClipboardContents& given) override {
+        text = given.text;
+        html = given.html;
+        xml = given.xml;
+    }
     QString GetText() override { return text; }
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "tests/nodes/DocumentChecks.h"
+#include "tests/support/DocumentChecks.h"
 #include "core/model/Attributes.h"
 #include "core/model/DomToTree.h"
 #include "core/model/NodeContent.h"

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "platform/services/Databases.h"
+#include <QString>
+
+struct Application;
+
+// The tables of a database as an XML Schema.
+namespace exchange {
+
+struct SchemaOptions {
+    bool attributes = false; ///< columns become attributes, else elements
+    /// Names are made valid and lengths written without a blank; keys are declared on a root element "data".
+    bool repair = false;
+};
+
+/// A line or more for a column; empty for a type that has no form. A type that isn't known is reported.
+QString ColumnSchema(Application& app, const services::DatabaseColumn& column, const QString& indent,
+                     const SchemaOptions& options);
+
+/// The schema of all tables, views and system tables left out; what stood so far where `result` tells of a
+/// failure.
+QString SchemaOf(Application& app, services::Database& database, const SchemaOptions& options,
+                 services::DatabaseResult& result);
+
+/// Whether a table of this type holds data of its own.
+bool IsDataTable(const services::DatabaseTable& table);
+
+} // namespace exchange

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "exchange/TableScript.h"
+#include "platform/services/Databases.h"
+#include <QString>
+#include <vector>
+
+// Tables into a database.
+namespace exchange {
+
+struct TableExport {
+    TableData data;
+    QString script;
+};
+
+struct Exported {
+    services::DatabaseResult result; ///< unless it is good or `unknown`, the database is as it was
+    bool unknown = false;            ///< the connection went while all that was written was to stay
+    qint64 rows = 0;                 ///< that went in
+};
+
+/// Runs the scripts of all tables as one transaction: first what each has in front of its first statement
+/// with parameters, then the rest. A statement with parameters runs for each row, with its values; it has to
+/// have as many as the table has columns. A database without transactions is refused. `step` is told of rows.
+Exported ExportRows(const QString& connection, const std::vector<TableExport>& tables,
+                    const edit::WaitStep& step);
+
+} // namespace exchange

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "exchange/ImportRows.h"
+#include "exchange/FieldNames.h"
+#include "exchange/SqlText.h"
+
+namespace exchange {
+
+namespace {
+
+using services::DatabaseFailure;
+using services::DatabaseResult;
+using services::DatabaseRows;
+
+constexpr qsizetype kRowsPerStep = 500;
+
+const QString kPackages =
+    QStringLiteral("Drivers come with these packages: libsqliteodbc (SQLite), odbc-mdbtools (Access), "
+                   "odbc-postgresql (PostgreSQL), odbc-mariadb (MariaDB, MySQL), tdsodbc (SQL "
+                   "Server, Sybase).");
+
+std::vector<QString> NamesOf(Application& app, const DatabaseRows& rows, bool repair) {
+    std::vector<QString> names;
+    for (const services::DatabaseColumn& column : rows.Columns())
+        names.push_back(column.name);
+    return repair ? ValidNames(app, names) : names;
+}
+
+/// False where the user cancelled; a failure is told by `result`.
+bool WriteRows(DatabaseRows& rows, RowsXml& out, const RowsQuery& query, const edit::WaitStep& step,
+               MadeRows& made) {
+    for (qsizetype count = 0; rows.Next(made.result); ++count) {
+        made.cut = query.most > 0 && count == query.most;
+        if (made.cut)
+            return true;
+        out.BeginRow();
+        for (std::size_t i = 0; i < rows.Columns().size(); ++i)
+            out.Field(rows.Value(i));
+        out.EndRow();
+        if (count % kRowsPerStep == 0 && step && !step(count, 0))
+            return false;
+    }
+    return true;
+}
+
+void Read(Application& app, services::Database& database, const RowsQuery& query, const edit::WaitStep& step,
+          MadeRows& made) {
+    const std::unique_ptr<DatabaseRows> rows = database.Execute(query.sql, made.result);
+    if (!rows || rows->Columns().empty())
+        return;
+    const std::vector<QString> names = NamesOf(app, *rows, query.repair);
+    made.nameComplaint = NameComplaint(app, names, query.filling);
+    RowsXml out(names, query.filling);
+    out.Begin(QStringLiteral("<?xml version=\"1.0\" encoding=\"%1\"?>\r\n").arg(query.encoding));
+    if (!WriteRows(*rows, out, query, step, made))
+        made.result = {DatabaseFailure::Cancelled, {}};
+    made.answered = static_cast<bool>(made.result);
+    made.text = out.Finish();
+    made.leftOut = out.Skipped();
+}
+
+DatabaseResult Refused(const QString& why) {
+    return {DatabaseFailure::Failed, why};
+}
+
+// What ends the transaction by itself would change the database for good (quirk 128).
+DatabaseResult RefusedForItsWords(const QString& sql) {
+    const QString word = TransactionWord(sql);
+    if (word.isEmpty())
+        return {};
+    return Refused(
+        QStringLiteral("The statement has the word \"%1\". An import only reads: what it changes is "
+                       "taken back, and the statement must not end that. A name that is such a word "
+                       "has to stand in quotes.")
+            .arg(word));
+}
+
+} // namespace
+
+MadeRows RowsOf(Application& app, const RowsQuery& query, const edit::WaitStep& step) {
+    MadeRows made;
+    made.result = RefusedForItsWords(query.sql);
+    if (!made.result)
+        return made;
+    const std::unique_ptr<services::Database> database =
+        services::Databases().Open(query.connection, step, made.result);
+    if (!database)
+        return made;
+    // What the statement changes doesn't last (quirk 105).
+    const bool guarded = static_cast<bool>(database->BeginTransaction());
+    if (!guarded && !OnlyReads(query.sql)) {
+        made.result = Refused(QStringLiteral("The database has no transactions: what this statement changes "
+                                             "would last. Only a statement that reads can run."));
+        return made;
+    }
+    Read(app, *database, query, step, made);
+    if (guarded)
+        made.takenBack = static_cast<bool>(database->Rollback()) && database->TakesTablesBack();
+    return made;
+}
+
+QString FailureText(const DatabaseResult& result) {
+    switch (result.failure) {
+    case DatabaseFailure::None:
+        return {};
+    case DatabaseFailure::Cancelled:
+        return QStringLiteral("Cancelled.");
+    case DatabaseFailure::NoDriver:
+        return result.text + QStringLiteral("\r\n") + kPackages;
+    default:
+        return result.text;
+    }
+}
+
+} // namespace exchange

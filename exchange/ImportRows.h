@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+#include "core/edit/Waiting.h"
+#include "exchange/RowsXml.h"
+#include "platform/services/Databases.h"
+#include <QString>
+
+struct Application;
+
+// Rows of a database to a document.
+namespace exchange {
+
+struct RowsQuery {
+    QString connection, sql;
+    QString encoding; ///< named in the document's declaration
+    Filling filling = Filling::Elements;
+    bool repair = false; ///< names of fields are made valid
+    qsizetype most = 0;  ///< rows; 0: all
+};
+
+struct MadeRows {
+    services::DatabaseResult result;
+    bool answered = false;  ///< the statement gave columns; without them there is no text
+    bool takenBack = false; ///< whatever it changed
+    bool cut = false;       ///< there are more rows than were wanted
+    text::LongText text;
+    LeftOut leftOut;
+    QString nameComplaint; ///< on the first name that makes a document which doesn't parse
+};
+
+/// Runs the statement and writes its rows. It only reads: what the statement changes is taken back. One that
+/// would end the transaction is refused before it runs, and without transactions any that may change data.
+/// `step` is asked all the time.
+MadeRows RowsOf(Application& app, const RowsQuery& query, const edit::WaitStep& step);
+
+/// What a failure means to the user: the driver's own words, and which package brings a driver that is
+/// missing.
+QString FailureText(const services::DatabaseResult& result);
+
+} // namespace exchange

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "exchange/dialogs/frmImportDB.h"
+#include "core/edit/Guard.h"
+#include "core/model/Encodings.h"
+#include "exchange/OpenMade.h"
+#include "exchange/dialogs/TableList.h"
+#include "platform/text/TextTools.h"
+
+namespace exchange {
+
+namespace {
+
+constexpr qsizetype kSampleRows = 200;
+constexpr int kMade = 400; // thousandths of the work
+
+} // namespace
+
+frmImportDB::frmImportDB(Application& app) : source(app), app_(app) {
+    source.chosen.connect([this] { LoadTableAndDefaultSQL(); });
+    cmbTable.Click.connect([this] { cmbTable_Click(); });
+    cmbTable.Change.connect([this] { cmbTable_Click(); });
+    txtSQL.Change.connect([this] { OKButton.SetEnabled(!txtSQL.Text().isEmpty()); });
+    cmdPre.Click.connect([this] { cmdPre_Click(); });
+    OKButton.Click.connect([this] { OKButton_Click(); });
+    CancelButton.Click.connect([this] { unloaded(); });
+    OKButton.SetEnabled(false);
+}
+
+void frmImportDB::Form_Load() {
+    mXMLEdit::LoadEncoding(cmbEnc);
+    mXMLEdit::FindEncoding(app_.options.Encoding, cmbEnc);
+    source.Load();
+}
+
+void frmImportDB::Form_Activate() {
+    if (std::exchange(activated_, true))
+        return;
+    focusPreview();
+    LoadTableAndDefaultSQL();
+}
+
+void frmImportDB::LoadTableAndDefaultSQL() {
+    edit::Guarded(app_, QStringLiteral("frmImportDB.LoadTableAndDefaultSQL"), [&] {
+        if (text::Trim(source.ConnectionString()).isEmpty())
+            return;
+        const bool same = source.ConnectionString() == listed_;
+        const QString statement = txtSQL.Text();
+        const bool typed = !text::Trim(statement).isEmpty() && statement != proposed_;
+        const TableList list = TablesOf(app_, source.ConnectionString());
+        cmbTable.Clear();
+        cmbTable.SetText({});
+        lblNote.SetCaption(FailureText(list.result));
+        if (!list.result) {
+            TellCancelled(app_);
+            return;
+        }
+        quote_ = list.quote;
+        listed_ = source.ConnectionString();
+        for (const QString& name : list.names)
+            cmbTable.AddItem(name);
+        if (list.count > 0) {
+            cmbTable.SetListIndex(0);
+            cmbTable_Click();
+        }
+        if (same && typed) // for this database the user has a statement already
+            txtSQL.SetText(statement);
+    });
+}
+
+void frmImportDB::cmbTable_Click() {
+    const QString name = cmbTable.Text();
+    if (text::Trim(name).isEmpty())
+        return;
+    proposed_ = QStringLiteral("select * from ") + NameInStatement(name, quote_);
+    txtSQL.SetText(proposed_);
+    OKButton.SetEnabled(true);
+}
+
+MadeRows frmImportDB::GetResXML(qsizetype most, edit::Waiting& waiting) {
+    RowsQuery query;
+    query.connection = source.ConnectionString();
+    query.sql = txtSQL.Text();
+    query.encoding = cmbEnc.Text();
+    query.filling = chkAttr.Value() == 1 ? Filling::Attributes : Filling::Elements;
+    query.repair = chkRepair.Value() == 1;
+    query.most = most;
+    MadeRows made;
+    if (!text::Trim(query.connection).isEmpty() && !text::Trim(query.sql).isEmpty())
+        made = RowsOf(app_, query, waiting.Step(0, kMade));
+    ShowNotes(made);
+    return made;
+}
+
+void frmImportDB::ShowNotes(const MadeRows& made) {
+    QStringList notes;
+    if (!made.result)
+        notes << FailureText(made.result);
+    else if (!made.answered)
+        notes << QStringLiteral("The statement gives no rows.") +
+                     (made.takenBack ? QStringLiteral(" Nothing was changed in the database.") : QString());
+    if (!made.nameComplaint.isEmpty())
+        notes << made.nameComplaint;
+    if (made.cut)
+        notes << QStringLiteral("The first %1 rows are shown.").arg(kSampleRows);
+    lblNote.SetCaption(notes.join(u'\n'));
+}
+
+void frmImportDB::cmdPre_Click() {
+    edit::Guarded(app_, QStringLiteral("frmImportDB@cmdPre_Click"), [&] {
+        edit::Waiting waiting(app_, source.ConnectionString());
+        const MadeRows made = GetResXML(kSampleRows, waiting);
+        txtSample.SetText(made.answered ? made.text.toString() : QString());
+    });
+}
+
+bool frmImportDB::Make(FetchedText& fetched) {
+    auto waiting = std::make_shared<edit::Waiting>(app_, source.ConnectionString());
+    MadeRows made = GetResXML(0, *waiting);
+    if (!made.answered)
+        return false;
+    if (made.leftOut.count > 0)
+        waiting->Hide(); // a box follows
+    return MayLeaveOut(app_, made.leftOut) &&
+           Prepare(app_, std::move(made.text), std::move(waiting), kMade, fetched);
+}
+
+void frmImportDB::OKButton_Click() {
+    edit::Guarded(app_, QStringLiteral("frmImportDB@OKButton_Click"), [&] {
+        FetchedText fetched;
+        if (!Make(fetched))
+            return;
+        unloaded();
+        OpenMade(app_, fetched, Opens::XML);
+    });
+}
+
+} // namespace exchange

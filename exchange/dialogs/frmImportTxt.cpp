@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "exchange/dialogs/frmImportTxt.h"
+#include "core/edit/Fetch.h"
+#include "core/edit/Guard.h"
+#include "core/model/Encodings.h"
+#include "core/model/Frame.h"
+#include "exchange/FieldNames.h"
+#include "exchange/FileFront.h"
+#include "exchange/LineWalk.h"
+#include "exchange/OpenMade.h"
+#include "platform/text/TextTools.h"
+
+namespace exchange {
+
+namespace {
+
+constexpr std::size_t kSampleRows = 200;
+constexpr qint64 kFrontBytes = 4 << 20;
+
+// Parts of the work, in thousandths.
+constexpr int kRead = 100;
+constexpr int kMade = 400;
+
+QString QuoteNote(qsizetype line) {
+    const QString where =
+        line > 0 ? QStringLiteral("in line %1").arg(line) : QStringLiteral("in the last row shown");
+    return QStringLiteral("The quote that begins %1 does not end.").arg(where);
+}
+
+QString MixedNote() {
+    return QStringLiteral("The file mixes its line ends: only one kind of them ends a line.");
+}
+
+QString NotInEncoding(const QString& label) {
+    return QStringLiteral("The bytes of the file aren't in the encoding \"%1\".").arg(label);
+}
+
+} // namespace
+
+frmImportTxt::frmImportTxt(Application& app) : app_(app) {
+    cmdOpenFile.Click.connect([this] { cmdOpenFile_Click(); });
+    for (controls::CheckBox* box : {&chkFirst, &chkUseAttr, &chkRepair})
+        box->Click.connect([this] { LoadTextToThisForm(); });
+    delimiter.changed.connect([this] { LoadTextToThisForm(); });
+    cmbQualifier.Click.connect([this] { LoadTextToThisForm(); });
+    cmbEnc.Click.connect([this] { cmbEnc_Click(); });
+    OKButton.Click.connect([this] { OKButton_Click(); });
+    CancelButton.Click.connect([this] { CancelButton_Click(); });
+}
+
+void frmImportTxt::Form_Load() {
+    for (const char* qualifier : {"\"", "'", " "})
+        cmbQualifier.AddItem(QLatin1String(qualifier));
+    cmbQualifier.SetListIndex(0);
+    mXMLEdit::LoadEncoding(cmbEnc);
+}
+
+bool frmImportTxt::Tell(const QString& text) {
+    app_.services.prompts.MsgBox(text, services::Buttons::Ok, services::Icon::Exclamation);
+    return false;
+}
+
+// --- the file ----------------------------------------------------------------------------------------------
+
+void frmImportTxt::cmdOpenFile_Click() {
+    edit::Guarded(app_, QStringLiteral("frmImportTxt@cmdOpenFile_Click"), [&] {
+        const QString name = app_.services.prompts.OpenFileName(
+            QStringLiteral("Open file"),
+            QStringLiteral(
+                "Text Files (*.txt;*.csv;*.tab;*.asc)|*.txt;*.csv;*.tab;*.asc|All Files (*.*)|*.*"));
+        if (!name.isEmpty())
+            ReadBeginning(name);
+    });
+}
+
+void frmImportTxt::ReadBeginning(const QString& name) {
+    QByteArray front;
+    qint64 size = 0;
+    const services::FileResult result = app_.services.files.ReadFront(name, kFrontBytes, front, size);
+    if (!result) {
+        Tell(edit::ReadFailureText(name, result));
+        return;
+    }
+    file_ = name;
+    complete_ = front.size() >= size;
+    front_ = complete_ ? front : WholeLines(front);
+    encoding_.clear();
+    sample_ = text::Decode(front_);
+    lblFile.SetCaption(name);
+    ShowEncoding(sample_.form.encoding);
+    LoadTextToThisForm();
+}
+
+// One that isn't among the usual ones stands in front of them.
+void frmImportTxt::ShowEncoding(const QString& label) {
+    if (!cmbEnc.Items().contains(label))
+        cmbEnc.AddItem(label, 0);
+    mXMLEdit::FindEncoding(label, cmbEnc);
+}
+
+void frmImportTxt::cmbEnc_Click() {
+    if (file_.isEmpty())
+        return;
+    const QString label = cmbEnc.Text();
+    if (std::optional<text::Decoded> read = text::DecodeAs(front_, label)) {
+        encoding_ = label;
+        sample_ = *std::move(read);
+        LoadTextToThisForm();
+        return;
+    }
+    ShowEncoding(encoding_.isEmpty() ? sample_.form.encoding : encoding_);
+    Tell(NotInEncoding(label));
+}
+
+// --- the sample --------------------------------------------------------------------------------------------
+
+TextOptions frmImportTxt::Options() const {
+    TextOptions options;
+    options.delimiter = delimiter.GetDelimiter();
+    options.repair = chkRepair.Value() == 1;
+    if (text::Trim(cmbQualifier.Text()).isEmpty()) // quirk 98
+        options.quotes = Quotes::None;
+    else
+        options.quotes = options.repair ? Quotes::OfField : Quotes::OfLine;
+    options.firstHoldsNames = chkFirst.Value() == 1;
+    options.filling = chkUseAttr.Value() == 1 ? Filling::Attributes : Filling::Elements;
+    return options;
+}
+
+void frmImportTxt::LoadTextToThisForm() {
+    edit::Guarded(app_, QStringLiteral("frmImportTxt@LoadTextToThisForm"), [&] {
+        if (file_.isEmpty())
+            return;
+        TextSample sample = SampleOf(app_, sample_, Options(), kSampleRows);
+        lblNote.SetCaption(Notes(sample).join(u'\n'));
+        const int columns = static_cast<int>(sample.columns);
+        const int fixed = chkFirst.Value() == 1 && !sample.rows.empty() ? 1 : 0;
+        grdSample.Show(std::move(sample.rows), columns, fixed);
+    });
+}
+
+QStringList frmImportTxt::Notes(const TextSample& sample) const {
+    QStringList notes;
+    const TextOptions options = Options();
+    if (sample.rows.empty())
+        notes << QStringLiteral("The file holds no rows.");
+    else if (const QString complaint = NameComplaint(app_, sample.names, options.filling);
+             !complaint.isEmpty())
+        notes << complaint;
+    if (encoding_.isEmpty() && !sample_.warning.isEmpty())
+        notes << sample_.warning;
+    if (MixesLineEnds(sample_.form.lineEnds) && !options.repair)
+        notes << MixedNote();
+    if (sample.unfinishedQuote && complete_)
+        notes << QuoteNote(0);
+    return notes;
+}
+
+// --- the document ------------------------------------------------------------------------------------------
+
+std::optional<text::Decoded> frmImportTxt::ReadWhole(edit::Waiting& waiting) {
+    QByteArray bytes;
+    const services::FileResult result = app_.services.files.Read(file_, bytes, waiting.Step(0, kRead));
+    std::optional<text::Decoded> read;
+    if (result)
+        read = encoding_.isEmpty() ? text::Decode(bytes) : text::DecodeAs(bytes, encoding_);
+    if (read || result.error == services::FileError::Cancelled)
+        return read;
+    waiting.Hide();
+    Tell(result ? NotInEncoding(encoding_) : edit::ReadFailureText(file_, result));
+    return std::nullopt;
+}
+
+// What the sample couldn't show, since it stands further down in the file.
+bool frmImportTxt::MayGoOn(const text::Decoded& whole, edit::Waiting& waiting) {
+    QStringList news;
+    if (encoding_.isEmpty() && whole.warning != sample_.warning)
+        news << whole.warning;
+    if (!Options().repair && MixesLineEnds(whole.form.lineEnds) && !MixesLineEnds(sample_.form.lineEnds))
+        news << MixedNote();
+    if (news.isEmpty())
+        return true;
+    waiting.Hide();
+    return app_.services.prompts.MsgBox(news.join(QStringLiteral("\r\n")), services::Buttons::OkCancel,
+                                        services::Icon::Exclamation) == services::Answer::Ok;
+}
+
+// False where the dialog stays: the user has been told why, or has cancelled.
+bool frmImportTxt::Make(FetchedText& fetched) {
+    if (file_.isEmpty())
+        return Tell(QStringLiteral("No text file is chosen."));
+    auto waiting = std::make_shared<edit::Waiting>(app_, file_);
+    std::optional<text::Decoded> whole = ReadWhole(*waiting);
+    if (!whole || !MayGoOn(*whole, *waiting))
+        return false;
+    MadeText made = DocumentOf(app_, *whole, Options(), waiting->Step(kRead, kMade));
+    whole.reset(); // of a large file this is much
+    if (made.unfinishedQuote > 0 || made.leftOut.count > 0)
+        waiting->Hide(); // boxes follow
+    if (made.unfinishedQuote > 0)
+        return Tell(QuoteNote(made.unfinishedQuote));
+    if (made.cancelled || !MayLeaveOut(app_, made.leftOut))
+        return false;
+    return Prepare(app_, std::move(made.text), std::move(waiting), kMade, fetched);
+}
+
+void frmImportTxt::OKButton_Click() {
+    edit::Guarded(app_, QStringLiteral("frmImportTxt@OKButton_Click"), [&] {
+        FetchedText fetched;
+        if (!Make(fetched))
+            return;
+        unloaded();
+        OpenMade(app_, fetched, Opens::XML);
+    });
+}
+
+} // namespace exchange

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The tables of the table view go into a database, all of them or none.
+#include "exchange/dialogs/frmExportDB.h"
+#include "tests/exchange/ExchangeDesk.h"
+#include "tests/support/PostgresServer.h"
+#include "tests/support/SqliteFile.h"
+
+namespace {
+
+using exchange::frmExportDB;
+using services::Answer;
+using test::TestApp;
+
+constexpr char kStock[] =
+    "<stock><wine no=\"1\" code=\"007\" price=\"1.50\" day=\"2019-05-06\" name=\"A &amp; 'B'\"/><wine "
+    "no=\"22\" code=\"8\" "
+    "price=\"12\" day=\"2020-02-29\" name=\"\">good</wine><shop city=\"北京\" "
+    "share=\"0.12345678901234567\"/><wine no=\"3\"/></stock>";
+
+class ExportDatabase : public testing::Test {
+protected:
+    TestApp t;
+    test::SqliteFile file;
+
+    void SetUp() override {
+        EXPECT_TRUE(services::Databases().AddSource(QStringLiteral("stock"), QStringLiteral("SQLite3"),
+                                                    {{QStringLiteral("Database"), file.Path()}}));
+        DocumentWindow& window = t.OpenText(QStringLiteral("stock.xml"), kStock);
+        t.ClickNode(window.tvXML.Nodes(1).Child().Child());
+    }
+    int InExport(const std::function<void(frmExportDB&)>& act) {
+        return test::InDialog<frmExportDB>(t, t.frame().exchangeDialogs.exportDBShown, "mnuTExpToDb", act);
+    }
+};
+
+TEST_F(ExportDatabase, ProposedTablesHoldWhatTheDocumentHas) {
+    t.prompts.Answer(Answer::Ok);
+    EXPECT_EQ(
+        InExport([](frmExportDB& form) {
+            EXPECT_EQ(form.cmbGrid.Items().join(u' '), QStringLiteral("wine shop"));
+            EXPECT_EQ(
+                form.txtSQL.Text().toStdString(),
+                "CREATE TABLE \"wine\" (\n    \"no\" INTEGER,\n    \"code\" VARCHAR(255),\n    \"price\" "
+                "VARCHAR(255),\n    \"day\" DATE,\n    \"name\" VARCHAR(255),\n    \"Node_Text\" "
+                "VARCHAR(255)\n);\nINSERT INTO \"wine\" (\"no\", \"code\", \"price\", \"day\", \"name\", "
+                "\"Node_Text\")\n    VALUES (?, ?, ?, ?, ?, ?);\n");
+            form.OKButton.Click();
+        }),
+        1);
+    EXPECT_EQ(t.prompts.boxes.back().text, QStringLiteral("4 row(s) were written."));
+    EXPECT_EQ(file.Query("select no, code, day, name, Node_Text from wine"),
+              "1|007|2019-05-06|A & 'B'|None\n22|8|2020-02-29||good\n3|None|None|None|None");
+    EXPECT_EQ(file.Query("select * from shop"), "北京|0.12345678901234567");
+}
+
+TEST_F(ExportDatabase, WhatFailsLeavesNothingBehind) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"create table wine(no integer unique); insert into wine values(?, ?, ?, ?, ?, ?)", "has 1 columns"},
+        {"create table wine(a, b, c, d, e, f); insert into wine values(1, ?, ?, ?, ?, ?)",
+         "has 5 parameters"},
+        {"create table wine(a, b, c, d, e not null, f); insert into wine values(?, ?, ?, ?, ?, ?)",
+         "NOT NULL"},
+        {"creat table", "syntax error"},
+    };
+    InExport([&](frmExportDB& form) {
+        for (const auto& [sql, note] : cases) {
+            form.cmbGrid.UserChose(0);
+            form.txtSQL.UserTyped(QLatin1String(sql));
+            form.OKButton.Click();
+            EXPECT_TRUE(form.lblNote.Caption().contains(QLatin1String(note)))
+                << form.lblNote.Caption().toStdString();
+            EXPECT_TRUE(form.lblNote.Caption().contains(QStringLiteral("Nothing was written."))) << sql;
+            EXPECT_EQ(file.Query("select count(*) from sqlite_master"), "0") << sql;
+        }
+        file.Run("create table other(a)");
+        services::DatabaseResult result;
+        const auto writer = services::Databases().Open(file.Connection(), {}, result);
+        ASSERT_TRUE(writer && writer->BeginTransaction());
+        writer->Execute(QStringLiteral("insert into other values(1)"), result);
+        form.txtSQL.UserTyped(QStringLiteral("create table wine(a)"));
+        form.OKButton.Click();
+        EXPECT_TRUE(form.lblNote.Caption().contains(QStringLiteral("locked")))
+            << form.lblNote.Caption().toStdString();
+    });
+    EXPECT_EQ(file.Query("select count(*) from sqlite_master"), "1");
+    EXPECT_TRUE(t.prompts.boxes.empty());
+}
+
+TEST_F(ExportDatabase, AnEditedScriptAddsToATableAndLeavesOthersOut) {
+    file.Run("create table shop(city text, share text); insert into shop values('Bonn', 1);");
+    t.prompts.Answer(Answer::Ok);
+    InExport([](frmExportDB& form) {
+        form.Form_Activate();
+        EXPECT_EQ(form.lblNote.Caption(), QStringLiteral("The database has a table \"shop\" already."));
+        form.chkGrid.UserSet(false);
+        form.cmbGrid.UserChose(1);
+        form.txtSQL.UserTyped(
+            QStringLiteral("-- the table is there; only its rows\ninsert into shop values(? || ';', ?);"));
+        form.cmbGrid.UserChose(0);
+        form.cmbGrid.UserChose(1);
+        EXPECT_TRUE(form.txtSQL.Text().startsWith(QStringLiteral("-- the table")));
+        form.OKButton.Click();
+    });
+    EXPECT_EQ(file.Query("select city from shop"), "Bonn\n北京;");
+    EXPECT_EQ(file.Query("select count(*) from sqlite_master"), "1");
+}
+
+TEST_F(ExportDatabase, CancelTakesAllBack) {
+    QByteArray document = "<a>";
+    for (int i = 0; i < 3000; ++i)
+        document += "<b x=\"" + QByteArray::number(i) + "\"/>";
+    DocumentWindow& window = t.OpenText(QStringLiteral("rows.xml"), document + "</a>");
+    t.ClickNode(window.tvXML.Nodes(1).Child().Child());
+    EXPECT_EQ(InExport([&](frmExportDB& form) {
+                  t.progress.cancelAtStep = t.progress.steps + 20;
+                  form.OKButton.Click();
+                  EXPECT_TRUE(form.lblNote.Caption().startsWith(QStringLiteral("Cancelled.")));
+              }),
+              0);
+    EXPECT_EQ(file.Query("select count(*) from sqlite_master"), "0");
+}
+
+TEST_F(ExportDatabase, PostgresTakesTypedValuesAndGivesThemBack) {
+    test::PostgresServer server;
+    if (!server.IsRunning())
+        GTEST_SKIP() << server.WhyNot().toStdString();
+    EXPECT_TRUE(services::Databases().AddSource(QStringLiteral("server"),
+                                                QStringLiteral("PostgreSQL Unicode"), server.Settings()));
+    t.prompts.Answer(Answer::Ok);
+    EXPECT_EQ(InExport([](frmExportDB& form) {
+                  form.source.cmbDSN.UserChose(
+                      static_cast<int>(form.source.cmbDSN.Items().indexOf(QStringLiteral("server"))));
+                  form.OKButton.Click();
+                  EXPECT_EQ(form.lblNote.Caption().toStdString(), "");
+              }),
+              1);
+    services::DatabaseResult result;
+    const auto database = services::Databases().Open(server.Connection(), {}, result);
+    ASSERT_TRUE(database);
+    const auto rows =
+        database->Execute(QStringLiteral("select no, code, price, day, name from wine order by no"), result);
+    ASSERT_TRUE(rows && rows->Next(result));
+    QStringList values;
+    for (std::size_t i = 0; i < rows->Columns().size(); ++i)
+        values << rows->Value(i).toString();
+    EXPECT_EQ(values.join(u'|').toStdString(), "1|007|1.50|2019-05-06|A & 'B'");
+}
+
+} // namespace

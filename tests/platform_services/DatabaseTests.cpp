@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Databases behind real drivers: a SQLite file, a PostgreSQL server of the test's own, an Access file.
+#include "platform/services/Databases.h"
+#include "tests/platform_services/Folder.h"
+#include "tests/support/PostgresServer.h"
+#include "tests/support/SqliteFile.h"
+#include <QFile>
+#include <QTcpServer>
+#include <csignal>
+#include <gtest/gtest.h>
+
+namespace {
+
+using services::Database;
+using services::DatabaseFailure;
+using services::DatabaseResult;
+using services::Databases;
+
+std::unique_ptr<Database> Open(const QString& connection) {
+    DatabaseResult result;
+    auto database = Databases().Open(connection, {}, result);
+    EXPECT_TRUE(result) << result.text.toStdString();
+    return database;
+}
+
+/// The rows of a query: "|" between values, a line each; "-" for null. What the database says where it fails.
+std::string Answer(Database& database, const QString& sql) {
+    DatabaseResult result;
+    const auto rows = database.Execute(sql, result);
+    QStringList lines;
+    while (rows && rows->Next(result)) {
+        QStringList values;
+        for (std::size_t i = 0; i < rows->Columns().size(); ++i)
+            values << (rows->IsNull(i) ? QStringLiteral("-") : rows->Value(i).toString());
+        lines << values.join(u'|');
+    }
+    return (result ? lines.join(u'\n') : result.text).toStdString();
+}
+
+std::string TablesOf(Database& database, const QString& schema = {}) {
+    std::vector<services::DatabaseTable> tables;
+    EXPECT_TRUE(database.Tables(tables));
+    QStringList names;
+    for (const auto& table : tables) {
+        if (schema.isEmpty() || table.schema == schema)
+            names << table.name + u':' + table.type;
+    }
+    names.sort();
+    return names.join(u' ').toStdString();
+}
+
+TEST(Databases, SQLiteGivesValuesAsTheyStandWhateverTheirColumnsPromise) {
+    test::SqliteFile file;
+    file.Run("create table t(n integer, short varchar(5), day date, at timestamp, yes boolean, bytes blob, "
+             "price decimal(9,2));"
+             "insert into t values(1, 'longer than five 中文', '2001-02-03', '2001-02-03 04:05:06', 1, "
+             "x'00FF', .5),"
+             "(null, '', 'soon', null, 0, null, -0.25);"
+             "create view v as select n from t;");
+    const auto database = Open(file.Connection());
+    ASSERT_TRUE(database);
+    EXPECT_EQ(
+        Answer(*database, QStringLiteral("select * from t")),
+        "1|longer than five 中文|2001-02-03|2001-02-03T04:05:06|true|00FF|0.5\n-||soon|-|false|-|-0.25");
+    EXPECT_EQ(TablesOf(*database), "t:TABLE v:VIEW");
+    EXPECT_NE(Answer(*database, QStringLiteral("select * from nowhere")).find("no such table: nowhere"),
+              std::string::npos);
+    EXPECT_EQ(Answer(*database, QStringLiteral("delete from t where n = 7")), "");
+}
+
+TEST(Databases, LongAndManyValuesComeWhole) {
+    test::SqliteFile file;
+    file.Run("create table t(n integer, body text);"
+             "with recursive c(i) as (select 1 union all select i + 1 from c where i < 1200)"
+             "insert into t select i, substr(hex(zeroblob(i * 20)), 1, i * 20) || i from c;"
+             "insert into t values(0, hex(zeroblob(1500000)) || '末');");
+    const auto database = Open(file.Connection());
+    DatabaseResult result;
+    const auto rows = database->Execute(QStringLiteral("select n, body from t order by rowid"), result);
+    ASSERT_TRUE(rows);
+    int read = 0;
+    qsizetype longest = 0;
+    for (; rows->Next(result); ++read) {
+        const QString body = rows->Value(1).toString();
+        longest = std::max(longest, body.size());
+        const bool whole = read < 1200 ? body.size() == (read + 1) * 20 + QString::number(read + 1).size() &&
+                                             body.endsWith(QString::number(read + 1))
+                                       : body.endsWith(QStringLiteral("0末"));
+        ASSERT_TRUE(whole) << read;
+    }
+    EXPECT_TRUE(result);
+    EXPECT_EQ(read, 1201);
+    EXPECT_EQ(longest, 3000001);
+}
+
+TEST(Databases, WhatIsNotCommittedIsTakenBack) {
+    test::SqliteFile file;
+    file.Run("create table t(n integer, s text);");
+    {
+        const auto database = Open(file.Connection());
+        DatabaseResult result;
+        ASSERT_TRUE(database->BeginTransaction());
+        const auto insert = database->Prepare(QStringLiteral("insert into t values(?, ?)"), result);
+        ASSERT_TRUE(insert) << result.text.toStdString();
+        EXPECT_EQ(insert->Parameters(), 2);
+        EXPECT_TRUE(insert->Run(
+            {QStringLiteral("1"), QString(9000, u'x') + QStringLiteral("'; drop table t; -- 中")}));
+        result = insert->Run({QStringLiteral("2"), QString()});
+        EXPECT_TRUE(result) << result.text.toStdString();
+        EXPECT_TRUE(database->Commit());
+        EXPECT_TRUE(insert->Run({QStringLiteral("3"), QStringLiteral("")}));
+    }
+    const auto database = Open(file.Connection());
+    EXPECT_EQ(Answer(*database, QStringLiteral("select n, length(s), substr(s, 9001) from t")),
+              "1|9021|'; drop table t; -- 中\n2|-|-");
+}
+
+TEST(Databases, SourcesAreListedAndFailuresSayWhy) {
+    test::SqliteFile file;
+    ASSERT_TRUE(Databases().AddSource(QStringLiteral("stock 1"), QStringLiteral("SQLite3"),
+                                      {{QStringLiteral("Database"), file.Path()}}));
+    QStringList names;
+    for (const auto& source : Databases().Sources())
+        names << source.name;
+    EXPECT_TRUE(names.contains(QStringLiteral("stock 1")));
+    EXPECT_TRUE(Databases().Drivers().contains(QStringLiteral("SQLite3")));
+    EXPECT_TRUE(Open(QStringLiteral("DSN=stock 1;")));
+
+    DatabaseResult result;
+    EXPECT_FALSE(Databases().Open(QStringLiteral("DSN=never heard of;"), {}, result));
+    EXPECT_EQ(result.failure, DatabaseFailure::NoDriver);
+    EXPECT_TRUE(result.text.contains(QStringLiteral("Data source name not found")));
+    const QString missing = file.Path() + QStringLiteral(".missing");
+    EXPECT_FALSE(Databases().Open(QStringLiteral("Driver=SQLite3;Database=%1;").arg(missing), {}, result));
+    EXPECT_FALSE(QFile::exists(missing)) << "looking for a database made one";
+    EXPECT_FALSE(Databases().Open(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + missing,
+                                  {}, result));
+    EXPECT_EQ(result.failure, DatabaseFailure::Failed);
+}
+
+// It takes the connection and is silent from then on.
+TEST(Databases, AServerThatNeverAnswersIsLeftAlone) {
+    QTcpServer silent;
+    ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
+    const QString connection =
+        QStringLiteral("Driver=PostgreSQL Unicode;Server=127.0.0.1;Port=%1;Database=x;UID=x;")
+            .arg(silent.serverPort());
+    if (!Databases().Drivers().contains(QStringLiteral("PostgreSQL Unicode")))
+        GTEST_SKIP() << "the driver odbc-postgresql isn't installed";
+    DatabaseResult result;
+    int steps = 0;
+    EXPECT_FALSE(Databases().Open(
+        connection, [&](qint64, qint64) { return ++steps < 3; }, result));
+    EXPECT_EQ(result.failure, DatabaseFailure::Cancelled);
+    EXPECT_FALSE(Databases().Open(connection, {}, result, 1));
+    EXPECT_EQ(result.failure, DatabaseFailure::TimedOut);
+}
+
+TEST(Databases, PostgresGivesTypedValuesAndCanBeStopped) {
+    test::PostgresServer server;
+    if (!server.IsRunning())
+        GTEST_SKIP() << server.WhyNot().toStdString();
+    const auto database = Open(server.Connection());
+    ASSERT_TRUE(database);
+    EXPECT_EQ(Answer(*database,
+                     QStringLiteral("create table t(n bigint primary key, b bool, d date, at timestamp, f "
+                                    "double precision, m numeric(9,2), raw bytea, body text)")),
+              "");
+    EXPECT_EQ(Answer(*database,
+                     QStringLiteral("insert into t values(1, true, '2001-02-03', '2001-02-03 04:05:06.5', "
+                                    "0.1::float8 + 0.2, .5, '\\x00ff', repeat('é', 20000) || '末'), "
+                                    "(2, false, null, null, 'NaN', null, null, '')")),
+              "");
+    EXPECT_EQ(
+        Answer(*database, QStringLiteral("select n, b, d, at, f, m, raw, length(body) from t order by n")),
+        "1|true|2001-02-03|2001-02-03T04:05:06.5|0.30000000000000004|0.50|00FF|20001\n2|false|-|-|NaN|-|-|0");
+    EXPECT_EQ(Answer(*database, QStringLiteral("select body from t where n = 1")).size(), 40003u);
+    QStringList key;
+    services::DatabaseTable table;
+    table.name = QStringLiteral("t");
+    EXPECT_TRUE(database->PrimaryKey(table, key));
+    EXPECT_EQ(key, QStringList(QStringLiteral("n")));
+    EXPECT_NE(Answer(*database, QStringLiteral("selekt 1")).find("syntax error"), std::string::npos);
+
+    DatabaseResult result;
+    int steps = 0;
+    const auto stopped = Databases().Open(
+        server.Connection(), [&](qint64, qint64) { return ++steps < 5; }, result);
+    ASSERT_TRUE(stopped);
+    steps = 0;
+    EXPECT_FALSE(stopped->Execute(QStringLiteral("select pg_sleep(60)"), result));
+    EXPECT_EQ(result.failure, DatabaseFailure::Cancelled);
+    // Silent from now on, also to who asks it to stop.
+    steps = 0;
+    const auto stepped = Databases().Open(
+        server.Connection(), [&](qint64, qint64) { return ++steps < 5; }, result);
+    ASSERT_TRUE(stepped);
+    const int worker = std::stoi(Answer(*stepped, QStringLiteral("select pg_backend_pid()")));
+    const auto both = {static_cast<pid_t>(server.ProcessId()), static_cast<pid_t>(worker)};
+    for (const pid_t process : both)
+        kill(process, SIGSTOP);
+    steps = 0;
+    EXPECT_EQ(Answer(*stepped, QStringLiteral("select 1")), "");
+    EXPECT_EQ(Answer(*stepped, QStringLiteral("select 1")), "The connection is lost.");
+    for (const pid_t process : both)
+        kill(process, SIGCONT);
+    EXPECT_FALSE(Databases().Open(server.Connection(QStringLiteral("wrong")), {}, result));
+    EXPECT_TRUE(result.text.contains(QStringLiteral("password authentication failed")))
+        << result.text.toStdString();
+}
+
+TEST(Databases, AccessFilesAreRead) {
+    const QString folder = qEnvironmentVariable("VANTREL_ACCESS_SAMPLES");
+    if (folder.isEmpty())
+        GTEST_SKIP() << "VANTREL_ACCESS_SAMPLES names no folder with Access files";
+    test::Folder copies;
+    const QString path = copies.Path("日期 dates.mdb"); // a name that isn't plain
+    ASSERT_TRUE(QFile::copy(folder + QStringLiteral("/dates.mdb"), path));
+    const auto database = Open(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + path);
+    ASSERT_TRUE(database);
+    EXPECT_NE(TablesOf(*database).find("DateTest:TABLE"), std::string::npos);
+    const std::string rows = Answer(*database, QStringLiteral("select * from DateTest"));
+    EXPECT_EQ(rows.substr(0, rows.find('\n')),
+              "1|2021-12-02T00:00:00|2021-12-02T00:00:00|2021-12-02T00:00:00|Hello|Hello");
+}
+
+} // namespace
