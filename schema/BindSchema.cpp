@@ -124,13 +124,23 @@ bool MayReplaceLocation(DocumentWindow& window) {
                services::Buttons::YesNo) == services::Answer::Yes;
 }
 
-// A blank would part the name in a list of names (quirk 91).
-void ReplaceInList(Attributes& all, qsizetype at, QString schemaFile) {
+// A blank would part the name in a list of names (quirk 91); what looks like one that is written otherwise is
+// then written otherwise, too.
+QString AsListEntry(QString name) {
+    const auto isBlank = [](QChar one) { return one.isSpace(); };
+    if (std::any_of(name.cbegin(), name.cend(), isBlank))
+        name.replace(u'%', QStringLiteral("%25"));
+    for (const QChar blank : {u' ', u'\t', u'\n', u'\r'})
+        name.replace(blank, QLatin1String(QUrl::toPercentEncoding(QString(blank))));
+    return name;
+}
+
+void ReplaceInList(Attributes& all, qsizetype at, const QString& schemaFile) {
     QString list = WithoutReferences(all.value(at));
     const Stretch stretch = LocationIn(list);
     if (stretch.length == 0)
         return;
-    list.replace(stretch.start, stretch.length, schemaFile.replace(u' ', QStringLiteral("%20")));
+    list.replace(stretch.start, stretch.length, AsListEntry(schemaFile));
     all.set(at, QString(all.name(at)), WithReferences(list));
 }
 
@@ -184,14 +194,6 @@ void ShowText(DocumentWindow& window, const text::LongText& text) {
 
 TreeNode GetXMLRootNode(const controls::TreeView& tree) {
     return tree.Nodes.Count() == 0 ? TreeNode() : m_tvXML::FirstElement(tree.Nodes(1).Child());
-}
-
-bool IsBound(const DocumentWindow& window) {
-    const TreeNode root = GetXMLRootNode(window.tvXML);
-    if (!root)
-        return false;
-    const Attributes all(root);
-    return FindLocation(all, kLocation) >= 0 || FindLocation(all, kPlainLocation) >= 0;
 }
 
 void ApplySchema(DocumentWindow& window, QString schemaFile) {

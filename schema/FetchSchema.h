@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/model/Application.h"
+#include "platform/services/Schemas.h"
 #include <QByteArray>
-#include <QString>
 #include <QStringList>
 #include <map>
 #include <optional>
@@ -12,12 +12,13 @@
 namespace schema {
 
 /// What one check, or one look at a schema, fetches. An address is fetched only where the user has said so,
-/// and tried once.
+/// and tried once; so is one at another host that it leads on to.
 class SchemaFetch {
 public:
     explicit SchemaFetch(Application& app) : app_(app) {}
 
-    const std::map<QString, QByteArray>& bytes() const { return bytes_; } ///< by address
+    /// By the address that was asked for, and by each that it led on to.
+    const std::map<QString, services::FetchedSchema>& found() const { return found_; }
 
     /// Asks for each address that wasn't tried yet whether to fetch it, and does so. True when anything came.
     bool FetchAll(const QStringList& addresses);
@@ -26,8 +27,10 @@ public:
     std::optional<QByteArray> Fetch(const QString& address);
 
 private:
+    QByteArray Keep(const QStringList& addresses, const services::FetchedSchema& found);
+
     Application& app_;
-    std::map<QString, QByteArray> bytes_;
+    std::map<QString, services::FetchedSchema> found_;
     std::set<QString> tried_;
 };
 

@@ -12,10 +12,6 @@ struct SchemaState {
     /// (OffersMSSQL).
     bool mbEnabledMsSQL = false;
     bool mbEnabledOracle = false;
-    bool checking = false;  ///< a check is under way that the user asked for
-    bool saving = false;    ///< the document is being saved: a check would keep it from its file
-    bool unchecked = false; ///< it was read meanwhile
-    bool untold = false;    ///< the last one has found faults that no box has told of
 };
 
 SchemaState& SchemaOf(DocumentWindow& window);

@@ -3,6 +3,7 @@
 #include "core/model/DomToTree.h"
 #include "integration/BrowserView.h"
 #include "nodes/ListView.h"
+#include "schema/CheckBeside.h"
 #include "schema/CheckSchema.h"
 #include "schema/SchemaCommandTable.h"
 #include "schema/SchemaTree.h"
@@ -48,7 +49,6 @@ const WindowKind& SchemaKind() {
                                  .newTree = schema::AddTreeRootS,
                                  .fillTree = schema::SXMLToTree,
                                  .textRead = schema::CheckAfterReading,
-                                 .saving = schema::CheckAfterSaving,
                                  .textLeft = schema::TellAfterLeaving,
                                  .attributesOffered = schema::AttributesOffered,
                                  .valuesOffered = schema::ValuesOffered,

@@ -132,11 +132,6 @@ bool SaveUnderNewName(DocumentWindow& window) {
     return true;
 }
 
-void TellSaving(DocumentWindow& window, bool begins) {
-    if (window.kind.saving)
-        window.kind.saving(window, begins);
-}
-
 void SaySaved(DocumentWindow& window, bool wellFormed) {
     const QString saved = SavedMessage(window);
     Message(window.app, wellFormed ? saved : saved + QStringLiteral(" It is not valid XML."));
@@ -145,7 +140,6 @@ void SaySaved(DocumentWindow& window, bool wellFormed) {
 } // namespace
 
 void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck) {
-    TellSaving(window, true);
     Guarded(window, "SaveXMLFile", [&] {
         const bool looks = !bSkipCheck && !bSaveAs;
         // The question comes before anything is said about the text, which may not be wanted (quirk 43).
@@ -162,11 +156,9 @@ void SaveXMLFile(DocumentWindow& window, bool bSaveAs, bool bSkipCheck) {
         window.bond.move(BondMove::TextTakenBack);
         window.bond.msOpenText = window.way->text(window);
         ShowUnsaved(window);
-        TellSaving(window, false);
         if (!FileOf(window).refused)
             SaySaved(window, wellFormed);
     });
-    TellSaving(window, false); // also one that was given up
 }
 
 void SaveAs(DocumentWindow& window) {

@@ -33,8 +33,6 @@ struct WindowKind {
     void (*fillTree)(DocumentWindow& window, const xml::ParsedDocument& document) = nullptr;
     /// A text that was opened, or that the user has edited, stands in the tree now. Inside an edit.
     void (*textRead)(DocumentWindow& window) = nullptr;
-    /// A save begins, or has ended: what takes its time and isn't needed for the file waits until then.
-    void (*saving)(DocumentWindow& window, bool begins) = nullptr;
     /// The user has left the text, which is in the tree.
     void (*textLeft)(DocumentWindow& window) = nullptr;
     /// Names of the attributes that the list offers for an element by its name, carried or not.
