@@ -64,7 +64,8 @@ void Tell(DocumentWindow& window) {
     if (IsInFront(window) && !edit::MayAskNow(window))
         return;
     state.telling = state.untold = false;
-    if (IsInFront(window) && !IsTextAhead(window) && AttentionIn(window) == state.attention)
+    const bool same = !IsTextAhead(window) && !DiagnosticsOf(window).past;
+    if (IsInFront(window) && same && AttentionIn(window) == state.attention)
         TellFirst(window);
     else
         TellOnStatusBar(window);

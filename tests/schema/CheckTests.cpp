@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The check of schemas, of documents against them, and what the user is told and shown of it.
-#include "schema/CheckBeside.h"
-#include "schema/Diagnostics.h"
 #include "schema/SchemaState.h"
-#include "tests/nodes/ListDesk.h"
+#include "tests/schema/CheckDesk.h"
 #include "tests/support/LoopbackServer.h"
 #include <QDirIterator>
 #include <QXmlStreamReader>
@@ -12,29 +10,13 @@
 namespace {
 
 using services::Answer;
+using Check = test::CheckDesk;
 
 constexpr char kGood[] = "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'>"
                          "<xs:element name='a'><xs:complexType><xs:sequence>"
                          "<xs:element name='b' type='xs:int' maxOccurs='2'/></xs:sequence>"
                          "<xs:attribute name='n' type='xs:int' use='required'/></xs:complexType></xs:element>"
                          "</xs:schema>";
-
-struct Check : test::ListDesk {
-    void Show(const QString& name, const QByteArray& text) { w = &t.OpenText(name, text); }
-    controls::ListView& Faults() { return schema::DiagnosticsOf(*w).lvDiagnostics; }
-    std::string Fault(int row, int column) {
-        const controls::ListItem& item = Faults().Item(row);
-        return (column == 1 ? item.Text : item.Sub[static_cast<std::size_t>(column - 2)]).toStdString();
-    }
-    QByteArray Inside(const QByteArray& inside) {
-        return "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'>" + inside + "</xs:schema>";
-    }
-    void Validate() {
-        w->tbsXML.Select(QStringLiteral("textview"));
-        t.ChooseMenu(QStringLiteral("mnuXMLValidate"));
-    }
-    QString LastText() { return t.prompts.boxes.empty() ? QString() : t.prompts.boxes.back().text; }
-};
 
 TEST_F(Check, AFaultOfASchemaIsToldAndItsNodeAndTextComeUp) {
     t.prompts.Answer(Answer::Ok);
@@ -258,96 +240,6 @@ TEST_F(Check, AfterAnEditADiagnosticStillLeadsToItsNode) {
     t.prompts.Answer(Answer::Ok);
     t.FinishChecks();
     EXPECT_EQ(Fault(1, 1).find("was"), std::string::npos) << "the next check has its own places";
-}
-
-// --- beside the work ---------------------------------------------------------------------------------------
-
-/// A schema whose check takes long: many declarations, and a fault.
-struct CheckBeside : Check {
-    schema::CheckBeside& State() { return schema::CheckBesideOf(*w); }
-    QByteArray Slow() {
-        QByteArray inside = "<xs:element name='bad' type='xs:nothing'/>";
-        for (int i = 0; i < 6000; ++i)
-            inside += "<xs:element name='e" + QByteArray::number(i) + "' type='xs:string'/>";
-        return Inside(inside);
-    }
-    /// Opens it without waiting for its check.
-    void OpenOnly(const QString& name, const QByteArray& text) {
-        t.frame().OpenNamed(t.folder.Write(name, text));
-        w = &t.window();
-        EXPECT_TRUE(State().busy());
-        State().tmCheck.Tick();
-        EXPECT_TRUE(State().running);
-    }
-    QString Said() { return t.frame().StatusBar1().Panel(1); }
-};
-
-TEST_F(CheckBeside, WhatIsDoneMeanwhileStaysAndNoBoxComesOverIt) {
-    const QString before = Said();
-    OpenOnly(QStringLiteral("a.xsd"), Slow());
-    EXPECT_EQ(Faults().Count(), 0) << "the window is there before it is checked";
-    State().tmCheck.Tick();
-    EXPECT_NE(Said(), before) << "the user can see that it is being checked";
-    Select(Element().Child());
-    t.FinishChecks();
-    EXPECT_TRUE(t.prompts.boxes.empty());
-    EXPECT_EQ(Faults().Count(), 1);
-    EXPECT_EQ(w->tvXML.SelectedItem(), Element().Child());
-    EXPECT_NE(Said().indexOf(QStringLiteral("nothing")), -1);
-
-    // Another document in front: its window stays there, and says nothing of this one.
-    OpenOnly(QStringLiteral("b.xsd"), Slow());
-    DocumentWindow* slow = w;
-    DocumentWindow& plain = t.OpenText(QStringLiteral("c.xml"), "<a/>");
-    const QString plainSaid = Said();
-    while (State().busy()) {
-        State().tmCheck.Tick();
-        State().running ? State().running->WaitForEnd(100) : true;
-    }
-    EXPECT_EQ(&t.window(), &plain);
-    EXPECT_EQ(Said(), plainSaid);
-    EXPECT_EQ(schema::DiagnosticsOf(*slow).lvDiagnostics.Count(), 1);
-    EXPECT_TRUE(t.prompts.boxes.empty());
-}
-
-TEST_F(CheckBeside, WhatWasFoundInATextThatHasChangedIsntTold) {
-    OpenOnly(QStringLiteral("a.xsd"), Slow());
-    Select(Element().Child());
-    t.ChooseMenu(QStringLiteral("mnuDelete")); // the bad one
-    t.FinishChecks();
-    EXPECT_EQ(Faults().Count(), 0);
-    EXPECT_TRUE(t.prompts.boxes.empty());
-
-    OpenOnly(QStringLiteral("b.xsd"), Slow()); // while a text is being typed nothing is checked
-    w->tbsXML.Select(QStringLiteral("textview"));
-    w->rtxtXML.GotFocus();
-    w->rtxtXML.UserSelected(w->rtxtXML.Long().indexOf(u"xs:nothing", 0, Qt::CaseSensitive), 10);
-    w->rtxtXML.Type(QStringLiteral("xs:int"));
-    t.FinishChecks();
-    EXPECT_EQ(Faults().Count(), 0);
-    EXPECT_FALSE(State().busy());
-    w->rtxtXML.LostFocus();
-    t.FinishChecks();
-    EXPECT_EQ(Faults().Count(), 0);
-
-    OpenOnly(QStringLiteral("c.xsd"), Slow());
-    t.ChooseMenu(QStringLiteral("mnuFileClose")); // nothing is left to come back
-    EXPECT_NE(t.frame().ActiveForm(), w);
-}
-
-// The library's time for these grows with their square; the user has the window meanwhile.
-TEST_F(CheckBeside, ASchemaOfManyDeclarationsIsThereToBeWorkedOn) {
-    QByteArray inside;
-    for (int i = 0; i < 100'000; ++i)
-        inside += "<xs:element name='e" + QByteArray::number(i) + "' type='xs:string'/>";
-    OpenOnly(QStringLiteral("large.xsd"), Inside(inside));
-    EXPECT_EQ(Element().Children(), 100'000);
-    Select(Element().LastChild());
-    t.ChooseMenu(QStringLiteral("mnuDelete"));
-    EXPECT_EQ(Element().Children(), 99'999);
-    EXPECT_TRUE(State().running);
-    t.ChooseMenu(QStringLiteral("mnuFileSave"));
-    EXPECT_FALSE(t.folder.Read(QStringLiteral("large.xsd")).contains("e99999"));
 }
 
 TEST_F(Check, ABoundDocumentIsCheckedAgainstItsSchema) {

@@ -107,8 +107,8 @@ void TestApp::EditText(const QString& text) {
     FinishChecks();
 }
 
-void TestApp::FinishChecks() {
-    schema::CheckBeside& check = schema::CheckBesideOf(window());
+void TestApp::FinishChecks(DocumentWindow& window) {
+    schema::CheckBeside& check = schema::CheckBesideOf(window);
     while (check.busy()) {
         check.tmCheck.Tick();
         if (check.running)

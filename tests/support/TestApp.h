@@ -51,7 +51,8 @@ public:
     /// Goes to the text tab, replaces the whole text as by typing, and leaves the view again.
     void EditText(const QString& text);
     /// Waits until nothing is checked beside the work any more, and the user has been told of it.
-    void FinishChecks();
+    void FinishChecks() { FinishChecks(window()); }
+    static void FinishChecks(DocumentWindow& window); ///< the same of a window that needn't be in front
 
 private:
     void Start(const QString& commandLine);
