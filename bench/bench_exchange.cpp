@@ -155,7 +155,7 @@ void Store(Desk& desk, const QString& folder) {
     const QString script = exchange::ScriptOf(*data, QStringLiteral("\""));
     Report("stored in SQLite", Measured([&] {
                const QString connection = QStringLiteral("Driver=SQLite3;Database=%1;").arg(made.fileName());
-               const auto exported = exchange::ExportRows(connection, {{*data, script}}, {});
+               const auto exported = exchange::ExportRows(desk.app, connection, {{*data, script}}, {});
                std::printf("%lld rows %s\n", static_cast<long long>(exported.rows),
                            qPrintable(exported.result.text));
            }));

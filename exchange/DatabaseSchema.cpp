@@ -10,6 +10,7 @@ namespace exchange {
 namespace {
 
 using services::DatabaseColumn;
+using services::DatabaseFailure;
 using services::DatabaseForeignKey;
 using services::DatabaseResult;
 using services::DatabaseTable;
@@ -24,21 +25,32 @@ struct TableShape {
     std::vector<DatabaseForeignKey> foreignKeys;
 };
 
-DatabaseResult ReadShapes(services::Database& database, bool keys, std::vector<TableShape>& shapes) {
+// What can't be read of one table leaves that without columns, and the others as they are; but not where the
+// user has had enough, or the database doesn't answer any more.
+DatabaseResult ReadShapes(Application& app, services::Database& database, bool keys,
+                          std::vector<TableShape>& shapes) {
     std::vector<DatabaseTable> tables;
-    DatabaseResult result = database.Tables(tables);
+    DatabaseResult first = database.Tables(tables);
     for (const DatabaseTable& table : tables) {
-        if (!result || !IsDataTable(table))
+        if (!IsDataTable(table))
             continue;
         TableShape& shape = shapes.emplace_back();
         shape.table = table;
-        result = database.Columns(table, shape.columns);
+        const DatabaseResult result = database.Columns(table, shape.columns);
         if (result && keys) { // a driver that knows nothing of keys has none to declare
             database.PrimaryKey(table, shape.key);
             database.ForeignKeys(table, shape.foreignKeys);
         }
+        if (result)
+            continue;
+        ErrorReportBox(app, text::Fault(text::kFaultBadCall, result.text),
+                       QStringLiteral("frmCreateDBSchema@GetTableColumnsSchema"));
+        if (first)
+            first = {result.failure, table.name + QStringLiteral(": ") + result.text};
+        if (result.failure != DatabaseFailure::Failed)
+            break;
     }
-    return result;
+    return first;
 }
 
 /// New names by the old ones; the first of equal ones counts.
@@ -109,24 +121,29 @@ QString StringColumn(const DatabaseColumn& column, const QString& kind, const QS
         return line(0, QStringLiteral("<xsd:%1 name=\"%2\" type=\"xsd:string\"/>").arg(kind, column.name));
     // The blank stands for the positive sign; readers of these schemas expect it (quirk 109).
     const QString length = (repair ? QString() : QStringLiteral(" ")) + QString::number(column.size);
+    const QString most = line(3, QStringLiteral("<xsd:maxLength value=\"") + length + QStringLiteral("\"/>"));
     return line(0, QStringLiteral("<xsd:%1 name=\"").arg(kind) + column.name + QStringLiteral("\">")) +
            line(1, QStringLiteral("<xsd:simpleType>")) +
            line(2, QStringLiteral("<xsd:restriction base=\"xsd:string\">")) +
-           line(3, QStringLiteral("<xsd:maxLength value=\"") + length + QStringLiteral("\"/>")) +
+           (column.size > 0 ? most : QString()) + // quirk 141
            line(2, QStringLiteral("</xsd:restriction>")) + line(1, QStringLiteral("</xsd:simpleType>")) +
            line(0, QStringLiteral("</xsd:%1>").arg(kind));
 }
 
-QString TableSchema(Application& app, const TableShape& shape, const SchemaOptions& options) {
-    const QString indent(3, u'\t');
+QString GetTableColumnsSchema(Application& app, const TableShape& shape, const QString& indent,
+                              const SchemaOptions& options) {
     QString columns;
     for (const DatabaseColumn& column : shape.columns)
-        columns += ColumnSchema(app, column, indent, options);
-    if (!options.attributes)
-        columns = indent + QStringLiteral("<xsd:sequence>\r\n") + columns + indent +
-                  QStringLiteral("</xsd:sequence>\r\n");
+        columns += GetADOXColSchemaString(app, column, indent, options);
+    return options.attributes ? columns
+                              : indent + QStringLiteral("<xsd:sequence>\r\n") + columns + indent +
+                                    QStringLiteral("</xsd:sequence>\r\n");
+}
+
+QString TableSchema(Application& app, const TableShape& shape, const SchemaOptions& options) {
     return QStringLiteral("\t<xsd:element name=\"") + shape.table.name +
-           QStringLiteral("\">\r\n\t\t<xsd:complexType>\r\n") + columns +
+           QStringLiteral("\">\r\n\t\t<xsd:complexType>\r\n") +
+           GetTableColumnsSchema(app, shape, QString(3, u'\t'), options) +
            QStringLiteral("\t\t</xsd:complexType>\r\n\t</xsd:element>\r\n");
 }
 
@@ -198,14 +215,32 @@ QString RootSchema(const QString& root, const std::vector<TableShape>& shapes, b
            QStringLiteral("\t</xsd:element>\r\n");
 }
 
+/// What a check of the schema will find; empty where all is well.
+QString ComplaintOf(Application& app, const std::vector<TableShape>& shapes, const QString& schema) {
+    std::vector<QString> names;
+    for (const TableShape& shape : shapes) {
+        names.push_back(shape.table.name);
+        for (const DatabaseColumn& column : shape.columns)
+            names.push_back(column.name);
+    }
+    QStringList complaints;
+    if (const QString bad = FirstBadName(app, names); !bad.isNull())
+        complaints << QStringLiteral("The name \"%1\" is no name in XML.").arg(bad);
+    if (schema.contains(QStringLiteral("<xsd:maxLength value=\" ")))
+        complaints << QStringLiteral("The lengths begin with a blank.");
+    if (!complaints.isEmpty())
+        complaints << QStringLiteral("A check will refuse the schema; the box for valid names mends that.");
+    return complaints.join(u' ');
+}
+
 } // namespace
 
 bool IsDataTable(const DatabaseTable& table) {
     return table.type != QStringLiteral("VIEW") && table.type != QStringLiteral("SYSTEM TABLE");
 }
 
-QString ColumnSchema(Application& app, const DatabaseColumn& column, const QString& indent,
-                     const SchemaOptions& options) {
+QString GetADOXColSchemaString(Application& app, const DatabaseColumn& column, const QString& indent,
+                               const SchemaOptions& options) {
     const QString kind = options.attributes ? QStringLiteral("attribute") : QStringLiteral("element");
     const TypeForm form = FormOfType(DataTypeOf(column), options.repair);
     switch (form.kind) {
@@ -224,21 +259,23 @@ QString ColumnSchema(Application& app, const DatabaseColumn& column, const QStri
            QStringLiteral("\" type=\"") + QLatin1String(form.name) + QStringLiteral("\"/>\r\n");
 }
 
-QString SchemaOf(Application& app, services::Database& database, const SchemaOptions& options,
-                 DatabaseResult& result) {
+MadeSchema SchemaOf(Application& app, services::Database& database, const SchemaOptions& options) {
+    MadeSchema made;
     std::vector<TableShape> shapes;
-    result = ReadShapes(database, options.repair, shapes);
+    made.result = ReadShapes(app, database, options.repair, shapes);
     QString root;
     if (options.repair)
         root = MakeNamesValid(app, shapes);
-    QString schema =
-        QStringLiteral("<?xml version=\"1.0\" encoding=\"") + app.options.Encoding +
-        QStringLiteral("\"?>\r\n<xsd:schema xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\">\r\n");
+    made.text = QStringLiteral("<?xml version=\"1.0\" encoding=\"") + app.options.Encoding +
+                QStringLiteral("\"?>\r\n<xsd:schema xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\">\r\n");
     for (const TableShape& shape : shapes)
-        schema += TableSchema(app, shape, options);
+        made.text += TableSchema(app, shape, options);
     if (options.repair)
-        schema += RootSchema(root, shapes, options.attributes);
-    return schema + QStringLiteral("</xsd:schema>");
+        made.text += RootSchema(root, shapes, options.attributes);
+    made.text += QStringLiteral("</xsd:schema>");
+    if (!options.repair)
+        made.complaint = ComplaintOf(app, shapes, made.text);
+    return made;
 }
 
 } // namespace exchange

@@ -53,8 +53,8 @@ QString FirstLine(const text::Decoded& text, const TextOptions& options) {
 }
 
 /// The names of the columns; `header`: the fields of the first row.
-std::vector<QString> NamesOf(Application& app, const text::Decoded& text, const TextOptions& options,
-                             std::vector<QString> header, std::size_t columns) {
+std::vector<QString> GetFieldName(Application& app, const text::Decoded& text, const TextOptions& options,
+                                  std::vector<QString> header, std::size_t columns) {
     if (!options.firstHoldsNames)
         return NumberedNames(columns);
     header.resize(columns);
@@ -148,19 +148,19 @@ TextSample SampleOf(Application& app, const text::Decoded& text, const TextOptio
             header = Kept(records.Fields());
     }
     sample.unfinishedQuote = records.UnfinishedQuote() > 0;
-    sample.names = NamesOf(app, text, options, std::move(header), sample.columns);
+    sample.names = GetFieldName(app, text, options, std::move(header), sample.columns);
     return sample;
 }
 
-MadeText DocumentOf(Application& app, const text::Decoded& text, const TextOptions& options,
-                    const edit::WaitStep& step) {
+MadeText GetResXML(Application& app, const text::Decoded& text, const TextOptions& options,
+                   const edit::WaitStep& step) {
     MadeText made;
     Shape shape = ShapeOf(text, options, step);
     made.cancelled = shape.cancelled;
     made.unfinishedQuote = shape.unfinishedQuote;
     if (made.cancelled || made.unfinishedQuote > 0)
         return made;
-    RowsXml rows(NamesOf(app, text, options, std::move(shape.header), shape.columns), options.filling);
+    RowsXml rows(GetFieldName(app, text, options, std::move(shape.header), shape.columns), options.filling);
     Records records(text, options);
     Steps steps(step, text.text.size() * 2);
     rows.Begin();

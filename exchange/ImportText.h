@@ -42,8 +42,8 @@ struct MadeText {
     bool cancelled = false;
 };
 
-/// The document; `step` is told the units of the text that have been read.
-MadeText DocumentOf(Application& app, const text::Decoded& text, const TextOptions& options,
-                    const edit::WaitStep& step);
+/// The document of a whole text; `step` is told the units of the text that have been read.
+MadeText GetResXML(Application& app, const text::Decoded& text, const TextOptions& options,
+                   const edit::WaitStep& step);
 
 } // namespace exchange

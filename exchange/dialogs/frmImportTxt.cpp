@@ -73,6 +73,14 @@ void frmImportTxt::cmdOpenFile_Click() {
     });
 }
 
+// What isn't a text becomes a document of odd characters, if any.
+bool frmImportTxt::MayOpenBinary(const QString& name) {
+    return app_.services.prompts.MsgBox(
+               QStringLiteral("This file holds bytes that no text has. Do you want to open it all the same?"),
+               services::Buttons::YesNo, services::Icon::Question, QStringLiteral("Vantrel"),
+               name) == services::Answer::Yes;
+}
+
 void frmImportTxt::ReadBeginning(const QString& name) {
     QByteArray front;
     qint64 size = 0;
@@ -81,11 +89,15 @@ void frmImportTxt::ReadBeginning(const QString& name) {
         Tell(edit::ReadFailureText(name, result));
         return;
     }
+    const bool complete = front.size() >= size;
+    text::Decoded read = text::Decode(complete ? front : WholeLines(front));
+    if (LooksBinary(read.text) && !MayOpenBinary(name))
+        return;
     file_ = name;
-    complete_ = front.size() >= size;
-    front_ = complete_ ? front : WholeLines(front);
+    complete_ = complete;
+    front_ = complete ? front : WholeLines(front);
     encoding_.clear();
-    sample_ = text::Decode(front_);
+    sample_ = std::move(read);
     lblFile.SetCaption(name);
     ShowEncoding(sample_.form.encoding);
     LoadTextToThisForm();
@@ -131,12 +143,20 @@ void frmImportTxt::LoadTextToThisForm() {
     edit::Guarded(app_, QStringLiteral("frmImportTxt@LoadTextToThisForm"), [&] {
         if (file_.isEmpty())
             return;
-        TextSample sample = SampleOf(app_, sample_, Options(), kSampleRows);
+        TextSample sample = GetRowsColsAndRowdata();
         lblNote.SetCaption(Notes(sample).join(u'\n'));
-        const int columns = static_cast<int>(sample.columns);
-        const int fixed = chkFirst.Value() == 1 && !sample.rows.empty() ? 1 : 0;
-        grdSample.Show(std::move(sample.rows), columns, fixed);
+        FillData(std::move(sample));
     });
+}
+
+TextSample frmImportTxt::GetRowsColsAndRowdata() const {
+    return SampleOf(app_, sample_, Options(), kSampleRows);
+}
+
+void frmImportTxt::FillData(TextSample sample) {
+    const int columns = static_cast<int>(sample.columns);
+    const int fixed = chkFirst.Value() == 1 && !sample.rows.empty() ? 1 : 0;
+    grdSample.Show(std::move(sample.rows), columns, fixed);
 }
 
 QStringList frmImportTxt::Notes(const TextSample& sample) const {
@@ -193,7 +213,7 @@ bool frmImportTxt::Make(FetchedText& fetched) {
     std::optional<text::Decoded> whole = ReadWhole(*waiting);
     if (!whole || !MayGoOn(*whole, *waiting))
         return false;
-    MadeText made = DocumentOf(app_, *whole, Options(), waiting->Step(kRead, kMade));
+    MadeText made = exchange::GetResXML(app_, *whole, Options(), waiting->Step(kRead, kMade));
     whole.reset(); // of a large file this is much
     if (made.unfinishedQuote > 0 || made.leftOut.count > 0)
         waiting->Hide(); // boxes follow
@@ -205,13 +225,9 @@ bool frmImportTxt::Make(FetchedText& fetched) {
 }
 
 void frmImportTxt::OKButton_Click() {
-    edit::Guarded(app_, QStringLiteral("frmImportTxt@OKButton_Click"), [&] {
-        FetchedText fetched;
-        if (!Make(fetched))
-            return;
-        unloaded();
-        OpenMade(app_, fetched, Opens::XML);
-    });
+    OpenIfMade(
+        app_, QStringLiteral("frmImportTxt"), [this](FetchedText& fetched) { return Make(fetched); },
+        unloaded);
 }
 
 } // namespace exchange

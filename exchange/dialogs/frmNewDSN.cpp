@@ -2,7 +2,7 @@
 #include "exchange/dialogs/frmNewDSN.h"
 #include "core/edit/Guard.h"
 #include "core/model/FileNames.h"
-#include "exchange/ImportRows.h"
+#include "exchange/OpenDatabase.h"
 #include "platform/services/Databases.h"
 #include "platform/text/TextTools.h"
 #include <algorithm>
@@ -17,6 +17,19 @@ using services::Icon;
 
 const QString kNoName = QStringLiteral(
     "The name of a source has 32 characters at most, and none of [ ] { } ( ) , ; ? * = ! @ \\.");
+
+/// What a driver calls the parts of a source, by a word of its name.
+struct KeyWords {
+    const char *driver, *server, *user, *password;
+};
+const KeyWords& WordsOf(const QString& driver) {
+    static constexpr KeyWords kWords[] = {{"postgres", "Servername", "Username", "Password"},
+                                          {"freetds", "Server", "UID", "PWD"},
+                                          {"", "Server", "User", "Password"}};
+    return *std::find_if(std::begin(kWords), std::prev(std::end(kWords)), [&](const KeyWords& words) {
+        return driver.contains(QLatin1String(words.driver), Qt::CaseInsensitive);
+    });
+}
 
 } // namespace
 
@@ -71,12 +84,12 @@ void frmNewDSN::cmdFile_Click() {
 }
 
 std::vector<std::pair<QString, QString>> frmNewDSN::Settings() const {
-    const bool postgres = cmbDriver.Text().contains(QStringLiteral("postgres"), Qt::CaseInsensitive);
-    const std::pair<const char*, const controls::TextBox*> fields[] = {
-        {"Database", &txtDatabase}, {postgres ? "Servername" : "Server", &txtServer},
-        {"Port", &txtPort},         {postgres ? "Username" : "User", &txtUser},
-        {"Password", &txtPassword},
-    };
+    const KeyWords& words = WordsOf(cmbDriver.Text());
+    const std::pair<const char*, const controls::TextBox*> fields[] = {{"Database", &txtDatabase},
+                                                                       {words.server, &txtServer},
+                                                                       {"Port", &txtPort},
+                                                                       {words.user, &txtUser},
+                                                                       {words.password, &txtPassword}};
     std::vector<std::pair<QString, QString>> settings;
     for (const auto& [key, box] : fields) {
         if (box->Enabled() && !box->Text().isEmpty())

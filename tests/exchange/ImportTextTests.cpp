@@ -212,7 +212,7 @@ TEST_F(ImportText, TheBeginningIsShownAtOnceAndTheWholeFileComes) {
 }
 
 TEST_F(ImportText, WhatXmlCanNotHoldIsLeftOutOnlyWithConsent) {
-    const QByteArray bytes("a\0b,\x01\nc,d\n", 10);
+    const QByteArray bytes = QByteArray("a\0b,\x01\nc,d\n", 10) + QByteArray(50, ' ') + "\n";
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         t.prompts.Answer(answer);
         EXPECT_EQ(Import(bytes, Attributes), answer == Answer::Yes ? 1 : 0);
@@ -243,6 +243,70 @@ TEST_F(ImportText, BadFilesAreToldAndLeaveTheDialogAsItWas) {
     EXPECT_EQ(t.frame().FormCount(), 0);
     Import("  \n\n   ", [](exchange::frmImportTxt& form) { EXPECT_EQ(form.grdSample.Rows(), 0); });
     EXPECT_EQ(test::TextOf(t), "<data>\n</data>");
+}
+
+TEST_F(ImportText, EveryEncodingOfDocumentsIsRead) {
+    for (const auto& [label, word] : test::kEncodings) {
+        text::FileForm form;
+        form.encoding = QLatin1String(label);
+        const QString line = QString::fromUtf8(word) + QStringLiteral(",1\r\n");
+        t.prompts.AllowAnyBox();
+        Import(text::Encode(line, form).bytes, [label = label](exchange::frmImportTxt& dialog) {
+            Attributes(dialog);
+            const auto index = dialog.cmbEnc.Items().indexOf(QLatin1String(label));
+            if (index < 0) { // not on offer, but any name can be that of a file
+                dialog.cmbEnc.AddItem(QLatin1String(label));
+                dialog.cmbEnc.UserChose(static_cast<int>(dialog.cmbEnc.Items().size()) - 1);
+            } else {
+                dialog.cmbEnc.UserChose(static_cast<int>(index));
+            }
+            EXPECT_EQ(dialog.lblNote.Caption().toStdString(), "") << label;
+        });
+        EXPECT_EQ(Rows(), "<row field1=\"" + std::string(word) + "\" field2=\"1\" />") << label;
+    }
+}
+
+// The beginning that is shown ends in the middle of a line, or of a character.
+TEST_F(ImportText, ALargeFileOfOneLineIsReadInAnyEncoding) {
+    for (const char* label : {"UTF-8", "UTF-16"}) {
+        for (const char* front : {"", "x"}) {
+            text::FileForm form;
+            form.encoding = QLatin1String(label);
+            const QString line = QLatin1String(front) + QString::fromUtf8("😀").repeated(1100000);
+            Import(text::Encode(line, form).bytes, [&](exchange::frmImportTxt& dialog) {
+                Attributes(dialog);
+                EXPECT_EQ(dialog.lblNote.Caption().toStdString(), "") << label;
+                EXPECT_TRUE(line.startsWith(dialog.grdSample.TextMatrix(0, 0))) << label;
+            });
+            EXPECT_EQ(t.window().rtxtXML.Text().count(u'\xD83D'), 1100000) << label;
+        }
+    }
+}
+
+TEST_F(ImportText, AFileThatIsNoTextIsOpenedOnlyWithConsent) {
+    QByteArray bytes("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
+    for (int i = 0; i < 4000; ++i)
+        bytes += static_cast<char>((i * 37) % 256);
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        t.prompts.Answer(answer);
+        t.prompts.Choose(t.folder.Write(QStringLiteral("picture.csv"), bytes));
+        test::InDialog<exchange::frmImportTxt>(
+            t, t.frame().exchangeDialogs.importTxtShown, "mnuTImpText", [&](exchange::frmImportTxt& form) {
+                form.cmdOpenFile.Click();
+                EXPECT_EQ(form.lblFile.Caption().isEmpty(), answer == Answer::No);
+            });
+        EXPECT_TRUE(t.prompts.boxes.back().text.startsWith(QStringLiteral("This file holds bytes")));
+    }
+    // Half of a pair, which no document can hold.
+    t.prompts.Answer(Answer::No);
+    EXPECT_EQ(Import(QByteArray("\xFF\xFE"
+                                "a\0\x3D\xD8"
+                                "b\0",
+                                8),
+                     Attributes),
+              0);
+    EXPECT_TRUE(t.prompts.boxes.back().text.contains(QStringLiteral("U+D83D in row 1")))
+        << t.prompts.boxes.back().text.toStdString();
 }
 
 TEST_F(ImportText, VeryWideAndVeryLongLinesComeWhole) {
