@@ -2,7 +2,10 @@
 // Delimited text becomes a document: what the dialog shows, and what OK opens.
 #include "exchange/dialogs/frmImportTxt.h"
 #include "tests/exchange/ExchangeDesk.h"
+#include <QDir>
+#include <QProcess>
 #include <QStringEncoder>
+#include <QXmlStreamReader>
 
 namespace {
 
@@ -307,6 +310,51 @@ TEST_F(ImportText, AFileThatIsNoTextIsOpenedOnlyWithConsent) {
               0);
     EXPECT_TRUE(t.prompts.boxes.back().text.contains(QStringLiteral("U+D83D in row 1")))
         << t.prompts.boxes.back().text.toStdString();
+}
+
+/// Fields of all rows, as another reader of such files has them, and as the attributes of a document do.
+QString ReadByAnother(const QString& path) {
+    QProcess python;
+    python.start(
+        QStringLiteral("python3"),
+        {QStringLiteral("-c"),
+         QStringLiteral("import csv, sys\n"
+                        "rows = list(csv.reader(open(sys.argv[1], newline='', encoding='utf-8')))[1:]\n"
+                        "print('\\x1e'.join('\\x1f'.join(row) for row in rows).replace('\\r\\n', '\\n'), "
+                        "end='')"),
+         path});
+    EXPECT_TRUE(python.waitForFinished(60000));
+    return QString::fromUtf8(python.readAllStandardOutput());
+}
+QString AttributesOf(const QString& document) {
+    QXmlStreamReader reader(document);
+    QStringList rows;
+    while (!reader.atEnd()) {
+        if (!reader.readNextStartElement() && reader.hasError())
+            break;
+        QStringList fields;
+        for (const QXmlStreamAttribute& attribute : reader.attributes())
+            fields << attribute.value().toString();
+        if (reader.isStartElement() && !fields.isEmpty())
+            rows << fields.join(u'\x1f');
+    }
+    EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
+    return rows.join(u'\x1e');
+}
+
+TEST_F(ImportText, APublicSetIsReadAsAnotherReaderReadsIt) {
+    const QDir folder(QStringLiteral("/usr/share/ieee-data"));
+    const QStringList names = folder.entryList({QStringLiteral("*.csv")}, QDir::Files);
+    if (names.isEmpty())
+        GTEST_SKIP() << "the package ieee-data isn't installed";
+    for (const QString& name : names) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        t.prompts.AllowAnyBox();
+        EXPECT_EQ(Import(file.readAll(), Repaired), 1) << name.toStdString();
+        EXPECT_TRUE(AttributesOf(t.window().rtxtXML.Text()) == ReadByAnother(file.fileName()))
+            << name.toStdString();
+    }
 }
 
 TEST_F(ImportText, VeryWideAndVeryLongLinesComeWhole) {
