@@ -48,6 +48,8 @@ void frmImportDB::LoadTableAndDefaultSQL() {
         const QString statement = txtSQL.Text();
         const bool typed = !text::Trim(statement).isEmpty() && statement != proposed_;
         const TableList list = TablesOf(app_, source.ConnectionString());
+        if (!same)
+            txtSample.SetText({}); // it is of another source
         cmbTable.Clear();
         cmbTable.SetText({});
         lblNote.SetCaption(FailureText(list.result));
