@@ -26,7 +26,4 @@ struct MadeSchema {
 /// The schema of all tables, views and system tables left out.
 MadeSchema SchemaOf(Application& app, services::Database& database, const SchemaOptions& options);
 
-/// Whether a table of this type holds data of its own.
-bool IsDataTable(const services::DatabaseTable& table);
-
 } // namespace exchange

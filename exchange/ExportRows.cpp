@@ -139,7 +139,10 @@ Exported ExportRows(Application& app, const QString& connection, const std::vect
     if (exported.result) {
         exported.rows = run.Rows();
     } else {
-        exported.unknown = (!database->Rollback() && done) || run.MayHaveStayed();
+        // A database that refuses to commit may have taken all back by itself; one that is still there has.
+        QStringList now;
+        const bool lost = !database->Rollback() && done && !ListTables(*database, now);
+        exported.unknown = lost || run.MayHaveStayed();
         exported.left = RemoveMade(*database, before, run.Made());
     }
     return exported;

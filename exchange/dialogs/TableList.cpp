@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/dialogs/TableList.h"
 #include "core/model/Application.h"
-#include "exchange/DatabaseSchema.h"
 #include "exchange/OpenDatabase.h"
 #include "exchange/SqlText.h"
+#include "exchange/TableShapes.h"
 #include <algorithm>
 
 namespace exchange {

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The tables of the table view go into a database, all of them or none.
 #include "exchange/dialogs/frmExportDB.h"
+#include "exchange/dialogs/frmNewDSN.h"
+#include "table/LoadTables.h"
 #include "tests/exchange/ExchangeDesk.h"
+#include "tests/support/FullDisk.h"
 #include "tests/support/MariadbServer.h"
 #include "tests/support/PostgresServer.h"
 #include "tests/support/SqliteFile.h"
@@ -28,6 +31,28 @@ protected:
                                                     {{QStringLiteral("Database"), file.Path()}}));
         DocumentWindow& window = t.OpenText(QStringLiteral("stock.xml"), kStock);
         t.ClickNode(window.tvXML.Nodes(1).Child().Child());
+    }
+    /// Makes a source for a server, as in the dialog for it.
+    void MakeSource(exchange::SourceChoice& source, const char* driver, const char* name, const QString& port,
+                    const char* database) {
+        source.newDSNShown.connect([=](exchange::frmNewDSN& form) {
+            const auto index = form.cmbDriver.Items().indexOf(QLatin1String(driver));
+            ASSERT_GE(index, 0);
+            form.cmbDriver.UserChose(static_cast<int>(index));
+            const std::pair<controls::TextBox*, QString> typed[] = {
+                {&form.txtName, QLatin1String(name)},
+                {&form.txtServer, QStringLiteral("127.0.0.1")},
+                {&form.txtPort, port},
+                {&form.txtUser, QStringLiteral("owner")},
+                {&form.txtPassword, QStringLiteral("secret")},
+                {&form.txtDatabase, QLatin1String(database)}};
+            for (const auto& [box, text] : typed)
+                box->UserTyped(text);
+            form.OKButton.Click();
+        });
+        source.cmdNewDSN.Click();
+        EXPECT_EQ(source.ConnectionString(), QStringLiteral("DSN=%1;").arg(QLatin1String(name)));
+        source.newDSNShown.disconnectAll();
     }
     int InExport(const std::function<void(frmExportDB&)>& act) {
         return test::InDialog<frmExportDB>(t, t.frame().exchangeDialogs.exportDBShown, "mnuTExpToDb", act);
@@ -121,16 +146,50 @@ TEST_F(ExportDatabase, CancelTakesAllBack) {
     EXPECT_EQ(file.Query("select count(*) from sqlite_master"), "0");
 }
 
+TEST_F(ExportDatabase, AFullDiskTakesAllBack) {
+    QByteArray document = "<a>";
+    for (int i = 0; i < 9000; ++i)
+        document += "<b x=\"" + QByteArray::number(i) + " of many\"/>";
+    t.OpenText(QStringLiteral("rows.xml"), document + "</a>");
+    InExport([&](frmExportDB& form) {
+        const test::FullDisk full(1 << 16);
+        form.OKButton.Click();
+        EXPECT_TRUE(form.lblNote.Caption().endsWith(QStringLiteral("Nothing was written.")))
+            << form.lblNote.Caption().toStdString();
+    });
+    EXPECT_EQ(file.Query("select count(*) from sqlite_master"), "0");
+}
+
+// Each in its own words: what is usual means another thing there, or takes no Chinese.
+TEST_F(ExportDatabase, TypesAreThoseOfTheDatabase) {
+    const DocumentWindow& window = t.OpenText(
+        QStringLiteral("types.xml"), "<a><b at=\"2020-02-29T12:00:00\" s=\"x\" l=\"" + QByteArray(5000, 'x') +
+                                         "\" t=\"" + QByteArray(9000, 'x') + "\"/></a>");
+    const auto tables = table::TablesOfLevel(window.tvXML.Nodes(1).Child().Child(), false);
+    const auto data = exchange::DataOf(tables.front(), {});
+    const std::pair<const char*, const char*> cases[] = {
+        {"SQLite", "at TIMESTAMP|s VARCHAR(255)|l VARCHAR(5000)|t TEXT|)"},
+        {"MySQL", "at DATETIME|s VARCHAR(255)|l VARCHAR(5000)|t LONGTEXT|) CHARACTER SET utf8mb4"},
+        {"Microsoft SQL Server", "at DATETIME2|s NVARCHAR(255)|l NVARCHAR(MAX)|t NVARCHAR(MAX)|)"}};
+    for (const auto& [system, types] : cases) {
+        QString script = exchange::ScriptOf(*data, {}, QLatin1String(system)).section(u';', 0, 0);
+        EXPECT_EQ(script.remove(u',')
+                      .replace(QStringLiteral("\n"), QStringLiteral("|"))
+                      .remove(QStringLiteral("    "))
+                      .section(u'|', 1)
+                      .toStdString(),
+                  types);
+    }
+}
+
 TEST_F(ExportDatabase, PostgresTakesTypedValuesAndGivesThemBack) {
     test::PostgresServer server;
     if (!server.IsRunning())
         GTEST_SKIP() << server.WhyNot().toStdString();
-    EXPECT_TRUE(services::Databases().AddSource(QStringLiteral("server"),
-                                                QStringLiteral("PostgreSQL Unicode"), server.Settings()));
     t.prompts.Answer(Answer::Ok);
-    EXPECT_EQ(InExport([](frmExportDB& form) {
-                  form.source.cmbDSN.UserChose(
-                      static_cast<int>(form.source.cmbDSN.Items().indexOf(QStringLiteral("server"))));
+    EXPECT_EQ(InExport([&](frmExportDB& form) {
+                  MakeSource(form.source, "PostgreSQL Unicode", "postgres", server.Settings()[1].second,
+                             "postgres");
                   form.OKButton.Click();
                   EXPECT_EQ(form.lblNote.Caption().toStdString(), "");
               }),
@@ -206,12 +265,6 @@ TEST_F(ExportDatabase, MariadbKeepsNothingOfAnExportThatFails) {
     test::MariadbServer server;
     if (!server.IsRunning())
         GTEST_SKIP() << server.WhyNot().toStdString();
-    test::AddSource("maria", "MariaDB Unicode",
-                    {{QStringLiteral("Server"), QStringLiteral("127.0.0.1")},
-                     {QStringLiteral("Port"), server.Port()},
-                     {QStringLiteral("Database"), QStringLiteral("stock")},
-                     {QStringLiteral("User"), QStringLiteral("owner")},
-                     {QStringLiteral("Password"), QStringLiteral("secret")}});
     const auto tables = [&] {
         QStringList names;
         std::vector<services::DatabaseTable> found;
@@ -224,7 +277,7 @@ TEST_F(ExportDatabase, MariadbKeepsNothingOfAnExportThatFails) {
     };
     t.prompts.Answer({Answer::Ok, Answer::Ok});
     InExport([&](frmExportDB& form) {
-        test::ChooseSource(form.source, "maria");
+        MakeSource(form.source, "MariaDB Unicode", "maria", server.Port(), "stock");
         EXPECT_TRUE(form.txtSQL.Text().startsWith(QStringLiteral("CREATE TABLE `wine`")));
         const QString proposed = form.txtSQL.Text();
         form.txtSQL.UserTyped(QStringLiteral(
