@@ -31,6 +31,13 @@ QString MixedNote() {
     return QStringLiteral("The file mixes its line ends: only one kind of them ends a line.");
 }
 
+QString WideNote(qsizetype line) {
+    return QStringLiteral(
+               "%1 has more than %2 fields: it is no row of a table, or the delimiter is another one.")
+        .arg(line > 0 ? QStringLiteral("Line %1").arg(line) : QStringLiteral("A line"))
+        .arg(kMostFields);
+}
+
 QString NotInEncoding(const QString& label) {
     return QStringLiteral("The bytes of the file aren't in the encoding \"%1\".").arg(label);
 }
@@ -162,7 +169,9 @@ void frmImportTxt::FillData(TextSample sample) {
 QStringList frmImportTxt::Notes(const TextSample& sample) const {
     QStringList notes;
     const TextOptions options = Options();
-    if (sample.rows.empty())
+    if (sample.tooWide)
+        notes << WideNote(0);
+    else if (sample.rows.empty())
         notes << QStringLiteral("The file holds no rows.");
     else if (const QString complaint = NameComplaint(app_, sample.names, options.filling);
              !complaint.isEmpty())
@@ -215,10 +224,10 @@ bool frmImportTxt::Make(FetchedText& fetched) {
         return false;
     MadeText made = exchange::GetResXML(app_, *whole, Options(), waiting->Step(kRead, kMade));
     whole.reset(); // of a large file this is much
-    if (made.unfinishedQuote > 0 || made.leftOut.count > 0)
+    if (made.unfinishedQuote > 0 || made.tooWide > 0 || made.leftOut.count > 0)
         waiting->Hide(); // boxes follow
-    if (made.unfinishedQuote > 0)
-        return Tell(QuoteNote(made.unfinishedQuote));
+    if (made.unfinishedQuote > 0 || made.tooWide > 0)
+        return Tell(made.tooWide > 0 ? WideNote(made.tooWide) : QuoteNote(made.unfinishedQuote));
     if (made.cancelled || !MayLeaveOut(app_, made.leftOut))
         return false;
     return Prepare(app_, std::move(made.text), std::move(waiting), kMade, fetched);

@@ -366,6 +366,18 @@ TEST_F(ImportText, VeryWideAndVeryLongLinesComeWhole) {
         EXPECT_EQ(form.grdSample.Cols(), 5001);
     });
     EXPECT_NE(test::TextOf(t).find("field5001=\"end\""), std::string::npos);
+    for (const bool quoted : {false, true}) { // no row of any table
+        t.prompts.Answer(Answer::Ok);
+        EXPECT_EQ(Import("a,b\n" + QByteArray(quoted ? "\"x\"" : "") + QByteArray(3 << 20, ','),
+                         [](exchange::frmImportTxt& form) {
+                             Attributes(form);
+                             EXPECT_TRUE(
+                                 form.lblNote.Caption().startsWith(QStringLiteral("A line has more")));
+                         }),
+                  0);
+        EXPECT_TRUE(
+            t.prompts.boxes.back().text.startsWith(QStringLiteral("Line 2 has more than 100000 fields")));
+    }
     const QByteArray line(6 << 20, 'x');
     Import(line, [](exchange::frmImportTxt& form) { EXPECT_EQ(form.grdSample.Rows(), 1); });
     EXPECT_EQ(t.window().rtxtXML.Text().count(u'x'), line.size());
