@@ -128,12 +128,20 @@ bool frmNewDSN::MayWrite() {
         return refuse(kNoName);
     if (IsFileDriver() && !mXMLEdit::FileExist(app_, txtDatabase.Text()) && !MakeFile())
         return false;
+    return MayReplace(name);
+}
+
+// The driver manager remembers the driver of a source for a while, whatever the list says.
+bool frmNewDSN::MayReplace(const QString& name) {
     const auto sources = services::Databases().Sources();
-    const bool known =
-        std::any_of(sources.begin(), sources.end(), [&](const auto& source) { return source.name == name; });
-    return !known || app_.services.prompts.MsgBox(
-                         QStringLiteral("There is a source %1 already. Do you want to replace it?").arg(name),
-                         Buttons::YesNo, Icon::Question) == Answer::Yes;
+    const auto known =
+        std::find_if(sources.begin(), sources.end(), [&](const auto& source) { return source.name == name; });
+    if (known == sources.end())
+        return true;
+    QString question = QStringLiteral("There is a source %1 already. Do you want to replace it?").arg(name);
+    if (known->driver != cmbDriver.Text())
+        question += QStringLiteral("\r\nIt has another driver, which may be used for half a minute still.");
+    return app_.services.prompts.MsgBox(question, Buttons::YesNo, Icon::Question) == Answer::Yes;
 }
 
 void frmNewDSN::OKButton_Click() {

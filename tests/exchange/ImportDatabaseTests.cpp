@@ -273,12 +273,19 @@ TEST_F(ImportDatabase, ASourceIsReplacedAndAFileMadeOnlyWithConsent) {
     const QString fresh = t.folder.Path(QStringLiteral("fresh.db"));
     InSchema([&](exchange::frmCreateDBSchema& form) {
         MakeSource(form.source, QStringLiteral("stock"));
-        t.prompts.Answer({Answer::No, Answer::No, Answer::Yes});
+        t.prompts.Answer({Answer::No, Answer::No, Answer::No, Answer::Yes});
         form.source.newDSNShown.disconnectAll();
         form.source.newDSNShown.connect([&](exchange::frmNewDSN& dialog) {
             dialog.txtName.UserTyped(QStringLiteral("stock"));
             dialog.txtDatabase.UserTyped(file.Path());
             dialog.OKButton.Click();
+            EXPECT_FALSE(t.prompts.Texts().last().contains(QStringLiteral("another driver")));
+            dialog.cmbDriver.UserChose(
+                static_cast<int>(dialog.cmbDriver.Items().indexOf(QStringLiteral("MDBTools"))));
+            dialog.OKButton.Click();
+            EXPECT_TRUE(t.prompts.Texts().last().contains(QStringLiteral("another driver")));
+            dialog.cmbDriver.UserChose(
+                static_cast<int>(dialog.cmbDriver.Items().indexOf(QStringLiteral("SQLite3"))));
             dialog.txtName.UserTyped(QStringLiteral("other"));
             dialog.txtDatabase.UserTyped(fresh);
             dialog.OKButton.Click();
