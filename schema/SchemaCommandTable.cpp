@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "schema/SchemaCommandTable.h"
 #include "schema/BindSchema.h"
-#include "schema/Diagnostics.h"
+#include "schema/DiagnosticWalk.h"
 #include "schema/Extensions.h"
 #include "schema/InsertElements.h"
 #include "schema/InsertMenu.h"
@@ -22,7 +22,7 @@ bool OffersOracle(const Target& target) {
     return target.offersOracle;
 }
 
-bool HasDiagnostics(const Target& target) {
+bool HasList(const Target& target) {
     return target.hasDiagnostics;
 }
 
@@ -40,10 +40,10 @@ constexpr char kOnNodes[] =  "D  D k  k k  D D  D D  D   k";
 constexpr edit::Command kCommands[] = {
     {.offer = {.entries = {{"mnuGotoSchema"}}, .in = In::XMLWindow}, .forms = {{0, ShowSchema}}},
     {.offer = {.entries = {{"mnuApplySchema"}}, .in = In::XMLWindow}, .forms = {{0, ChooseAndApplySchema}}},
-    {.offer = {.entries = {{"mnuNextDiagnostic", HasDiagnostics}}, .offered = kOnFaults},
+    {.offer = {.entries = {{"mnuNextDiagnostic", HasList}}, .offered = kOnFaults},
      .forms = {{0, NextDiagnostic}},
      .before = edit::Before::EndsEdits},
-    {.offer = {.entries = {{"mnuPreviousDiagnostic", HasDiagnostics}}, .offered = kOnFaults},
+    {.offer = {.entries = {{"mnuPreviousDiagnostic", HasList}}, .offered = kOnFaults},
      .forms = {{0, PreviousDiagnostic}},
      .before = edit::Before::EndsEdits},
     {.offer = {.entries = {{.name = "mnuSEnaMsSQL", .checked = OffersMsSql}}, .in = In::SchemaWindow},

@@ -2,12 +2,15 @@
 #include "schema/SchemaTree.h"
 #include "core/model/DomToTree.h"
 #include "core/model/NodeKind.h"
+#include "schema/Diagnostics.h"
 #include "schema/RootDeclarations.h"
 #include "schema/SchemaState.h"
 
 namespace schema {
 
 void AddTreeRootS(DocumentWindow& window, bool withDefaults) {
+    if (!withDefaults)
+        ForgetDiagnostics(window);
     SchemaOf(window).msPrefix.clear();
     const controls::TreeUpdate update(window.tvXML);
     m_tvXML::AddTreeRoot(window.app, window.tvXML, withDefaults);
@@ -22,6 +25,7 @@ void AddTreeRootS(DocumentWindow& window, bool withDefaults) {
 }
 
 void SXMLToTree(DocumentWindow& window, const xml::ParsedDocument& document) {
+    KeepDiagnosedNodes(window);
     const SchemaOutline outline = OutlineOf(document);
     m_tvXML::FillTree(window.app, window.tvXML, document, outline.rootDeclarations);
     SchemaOf(window).msPrefix = outline.prefix;

@@ -100,7 +100,7 @@ TEST_F(Check, OtherDocumentsAreLookedForBesideTheFile) {
 
     // What a part has wrong leads into its own window.
     t.folder.Write(QStringLiteral("part.xsd"), Inside("\n<xs:element name='p' type='xs:nothing'/>"));
-    t.prompts.Answer({Answer::Ok, Answer::Ok});
+    t.prompts.Answer(Answer::Ok);
     Validate();
     EXPECT_EQ(LastBox(), "Schema error!");
     ASSERT_EQ(Faults().Count(), 1);
