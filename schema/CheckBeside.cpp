@@ -85,6 +85,7 @@ void Begin(DocumentWindow& window) {
     if (!HasSchemaElement(window))
         return Take(window, NoSchemaElement());
     state.request = RequestFor(window, true);
+    state.request.fetched = state.fetched;
     state.running = window.app.services.schemas->Begin(state.request);
 }
 
@@ -93,7 +94,7 @@ void End(DocumentWindow& window) {
     const auto check = std::move(state.running);
     const services::SchemaRequest request = std::exchange(state.request, {});
     SayNoMore(window);
-    Take(window, FindingsOf(check->TakeAnswer(), request));
+    Take(window, FindingsOf(window, check->TakeAnswer(), request));
 }
 
 // Of a text that has changed meanwhile nothing is told any more.

@@ -26,6 +26,7 @@ struct CheckBeside {
     Attention attention;             ///< when the check began, or the text was left
     services::SchemaRequest request; ///< of the one that is under way
     QString name;                    ///< the document's when it was last to be checked; empty: it never was
+    std::map<QString, services::FetchedSchema> fetched; ///< what the user has had fetched for the last check
     std::unique_ptr<services::SchemaCheck> running;
     bool said = false; ///< the status bar tells of it
     QString saidBefore;

@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/schemas/Check.h"
 #include "platform/schemas/XmlSchema.h"
+#include <algorithm>
+#include <cstring>
 #include <memory>
 #include <new>
+#include <utility>
 #include <xercesc/framework/MemBufInputSource.hpp>
+#include <xercesc/framework/XMLErrorCodes.hpp>
+#include <xercesc/framework/XMLValidityCodes.hpp>
 #include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
 #include <xercesc/sax2/DefaultHandler.hpp>
 #include <xercesc/util/OutOfMemoryException.hpp>
@@ -13,6 +18,7 @@
 #include <xercesc/util/XMLNetAccessor.hpp>
 #include <xercesc/util/XMLResourceIdentifier.hpp>
 #include <xercesc/validators/common/Grammar.hpp>
+#include <xercesc/validators/schema/SchemaSymbols.hpp>
 
 namespace schemas {
 
@@ -32,11 +38,37 @@ std::string Utf8(const XMLCh* text) {
 /// Thrown to end a check that has found enough.
 struct Enough {};
 
+/// Where a document refers to another.
+struct Reference {
+    std::string base;
+    long line = 0, column = 0;
+};
+
+/// Which elements schemas have been named for: what stands outside of them isn't to be judged.
+class Bound {
+public:
+    /// Those that an element names count unless they couldn't be had.
+    void enter(const Attributes& attributes, bool had) {
+        inside_.push_back(inside() || (had && (names(attributes, "schemaLocation") ||
+                                               names(attributes, "noNamespaceSchemaLocation"))));
+    }
+    void leave() { inside_.pop_back(); }
+    bool inside() const { return !inside_.empty() && inside_.back(); }
+
+private:
+    static bool names(const Attributes& attributes, const char* local) {
+        const TranscodeFromStr name(reinterpret_cast<const XMLByte*>(local), std::strlen(local), "UTF-8");
+        return attributes.getIndex(SchemaSymbols::fgURI_XSI, name.str()) >= 0;
+    }
+    std::vector<bool> inside_;
+};
+
 /// What the library asks and tells.
 class Desk : public DefaultHandler, public XMLEntityResolver {
 public:
     explicit Desk(Sources& sources) : sources_(sources) {}
     std::vector<Fault> faults;
+    bool boundAlone = false; ///< only what stands in elements that schemas are named for is judged
 
     void add(Fault fault) {
         faults.push_back(std::move(fault));
@@ -44,36 +76,71 @@ public:
             throw Enough();
     }
 
+    /// Whether the document type has a default for an attribute that `complaint` finds missing.
+    bool isGiven(const std::string& complaint) const {
+        return std::any_of(given_.begin(), given_.end(), [&complaint](const std::string& name) {
+            return complaint.find('\'' + name + '\'') != std::string::npos;
+        });
+    }
+
     InputSource* resolveEntity(XMLResourceIdentifier* identifier) override {
+        const Locator* const locator = identifier->getLocator();
+        const Reference from{Utf8(identifier->getBaseURI()),
+                             locator ? static_cast<long>(locator->getLineNumber()) : 0,
+                             locator ? static_cast<long>(locator->getColumnNumber()) : 0};
         if (identifier->getResourceIdentifierType() == XMLResourceIdentifier::ExternalEntity)
-            return leftOut(Utf8(identifier->getBaseURI()), Utf8(identifier->getSystemId()));
+            return leftOut(from, Utf8(identifier->getSystemId()));
         const XMLCh* given = identifier->getSchemaLocation();
-        const std::string location = Utf8(given ? given : identifier->getSystemId());
-        const std::string base = Utf8(identifier->getBaseURI());
-        std::string place = location.empty() ? std::string() : Sources::Resolve(base, location);
-        const bool ofXml = Utf8(identifier->getNameSpace()) == kXmlNamespace;
-        if (location.empty() && !ofXml)
-            return nullptr;
-        std::string complaint = "The document has no place yet from which to look for it.";
-        if (place.empty() && !ofXml)
-            return missing(base, location, complaint);
-        if (ofXml && (place.empty() || Sources::IsAddress(place)))
-            return source(XmlNamespaceSchema(), kXmlNamespace);
-        if (const auto bytes = sources_.Read(place, complaint))
-            return source(*bytes, place);
-        return missing(base, place, complaint);
+        return schemaAt(from, Utf8(given ? given : identifier->getSystemId()),
+                        Utf8(identifier->getNameSpace()) == kXmlNamespace);
     }
     InputSource* resolveEntity(const XMLCh* const, const XMLCh* const) override { return source("", ""); }
 
-    void warning(const SAXParseException& told) override { add(faultOf(told, true)); }
-    void error(const SAXParseException& told) override { add(faultOf(told, false)); }
-    void fatalError(const SAXParseException& told) override { add(faultOf(told, false)); }
+    void warning(const SAXParseException& told) override { add(faultOf(told, Kind::Note)); }
+    void error(const SAXParseException& told) override {
+        if (boundAlone)
+            waiting_.push_back(faultOf(told, Kind::Fault));
+        else
+            add(faultOf(told, Kind::Fault));
+    }
+    void fatalError(const SAXParseException& told) override {
+        settle(true);
+        add(faultOf(told, Kind::Fault));
+    }
     void resetErrors() override {}
 
+    // What was told before one of these is about the element concerned.
+    void startElement(const XMLCh* const, const XMLCh* const, const XMLCh* const,
+                      const Attributes& attributes) override {
+        bound_.enter(attributes, !std::exchange(notHad_, false));
+        settle(bound_.inside());
+    }
+    void endElement(const XMLCh* const, const XMLCh* const, const XMLCh* const) override {
+        settle(bound_.inside());
+        bound_.leave();
+    }
+    void endDocument() override { settle(true); }
+    void setDocumentLocator(const Locator* const locator) override { locator_ = locator; }
+
+    void startDTD(const XMLCh* const, const XMLCh* const, const XMLCh* const systemId) override {
+        if (systemId && *systemId)
+            leftOut(here(), Utf8(systemId));
+    }
+    // The library doesn't put them in where it judges by a schema.
+    void attributeDecl(const XMLCh* const, const XMLCh* const name, const XMLCh* const, const XMLCh* const,
+                       const XMLCh* const value) override {
+        if (value && given_.empty())
+            addMissing(here(),
+                       "The document type has default values of attributes. They aren't put in, so it "
+                       "can't be told whether the document is valid.");
+        if (value)
+            given_.insert(Utf8(name));
+    }
+
 private:
-    static Fault faultOf(const SAXParseException& told, bool warning) {
+    static Fault faultOf(const SAXParseException& told, Kind kind) {
         return {Utf8(told.getSystemId()), static_cast<long>(told.getLineNumber()),
-                static_cast<long>(told.getColumnNumber()), Utf8(told.getMessage()), warning};
+                static_cast<long>(told.getColumnNumber()), Utf8(told.getMessage()), kind};
     }
 
     static InputSource* source(const std::string& bytes, const std::string& place) {
@@ -83,44 +150,103 @@ private:
         return new MemBufInputSource(copy, bytes.size(), name.str(), true);
     }
 
+    InputSource* schemaAt(const Reference& from, const std::string& location, bool ofXml) {
+        if (location.empty() && !ofXml)
+            return nullptr;
+        std::string place = location.empty() ? std::string() : Sources::Resolve(from.base, location);
+        std::string complaint = "The document has no place yet from which to look for it.";
+        if (place.empty() && !ofXml)
+            return missing(from, location, complaint);
+        if (ofXml && (place.empty() || Sources::IsAddress(place)))
+            return source(XmlNamespaceSchema(), kXmlNamespace);
+        if (const auto bytes = sources_.Read(place, complaint))
+            return source(*bytes, place);
+        return missing(from, place, complaint);
+    }
+
+    void settle(bool judged) {
+        std::vector<Fault> told;
+        told.swap(waiting_);
+        for (Fault& fault : told) {
+            if (judged)
+                add(std::move(fault));
+        }
+    }
+
+    Reference here() const {
+        if (!locator_)
+            return {};
+        return {Utf8(locator_->getSystemId()), static_cast<long>(locator_->getLineNumber()),
+                static_cast<long>(locator_->getColumnNumber())};
+    }
+
+    void addMissing(const Reference& from, const std::string& message) {
+        add({from.base, from.line, from.column, message, Kind::Missing});
+    }
+
     // Told once, however often it is asked for.
-    InputSource* missing(const std::string& base, const std::string& place, const std::string& complaint) {
+    InputSource* missing(const Reference& from, const std::string& place, const std::string& complaint) {
+        notHad_ = locator_ && from.base == here().base;
         if (missing_.insert(place).second)
-            add({base, 0, 0, "The schema document \"" + place + "\" can't be read: " + complaint, true});
+            addMissing(from, "The schema document \"" + place + "\" can't be read: " + complaint);
         return nullptr;
     }
 
     // A document from anywhere could have any file read that way. What would stand there can't be judged.
-    InputSource* leftOut(const std::string& base, const std::string& entity) {
+    InputSource* leftOut(const Reference& from, const std::string& entity) {
         if (missing_.insert(entity).second)
-            add({base, 0, 0,
-                 "The external entity \"" + entity +
-                     "\" isn't read, so it can't be told whether the document is valid.",
-                 true});
+            addMissing(from, "The external entity \"" + entity +
+                                 "\" isn't read, so it can't be told whether the document is valid.");
         return source("", "");
     }
 
     Sources& sources_;
+    Bound bound_;
+    bool notHad_ = false; ///< what the next element names
+    const Locator* locator_ = nullptr;
+    std::vector<Fault> waiting_;  ///< until it is known which element they are about
+    std::set<std::string> given_; ///< attributes with a default
     std::set<std::string> missing_;
 };
 
-bool DeclaresEntities(const std::string& text) {
-    static const std::string kOpener("<\0!\0E\0N\0T\0I\0T\0Y\0", 16);
+/// Leaves out what is about the document type, by which nothing is checked here.
+class Reader : public SAX2XMLReaderImpl {
+public:
+    explicit Reader(const Desk& desk) : desk_(desk) {}
+    void error(const unsigned int code, const XMLCh* const domain, const ErrTypes type,
+               const XMLCh* const text, const XMLCh* const systemId, const XMLCh* const publicId,
+               const XMLFileLoc line, const XMLFileLoc column) override {
+        if (type == ErrType_Warning && code != XMLErrs::XMLException_Warning)
+            return;
+        if (code == XMLValid::RequiredAttrNotProvided &&
+            XMLString::equals(domain, XMLUni::fgValidityDomain) && desk_.isGiven(Utf8(text)))
+            return;
+        SAX2XMLReaderImpl::error(code, domain, type, text, systemId, publicId, line, column);
+    }
+
+private:
+    const Desk& desk_;
+};
+
+bool HasDocumentType(const std::string& text) {
+    static const std::string kOpener("<\0!\0D\0O\0C\0T\0Y\0P\0E\0", 18);
     return text.find(kOpener) != std::string::npos;
 }
 
 // What stands outside the elements that name schemas isn't to be judged by them. The library sees to that
-// unless it takes notice of a document type, of which it needs the entities alone.
-void LetUnboundElementsBe(SAX2XMLReaderImpl& reader) {
-    reader.setProperty(XMLUni::fgXercesScannerName, const_cast<XMLCh*>(XMLUni::fgSGXMLScanner));
-    reader.setFeature(XMLUni::fgXercesDynamic, true);
+// itself where it needn't take notice of a document type.
+void JudgeBoundAlone(SAX2XMLReaderImpl& reader, Desk& desk, bool documentType) {
+    desk.boundAlone = documentType;
+    reader.setFeature(XMLUni::fgXercesDynamic, !documentType);
+    if (!documentType)
+        reader.setProperty(XMLUni::fgXercesScannerName, const_cast<XMLCh*>(XMLUni::fgSGXMLScanner));
 }
 
 std::unique_ptr<SAX2XMLReaderImpl> MakeReader(Desk& desk, const Request& request) {
-    auto reader = std::make_unique<SAX2XMLReaderImpl>();
+    auto reader = std::make_unique<Reader>(desk);
     reader->setFeature(XMLUni::fgXercesDynamic, false);
-    if (!request.schema && !DeclaresEntities(request.text))
-        LetUnboundElementsBe(*reader);
+    if (!request.schema)
+        JudgeBoundAlone(*reader, desk, HasDocumentType(request.text));
     reader->setFeature(XMLUni::fgSAX2CoreNameSpaces, true);
     reader->setFeature(XMLUni::fgSAX2CoreValidation, true);
     reader->setFeature(XMLUni::fgXercesSchema, true);
@@ -131,6 +257,11 @@ std::unique_ptr<SAX2XMLReaderImpl> MakeReader(Desk& desk, const Request& request
     reader->setFeature(XMLUni::fgXercesDisableDefaultEntityResolution, true);
     reader->setXMLEntityResolver(&desk);
     reader->setErrorHandler(&desk);
+    if (desk.boundAlone) {
+        reader->setContentHandler(&desk);
+        reader->setLexicalHandler(&desk);
+        reader->setDeclarationHandler(&desk);
+    }
     return reader;
 }
 
@@ -161,9 +292,9 @@ std::vector<Fault> Check(Request& request) {
     } catch (const SAXParseException&) { // told already
     } catch (const Enough&) {
     } catch (const SAXException& fault) {
-        desk.faults.push_back({request.place, 0, 0, Utf8(fault.getMessage()), false});
+        desk.faults.push_back({request.place, 0, 0, Utf8(fault.getMessage()), Kind::Fault});
     } catch (const XMLException& fault) {
-        desk.faults.push_back({request.place, 0, 0, Utf8(fault.getMessage()), false});
+        desk.faults.push_back({request.place, 0, 0, Utf8(fault.getMessage()), Kind::Fault});
     }
     return desk.faults;
 }

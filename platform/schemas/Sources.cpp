@@ -95,8 +95,11 @@ std::optional<std::string> Sources::Read(std::string& place, std::string& compla
             place = found->second.address;
             return found->second.bytes;
         }
-        wanted.insert(place);
-        complaint = "It is not fetched from the net without being allowed to.";
+        const bool web = !StartsWith(place, "ftp:");
+        if (web)
+            wanted.insert(place);
+        complaint = web ? "It is not fetched from the net without being allowed to."
+                        : "Only addresses of the web are fetched.";
         return {};
     }
     const File file{open(place.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)};
@@ -112,12 +115,13 @@ std::optional<std::string> Sources::Read(std::string& place, std::string& compla
     std::string bytes(static_cast<std::size_t>(about.st_size), '\0');
     std::size_t got = 0;
     while (got < bytes.size()) {
-        const ssize_t count = read(file.descriptor, bytes.data() + got, bytes.size() - got);
+        const ssize_t count = ::read(file.descriptor, bytes.data() + got, bytes.size() - got);
         if (count <= 0)
             break;
         got += static_cast<std::size_t>(count);
     }
     bytes.resize(got);
+    this->read.insert(place);
     return bytes;
 }
 

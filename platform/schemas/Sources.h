@@ -29,6 +29,7 @@ public:
     /// were found.
     std::optional<std::string> Read(std::string& place, std::string& complaint);
     std::set<std::string> wanted;
+    std::set<std::string> read; ///< files that were
 };
 
 } // namespace schemas

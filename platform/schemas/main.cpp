@@ -44,18 +44,23 @@ schemas::Request ReadRequest() {
     return request;
 }
 
-void WriteAnswer(const std::vector<schemas::Fault>& faults, const std::set<std::string>& wanted) {
+void WriteAll(const std::set<std::string>& names) {
+    schemas::WriteNumber(static_cast<long>(names.size()));
+    for (const std::string& name : names)
+        schemas::WriteField(name);
+}
+
+void WriteAnswer(const std::vector<schemas::Fault>& faults, const schemas::Sources& sources) {
     schemas::WriteNumber(static_cast<long>(faults.size()));
     for (const schemas::Fault& fault : faults) {
         schemas::WriteField(fault.document);
         schemas::WriteNumber(fault.line);
         schemas::WriteNumber(fault.column);
-        schemas::WriteNumber(fault.warning ? 1 : 0);
+        schemas::WriteNumber(static_cast<long>(fault.kind));
         schemas::WriteField(fault.message);
     }
-    schemas::WriteNumber(static_cast<long>(wanted.size()));
-    for (const std::string& address : wanted)
-        schemas::WriteField(address);
+    WriteAll(sources.wanted);
+    WriteAll(sources.read);
     std::fflush(stdout);
 }
 
@@ -66,7 +71,7 @@ int main() {
     try {
         schemas::Request request = ReadRequest();
         const std::vector<schemas::Fault> faults = schemas::Check(request);
-        WriteAnswer(faults, request.sources.wanted);
+        WriteAnswer(faults, request.sources);
     } catch (const std::bad_alloc&) {
         std::_Exit(kOutOfMemory);
     } catch (const std::runtime_error&) {

@@ -9,8 +9,9 @@ namespace services {
 
 namespace {
 
-constexpr int kStep = 100;      // milliseconds
-constexpr int kOutOfMemory = 3; // the exit code
+constexpr int kStep = 100;             // milliseconds
+constexpr int kOutOfMemory = 3;        // the exit code
+constexpr int kMissing = 1, kNote = 2; // what a finding is, if it is no fault
 
 // Fields, each the number of its bytes, a line feed, and the bytes.
 class Fields {
@@ -38,6 +39,12 @@ public:
     }
     QString text() { return QString::fromUtf8(next()); }
     int number() { return next().toInt(); }
+    QStringList texts() {
+        QStringList all;
+        for (int left = number(); left > 0 && good; --left)
+            all << text();
+        return all;
+    }
     bool good = true;
 
 private:
@@ -81,12 +88,14 @@ SchemaAnswer Read(const QByteArray& bytes) {
         fault.document = answer.text();
         fault.line = answer.number();
         fault.column = answer.number();
-        fault.warning = answer.number() == 1;
+        const int kind = answer.number();
+        fault.warning = kind == kMissing;
+        fault.note = kind == kNote;
         fault.message = answer.text();
         result.faults.push_back(fault);
     }
-    for (int left = answer.number(); left > 0 && answer.good; --left)
-        result.wanted << answer.text();
+    result.wanted = answer.texts();
+    result.read = answer.texts();
     result.outcome = answer.good ? SchemaOutcome::Checked : SchemaOutcome::Failed;
     return result;
 }
@@ -115,11 +124,11 @@ public:
 
     SchemaAnswer TakeAnswer() override {
         if (tooLong_)
-            return {SchemaOutcome::TooLong, {}, {}};
+            return {SchemaOutcome::TooLong, {}, {}, {}};
         if (process_.error() != QProcess::FailedToStart && process_.exitStatus() == QProcess::NormalExit &&
             process_.exitCode() == 0)
             return Read(process_.readAllStandardOutput());
-        return {Failure(), {}, {}};
+        return {Failure(), {}, {}, {}};
     }
 
 private:
@@ -165,7 +174,7 @@ SchemaAnswer Schemas::Check(const SchemaRequest& request, const std::function<bo
     const std::unique_ptr<SchemaCheck> check = Begin(request);
     while (!check->WaitForEnd(kStep)) {
         if (step && !step())
-            return {SchemaOutcome::Cancelled, {}, {}};
+            return {SchemaOutcome::Cancelled, {}, {}, {}};
     }
     return check->TakeAnswer();
 }

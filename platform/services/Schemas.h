@@ -18,6 +18,7 @@ struct SchemaFault {
     int line = 0, column = 0;
     QString message;
     bool warning = false; ///< of a document that couldn't be had: other faults may follow from that
+    bool note = false;    ///< worth knowing, and no fault
 };
 
 /// A document that was fetched.
@@ -39,6 +40,7 @@ struct SchemaAnswer {
     SchemaOutcome outcome = SchemaOutcome::Failed;
     std::vector<SchemaFault> faults; ///< in the order in which they were found; a thousand at most
     QStringList wanted;              ///< addresses that were not among the fetched ones
+    QStringList read;                ///< files that were looked at beside the text
 };
 
 /// A check that goes on beside the program's other work. Destroyed, it is given up.
