@@ -15,13 +15,16 @@ namespace {
 
 const QString kChecking = QStringLiteral("The schema is being checked.");
 
-Attention AttentionIn(const DocumentWindow& window) {
+Attention AttentionIn(DocumentWindow& window) {
+    const controls::RichTextBox& text = window.TextInUse();
     return {window.tvXML.SelectedItem() ? window.tvXML.SelectedItem().Key() : QString(),
             window.tbsXML.SelectedKey(),
             window.miPopupContext,
             window.ListView1.SelectedItem(),
-            window.TextInUse().SelStart(),
-            window.TextInUse().SelLength()};
+            window.ListView1.GetFirstVisible(),
+            CheckBesideOf(window).branches,
+            text.SelStart(),
+            text.SelLength()};
 }
 
 bool IsInFront(const DocumentWindow& window) {
@@ -194,6 +197,8 @@ void StopCheckBeside(DocumentWindow& window) {
 void ConnectCheckBeside(DocumentWindow& window) {
     CheckBesideOf(window).tmCheck.Tick.connect(
         [&window] { edit::Guarded(window, "tmCheck_Tick", [&] { Look(window); }); });
+    for (auto* moved : {&window.tvXML.Expand, &window.tvXML.Collapse})
+        moved->connect([&window](controls::TreeNode) { ++CheckBesideOf(window).branches; });
     DiagnosticsOf(window).wentThere.connect([&window] { LetBe(window); });
     window.captionChanged.connect([&window] { FollowName(window); });
 }

@@ -10,13 +10,14 @@ namespace schema {
 /// What the user has before them: as long as it stays the same they haven't gone on to something else.
 struct Attention {
     QString node, tab;
-    int context = 0, row = 0;
+    int context = 0, row = 0, top = 0, branches = 0;
     qsizetype caret = 0, marked = 0;
     bool operator==(const Attention&) const = default;
 };
 
 struct CheckBeside {
     controls::Timer tmCheck{50};     ///< looks after the check, while there is something to do
+    int branches = 0;                ///< how often one was opened or closed
     bool due = false;                ///< one is to begin with the next tick
     bool told = false;               ///< faults are told in a box, unless the user has gone on
     bool untold = false;             ///< the last check has found faults that no box has told of

@@ -50,6 +50,8 @@ std::string Beside(const std::string& base, const std::string& location) {
 
 // The path behind "scheme://host" is joined like any other.
 std::string BesideAddress(const std::string& base, const std::string& location) {
+    if (StartsWith(location, "//"))
+        return base.substr(0, base.find(':') + 1) + location;
     const std::size_t host = base.find("://") + 3;
     const std::size_t path = std::min(base.find('/', host), base.size());
     const std::string whole = path < base.size() ? base.substr(path) : "/";

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The check of schemas, of documents against them, and what the user is told and shown of it.
 #include "schema/SchemaState.h"
+#include "schema/SchemaTree.h"
 #include "tests/schema/CheckDesk.h"
 #include "tests/support/LoopbackServer.h"
 #include <QDirIterator>
@@ -356,6 +357,7 @@ TEST_F(Check, ManyAddressesAreAskedAboutTogether) {
 // A check that needs too much is given up, and the program goes on.
 TEST_F(Check, AGreedySchemaIsGivenUp) {
     const auto bounded = services::MakeSchemas({}, {.seconds = 1, .bytes = qint64(3) << 30});
+    const auto narrow = services::MakeSchemas({}, {.seconds = 30, .bytes = qint64(64) << 20});
     const auto none = services::MakeSchemas(QStringLiteral("/nowhere/at/all"));
     QByteArray lengthy; // the time grows with the square of the declarations
     for (int i = 0; i < 40'000; ++i)
@@ -375,6 +377,11 @@ TEST_F(Check, AGreedySchemaIsGivenUp) {
     EXPECT_NE(outcome(*bounded, large), services::SchemaOutcome::Checked);
     EXPECT_EQ(outcome(*bounded, lengthy, [] { return false; }), services::SchemaOutcome::Cancelled);
     EXPECT_EQ(outcome(*bounded, {}), services::SchemaOutcome::Checked);
+#ifndef __SANITIZE_ADDRESS__ // that needs address space without end
+    EXPECT_EQ(outcome(*narrow, "<xs:annotation><xs:documentation>" + QByteArray(60'000'000, 'w') +
+                                   "</xs:documentation></xs:annotation>"),
+              services::SchemaOutcome::TooLarge);
+#endif
     EXPECT_EQ(outcome(*none, {}), services::SchemaOutcome::Failed);
 }
 
@@ -394,7 +401,15 @@ TEST_F(Check, EachSchemaOfTheMachineOpensIsCheckedAndSavesUnchanged) {
     if (names.isEmpty())
         GTEST_SKIP() << "no package of this machine has brought a schema";
     t.prompts.AllowAnyBox();
-    int copies = 0;
+    int copies = 0, marked = 0;
+    const auto hasMark = [this] {
+        const controls::TreeNode schema = schema::GetSchemaNode(w->tvXML);
+        for (controls::TreeNode node = schema ? schema.Child() : schema; node; node = node.Next()) {
+            if (schema::IsMarkedAsRoot(node))
+                return true;
+        }
+        return false;
+    };
     for (const QString& name : std::as_const(names)) {
         SCOPED_TRACE(name.toStdString());
         const QByteArray bytes = t.folder.Read(name);
@@ -403,6 +418,7 @@ TEST_F(Check, EachSchemaOfTheMachineOpensIsCheckedAndSavesUnchanged) {
         reader.readNextStartElement(); // one that is kept in another document is told to be none
         EXPECT_EQ(bool(schema::GetSchemaNode(w->tvXML)), reader.name() == QStringLiteral("schema"));
         EXPECT_TRUE(reader.name() == QStringLiteral("schema") || Faults().Count() > 0);
+        marked += w->tvXML.Nodes.Count() > 0 && hasMark() ? 1 : 0;
         for (int row = 1; row <= Faults().Count(); ++row)
             EXPECT_EQ(Fault(row, 2).find("The check"), std::string::npos) << Fault(row, 2);
         t.prompts.Choose(t.folder.Path(QStringLiteral("%1.copy.xsd").arg(++copies)));
@@ -410,6 +426,7 @@ TEST_F(Check, EachSchemaOfTheMachineOpensIsCheckedAndSavesUnchanged) {
         EXPECT_EQ(t.folder.Read(QStringLiteral("%1.copy.xsd").arg(copies)), bytes);
         t.ChooseMenu(QStringLiteral("mnuFileClose"));
     }
+    EXPECT_GT(marked, copies / 4) << "they show their roots";
 }
 
 } // namespace
