@@ -34,11 +34,13 @@ std::optional<QByteArray> SchemaFetch::Get(const QString& address) {
     while (tried_.insert(at).second) {
         const services::HttpAnswer answer = GetFrom(app_, at);
         if (answer.ok)
-            return Keep({address, at, answer.address}, {answer.address, answer.body});
+            return Keep({address, at, answer.address}, {answer.address, answer.body, {}});
         stopped_ = answer.cancelled;
         if (answer.movedTo.isEmpty()) {
-            edit::Message(app_,
-                          answer.cancelled ? QStringLiteral("%1 was not fetched.").arg(at) : answer.error);
+            const QString why =
+                answer.cancelled ? QStringLiteral("%1 was not fetched.").arg(at) : answer.error;
+            found_.insert_or_assign(address, services::FetchedSchema{{}, {}, why});
+            edit::Message(app_, why);
             return {};
         }
         if (!tried_.contains(answer.movedTo) && !MayFollow(at, answer.movedTo))
@@ -46,7 +48,9 @@ std::optional<QByteArray> SchemaFetch::Get(const QString& address) {
         at = answer.movedTo;
     }
     const auto known = found_.find(at); // where it has moved to an address that was fetched before
-    return known == found_.end() ? std::nullopt : std::optional(Keep({address}, known->second));
+    return known == found_.end() || !known->second.complaint.isEmpty()
+               ? std::nullopt
+               : std::optional(Keep({address}, known->second));
 }
 
 bool SchemaFetch::MayFetch(const QStringList& addresses) {
@@ -86,8 +90,11 @@ bool SchemaFetch::FetchAll(const QStringList& addresses) {
         left = left.mid(kNamed);
         if (!MayFetch(some))
             break;
-        for (const QString& address : some)
-            any = (!stopped_ && Get(address)) || any;
+        for (const QString& address : some) {
+            if (!stopped_)
+                Get(address);
+            any = any || found_.contains(address);
+        }
     }
     return any;
 }

@@ -21,7 +21,7 @@ public:
     const std::map<QString, services::FetchedSchema>& found() const { return found_; }
 
     /// Asks whether to fetch the addresses that weren't tried yet, naming them, and does so; a No is one for
-    /// all that come later, too. True when anything came.
+    /// all that come later, too. True when anything came, or why it didn't.
     bool FetchAll(const QStringList& addresses);
     /// The bytes at an address; nothing where the user declines, or where it can't be had, which status panel
     /// 1 tells.

@@ -5,6 +5,7 @@
 #include "core/model/Frame.h"
 #include "core/model/NodeContent.h"
 #include "schema/SchemaState.h"
+#include <QRegularExpression>
 
 namespace schema {
 
@@ -39,6 +40,12 @@ void TellOfMore(std::vector<Diagnostic>& all) {
     all.back().last = true;
 }
 
+// The library writes a name that is in no namespace as ":name".
+QString WithoutEmptyPrefixes(QString message) {
+    static const QRegularExpression empty(QStringLiteral("':(?=[\\w.-]+')"));
+    return message.replace(empty, QStringLiteral("'"));
+}
+
 // What the user sees of it in its window isn't what was judged.
 void TellOfUnsaved(DocumentWindow& window, const QString& file, std::vector<Diagnostic>& all) {
     const DocumentWindow* const open = window.app.frame().FormNamed(file);
@@ -63,7 +70,7 @@ Findings FindingsOf(DocumentWindow& window, const services::SchemaAnswer& answer
     found.complete = answer.wanted.isEmpty();
     for (const services::SchemaFault& fault : answer.faults) {
         found.all.push_back({fault.document == request.place ? QString() : fault.document, fault.line,
-                             fault.column, fault.message, fault.warning});
+                             fault.column, WithoutEmptyPrefixes(fault.message), fault.warning});
         found.good = found.good && (fault.warning || fault.note);
         found.complete = found.complete && !fault.warning;
     }

@@ -94,6 +94,9 @@ std::optional<std::string> Sources::Read(std::string& place, std::string& compla
     if (IsAddress(place)) {
         const auto found = fetched.find(place);
         if (found != fetched.end()) {
+            complaint = found->second.complaint;
+            if (!complaint.empty())
+                return {};
             place = found->second.address;
             return found->second.bytes;
         }

@@ -39,7 +39,8 @@ schemas::Request ReadRequest() {
     for (long left = schemas::ReadNumber(); left > 0; --left) {
         const std::string address = schemas::ReadField();
         const std::string foundAt = schemas::ReadField();
-        request.sources.fetched[address] = {foundAt, schemas::ReadField()};
+        const std::string bytes = schemas::ReadField();
+        request.sources.fetched[address] = {foundAt, bytes, schemas::ReadField()};
     }
     return request;
 }

@@ -76,6 +76,7 @@ QByteArray RequestBytes(const SchemaRequest& request, const SchemaLimits& limits
         fields.add(address);
         fields.add(found.address);
         fields.add(found.bytes);
+        fields.add(found.complaint);
     }
     return fields.all();
 }

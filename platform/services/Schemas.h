@@ -25,6 +25,7 @@ struct SchemaFault {
 struct FetchedSchema {
     QString address; ///< where it was found in the end; what it refers to is looked for beside that
     QByteArray bytes;
+    QString complaint; ///< why it couldn't be had; empty where it could
 };
 
 struct SchemaRequest {

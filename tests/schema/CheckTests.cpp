@@ -320,6 +320,15 @@ TEST_F(Check, WhatADocumentRefersToIsToldWithIt) {
     Validate(); // without a question that would lead nowhere
     EXPECT_NE(LastText().indexOf(QStringLiteral("Only addresses of the web")), -1);
 
+    Show(QStringLiteral("c.xsd"), Inside("<xs:include schemaLocation='http://127.0.0.1:9/x.xsd'/>"));
+    t.prompts.Answer({Answer::Yes, Answer::Ok});
+    Validate(); // allowed, and not to be had: the true reason
+    EXPECT_EQ(LastText().indexOf(QStringLiteral("allowed")), -1) << LastText().toStdString();
+    EXPECT_EQ(Fault(1, 3), "/xs:schema[1]/xs:include[1]");
+    t.prompts.Answer(Answer::Ok);
+    Show(QStringLiteral("d.xsd"), Inside("<xs:element name='a' type='T'/>"));
+    EXPECT_NE(Fault(1, 2).find("'T' not found"), std::string::npos) << Fault(1, 2);
+
     Show(QStringLiteral("part.xsd"), Inside("<xs:element name='p' type='xs:int'/>"));
     Select(Element().Child());
     t.ChooseMenu(QStringLiteral("mnuDelete"));
