@@ -5,6 +5,7 @@
 #include "schema/Extensions.h"
 #include "schema/InsertElements.h"
 #include "schema/InsertMenu.h"
+#include "schema/SampleDocument.h"
 #include "schema/SchemaState.h"
 #include <vector>
 
@@ -46,6 +47,7 @@ constexpr edit::Command kCommands[] = {
     {.offer = {.entries = {{"mnuPreviousDiagnostic", HasDiagnostics}}, .offered = kOnFaults},
      .forms = {{0, PreviousDiagnostic}},
      .before = edit::Before::EndsEdits},
+    {.offer = {.entries = {{"mnuSGenXML"}}, .in = In::SchemaWindow}, .forms = {{0, GenXMLBySchema}}},
     {.offer = {.entries = {{.name = "mnuSEnaMsSQL", .checked = OffersMsSql}}, .in = In::SchemaWindow},
      .forms = {{0, ToggleMSSQL}}},
     {.offer = {.entries = {{.name = "mnuSEnaOra", .checked = OffersOracle}}, .in = In::SchemaWindow},
