@@ -3,6 +3,7 @@
 #include "schema/BindSchema.h"
 #include "schema/Diagnostics.h"
 #include "schema/Extensions.h"
+#include "schema/InferSchema.h"
 #include "schema/InsertElements.h"
 #include "schema/InsertMenu.h"
 #include "schema/SampleDocument.h"
@@ -41,6 +42,7 @@ constexpr char kOnNodes[] =  "D  D k  k k  D D  D D  D   k";
 constexpr edit::Command kCommands[] = {
     {.offer = {.entries = {{"mnuGotoSchema"}}, .in = In::XMLWindow}, .forms = {{0, ShowSchema}}},
     {.offer = {.entries = {{"mnuApplySchema"}}, .in = In::XMLWindow}, .forms = {{0, ChooseAndApplySchema}}},
+    {.offer = {.entries = {{"mnuGenSchema"}}, .in = In::XMLWindow}, .forms = {{0, GenerateSchema}}},
     {.offer = {.entries = {{"mnuNextDiagnostic", HasDiagnostics}}, .offered = kOnFaults},
      .forms = {{0, NextDiagnostic}},
      .before = edit::Before::EndsEdits},
