@@ -3,6 +3,7 @@
 #include "core/model/Escaping.h"
 #include "schema/SchemaState.h"
 #include <QSet>
+#include <functional>
 #include <vector>
 
 namespace schema {
@@ -15,32 +16,43 @@ using controls::TreeNode;
 // the same names again, and types may go in a circle.
 class Walk {
 public:
-    Walk(const GlobalDeclarations& declarations, SampleValues& values)
-        : declarations_(declarations), values_(values) {}
+    /// Takes an attribute's declaration and name; true ends the walk.
+    using Visitor = std::function<bool(const AttributeOrigin& origin, const QString& name)>;
+    Walk(const GlobalDeclarations& declarations, Visitor visitor)
+        : declarations_(declarations), visitor_(std::move(visitor)) {}
 
-    QString run(TreeNode node) {
-        toDo_.push_back(node);
+    void run(TreeNode node) {
+        toDo_.push_back({node, node});
         while (!toDo_.empty()) {
-            const TreeNode next = toDo_.back();
+            const AttributeOrigin next = toDo_.back();
             toDo_.pop_back();
-            if (IsNamed(next, "attribute"))
-                write(next);
-            else if (!visited_.contains(next.Data()))
-                visit(next);
+            if (IsNamed(next.declaration, "attribute")) {
+                if (meets(next))
+                    return;
+            } else if (!visited_.contains(next.declaration.Data())) {
+                visit(next.declaration);
+            }
         }
-        return written_;
     }
 
 private:
+    bool meets(const AttributeOrigin& origin) {
+        const QString name = AttributeValue(origin.declaration, QStringLiteral("name"));
+        if (name.isEmpty() || names_.contains(name))
+            return false;
+        names_.insert(name);
+        return visitor_(origin, name);
+    }
+
     // What it leads to, in this order.
     void visit(TreeNode node) {
         visited_.insert(node.Data());
-        std::vector<TreeNode> next;
+        std::vector<AttributeOrigin> next;
         if (const TreeNode type = typeBefore(node))
-            next.push_back(type);
+            next.push_back({type, type});
         for (TreeNode sibling = start(node); sibling; sibling = sibling.Next()) {
             if (const TreeNode target = targetOf(sibling))
-                next.push_back(target);
+                next.push_back({target, sibling});
         }
         toDo_.insert(toDo_.end(), next.rbegin(), next.rend());
     }
@@ -81,32 +93,39 @@ private:
         return derives ? sibling : TreeNode();
     }
 
-    void write(TreeNode attribute) {
-        const QString name = AttributeValue(attribute, QStringLiteral("name"));
-        if (name.isEmpty() || names_.contains(name))
-            return;
-        names_.insert(name);
-        const QString type = AttributeValue(attribute, QStringLiteral("type"));
-        const Sample sample =
-            type.isEmpty() ? values_.GetSimpleTypeSample(attribute) : values_.GetSampleData(LocalName(type));
-        if (values_.spend(name.size() + sample.value.size()))
-            written_ += name + QStringLiteral("=\"") + mXMLEdit::WithLineEndReferences(sample.value) +
-                        QStringLiteral("\" ");
-    }
-
     const GlobalDeclarations& declarations_;
-    SampleValues& values_;
-    std::vector<TreeNode> toDo_; // the last one is next
+    Visitor visitor_;
+    std::vector<AttributeOrigin> toDo_; // the last one is next
     QSet<const controls::TreeNodeData*> visited_;
     QSet<QString> names_;
-    QString written_;
 };
 
 } // namespace
 
 QString GetRealXMLNodeAttributesString(TreeNode node, const GlobalDeclarations& declarations,
                                        SampleValues& values) {
-    return Walk(declarations, values).run(node);
+    QString written;
+    Walk(declarations, [&](const AttributeOrigin& origin, const QString& name) {
+        const QString type = AttributeValue(origin.declaration, QStringLiteral("type"));
+        const Sample sample = type.isEmpty() ? values.GetSimpleTypeSample(origin.declaration)
+                                             : values.GetSampleData(LocalName(type));
+        if (values.spend(name.size() + sample.value.size()))
+            written += name + QStringLiteral("=\"") + mXMLEdit::WithLineEndReferences(sample.value) +
+                       QStringLiteral("\" ");
+        return false;
+    }).run(node);
+    return written;
+}
+
+AttributeOrigin FindAttribute(TreeNode node, const QString& name, const GlobalDeclarations& declarations) {
+    AttributeOrigin found;
+    Walk(declarations, [&](const AttributeOrigin& origin, const QString& met) {
+        const bool here = met == name;
+        if (here)
+            found = origin;
+        return here;
+    }).run(node);
+    return found;
 }
 
 } // namespace schema

@@ -12,4 +12,12 @@ namespace schema {
 QString GetRealXMLNodeAttributesString(controls::TreeNode node, const GlobalDeclarations& declarations,
                                        SampleValues& values);
 
+/// Where an attribute of an instance comes from: its declaration, and what brings that into the element,
+/// which is a reference or the declaration itself. Nothing for a name that isn't declared.
+struct AttributeOrigin {
+    controls::TreeNode declaration, particle;
+};
+AttributeOrigin FindAttribute(controls::TreeNode node, const QString& name,
+                              const GlobalDeclarations& declarations);
+
 } // namespace schema

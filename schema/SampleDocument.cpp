@@ -48,10 +48,12 @@ QString LocationAttributes(const QString& targetNamespace, const QString& fileNa
     return QStringLiteral(" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" ") + location + u'"';
 }
 
-void Build(DocumentWindow& window, TreeNode root, TreeView& tree) {
+QHash<QString, QString> Build(DocumentWindow& window, TreeNode root, TreeView& tree) {
     const QString rootName = AttributeValue(root, QStringLiteral("name"));
-    if (rootName.isEmpty())
-        return Tell(window, "System error! frmSXMLEdit.TreeToCompactView!");
+    if (rootName.isEmpty()) {
+        Tell(window, "System error! frmSXMLEdit.TreeToCompactView!");
+        return {};
+    }
     const GlobalDeclarations declarations(window.tvXML);
     SampleValues values(window.app, declarations);
     TreeNode top = tree.Nodes.Add({}, 0, root.Key(), rootName, QStringLiteral("xmlrootelement"),
@@ -65,6 +67,7 @@ void Build(DocumentWindow& window, TreeNode root, TreeView& tree) {
     if (const TreeNode type = declarations.GetRefTypeNode(AttributeValue(root, QStringLiteral("type"))))
         walk.TreeNodesToTree(type.Child(), top);
     walk.TreeNodesToTree(root.Child(), top);
+    return walk.References();
 }
 
 /// Below `parent`, with keys of the form that the serialiser knows.
@@ -91,21 +94,21 @@ TreeNode GetRootElementNode(DocumentWindow& window, bool tell) {
     return root;
 }
 
-void TreeToCompactTree(DocumentWindow& window, TreeView& tree, bool tell) {
+QHash<QString, QString> TreeToCompactTree(DocumentWindow& window, TreeView& tree, bool tell) {
     if (window.tvXML.Nodes.Count() == 0)
-        return;
+        return {};
     const controls::TreeUpdate update(tree);
     tree.Nodes.Clear();
-    if (const TreeNode root = GetRootElementNode(window, tell))
-        Build(window, root, tree);
+    const TreeNode root = GetRootElementNode(window, tell);
+    return root ? Build(window, root, tree) : QHash<QString, QString>();
 }
 
-QString InstanceText(Application& app, const TreeView& instance) {
-    if (instance.Nodes.Count() == 0)
+QString InstanceText(Application& app, TreeNode top) {
+    if (!top)
         return {};
     TreeView plain;
     const TreeNode document = plain.Nodes.Add({}, 0, QStringLiteral("document"), {});
-    CopyPlain(app, instance.Nodes(1), plain, document);
+    CopyPlain(app, top, plain, document);
     return m_tvXML::GetTreeNodesXML(document, QStringLiteral("\t"));
 }
 
@@ -116,7 +119,8 @@ void GenXMLBySchema(DocumentWindow& window) {
         TreeView instance;
         instance.ImageList = window.tvXML.ImageList;
         TreeToCompactTree(window, instance);
-        FetchedText made(InstanceText(window.app, instance));
+        FetchedText made(
+            InstanceText(window.app, instance.Nodes.Count() > 0 ? instance.Nodes(1) : TreeNode()));
         if (made.text.isEmpty())
             return Tell(window, "XML is empty!");
         made.made = true;

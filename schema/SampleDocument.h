@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/model/DocumentWindow.h"
+#include <QHash>
+#include <QString>
 
 // The instance that a schema describes, as a tree, and as a document of its own.
 namespace schema {
@@ -11,11 +13,12 @@ controls::TreeNode GetRootElementNode(DocumentWindow& window, bool tell = true);
 
 /// Builds the instance of the schema in `tree`: its root element at the top, without a node for the document.
 /// The tree is empty where there is no root declaration, which the user is told of with `tell`. Nothing
-/// happens in a window whose tree is empty.
-void TreeToCompactTree(DocumentWindow& window, controls::TreeView& tree, bool tell = true);
+/// happens in a window whose tree is empty. The result: keys of elements that stand there by a reference,
+/// each with the key of that.
+QHash<QString, QString> TreeToCompactTree(DocumentWindow& window, controls::TreeView& tree, bool tell = true);
 
-/// An instance as the text of a document; empty for an empty tree.
-QString InstanceText(Application& app, const controls::TreeView& instance);
+/// A node of an instance, with all below it, as the text of a document; empty for nothing.
+QString InstanceText(Application& app, controls::TreeNode top);
 
 /// Saves the schema, and opens its instance as a new document.
 void GenXMLBySchema(DocumentWindow& window);

@@ -120,7 +120,9 @@ void SampleWalk::reference(TreeNode node, const QString& ref, TreeNode parent) {
     const qsizetype before = path_.size();
     if (!enter(target))
         return;
+    reference_ = node.Key();
     TreeNodeToTree(target, parent);
+    reference_.clear();
     path_.truncate(before);
 }
 
@@ -146,6 +148,8 @@ TreeNode SampleWalk::add(TreeNode declaration, const QString& text, TreeNode par
     QString key = declaration.Key();
     if (tree_.Nodes.Find(key))
         key = m_tvXML::GetDistinctElementKey(app_, m_tvXML::kElement) + u'=' + key;
+    if (const QString reference = std::exchange(reference_, {}); !reference.isEmpty())
+        references_.insert(key, reference);
     const QString image = declaration.Image();
     TreeNode added =
         tree_.Nodes.Add(parent, controls::tvwChild, key, text, image, QStringLiteral("open") + image);

@@ -31,6 +31,9 @@ public:
     /// The children and siblings of a declaration, below a node of the instance.
     void TreeNodesToTree(controls::TreeNode firstNode, controls::TreeNode parent);
 
+    /// Elements of the instance that stand there by a reference, and the key of that.
+    const QHash<QString, QString>& References() const { return references_; }
+
 private:
     void TreeNodeToTree(controls::TreeNode node, controls::TreeNode parent);
     void declaration(controls::TreeNode node, controls::TreeNode parent);
@@ -50,6 +53,8 @@ private:
     SampleValues& values_;
     controls::TreeView& tree_;
     int miLoopCount_ = 0;
+    QString reference_; ///< that leads to the declaration which is visited next
+    QHash<QString, QString> references_;
     /// The types, bases and references that the walk has entered so far. It is no stack of those it is in:
     /// only a reference is taken back. So of two elements of one type the second stays empty.
     QString path_;

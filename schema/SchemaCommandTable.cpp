@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "schema/SchemaCommandTable.h"
 #include "schema/BindSchema.h"
+#include "schema/CompactEdits.h"
+#include "schema/CompactList.h"
 #include "schema/Diagnostics.h"
 #include "schema/Extensions.h"
 #include "schema/InferSchema.h"
@@ -56,6 +58,17 @@ constexpr edit::Command kCommands[] = {
      .forms = {{0, ToggleOracle}}},
 };
 
+constexpr edit::CommandForm kForms[] = {
+    {"mnuNewCNode", {kContextCompact, AddNewNodeAtCV}},
+    {"mnuNewAttr", {kContextCompact, AddNewAttrAtCV}},
+    {"mnuNewNodeText", {kContextCompact, AddNewNodeTextAtCV}},
+    {"mnuEditName", {kContextCompact, EditAtCompactView}},
+    {"mnuEditValue", {kContextCompact, EditValueAtCompactView}},
+    {"mnuEditCopy", {kContextCompact, CopyAtCompactView}},
+    {"mnuEditCut", {kContextCompact, CutAtCompactView}},
+    {"mnuDelete", {kContextCompact, DeleteAtCompactView}},
+};
+
 static_assert(edit::AreComplete(kCommands) && edit::IsComplete(kOnNodes));
 
 // One for each entry of the menu of schema elements.
@@ -88,6 +101,8 @@ template <std::size_t... numbers> std::vector<edit::Command> AllCommands(std::in
 void DescribeTarget(DocumentWindow& window, const controls::TreeNode& node, edit::Target& target) {
     if (m_tvXML::IsElement(node))
         target.elementName = LocalName(node.Text());
+    if (window.miPopupContext == kContextCompact)
+        target.instance = SelectedInInstance(window);
     target.offersMsSql = SchemaOf(window).mbEnabledMsSQL;
     target.offersOracle = SchemaOf(window).mbEnabledOracle;
 }
@@ -95,6 +110,10 @@ void DescribeTarget(DocumentWindow& window, const controls::TreeNode& node, edit
 std::span<const edit::Command> SchemaCommands() {
     static const std::vector<edit::Command> all = AllCommands(std::make_index_sequence<kInsertEntries>());
     return all;
+}
+
+std::span<const edit::CommandForm> SchemaForms() {
+    return kForms;
 }
 
 } // namespace schema

@@ -4,6 +4,7 @@
 #include "integration/BrowserView.h"
 #include "nodes/ListView.h"
 #include "schema/CheckSchema.h"
+#include "schema/CompactView.h"
 #include "schema/SchemaCommandTable.h"
 #include "schema/SchemaTree.h"
 #include "schema/SchemaView.h"

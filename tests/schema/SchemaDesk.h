@@ -23,7 +23,8 @@ struct SchemaDesk : ListDesk {
         controls::TreeView tree;
         tree.ImageList = w->tvXML.ImageList;
         schema::TreeToCompactTree(*w, tree);
-        QString text = schema::InstanceText(t.app(), tree);
+        QString text =
+            schema::InstanceText(t.app(), tree.Nodes.Count() > 0 ? tree.Nodes(1) : controls::TreeNode());
         const qsizetype at = text.indexOf(QStringLiteral(" xmlns:xsi"));
         if (at >= 0)
             text.remove(at, text.indexOf(u'>', at) - at);
