@@ -30,6 +30,7 @@ void ShowTableView(DocumentWindow& window) {
         CompactState& state = CompactOf(window);
         state.pctCompactView.ZOrder();
         state.tvRes.SetFocus();
+        edit::Attend(window, kContextCompact);
         NavToRelated(window);
     });
 }
