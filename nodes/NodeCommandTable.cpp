@@ -48,6 +48,9 @@ bool TakesSiblings(const Target& target) {
 bool HasInstanceName(const Target& target) {
     return target.instance == m_tvXML::kElement || target.instance == m_tvXML::kAttribute;
 }
+bool HasInstance(const Target& target) {
+    return target.hasInstance;
+}
 bool HasInstanceNode(const Target& target) {
     return target.instance != m_tvXML::kTreeRoot;
 }
@@ -150,8 +153,8 @@ constexpr edit::Command kCommands[] = {
                .offered =           "D  h k  k k  D D  D D  D  D"},
      .forms = {{kContextTree, NewTreeSubNode}, {kContextList, AddNewListViewChildNode},
                {kContextTable, NewTreeSubNode}}},
-    {.offer = {.entries = {{.name = "mnuNewNodeText", .allowed = TakesChildrenBelowRoot, .inCompact = HasInstanceName},
-                           {.name = "mnuNewNodeTextP", .allowed = TakesChildren, .inCompact = HasInstanceName}},
+    {.offer = {.entries = {{.name = "mnuNewNodeText", .allowed = TakesChildrenBelowRoot, .inCompact = HasInstance},
+                           {.name = "mnuNewNodeTextP", .allowed = TakesChildren, .inCompact = HasInstance}},
                .button = {"tbListEdit", "newtext", nullptr, TakesChildren},
                .offered =           "D  D k  k k  D D  D D  D"},
      .forms = {{kContextTree, NewTreeNodeText}, {kContextList, AddNewListViewNodeText},
@@ -161,8 +164,8 @@ constexpr edit::Command kCommands[] = {
                .offered =           "D  E -  E E  D D  D D  D  D"},
      .forms = {{kContextTree, NewTreeCommentNode}, {kContextList, AddNewListViewCommentNode},
                {kContextTable, NewTreeCommentNode}}},
-    {.offer = {.entries = {{.name = "mnuNewAttr", .allowed = TakesChildrenBelowRoot, .inCompact = HasInstanceName},
-                           {.name = "mnuNewAttrP", .allowed = TakesChildren, .inCompact = HasInstanceName}},
+    {.offer = {.entries = {{.name = "mnuNewAttr", .allowed = TakesChildrenBelowRoot, .inCompact = HasInstance},
+                           {.name = "mnuNewAttrP", .allowed = TakesChildren, .inCompact = HasInstance}},
                .button = {"tbListEdit", "newattribute", nullptr, TakesChildren},
                .offered =           "D  D k  k k  D D  D D  D"},
      .forms = {{kContextTree, NewAttribute}, {kContextList, AddNewListViewAttribute}}},

@@ -36,6 +36,20 @@ TreeNode SelectedElement(DocumentWindow& window) {
     return node && KindInInstance(node) == m_tvXML::kText ? node.Parent() : node;
 }
 
+/// The node that is selected where the attention is; nothing for an attribute, and in a list without a
+/// current row: the node beside it isn't meant.
+TreeNode SelectedNode(DocumentWindow& window) {
+    CompactState& state = CompactOf(window);
+    return state.listInUse ? state.tvRes.Nodes.Find(CurrentRow(window).Key) : state.tvRes.SelectedItem();
+}
+
+/// The attribute's row that is selected; one of kind 0 without it.
+controls::ListItem SelectedAttribute(DocumentWindow& window) {
+    const controls::ListItem row = CurrentRow(window);
+    const bool meant = CompactOf(window).listInUse && row.SmallIcon == m_tvXML::kAttribute;
+    return meant ? row : controls::ListItem();
+}
+
 /// What takes an element into the schema at its place: the reference, or the declaration itself.
 TreeNode ParticleOf(DocumentWindow& window, TreeNode compactNode) {
     const QString reference = CompactOf(window).references.value(compactNode.Key());
@@ -137,10 +151,10 @@ void AddNewNodeTextAtCV(DocumentWindow& window) {
 
 void EditAtCompactView(DocumentWindow& window) {
     CompactState& state = CompactOf(window);
-    if (state.listInUse && state.lvRes.SelectedItem() > 0)
-        state.lvRes.StartLabelEdit();
-    else
+    if (!state.listInUse)
         state.tvRes.StartLabelEdit();
+    else if (state.lvRes.SelectedItem() > 0)
+        state.lvRes.StartLabelEdit();
 }
 
 void EditValueAtCompactView(DocumentWindow& window) {
@@ -156,12 +170,9 @@ void EditValueAtCompactView(DocumentWindow& window) {
 
 void DeleteAtCompactView(DocumentWindow& window) {
     edit::Run(window, "DeleteAtCompactView", [&] {
-        CompactState& state = CompactOf(window);
-        const controls::ListItem row = state.listInUse ? CurrentRow(window) : controls::ListItem();
-        const TreeNode node =
-            row.SmallIcon == 0 ? state.tvRes.SelectedItem() : state.tvRes.Nodes.Find(row.Key);
-        if (row.SmallIcon == m_tvXML::kAttribute)
-            DeletePropNameValueByKeyAtCV(window, state.tvRes.SelectedItem(), row.Text);
+        const TreeNode node = SelectedNode(window);
+        if (const controls::ListItem row = SelectedAttribute(window); row.SmallIcon > 0)
+            DeletePropNameValueByKeyAtCV(window, CompactOf(window).tvRes.SelectedItem(), row.Text);
         else if (node && KindInInstance(node) == m_tvXML::kText)
             SayItIsASample(window);
         else if (node)
@@ -171,14 +182,11 @@ void DeleteAtCompactView(DocumentWindow& window) {
 
 void CopyAtCompactView(DocumentWindow& window) {
     edit::Guarded(window, "CopyAtCompactView", [&] {
-        CompactState& state = CompactOf(window);
-        const controls::ListItem row = state.listInUse ? CurrentRow(window) : controls::ListItem();
-        if (row.SmallIcon == m_tvXML::kAttribute) {
+        if (const controls::ListItem row = SelectedAttribute(window); row.SmallIcon > 0) {
             const QString pair = Attributes::pair(row.Text, row.Sub[0]);
             return nodes::KeepCopy(window, edit::kViewCompact, row.Tag, pair, pair);
         }
-        const TreeNode node =
-            row.SmallIcon == 0 ? state.tvRes.SelectedItem() : state.tvRes.Nodes.Find(row.Key);
+        const TreeNode node = SelectedNode(window);
         if (node)
             nodes::KeepCopy(window, edit::kViewCompact, node.Key(), InstanceText(window.app, node), {});
     });

@@ -5,6 +5,7 @@
 #include "platform/text/TextTools.h"
 #include "schema/CompactState.h"
 #include "schema/SampleWalk.h"
+#include <algorithm>
 
 namespace schema {
 
@@ -54,21 +55,24 @@ void FillResultList(DocumentWindow& window) {
     const TreeNode node = state.tvRes.SelectedItem();
     const QString shown = std::exchange(state.lvRes.Tag, node ? node.Key() : QString());
     const controls::ListItem current = CurrentRow(window);
+    const int at = state.lvRes.SelectedItem();
     state.lvRes.BeginUpdate();
     state.lvRes.Clear();
     if (node)
         AddRows(state.lvRes, node);
     state.lvRes.ClearSelected();
     const bool same = shown == state.lvRes.Tag || state.listInUse;
-    state.lvRes.SetSelectedItem(current.SmallIcon > 0 && same ? RowLike(state.lvRes, current) : 0);
+    const int row = current.SmallIcon > 0 && same ? RowLike(state.lvRes, current) : 0;
+    state.lvRes.SetSelectedItem(row == 0 && state.listInUse ? std::min(at, state.lvRes.Count()) : row);
     state.lvRes.EndUpdate();
 }
 
 int SelectedInInstance(DocumentWindow& window) {
     const CompactState& state = CompactOf(window);
-    const int row = state.listInUse ? CurrentRow(window).SmallIcon : 0;
+    if (state.listInUse)
+        return CurrentRow(window).SmallIcon;
     const TreeNode node = state.tvRes.SelectedItem();
-    return row > 0 ? row : node ? KindInInstance(node) : m_tvXML::kTreeRoot;
+    return node ? KindInInstance(node) : m_tvXML::kTreeRoot;
 }
 
 void SelectResultRow(DocumentWindow& window, int row) {

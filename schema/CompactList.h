@@ -7,7 +7,8 @@
 // of the nodes, an attribute's is its element's with "/" and its name.
 namespace schema {
 
-/// Its rows from the instance as it stands. The current row stays, found again by its name.
+/// Its rows from the instance as it stands. The current row stays, found again by its name; behind one that
+/// is gone the next one is current, while the list is in use.
 void FillResultList(DocumentWindow& window);
 /// The current row; one of kind 0 without it.
 controls::ListItem CurrentRow(DocumentWindow& window);

@@ -1,23 +1,48 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "schema/GlobalDeclarations.h"
-#include "core/model/Attributes.h"
+#include "core/model/AttributeWalk.h"
 #include "core/model/NodeKind.h"
 #include "schema/SchemaState.h"
+#include <string_view>
 
 namespace schema {
 
 using controls::TreeNode;
 
+namespace {
+
+// Without a copy of anything: a schema is asked this a hundred thousand times.
+bool IsLocalPart(text::CompactView name, const char* localName) {
+    std::uint32_t from = 0;
+    while (from < name.length && name.at(from) != u':')
+        ++from;
+    from = from < name.length ? from + 1 : 0;
+    const std::string_view wanted(localName);
+    if (name.length - from != wanted.size())
+        return false;
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        if (name.at(from + static_cast<std::uint32_t>(i)) != static_cast<char16_t>(wanted[i]))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
 QString AttributeValue(TreeNode node, const QString& name) {
     if (!node)
         return {};
-    const m_tvXML::Attributes all(node);
-    const qsizetype at = all.find(name);
-    return at < 0 ? QString() : all.value(at);
+    m_tvXML::AttributeWalk walk(node.TagView());
+    while (walk.next()) {
+        if (walk.name() == QStringView(name))
+            return walk.value().toString();
+    }
+    return {};
 }
 
 bool IsNamed(TreeNode node, const char* localName) {
-    return m_tvXML::IsElement(node) && LocalName(node.Text()) == QLatin1String(localName);
+    return node && node.Parent() && node.KeyKind() == m_tvXML::kElement &&
+           IsLocalPart(node.TextView(), localName);
 }
 
 TreeNode GetChildNodeByName(TreeNode node, const char* localName) {

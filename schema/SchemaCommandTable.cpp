@@ -3,6 +3,7 @@
 #include "schema/BindSchema.h"
 #include "schema/CompactEdits.h"
 #include "schema/CompactList.h"
+#include "schema/CompactState.h"
 #include "schema/Diagnostics.h"
 #include "schema/Extensions.h"
 #include "schema/InferSchema.h"
@@ -101,8 +102,10 @@ template <std::size_t... numbers> std::vector<edit::Command> AllCommands(std::in
 void DescribeTarget(DocumentWindow& window, const controls::TreeNode& node, edit::Target& target) {
     if (m_tvXML::IsElement(node))
         target.elementName = LocalName(node.Text());
-    if (window.miPopupContext == kContextCompact)
+    if (window.miPopupContext == kContextCompact) {
         target.instance = SelectedInInstance(window);
+        target.hasInstance = !CompactOf(window).tvRes.SelectedItem().IsNothing();
+    }
     target.offersMsSql = SchemaOf(window).mbEnabledMsSQL;
     target.offersOracle = SchemaOf(window).mbEnabledOracle;
 }

@@ -27,6 +27,7 @@ struct Target {
     // In a window that designs schemas:
     QString elementName;                            ///< local name of that node, if it is an element
     bool offersMsSql = false, offersOracle = false; ///< the extensions that are enabled
+    bool hasInstance = false;                       ///< something is selected in the tree of the compact view
     int instance = m_tvXML::kTreeRoot; ///< kind of what is selected in the compact view; kTreeRoot: nothing
     bool operator==(const Target&) const = default;
 };

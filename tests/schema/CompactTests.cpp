@@ -261,11 +261,15 @@ TEST_F(Compact, WhatIsDeletedLeavesOtherUsesAlone) {
     ChooseRow(QStringLiteral("id"));
     List().KeyUp(Qt::Key_Delete, 0);
     EXPECT_FALSE(SchemaHas("name=\"id\""));
+    EXPECT_EQ(schema::CurrentRow(*w).Text, QStringLiteral("lang")) << "the next one";
     ExpectOneStep(before);
     ChooseRow(QStringLiteral("a"));
     t.ChooseMenu(QStringLiteral("mnuEditCut"));
     EXPECT_EQ(Plain(t.clipboard.text), "<a><x></x><item>11</item></a>");
     EXPECT_EQ(Instance(), "<shop lang=\"\"><b>2</b></shop>");
+    schema::SelectResultRow(*w, 0);
+    List().KeyUp(Qt::Key_Delete, 0);
+    EXPECT_EQ(Instance(), "<shop lang=\"\"><b>2</b></shop>") << "no row is selected";
     Choose(QStringLiteral("shop/b/#text"));
     EXPECT_FALSE(t.frame().Menu(QStringLiteral("mnuDelete")).Usable()) << "it is a sample";
     Tree().KeyUp(Qt::Key_Delete, 0);
