@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Times what a schema window does: bench_schema FILE. Opening it checks the schema as well.
+// Times what a schema window does: bench_schema FILE. Opening it checks the schema as well. For a plain
+// document it times the first schema that is made of it.
 #include "bench/Quiet.h"
 #include "core/edit/View.h"
 #include "schema/CheckSchema.h"
+#include "schema/CompactState.h"
 #include "schema/Diagnostics.h"
+#include "schema/InferSchema.h"
+#include "schema/SampleDocument.h"
 #include "schema/SchemaState.h"
 #include <algorithm>
 #include <vector>
@@ -19,12 +23,39 @@ void Select(DocumentWindow& window, controls::TreeNode node) {
     window.app.frame().RefreshMenu();
 }
 
+void TimeInstance(DocumentWindow& window) {
+    controls::TreeView instance;
+    instance.ImageList = window.tvXML.ImageList;
+    std::printf("sample: %.1f ms, ",
+                bench::Milliseconds([&] { schema::TreeToCompactTree(window, instance, false); }));
+    std::printf("%d nodes\n", instance.Nodes.Count());
+    std::printf("show the compact view: %.1f ms\n",
+                bench::Milliseconds([&] { window.tbsXML.Select(QLatin1String(edit::kCompactTab)); }));
+    controls::TreeView& shown = schema::CompactOf(window).tvRes;
+    shown.GotFocus();
+    if (shown.StartLabelEdit())
+        std::printf("rename the root in it: %.1f ms\n",
+                    bench::Milliseconds([&] { shown.EndLabelEdit(shown.SelectedItem().Text() + u'_'); }));
+}
+
+void TimeInference(DocumentWindow& window) {
+    qsizetype length = 0;
+    std::printf("infer a schema: %.1f ms, ", bench::Milliseconds([&] {
+                    length = schema::GetTreeNodesXMLAndConvertToSchema(window.tvXML).size();
+                }));
+    std::printf("%lld characters\n", static_cast<long long>(length));
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     bench::Quiet quiet(argc, argv, "bench_schema FILE");
     DocumentWindow& window = quiet.window();
+    if (!window.kind.schema) {
+        TimeInference(window);
+        return 0;
+    }
     window.tbsXML.Select(QLatin1String(edit::kListTab));
     const controls::TreeNode schema = schema::GetSchemaNode(window.tvXML);
     if (schema) {
@@ -42,5 +73,6 @@ int main(int argc, char** argv) {
     std::printf("check: %.1f ms, %d diagnostics\n",
                 bench::Milliseconds([&] { schema::CheckDocument(window, true); }),
                 schema::DiagnosticsOf(window).lvDiagnostics.Count());
+    TimeInstance(window);
     return 0;
 }

@@ -98,6 +98,16 @@ void NameInList(DocumentWindow& window, NewInstanceNode::Kind kind, const QStrin
     state.lvRes.StartLabelEdit();
 }
 
+/// The list shows the element that is to be added to. Nothing without one.
+TreeNode ShowSelectedElement(DocumentWindow& window) {
+    const TreeNode element = SelectedElement(window);
+    if (element && element != CompactOf(window).tvRes.SelectedItem()) {
+        CompactOf(window).tvRes.SetSelectedItem(element);
+        FillResultList(window);
+    }
+    return element;
+}
+
 QString FreeAttributeName(DocumentWindow& window) {
     for (int number = 1;; ++number) {
         const QString name = QStringLiteral("attr") + QString::number(number);
@@ -117,28 +127,24 @@ bool WantsChildInstead(DocumentWindow& window) {
 void AddNewNodeAtCV(DocumentWindow& window) {
     edit::Guarded(window, "AddNewNodeAtCV", [&] {
         CompactState& state = CompactOf(window);
-        const bool empty = state.tvRes.Nodes.Count() == 0;
-        if (!empty && !state.tvRes.SelectedItem()) {
+        if (state.tvRes.Nodes.Count() > 0 && !state.tvRes.SelectedItem()) {
             if (!WantsChildInstead(window))
                 return;
             state.tvRes.SetSelectedItem(state.tvRes.Nodes(1));
             FillResultList(window);
         }
-        if (state.listInUse && !empty)
+        const TreeNode element = ShowSelectedElement(window);
+        if (state.listInUse && element)
             NameInList(window, NewInstanceNode::Row, {});
         else
-            NameInTree(window, empty ? TreeNode() : SelectedElement(window));
+            NameInTree(window, element);
     });
 }
 
 void AddNewAttrAtCV(DocumentWindow& window) {
     edit::Guarded(window, "AddNewAttrAtCV", [&] {
-        const TreeNode element = SelectedElement(window);
-        if (!element)
-            return;
-        CompactOf(window).tvRes.SetSelectedItem(element);
-        FillResultList(window);
-        NameInList(window, NewInstanceNode::Attribute, FreeAttributeName(window));
+        if (ShowSelectedElement(window))
+            NameInList(window, NewInstanceNode::Attribute, FreeAttributeName(window));
     });
 }
 

@@ -23,7 +23,7 @@ void Load(DocumentWindow& window) {
 }
 
 // The instance is built when it is looked at. Its root declaration is told to be missing when the view is
-// chosen, and not again after each change.
+// chosen, and not again after each change. The document's current node stays: the instance goes to it.
 void ShowTableView(DocumentWindow& window) {
     edit::Then(window, [&window] {
         BuildInstance(window, true);
@@ -31,7 +31,8 @@ void ShowTableView(DocumentWindow& window) {
         state.pctCompactView.ZOrder();
         state.tvRes.SetFocus();
         edit::Attend(window, kContextCompact);
-        NavToRelated(window);
+        ShowSegment(window);
+        NavToRelatedCVNodes(window);
     });
 }
 

@@ -127,9 +127,22 @@ TEST_F(Compact, ShowsTheInstanceAndTheDeclarationBehindWhatIsSelected) {
     EXPECT_EQ(Selected(), "shop");
     EXPECT_EQ(schema::CurrentRow(*w).Text, QStringLiteral("lang"));
 
+    w->tbsXML.Select(QStringLiteral("listview"));
+    Select(type.Child().Child());
+    w->tbsXML.Select(QStringLiteral("compactview"));
+    EXPECT_EQ(Selected(), "x") << "the instance goes to the current node";
+    EXPECT_EQ(w->tvXML.SelectedItem(), type.Child().Child());
+
     OpenSchema("<xs:complexType name='T'/>");
     w->tbsXML.Select(QStringLiteral("compactview"));
     EXPECT_EQ(t.prompts.Texts(), QStringList{QStringLiteral("This schema does not have root element.")});
+    EXPECT_EQ(Tree().Nodes.Count(), 0);
+    Open("<other/>", QStringLiteral("other.xsd"));
+    w->tbsXML.Select(QStringLiteral("compactview"));
+    t.ChooseMenu(QStringLiteral("mnuNewCNode"));
+    NameNode("a");
+    EXPECT_EQ(t.prompts.Texts().back(),
+              QStringLiteral("Can not find \"schema\" node. Please add it and try again."));
     EXPECT_EQ(Tree().Nodes.Count(), 0);
 }
 
