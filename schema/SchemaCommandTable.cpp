@@ -106,8 +106,8 @@ void DescribeTarget(DocumentWindow& window, const controls::TreeNode& node, edit
         target.instance = SelectedInInstance(window);
         target.hasInstance = !CompactOf(window).tvRes.SelectedItem().IsNothing();
     }
-    target.offersMsSql = SchemaOf(window).mbEnabledMsSQL;
-    target.offersOracle = SchemaOf(window).mbEnabledOracle;
+    target.offersMsSql = OffersMSSQL(window);
+    target.offersOracle = OffersOracle(window);
 }
 
 std::span<const edit::Command> SchemaCommands() {

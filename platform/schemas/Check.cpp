@@ -20,7 +20,7 @@ namespace {
 
 using namespace xercesc;
 
-constexpr std::size_t kMost = 1000; // faults of one check
+constexpr std::size_t kMost = 1001; // faults of one check
 
 std::string Utf8(const XMLCh* text) {
     if (!text || !*text)
@@ -46,11 +46,11 @@ public:
 
     InputSource* resolveEntity(XMLResourceIdentifier* identifier) override {
         if (identifier->getResourceIdentifierType() == XMLResourceIdentifier::ExternalEntity)
-            return source("", "");
+            return leftOut(Utf8(identifier->getBaseURI()), Utf8(identifier->getSystemId()));
         const XMLCh* given = identifier->getSchemaLocation();
         const std::string location = Utf8(given ? given : identifier->getSystemId());
         const std::string base = Utf8(identifier->getBaseURI());
-        const std::string place = location.empty() ? std::string() : Sources::Resolve(base, location);
+        std::string place = location.empty() ? std::string() : Sources::Resolve(base, location);
         const bool ofXml = Utf8(identifier->getNameSpace()) == kXmlNamespace;
         if (location.empty() && !ofXml)
             return nullptr;
@@ -90,15 +90,39 @@ private:
         return nullptr;
     }
 
+    // A document from anywhere could have any file read that way. What would stand there can't be judged.
+    InputSource* leftOut(const std::string& base, const std::string& entity) {
+        if (missing_.insert(entity).second)
+            add({base, 0, 0,
+                 "The external entity \"" + entity +
+                     "\" isn't read, so it can't be told whether the document is valid.",
+                 true});
+        return source("", "");
+    }
+
     Sources& sources_;
     std::set<std::string> missing_;
 };
 
-std::unique_ptr<SAX2XMLReaderImpl> MakeReader(Desk& desk) {
+bool DeclaresEntities(const std::string& text) {
+    static const std::string kOpener("<\0!\0E\0N\0T\0I\0T\0Y\0", 16);
+    return text.find(kOpener) != std::string::npos;
+}
+
+// What stands outside the elements that name schemas isn't to be judged by them. The library sees to that
+// unless it takes notice of a document type, of which it needs the entities alone.
+void LetUnboundElementsBe(SAX2XMLReaderImpl& reader) {
+    reader.setProperty(XMLUni::fgXercesScannerName, const_cast<XMLCh*>(XMLUni::fgSGXMLScanner));
+    reader.setFeature(XMLUni::fgXercesDynamic, true);
+}
+
+std::unique_ptr<SAX2XMLReaderImpl> MakeReader(Desk& desk, const Request& request) {
     auto reader = std::make_unique<SAX2XMLReaderImpl>();
+    reader->setFeature(XMLUni::fgXercesDynamic, false);
+    if (!request.schema && !DeclaresEntities(request.text))
+        LetUnboundElementsBe(*reader);
     reader->setFeature(XMLUni::fgSAX2CoreNameSpaces, true);
     reader->setFeature(XMLUni::fgSAX2CoreValidation, true);
-    reader->setFeature(XMLUni::fgXercesDynamic, false);
     reader->setFeature(XMLUni::fgXercesSchema, true);
     reader->setFeature(XMLUni::fgXercesSchemaFullChecking, true);
     reader->setFeature(XMLUni::fgXercesHandleMultipleImports, true);
@@ -116,7 +140,7 @@ void Run(const Request& request, Desk& desk) {
     MemBufInputSource text(reinterpret_cast<const XMLByte*>(request.text.data()), request.text.size(),
                            place.str(), false);
     text.setEncoding(XMLUni::fgUTF16LEncodingString);
-    const std::unique_ptr<SAX2XMLReaderImpl> reader = MakeReader(desk);
+    const std::unique_ptr<SAX2XMLReaderImpl> reader = MakeReader(desk, request);
     if (request.schema)
         reader->loadGrammar(text, Grammar::SchemaGrammarType, true);
     else

@@ -65,9 +65,10 @@ QByteArray RequestBytes(const SchemaRequest& request, const SchemaLimits& limits
     fields.add(request.place);
     fields.add(Units(request.text));
     fields.add(qint64(request.fetched.size()));
-    for (const auto& [address, bytes] : request.fetched) {
+    for (const auto& [address, found] : request.fetched) {
         fields.add(address);
-        fields.add(bytes);
+        fields.add(found.address);
+        fields.add(found.bytes);
     }
     return fields.all();
 }
@@ -90,62 +91,84 @@ SchemaAnswer Read(const QByteArray& bytes) {
     return result;
 }
 
+class ProcessCheck : public SchemaCheck {
+public:
+    ProcessCheck(const QString& program, const SchemaRequest& request, const SchemaLimits& limits)
+        : most_(qint64(limits.seconds) * 4000) {
+        clock_.start();
+        process_.setStandardErrorFile(QProcess::nullDevice());
+        process_.start(program, {});
+        process_.write(RequestBytes(request, limits));
+        process_.closeWriteChannel();
+    }
+    ~ProcessCheck() override { End(); }
+
+    // The program has bounds of its own; this one is for a machine that hardly lets it run.
+    bool WaitForEnd(int milliseconds) override {
+        if (process_.state() == QProcess::NotRunning || process_.waitForFinished(milliseconds))
+            return true;
+        tooLong_ = clock_.elapsed() > most_;
+        if (tooLong_)
+            End();
+        return process_.state() == QProcess::NotRunning;
+    }
+
+    SchemaAnswer TakeAnswer() override {
+        if (tooLong_)
+            return {SchemaOutcome::TooLong, {}, {}};
+        if (process_.error() != QProcess::FailedToStart && process_.exitStatus() == QProcess::NormalExit &&
+            process_.exitCode() == 0)
+            return Read(process_.readAllStandardOutput());
+        return {Failure(), {}, {}};
+    }
+
+private:
+    void End() {
+        if (process_.state() == QProcess::NotRunning)
+            return;
+        process_.kill();
+        process_.waitForFinished();
+    }
+
+    // The system ends one that used up its time with a signal, and one that can't have a stack with another.
+    SchemaOutcome Failure() const {
+        if (process_.exitStatus() == QProcess::CrashExit &&
+            (process_.exitCode() == SIGXCPU || process_.exitCode() == SIGKILL))
+            return SchemaOutcome::TooLong;
+        return process_.exitCode() == kOutOfMemory ? SchemaOutcome::TooLarge : SchemaOutcome::Failed;
+    }
+
+    QProcess process_;
+    QElapsedTimer clock_;
+    qint64 most_; // milliseconds
+    bool tooLong_ = false;
+};
+
 class ProcessSchemas : public Schemas {
 public:
     ProcessSchemas(QString program, const SchemaLimits& limits)
         : program_(std::move(program)), limits_(limits) {}
 
-    SchemaAnswer Check(const SchemaRequest& request, const std::function<bool()>& step) override {
-        QProcess process;
-        process.setStandardErrorFile(QProcess::nullDevice());
-        process.start(program(), {});
-        process.write(RequestBytes(request, limits_));
-        process.closeWriteChannel();
-        if (const SchemaOutcome outcome = wait(process, step); outcome != SchemaOutcome::Checked) {
-            process.kill();
-            process.waitForFinished();
-            return {outcome, {}, {}};
-        }
-        if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
-            return Read(process.readAllStandardOutput());
-        return {failureOf(process), {}, {}};
+    std::unique_ptr<SchemaCheck> Begin(const SchemaRequest& request) override {
+        const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/vantrel-schemas");
+        return std::make_unique<ProcessCheck>(program_.isEmpty() ? beside : program_, request, limits_);
     }
 
 private:
-    QString program() const {
-        return program_.isEmpty()
-                   ? QCoreApplication::applicationDirPath() + QStringLiteral("/vantrel-schemas")
-                   : program_;
-    }
-
-    // The program has bounds of its own; this one is for a machine that hardly lets it run.
-    SchemaOutcome wait(QProcess& process, const std::function<bool()>& step) const {
-        QElapsedTimer clock;
-        clock.start();
-        while (!process.waitForFinished(kStep)) {
-            if (process.state() == QProcess::NotRunning)
-                break;
-            if (step && !step())
-                return SchemaOutcome::Cancelled;
-            if (clock.elapsed() > qint64(limits_.seconds) * 4000)
-                return SchemaOutcome::TooLong;
-        }
-        return process.error() == QProcess::FailedToStart ? SchemaOutcome::Failed : SchemaOutcome::Checked;
-    }
-
-    // The system ends one that used up its time with a signal, and one that can't have a stack with another.
-    static SchemaOutcome failureOf(const QProcess& process) {
-        if (process.exitStatus() == QProcess::CrashExit &&
-            (process.exitCode() == SIGXCPU || process.exitCode() == SIGKILL))
-            return SchemaOutcome::TooLong;
-        return process.exitCode() == kOutOfMemory ? SchemaOutcome::TooLarge : SchemaOutcome::Failed;
-    }
-
     QString program_;
     SchemaLimits limits_;
 };
 
 } // namespace
+
+SchemaAnswer Schemas::Check(const SchemaRequest& request, const std::function<bool()>& step) {
+    const std::unique_ptr<SchemaCheck> check = Begin(request);
+    while (!check->WaitForEnd(kStep)) {
+        if (step && !step())
+            return {SchemaOutcome::Cancelled, {}, {}};
+    }
+    return check->TakeAnswer();
+}
 
 std::unique_ptr<Schemas> MakeSchemas(const QString& program, const SchemaLimits& limits) {
     return std::make_unique<ProcessSchemas>(program, limits);
