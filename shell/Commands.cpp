@@ -23,7 +23,7 @@ bool Same(const char* a, const char* b) {
 /// What rooms do in their views when a command of another room is chosen.
 std::vector<edit::CommandForm> FormsOfViews() {
     std::vector<edit::CommandForm> forms;
-    for (const auto& room : {textview::TextForms(), table::TableForms()})
+    for (const auto& room : {textview::TextForms(), table::TableForms(), schema::SchemaForms()})
         forms.insert(forms.end(), room.begin(), room.end());
     return forms;
 }
