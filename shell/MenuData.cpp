@@ -83,6 +83,7 @@ constexpr Row kXml[] = {
 
 constexpr Row kSchema[] = {
     {"mnuSGenXML", "通过Schema生成XML"},
+    {"mnuSValidSample", "通过Schema生成有效XML"},
     kSeparator,
     {"mnuSEnaMsSQL", "启用微软SQL Server Schema扩展"},
     {"mnuSEnaOra", "启用Oracle Schema扩展"},

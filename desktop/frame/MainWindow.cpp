@@ -6,6 +6,7 @@
 #include "desktop/dialogs/ExchangeSkin.h"
 #include "desktop/dialogs/FindDialog.h"
 #include "desktop/dialogs/OptionsDialog.h"
+#include "desktop/dialogs/ValidSampleDialog.h"
 #include "desktop/frame/AddressBox.h"
 #include "desktop/frame/DocumentSubWindow.h"
 #include "desktop/frame/FileDrop.h"
@@ -174,6 +175,7 @@ void MainWindow::FollowDialogs() {
         editNodes_->ShowForm();
     });
     FollowExchange(frame_.exchangeDialogs, *this);
+    FollowMakeDialogs(frame_.makeDialogs, *this);
     Listen(frame_.findShown, this, [this](textview::frmFind& form) {
         if (!find_)
             find_ = new FindDialog(form, this);

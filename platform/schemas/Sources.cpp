@@ -82,10 +82,9 @@ std::string Sources::Resolve(const std::string& base, const std::string& locatio
 
 // Devices and pipes could keep a reader waiting for good.
 std::optional<std::string> Sources::Read(const std::string& place, std::string& complaint) {
+    if (const auto found = fetched.find(place); found != fetched.end())
+        return found->second;
     if (IsAddress(place)) {
-        const auto found = fetched.find(place);
-        if (found != fetched.end())
-            return found->second;
         wanted.insert(place);
         complaint = "It is not fetched from the net without being allowed to.";
         return {};

@@ -11,7 +11,7 @@ namespace schemas {
 /// Nothing is fetched here.
 class Sources {
 public:
-    std::map<std::string, std::string> fetched; ///< bytes by address
+    std::map<std::string, std::string> fetched; ///< bytes by place, an address as a rule
 
     /// Where a location leads that stands in the document at `base`: an address, or a path without "." and
     /// "..". Empty where a relative location stands in a document without a place.

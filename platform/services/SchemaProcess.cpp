@@ -12,6 +12,9 @@ namespace {
 constexpr int kStep = 100;      // milliseconds
 constexpr int kOutOfMemory = 3; // the exit code
 
+/// What is asked of the program, by its number in the request.
+enum class Task { CheckDocument = 0, CheckSchema = 1, MakeSample = 2, CheckDocuments = 3 };
+
 // Fields, each the number of its bytes, a line feed, and the bytes.
 class Fields {
 public:
@@ -37,6 +40,16 @@ public:
         return bytes_.mid(line + 1, size);
     }
     QString text() { return QString::fromUtf8(next()); }
+    QString units() {
+        const QByteArray all = next();
+        return QString(reinterpret_cast<const QChar*>(all.data()), all.size() / 2);
+    }
+    QStringList texts() {
+        QStringList all;
+        for (int left = number(); left > 0 && good; --left)
+            all << text();
+        return all;
+    }
     int number() { return next().toInt(); }
     bool good = true;
 
@@ -57,11 +70,15 @@ QByteArray Units(const text::LongText& text) {
     return bytes;
 }
 
-QByteArray RequestBytes(const SchemaRequest& request, const SchemaLimits& limits) {
+QByteArray Units(const QString& text) {
+    return {reinterpret_cast<const char*>(text.utf16()), text.size() * 2};
+}
+
+Fields RequestFields(Task task, const SchemaRequest& request, const SchemaLimits& limits) {
     Fields fields;
     fields.add(qint64(limits.seconds));
     fields.add(limits.bytes);
-    fields.add(qint64(request.schema ? 1 : 0));
+    fields.add(qint64(task));
     fields.add(request.place);
     fields.add(Units(request.text));
     fields.add(qint64(request.fetched.size()));
@@ -69,11 +86,10 @@ QByteArray RequestBytes(const SchemaRequest& request, const SchemaLimits& limits
         fields.add(address);
         fields.add(bytes);
     }
-    return fields.all();
+    return fields;
 }
 
-SchemaAnswer Read(const QByteArray& bytes) {
-    Answer answer(bytes);
+SchemaAnswer ReadFaults(Answer& answer) {
     SchemaAnswer result;
     for (int left = answer.number(); left > 0 && answer.good; --left) {
         SchemaFault fault;
@@ -84,8 +100,7 @@ SchemaAnswer Read(const QByteArray& bytes) {
         fault.message = answer.text();
         result.faults.push_back(fault);
     }
-    for (int left = answer.number(); left > 0 && answer.good; --left)
-        result.wanted << answer.text();
+    result.wanted = answer.texts();
     result.outcome = answer.good ? SchemaOutcome::Checked : SchemaOutcome::Failed;
     return result;
 }
@@ -96,22 +111,65 @@ public:
         : program_(std::move(program)), limits_(limits) {}
 
     SchemaAnswer Check(const SchemaRequest& request, const std::function<bool()>& step) override {
+        const Task task = request.schema ? Task::CheckSchema : Task::CheckDocument;
+        QByteArray bytes;
+        const SchemaOutcome outcome = run(RequestFields(task, request, limits_), step, bytes);
+        Answer answer(bytes);
+        return outcome == SchemaOutcome::Checked ? ReadFaults(answer) : SchemaAnswer{outcome, {}, {}};
+    }
+
+    SampleAnswer MakeSample(const SchemaRequest& request, const SampleWish& wish,
+                            const std::function<bool()>& step) override {
+        Fields fields = RequestFields(Task::MakeSample, request, limits_);
+        fields.add(qint64(wish.amount));
+        fields.add(qint64(wish.seed));
+        const bool spaced = !wish.targetNamespace.isEmpty();
+        for (const QString& part : {wish.targetNamespace, wish.root, wish.encoding, wish.location,
+                                    spaced ? wish.targetNamespace : QString()})
+            fields.add(Units(part));
+        QByteArray bytes;
+        SampleAnswer sample;
+        sample.outcome = run(fields, step, bytes);
+        if (sample.outcome != SchemaOutcome::Checked)
+            return sample;
+        Answer answer(bytes);
+        sample.wanted = ReadFaults(answer).wanted;
+        sample.text = answer.units();
+        sample.remarks = answer.texts();
+        sample.outcome = answer.good ? SchemaOutcome::Checked : SchemaOutcome::Failed;
+        return sample;
+    }
+
+    SchemaAnswer CheckBy(const SchemaRequest& request, const std::vector<text::LongText>& documents,
+                         const std::function<bool()>& step) override {
+        Fields fields = RequestFields(Task::CheckDocuments, request, limits_);
+        fields.add(qint64(documents.size()));
+        for (const text::LongText& document : documents)
+            fields.add(Units(document));
+        QByteArray bytes;
+        const SchemaOutcome outcome = run(fields, step, bytes);
+        Answer answer(bytes);
+        return outcome == SchemaOutcome::Checked ? ReadFaults(answer) : SchemaAnswer{outcome, {}, {}};
+    }
+
+private:
+    SchemaOutcome run(const Fields& request, const std::function<bool()>& step, QByteArray& answer) const {
         QProcess process;
         process.setStandardErrorFile(QProcess::nullDevice());
         process.start(program(), {});
-        process.write(RequestBytes(request, limits_));
+        process.write(request.all());
         process.closeWriteChannel();
         if (const SchemaOutcome outcome = wait(process, step); outcome != SchemaOutcome::Checked) {
             process.kill();
             process.waitForFinished();
-            return {outcome, {}, {}};
+            return outcome;
         }
-        if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
-            return Read(process.readAllStandardOutput());
-        return {failureOf(process), {}, {}};
+        if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
+            return failureOf(process);
+        answer = process.readAllStandardOutput();
+        return SchemaOutcome::Checked;
     }
 
-private:
     QString program() const {
         return program_.isEmpty()
                    ? QCoreApplication::applicationDirPath() + QStringLiteral("/vantrel-schemas")

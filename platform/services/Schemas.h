@@ -35,6 +35,25 @@ struct SchemaAnswer {
     QStringList wanted;              ///< addresses that were not among the fetched ones
 };
 
+enum class SampleAmount { Minimal, Typical, All };
+
+/// What a sample of a schema is to be.
+struct SampleWish {
+    SampleAmount amount = SampleAmount::Typical;
+    int seed = 0;            ///< not below 0; another one makes another sample
+    QString root;            ///< local name of its root element; empty: as the schema suggests
+    QString targetNamespace; ///< of the schema, and so of the root
+    QString encoding;        ///< that its declaration names
+    QString location;        ///< of the schema, as the sample is to name it
+};
+
+struct SampleAnswer {
+    SchemaOutcome outcome = SchemaOutcome::Failed;
+    QString text;        ///< a sample that the check accepts; empty where there is none
+    QStringList remarks; ///< why there is none, or why it isn't quite the one that was wished for
+    QStringList wanted;  ///< as of a check
+};
+
 /// Checks schemas, and documents against the schemas that they name. What these include or import is looked
 /// for beside them, among regular files alone; nothing is fetched from the net.
 class Schemas {
@@ -42,6 +61,13 @@ public:
     virtual ~Schemas() = default;
     /// `step` is called about ten times a second; false cancels.
     virtual SchemaAnswer Check(const SchemaRequest& request, const std::function<bool()>& step) = 0;
+    /// Makes a document by a schema.
+    virtual SampleAnswer MakeSample(const SchemaRequest& request, const SampleWish& wish,
+                                    const std::function<bool()>& step) = 0;
+    /// Checks documents by a schema, whatever they name themselves. What the schema refers to is looked for
+    /// among the fetched documents first, by its place.
+    virtual SchemaAnswer CheckBy(const SchemaRequest& request, const std::vector<text::LongText>& documents,
+                                 const std::function<bool()>& step) = 0;
 };
 
 /// The bounds of one check.

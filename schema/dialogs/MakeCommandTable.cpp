@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "schema/dialogs/MakeCommandTable.h"
+#include "schema/dialogs/MakeDialogs.h"
+
+namespace schema {
+
+namespace {
+
+constexpr edit::Command kCommands[] = {
+    {.offer = {.entries = {{"mnuSValidSample"}}, .in = edit::In::SchemaWindow},
+     .forms = {{0, ShowValidSample}}},
+};
+static_assert(edit::AreComplete(kCommands));
+
+} // namespace
+
+std::span<const edit::Command> MakeCommands() {
+    return kCommands;
+}
+
+} // namespace schema
