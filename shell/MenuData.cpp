@@ -78,6 +78,7 @@ constexpr Row kXml[] = {
     {"mnuPreviousDiagnostic", "上一个问题", "Shift+F8", "go-previous"},
     {"mnuXMLCloseTag", "在文本视图中添加节点的结束标记"},
     {"mnuGenSchema", "生成Schema"},
+    {"mnuInferSchema", "生成匹配的Schema"},
     {"mnuSXMLImpOnDBS", "根据数据库Schema导入XML"},
 };
 

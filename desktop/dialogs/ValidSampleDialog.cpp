@@ -25,9 +25,4 @@ void ValidSampleDialog::reject() {
     form_.CancelButton.Click();
 }
 
-void FollowMakeDialogs(schema::MakeDialogs& dialogs, QWidget& window) {
-    Listen(dialogs.validSampleShown, &window,
-           [&window](schema::frmValidSample& form) { ValidSampleDialog(form, &window).exec(); });
-}
-
 } // namespace desktop

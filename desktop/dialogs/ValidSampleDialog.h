@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-#include "schema/dialogs/MakeDialogs.h"
 #include "schema/dialogs/frmValidSample.h"
 #include <QDialog>
 #include <memory>
@@ -22,8 +21,5 @@ private:
     schema::frmValidSample& form_;
     std::unique_ptr<Ui::frmValidSample> ui_;
 };
-
-/// From now on the dialogs show as widgets in front of a window, which outlives them.
-void FollowMakeDialogs(schema::MakeDialogs& dialogs, QWidget& window);
 
 } // namespace desktop

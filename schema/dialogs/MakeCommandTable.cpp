@@ -7,6 +7,7 @@ namespace schema {
 namespace {
 
 constexpr edit::Command kCommands[] = {
+    {.offer = {.entries = {{"mnuInferSchema"}}, .in = edit::In::XMLWindow}, .forms = {{0, ShowInferSchema}}},
     {.offer = {.entries = {{"mnuSValidSample"}}, .in = edit::In::SchemaWindow},
      .forms = {{0, ShowValidSample}}},
 };

@@ -4,6 +4,7 @@
 
 namespace schema {
 
+class frmInferSchema;
 class frmValidSample;
 
 /// The dialogs of what is made from schemas. Each is made when it is asked for, shown by whatever listens,
@@ -11,10 +12,12 @@ class frmValidSample;
 struct MakeDialogs {
     /// Show a dialog and come back when it is done with (its `unloaded`).
     controls::Event<frmValidSample&> validSampleShown;
+    controls::Event<frmInferSchema&> inferSchemaShown;
 };
 /// Those of this run.
 MakeDialogs& MakeDialogsOf(Application& app);
 
 void ShowValidSample(DocumentWindow& window);
+void ShowInferSchema(DocumentWindow& window); ///< nothing happens in a document without an element
 
 } // namespace schema
