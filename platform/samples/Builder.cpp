@@ -12,6 +12,7 @@ using xercesc::XSConstants;
 
 constexpr std::size_t kTypicalElements = 300, kAllElements = 20000; // then nothing that may be left out
 constexpr int kTypicalDepth = 8, kAllDepth = 60;
+constexpr int kDeepest = 4900;         // levels that a document may have
 constexpr std::size_t kMostTurns = 50; // of a repeated choice, each with another branch
 
 std::size_t MostOf(XSParticle& particle) {
@@ -42,6 +43,10 @@ void Builder::Fill(Element& element, XSElementDeclaration& declaration) {
     element.name = TextOf(declaration.getName());
     element.declaration = &declaration;
     ++elements_;
+    if (depth_ > kDeepest) {
+        lacks_.insert(u"The smallest instance has more levels than a document may have.");
+        return;
+    }
     XSTypeDefinition* const type = ChooseType(declaration);
     if (!type) {
         lacks_.insert(u"The element \"" + element.name + u"\" has no type that an instance can have.");

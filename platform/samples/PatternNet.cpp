@@ -31,6 +31,32 @@ PatternNet::PatternNet(const std::u16string& expression) {
     nodes_.clear();
 }
 
+// All states that a value may lead to, side by side: no value takes longer than its length asks for.
+bool PatternNet::Reads(const std::u16string& value) const {
+    if (tooLarge_)
+        return true;
+    std::vector<bool> at(states_.size());
+    at[kStart] = true;
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        std::int32_t character = value[i];
+        if (character >= 0xD800 && character < 0xDC00 && i + 1 < value.size())
+            character = 0x10000 + ((character - 0xD800) << 10) + (value[++i] - 0xDC00);
+        std::vector<bool> next(states_.size());
+        for (std::size_t state = 0; state < states_.size(); ++state) {
+            for (std::size_t step = 0; at[state] && step < states_[state].steps.size(); ++step) {
+                if (states_[state].steps[step].set.Has(character))
+                    next[states_[state].steps[step].to] = true;
+            }
+        }
+        at = std::move(next);
+    }
+    for (std::size_t state = 0; state < states_.size(); ++state) {
+        if (at[state] && states_[state].ends)
+            return true;
+    }
+    return false;
+}
+
 std::uint32_t PatternNet::Add() {
     if (nodes_.size() >= kMostNodes) {
         tooLarge_ = true;

@@ -43,6 +43,8 @@ public:
         bool ends = false; ///< what was read so far matches
     };
     static constexpr std::uint32_t kStart = 0;
+    /// Whether it reads a whole value; true where there are no states.
+    bool Reads(const std::u16string& value) const;
     /// Nothing where counts inside counts make more of them than can be kept.
     const std::vector<State>* States() const { return tooLarge_ ? nullptr : &states_; }
 

@@ -60,13 +60,20 @@ void Append(std::u16string& word, std::int32_t character) {
 
 } // namespace
 
-PatternWords::PatternWords(const std::vector<std::u16string>& expressions) {
-    for (const std::u16string& one : expressions) {
+PatternWords::PatternWords(const std::vector<std::u16string>& patterns, const std::u16string& look)
+    : patterns_(patterns.size()) {
+    for (const std::u16string& one : patterns)
         nets_.push_back(std::make_unique<PatternNet>(one));
-        good_ = good_ && nets_.back()->States();
-    }
+    if (!look.empty())
+        nets_.push_back(std::make_unique<PatternNet>(look));
+    good_ = std::all_of(nets_.begin(), nets_.end(), [](const auto& net) { return net->States(); });
     if (good_)
         Explore();
+}
+
+bool PatternWords::Match(const std::u16string& value) const {
+    return std::all_of(nets_.begin(), nets_.begin() + static_cast<std::ptrdiff_t>(patterns_),
+                       [&](const auto& net) { return net->Reads(value); });
 }
 
 void PatternWords::Explore() {

@@ -81,13 +81,13 @@ public:
                                   : number % 2 == 0 ? Amount::Minimal
                                                     : Amount::Typical;
             const Text text = Try(*root, amount, wish_.seed + static_cast<std::uint64_t>(number));
-            if (text.empty() && lacks_.empty())
+            if (text.empty())
                 break;
-            fault = text.empty() ? Text() : faultOf(text);
-            if (!text.empty() && fault.empty())
+            fault = faultOf(text);
+            if (fault.empty())
                 return {text, amount == wish_.amount ? std::vector<Text>() : Simpler()};
         }
-        if (!fault.empty())
+        if (lacks_.empty() && !fault.empty())
             lacks_.insert(u"The check refuses what was made: " + fault);
         return {{}, {lacks_.begin(), lacks_.end()}};
     }
@@ -103,6 +103,15 @@ private:
         return Roots(components_).Choose(wish_.rootSpace);
     }
 
+    static Text WhyNone(XSElementDeclaration& root, double cost) {
+        const Text name = u'"' + TextOf(root.getName()) + u'"';
+        if (root.getAbstract())
+            return name + u" is abstract.";
+        return cost >= Costs::kEndless
+                   ? name + u" has no finite instance: its content needs itself, or what can't be had."
+                   : u"The smallest instance of " + name + u" is too large.";
+    }
+
     // Empty where there can be none; what is lacking is told.
     Text Try(XSElementDeclaration& root, Amount amount, std::uint64_t seed) {
         lacks_.clear();
@@ -110,12 +119,8 @@ private:
         const Costs costs(components_, root, empty_);
         if (root.getAbstract() || costs.Of(root) > kMostElements) {
             lacks_ = before_;
-            lacks_.insert(costs.Of(root) >= Costs::kEndless
-                              ? u"\"" + TextOf(root.getName()) +
-                                    u"\" has no finite instance: its content needs itself, or something that "
-                                    u"can't be had."
-                              : u"The smallest instance of \"" + TextOf(root.getName()) +
-                                    u"\" is too large.");
+            if (lacks_.empty())
+                lacks_.insert(WhyNone(root, costs.Of(root)));
             return {};
         }
         Builder builder(components_, values, costs, amount, seed);

@@ -81,8 +81,13 @@ std::optional<Text> SimpleValues::Value(SimpleType& type, std::size_t n) {
     return n < known.values.size() ? std::optional(known.values[n]) : std::nullopt;
 }
 
+// The library matches some patterns for ever, or until it has no stack left, against values that they don't
+// fit: those that do are all it gets to see.
 void SimpleValues::Propose(SimpleType& type, Known& known, Text value) {
     if (!known.met.insert(value).second)
+        return;
+    DatatypeValidator* const validator = ValidatorOf(type);
+    if (known.words && validator && !known.words->Match(Treated(value, validator->getWSFacet())))
         return;
     known.work += value.size();
     if (Accepts(type, value))
@@ -90,6 +95,7 @@ void SimpleValues::Propose(SimpleType& type, Known& known, Text value) {
 }
 
 void SimpleValues::Begin(SimpleType& type, Known& known) {
+    BeginWords(known);
     for (const Text& value : known.facets.enumeration)
         Propose(type, known, value);
     if (!known.facets.enumeration.empty()) {
@@ -98,7 +104,6 @@ void SimpleValues::Begin(SimpleType& type, Known& known) {
     }
     if (known.facets.variety == SimpleType::VARIETY_ATOMIC)
         BeginAtomic(type, known);
-    BeginWords(known);
 }
 
 void SimpleValues::BeginAtomic(SimpleType& type, Known& known) {
@@ -123,12 +128,10 @@ void SimpleValues::BeginAtomic(SimpleType& type, Known& known) {
 void SimpleValues::BeginWords(Known& known) {
     if (known.facets.patterns.empty())
         return;
-    std::vector<Text> steps = known.facets.patterns;
-    const Text& look = BuiltInOf(known.facets.builtIn).expression;
-    if (known.facets.variety == SimpleType::VARIETY_ATOMIC && !look.empty())
-        steps.push_back(look);
+    const bool atom = known.facets.variety == SimpleType::VARIETY_ATOMIC;
+    const Text look = atom ? BuiltInOf(known.facets.builtIn).expression : Text();
     try {
-        known.words = std::make_unique<PatternWords>(steps);
+        known.words = std::make_unique<PatternWords>(known.facets.patterns, look);
     } catch (const xercesc::XMLException&) { // it is no value's: others are proposed
     }
 }

@@ -193,7 +193,8 @@ void InferSchema(DocumentWindow& window, const QStringList& furtherFiles) {
     Documents documents;
     if (!Collect(window, furtherFiles, documents))
         return;
-    SchemaForm form{QStringLiteral("UTF-8"), NameBeside(window), HaveBlankTexts(documents.texts), false};
+    SchemaForm form{QStringLiteral("UTF-8"), NameBeside(window),
+                    documents.facts.HaveEmptyElements() && HaveBlankTexts(documents.texts), false};
     std::vector<InferredSchema> schemas = SchemasOf(documents.facts, form);
     if (schemas.empty())
         return Tell(app, QStringLiteral("Schema is empty!"));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "schema/infer/ElementFacts.h"
+#include <algorithm>
 
 namespace schema {
 
@@ -20,6 +21,12 @@ std::uint32_t OrderFacts::NumberOf(std::uint32_t element) {
         row.resize(children.size());
     follows.emplace_back(children.size());
     return number;
+}
+
+bool DocumentFacts::HaveEmptyElements() const {
+    return std::any_of(elements.begin(), elements.end(), [](const auto& one) {
+        return one->count > 0 && !one->text && one->order.children.empty();
+    });
 }
 
 std::uint32_t DocumentFacts::NumberOf(const ExpandedName& name) {

@@ -80,6 +80,7 @@ struct DocumentFacts {
     bool tooMany = false;
 
     std::uint32_t NumberOf(const ExpandedName& name);
+    bool HaveEmptyElements() const; ///< some never have anything between their tags, as far as is known
     bool IsXsi(const QString& space) const { return space == QLatin1String(kXsi); }
 
     static constexpr char kXsi[] = "http://www.w3.org/2001/XMLSchema-instance";

@@ -240,4 +240,56 @@ TEST_F(ValidSample, EveryKindOfContentIsOneThatTheCheckTakes) {
     }
 }
 
+TEST_F(ValidSample, WhatCantBeHadIsToldAndNoDocumentComes) {
+    struct Case {
+        const char* content;
+        const char* told;
+    };
+    const Case cases[] = {
+        {"<xs:element name='r'><xs:complexType><xs:sequence><xs:element "
+         "ref='r'/></xs:sequence></xs:complexType>"
+         "</xs:element>",
+         "no finite instance"},
+        {"<xs:element name='r'><xs:simpleType><xs:restriction base='xs:int'><xs:pattern value='[a-z]+'/>"
+         "</xs:restriction></xs:simpleType></xs:element>",
+         "No value was found for the type of \"r\""},
+        {"<xs:element name='r'><xs:complexType><xs:sequence><xs:element name='a' minOccurs='100000000' "
+         "maxOccurs='unbounded'/></xs:sequence></xs:complexType></xs:element>",
+         "too large"},
+        {"<xs:complexType name='t'/>", "no element that a document could begin with"},
+    };
+    for (const Case& one : cases) {
+        t.prompts.Answer(Answer::Ok);
+        EXPECT_EQ(Make(Schema(one.content), kTypical), "");
+        EXPECT_TRUE(t.prompts.boxes.back().text.contains(QLatin1String(one.told)))
+            << t.prompts.boxes.back().text.toStdString();
+    }
+    t.prompts.Answer({Answer::Ok, Answer::Ok}); // the schema's own fault is told when it is opened
+    EXPECT_EQ(Make(Schema("<xs:element name='r' type='nowhere'/>"), kTypical), "");
+    EXPECT_TRUE(t.prompts.boxes.back().text.contains(QStringLiteral("faults")));
+}
+
+TEST_F(ValidSample, TheDialogOffersTheLikelyRootFirstAndTheSeedMakesOthers) {
+    const QByteArray text =
+        Schema("<xs:element name='part' type='xs:int'/><xs:element name='no' abstract='true'/>"
+               "<xs:element name='whole'><xs:complexType><xs:choice maxOccurs='unbounded'>"
+               "<xs:element ref='t:part'/><xs:element ref='t:part2'/></xs:choice></xs:complexType>"
+               "</xs:element><xs:element name='part2' type='xs:date'/>");
+    DocumentWindow& schema = t.OpenText(QStringLiteral("s.xsd"), text);
+    QStringList offered;
+    const auto make = [&](const char* seed) {
+        t.frame().ActivateForm(&schema);
+        return MakeFromFront([&](frmValidSample& form) {
+            offered = form.cmbRoot.Items();
+            form.cmbRoot.UserChose(static_cast<int>(offered.indexOf(QStringLiteral("whole"))));
+            form.txtSeed.SetText(QLatin1String(seed));
+        });
+    };
+    const std::string first = make("1");
+    EXPECT_EQ(offered.join(u' '), QStringLiteral("whole part part2")) << "what is abstract isn't offered";
+    EXPECT_NE(first.find("<whole"), std::string::npos) << first;
+    EXPECT_EQ(make("1"), first);
+    EXPECT_TRUE(make("2") != first || make("3") != first || make("4") != first);
+}
+
 } // namespace
