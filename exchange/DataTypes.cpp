@@ -21,7 +21,7 @@ constexpr struct {
 constexpr struct {
     const char* word;
     int data;
-} kWords[] = {{"bool", adBoolean}, {"decimal", adNumeric}, {"numeric", adNumeric}};
+} kWords[] = {{"bool", adBoolean}, {"decimal", adNumeric}, {"numeric", adNumeric}, {"uuid", adGUID}};
 
 constexpr struct {
     int type;

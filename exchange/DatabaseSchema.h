@@ -15,15 +15,15 @@ struct SchemaOptions {
 };
 
 /// A line or more for a column; empty for a type that has no form. A type that isn't known is reported.
-QString ColumnSchema(Application& app, const services::DatabaseColumn& column, const QString& indent,
-                     const SchemaOptions& options);
+QString GetADOXColSchemaString(Application& app, const services::DatabaseColumn& column,
+                               const QString& indent, const SchemaOptions& options);
 
-/// The schema of all tables, views and system tables left out; what stood so far where `result` tells of a
-/// failure.
-QString SchemaOf(Application& app, services::Database& database, const SchemaOptions& options,
-                 services::DatabaseResult& result);
-
-/// Whether a table of this type holds data of its own.
-bool IsDataTable(const services::DatabaseTable& table);
+struct MadeSchema {
+    services::DatabaseResult result; ///< the first failure; the text has what could be read all the same
+    QString text;
+    QString complaint; ///< what makes it no valid schema; empty where all is well
+};
+/// The schema of all tables, views and system tables left out.
+MadeSchema SchemaOf(Application& app, services::Database& database, const SchemaOptions& options);
 
 } // namespace exchange

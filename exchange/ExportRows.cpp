@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/ExportRows.h"
-#include <QStringList>
+#include "exchange/OpenDatabase.h"
+#include "exchange/SqlText.h"
 
 namespace exchange {
 
@@ -36,8 +37,10 @@ public:
         }
         return result;
     }
-    /// The tables of which a script has begun.
-    const QStringList& Begun() const { return begun_; }
+    /// The tables that were made, the last one first.
+    const QStringList& Made() const { return made_; }
+    /// Rows were written, and then a statement ran that may have made them stay.
+    bool MayHaveStayed() const { return mayHaveStayed_; }
     qint64 Rows() const { return rows_; }
 
 private:
@@ -50,8 +53,6 @@ private:
             if (!result || behind != rows)
                 continue;
             result = Statement(statement.sql, table.data);
-            if (result)
-                begun_ << table.data.name;
         }
         return result;
     }
@@ -61,8 +62,14 @@ private:
         const auto statement = database_.Prepare(sql, result);
         if (!statement)
             return result;
-        if (statement->Parameters() == 0)
-            return statement->Run({});
+        if (statement->Parameters() == 0) {
+            mayHaveStayed_ = mayHaveStayed_ || (rows_ > 0 && !database_.TakesTablesBack());
+            result = statement->Run({});
+            const QString made = result ? TableMadeBy(sql) : QString();
+            if (!made.isEmpty())
+                made_.prepend(made);
+            return result;
+        }
         const auto columns = static_cast<int>(data.columns.size());
         if (statement->Parameters() != columns)
             return {DatabaseFailure::Failed,
@@ -84,29 +91,35 @@ private:
     Database& database_;
     const edit::WaitStep& step_;
     qint64 total_, rows_ = 0;
-    QStringList begun_;
+    QStringList made_;
+    bool mayHaveStayed_ = false;
 };
 
-// A database that makes tables outside of transactions keeps them: those that weren't there before go.
-void RemoveMade(Database& database, const QStringList& before, const QStringList& begun) {
-    QStringList now;
-    if (database.TakesTablesBack() || !ListTables(database, now))
-        return;
+// A database that makes tables outside of transactions keeps them: those that weren't there before go. Gives
+// those that are there still.
+QStringList RemoveMade(Database& database, const QStringList& before, const QStringList& made) {
+    QStringList left;
+    if (database.TakesTablesBack())
+        return left;
     const QString quote = database.Quote();
-    for (const QString& name : now) {
-        DatabaseResult ignored;
-        if (begun.contains(name, Qt::CaseInsensitive) && !before.contains(name, Qt::CaseInsensitive))
-            database.Execute(QStringLiteral("DROP TABLE ") + quote + name + quote, ignored);
+    for (const QString& name : made) {
+        if (before.contains(name, Qt::CaseInsensitive))
+            continue;
+        DatabaseResult result;
+        database.Execute(QStringLiteral("DROP TABLE ") + InQuotes(name, quote), result);
+        if (!result)
+            left << name;
     }
     database.Commit();
+    return left;
 }
 
 } // namespace
 
-Exported ExportRows(const QString& connection, const std::vector<TableExport>& tables,
+Exported ExportRows(Application& app, const QString& connection, const std::vector<TableExport>& tables,
                     const edit::WaitStep& step) {
     Exported exported;
-    const std::unique_ptr<Database> database = services::Databases().Open(connection, step, exported.result);
+    const std::unique_ptr<Database> database = OpenDatabase(app, connection, step, exported.result);
     if (!database)
         return exported;
     QStringList before;
@@ -126,8 +139,11 @@ Exported ExportRows(const QString& connection, const std::vector<TableExport>& t
     if (exported.result) {
         exported.rows = run.Rows();
     } else {
-        exported.unknown = !database->Rollback() && done;
-        RemoveMade(*database, before, run.Begun());
+        // A database that refuses to commit may have taken all back by itself; one that is still there has.
+        QStringList now;
+        const bool lost = !database->Rollback() && done && !ListTables(*database, now);
+        exported.unknown = lost || run.MayHaveStayed();
+        exported.left = RemoveMade(*database, before, run.Made());
     }
     return exported;
 }

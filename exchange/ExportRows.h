@@ -3,7 +3,10 @@
 #include "exchange/TableScript.h"
 #include "platform/services/Databases.h"
 #include <QString>
+#include <QStringList>
 #include <vector>
+
+struct Application;
 
 // Tables into a database.
 namespace exchange {
@@ -15,14 +18,16 @@ struct TableExport {
 
 struct Exported {
     services::DatabaseResult result; ///< unless it is good or `unknown`, the database is as it was
-    bool unknown = false;            ///< the connection went while all that was written was to stay
+    bool unknown = false;            ///< what was written may be there: nothing could be asked any more
+    QStringList left;                ///< tables that were made and could not be removed
     qint64 rows = 0;                 ///< that went in
 };
 
 /// Runs the scripts of all tables as one transaction: first what each has in front of its first statement
 /// with parameters, then the rest. A statement with parameters runs for each row, with its values; it has to
-/// have as many as the table has columns. A database without transactions is refused. `step` is told of rows.
-Exported ExportRows(const QString& connection, const std::vector<TableExport>& tables,
+/// have as many as the table has columns. A database without transactions is refused. Where tables outlast a
+/// transaction that is taken back, those that the scripts have made are removed. `step` is told of rows.
+Exported ExportRows(Application& app, const QString& connection, const std::vector<TableExport>& tables,
                     const edit::WaitStep& step);
 
 } // namespace exchange

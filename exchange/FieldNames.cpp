@@ -111,14 +111,20 @@ std::vector<QString> ValidNames(Application& app, const std::vector<QString>& na
     return valid;
 }
 
+QString FirstBadName(Application& app, const std::vector<QString>& names) {
+    for (const QString& name : names) {
+        if (!IsName(app, name))
+            return name.isNull() ? QStringLiteral("") : name;
+    }
+    return {};
+}
+
 QString NameComplaint(Application& app, const std::vector<QString>& names, Filling filling) {
     if (names.empty() || Parses(app, RowOf(names, filling)))
         return {};
-    for (const QString& name : names) {
-        if (!IsName(app, name))
-            return QStringLiteral("The field name \"%1\" is no name in XML: the document will not parse.")
-                .arg(name);
-    }
+    if (const QString bad = FirstBadName(app, names); !bad.isNull())
+        return QStringLiteral("The field name \"%1\" is no name in XML: the document will not parse.")
+            .arg(bad);
     QSet<QString> seen;
     for (const QString& name : names) {
         if (seen.contains(name))

@@ -19,6 +19,9 @@ std::vector<QString> NumberedNames(std::size_t count);
 /// asked of the parser.
 std::vector<QString> ValidNames(Application& app, const std::vector<QString>& names);
 
+/// The first that is no name in XML; null where all are.
+QString FirstBadName(Application& app, const std::vector<QString>& names);
+
 /// A sentence on the first name that makes rows which don't parse; empty where all is well.
 QString NameComplaint(Application& app, const std::vector<QString>& names, Filling filling);
 

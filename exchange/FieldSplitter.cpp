@@ -28,7 +28,7 @@ void FieldSplitter::SplitPlain(QStringView line) {
     fields_.clear();
     if (delimiter_.size() != 1) {
         qsizetype at = delimiter_.isEmpty() ? -1 : line.indexOf(delimiter_);
-        for (; at >= 0; at = line.indexOf(delimiter_)) {
+        for (; at >= 0 && fields_.size() < kMostFields; at = line.indexOf(delimiter_)) {
             fields_.push_back(line.first(at));
             line = line.sliced(at + delimiter_.size());
         }
@@ -36,7 +36,7 @@ void FieldSplitter::SplitPlain(QStringView line) {
         return;
     }
     const QChar* begin = line.begin();
-    for (const QChar* at = begin; at != line.end(); ++at) {
+    for (const QChar* at = begin; at != line.end() && fields_.size() < kMostFields; ++at) {
         if (*at == delimiter_[0]) {
             fields_.emplace_back(begin, at);
             begin = at + 1;

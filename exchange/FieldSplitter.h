@@ -14,6 +14,9 @@ enum class Quotes {
     OfField ///< a field that begins with one goes on to the next that isn't doubled, also over line ends
 };
 
+/// A line with more fields is no row: the delimiter is another one, or the file no table.
+inline constexpr std::size_t kMostFields = 100000;
+
 /// Takes lines apart into fields. The quote is always the double quote.
 class FieldSplitter {
 public:
@@ -22,8 +25,8 @@ public:
 
     /// Takes the next line of a record. False while the record goes on with the line behind it.
     bool Take(QStringView line);
-    /// The fields of the record, good until the next Take and as long as its line. At least one. Line ends
-    /// inside a field are LF.
+    /// The fields of the record, good until the next Take and as long as its line. At least one; of more than
+    /// kMostFields one more than these. Line ends inside a field are LF.
     const std::vector<QStringView>& Fields();
     bool IsInside() const { return inside_; } ///< a quote has begun that hasn't ended
     void Forget();                            ///< what has been taken of a record that isn't complete
@@ -34,7 +37,10 @@ private:
     void WalkFields(QStringView line);
     qsizetype EndOfPlain(QStringView line, qsizetype from) const;
     bool IsDelimiter(QStringView line, qsizetype at) const;
-    void EndField() { ends_.push_back(scratch_.size()); }
+    void EndField() {
+        if (ends_.size() <= kMostFields)
+            ends_.push_back(scratch_.size());
+    }
 
     QString delimiter_;
     Quotes quotes_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/ImportRows.h"
 #include "exchange/FieldNames.h"
+#include "exchange/OpenDatabase.h"
 #include "exchange/SqlText.h"
 
 namespace exchange {
@@ -12,11 +13,6 @@ using services::DatabaseResult;
 using services::DatabaseRows;
 
 constexpr qsizetype kRowsPerStep = 500;
-
-const QString kPackages =
-    QStringLiteral("Drivers come with these packages: libsqliteodbc (SQLite), odbc-mdbtools (Access), "
-                   "odbc-postgresql (PostgreSQL), odbc-mariadb (MariaDB, MySQL), tdsodbc (SQL "
-                   "Server, Sybase).");
 
 std::vector<QString> NamesOf(Application& app, const DatabaseRows& rows, bool repair) {
     std::vector<QString> names;
@@ -82,7 +78,7 @@ MadeRows RowsOf(Application& app, const RowsQuery& query, const edit::WaitStep& 
     if (!made.result)
         return made;
     const std::unique_ptr<services::Database> database =
-        services::Databases().Open(query.connection, step, made.result);
+        OpenDatabase(app, query.connection, step, made.result);
     if (!database)
         return made;
     // What the statement changes doesn't last (quirk 105).
@@ -96,19 +92,6 @@ MadeRows RowsOf(Application& app, const RowsQuery& query, const edit::WaitStep& 
     if (guarded)
         made.takenBack = static_cast<bool>(database->Rollback()) && database->TakesTablesBack();
     return made;
-}
-
-QString FailureText(const DatabaseResult& result) {
-    switch (result.failure) {
-    case DatabaseFailure::None:
-        return {};
-    case DatabaseFailure::Cancelled:
-        return QStringLiteral("Cancelled.");
-    case DatabaseFailure::NoDriver:
-        return result.text + QStringLiteral("\r\n") + kPackages;
-    default:
-        return result.text;
-    }
 }
 
 } // namespace exchange

@@ -33,8 +33,4 @@ struct MadeRows {
 /// `step` is asked all the time.
 MadeRows RowsOf(Application& app, const RowsQuery& query, const edit::WaitStep& step);
 
-/// What a failure means to the user: the driver's own words, and which package brings a driver that is
-/// missing.
-QString FailureText(const services::DatabaseResult& result);
-
 } // namespace exchange

@@ -37,6 +37,8 @@ public:
         return true;
     }
     const std::vector<QStringView>& Fields() { return splitter_.Fields(); }
+    bool TooWide() { return Fields().size() > kMostFields; }
+    qsizetype Line() const { return line_; } ///< in which the record begins
     qsizetype Position() const { return lines_.Position(); }
     /// The line in which the record began that the text's end broke off; 0 without one.
     qsizetype UnfinishedQuote() const { return unfinished_; }
@@ -53,8 +55,8 @@ QString FirstLine(const text::Decoded& text, const TextOptions& options) {
 }
 
 /// The names of the columns; `header`: the fields of the first row.
-std::vector<QString> NamesOf(Application& app, const text::Decoded& text, const TextOptions& options,
-                             std::vector<QString> header, std::size_t columns) {
+std::vector<QString> GetFieldName(Application& app, const text::Decoded& text, const TextOptions& options,
+                                  std::vector<QString> header, std::size_t columns) {
     if (!options.firstHoldsNames)
         return NumberedNames(columns);
     header.resize(columns);
@@ -81,7 +83,7 @@ std::vector<QString> Kept(const std::vector<QStringView>& fields) {
 struct Shape {
     std::size_t columns = 1;
     std::vector<QString> header;
-    qsizetype unfinishedQuote = 0;
+    qsizetype unfinishedQuote = 0, tooWide = 0;
     bool cancelled = false;
 };
 
@@ -107,6 +109,10 @@ Shape ShapeOf(const text::Decoded& text, const TextOptions& options, const edit:
     Steps steps(step, text.text.size() * 2);
     for (bool first = true; records.Next(); first = false) {
         shape.columns = std::max(shape.columns, records.Fields().size());
+        if (shape.columns > kMostFields) {
+            shape.tooWide = records.Line();
+            break;
+        }
         if (first)
             shape.header = Kept(records.Fields());
         if (!steps.GoOn(records.Position())) {
@@ -140,6 +146,9 @@ TextSample SampleOf(Application& app, const text::Decoded& text, const TextOptio
     Records records(text, options);
     std::vector<QString> header;
     while (sample.rows.size() < most && records.Next()) {
+        sample.tooWide = records.TooWide();
+        if (sample.tooWide)
+            break;
         std::vector<QString>& row = sample.rows.emplace_back();
         for (const QStringView field : records.Fields())
             row.push_back(mXMLEdit::convertStringToXML(field.toString()));
@@ -148,19 +157,20 @@ TextSample SampleOf(Application& app, const text::Decoded& text, const TextOptio
             header = Kept(records.Fields());
     }
     sample.unfinishedQuote = records.UnfinishedQuote() > 0;
-    sample.names = NamesOf(app, text, options, std::move(header), sample.columns);
+    sample.names = GetFieldName(app, text, options, std::move(header), sample.columns);
     return sample;
 }
 
-MadeText DocumentOf(Application& app, const text::Decoded& text, const TextOptions& options,
-                    const edit::WaitStep& step) {
+MadeText GetResXML(Application& app, const text::Decoded& text, const TextOptions& options,
+                   const edit::WaitStep& step) {
     MadeText made;
     Shape shape = ShapeOf(text, options, step);
     made.cancelled = shape.cancelled;
     made.unfinishedQuote = shape.unfinishedQuote;
-    if (made.cancelled || made.unfinishedQuote > 0)
+    made.tooWide = shape.tooWide;
+    if (made.cancelled || made.unfinishedQuote > 0 || made.tooWide > 0)
         return made;
-    RowsXml rows(NamesOf(app, text, options, std::move(shape.header), shape.columns), options.filling);
+    RowsXml rows(GetFieldName(app, text, options, std::move(shape.header), shape.columns), options.filling);
     Records records(text, options);
     Steps steps(step, text.text.size() * 2);
     rows.Begin();

@@ -28,6 +28,7 @@ struct TextSample {
     std::size_t columns = 1;                ///< of the widest
     std::vector<QString> names;             ///< of the columns
     bool unfinishedQuote = false;           ///< in the last row
+    bool tooWide = false;                   ///< the last row has more fields than a row can have
 };
 
 /// At most `most` rows; blank lines make none.
@@ -39,11 +40,12 @@ struct MadeText {
     text::LongText text;
     LeftOut leftOut;
     qsizetype unfinishedQuote = 0; ///< the line in which a quote begins that never ends; 0: none
+    qsizetype tooWide = 0;         ///< the line with more fields than a row can have; 0: none
     bool cancelled = false;
 };
 
-/// The document; `step` is told the units of the text that have been read.
-MadeText DocumentOf(Application& app, const text::Decoded& text, const TextOptions& options,
-                    const edit::WaitStep& step);
+/// The document of a whole text; `step` is told the units of the text that have been read.
+MadeText GetResXML(Application& app, const text::Decoded& text, const TextOptions& options,
+                   const edit::WaitStep& step);
 
 } // namespace exchange

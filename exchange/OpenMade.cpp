@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/OpenMade.h"
+#include "core/edit/Guard.h"
 #include "core/model/Application.h"
 #include "core/model/Frame.h"
 
@@ -42,6 +43,17 @@ void OpenMade(Application& app, const FetchedText& fetched, Opens kind) {
         app.frame().NewSXMLFile(fetched, {});
     else
         app.frame().NewXMLFile(fetched, {});
+}
+
+void OpenIfMade(Application& app, const QString& form, const std::function<bool(FetchedText&)>& make,
+                controls::Event<>& unloaded) {
+    edit::Guarded(app, form + QStringLiteral("@OKButton_Click"), [&] {
+        FetchedText fetched;
+        if (!make(fetched))
+            return;
+        unloaded();
+        OpenMade(app, fetched, Opens::XML);
+    });
 }
 
 } // namespace exchange

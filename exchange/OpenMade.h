@@ -3,6 +3,8 @@
 #include "core/edit/Waiting.h"
 #include "core/model/FetchedText.h"
 #include "exchange/RowsXml.h"
+#include "platform/controls/Event.h"
+#include <functional>
 #include <memory>
 
 struct Application;
@@ -22,5 +24,10 @@ bool Prepare(Application& app, text::LongText text, std::shared_ptr<edit::Waitin
              FetchedText& fetched);
 /// Opens it as a new document without a file. It counts as changed, for it stands nowhere else.
 void OpenMade(Application& app, const FetchedText& fetched, Opens kind);
+
+/// What OK does in a dialog that makes a document: with the error exit of the dialog's routine, `make` makes
+/// it, the dialog goes, and the document is opened. The dialog stays where there is none.
+void OpenIfMade(Application& app, const QString& form, const std::function<bool(FetchedText&)>& make,
+                controls::Event<>& unloaded);
 
 } // namespace exchange

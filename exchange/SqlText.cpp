@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/SqlText.h"
+#include <QRegularExpression>
 #include <QStringList>
 #include <algorithm>
 
@@ -107,6 +108,24 @@ bool OnlyReads(const QString& sql) {
         }
     }
     return true;
+}
+
+QString TableMadeBy(const QString& sql) {
+    const QString word =
+        QStringLiteral("(\"(?:[^\"]|\"\")+\"|`(?:[^`]|``)+`|\\[[^\\]]+\\]|[^\\s\"`\\[(.;]+)");
+    static const QRegularExpression kMakes(
+        QStringLiteral("^\\s*create\\s+table\\s+(?:if\\s+not\\s+exists\\s+)?(?:%1\\s*\\.\\s*)*%1").arg(word),
+        QRegularExpression::CaseInsensitiveOption);
+    QString name = kMakes.match(sql).captured(2);
+    if (name.size() < 2 || !QStringView(u"\"`[").contains(name[0]))
+        return name;
+    const QChar quote = name[0];
+    name = name.mid(1, name.size() - 2);
+    return name.replace(QString(2, quote), QString(quote));
+}
+
+QString InQuotes(QString name, const QString& quote) {
+    return quote.trimmed().isEmpty() ? name : quote + name.replace(quote, quote + quote) + quote;
 }
 
 bool IsSqlWord(const QString& name) {

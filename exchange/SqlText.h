@@ -16,6 +16,11 @@ std::vector<SqlPart> PartsOf(QStringView sql);
 QString TransactionWord(const QString& sql);
 /// Whether a text has only statements that read. When in doubt, it hasn't.
 bool OnlyReads(const QString& sql);
+/// The name of the table that a statement makes, without quotes and what stands in front of it; empty for
+/// another statement.
+QString TableMadeBy(const QString& sql);
+/// A name in quotes, those in it doubled; as it is where `quote` is blank.
+QString InQuotes(QString name, const QString& quote);
 /// Whether a name that stands without quotes may be taken for a word of the language.
 bool IsSqlWord(const QString& name);
 

@@ -46,8 +46,35 @@ bool IsTimestamp(QStringView text) {
     return text.size() == 19 && text[10] == u'T' && IsDate(text.first(10)) && IsTime(text.sliced(11));
 }
 
-QString Quoted(QString name, const QString& quote) {
-    return quote.trimmed().isEmpty() ? name : quote + name.replace(quote, quote + quote) + quote;
+// Databases that have other words for a type, or give the usual word another meaning.
+constexpr struct {
+    const char *type, *mySql, *sqlServer;
+} kWords[] = {{"TIMESTAMP", "DATETIME", "DATETIME2"}, {"TEXT", "LONGTEXT", "NVARCHAR(MAX)"}};
+
+bool IsMySql(const QString& system) {
+    return system.contains(QStringLiteral("mariadb"), Qt::CaseInsensitive) ||
+           system.contains(QStringLiteral("mysql"), Qt::CaseInsensitive);
+}
+
+/// What a new table needs to take every character.
+QString Charset(const QString& system) {
+    return IsMySql(system) ? QStringLiteral(" CHARACTER SET utf8mb4") : QString();
+}
+
+bool IsSqlServer(const QString& system) {
+    return system.contains(QStringLiteral("sql server"), Qt::CaseInsensitive);
+}
+
+QString TypeIn(const QString& system, const QString& type) {
+    for (const auto& words : kWords) {
+        if (type == QLatin1String(words.type) && (IsMySql(system) || IsSqlServer(system)))
+            return QLatin1String(IsMySql(system) ? words.mySql : words.sqlServer);
+    }
+    if (!IsSqlServer(system) || !type.startsWith(QStringLiteral("VARCHAR")))
+        return type;
+    constexpr int kMost = 4000; // characters of its texts of limited length; the usual ones take no Chinese
+    const int length = type.mid(sizeof "VARCHAR").chopped(1).toInt();
+    return length > kMost ? QStringLiteral("NVARCHAR(MAX)") : u'N' + type;
 }
 
 QString ColumnName(const ElementTable& table, int column) {
@@ -139,22 +166,23 @@ void MakeDistinct(std::vector<QString>& names) {
     }
 }
 
-QString ScriptOf(const TableData& data, const QString& quote) {
-    const QString name = Quoted(data.name, quote);
+QString ScriptOf(const TableData& data, const QString& quote, const QString& system) {
+    const QString name = InQuotes(data.name, quote);
     std::vector<QString> columns;
     for (const int column : data.columns)
         columns.push_back(ColumnName(*data.table, column));
     MakeDistinct(columns);
     QStringList definitions, names, parameters;
     for (std::size_t i = 0; i < data.columns.size(); ++i) {
-        const QString column = Quoted(columns[i], quote);
-        definitions << QStringLiteral("    ") + column + u' ' + data.types[i];
+        const QString column = InQuotes(columns[i], quote);
+        definitions << QStringLiteral("    ") + column + u' ' + TypeIn(system, data.types[i]);
         names << column;
         parameters << QStringLiteral("?");
     }
     return QStringLiteral("CREATE TABLE ") + name + QStringLiteral(" (\n") +
-           definitions.join(QStringLiteral(",\n")) + QStringLiteral("\n);\nINSERT INTO ") + name +
-           QStringLiteral(" (") + names.join(QStringLiteral(", ")) + QStringLiteral(")\n    VALUES (") +
+           definitions.join(QStringLiteral(",\n")) + QStringLiteral("\n)") + Charset(system) +
+           QStringLiteral(";\nINSERT INTO ") + name + QStringLiteral(" (") +
+           names.join(QStringLiteral(", ")) + QStringLiteral(")\n    VALUES (") +
            parameters.join(QStringLiteral(", ")) + QStringLiteral(");\n");
 }
 

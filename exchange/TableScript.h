@@ -28,8 +28,8 @@ std::optional<TableData> DataOf(std::shared_ptr<const table::ElementTable> table
 void MakeDistinct(std::vector<QString>& names);
 
 /// A statement that makes the table, and one that fills a row, with a parameter for each column. `quote`
-/// stands around names.
-QString ScriptOf(const TableData& data, const QString& quote);
+/// stands around names; `system` is the database's own name, whose words for types are used.
+QString ScriptOf(const TableData& data, const QString& quote, const QString& system = {});
 struct ScriptStatement {
     QString sql;
     bool hasParameters = false;

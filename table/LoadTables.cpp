@@ -20,13 +20,18 @@ class LevelWalk {
 public:
     explicit LevelWalk(bool calculates) : calculates_(calculates) {}
 
-    Tables walk(TreeCursor node) {
+    /// A node and its siblings, or those so many levels below.
+    void walk(TreeCursor node, int below = 0) {
         for (; node; node = node.next()) {
-            if (node.kind() == m_tvXML::kElement)
+            if (node.kind() != m_tvXML::kElement)
+                continue;
+            if (below > 0)
+                walk(node.firstChild(), below - 1);
+            else
                 tableOf(node).add(node);
         }
-        return std::move(tables_);
     }
+    Tables take() { return std::move(tables_); }
 
 private:
     // Elements that came from one document share the number of their name; a typed name has one of its own.
@@ -163,7 +168,15 @@ Tables TablesOf(DocumentWindow& window, const QString& level, TreeNode node) {
 } // namespace
 
 Tables TablesOfLevel(controls::TreeNode node, bool calculates) {
-    return LevelWalk(calculates).walk(TreeCursor(node));
+    LevelWalk level(calculates);
+    level.walk(TreeCursor(node));
+    return level.take();
+}
+
+Tables TablesOfDepth(controls::TreeNode node, int below) {
+    LevelWalk level(false);
+    level.walk(TreeCursor(node), below);
+    return level.take();
 }
 
 void LoadLevelAtTableView(DocumentWindow& window, TreeNode node) {

@@ -114,7 +114,7 @@ void Complain(const QWidget& form, const QString& name, const char* what) {
 
 } // namespace
 
-void BindControls(QWidget& form, std::initializer_list<NamedControl> controls) {
+void BindControls(QWidget& form, const std::vector<NamedControl>& controls) {
     QSet<QString> given;
     for (const NamedControl& control : controls) {
         const QString name = QLatin1String(control.name);

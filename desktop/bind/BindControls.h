@@ -3,8 +3,8 @@
 #include "platform/controls/Controls.h"
 #include <QWidget>
 #include <functional>
-#include <initializer_list>
 #include <variant>
+#include <vector>
 
 namespace desktop {
 
@@ -22,6 +22,6 @@ struct NamedControl {
 /// and what the user does reaches the control. The controls outlive the form. The pages of tabs are those of
 /// the form's stack, named as the tabs' keys are. A control without a widget that can show it is told as a
 /// warning, and so is a widget named as controls are (cmd, txt, cmb, chk, opt, tbs) that none is given for.
-void BindControls(QWidget& form, std::initializer_list<NamedControl> controls);
+void BindControls(QWidget& form, const std::vector<NamedControl>& controls);
 
 } // namespace desktop

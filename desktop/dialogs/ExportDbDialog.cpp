@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "desktop/dialogs/ExportDbDialog.h"
-#include "desktop/base/Listen.h"
-#include "desktop/bind/BindControls.h"
-#include "desktop/dialogs/NewDsnDialog.h"
+#include "desktop/dialogs/ExchangeParts.h"
 #include "ui_frmExportDB.h"
 
 namespace desktop {
@@ -10,19 +8,14 @@ namespace desktop {
 ExportDbDialog::ExportDbDialog(exchange::frmExportDB& form, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmExportDB>()) {
     ui_->setupUi(this);
-    BindControls(*this, {{"cmbDSN", &form.source.cmbDSN},
-                         {"cmdNewDSN", &form.source.cmdNewDSN},
-                         {"cmbGrid", &form.cmbGrid},
-                         {"chkGrid", &form.chkGrid},
-                         {"txtSQL", &form.txtSQL},
-                         {"lblNote", &form.lblNote},
-                         {"OKButton", &form.OKButton},
-                         {"CancelButton", &form.CancelButton}});
-    Listen(form.source.newDSNShown, this,
-           [this](exchange::frmNewDSN& dialog) { NewDsnDialog(dialog, this).exec(); });
+    BindForm(*this, form,
+             {{"cmbLevel", &form.cmbLevel},
+              {"cmbGrid", &form.cmbGrid},
+              {"chkGrid", &form.chkGrid},
+              {"txtSQL", &form.txtSQL}},
+             SourceControls(*this, form.source, false));
     QMetaObject::invokeMethod(
         this, [this] { form_.Form_Activate(); }, Qt::QueuedConnection); // once it is to be seen
-    Listen(form.unloaded, this, [this] { accept(); });
 }
 
 ExportDbDialog::~ExportDbDialog() = default;

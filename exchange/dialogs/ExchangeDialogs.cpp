@@ -16,6 +16,16 @@ template <typename Form> void Show(Application& app, const controls::Event<Form&
     shown(dialog);
 }
 
+// What goes out is the tree: a text that doesn't parse isn't in it.
+bool MayExport(DocumentWindow& window) {
+    if (!window.bond.refused())
+        return true;
+    window.app.services.prompts.MsgBox(
+        QStringLiteral("The text of this document does not parse. It can be exported when it does."),
+        services::Buttons::Ok, services::Icon::Exclamation);
+    return false;
+}
+
 } // namespace
 
 void ExchangeDialogs::ShowImportTxt() {
@@ -31,12 +41,16 @@ void ExchangeDialogs::ShowCreateDBSchema() {
 }
 
 void ExchangeDialogs::ShowExportTxt(DocumentWindow& window) {
+    if (!MayExport(window))
+        return;
     frmExportTxt dialog(window);
     dialog.Form_Load();
     exportTxtShown(dialog);
 }
 
 void ExchangeDialogs::ShowExportDB(DocumentWindow& window) {
+    if (!MayExport(window))
+        return;
     frmExportDB dialog(window);
     if (dialog.Form_Load())
         exportDBShown(dialog);

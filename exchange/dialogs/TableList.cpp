@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/dialogs/TableList.h"
 #include "core/model/Application.h"
-#include "exchange/DatabaseSchema.h"
+#include "exchange/OpenDatabase.h"
 #include "exchange/SqlText.h"
+#include "exchange/TableShapes.h"
 #include <algorithm>
 
 namespace exchange {
@@ -10,7 +11,7 @@ namespace exchange {
 TableList TablesOf(Application& app, const QString& connection) {
     TableList list;
     edit::Waiting waiting(app, connection);
-    const auto database = services::Databases().Open(connection, waiting.Step(0, 0), list.result);
+    const auto database = OpenDatabase(app, connection, waiting.Step(0, 0), list.result);
     if (!database)
         return list;
     std::vector<services::DatabaseTable> tables;
@@ -22,10 +23,11 @@ TableList TablesOf(Application& app, const QString& connection) {
             list.names << table.name;
     }
     list.quote = database->Quote();
+    list.system = database->System();
     return list;
 }
 
-// Quirk 100. Databases make other names of capitals without quotes, and each in its way.
+// Quirk 107. Databases make other names of capitals without quotes, and each in its way.
 QString NameInStatement(const QString& name, const QString& quote) {
     const auto digit = [](QChar unit) { return unit >= u'0' && unit <= u'9'; };
     const auto plainUnit = [&](QChar unit) {
@@ -33,10 +35,7 @@ QString NameInStatement(const QString& name, const QString& quote) {
     };
     const bool plain = !name.isEmpty() && !digit(name[0]) &&
                        std::all_of(name.begin(), name.end(), plainUnit) && !IsSqlWord(name);
-    if (plain || quote.trimmed().isEmpty())
-        return name;
-    QString doubled = name;
-    return quote + doubled.replace(quote, quote + quote) + quote;
+    return plain ? name : InQuotes(name, quote);
 }
 
 void TellCancelled(Application& app) {

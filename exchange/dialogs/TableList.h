@@ -13,6 +13,7 @@ struct TableList {
     QStringList names; ///< of tables, views and system tables left out
     int count = 0;     ///< of tables and views
     QString quote;     ///< what stands around names that aren't plain words
+    QString system;    ///< the database's own name
 };
 
 TableList TablesOf(Application& app, const QString& connection);

@@ -2,8 +2,7 @@
 #include "exchange/dialogs/frmCreateDBSchema.h"
 #include "core/edit/Guard.h"
 #include "core/edit/Waiting.h"
-#include "exchange/DatabaseSchema.h"
-#include "exchange/ImportRows.h"
+#include "exchange/OpenDatabase.h"
 #include "exchange/OpenMade.h"
 #include "exchange/dialogs/TableList.h"
 #include "platform/text/TextTools.h"
@@ -22,34 +21,48 @@ void frmCreateDBSchema::Form_Load() {
 
 QString frmCreateDBSchema::GetResXMLSchema() {
     return edit::Guarded(app_, QStringLiteral("frmCreateDBSchema@GetResXMLSchema"), [&]() -> QString {
-        if (text::Trim(source.ConnectionString()).isEmpty())
+        failure_.clear();
+        if (text::Trim(source.ConnectionString()).isEmpty()) {
+            lblNote.SetCaption(QStringLiteral("No data source is chosen."));
             return {};
-        services::DatabaseResult result;
-        QString schema;
-        {
-            edit::Waiting waiting(app_, source.ConnectionString());
-            const auto database =
-                services::Databases().Open(source.ConnectionString(), waiting.Step(0, 0), result);
-            if (database)
-                schema = SchemaOf(app_, *database, {chkAttr.Value() == 1, chkRepair.Value() == 1}, result);
         }
-        lblNote.SetCaption(FailureText(result));
-        if (!result) {
+        const MadeSchema made = ReadSchema();
+        failure_ = FailureText(made.result);
+        lblNote.SetCaption(made.result ? made.complaint : failure_);
+        if (made.text.isEmpty())
             TellCancelled(app_);
-            return {};
-        }
-        return schema;
+        return made.text;
     });
+}
+
+// Without a text where there is no connection, or the user cancelled.
+MadeSchema frmCreateDBSchema::ReadSchema() {
+    edit::Waiting waiting(app_, source.ConnectionString());
+    MadeSchema made;
+    const auto database = OpenDatabase(app_, source.ConnectionString(), waiting.Step(0, 0), made.result);
+    if (database)
+        made = SchemaOf(app_, *database, {chkAttr.Value() == 1, chkRepair.Value() == 1});
+    if (made.result.failure == services::DatabaseFailure::Cancelled)
+        made.text.clear();
+    return made;
 }
 
 void frmCreateDBSchema::cmdPre_Click() {
     txtSample.SetText(GetResXMLSchema());
 }
 
+// Tables that couldn't be read lack their columns.
+bool frmCreateDBSchema::MayOpen() {
+    return failure_.isEmpty() ||
+           app_.services.prompts.MsgBox(
+               failure_ + QStringLiteral("\r\nThe schema isn't whole. Do you want it all the same?"),
+               services::Buttons::YesNo, services::Icon::Question) == services::Answer::Yes;
+}
+
 void frmCreateDBSchema::OKButton_Click() {
     edit::Guarded(app_, QStringLiteral("frmCreateDBSchema@OKButton_Click"), [&] {
         const QString schema = GetResXMLSchema();
-        if (text::Trim(schema).isEmpty())
+        if (text::Trim(schema).isEmpty() || !MayOpen())
             return;
         FetchedText fetched(schema);
         fetched.made = true;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/model/Application.h"
+#include "exchange/DatabaseSchema.h"
 #include "exchange/dialogs/SourceChoice.h"
 #include "platform/controls/Controls.h"
 
@@ -28,7 +29,11 @@ public:
 
 private:
     QString GetResXMLSchema();
+    MadeSchema ReadSchema();
+    bool MayOpen();
+
     Application& app_;
+    QString failure_; ///< why the last schema isn't whole; empty: it is
 };
 
 } // namespace exchange

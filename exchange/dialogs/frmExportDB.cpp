@@ -2,8 +2,8 @@
 #include "exchange/dialogs/frmExportDB.h"
 #include "core/edit/Guard.h"
 #include "core/edit/View.h"
-#include "exchange/ImportRows.h"
-#include "exchange/dialogs/TableList.h"
+#include "exchange/Levels.h"
+#include "exchange/OpenDatabase.h"
 #include "table/TableState.h"
 #include <utility>
 
@@ -20,6 +20,7 @@ const QString kUsualQuote = QStringLiteral("\"");
 
 frmExportDB::frmExportDB(DocumentWindow& window) : source(window.app), window_(window) {
     source.chosen.connect([this] { source_Chosen(); });
+    cmbLevel.Click.connect([this] { cmbLevel_Click(); });
     cmbGrid.Click.connect([this] { cmbGrid_Click(); });
     chkGrid.Click.connect([this] { Chosen().wanted = chkGrid.Value() == 1; });
     txtSQL.Change.connect([this] {
@@ -31,23 +32,24 @@ frmExportDB::frmExportDB(DocumentWindow& window) : source(window.app), window_(w
 }
 
 bool frmExportDB::Form_Load() {
-    edit::ShowView(window_, edit::kTableTab);
-    if (!edit::Shows(window_, edit::kTableTab)) // the text doesn't parse, which the user has been told
-        return false;
-    if (table::TableOf(window_).tables.empty()) {
-        window_.app.services.prompts.MsgBox(QStringLiteral("The table view shows no table."), Buttons::Ok,
+    list_.quote = kUsualQuote;
+    FillLevels();
+    if (cmbLevel.Items().isEmpty()) {
+        window_.app.services.prompts.MsgBox(QStringLiteral("The document has no elements."), Buttons::Ok,
                                             Icon::Exclamation);
         return false;
     }
-    if (!ReadTables())
-        return false;
     source.Load();
-    Propose(kUsualQuote);
-    for (const Grid& grid : grids_)
-        cmbGrid.AddItem(grid.table.data.table->name());
-    cmbGrid.SetListIndex(0);
-    cmbGrid_Click();
-    return true;
+    return ShowLevel(tableShows_ ? 0 : UsualLevel(window_, static_cast<int>(cmbLevel.Items().size())));
+}
+
+void frmExportDB::FillLevels() {
+    tableShows_ = edit::Shows(window_, edit::kTableTab) && !table::TableOf(window_).tables.empty();
+    if (tableShows_)
+        cmbLevel.AddItem(QStringLiteral("Table View"));
+    int number = 0;
+    for (const QStringList& names : LevelsOf(window_))
+        cmbLevel.AddItem(QString::number(++number) + QStringLiteral(": ") + names.join(QStringLiteral(", ")));
 }
 
 void frmExportDB::Form_Activate() {
@@ -55,49 +57,88 @@ void frmExportDB::Form_Activate() {
         source_Chosen();
 }
 
-bool frmExportDB::ReadTables() {
+table::Tables frmExportDB::TablesAt(int index) {
+    if (tableShows_ && index == 0)
+        return table::TableOf(window_).tables;
+    return TablesOfLevel(window_, index - (tableShows_ ? 1 : 0));
+}
+
+// Nothing where the user cancelled.
+std::optional<std::vector<frmExportDB::Grid>> frmExportDB::ReadTables(int index) {
+    if (const auto left = left_.find(index); left != left_.end())
+        return left->second;
     edit::Waiting waiting(window_.app, window_.Caption);
-    for (const auto& table : table::TableOf(window_).tables) {
+    std::vector<Grid> grids;
+    std::vector<QString> names;
+    for (const auto& table : TablesAt(index)) {
         std::optional<TableData> data = DataOf(table, waiting.Step(0, 1000));
         if (!data)
-            return false;
-        grids_.push_back({{*std::move(data), {}}});
+            return {};
+        names.push_back(data->name);
+        grids.push_back({{*std::move(data), {}}});
     }
-    std::vector<QString> names;
-    for (const Grid& grid : grids_)
-        names.push_back(grid.table.data.name);
     MakeDistinct(names);
     for (std::size_t i = 0; i < names.size(); ++i)
-        grids_[i].table.data.name = names[i];
+        grids[i].table.data.name = names[i];
+    return grids;
+}
+
+bool frmExportDB::ShowLevel(int index) {
+    std::optional<std::vector<Grid>> grids = ReadTables(index);
+    if (!grids) {
+        cmbLevel.SetListIndex(level_); // the one before stays
+        return false;
+    }
+    if (level_ >= 0)
+        left_[level_] = std::move(grids_);
+    grids_ = *std::move(grids);
+    level_ = index;
+    cmbLevel.SetListIndex(index);
+    cmbGrid.Clear();
+    for (const Grid& grid : grids_)
+        cmbGrid.AddItem(grid.table.data.table->name());
+    cmbGrid.SetListIndex(0);
+    Propose();
+    TellTaken();
     return true;
 }
 
-void frmExportDB::Propose(const QString& quote) {
+void frmExportDB::cmbLevel_Click() {
+    if (cmbLevel.ListIndex() != level_)
+        ShowLevel(cmbLevel.ListIndex());
+}
+
+void frmExportDB::Propose() {
     for (Grid& grid : grids_) {
         if (!grid.edited)
-            grid.table.script = ScriptOf(grid.table.data, quote);
+            grid.table.script = ScriptOf(grid.table.data, list_.quote, list_.system);
     }
+    cmbGrid_Click();
+}
+
+void frmExportDB::TellTaken() {
+    QStringList notes;
+    for (const Grid& grid : grids_) {
+        const QString name = grid.table.data.name;
+        if (list_.names.contains(name, Qt::CaseInsensitive))
+            notes << QStringLiteral("The database has a table \"%1\" already.").arg(name);
+    }
+    lblNote.SetCaption(notes.join(u'\n'));
 }
 
 // Names are quoted in the database's own way, and a name that is taken is told of before anything runs.
 void frmExportDB::source_Chosen() {
     if (source.ConnectionString().isEmpty())
         return;
-    const TableList list = TablesOf(window_.app, source.ConnectionString());
+    TableList list = TablesOf(window_.app, source.ConnectionString());
     if (!list.result) {
         lblNote.SetCaption(FailureText(list.result));
         TellCancelled(window_.app);
         return;
     }
-    Propose(list.quote);
-    QStringList notes;
-    for (const Grid& grid : grids_) {
-        const QString name = grid.table.data.name;
-        if (list.names.contains(name, Qt::CaseInsensitive))
-            notes << QStringLiteral("The database has a table \"%1\" already.").arg(name);
-    }
-    lblNote.SetCaption(notes.join(u'\n'));
-    cmbGrid_Click();
+    list_ = std::move(list);
+    Propose();
+    TellTaken();
 }
 
 void frmExportDB::cmbGrid_Click() {
@@ -114,6 +155,18 @@ std::vector<TableExport> frmExportDB::Wanted() const {
     return wanted;
 }
 
+void frmExportDB::TellFailure(const Exported& exported) {
+    QStringList lines{FailureText(exported.result)};
+    if (exported.unknown)
+        lines << QStringLiteral("Whether the rows were written isn't known.");
+    if (!exported.left.isEmpty())
+        lines << QStringLiteral("These tables were made and could not be removed: ") +
+                     exported.left.join(QStringLiteral(", "));
+    if (lines.size() == 1)
+        lines << QStringLiteral("Nothing was written.");
+    lblNote.SetCaption(lines.join(u'\n'));
+}
+
 void frmExportDB::OKButton_Click() {
     Application& app = window_.app;
     edit::Guarded(app, QStringLiteral("frmExportDB@OKButton_Click"), [&] {
@@ -125,15 +178,10 @@ void frmExportDB::OKButton_Click() {
         Exported exported;
         {
             edit::Waiting waiting(app, source.ConnectionString());
-            exported = ExportRows(source.ConnectionString(), wanted, waiting.Step(0, 1000));
+            exported = ExportRows(app, source.ConnectionString(), wanted, waiting.Step(0, 1000));
         }
-        if (!exported.result) {
-            lblNote.SetCaption(FailureText(exported.result) +
-                               (exported.unknown
-                                    ? QStringLiteral("\nWhether the rows were written isn't known.")
-                                    : QStringLiteral("\nNothing was written.")));
-            return;
-        }
+        if (!exported.result)
+            return TellFailure(exported);
         unloaded();
         app.services.prompts.MsgBox(QStringLiteral("%1 row(s) were written.").arg(exported.rows), Buttons::Ok,
                                     Icon::Information);

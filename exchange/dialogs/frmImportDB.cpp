@@ -2,6 +2,7 @@
 #include "exchange/dialogs/frmImportDB.h"
 #include "core/edit/Guard.h"
 #include "core/model/Encodings.h"
+#include "exchange/OpenDatabase.h"
 #include "exchange/OpenMade.h"
 #include "exchange/dialogs/TableList.h"
 #include "platform/text/TextTools.h"
@@ -47,9 +48,12 @@ void frmImportDB::LoadTableAndDefaultSQL() {
         const QString statement = txtSQL.Text();
         const bool typed = !text::Trim(statement).isEmpty() && statement != proposed_;
         const TableList list = TablesOf(app_, source.ConnectionString());
+        if (!same)
+            txtSample.SetText({}); // it is of another source
         cmbTable.Clear();
         cmbTable.SetText({});
         lblNote.SetCaption(FailureText(list.result));
+        OKButton.SetEnabled(list.result && !txtSQL.Text().isEmpty());
         if (!list.result) {
             TellCancelled(app_);
             return;
@@ -85,9 +89,12 @@ MadeRows frmImportDB::GetResXML(qsizetype most, edit::Waiting& waiting) {
     query.repair = chkRepair.Value() == 1;
     query.most = most;
     MadeRows made;
-    if (!text::Trim(query.connection).isEmpty() && !text::Trim(query.sql).isEmpty())
-        made = RowsOf(app_, query, waiting.Step(0, kMade));
-    ShowNotes(made);
+    if (text::Trim(query.connection).isEmpty())
+        lblNote.SetCaption(QStringLiteral("No data source is chosen."));
+    else if (text::Trim(query.sql).isEmpty())
+        lblNote.SetCaption(QStringLiteral("There is no statement."));
+    else
+        ShowNotes(made = RowsOf(app_, query, waiting.Step(0, kMade)));
     return made;
 }
 
@@ -110,6 +117,7 @@ void frmImportDB::cmdPre_Click() {
         edit::Waiting waiting(app_, source.ConnectionString());
         const MadeRows made = GetResXML(kSampleRows, waiting);
         txtSample.SetText(made.answered ? made.text.toString() : QString());
+        OKButton.SetEnabled(made.answered); // until something else is asked for
     });
 }
 
@@ -125,13 +133,9 @@ bool frmImportDB::Make(FetchedText& fetched) {
 }
 
 void frmImportDB::OKButton_Click() {
-    edit::Guarded(app_, QStringLiteral("frmImportDB@OKButton_Click"), [&] {
-        FetchedText fetched;
-        if (!Make(fetched))
-            return;
-        unloaded();
-        OpenMade(app_, fetched, Opens::XML);
-    });
+    OpenIfMade(
+        app_, QStringLiteral("frmImportDB"), [this](FetchedText& fetched) { return Make(fetched); },
+        unloaded);
 }
 
 } // namespace exchange

@@ -31,6 +31,13 @@ QString MixedNote() {
     return QStringLiteral("The file mixes its line ends: only one kind of them ends a line.");
 }
 
+QString WideNote(qsizetype line) {
+    return QStringLiteral(
+               "%1 has more than %2 fields: it is no row of a table, or the delimiter is another one.")
+        .arg(line > 0 ? QStringLiteral("Line %1").arg(line) : QStringLiteral("A line"))
+        .arg(kMostFields);
+}
+
 QString NotInEncoding(const QString& label) {
     return QStringLiteral("The bytes of the file aren't in the encoding \"%1\".").arg(label);
 }
@@ -73,6 +80,14 @@ void frmImportTxt::cmdOpenFile_Click() {
     });
 }
 
+// What isn't a text becomes a document of odd characters, if any.
+bool frmImportTxt::MayOpenBinary(const QString& name) {
+    return app_.services.prompts.MsgBox(
+               QStringLiteral("This file holds bytes that no text has. Do you want to open it all the same?"),
+               services::Buttons::YesNo, services::Icon::Question, QStringLiteral("Vantrel"),
+               name) == services::Answer::Yes;
+}
+
 void frmImportTxt::ReadBeginning(const QString& name) {
     QByteArray front;
     qint64 size = 0;
@@ -81,11 +96,15 @@ void frmImportTxt::ReadBeginning(const QString& name) {
         Tell(edit::ReadFailureText(name, result));
         return;
     }
+    const bool complete = front.size() >= size;
+    text::Decoded read = text::Decode(complete ? front : WholeLines(front));
+    if (LooksBinary(read.text) && !MayOpenBinary(name))
+        return;
     file_ = name;
-    complete_ = front.size() >= size;
-    front_ = complete_ ? front : WholeLines(front);
+    complete_ = complete;
+    front_ = complete ? front : WholeLines(front);
     encoding_.clear();
-    sample_ = text::Decode(front_);
+    sample_ = std::move(read);
     lblFile.SetCaption(name);
     ShowEncoding(sample_.form.encoding);
     LoadTextToThisForm();
@@ -131,18 +150,28 @@ void frmImportTxt::LoadTextToThisForm() {
     edit::Guarded(app_, QStringLiteral("frmImportTxt@LoadTextToThisForm"), [&] {
         if (file_.isEmpty())
             return;
-        TextSample sample = SampleOf(app_, sample_, Options(), kSampleRows);
+        TextSample sample = GetRowsColsAndRowdata();
         lblNote.SetCaption(Notes(sample).join(u'\n'));
-        const int columns = static_cast<int>(sample.columns);
-        const int fixed = chkFirst.Value() == 1 && !sample.rows.empty() ? 1 : 0;
-        grdSample.Show(std::move(sample.rows), columns, fixed);
+        FillData(std::move(sample));
     });
+}
+
+TextSample frmImportTxt::GetRowsColsAndRowdata() const {
+    return SampleOf(app_, sample_, Options(), kSampleRows);
+}
+
+void frmImportTxt::FillData(TextSample sample) {
+    const int columns = static_cast<int>(sample.columns);
+    const int fixed = chkFirst.Value() == 1 && !sample.rows.empty() ? 1 : 0;
+    grdSample.Show(std::move(sample.rows), columns, fixed);
 }
 
 QStringList frmImportTxt::Notes(const TextSample& sample) const {
     QStringList notes;
     const TextOptions options = Options();
-    if (sample.rows.empty())
+    if (sample.tooWide)
+        notes << WideNote(0);
+    else if (sample.rows.empty())
         notes << QStringLiteral("The file holds no rows.");
     else if (const QString complaint = NameComplaint(app_, sample.names, options.filling);
              !complaint.isEmpty())
@@ -193,25 +222,21 @@ bool frmImportTxt::Make(FetchedText& fetched) {
     std::optional<text::Decoded> whole = ReadWhole(*waiting);
     if (!whole || !MayGoOn(*whole, *waiting))
         return false;
-    MadeText made = DocumentOf(app_, *whole, Options(), waiting->Step(kRead, kMade));
+    MadeText made = exchange::GetResXML(app_, *whole, Options(), waiting->Step(kRead, kMade));
     whole.reset(); // of a large file this is much
-    if (made.unfinishedQuote > 0 || made.leftOut.count > 0)
+    if (made.unfinishedQuote > 0 || made.tooWide > 0 || made.leftOut.count > 0)
         waiting->Hide(); // boxes follow
-    if (made.unfinishedQuote > 0)
-        return Tell(QuoteNote(made.unfinishedQuote));
+    if (made.unfinishedQuote > 0 || made.tooWide > 0)
+        return Tell(made.tooWide > 0 ? WideNote(made.tooWide) : QuoteNote(made.unfinishedQuote));
     if (made.cancelled || !MayLeaveOut(app_, made.leftOut))
         return false;
     return Prepare(app_, std::move(made.text), std::move(waiting), kMade, fetched);
 }
 
 void frmImportTxt::OKButton_Click() {
-    edit::Guarded(app_, QStringLiteral("frmImportTxt@OKButton_Click"), [&] {
-        FetchedText fetched;
-        if (!Make(fetched))
-            return;
-        unloaded();
-        OpenMade(app_, fetched, Opens::XML);
-    });
+    OpenIfMade(
+        app_, QStringLiteral("frmImportTxt"), [this](FetchedText& fetched) { return Make(fetched); },
+        unloaded);
 }
 
 } // namespace exchange

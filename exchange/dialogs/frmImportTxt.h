@@ -45,6 +45,9 @@ public:
 
 private:
     TextOptions Options() const;
+    TextSample GetRowsColsAndRowdata() const; ///< the beginning, taken apart
+    void FillData(TextSample sample);         ///< shows it
+    bool MayOpenBinary(const QString& name);
     void ReadBeginning(const QString& name);
     void ShowEncoding(const QString& label);
     QStringList Notes(const TextSample& sample) const;

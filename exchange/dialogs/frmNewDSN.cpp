@@ -2,7 +2,7 @@
 #include "exchange/dialogs/frmNewDSN.h"
 #include "core/edit/Guard.h"
 #include "core/model/FileNames.h"
-#include "exchange/ImportRows.h"
+#include "exchange/OpenDatabase.h"
 #include "platform/services/Databases.h"
 #include "platform/text/TextTools.h"
 #include <algorithm>
@@ -17,6 +17,19 @@ using services::Icon;
 
 const QString kNoName = QStringLiteral(
     "The name of a source has 32 characters at most, and none of [ ] { } ( ) , ; ? * = ! @ \\.");
+
+/// What a driver calls the parts of a source, by a word of its name.
+struct KeyWords {
+    const char *driver, *server, *user, *password;
+};
+const KeyWords& WordsOf(const QString& driver) {
+    static constexpr KeyWords kWords[] = {{"postgres", "Servername", "Username", "Password"},
+                                          {"freetds", "Server", "UID", "PWD"},
+                                          {"", "Server", "User", "Password"}};
+    return *std::find_if(std::begin(kWords), std::prev(std::end(kWords)), [&](const KeyWords& words) {
+        return driver.contains(QLatin1String(words.driver), Qt::CaseInsensitive);
+    });
+}
 
 } // namespace
 
@@ -71,12 +84,12 @@ void frmNewDSN::cmdFile_Click() {
 }
 
 std::vector<std::pair<QString, QString>> frmNewDSN::Settings() const {
-    const bool postgres = cmbDriver.Text().contains(QStringLiteral("postgres"), Qt::CaseInsensitive);
-    const std::pair<const char*, const controls::TextBox*> fields[] = {
-        {"Database", &txtDatabase}, {postgres ? "Servername" : "Server", &txtServer},
-        {"Port", &txtPort},         {postgres ? "Username" : "User", &txtUser},
-        {"Password", &txtPassword},
-    };
+    const KeyWords& words = WordsOf(cmbDriver.Text());
+    const std::pair<const char*, const controls::TextBox*> fields[] = {{"Database", &txtDatabase},
+                                                                       {words.server, &txtServer},
+                                                                       {"Port", &txtPort},
+                                                                       {words.user, &txtUser},
+                                                                       {words.password, &txtPassword}};
     std::vector<std::pair<QString, QString>> settings;
     for (const auto& [key, box] : fields) {
         if (box->Enabled() && !box->Text().isEmpty())
@@ -115,12 +128,20 @@ bool frmNewDSN::MayWrite() {
         return refuse(kNoName);
     if (IsFileDriver() && !mXMLEdit::FileExist(app_, txtDatabase.Text()) && !MakeFile())
         return false;
+    return MayReplace(name);
+}
+
+// The driver manager remembers the driver of a source for a while, whatever the list says.
+bool frmNewDSN::MayReplace(const QString& name) {
     const auto sources = services::Databases().Sources();
-    const bool known =
-        std::any_of(sources.begin(), sources.end(), [&](const auto& source) { return source.name == name; });
-    return !known || app_.services.prompts.MsgBox(
-                         QStringLiteral("There is a source %1 already. Do you want to replace it?").arg(name),
-                         Buttons::YesNo, Icon::Question) == Answer::Yes;
+    const auto known =
+        std::find_if(sources.begin(), sources.end(), [&](const auto& source) { return source.name == name; });
+    if (known == sources.end())
+        return true;
+    QString question = QStringLiteral("There is a source %1 already. Do you want to replace it?").arg(name);
+    if (known->driver != cmbDriver.Text())
+        question += QStringLiteral("\r\nIt has another driver, which may be used for half a minute still.");
+    return app_.services.prompts.MsgBox(question, Buttons::YesNo, Icon::Question) == Answer::Yes;
 }
 
 void frmNewDSN::OKButton_Click() {

@@ -31,6 +31,7 @@ private:
     bool IsFileDriver() const;
     void ShowDriver();
     bool MayWrite();
+    bool MayReplace(const QString& name);
     bool MakeFile();
     std::vector<std::pair<QString, QString>> Settings() const;
 

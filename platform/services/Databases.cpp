@@ -4,6 +4,7 @@
 #include "platform/services/Odbc.h"
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <odbcinst.h>
 
@@ -62,19 +63,67 @@ QString MannersOf(const QString& driver) {
     return {};
 }
 
-/// A connection string as the driver manager takes it.
+/// The Access file that a connection string names; null without one.
+QString AccessFile(const QString& connection) {
+    if (!connection.startsWith(QStringLiteral("Provider="), Qt::CaseInsensitive))
+        return {};
+    const qsizetype at = connection.indexOf(QLatin1String(kDataSource), 0, Qt::CaseInsensitive);
+    return at < 0 ? QStringLiteral("") : connection.mid(at + qsizetype(sizeof(kDataSource)) - 1);
+}
+
+/// Why a file can't be an Access database: the driver has one sentence for all that is wrong.
+DatabaseResult AccessFailure(const QString& path) {
+    constexpr qint64 kHead = 32;
+    QFile file(path);
+    if (!QFileInfo(path).isFile())
+        return {DatabaseFailure::Failed, QStringLiteral("Can not find ") + path};
+    if (!file.open(QIODevice::ReadOnly))
+        return {DatabaseFailure::Failed, path + QStringLiteral(": ") + file.errorString()};
+    const QByteArray head = file.read(kHead);
+    if (head.mid(4).startsWith("Standard Jet DB") || head.mid(4).startsWith("Standard ACE DB"))
+        return {};
+    return {DatabaseFailure::Failed,
+            head.startsWith("SQLite format 3")
+                ? QStringLiteral("This file is a SQLite database and not one of Access. \"New DSN\" makes a "
+                                 "source of it, which is then chosen under \"ODBC\".")
+                : QStringLiteral("This file is no Access database.")};
+}
+
+/// The string for an Access file. The driver takes a path up to the first ";", in braces, too: such a file is
+/// reached by a link of another name.
+QString AccessString(const QString& path, odbc::Session& session) {
+    QString plain = path;
+    if (path.contains(u';')) {
+        session.folder = std::make_unique<QTemporaryDir>();
+        plain = session.folder->filePath(QStringLiteral("access.mdb"));
+        QFile::link(QFileInfo(path).absoluteFilePath(), plain);
+    }
+    return QStringLiteral("Driver=MDBTools;DBQ=") + plain;
+}
+
+/// User and password of a source, for a driver that doesn't look for them in the list.
+QString Credentials(const QString& source) {
+    QString credentials;
+    for (const char* key : {"UID", "PWD"}) {
+        char value[512] = {};
+        SQLGetPrivateProfileString(source.toUtf8().constData(), key, "", value, sizeof value, "odbc.ini");
+        const QString text = QString::fromUtf8(value);
+        if (!text.isEmpty())
+            credentials +=
+                QLatin1String(key) + u'=' + (text.contains(u';') ? u'{' + text + u'}' : text) + u';';
+    }
+    return credentials;
+}
+
+/// Another connection string as the driver manager takes it.
 QString CarriedOver(const QString& connection, const std::vector<DataSource>& sources) {
-    if (connection.startsWith(QStringLiteral("Provider="), Qt::CaseInsensitive)) {
-        const qsizetype at = connection.indexOf(QLatin1String(kDataSource), 0, Qt::CaseInsensitive);
-        const QString path = at < 0 ? QString() : connection.mid(at + qsizetype(sizeof(kDataSource)) - 1);
-        return QStringLiteral("Driver=MDBTools;DBQ=") + path;
-    }
-    QString driver = connection;
     for (const DataSource& source : sources) {
-        if (connection.startsWith(QStringLiteral("DSN=") + source.name + u';', Qt::CaseInsensitive))
-            driver = source.driver;
+        if (!connection.startsWith(QStringLiteral("DSN=") + source.name + u';', Qt::CaseInsensitive))
+            continue;
+        const bool freetds = source.driver.contains(QStringLiteral("freetds"), Qt::CaseInsensitive);
+        return connection + MannersOf(source.driver) + (freetds ? Credentials(source.name) : QString());
     }
-    return connection + MannersOf(driver);
+    return connection + MannersOf(connection);
 }
 
 // The driver manager would hand bytes of characters on to a driver that takes bytes, and half of them.
@@ -90,9 +139,9 @@ SQLRETURN DriverConnect(const odbc::Session& session, const QString& connection)
                              SQL_DRIVER_NOPROMPT);
 }
 
-DatabaseResult Connect(odbc::Session& session, const QString& connection, int seconds) {
+DatabaseResult Connect(odbc::Session& session, const QString& connection) {
     SQLSetConnectAttr(session.connection, SQL_ATTR_LOGIN_TIMEOUT,
-                      reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(seconds)), 0);
+                      reinterpret_cast<SQLPOINTER>(static_cast<SQLULEN>(session.times.connect)), 0);
     session.narrow = connection.contains(QStringLiteral("MDBTools"), Qt::CaseInsensitive);
     if (!Good(DriverConnect(session, connection)))
         return odbc::Complaint(SQL_HANDLE_DBC, session.connection);
@@ -176,7 +225,7 @@ DatabaseResult Databases::AddSource(const QString& name, const QString& driver,
         if (value.contains(u'\n') || value.contains(u'\r'))
             return Failed(QStringLiteral("This takes one line alone: ") + key);
         keys += key.toUtf8() + " = " + value.toUtf8() + '\n';
-        secret = secret || key == QStringLiteral("Password");
+        secret = secret || key == QStringLiteral("Password") || key == QStringLiteral("PWD");
     }
     if (secret && list.isOpen())
         list.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
@@ -190,13 +239,17 @@ DatabaseResult Databases::AddSource(const QString& name, const QString& driver,
 }
 
 std::unique_ptr<Database> Databases::Open(const QString& connection, DatabaseStep step,
-                                          DatabaseResult& result, int connectSeconds) const {
+                                          DatabaseResult& result, const DatabaseTimes& times) const {
     auto session = std::make_shared<odbc::Session>();
     session->step = std::move(step);
-    const QString carried = CarriedOver(connection, Sources());
-    result = odbc::Blocking(session, nullptr, connectSeconds, [session, carried, connectSeconds] {
-        return Connect(*session, carried, connectSeconds);
-    });
+    session->times = times;
+    const QString file = AccessFile(connection);
+    result = file.isNull() ? DatabaseResult() : AccessFailure(file);
+    if (!result)
+        return nullptr;
+    const QString carried = file.isNull() ? CarriedOver(connection, Sources()) : AccessString(file, *session);
+    result = odbc::Blocking(session, nullptr, times.connect,
+                            [session, carried] { return Connect(*session, carried); });
     return result ? odbc::MakeDatabase(session) : nullptr;
 }
 

@@ -49,6 +49,15 @@ struct DatabaseForeignKey {
     QStringList columns, targets;
 };
 
+/// Seconds after which a database that doesn't answer is left alone; 0: never.
+struct DatabaseTimes {
+    int connect = 20;
+    int lists = 60;      ///< of tables, columns and keys
+    int statement = 900; ///< until a statement's answer begins
+    int rows = 120;      ///< until the next rows of it have come
+    int commit = 300;
+};
+
 /// False cancels. Called at least ten times a second while something blocks; both numbers are 0.
 using DatabaseStep = std::function<bool(qint64, qint64)>;
 
@@ -112,10 +121,11 @@ public:
     DatabaseResult AddSource(const QString& name, const QString& driver,
                              const std::vector<std::pair<QString, QString>>& settings) const;
     /// Connects by "DSN=name;", by any other string that the driver manager takes, or by "Provider=...;Data
-    /// Source=path" to an Access file, which is read by the driver MDBTools. `step` is asked in this and in
-    /// all calls of the connection. A file that a source names is not made where it isn't there.
+    /// Source=path" to an Access file, which is read by the driver MDBTools; a file of another kind is
+    /// refused with a word on what it is. `step` is asked in this and in all calls of the connection. A file
+    /// that a source names is not made where it isn't there.
     std::unique_ptr<Database> Open(const QString& connection, DatabaseStep step, DatabaseResult& result,
-                                   int connectSeconds = 20) const;
+                                   const DatabaseTimes& times = {}) const;
 };
 
 } // namespace services

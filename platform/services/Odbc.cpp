@@ -16,14 +16,14 @@ DatabaseResult Lost() {
     return {DatabaseFailure::Failed, QStringLiteral("The connection is lost.")};
 }
 
+} // namespace
+
 DatabaseResult Stopped(BlockingWork::End end) {
     return end == BlockingWork::End::TimedOut
                ? DatabaseResult{DatabaseFailure::TimedOut,
                                 QStringLiteral("The database did not answer in time.")}
                : DatabaseResult{DatabaseFailure::Cancelled, {}};
 }
-
-} // namespace
 
 // Some drivers tell the length in bytes, or that of another encoding.
 QString FromWide(const SQLWCHAR* text) {

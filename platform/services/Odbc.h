@@ -2,6 +2,7 @@
 #pragma once
 #include "platform/services/BlockingWork.h"
 #include "platform/services/Databases.h"
+#include <QTemporaryDir>
 #include <memory>
 #include <sql.h>
 #include <sqlext.h>
@@ -41,8 +42,11 @@ struct Session {
     bool narrow = false;   ///< the driver takes bytes, in UTF-8
     bool sqlite = false;   ///< its values needn't be of their column's type
     bool anyOrder = false; ///< SQLGetData takes columns in any order, bound ones too
+    bool cleaning = false; ///< what runs now tidies up: it can't be cancelled, and is given little time
     BlockingWork work;
     DatabaseStep step;
+    DatabaseTimes times;
+    std::unique_ptr<QTemporaryDir> folder; ///< with what leads to a file that a driver can't be told of
 };
 
 /// Runs a statement's text as the driver takes it.
@@ -64,11 +68,12 @@ std::function<void()> Cancelling(std::shared_ptr<Statement> statement);
 
 /// Runs a call in the session's thread and waits for it. `call` gives a result; it must hold what it uses.
 /// `statement` is the one that cancelling concerns, or null.
+/// `seconds` is how long it may take.
 DatabaseResult Blocking(const std::shared_ptr<Session>& session, const std::shared_ptr<Statement>& statement,
                         int seconds, std::function<DatabaseResult()> call);
 
-/// How long lists of tables and columns may take.
-inline constexpr int kListSeconds = 60;
+/// The result of work that was stopped.
+DatabaseResult Stopped(BlockingWork::End end);
 
 std::unique_ptr<Database> MakeDatabase(std::shared_ptr<Session> session);
 /// The rows of an executed statement; `result` as for Database::Execute.

@@ -6,7 +6,6 @@ namespace services::odbc {
 namespace {
 
 constexpr int kCleaningSeconds = 10; // for what can't be cancelled
-constexpr int kCommitSeconds = 300;  // which neither can be, and has much to write
 
 std::shared_ptr<Statement> NewStatement(const std::shared_ptr<Session>& session) {
     return std::make_shared<Statement>(session);
@@ -17,7 +16,7 @@ DatabaseResult ReadList(const std::shared_ptr<Session>& session,
                         const std::function<SQLRETURN(SQLHSTMT)>& call,
                         const std::function<void(const DatabaseRows&)>& take) {
     const std::shared_ptr<Statement> statement = NewStatement(session);
-    DatabaseResult result = Blocking(session, statement, kListSeconds, [statement, call] {
+    DatabaseResult result = Blocking(session, statement, session->times.lists, [statement, call] {
         return Good(call(statement->handle)) ? DatabaseResult()
                                              : Complaint(SQL_HANDLE_STMT, statement->handle);
     });
@@ -63,17 +62,23 @@ public:
     }
 
     DatabaseResult Tables(std::vector<DatabaseTable>& tables) override {
+        const QString current = session_->narrow ? QString() : InfoText(*session_, SQL_DATABASE_NAME);
         return ReadList(
             session_,
             [](SQLHSTMT handle) {
                 return SQLTablesW(handle, nullptr, 0, nullptr, 0, nullptr, 0, nullptr, 0);
             },
             [&](const DatabaseRows& rows) {
-                tables.push_back({TextOf(rows, 0), TextOf(rows, 1), TextOf(rows, 2), TextOf(rows, 3)});
-                // The driver calls them tables; no other ones may be named so.
-                if (session_->sqlite &&
-                    tables.back().name.startsWith(QStringLiteral("sqlite_"), Qt::CaseInsensitive))
-                    tables.back().type = QStringLiteral("SYSTEM TABLE");
+                DatabaseTable table{TextOf(rows, 0), TextOf(rows, 1), TextOf(rows, 2), TextOf(rows, 3)};
+                // Some drivers list the tables of all databases of a server.
+                if (!current.isEmpty() && !table.catalog.isEmpty() && table.catalog != current)
+                    return;
+                // Drivers call them tables; no other ones of SQLite may be named so.
+                if ((session_->sqlite &&
+                     table.name.startsWith(QStringLiteral("sqlite_"), Qt::CaseInsensitive)) ||
+                    table.type == QStringLiteral("SYSTEM VIEW"))
+                    table.type = QStringLiteral("SYSTEM TABLE");
+                tables.push_back(std::move(table));
             });
     }
 
@@ -125,7 +130,7 @@ public:
 
     std::unique_ptr<DatabaseRows> Execute(const QString& sql, DatabaseResult& result) override {
         const std::shared_ptr<Statement> statement = NewStatement(session_);
-        const int seconds = session_->step ? 0 : kCleaningSeconds;
+        const int seconds = session_->cleaning ? kCleaningSeconds : session_->times.statement;
         result = Blocking(session_, statement, seconds, [statement, sql] {
             const SQLRETURN code = ExecuteDirect(*statement->session, statement->handle, sql);
             return Good(code) || code == SQL_NO_DATA ? DatabaseResult()
@@ -141,7 +146,7 @@ public:
     DatabaseResult BeginTransaction() override {
         if (InfoNumber(*session_, SQL_TXN_CAPABLE) == SQL_TC_NONE)
             return {DatabaseFailure::Failed, QStringLiteral("The database has no transactions.")};
-        return Blocking(session_, nullptr, kListSeconds, [session = session_] {
+        return Blocking(session_, nullptr, session_->times.lists, [session = session_] {
             return Good(SQLSetConnectAttr(session->connection, SQL_ATTR_AUTOCOMMIT,
                                           reinterpret_cast<SQLPOINTER>(SQL_AUTOCOMMIT_OFF), 0))
                        ? DatabaseResult()
@@ -153,12 +158,13 @@ public:
         const DatabaseStep asked = std::exchange(session_->step, {});
         if (asked)
             session_->step = [asked](qint64 done, qint64 total) { return asked(done, total) || true; };
-        const DatabaseResult result = End(SQL_COMMIT, kCommitSeconds);
+        const DatabaseResult result = End(SQL_COMMIT, session_->times.commit);
         session_->step = asked;
         return result;
     }
     DatabaseResult Rollback() override {
         session_->step = {};
+        session_->cleaning = true;
         return End(SQL_ROLLBACK, kCleaningSeconds);
     }
 

@@ -142,11 +142,10 @@ private:
         Session().work.Start([source = source_] { source->Fill(); });
     }
     DatabaseResult Blockingly() {
-        const BlockingWork::End end = Session().work.Wait(Session().step, 0, Cancelling(source_->statement));
+        const BlockingWork::End end =
+            Session().work.Wait(Session().step, Session().times.rows, Cancelling(source_->statement));
         reading_ = false;
-        if (end == BlockingWork::End::Done)
-            return {};
-        return {DatabaseFailure::Cancelled, {}};
+        return end == BlockingWork::End::Done ? DatabaseResult() : Stopped(end);
     }
 
     std::vector<DatabaseColumn> columns_;

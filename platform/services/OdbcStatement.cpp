@@ -57,7 +57,7 @@ public:
     int Parameters() const override { return static_cast<int>(parameters_.size()); }
 
     DatabaseResult Run(const std::vector<QString>& values) override {
-        return Blocking(statement_->session, statement_, 0,
+        return Blocking(statement_->session, statement_, statement_->session->times.statement,
                         [statement = statement_, parameters = parameters_,
                          bound = std::vector<QString>(values)]() mutable {
                             return Execute(statement->handle, parameters, bound);
@@ -90,7 +90,7 @@ std::unique_ptr<DatabaseStatement> PrepareStatement(const std::shared_ptr<Sessio
                                                     const QString& sql, DatabaseResult& result) {
     const auto statement = std::make_shared<Statement>(session);
     const auto parameters = std::make_shared<std::vector<Parameter>>();
-    result = Blocking(session, statement, kListSeconds, [statement, parameters, sql] {
+    result = Blocking(session, statement, session->times.statement, [statement, parameters, sql] {
         Wide text(sql);
         if (!Good(SQLPrepareW(statement->handle, text.data(), static_cast<SQLINTEGER>(sql.size()))))
             return Complaint(SQL_HANDLE_STMT, statement->handle);

@@ -30,8 +30,12 @@ void Rewrite(QString& text, qsizetype from, Reading reading) {
     constexpr qsizetype kDate = 10; // characters of a date
     const qsizetype length = text.size() - from;
     switch (reading) {
+    case Reading::Bit: // the text of a zero may be as short as nothing
+        if (length == 0)
+            text += QStringLiteral("false");
+        [[fallthrough]];
     case Reading::Boolean:
-        if (length == 1 && QStringView(u"1tT").contains(text[from]))
+        if (length == 1 && QStringView(u"1tT\x01").contains(text[from]))
             text.replace(from, 1, QStringLiteral("true"));
         else if (length == 1 && QStringView(u"0fF").contains(text[from]))
             text.replace(from, 1, QStringLiteral("false"));
@@ -56,8 +60,8 @@ void Rewrite(QString& text, qsizetype from, Reading reading) {
 Reading ReadingOf(const DatabaseColumn& column, const Session& session) {
     const bool boolean = column.typeName.compare(QStringLiteral("bool"), Qt::CaseInsensitive) == 0;
     switch (column.type) {
-    case SQL_BIT:
-        return Reading::Boolean;
+    case SQL_BIT: // SQLite may have a text there
+        return session.sqlite ? Reading::Boolean : Reading::Bit;
     case SQL_DECIMAL:
     case SQL_NUMERIC:
         return Reading::Decimal;
@@ -71,8 +75,9 @@ Reading ReadingOf(const DatabaseColumn& column, const Session& session) {
         return Reading::Timestamp;
     case SQL_BINARY:
     case SQL_VARBINARY:
-    case SQL_LONGVARBINARY:
-        return Reading::Binary;
+    case SQL_LONGVARBINARY: // MariaDB's word for what it gives as a text
+        return column.typeName.compare(QStringLiteral("uuid"), Qt::CaseInsensitive) == 0 ? Reading::Text
+                                                                                         : Reading::Binary;
     default:
         return boolean ? Reading::Boolean : Reading::Text;
     }
@@ -92,7 +97,8 @@ bool ColumnReader::Read(SQLHSTMT handle, QString& out, bool& isNull) {
     const qsizetype from = out.size();
     if (!(bound_ && ReadBound(out, isNull)) && !ReadText(handle, out, isNull))
         return false;
-    Rewrite(out, from, reading_);
+    if (!isNull)
+        Rewrite(out, from, reading_);
     return true;
 }
 

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The tables of the table view go into a database, all of them or none.
 #include "exchange/dialogs/frmExportDB.h"
+#include "exchange/dialogs/frmNewDSN.h"
+#include "table/LoadTables.h"
 #include "tests/exchange/ExchangeDesk.h"
+#include "tests/support/FullDisk.h"
+#include "tests/support/MariadbServer.h"
 #include "tests/support/PostgresServer.h"
 #include "tests/support/SqliteFile.h"
 
@@ -27,6 +31,28 @@ protected:
                                                     {{QStringLiteral("Database"), file.Path()}}));
         DocumentWindow& window = t.OpenText(QStringLiteral("stock.xml"), kStock);
         t.ClickNode(window.tvXML.Nodes(1).Child().Child());
+    }
+    /// Makes a source for a server, as in the dialog for it.
+    void MakeSource(exchange::SourceChoice& source, const char* driver, const char* name, const QString& port,
+                    const char* database) {
+        source.newDSNShown.connect([=](exchange::frmNewDSN& form) {
+            const auto index = form.cmbDriver.Items().indexOf(QLatin1String(driver));
+            ASSERT_GE(index, 0);
+            form.cmbDriver.UserChose(static_cast<int>(index));
+            const std::pair<controls::TextBox*, QString> typed[] = {
+                {&form.txtName, QLatin1String(name)},
+                {&form.txtServer, QStringLiteral("127.0.0.1")},
+                {&form.txtPort, port},
+                {&form.txtUser, QStringLiteral("owner")},
+                {&form.txtPassword, QStringLiteral("secret")},
+                {&form.txtDatabase, QLatin1String(database)}};
+            for (const auto& [box, text] : typed)
+                box->UserTyped(text);
+            form.OKButton.Click();
+        });
+        source.cmdNewDSN.Click();
+        EXPECT_EQ(source.ConnectionString(), QStringLiteral("DSN=%1;").arg(QLatin1String(name)));
+        source.newDSNShown.disconnectAll();
     }
     int InExport(const std::function<void(frmExportDB&)>& act) {
         return test::InDialog<frmExportDB>(t, t.frame().exchangeDialogs.exportDBShown, "mnuTExpToDb", act);
@@ -120,16 +146,50 @@ TEST_F(ExportDatabase, CancelTakesAllBack) {
     EXPECT_EQ(file.Query("select count(*) from sqlite_master"), "0");
 }
 
+TEST_F(ExportDatabase, AFullDiskTakesAllBack) {
+    QByteArray document = "<a>";
+    for (int i = 0; i < 9000; ++i)
+        document += "<b x=\"" + QByteArray::number(i) + " of many\"/>";
+    t.OpenText(QStringLiteral("rows.xml"), document + "</a>");
+    InExport([&](frmExportDB& form) {
+        const test::FullDisk full(1 << 16);
+        form.OKButton.Click();
+        EXPECT_TRUE(form.lblNote.Caption().endsWith(QStringLiteral("Nothing was written.")))
+            << form.lblNote.Caption().toStdString();
+    });
+    EXPECT_EQ(file.Query("select count(*) from sqlite_master"), "0");
+}
+
+// Each in its own words: what is usual means another thing there, or takes no Chinese.
+TEST_F(ExportDatabase, TypesAreThoseOfTheDatabase) {
+    const DocumentWindow& window = t.OpenText(
+        QStringLiteral("types.xml"), "<a><b at=\"2020-02-29T12:00:00\" s=\"x\" l=\"" + QByteArray(5000, 'x') +
+                                         "\" t=\"" + QByteArray(9000, 'x') + "\"/></a>");
+    const auto tables = table::TablesOfLevel(window.tvXML.Nodes(1).Child().Child(), false);
+    const auto data = exchange::DataOf(tables.front(), {});
+    const std::pair<const char*, const char*> cases[] = {
+        {"SQLite", "at TIMESTAMP|s VARCHAR(255)|l VARCHAR(5000)|t TEXT|)"},
+        {"MySQL", "at DATETIME|s VARCHAR(255)|l VARCHAR(5000)|t LONGTEXT|) CHARACTER SET utf8mb4"},
+        {"Microsoft SQL Server", "at DATETIME2|s NVARCHAR(255)|l NVARCHAR(MAX)|t NVARCHAR(MAX)|)"}};
+    for (const auto& [system, types] : cases) {
+        QString script = exchange::ScriptOf(*data, {}, QLatin1String(system)).section(u';', 0, 0);
+        EXPECT_EQ(script.remove(u',')
+                      .replace(QStringLiteral("\n"), QStringLiteral("|"))
+                      .remove(QStringLiteral("    "))
+                      .section(u'|', 1)
+                      .toStdString(),
+                  types);
+    }
+}
+
 TEST_F(ExportDatabase, PostgresTakesTypedValuesAndGivesThemBack) {
     test::PostgresServer server;
     if (!server.IsRunning())
         GTEST_SKIP() << server.WhyNot().toStdString();
-    EXPECT_TRUE(services::Databases().AddSource(QStringLiteral("server"),
-                                                QStringLiteral("PostgreSQL Unicode"), server.Settings()));
     t.prompts.Answer(Answer::Ok);
-    EXPECT_EQ(InExport([](frmExportDB& form) {
-                  form.source.cmbDSN.UserChose(
-                      static_cast<int>(form.source.cmbDSN.Items().indexOf(QStringLiteral("server"))));
+    EXPECT_EQ(InExport([&](frmExportDB& form) {
+                  MakeSource(form.source, "PostgreSQL Unicode", "postgres", server.Settings()[1].second,
+                             "postgres");
                   form.OKButton.Click();
                   EXPECT_EQ(form.lblNote.Caption().toStdString(), "");
               }),
@@ -144,6 +204,110 @@ TEST_F(ExportDatabase, PostgresTakesTypedValuesAndGivesThemBack) {
     for (std::size_t i = 0; i < rows->Columns().size(); ++i)
         values << rows->Value(i).toString();
     EXPECT_EQ(values.join(u'|').toStdString(), "1|007|1.50|2019-05-06|A & 'B'");
+}
+
+TEST_F(ExportDatabase, EveryLevelIsOfferedFromEveryView) {
+    DocumentWindow& window = t.OpenText(
+        QStringLiteral("deep.xml"),
+        "<?xml version=\"1.0\"?><data><row n=\"1\"><lot x=\"a\"/></row><!--c--><row n=\"2\"><lot x=\"b\"/>"
+        "<bin/></row><other/><a1/><a2/><a3/></data>");
+    window.tbsXML.Select(QStringLiteral("textview"));
+    t.prompts.Answer(Answer::Ok);
+    InExport([&](frmExportDB& form) {
+        EXPECT_EQ(form.cmbLevel.Items().join(u'|'),
+                  QStringLiteral("1: data|2: row, other, a1, a2, ...|3: lot, bin"));
+        EXPECT_EQ(form.cmbLevel.ListIndex(), 1);
+        form.txtSQL.UserTyped(QStringLiteral("-- mine"));
+        form.cmbLevel.UserChose(2);
+        EXPECT_EQ(form.cmbGrid.Items().join(u' '), QStringLiteral("lot bin"));
+        form.cmbLevel.UserChose(1);
+        EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("-- mine"));
+        form.cmbLevel.UserChose(2);
+        form.cmbGrid.UserChose(1);
+        form.chkGrid.UserSet(false);
+        form.OKButton.Click();
+    });
+    EXPECT_EQ(file.Query("select x from lot order by x"), "a\nb");
+    EXPECT_TRUE(edit::Shows(window, edit::kTextTab));
+    window.tbsXML.Select(QStringLiteral("tableview"));
+    t.ClickNode(window.tvXML.SelectedItem());
+    InExport([](frmExportDB& form) {
+        EXPECT_EQ(form.cmbLevel.Text(), QStringLiteral("Table View"));
+        EXPECT_EQ(form.cmbLevel.Items().size(), 4);
+    });
+}
+
+TEST_F(ExportDatabase, ProposedNamesDifferAndProposedTypesLoseNothing) {
+    DocumentWindow& window = t.OpenText(
+        QStringLiteral("types.xml"),
+        "<a><row same=\"1.50\" both=\"1.25\" other=\"1.5\" long=\"12345678901234.56\" part=\"-0.25\" "
+        "N=\"1\" n=\"2\"/><row same=\"2.75\" both=\"-3.75\" other=\"2.25\" long=\"1.25\" part=\"3.75\"/>"
+        "<Row say=\"&quot;\"/></a>");
+    t.ClickNode(window.tvXML.Nodes(1).Child().Child());
+    t.prompts.Answer(Answer::Ok);
+    InExport([](frmExportDB& form) {
+        const QString sql = form.txtSQL.Text();
+        for (const char* line :
+             {"\"same\" VARCHAR", "\"both\" NUMERIC(3, 2)", "\"other\" VARCHAR", "\"long\" VARCHAR",
+              "\"part\" NUMERIC(3, 2)", "\"N\" INTEGER", "\"n_2\" INTEGER"})
+            EXPECT_TRUE(sql.contains(QLatin1String(line))) << line << sql.toStdString();
+        form.cmbGrid.UserChose(1);
+        EXPECT_TRUE(form.txtSQL.Text().startsWith(QStringLiteral("CREATE TABLE \"Row_2\"")));
+        form.OKButton.Click();
+    });
+    EXPECT_EQ(file.Query("select same, both, other, long, part, N, n_2 from row"),
+              "1.50|1.25|1.5|12345678901234.56|-0.25|1|2\n2.75|-3.75|2.25|1.25|3.75|None|None");
+    EXPECT_EQ(file.Query("select say from Row_2"), "\"");
+}
+
+// Its tables outlast a transaction that is taken back.
+TEST_F(ExportDatabase, MariadbKeepsNothingOfAnExportThatFails) {
+    test::MariadbServer server;
+    if (!server.IsRunning())
+        GTEST_SKIP() << server.WhyNot().toStdString();
+    const auto tables = [&] {
+        QStringList names;
+        std::vector<services::DatabaseTable> found;
+        services::DatabaseResult result;
+        const auto database = services::Databases().Open(server.Connection(), {}, result);
+        EXPECT_TRUE(database && database->Tables(found));
+        for (const auto& table : found)
+            names << table.name;
+        return names.join(u' ').toStdString();
+    };
+    t.prompts.Answer({Answer::Ok, Answer::Ok});
+    InExport([&](frmExportDB& form) {
+        MakeSource(form.source, "MariaDB Unicode", "maria", server.Port(), "stock");
+        EXPECT_TRUE(form.txtSQL.Text().startsWith(QStringLiteral("CREATE TABLE `wine`")));
+        const QString proposed = form.txtSQL.Text();
+        form.txtSQL.UserTyped(QStringLiteral(
+            "create table /* mine */ `my ``wine`(a integer unique, b text, c text, d text, e text, f text);"
+            "insert into `my ``wine` values(7, ?, ?, ?, ?, ?); select ?"));
+        form.OKButton.Click();
+        EXPECT_TRUE(form.lblNote.Caption().endsWith(QStringLiteral("Nothing was written.")))
+            << form.lblNote.Caption().toStdString();
+        EXPECT_EQ(tables(), "");
+        form.txtSQL.UserTyped(proposed);
+        form.lblNote.SetCaption({});
+        form.OKButton.Click();
+        EXPECT_EQ(form.lblNote.Caption().toStdString(), "");
+    });
+    EXPECT_EQ(tables(), "shop wine");
+    InExport([&](frmExportDB& form) { // into what is there: a statement in the middle makes rows stay
+        test::ChooseSource(form.source, "maria");
+        EXPECT_TRUE(form.lblNote.Caption().contains(QStringLiteral("has a table \"wine\" already")));
+        form.cmbGrid.UserChose(1);
+        form.chkGrid.UserSet(false);
+        form.cmbGrid.UserChose(0);
+        form.txtSQL.UserTyped(QStringLiteral("/* rows */ insert into wine values(?, ?, ?, ?, ?, ?);"
+                                             "create table more(a integer); insert into nowhere values(1)"));
+        form.OKButton.Click();
+        EXPECT_TRUE(form.lblNote.Caption().endsWith(QStringLiteral("isn't known.")))
+            << form.lblNote.Caption().toStdString();
+        EXPECT_EQ(tables(), "shop wine");
+        form.txtSQL.UserTyped(QStringLiteral("insert into wine values(?, ?, ?, ?, ?, ?)"));
+        form.OKButton.Click();
+    });
 }
 
 } // namespace

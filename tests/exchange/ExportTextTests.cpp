@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A document goes out as delimited text: what its tables show, level by level.
+#include "exchange/dialogs/frmExportDB.h"
 #include "exchange/dialogs/frmExportTxt.h"
 #include "tests/exchange/ExchangeDesk.h"
 #include "tests/support/FullDisk.h"
@@ -125,6 +126,66 @@ TEST_F(ExportText, OkWritesTheFileAndNothingElse) {
               0);
     EXPECT_EQ(t.folder.Read(QStringLiteral("out.txt")), before);
     EXPECT_FALSE(t.folder.Has(QStringLiteral(".txt")));
+}
+
+TEST_F(ExportText, NoLevelsAreAnEmptyFile) {
+    t.OpenText(QStringLiteral("stock.xml"), kStock);
+    t.prompts.Choose(t.folder.Path(QStringLiteral("empty.txt")));
+    EXPECT_EQ(InExport([](frmExportTxt& form) {
+                  LimitTo(form, "0");
+                  form.OKButton.Click();
+              }),
+              1);
+    EXPECT_EQ(t.folder.Read(QStringLiteral("empty.txt")), "");
+}
+
+TEST_F(ExportText, ADocumentInAnyEncodingGoesOutWhole) {
+    for (const auto& [label, word] : test::kEncodings) {
+        text::FileForm form;
+        form.encoding = QLatin1String(label);
+        const QString document =
+            QStringLiteral("<?xml version=\"1.0\" encoding=\"%1\"?>\r\n<a><b x=\"%2\"/></a>")
+                .arg(QLatin1String(label), QString::fromUtf8(word));
+        t.OpenText(QLatin1String(label) + QStringLiteral(".xml"), text::Encode(document, form).bytes);
+        const QString name = QLatin1String(label) + QStringLiteral(".txt");
+        t.prompts.Choose(t.folder.Path(name));
+        InExport([](frmExportTxt& dialog) {
+            dialog.chkPlain.UserSet(true);
+            dialog.OKButton.Click();
+        });
+        EXPECT_TRUE(t.folder.Read(name).contains("\r\n" + QByteArray(word) + "\t\r\n")) << label;
+    }
+}
+
+// What would go out is the tree, and the user looks at another text.
+TEST_F(ExportText, ATextThatDoesNotParseIsNotExported) {
+    t.OpenText(QStringLiteral("stock.xml"), kStock);
+    t.prompts.AllowAnyBox();
+    t.EditText(QStringLiteral("<stock><wine></stock>"));
+    for (const char* entry : {"mnuTExpToText", "mnuTExpToDb"}) {
+        bool shown = false;
+        auto& dialogs = t.frame().exchangeDialogs;
+        dialogs.exportTxtShown.connect([&](frmExportTxt&) { shown = true; });
+        dialogs.exportDBShown.connect([&](exchange::frmExportDB&) { shown = true; });
+        t.prompts.boxes.clear();
+        t.ChooseMenu(QLatin1String(entry));
+        EXPECT_FALSE(shown) << entry;
+        EXPECT_EQ(t.prompts.boxes.size(), 1u) << entry;
+    }
+}
+
+TEST_F(ExportText, AFolderThatTakesNoFileIsTold) {
+    t.OpenText(QStringLiteral("stock.xml"), kStock);
+    t.folder.Write(QStringLiteral("folder.txt/file"), {});
+    const QString folder = t.folder.Path(QStringLiteral("folder.txt"));
+    for (const QString& name :
+         {QStringLiteral("/proc/out.txt"), folder, folder + QStringLiteral("/none/out.txt")}) {
+        t.prompts.Choose(name);
+        t.prompts.AllowAnyBox(Answer::Yes);
+        t.prompts.boxes.clear();
+        EXPECT_EQ(InExport([](frmExportTxt& form) { form.OKButton.Click(); }), 0) << name.toStdString();
+        EXPECT_FALSE(t.prompts.boxes.empty()) << name.toStdString();
+    }
 }
 
 TEST_F(ExportText, AFullDiskIsToldAndLeavesNoFileAndCancelTheOldOne) {

@@ -109,7 +109,8 @@ TEST_F(ImportDatabase, StatementsThatFailOrChangeSayWhatHappenedAndChangeNothing
 }
 
 TEST_F(ImportDatabase, WhatXmlCanNotHoldIsLeftOutOnlyWithConsent) {
-    file.Run("create table t(a text); insert into t values(char(1) || 'x'), ('aé');");
+    file.Run("create table t(a text); insert into t values(char(1) || 'x'), ('aé'), (cast(x'61EDA08162' as "
+             "text));");
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         t.prompts.Answer(answer);
         const int closed = InImport([&](exchange::frmImportDB& form) {
@@ -120,9 +121,12 @@ TEST_F(ImportDatabase, WhatXmlCanNotHoldIsLeftOutOnlyWithConsent) {
             form.OKButton.Click();
         });
         EXPECT_EQ(closed, answer == Answer::Yes ? 1 : 0);
-        EXPECT_TRUE(t.prompts.Texts().last().contains(QStringLiteral("can not stand in XML")));
+        EXPECT_TRUE(
+            t.prompts.Texts().last().startsWith(QStringLiteral("2 character(s) can not stand in XML")))
+            << t.prompts.Texts().last().toStdString();
     }
-    EXPECT_NE(test::TextOf(t).find("<row a=\"x\" />\n\t<row a=\"aé\" />"), std::string::npos)
+    EXPECT_NE(test::TextOf(t).find("<row a=\"x\" />\n\t<row a=\"aé\" />\n\t<row a=\"ab\" />"),
+              std::string::npos)
         << test::TextOf(t);
 }
 
@@ -273,12 +277,19 @@ TEST_F(ImportDatabase, ASourceIsReplacedAndAFileMadeOnlyWithConsent) {
     const QString fresh = t.folder.Path(QStringLiteral("fresh.db"));
     InSchema([&](exchange::frmCreateDBSchema& form) {
         MakeSource(form.source, QStringLiteral("stock"));
-        t.prompts.Answer({Answer::No, Answer::No, Answer::Yes});
+        t.prompts.Answer({Answer::No, Answer::No, Answer::No, Answer::Yes});
         form.source.newDSNShown.disconnectAll();
         form.source.newDSNShown.connect([&](exchange::frmNewDSN& dialog) {
             dialog.txtName.UserTyped(QStringLiteral("stock"));
             dialog.txtDatabase.UserTyped(file.Path());
             dialog.OKButton.Click();
+            EXPECT_FALSE(t.prompts.Texts().last().contains(QStringLiteral("another driver")));
+            dialog.cmbDriver.UserChose(
+                static_cast<int>(dialog.cmbDriver.Items().indexOf(QStringLiteral("MDBTools"))));
+            dialog.OKButton.Click();
+            EXPECT_TRUE(t.prompts.Texts().last().contains(QStringLiteral("another driver")));
+            dialog.cmbDriver.UserChose(
+                static_cast<int>(dialog.cmbDriver.Items().indexOf(QStringLiteral("SQLite3"))));
             dialog.txtName.UserTyped(QStringLiteral("other"));
             dialog.txtDatabase.UserTyped(fresh);
             dialog.OKButton.Click();

@@ -2,7 +2,10 @@
 // Delimited text becomes a document: what the dialog shows, and what OK opens.
 #include "exchange/dialogs/frmImportTxt.h"
 #include "tests/exchange/ExchangeDesk.h"
+#include <QDir>
+#include <QProcess>
 #include <QStringEncoder>
+#include <QXmlStreamReader>
 
 namespace {
 
@@ -212,7 +215,7 @@ TEST_F(ImportText, TheBeginningIsShownAtOnceAndTheWholeFileComes) {
 }
 
 TEST_F(ImportText, WhatXmlCanNotHoldIsLeftOutOnlyWithConsent) {
-    const QByteArray bytes("a\0b,\x01\nc,d\n", 10);
+    const QByteArray bytes = QByteArray("a\0b,\x01\nc,d\n", 10) + QByteArray(50, ' ') + "\n";
     for (const Answer answer : {Answer::No, Answer::Yes}) {
         t.prompts.Answer(answer);
         EXPECT_EQ(Import(bytes, Attributes), answer == Answer::Yes ? 1 : 0);
@@ -245,6 +248,115 @@ TEST_F(ImportText, BadFilesAreToldAndLeaveTheDialogAsItWas) {
     EXPECT_EQ(test::TextOf(t), "<data>\n</data>");
 }
 
+TEST_F(ImportText, EveryEncodingOfDocumentsIsRead) {
+    for (const auto& [label, word] : test::kEncodings) {
+        text::FileForm form;
+        form.encoding = QLatin1String(label);
+        const QString line = QString::fromUtf8(word) + QStringLiteral(",1\r\n");
+        t.prompts.AllowAnyBox();
+        Import(text::Encode(line, form).bytes, [label = label](exchange::frmImportTxt& dialog) {
+            Attributes(dialog);
+            const auto index = dialog.cmbEnc.Items().indexOf(QLatin1String(label));
+            if (index < 0) { // not on offer, but any name can be that of a file
+                dialog.cmbEnc.AddItem(QLatin1String(label));
+                dialog.cmbEnc.UserChose(static_cast<int>(dialog.cmbEnc.Items().size()) - 1);
+            } else {
+                dialog.cmbEnc.UserChose(static_cast<int>(index));
+            }
+            EXPECT_EQ(dialog.lblNote.Caption().toStdString(), "") << label;
+        });
+        EXPECT_EQ(Rows(), "<row field1=\"" + std::string(word) + "\" field2=\"1\" />") << label;
+    }
+}
+
+// The beginning that is shown ends in the middle of a line, or of a character.
+TEST_F(ImportText, ALargeFileOfOneLineIsReadInAnyEncoding) {
+    for (const char* label : {"UTF-8", "UTF-16"}) {
+        for (const char* front : {"", "x"}) {
+            text::FileForm form;
+            form.encoding = QLatin1String(label);
+            const QString line = QLatin1String(front) + QString::fromUtf8("😀").repeated(1100000);
+            Import(text::Encode(line, form).bytes, [&](exchange::frmImportTxt& dialog) {
+                Attributes(dialog);
+                EXPECT_EQ(dialog.lblNote.Caption().toStdString(), "") << label;
+                EXPECT_TRUE(line.startsWith(dialog.grdSample.TextMatrix(0, 0))) << label;
+            });
+            EXPECT_EQ(t.window().rtxtXML.Text().count(u'\xD83D'), 1100000) << label;
+        }
+    }
+}
+
+TEST_F(ImportText, AFileThatIsNoTextIsOpenedOnlyWithConsent) {
+    QByteArray bytes("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
+    for (int i = 0; i < 4000; ++i)
+        bytes += static_cast<char>((i * 37) % 256);
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        t.prompts.Answer(answer);
+        t.prompts.Choose(t.folder.Write(QStringLiteral("picture.csv"), bytes));
+        test::InDialog<exchange::frmImportTxt>(
+            t, t.frame().exchangeDialogs.importTxtShown, "mnuTImpText", [&](exchange::frmImportTxt& form) {
+                form.cmdOpenFile.Click();
+                EXPECT_EQ(form.lblFile.Caption().isEmpty(), answer == Answer::No);
+            });
+        EXPECT_TRUE(t.prompts.boxes.back().text.startsWith(QStringLiteral("This file holds bytes")));
+    }
+    // Half of a pair, which no document can hold.
+    t.prompts.Answer(Answer::No);
+    EXPECT_EQ(Import(QByteArray("\xFF\xFE"
+                                "a\0\x3D\xD8"
+                                "b\0",
+                                8),
+                     Attributes),
+              0);
+    EXPECT_TRUE(t.prompts.boxes.back().text.contains(QStringLiteral("U+D83D in row 1")))
+        << t.prompts.boxes.back().text.toStdString();
+}
+
+/// Fields of all rows, as another reader of such files has them, and as the attributes of a document do.
+QString ReadByAnother(const QString& path) {
+    QProcess python;
+    python.start(
+        QStringLiteral("python3"),
+        {QStringLiteral("-c"),
+         QStringLiteral("import csv, sys\n"
+                        "rows = list(csv.reader(open(sys.argv[1], newline='', encoding='utf-8')))[1:]\n"
+                        "print('\\x1e'.join('\\x1f'.join(row) for row in rows).replace('\\r\\n', '\\n'), "
+                        "end='')"),
+         path});
+    EXPECT_TRUE(python.waitForFinished(60000));
+    return QString::fromUtf8(python.readAllStandardOutput());
+}
+QString AttributesOf(const QString& document) {
+    QXmlStreamReader reader(document);
+    QStringList rows;
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        QStringList fields;
+        for (const QXmlStreamAttribute& attribute : reader.attributes())
+            fields << attribute.value().toString();
+        if (!fields.isEmpty())
+            rows << fields.join(u'\x1f');
+    }
+    EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
+    return rows.join(u'\x1e');
+}
+
+TEST_F(ImportText, APublicSetIsReadAsAnotherReaderReadsIt) {
+    const QDir folder(QStringLiteral("/usr/share/ieee-data"));
+    const QStringList names = folder.entryList({QStringLiteral("*.csv")}, QDir::Files);
+    if (names.isEmpty())
+        GTEST_SKIP() << "the package ieee-data isn't installed";
+    for (const QString& name : names) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        t.prompts.AllowAnyBox();
+        EXPECT_EQ(Import(file.readAll(), Repaired), 1) << name.toStdString();
+        EXPECT_TRUE(AttributesOf(t.window().rtxtXML.Text()) == ReadByAnother(file.fileName()))
+            << name.toStdString();
+    }
+}
+
 TEST_F(ImportText, VeryWideAndVeryLongLinesComeWhole) {
     QByteArray wide;
     for (int i = 0; i < 5000; ++i)
@@ -254,6 +366,18 @@ TEST_F(ImportText, VeryWideAndVeryLongLinesComeWhole) {
         EXPECT_EQ(form.grdSample.Cols(), 5001);
     });
     EXPECT_NE(test::TextOf(t).find("field5001=\"end\""), std::string::npos);
+    for (const bool quoted : {false, true}) { // no row of any table
+        t.prompts.Answer(Answer::Ok);
+        EXPECT_EQ(Import("a,b\n" + QByteArray(quoted ? "\"x\"" : "") + QByteArray(3 << 20, ','),
+                         [](exchange::frmImportTxt& form) {
+                             Attributes(form);
+                             EXPECT_TRUE(
+                                 form.lblNote.Caption().startsWith(QStringLiteral("A line has more")));
+                         }),
+                  0);
+        EXPECT_TRUE(
+            t.prompts.boxes.back().text.startsWith(QStringLiteral("Line 2 has more than 100000 fields")));
+    }
     const QByteArray line(6 << 20, 'x');
     Import(line, [](exchange::frmImportTxt& form) { EXPECT_EQ(form.grdSample.Rows(), 1); });
     EXPECT_EQ(t.window().rtxtXML.Text().count(u'x'), line.size());

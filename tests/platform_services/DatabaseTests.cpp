@@ -2,10 +2,12 @@
 // Databases behind real drivers: a SQLite file, a PostgreSQL server of the test's own, an Access file.
 #include "platform/services/Databases.h"
 #include "tests/platform_services/Folder.h"
+#include "tests/support/MariadbServer.h"
 #include "tests/support/PostgresServer.h"
 #include "tests/support/SqliteFile.h"
 #include <QFile>
 #include <QTcpServer>
+#include <QTcpSocket>
 #include <csignal>
 #include <gtest/gtest.h>
 
@@ -138,6 +140,36 @@ TEST(Databases, SourcesAreListedAndFailuresSayWhy) {
     EXPECT_EQ(result.failure, DatabaseFailure::Failed);
 }
 
+TEST(Databases, TheListOfSourcesKeepsAllElseAndWhoMayReadIt) {
+    test::SqliteFile file;
+    const test::SqliteFile other;
+    test::Folder folder;
+    const QByteArray head = "; my sources\n[ODBC]\nTrace = No\n\n";
+    const QByteArray tail = "\n# the old one\n[Old]\nDriver = SQLite3 ; still good\n";
+    const QString list = folder.Write(QStringLiteral("odbc.ini"),
+                                      head + "[stock]\n; of wine\nDriver = None\nTrace = Yes\n" + tail, 0640);
+    qputenv("ODBCINI", list.toUtf8());
+    const auto add = [](const QString& path) {
+        return static_cast<bool>(Databases().AddSource(QStringLiteral("stock"), QStringLiteral("SQLite3"),
+                                                       {{QStringLiteral("Database"), path}}));
+    };
+    EXPECT_TRUE(add(file.Path()));
+    EXPECT_EQ(folder.Read(QStringLiteral("odbc.ini")), head + "[stock]\nDriver = SQLite3\nDatabase = " +
+                                                           file.Path().toUtf8() + "\n; of wine\n" + tail);
+    EXPECT_EQ(folder.Mode(QStringLiteral("odbc.ini")), 0640u);
+    // What the driver manager has read of the source is another one now.
+    file.Run("create table first(a)");
+    other.Run("create table second(a)");
+    EXPECT_EQ(TablesOf(*Open(QStringLiteral("DSN=stock;"))), "first:TABLE");
+    EXPECT_TRUE(add(other.Path()));
+    EXPECT_EQ(TablesOf(*Open(QStringLiteral("DSN=stock;"))), "second:TABLE");
+    for (const QString& key : {QStringLiteral("Password"), QStringLiteral("PWD")}) {
+        folder.Write(QStringLiteral("odbc.ini"), head, 0644);
+        EXPECT_TRUE(Databases().AddSource(QStringLiteral("server"), QStringLiteral("x"), {{key, key}}));
+        EXPECT_EQ(folder.Mode(QStringLiteral("odbc.ini")), 0600u);
+    }
+}
+
 // It takes the connection and is silent from then on.
 TEST(Databases, AServerThatNeverAnswersIsLeftAlone) {
     QTcpServer silent;
@@ -152,7 +184,7 @@ TEST(Databases, AServerThatNeverAnswersIsLeftAlone) {
     EXPECT_FALSE(Databases().Open(
         connection, [&](qint64, qint64) { return ++steps < 3; }, result));
     EXPECT_EQ(result.failure, DatabaseFailure::Cancelled);
-    EXPECT_FALSE(Databases().Open(connection, {}, result, 1));
+    EXPECT_FALSE(Databases().Open(connection, {}, result, {.connect = 1}));
     EXPECT_EQ(result.failure, DatabaseFailure::TimedOut);
 }
 
@@ -209,12 +241,145 @@ TEST(Databases, PostgresGivesTypedValuesAndCanBeStopped) {
         << result.text.toStdString();
 }
 
+pid_t WorkerOf(Database& database) {
+    return std::stoi(Answer(database, QStringLiteral("select pg_backend_pid()")));
+}
+
+TEST(Databases, AServerThatFallsSilentIsLeftAloneAtEveryStep) {
+    test::PostgresServer server;
+    if (!server.IsRunning())
+        GTEST_SKIP() << server.WhyNot().toStdString();
+    DatabaseResult result;
+    const auto open = [&] {
+        return Databases().Open(server.Connection(), {}, result, {.statement = 1, .rows = 1, .commit = 1});
+    };
+    const auto asked = open(), read = open(), written = open();
+    ASSERT_TRUE(asked && read && written) << result.text.toStdString();
+    const pid_t workers[] = {WorkerOf(*asked), WorkerOf(*read), WorkerOf(*written)};
+    ASSERT_TRUE(written->BeginTransaction());
+    EXPECT_EQ(Answer(*written, QStringLiteral("create table t(n integer)")), "");
+    const auto rows = read->Execute(QStringLiteral("select * from generate_series(1, 100000)"), result);
+    ASSERT_TRUE(rows && rows->Next(result)) << result.text.toStdString();
+    for (const pid_t worker : workers)
+        kill(worker, SIGSTOP);
+    EXPECT_EQ(Answer(*asked, QStringLiteral("select 1")), "The database did not answer in time.");
+    while (rows->Next(result))
+        continue;
+    EXPECT_EQ(result.failure, DatabaseFailure::TimedOut);
+    EXPECT_EQ(written->Commit().failure, DatabaseFailure::TimedOut);
+    for (const pid_t worker : workers)
+        kill(worker, SIGCONT);
+}
+
+// What is committed is known to be so, whatever the user wants meanwhile.
+TEST(Databases, ACommitIsNotCancelled) {
+    test::PostgresServer server;
+    if (!server.IsRunning())
+        GTEST_SKIP() << server.WhyNot().toStdString();
+    bool goOn = true;
+    int asked = 0;
+    DatabaseResult result;
+    const auto step = [&](qint64, qint64) { return goOn || ++asked < 0; };
+    const auto database = Databases().Open(server.Connection(), step, result);
+    ASSERT_TRUE(database);
+    for (const char* sql :
+         {"create table t(n integer)",
+          "create function rest() returns trigger as 'begin perform pg_sleep(1); return null; end' language "
+          "plpgsql",
+          "create constraint trigger late after insert on t deferrable initially deferred for each row "
+          "execute function rest()"})
+        EXPECT_EQ(Answer(*database, QLatin1String(sql)), "");
+    ASSERT_TRUE(database->BeginTransaction());
+    EXPECT_EQ(Answer(*database, QStringLiteral("insert into t values(1)")), "");
+    goOn = false;
+    EXPECT_TRUE(database->Commit());
+    EXPECT_GT(asked, 0);
+    EXPECT_EQ(Answer(*Open(server.Connection()), QStringLiteral("select n from t")), "1");
+}
+
+TEST(Databases, MariadbGivesTypedValues) {
+    test::MariadbServer server;
+    if (!server.IsRunning())
+        GTEST_SKIP() << server.WhyNot().toStdString();
+    const auto database = Open(server.Connection());
+    ASSERT_TRUE(database);
+    EXPECT_EQ(Answer(*database,
+                     QStringLiteral("create table t(n bigint unsigned primary key, b bit, d date, at "
+                                    "datetime(1), f double, m decimal(9,2), raw varbinary(9), body longtext "
+                                    "character set utf8mb4, id uuid)")),
+              "");
+    EXPECT_EQ(Answer(*database,
+                     QStringLiteral("insert into t values(18446744073709551615, 1, '2001-02-03', '2001-02-03 "
+                                    "04:05:06.5', 0.1e0 + 0.2e0, .5, x'00ff', concat(repeat('é', 20000), "
+                                    "'末😀'), '123e4567-e89b-12d3-a456-426655440000'), "
+                                    "(2, 0, null, null, null, -.25, null, '', null)")),
+              "");
+    EXPECT_EQ(
+        Answer(*database,
+               QStringLiteral("select n, b, d, at, f, m, raw, char_length(body), id from t order by n")),
+        "2|false|-|-|-|-0.25|-|0|-\n"
+        "18446744073709551615|true|2001-02-03|2001-02-03T04:05:06.5|0.30000000000000004|0.50|00FF|20002|"
+        "123e4567-e89b-12d3-a456-426655440000");
+    EXPECT_EQ(Answer(*database, QStringLiteral("select body from t where n > 2")).size(), 40007u);
+    EXPECT_EQ(TablesOf(*database), "t:TABLE");
+    EXPECT_FALSE(database->TakesTablesBack());
+    DatabaseResult result;
+    EXPECT_FALSE(Databases().Open(server.Connection().replace(QStringLiteral("secret"), QStringLiteral("x")),
+                                  {}, result));
+    EXPECT_TRUE(result.text.contains(QStringLiteral("Access denied"))) << result.text.toStdString();
+}
+
+// Its driver doesn't look for them in the list of sources.
+TEST(Databases, UserAndPasswordReachAServerOfFreeTds) {
+    if (!Databases().Drivers().contains(QStringLiteral("FreeTDS")))
+        GTEST_SKIP() << "the driver tdsodbc isn't installed";
+    const test::SqliteFile list;
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    EXPECT_TRUE(Databases().AddSource(QStringLiteral("sybase"), QStringLiteral("FreeTDS"),
+                                      {{QStringLiteral("Server"), QStringLiteral("127.0.0.1")},
+                                       {QStringLiteral("Port"), QString::number(server.serverPort())},
+                                       {QStringLiteral("TDS_Version"), QStringLiteral("4.2")},
+                                       {QStringLiteral("UID"), QStringLiteral("owner")},
+                                       {QStringLiteral("PWD"), QStringLiteral("se;cret")}}));
+    QByteArray login;
+    const auto read = [&](qint64, qint64) {
+        if (!server.hasPendingConnections() && !server.waitForNewConnection(10))
+            return true;
+        QTcpSocket* socket = server.nextPendingConnection();
+        EXPECT_TRUE(socket->waitForReadyRead(5000));
+        login = socket->readAll();
+        return false;
+    };
+    DatabaseResult result;
+    EXPECT_FALSE(Databases().Open(QStringLiteral("DSN=sybase;"), read, result));
+    EXPECT_TRUE(login.contains("owner"));
+    EXPECT_TRUE(login.contains("se;cret"));
+}
+
+TEST(Databases, AFileThatIsNotOfAccessIsToldForWhatItIs) {
+    const test::SqliteFile sqlite;
+    sqlite.Run("create table t(a)");
+    test::Folder folder;
+    const std::pair<QString, const char*> cases[] = {
+        {folder.Path(QStringLiteral("none.mdb")), "Can not find "},
+        {folder.Path(), "Can not find "},
+        {sqlite.Path(), "is a SQLite database"},
+        {folder.Write(QStringLiteral("text.mdb"), "plain text"), "is no Access database"}};
+    for (const auto& [path, word] : cases) {
+        DatabaseResult result;
+        EXPECT_FALSE(Databases().Open(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + path,
+                                      {}, result));
+        EXPECT_TRUE(result.text.contains(QLatin1String(word))) << result.text.toStdString();
+    }
+}
+
 TEST(Databases, AccessFilesAreRead) {
     const QString folder = qEnvironmentVariable("VANTREL_ACCESS_SAMPLES");
     if (folder.isEmpty())
         GTEST_SKIP() << "VANTREL_ACCESS_SAMPLES names no folder with Access files";
     test::Folder copies;
-    const QString path = copies.Path("日期 dates.mdb"); // a name that isn't plain
+    const QString path = copies.Path("日期 a;b={c}.mdb"); // a name that isn't plain
     ASSERT_TRUE(QFile::copy(folder + QStringLiteral("/dates.mdb"), path));
     const auto database = Open(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + path);
     ASSERT_TRUE(database);

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/PostgresServer.h"
 #include "platform/services/Databases.h"
+#include "tests/support/FreePort.h"
 #include <QDir>
 #include <QThread>
-#include <arpa/inet.h>
 #include <csignal>
-#include <sys/socket.h>
 #include <unistd.h>
 
 namespace test {
@@ -19,18 +18,6 @@ QString NewestPrograms() {
     const QStringList found =
         versions.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::Reversed);
     return found.isEmpty() ? QString() : versions.filePath(found.first()) + QStringLiteral("/bin/");
-}
-
-int FreePort() {
-    const int socketNumber = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    EXPECT_EQ(bind(socketNumber, reinterpret_cast<sockaddr*>(&address), size), 0);
-    EXPECT_EQ(getsockname(socketNumber, reinterpret_cast<sockaddr*>(&address), &size), 0);
-    close(socketNumber);
-    return ntohs(address.sin_port);
 }
 
 } // namespace
