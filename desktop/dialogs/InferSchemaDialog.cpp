@@ -9,6 +9,7 @@ namespace desktop {
 InferSchemaDialog::InferSchemaDialog(schema::frmInferSchema& form, QWidget* parent)
     : QDialog(parent), form_(form), ui_(std::make_unique<Ui::frmInferSchema>()) {
     ui_->setupUi(this);
+    ui_->OKButton->setFocus(); // as a rule the document in front is all
     BindControls(*this, {{"lblDocument", &form.lblDocument},
                          {"txtFiles", &form.txtFiles},
                          {"cmdAdd", &form.cmdAdd},

@@ -273,8 +273,9 @@ TEST_F(ValidSample, TheDialogOffersTheLikelyRootFirstAndTheSeedMakesOthers) {
     const QByteArray text =
         Schema("<xs:element name='part' type='xs:int'/><xs:element name='no' abstract='true'/>"
                "<xs:element name='whole'><xs:complexType><xs:choice maxOccurs='unbounded'>"
-               "<xs:element ref='t:part'/><xs:element ref='t:part2'/></xs:choice></xs:complexType>"
-               "</xs:element><xs:element name='part2' type='xs:date'/>");
+               "<xs:element ref='part'/><xs:element ref='part2'/></xs:choice></xs:complexType>"
+               "</xs:element><xs:element name='part2' type='xs:date'/>",
+               false);
     DocumentWindow& schema = t.OpenText(QStringLiteral("s.xsd"), text);
     QStringList offered;
     const auto make = [&](const char* seed) {
