@@ -3,7 +3,7 @@
 #include "schema/dialogs/MakeDialogs.h"
 #include "schema/dialogs/frmInferSchema.h"
 #include "tests/exchange/ExchangeDesk.h"
-#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 
 namespace {
@@ -201,6 +201,43 @@ TEST_F(InferSchema, DocumentsOfAnyDepthAndWidthComeToAnEnd) {
         wide += "<w" + QByteArray::number(i) + "/>";
     EXPECT_EQ(Infer(wide + "</r>", {}, false), "");
     EXPECT_TRUE(t.prompts.boxes.back().text.contains(QStringLiteral("20000")));
+}
+
+TEST_F(InferSchema, OddValuesAndTypedAndNilElementsDontKeepADocumentFromItsSchema) {
+    const std::string made =
+        Infer("<r xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' "
+              "xmlns:xs='http://www.w3.org/2001/XMLSchema'>"
+              "<a xml:lang='zh_TW'/><a xml:lang=''/><n xsi:nil='true'/><n>5</n><v xsi:type='xs:int'>7</v>"
+              "<v xsi:type='xs:date'>2024-01-01</v><c><![CDATA[a<b]]>&amp;&quot;</c></r>");
+    EXPECT_TRUE(
+        Has(made,
+            "<xs:anyAttribute namespace=\"http://www.w3.org/XML/1998/namespace\" processContents=\"skip\"/>"))
+        << made;
+    EXPECT_TRUE(Has(made, "nillable=\"true\"") && Has(made, "type=\"xs:unsignedByte\""));
+    EXPECT_TRUE(Has(made, "type=\"xs:anyType\""));
+    EXPECT_TRUE(IsValid()) << made << t.prompts.boxes.back().text.toStdString();
+    // A type that no schema has can't be made up.
+    EXPECT_EQ(
+        Infer("<r xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' xsi:type='mine'>7</r>", {}, false),
+        "");
+    EXPECT_TRUE(t.prompts.boxes.back().text.contains(QStringLiteral("mine")));
+}
+
+// Documents that packages have brought: not all machines have them.
+TEST_F(InferSchema, DocumentsOfTheMachineFitTheirSchemas) {
+    QDirIterator files(QStringLiteral("/usr/share/mime"), {QStringLiteral("*.xml")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    int tried = 0;
+    while (files.hasNext() && tried < 25) {
+        QFile file(files.next());
+        if (!file.open(QIODevice::ReadOnly) || file.size() > 100000)
+            continue;
+        ++tried;
+        t.prompts.AllowAnyBox();
+        const QByteArray bytes = file.readAll();
+        EXPECT_NE(Infer(bytes), "") << file.fileName().toStdString();
+        t.prompts.ForgetUnused();
+    }
 }
 
 } // namespace

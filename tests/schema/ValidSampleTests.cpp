@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Samples that the check accepts: each one is made from its dialog and checked as a user would, against the
 // schema that it names.
+#include "platform/services/Schemas.h"
+#include "platform/text/TextFile.h"
 #include "schema/dialogs/MakeDialogs.h"
 #include "schema/dialogs/frmValidSample.h"
 #include "tests/exchange/ExchangeDesk.h"
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
 #include <functional>
 
 namespace {
@@ -177,6 +182,43 @@ const QByteArray kContents[] = {
     "maxOccurs='3'/><xs:any namespace='##local' processContents='skip'/><xs:any "
     "processContents='strict'/></xs:sequence>"
     "</xs:complexType></xs:element><xs:element name='leaf' fixed='7' type='xs:int'/>",
+    // Groups, derived types, and what has its own form.
+    "<xs:element name='r'><xs:complexType><xs:group ref='g' minOccurs='2' maxOccurs='2'/><xs:attributeGroup "
+    "ref='ag'/>"
+    "</xs:complexType></xs:element><xs:group name='g'><xs:choice><xs:element name='a'/><xs:element "
+    "name='b'/></xs:choice>"
+    "</xs:group><xs:attributeGroup name='ag'><xs:attribute name='q' type='xs:QName' use='required'/>"
+    "<xs:attribute name='w' default='d'/></xs:attributeGroup>",
+    "<xs:element name='r'><xs:complexType><xs:complexContent><xs:restriction "
+    "base='b'><xs:sequence><xs:element name='x' "
+    "type='xs:int'/></xs:sequence><xs:attribute name='a' "
+    "use='prohibited'/></xs:restriction></xs:complexContent>"
+    "</xs:complexType></xs:element><xs:complexType name='b'><xs:sequence><xs:element name='x' type='xs:int' "
+    "minOccurs='0' "
+    "maxOccurs='3'/></xs:sequence><xs:attribute name='a' type='xs:string'/></xs:complexType>",
+    "<xs:element name='r'><xs:complexType><xs:sequence><xs:element ref='h' minOccurs='2' "
+    "maxOccurs='unbounded'/>"
+    "</xs:sequence></xs:complexType></xs:element><xs:element name='h' type='b'/><xs:complexType "
+    "name='b'><xs:sequence/>"
+    "</xs:complexType><xs:complexType name='c'><xs:complexContent><xs:extension base='b'><xs:attribute "
+    "name='k' "
+    "type='xs:int' use='required'/></xs:extension></xs:complexContent></xs:complexType><xs:element name='m1' "
+    "type='c' "
+    "substitutionGroup='h'/><xs:element name='m2' substitutionGroup='m1' block='extension'/>",
+    "<xs:element name='r'><xs:complexType><xs:sequence><xs:element name='a' form='unqualified' "
+    "type='xs:int'/>"
+    "<xs:element name='b' type='xs:anyType'/><xs:element name='e' type='xs:ENTITY' minOccurs='0'/><xs:any "
+    "namespace='urn:q' processContents='strict' minOccurs='0'/></xs:sequence></xs:complexType></xs:element>",
+    "<xs:element name='r'><xs:complexType><xs:simpleContent><xs:extension base='xs:decimal'><xs:attribute "
+    "name='c' "
+    "use='required' type='xs:language'/></xs:extension></xs:simpleContent></xs:complexType></xs:element>",
+    "<xs:element name='r'><xs:complexType><xs:sequence><xs:element name='x' type='xs:IDREF'/></xs:sequence>"
+    "<xs:attribute name='id' type='xs:ID'/></xs:complexType></xs:element>",
+    "<xs:element name='r'><xs:complexType><xs:sequence maxOccurs='unbounded'><xs:choice "
+    "maxOccurs='unbounded'>"
+    "<xs:element name='a'/><xs:sequence><xs:element name='c'/><xs:element ref='r' "
+    "minOccurs='0'/></xs:sequence></xs:choice>"
+    "<xs:element name='end'/></xs:sequence></xs:complexType></xs:element>",
     // The branch without a value isn't taken.
     "<xs:element name='r'><xs:complexType><xs:choice><xs:element name='bad'><xs:simpleType><xs:restriction "
     "base='xs:string'><xs:pattern "
@@ -291,6 +333,32 @@ TEST_F(ValidSample, TheDialogOffersTheLikelyRootFirstAndTheSeedMakesOthers) {
     EXPECT_NE(first.find("<whole"), std::string::npos) << first;
     EXPECT_EQ(make("1"), first);
     EXPECT_TRUE(make("2") != first || make("3") != first || make("4") != first);
+}
+
+// Schemas that packages have brought: not all machines have them.
+TEST_F(ValidSample, SchemasOfTheMachineHaveSamples) {
+    QDirIterator files(QStringLiteral("/usr/share/xml"), {QStringLiteral("*.xsd")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    int tried = 0, made = 0;
+    while (files.hasNext() && tried < 40) {
+        const QString path = files.next();
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            continue;
+        const QString text = text::Decode(file.readAll()).text.toString();
+        services::SampleWish wish;
+        const QRegularExpression space(QStringLiteral("targetNamespace=[\"']([^\"']*)"));
+        wish.targetNamespace = space.match(text).captured(1);
+        wish.encoding = QStringLiteral("UTF-8");
+        const services::SampleAnswer answer =
+            t.app().services.schemas->MakeSample({text::LongText(text), path, true, {}}, wish, {});
+        const QString why = answer.remarks.join(u' ');
+        if (why.contains(QStringLiteral("faults")) || why.contains(QStringLiteral("no element that")))
+            continue; // what it refers to isn't there, or it has types alone
+        ++tried;
+        made += answer.text.isEmpty() ? 0 : 1;
+    }
+    EXPECT_GE(made * 100, tried * 95) << made << " of " << tried;
 }
 
 } // namespace
