@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
     }
     services::SchemaRequest request{text::LongText(schemas[0].text), QStringLiteral("/s.xsd"), true, {}};
     for (const schema::InferredSchema& one : schemas)
-        request.fetched[u'/' + one.file] = one.text.toUtf8();
+        request.fetched[u'/' + one.file] = {u'/' + one.file, one.text.toUtf8()};
     services::SchemaAnswer answer;
     const double checked = bench::Milliseconds(
         [&] { answer = quiet.app().services.schemas->CheckBy(request, {window.way->text(window)}, {}); });

@@ -30,7 +30,7 @@ bool IsFull(const Target& target) {
     return target.atRootLevel && target.hasRootElement;
 }
 bool HasName(const Target& target) {
-    return !IsLeaf(target);
+    return !IsLeaf(target) && !target.keepsLabel;
 }
 bool TakesChildren(const Target& target) {
     return !IsLeaf(target);

@@ -84,8 +84,8 @@ template <std::size_t... numbers> std::vector<edit::Command> AllCommands(std::in
 void DescribeTarget(DocumentWindow& window, const controls::TreeNode& node, edit::Target& target) {
     if (m_tvXML::IsElement(node))
         target.elementName = LocalName(node.Text());
-    target.offersMsSql = SchemaOf(window).mbEnabledMsSQL;
-    target.offersOracle = SchemaOf(window).mbEnabledOracle;
+    target.offersMsSql = OffersMSSQL(window);
+    target.offersOracle = OffersOracle(window);
 }
 
 std::span<const edit::Command> SchemaCommands() {

@@ -3,6 +3,7 @@
 #include "core/model/DomToTree.h"
 #include "integration/BrowserView.h"
 #include "nodes/ListView.h"
+#include "schema/CheckBeside.h"
 #include "schema/CheckSchema.h"
 #include "schema/SchemaCommandTable.h"
 #include "schema/SchemaTree.h"

@@ -18,6 +18,7 @@ namespace edit {
 struct Target {
     int kind = m_tvXML::kTreeRoot; ///< of the current node, or of the one that the selected row is about
     bool atRootLevel = false;      ///< that node stands directly below the tree root
+    bool keepsLabel = false;       ///< its name can't be edited where it stands
     bool hasLevelAbove = false;    ///< the tree's current node isn't the tree root
     bool hasRootElement = false;   ///< the document
     bool canPaste = false, canUndo = false, canRedo = false;

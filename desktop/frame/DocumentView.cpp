@@ -15,6 +15,7 @@
 #include "desktop/nodes/TreeAdapter.h"
 #include "desktop/nodes/TreeTip.h"
 #include "desktop/text/TextAdapter.h"
+#include "schema/CheckBeside.h"
 #include "ui_frmXMLEdit.h"
 #include "window/WindowEvents.h"
 #include <QApplication>
@@ -56,7 +57,7 @@ private:
     DiagnosticsPane diagnostics_;
     TextAdapter text_, text2_, schema_;
     LineAdapter path_;
-    TimerAdapter steps_;
+    TimerAdapter steps_, checks_;
     BrowserAdapter browser_;
     TabAdapter tabs_;
     DocumentDragging dragging_;
@@ -68,7 +69,8 @@ DocumentView::Bond::Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int w
       cells_(window, *ui.ListView1), diagnostics_(window, *ui.lvDiagnostics),
       text_(window.rtxtXML, *ui.rtxtXML, nullptr), text2_(window.rtxtXML2, *ui.rtxtXML2, nullptr),
       schema_(window.txtSchema, *ui.txtSchema, nullptr), path_(window.txtXPath, *ui.txtXPath, nullptr),
-      steps_(window.tmText, nullptr), browser_(window.IE, *ui.browserview, nullptr),
+      steps_(window.tmText, nullptr), checks_(schema::CheckBesideOf(window).tmCheck, nullptr),
+      browser_(window.IE, *ui.browserview, nullptr),
       tabs_(window.tbsXML, *ui.tbsXML, *ui.pages, PagesOf(ui), nullptr), dragging_(window, ui) {
     ConnectSplitters(width);
     ConnectTables();

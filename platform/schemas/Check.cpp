@@ -11,13 +11,19 @@ namespace {
 
 using namespace xercesc;
 
+bool DeclaresEntities(const std::string& text) {
+    static const std::string kOpener("<\0!\0E\0N\0T\0I\0T\0Y\0", 16);
+    return text.find(kOpener) != std::string::npos;
+}
+
 void Run(const Request& request, Desk& desk) {
     const TranscodeFromStr place(reinterpret_cast<const XMLByte*>(request.place.data()), request.place.size(),
                                  "UTF-8");
     MemBufInputSource text(reinterpret_cast<const XMLByte*>(request.text.data()), request.text.size(),
                            place.str(), false);
     text.setEncoding(XMLUni::fgUTF16LEncodingString);
-    const std::unique_ptr<SAX2XMLReaderImpl> reader = MakeReader(desk);
+    const std::unique_ptr<SAX2XMLReaderImpl> reader = MakeReader(
+        desk, request.schema || DeclaresEntities(request.text) ? Unbound::Fault : Unbound::Nothing);
     if (request.schema)
         reader->loadGrammar(text, Grammar::SchemaGrammarType, true);
     else

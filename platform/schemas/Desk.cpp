@@ -15,7 +15,7 @@ using namespace xercesc;
 
 namespace {
 
-constexpr std::size_t kMost = 1000; // faults of one check
+constexpr std::size_t kMost = 1001; // faults of one check
 
 Fault FaultOf(const SAXParseException& told, bool warning) {
     return {Utf8(told.getSystemId()), static_cast<long>(told.getLineNumber()),
@@ -39,11 +39,11 @@ void Desk::add(Fault fault) {
 
 InputSource* Desk::resolveEntity(XMLResourceIdentifier* identifier) {
     if (identifier->getResourceIdentifierType() == XMLResourceIdentifier::ExternalEntity)
-        return source("", "");
+        return leftOut(Utf8(identifier->getBaseURI()), Utf8(identifier->getSystemId()));
     const XMLCh* given = identifier->getSchemaLocation();
     const std::string location = Utf8(given ? given : identifier->getSystemId());
     const std::string base = Utf8(identifier->getBaseURI());
-    const std::string place = location.empty() ? std::string() : Sources::Resolve(base, location);
+    std::string place = location.empty() ? std::string() : Sources::Resolve(base, location);
     const bool ofXml = Utf8(identifier->getNameSpace()) == kXmlNamespace;
     if (location.empty() && !ofXml)
         return nullptr;
@@ -85,17 +85,40 @@ InputSource* Desk::missing(const std::string& base, const std::string& place, co
     return nullptr;
 }
 
+// A document from anywhere could have any file read that way. What would stand there can't be judged.
+InputSource* Desk::leftOut(const std::string& base, const std::string& entity) {
+    if (missing_.insert(entity).second)
+        add({base, 0, 0,
+             "The external entity \"" + entity +
+                 "\" isn't read, so it can't be told whether the document is valid.",
+             true});
+    return source("", "");
+}
+
 void StartLibrary() {
     XMLPlatformUtils::Initialize();
     delete XMLPlatformUtils::fgNetAccessor; // nothing goes to the net from here
     XMLPlatformUtils::fgNetAccessor = nullptr;
 }
 
-std::unique_ptr<SAX2XMLReaderImpl> MakeReader(Desk& desk, XMLGrammarPool* pool) {
+namespace {
+
+// What stands outside the elements that name schemas isn't to be judged by them. The library sees to that
+// unless it takes notice of a document type, of which it needs the entities alone.
+void LetUnboundElementsBe(SAX2XMLReaderImpl& reader) {
+    reader.setProperty(XMLUni::fgXercesScannerName, const_cast<XMLCh*>(XMLUni::fgSGXMLScanner));
+    reader.setFeature(XMLUni::fgXercesDynamic, true);
+}
+
+} // namespace
+
+std::unique_ptr<SAX2XMLReaderImpl> MakeReader(Desk& desk, Unbound unbound, XMLGrammarPool* pool) {
     auto reader = std::make_unique<SAX2XMLReaderImpl>(XMLPlatformUtils::fgMemoryManager, pool);
+    reader->setFeature(XMLUni::fgXercesDynamic, false);
+    if (unbound == Unbound::Nothing)
+        LetUnboundElementsBe(*reader);
     reader->setFeature(XMLUni::fgSAX2CoreNameSpaces, true);
     reader->setFeature(XMLUni::fgSAX2CoreValidation, true);
-    reader->setFeature(XMLUni::fgXercesDynamic, false);
     reader->setFeature(XMLUni::fgXercesSchema, true);
     reader->setFeature(XMLUni::fgXercesSchemaFullChecking, true);
     reader->setFeature(XMLUni::fgXercesHandleMultipleImports, true);

@@ -36,6 +36,7 @@ public:
 
 private:
     static xercesc::InputSource* source(const std::string& bytes, const std::string& place);
+    xercesc::InputSource* leftOut(const std::string& base, const std::string& entity);
     xercesc::InputSource* missing(const std::string& base, const std::string& place,
                                   const std::string& complaint);
 
@@ -45,8 +46,11 @@ private:
 
 /// The library, ready for use: nothing goes to the net from here.
 void StartLibrary();
+/// What a reader makes of elements that no schema is named for.
+enum class Unbound { Fault, Nothing };
 /// A reader that checks by schemas; it asks and tells the desk. `pool` may be null.
-std::unique_ptr<xercesc::SAX2XMLReaderImpl> MakeReader(Desk& desk, xercesc::XMLGrammarPool* pool = nullptr);
+std::unique_ptr<xercesc::SAX2XMLReaderImpl> MakeReader(Desk& desk, Unbound unbound = Unbound::Fault,
+                                                       xercesc::XMLGrammarPool* pool = nullptr);
 /// Runs what may throw the library's exceptions; what they tell is a fault of the desk. Throws
 /// std::bad_alloc.
 void Tell(Desk& desk, const std::string& place, const std::function<void()>& act);

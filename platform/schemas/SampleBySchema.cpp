@@ -36,7 +36,7 @@ public:
     explicit Grammars(Request& request) : desk_(request.sources) {
         StartLibrary();
         pool_ = std::make_unique<XMLGrammarPoolImpl>(XMLPlatformUtils::fgMemoryManager);
-        const std::unique_ptr<SAX2XMLReaderImpl> reader = MakeReader(desk_, pool_.get());
+        const std::unique_ptr<SAX2XMLReaderImpl> reader = MakeReader(desk_, Unbound::Fault, pool_.get());
         const Units schema(request.text.data(), request.text.size(), request.place);
         Tell(desk_, request.place,
              [&] { reader->loadGrammar(schema.Source(), Grammar::SchemaGrammarType, true); });
@@ -49,7 +49,7 @@ public:
     std::vector<Fault> FaultsOf(const void* bytes, std::size_t size) {
         Sources none;
         Desk desk(none);
-        const std::unique_ptr<SAX2XMLReaderImpl> reader = MakeReader(desk, pool_.get());
+        const std::unique_ptr<SAX2XMLReaderImpl> reader = MakeReader(desk, Unbound::Fault, pool_.get());
         reader->setFeature(XMLUni::fgXercesSchemaFullChecking, false); // the schema's, which is done
         reader->setFeature(XMLUni::fgXercesUseCachedGrammarInParse, true);
         reader->setFeature(XMLUni::fgXercesLoadSchema, false);

@@ -46,7 +46,8 @@ schemas::Request ReadRequest(Task& task) {
     request.text = schemas::ReadField();
     for (long left = schemas::ReadNumber(); left > 0; --left) {
         const std::string address = schemas::ReadField();
-        request.sources.fetched[address] = schemas::ReadField();
+        const std::string foundAt = schemas::ReadField();
+        request.sources.fetched[address] = {foundAt, schemas::ReadField()};
     }
     return request;
 }

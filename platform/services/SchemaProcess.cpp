@@ -82,14 +82,15 @@ Fields RequestFields(Task task, const SchemaRequest& request, const SchemaLimits
     fields.add(request.place);
     fields.add(Units(request.text));
     fields.add(qint64(request.fetched.size()));
-    for (const auto& [address, bytes] : request.fetched) {
+    for (const auto& [address, found] : request.fetched) {
         fields.add(address);
-        fields.add(bytes);
+        fields.add(found.address);
+        fields.add(found.bytes);
     }
     return fields;
 }
 
-SchemaAnswer ReadFaults(Answer& answer) {
+SchemaAnswer Read(Answer& answer) {
     SchemaAnswer result;
     for (int left = answer.number(); left > 0 && answer.good; --left) {
         SchemaFault fault;
@@ -105,17 +106,82 @@ SchemaAnswer ReadFaults(Answer& answer) {
     return result;
 }
 
+class ProcessCheck : public SchemaCheck {
+public:
+    ProcessCheck(const QString& program, const Fields& request, const SchemaLimits& limits)
+        : most_(qint64(limits.seconds) * 4000) {
+        clock_.start();
+        process_.setStandardErrorFile(QProcess::nullDevice());
+        process_.start(program, {});
+        process_.write(request.all());
+        process_.closeWriteChannel();
+    }
+    ~ProcessCheck() override { End(); }
+
+    // The program has bounds of its own; this one is for a machine that hardly lets it run.
+    bool WaitForEnd(int milliseconds) override {
+        if (process_.state() == QProcess::NotRunning || process_.waitForFinished(milliseconds))
+            return true;
+        tooLong_ = clock_.elapsed() > most_;
+        if (tooLong_)
+            End();
+        return process_.state() == QProcess::NotRunning;
+    }
+
+    SchemaAnswer TakeAnswer() override {
+        Answer answer(process_.readAllStandardOutput());
+        const SchemaOutcome outcome = Outcome();
+        return outcome == SchemaOutcome::Checked ? Read(answer) : SchemaAnswer{outcome, {}, {}};
+    }
+    QByteArray Output() { return process_.readAllStandardOutput(); }
+    /// Checked: the program has said all.
+    SchemaOutcome Outcome() const {
+        if (tooLong_)
+            return SchemaOutcome::TooLong;
+        const bool good = process_.error() != QProcess::FailedToStart &&
+                          process_.exitStatus() == QProcess::NormalExit && process_.exitCode() == 0;
+        return good ? SchemaOutcome::Checked : Failure();
+    }
+
+private:
+    void End() {
+        if (process_.state() == QProcess::NotRunning)
+            return;
+        process_.kill();
+        process_.waitForFinished();
+    }
+
+    // The system ends one that used up its time with a signal, and one that can't have a stack with another.
+    SchemaOutcome Failure() const {
+        if (process_.exitStatus() == QProcess::CrashExit &&
+            (process_.exitCode() == SIGXCPU || process_.exitCode() == SIGKILL))
+            return SchemaOutcome::TooLong;
+        return process_.exitCode() == kOutOfMemory ? SchemaOutcome::TooLarge : SchemaOutcome::Failed;
+    }
+
+    QProcess process_;
+    QElapsedTimer clock_;
+    qint64 most_; // milliseconds
+    bool tooLong_ = false;
+};
+
+// Until it has come to its end; false cancels.
+bool Wait(SchemaCheck& check, const std::function<bool()>& step) {
+    while (!check.WaitForEnd(kStep)) {
+        if (step && !step())
+            return false;
+    }
+    return true;
+}
+
 class ProcessSchemas : public Schemas {
 public:
     ProcessSchemas(QString program, const SchemaLimits& limits)
         : program_(std::move(program)), limits_(limits) {}
 
-    SchemaAnswer Check(const SchemaRequest& request, const std::function<bool()>& step) override {
+    std::unique_ptr<SchemaCheck> Begin(const SchemaRequest& request) override {
         const Task task = request.schema ? Task::CheckSchema : Task::CheckDocument;
-        QByteArray bytes;
-        const SchemaOutcome outcome = run(RequestFields(task, request, limits_), step, bytes);
-        Answer answer(bytes);
-        return outcome == SchemaOutcome::Checked ? ReadFaults(answer) : SchemaAnswer{outcome, {}, {}};
+        return std::make_unique<ProcessCheck>(Program(), RequestFields(task, request, limits_), limits_);
     }
 
     SampleAnswer MakeSample(const SchemaRequest& request, const SampleWish& wish,
@@ -123,17 +189,16 @@ public:
         Fields fields = RequestFields(Task::MakeSample, request, limits_);
         fields.add(qint64(wish.amount));
         fields.add(qint64(wish.seed));
-        const bool spaced = !wish.targetNamespace.isEmpty();
-        for (const QString& part : {wish.targetNamespace, wish.root, wish.encoding, wish.location,
-                                    spaced ? wish.targetNamespace : QString()})
+        for (const QString& part :
+             {wish.targetNamespace, wish.root, wish.encoding, wish.location, wish.targetNamespace})
             fields.add(Units(part));
-        QByteArray bytes;
+        ProcessCheck work(Program(), fields, limits_);
         SampleAnswer sample;
-        sample.outcome = run(fields, step, bytes);
+        sample.outcome = Wait(work, step) ? work.Outcome() : SchemaOutcome::Cancelled;
         if (sample.outcome != SchemaOutcome::Checked)
             return sample;
-        Answer answer(bytes);
-        sample.wanted = ReadFaults(answer).wanted;
+        Answer answer(work.Output());
+        sample.wanted = Read(answer).wanted;
         sample.text = answer.units();
         sample.remarks = answer.texts();
         sample.outcome = answer.good ? SchemaOutcome::Checked : SchemaOutcome::Failed;
@@ -146,57 +211,15 @@ public:
         fields.add(qint64(documents.size()));
         for (const text::LongText& document : documents)
             fields.add(Units(document));
-        QByteArray bytes;
-        const SchemaOutcome outcome = run(fields, step, bytes);
-        Answer answer(bytes);
-        return outcome == SchemaOutcome::Checked ? ReadFaults(answer) : SchemaAnswer{outcome, {}, {}};
+        ProcessCheck work(Program(), fields, limits_);
+        return Wait(work, step) ? work.TakeAnswer() : SchemaAnswer{SchemaOutcome::Cancelled, {}, {}};
     }
 
 private:
-    SchemaOutcome run(const Fields& request, const std::function<bool()>& step, QByteArray& answer) const {
-        QProcess process;
-        process.setStandardErrorFile(QProcess::nullDevice());
-        process.start(program(), {});
-        process.write(request.all());
-        process.closeWriteChannel();
-        if (const SchemaOutcome outcome = wait(process, step); outcome != SchemaOutcome::Checked) {
-            process.kill();
-            process.waitForFinished();
-            return outcome;
-        }
-        if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
-            return failureOf(process);
-        answer = process.readAllStandardOutput();
-        return SchemaOutcome::Checked;
-    }
-
-    QString program() const {
+    QString Program() const {
         return program_.isEmpty()
                    ? QCoreApplication::applicationDirPath() + QStringLiteral("/vantrel-schemas")
                    : program_;
-    }
-
-    // The program has bounds of its own; this one is for a machine that hardly lets it run.
-    SchemaOutcome wait(QProcess& process, const std::function<bool()>& step) const {
-        QElapsedTimer clock;
-        clock.start();
-        while (!process.waitForFinished(kStep)) {
-            if (process.state() == QProcess::NotRunning)
-                break;
-            if (step && !step())
-                return SchemaOutcome::Cancelled;
-            if (clock.elapsed() > qint64(limits_.seconds) * 4000)
-                return SchemaOutcome::TooLong;
-        }
-        return process.error() == QProcess::FailedToStart ? SchemaOutcome::Failed : SchemaOutcome::Checked;
-    }
-
-    // The system ends one that used up its time with a signal, and one that can't have a stack with another.
-    static SchemaOutcome failureOf(const QProcess& process) {
-        if (process.exitStatus() == QProcess::CrashExit &&
-            (process.exitCode() == SIGXCPU || process.exitCode() == SIGKILL))
-            return SchemaOutcome::TooLong;
-        return process.exitCode() == kOutOfMemory ? SchemaOutcome::TooLarge : SchemaOutcome::Failed;
     }
 
     QString program_;
@@ -204,6 +227,11 @@ private:
 };
 
 } // namespace
+
+SchemaAnswer Schemas::Check(const SchemaRequest& request, const std::function<bool()>& step) {
+    const std::unique_ptr<SchemaCheck> check = Begin(request);
+    return Wait(*check, step) ? check->TakeAnswer() : SchemaAnswer{SchemaOutcome::Cancelled, {}, {}};
+}
 
 std::unique_ptr<Schemas> MakeSchemas(const QString& program, const SchemaLimits& limits) {
     return std::make_unique<ProcessSchemas>(program, limits);

@@ -89,11 +89,11 @@ void OpenValidSample(DocumentWindow& window, services::SampleWish wish) {
     wish.encoding = app.options.Encoding;
     wish.location = LocationOf(window);
     const bool placed = mXMLEdit::GetAddressType(window.Caption) > 0;
-    services::SchemaRequest request{window.way->text(window), placed ? window.Caption : QString(), true,
-                                    FetchedBefore(app)};
+    services::SchemaRequest request{window.way->text(window), placed ? window.Caption : QString(), true, {}};
+    SchemaFetch fetch(app);
     services::SampleAnswer answer = Ask(app, request, wish);
-    while (FetchWanted(app, answer.wanted)) { // what is fetched may refer to more
-        request.fetched = FetchedBefore(app);
+    while (fetch.FetchAll(answer.wanted)) { // what is fetched may refer to more
+        request.fetched = fetch.found();
         answer = Ask(app, request, wish);
     }
     if (answer.outcome == SchemaOutcome::Cancelled)

@@ -76,8 +76,10 @@ bool Collector::Open(CompactView name, CompactView attributes) {
 
 // What is declared changes what names mean, and so what is known of them.
 void Collector::Declare(CompactView attributes) {
-    if (attributes.length < 6)
-        return;
+    const std::string_view bytes(reinterpret_cast<const char*>(attributes.data),
+                                 attributes.wide ? 0 : attributes.length);
+    if (!attributes.wide && bytes.find("xmlns") == std::string_view::npos)
+        return; // nearly all
     AttributeWalk walk(attributes);
     while (walk.next()) {
         if (!BeginsWith(walk.name(), "xmlns"))
