@@ -4,6 +4,7 @@
 #include "exchange/dialogs/ExchangeCommandTable.h"
 #include "nodes/NodeCommandTable.h"
 #include "schema/SchemaCommandTable.h"
+#include "schema/dialogs/MakeCommandTable.h"
 #include "shell/FrameCommands.h"
 #include "shell/RunCommand.h"
 #include "table/TableCommandTable.h"
@@ -72,6 +73,7 @@ Commands::Commands(FrameParts& frame) : frame_(frame) {
     AddCommands(exchange::ExchangeCommands());
     AddCommands(table::TableCommands());
     AddCommands(schema::SchemaCommands());
+    AddCommands(schema::MakeCommands());
     RefuseFormsWithoutCommand(Offers());
 }
 

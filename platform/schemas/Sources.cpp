@@ -89,12 +89,11 @@ std::string Sources::Resolve(const std::string& base, const std::string& locatio
 
 // Devices and pipes could keep a reader waiting for good.
 std::optional<std::string> Sources::Read(std::string& place, std::string& complaint) {
+    if (const auto found = fetched.find(place); found != fetched.end()) {
+        place = found->second.address;
+        return found->second.bytes;
+    }
     if (IsAddress(place)) {
-        const auto found = fetched.find(place);
-        if (found != fetched.end()) {
-            place = found->second.address;
-            return found->second.bytes;
-        }
         wanted.insert(place);
         complaint = "It is not fetched from the net without being allowed to.";
         return {};
