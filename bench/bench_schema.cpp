@@ -5,7 +5,10 @@
 #include "bench/Quiet.h"
 #include "core/edit/View.h"
 #include "schema/CheckSchema.h"
+#include "schema/CompactState.h"
 #include "schema/Diagnostics.h"
+#include "schema/InferSchema.h"
+#include "schema/SampleDocument.h"
 #include "schema/SchemaState.h"
 #include <algorithm>
 #include <vector>
@@ -21,6 +24,29 @@ void Select(DocumentWindow& window, controls::TreeNode node) {
     window.tvXML.NodeClick(node);
     window.tvXML.Click();
     window.app.frame().RefreshMenu();
+}
+
+void TimeInstance(DocumentWindow& window) {
+    controls::TreeView instance;
+    instance.ImageList = window.tvXML.ImageList;
+    std::printf("sample: %.1f ms, ",
+                bench::Milliseconds([&] { schema::TreeToCompactTree(window, instance, false); }));
+    std::printf("%d nodes\n", instance.Nodes.Count());
+    std::printf("show the compact view: %.1f ms\n",
+                bench::Milliseconds([&] { window.tbsXML.Select(QLatin1String(edit::kCompactTab)); }));
+    controls::TreeView& shown = schema::CompactOf(window).tvRes;
+    shown.GotFocus();
+    if (shown.StartLabelEdit())
+        std::printf("rename the root in it: %.1f ms\n",
+                    bench::Milliseconds([&] { shown.EndLabelEdit(shown.SelectedItem().Text() + u'_'); }));
+}
+
+void TimeInference(DocumentWindow& window) {
+    qsizetype length = 0;
+    std::printf("infer a schema: %.1f ms, ", bench::Milliseconds([&] {
+                    length = schema::GetTreeNodesXMLAndConvertToSchema(window.tvXML).size();
+                }));
+    std::printf("%lld characters\n", static_cast<long long>(length));
 }
 
 } // namespace
@@ -50,5 +76,9 @@ int main(int argc, char** argv) {
         std::printf("check: %.1f ms, the library alone %.1f ms, ratio %.2f; %d diagnostics\n", ours, alone,
                     ours / alone, schema::DiagnosticsOf(window).lvDiagnostics.Count());
     }
+    if (window.kind.schema)
+        TimeInstance(window);
+    else
+        TimeInference(window);
     return 0;
 }

@@ -5,6 +5,7 @@
 #include "nodes/ListView.h"
 #include "schema/CheckBeside.h"
 #include "schema/CheckSchema.h"
+#include "schema/CompactView.h"
 #include "schema/Diagnostics.h"
 #include "schema/SchemaCommandTable.h"
 #include "schema/SchemaTree.h"

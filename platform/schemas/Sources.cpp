@@ -91,15 +91,14 @@ std::string Sources::Resolve(const std::string& base, const std::string& locatio
 
 // Devices and pipes could keep a reader waiting for good.
 std::optional<std::string> Sources::Read(std::string& place, std::string& complaint) {
+    if (const auto found = fetched.find(place); found != fetched.end()) {
+        complaint = found->second.complaint;
+        if (!complaint.empty())
+            return {};
+        place = found->second.address;
+        return found->second.bytes;
+    }
     if (IsAddress(place)) {
-        const auto found = fetched.find(place);
-        if (found != fetched.end()) {
-            complaint = found->second.complaint;
-            if (!complaint.empty())
-                return {};
-            place = found->second.address;
-            return found->second.bytes;
-        }
         const bool web = !StartsWith(place, "ftp:");
         if (web)
             wanted.insert(place);

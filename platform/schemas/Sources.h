@@ -18,7 +18,7 @@ struct Fetched {
 /// Nothing is fetched here.
 class Sources {
 public:
-    std::map<std::string, Fetched> fetched; ///< by the address that was asked for
+    std::map<std::string, Fetched> fetched; ///< by the address, or the place, that was asked for
 
     /// Where a location leads that stands in the document at `base`: an address, or a path without "." and
     /// "..". Empty where a relative location stands in a document without a place.

@@ -13,6 +13,9 @@ constexpr int kStep = 100;             // milliseconds
 constexpr int kOutOfMemory = 3;        // the exit code
 constexpr int kMissing = 1, kNote = 2; // what a finding is, if it is no fault
 
+/// What is asked of the program, by its number in the request.
+enum class Task { CheckDocument = 0, CheckSchema = 1, MakeSample = 2, CheckDocuments = 3 };
+
 // Fields, each the number of its bytes, a line feed, and the bytes.
 class Fields {
 public:
@@ -38,13 +41,17 @@ public:
         return bytes_.mid(line + 1, size);
     }
     QString text() { return QString::fromUtf8(next()); }
-    int number() { return next().toInt(); }
+    QString units() {
+        const QByteArray all = next();
+        return QString(reinterpret_cast<const QChar*>(all.data()), all.size() / 2);
+    }
     QStringList texts() {
         QStringList all;
         for (int left = number(); left > 0 && good; --left)
             all << text();
         return all;
     }
+    int number() { return next().toInt(); }
     bool good = true;
 
 private:
@@ -64,11 +71,15 @@ QByteArray Units(const text::LongText& text) {
     return bytes;
 }
 
-QByteArray RequestBytes(const SchemaRequest& request, const SchemaLimits& limits) {
+QByteArray Units(const QString& text) {
+    return {reinterpret_cast<const char*>(text.utf16()), text.size() * 2};
+}
+
+Fields RequestFields(Task task, const SchemaRequest& request, const SchemaLimits& limits) {
     Fields fields;
     fields.add(qint64(limits.seconds));
     fields.add(limits.bytes);
-    fields.add(qint64(request.schema ? 1 : 0));
+    fields.add(qint64(task));
     fields.add(request.place);
     fields.add(Units(request.text));
     fields.add(qint64(request.fetched.size()));
@@ -78,11 +89,10 @@ QByteArray RequestBytes(const SchemaRequest& request, const SchemaLimits& limits
         fields.add(found.bytes);
         fields.add(found.complaint);
     }
-    return fields.all();
+    return fields;
 }
 
-SchemaAnswer Read(const QByteArray& bytes) {
-    Answer answer(bytes);
+SchemaAnswer Read(Answer& answer) {
     SchemaAnswer result;
     for (int left = answer.number(); left > 0 && answer.good; --left) {
         SchemaFault fault;
@@ -103,12 +113,12 @@ SchemaAnswer Read(const QByteArray& bytes) {
 
 class ProcessCheck : public SchemaCheck {
 public:
-    ProcessCheck(const QString& program, const SchemaRequest& request, const SchemaLimits& limits)
+    ProcessCheck(const QString& program, const Fields& request, const SchemaLimits& limits)
         : most_(qint64(limits.seconds) * 4000) {
         clock_.start();
         process_.setStandardErrorFile(QProcess::nullDevice());
         process_.start(program, {});
-        process_.write(RequestBytes(request, limits));
+        process_.write(request.all());
         process_.closeWriteChannel();
     }
     ~ProcessCheck() override { End(); }
@@ -124,12 +134,18 @@ public:
     }
 
     SchemaAnswer TakeAnswer() override {
+        Answer answer(process_.readAllStandardOutput());
+        const SchemaOutcome outcome = Outcome();
+        return outcome == SchemaOutcome::Checked ? Read(answer) : SchemaAnswer{outcome, {}, {}, {}};
+    }
+    QByteArray Output() { return process_.readAllStandardOutput(); }
+    /// Checked: the program has said all.
+    SchemaOutcome Outcome() const {
         if (tooLong_)
-            return {SchemaOutcome::TooLong, {}, {}, {}};
-        if (process_.error() != QProcess::FailedToStart && process_.exitStatus() == QProcess::NormalExit &&
-            process_.exitCode() == 0)
-            return Read(process_.readAllStandardOutput());
-        return {Failure(), {}, {}, {}};
+            return SchemaOutcome::TooLong;
+        const bool good = process_.error() != QProcess::FailedToStart &&
+                          process_.exitStatus() == QProcess::NormalExit && process_.exitCode() == 0;
+        return good ? SchemaOutcome::Checked : Failure();
     }
 
 private:
@@ -154,17 +170,63 @@ private:
     bool tooLong_ = false;
 };
 
+// Until it has come to its end; false cancels.
+bool Wait(SchemaCheck& check, const std::function<bool()>& step) {
+    while (!check.WaitForEnd(kStep)) {
+        if (step && !step())
+            return false;
+    }
+    return true;
+}
+
 class ProcessSchemas : public Schemas {
 public:
     ProcessSchemas(QString program, const SchemaLimits& limits)
         : program_(std::move(program)), limits_(limits) {}
 
     std::unique_ptr<SchemaCheck> Begin(const SchemaRequest& request) override {
-        const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/vantrel-schemas");
-        return std::make_unique<ProcessCheck>(program_.isEmpty() ? beside : program_, request, limits_);
+        const Task task = request.schema ? Task::CheckSchema : Task::CheckDocument;
+        return std::make_unique<ProcessCheck>(Program(), RequestFields(task, request, limits_), limits_);
+    }
+
+    SampleAnswer MakeSample(const SchemaRequest& request, const SampleWish& wish,
+                            const std::function<bool()>& step) override {
+        Fields fields = RequestFields(Task::MakeSample, request, limits_);
+        fields.add(qint64(wish.amount));
+        fields.add(qint64(wish.seed));
+        for (const QString& part :
+             {wish.targetNamespace, wish.root, wish.encoding, wish.location, wish.targetNamespace})
+            fields.add(Units(part));
+        ProcessCheck work(Program(), fields, limits_);
+        SampleAnswer sample;
+        sample.outcome = Wait(work, step) ? work.Outcome() : SchemaOutcome::Cancelled;
+        if (sample.outcome != SchemaOutcome::Checked)
+            return sample;
+        Answer answer(work.Output());
+        sample.wanted = Read(answer).wanted;
+        sample.text = answer.units();
+        sample.remarks = answer.texts();
+        sample.outcome = answer.good ? SchemaOutcome::Checked : SchemaOutcome::Failed;
+        return sample;
+    }
+
+    SchemaAnswer CheckBy(const SchemaRequest& request, const std::vector<text::LongText>& documents,
+                         const std::function<bool()>& step) override {
+        Fields fields = RequestFields(Task::CheckDocuments, request, limits_);
+        fields.add(qint64(documents.size()));
+        for (const text::LongText& document : documents)
+            fields.add(Units(document));
+        ProcessCheck work(Program(), fields, limits_);
+        return Wait(work, step) ? work.TakeAnswer() : SchemaAnswer{SchemaOutcome::Cancelled, {}, {}, {}};
     }
 
 private:
+    QString Program() const {
+        return program_.isEmpty()
+                   ? QCoreApplication::applicationDirPath() + QStringLiteral("/vantrel-schemas")
+                   : program_;
+    }
+
     QString program_;
     SchemaLimits limits_;
 };
@@ -173,11 +235,7 @@ private:
 
 SchemaAnswer Schemas::Check(const SchemaRequest& request, const std::function<bool()>& step) {
     const std::unique_ptr<SchemaCheck> check = Begin(request);
-    while (!check->WaitForEnd(kStep)) {
-        if (step && !step())
-            return {SchemaOutcome::Cancelled, {}, {}, {}};
-    }
-    return check->TakeAnswer();
+    return Wait(*check, step) ? check->TakeAnswer() : SchemaAnswer{SchemaOutcome::Cancelled, {}, {}, {}};
 }
 
 std::unique_ptr<Schemas> MakeSchemas(const QString& program, const SchemaLimits& limits) {

@@ -44,6 +44,25 @@ struct SchemaAnswer {
     QStringList read;                ///< files that were looked at beside the text
 };
 
+enum class SampleAmount { Minimal, Typical, All };
+
+/// What a sample of a schema is to be.
+struct SampleWish {
+    SampleAmount amount = SampleAmount::Typical;
+    int seed = 0;            ///< not below 0; another one makes another sample
+    QString root;            ///< local name of its root element; empty: as the schema suggests
+    QString targetNamespace; ///< of the schema, and so of the root
+    QString encoding;        ///< that its declaration names
+    QString location;        ///< of the schema, as the sample is to name it
+};
+
+struct SampleAnswer {
+    SchemaOutcome outcome = SchemaOutcome::Failed;
+    QString text;        ///< a sample that the check accepts; empty where there is none
+    QStringList remarks; ///< why there is none, or why it isn't quite the one that was wished for
+    QStringList wanted;  ///< as of a check
+};
+
 /// A check that goes on beside the program's other work. Destroyed, it is given up.
 class SchemaCheck {
 public:
@@ -62,6 +81,13 @@ public:
     virtual std::unique_ptr<SchemaCheck> Begin(const SchemaRequest& request) = 0;
     /// The same to its end. `step` is called about ten times a second; false cancels.
     SchemaAnswer Check(const SchemaRequest& request, const std::function<bool()>& step);
+    /// Makes a document by a schema.
+    virtual SampleAnswer MakeSample(const SchemaRequest& request, const SampleWish& wish,
+                                    const std::function<bool()>& step) = 0;
+    /// Checks documents by a schema, whatever they name themselves. What the schema refers to is looked for
+    /// among the fetched documents first, by its place.
+    virtual SchemaAnswer CheckBy(const SchemaRequest& request, const std::vector<text::LongText>& documents,
+                                 const std::function<bool()>& step) = 0;
 };
 
 /// The bounds of one check.
