@@ -39,7 +39,17 @@ QString WideNote(qsizetype line) {
 }
 
 QString NotInEncoding(const QString& label) {
-    return QStringLiteral("The bytes of the file aren't in the encoding \"%1\".").arg(label);
+    return (text::KnowsEncoding(label)
+                ? QStringLiteral("The bytes of the file aren't in the encoding \"%1\".")
+                : QStringLiteral("No encoding is called \"%1\"."))
+        .arg(label);
+}
+
+// The beginning of a file in the encoding of a label, empty for the one that is found, which always fits.
+std::optional<text::Decoded> ReadFront(const QByteArray& front, bool complete, const QString& label) {
+    if (label.isEmpty())
+        return complete ? text::Decode(front) : DecodeFront(front);
+    return complete ? text::DecodeAs(front, label) : DecodeFrontAs(front, label);
 }
 
 } // namespace
@@ -51,6 +61,7 @@ frmImportTxt::frmImportTxt(Application& app) : app_(app) {
     delimiter.changed.connect([this] { LoadTextToThisForm(); });
     cmbQualifier.Click.connect([this] { LoadTextToThisForm(); });
     cmbEnc.Click.connect([this] { cmbEnc_Click(); });
+    cmbEnc.Change.connect([this] { cmbEnc_Change(); });
     OKButton.Click.connect([this] { OKButton_Click(); });
     CancelButton.Click.connect([this] { CancelButton_Click(); });
 }
@@ -97,38 +108,66 @@ void frmImportTxt::ReadBeginning(const QString& name) {
         return;
     }
     const bool complete = front.size() >= size;
-    text::Decoded read = text::Decode(complete ? front : WholeLines(front));
-    if (LooksBinary(read.text) && !MayOpenBinary(name))
+    // An encoding that was chosen before there was a file is meant for it.
+    const QString wanted = file_.isEmpty() ? encoding_ : QString();
+    std::optional<text::Decoded> read = ReadFront(front, complete, wanted);
+    const bool fits = read.has_value();
+    if (!fits)
+        read = ReadFront(front, complete, {});
+    if (LooksBinary(read->text) && !MayOpenBinary(name))
         return;
     file_ = name;
     complete_ = complete;
-    front_ = complete ? front : WholeLines(front);
-    encoding_.clear();
-    sample_ = std::move(read);
+    front_ = front;
+    encoding_ = fits ? wanted : QString();
+    refusal_.clear();
+    sample_ = *std::move(read);
     lblFile.SetCaption(name);
-    ShowEncoding(sample_.form.encoding);
+    ShowEncoding();
     LoadTextToThisForm();
+    if (!fits)
+        Tell(NotInEncoding(wanted));
 }
 
-// One that isn't among the usual ones stands in front of them.
-void frmImportTxt::ShowEncoding(const QString& label) {
+// The one that the file is read in. One that isn't among the usual ones stands in front of them.
+void frmImportTxt::ShowEncoding() {
+    const QString label = encoding_.isEmpty() ? sample_.form.encoding : encoding_;
     if (!cmbEnc.Items().contains(label))
         cmbEnc.AddItem(label, 0);
     mXMLEdit::FindEncoding(label, cmbEnc);
 }
 
-void frmImportTxt::cmbEnc_Click() {
-    if (file_.isEmpty())
-        return;
-    const QString label = cmbEnc.Text();
-    if (std::optional<text::Decoded> read = text::DecodeAs(front_, label)) {
+// False where the file isn't in it. An empty label stands for what is found in the file.
+bool frmImportTxt::TakeEncoding(const QString& label) {
+    if (file_.isEmpty()) {
+        encoding_ = label; // until there is a file to read
+        return true;
+    }
+    std::optional<text::Decoded> read = ReadFront(front_, complete_, label);
+    refusal_.clear();
+    if (read) {
         encoding_ = label;
         sample_ = *std::move(read);
-        LoadTextToThisForm();
-        return;
     }
-    ShowEncoding(encoding_.isEmpty() ? sample_.form.encoding : encoding_);
-    Tell(NotInEncoding(label));
+    return read.has_value();
+}
+
+void frmImportTxt::cmbEnc_Click() {
+    const QString label = cmbEnc.Text();
+    const bool taken = TakeEncoding(label);
+    if (!taken)
+        ShowEncoding(); // the one before stays
+    LoadTextToThisForm();
+    if (!taken)
+        Tell(NotInEncoding(label));
+}
+
+// While a name is being typed no box comes: the note tells whether it is one.
+void frmImportTxt::cmbEnc_Change() {
+    const QString label = text::Trim(cmbEnc.Text());
+    if (!TakeEncoding(label))
+        refusal_ = NotInEncoding(label);
+    LoadTextToThisForm();
 }
 
 // --- the sample --------------------------------------------------------------------------------------------
@@ -169,6 +208,8 @@ void frmImportTxt::FillData(TextSample sample) {
 QStringList frmImportTxt::Notes(const TextSample& sample) const {
     QStringList notes;
     const TextOptions options = Options();
+    if (!refusal_.isEmpty())
+        notes << refusal_;
     if (sample.tooWide)
         notes << WideNote(0);
     else if (sample.rows.empty())
@@ -203,7 +244,7 @@ std::optional<text::Decoded> frmImportTxt::ReadWhole(edit::Waiting& waiting) {
 // What the sample couldn't show, since it stands further down in the file.
 bool frmImportTxt::MayGoOn(const text::Decoded& whole, edit::Waiting& waiting) {
     QStringList news;
-    if (encoding_.isEmpty() && whole.warning != sample_.warning)
+    if (encoding_.isEmpty() && !whole.warning.isEmpty() && whole.warning != sample_.warning)
         news << whole.warning;
     if (!Options().repair && MixesLineEnds(whole.form.lineEnds) && !MixesLineEnds(sample_.form.lineEnds))
         news << MixedNote();
@@ -218,6 +259,8 @@ bool frmImportTxt::MayGoOn(const text::Decoded& whole, edit::Waiting& waiting) {
 bool frmImportTxt::Make(FetchedText& fetched) {
     if (file_.isEmpty())
         return Tell(QStringLiteral("No text file is chosen."));
+    if (!refusal_.isEmpty())
+        return Tell(refusal_);
     auto waiting = std::make_shared<edit::Waiting>(app_, file_);
     std::optional<text::Decoded> whole = ReadWhole(*waiting);
     if (!whole || !MayGoOn(*whole, *waiting))

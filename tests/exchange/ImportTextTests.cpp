@@ -256,13 +256,8 @@ TEST_F(ImportText, EveryEncodingOfDocumentsIsRead) {
         t.prompts.AllowAnyBox();
         Import(text::Encode(line, form).bytes, [label = label](exchange::frmImportTxt& dialog) {
             Attributes(dialog);
-            const auto index = dialog.cmbEnc.Items().indexOf(QLatin1String(label));
-            if (index < 0) { // not on offer, but any name can be that of a file
-                dialog.cmbEnc.AddItem(QLatin1String(label));
-                dialog.cmbEnc.UserChose(static_cast<int>(dialog.cmbEnc.Items().size()) - 1);
-            } else {
-                dialog.cmbEnc.UserChose(static_cast<int>(index));
-            }
+            for (int typed = 1; typed <= QByteArrayView(label).size(); ++typed) // no box for each letter
+                dialog.cmbEnc.UserTyped(QLatin1String(label, typed));
             EXPECT_EQ(dialog.lblNote.Caption().toStdString(), "") << label;
         });
         EXPECT_EQ(Rows(), "<row field1=\"" + std::string(word) + "\" field2=\"1\" />") << label;
@@ -284,6 +279,65 @@ TEST_F(ImportText, ALargeFileOfOneLineIsReadInAnyEncoding) {
             EXPECT_EQ(t.window().rtxtXML.Text().count(u'\xD83D'), 1100000) << label;
         }
     }
+}
+
+// Only the encoding tells where the beginning that is shown may end.
+TEST_F(ImportText, TheEncodingOfALargeFileCanBeChanged) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {{"UTF-16LE", "x", "酒,赤\n"},
+                                                                       {"GB2312", "", "酒"},
+                                                                       {"GB2312", "x", "酒"},
+                                                                       {"EUC-KR", "x", "한,국\n"}};
+    for (const auto& [label, front, unit] : cases) {
+        const auto encoding = QByteArray(label) == "UTF-16LE" ? QByteArray("UTF-16LE") : QByteArray(label);
+        QProcess iconv; // an encoder that writes no mark
+        iconv.start(QStringLiteral("iconv"), {QStringLiteral("-f"), QStringLiteral("UTF-8"),
+                                              QStringLiteral("-t"), QLatin1String(encoding)});
+        iconv.write(front + QByteArray(unit).repeated(1'500'000));
+        iconv.closeWriteChannel();
+        ASSERT_TRUE(iconv.waitForFinished(60000));
+        t.prompts.AllowAnyBox(Answer::Yes);
+        const bool lines = QByteArray(unit).contains('\n');
+        EXPECT_EQ(
+            Import(iconv.readAllStandardOutput(),
+                   [&, name = label, first = QString::fromUtf8(front) + QString::fromUtf8(unit).left(1)](
+                       exchange::frmImportTxt& form) {
+                       Attributes(form);
+                       form.cmbEnc.UserTyped(QLatin1String(name));
+                       EXPECT_EQ(form.lblNote.Caption().toStdString(), "") << name;
+                       EXPECT_TRUE(form.grdSample.TextMatrix(0, 0).startsWith(first)) << name;
+                       EXPECT_EQ(form.grdSample.Cols(), lines ? 2 : 1);
+                   }),
+            1);
+        EXPECT_EQ(t.window().rtxtXML.Text().count(QString::fromUtf8(unit).left(1)), 1'500'000) << label;
+    }
+}
+
+TEST_F(ImportText, AnEncodingIsChosenBeforeTheFileAndRefusedWhereItDoesNotFit) {
+    const QString gb2312 = t.folder.Write(QStringLiteral("gb.csv"), "\xBE\xC6,1\n"); // 酒
+    test::InDialog<exchange::frmImportTxt>(
+        t, t.frame().exchangeDialogs.importTxtShown, "mnuTImpText", [&](exchange::frmImportTxt& form) {
+            t.prompts.Choose(gb2312);
+            form.cmbEnc.UserTyped(QStringLiteral("GB2312"));
+            form.cmdOpenFile.Click();
+            EXPECT_EQ(form.cmbEnc.Text(), QStringLiteral("GB2312"));
+            EXPECT_EQ(form.grdSample.TextMatrix(0, 0), QStringLiteral("酒"));
+            form.cmbEnc.UserTyped(QStringLiteral("no such"));
+            EXPECT_EQ(form.lblNote.Caption(), QStringLiteral("No encoding is called \"no such\"."));
+            t.prompts.Answer({Answer::Ok, Answer::Ok});
+            form.OKButton.Click();
+            form.cmbEnc.UserTyped(QStringLiteral("utf-8"));
+            form.OKButton.Click();
+            EXPECT_EQ(t.prompts.Texts().last(),
+                      QStringLiteral("The bytes of the file aren't in the encoding \"utf-8\"."));
+            form.cmbEnc.UserTyped({});
+            EXPECT_TRUE(form.lblNote.Caption().startsWith(QStringLiteral("The file names no encoding")))
+                << form.lblNote.Caption().toStdString();
+        });
+    EXPECT_EQ(t.frame().FormCount(), 0);
+    // NULs in front make it look like UTF-16.
+    t.prompts.Answer(Answer::Yes);
+    EXPECT_EQ(Import(QByteArray("a\0", 2) + QByteArray("赤,x\n").repeated(900'000), Attributes), 1);
+    EXPECT_EQ(t.prompts.boxes.size(), 3u) << "no box without a text";
 }
 
 TEST_F(ImportText, AFileThatIsNoTextIsOpenedOnlyWithConsent) {
@@ -378,7 +432,31 @@ TEST_F(ImportText, VeryWideAndVeryLongLinesComeWhole) {
         EXPECT_TRUE(
             t.prompts.boxes.back().text.startsWith(QStringLiteral("Line 2 has more than 100000 fields")));
     }
+    // Equal and empty names by the ten thousand.
+    for (const char* name : {"a,", ","}) {
+        EXPECT_EQ(Import(QByteArray(name).repeated(20'000) + "a\n1,2\n",
+                         [](exchange::frmImportTxt& form) {
+                             Repaired(form);
+                             EXPECT_TRUE(form.lblNote.Caption().startsWith(
+                                 QStringLiteral("A row has more than 10000 attributes")));
+                             form.chkUseAttr.UserSet(false);
+                             EXPECT_EQ(form.lblNote.Caption().toStdString(), "");
+                         }),
+                  1);
+        const QString row = t.window().rtxtXML.Text();
+        const QString last = *name == 'a' ? QStringLiteral("a_20000") : QStringLiteral("field20000");
+        EXPECT_TRUE(row.contains(QStringLiteral("<%1></%1>").arg(last))) << name;
+    }
     const QByteArray line(6 << 20, 'x');
+    for (const bool repaired : {false, true})
+        Import("!" + line + "\n1\n", [&](exchange::frmImportTxt& form) {
+            Both(form);
+            form.chkRepair.UserSet(repaired);
+            EXPECT_LT(form.lblNote.Caption().size(), 200);
+            EXPECT_EQ(form.lblNote.Caption().isEmpty(), repaired) << form.lblNote.Caption().toStdString();
+            form.chkFirst.UserSet(repaired);
+        });
+    EXPECT_EQ(t.window().tvXML.Nodes(1).Child().Children(), 1) << "the repaired one";
     Import(line, [](exchange::frmImportTxt& form) { EXPECT_EQ(form.grdSample.Rows(), 1); });
     EXPECT_EQ(t.window().rtxtXML.Text().count(u'x'), line.size());
 }
