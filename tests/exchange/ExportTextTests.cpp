@@ -210,4 +210,17 @@ TEST_F(ExportText, AFullDiskIsToldAndLeavesNoFileAndCancelTheOldOne) {
     EXPECT_EQ(t.folder.Read(QStringLiteral("old.txt")), "kept");
 }
 
+TEST_F(ExportText, TextsWithoutCellsCanBeCancelled) {
+    t.OpenText(QStringLiteral("rows.xml"), "<a>" + QByteArray("<b><c>x</c></b>").repeated(9000) + "</a>");
+    t.prompts.Choose(t.folder.Path(QStringLiteral("none.txt")));
+    t.progress.cancelAtStep = t.progress.steps + 12; // among the texts, behind the names
+    EXPECT_EQ(InExport([](frmExportTxt& form) {
+                  form.chkUseAttr.UserSet(false);
+                  form.chkFirst.UserSet(true);
+                  form.OKButton.Click();
+              }),
+              0);
+    EXPECT_FALSE(t.folder.Has(QStringLiteral("none.txt")));
+}
+
 } // namespace
