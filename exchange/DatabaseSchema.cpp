@@ -15,11 +15,9 @@ const QString kEnd = QStringLiteral("\r\n");
 
 /// Drivers tell a size for texts of any length, too: as these say, their own limit for them.
 bool HasLength(const DatabaseColumn& column) {
-    constexpr qint64 kUntold = 255, kEndless = 1 << 30;
+    constexpr qint64 kEndless = 1 << 30;
     const int type = DataTypeOf(column);
-    const bool told = column.size != kUntold || column.typeName.contains(u'(');
-    return column.size > 0 && column.size < kEndless && told && type != adLongVarChar &&
-           type != adLongVarWChar;
+    return column.size > 0 && column.size < kEndless && type != adLongVarChar && type != adLongVarWChar;
 }
 
 QString StringColumn(const DatabaseColumn& column, const QString& kind, const QString& indent, bool repair) {
@@ -96,10 +94,11 @@ QString GetADOXColSchemaString(Application& app, const DatabaseColumn& column, c
            QStringLiteral("\" type=\"") + QLatin1String(form.name) + QStringLiteral("\"/>\r\n");
 }
 
-MadeSchema SchemaOf(Application& app, services::Database& database, const SchemaOptions& options) {
+MadeSchema SchemaOf(Application& app, services::Database& database, const SchemaOptions& options,
+                    const edit::WaitStep& step) {
     MadeSchema made;
     std::vector<TableShape> shapes;
-    made.result = ReadShapes(app, database, options.repair, shapes);
+    made.result = ReadShapes(app, database, options.repair, step, shapes);
     QString root;
     if (options.repair)
         root = MakeNamesValid(app, shapes);

@@ -82,15 +82,21 @@ MadeRows RowsOf(Application& app, const RowsQuery& query, const edit::WaitStep& 
     if (!database)
         return made;
     // What the statement changes doesn't last (quirk 105).
-    const bool guarded = static_cast<bool>(database->BeginTransaction());
-    if (!guarded && !OnlyReads(query.sql)) {
-        made.result = Refused(QStringLiteral("The database has no transactions: what this statement changes "
-                                             "would last. Only a statement that reads can run."));
+    const bool guarded = database->HasTransactions();
+    const bool allGoesBack = guarded && database->TakesTablesBack();
+    if (!allGoesBack && !OnlyReads(query.sql)) {
+        made.result =
+            Refused(QStringLiteral("This database does not take everything back: what the statement "
+                                   "changes could last. Only a statement that reads can run."));
         return made;
     }
+    if (guarded)
+        made.result = database->BeginTransaction();
+    if (!made.result)
+        return made;
     Read(app, *database, query, step, made);
     if (guarded)
-        made.takenBack = static_cast<bool>(database->Rollback()) && database->TakesTablesBack();
+        made.takenBack = static_cast<bool>(database->Rollback()) && allGoesBack;
     return made;
 }
 

@@ -29,8 +29,8 @@ struct MadeRows {
 };
 
 /// Runs the statement and writes its rows. It only reads: what the statement changes is taken back. One that
-/// would end the transaction is refused before it runs, and without transactions any that may change data.
-/// `step` is asked all the time.
+/// would end the transaction is refused before it runs, and any that may change data where the database has
+/// no transactions or doesn't take all back with them. `step` is asked all the time.
 MadeRows RowsOf(Application& app, const RowsQuery& query, const edit::WaitStep& step);
 
 } // namespace exchange

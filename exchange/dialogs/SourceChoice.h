@@ -39,7 +39,6 @@ private:
 
     Application& app_;
     QString connection_;
-    QString tried_; ///< the last path of an Access file
 };
 
 } // namespace exchange

@@ -41,7 +41,8 @@ MadeSchema frmCreateDBSchema::ReadSchema() {
     MadeSchema made;
     const auto database = OpenDatabase(app_, source.ConnectionString(), waiting.Step(0, 0), made.result);
     if (database)
-        made = SchemaOf(app_, *database, {chkAttr.Value() == 1, chkRepair.Value() == 1});
+        made =
+            SchemaOf(app_, *database, {chkAttr.Value() == 1, chkRepair.Value() == 1}, waiting.Step(0, 1000));
     if (made.result.failure == services::DatabaseFailure::Cancelled)
         made.text.clear();
     return made;

@@ -5,6 +5,7 @@
 #include "exchange/Levels.h"
 #include "exchange/OpenDatabase.h"
 #include "table/TableState.h"
+#include <algorithm>
 #include <utility>
 
 namespace exchange {
@@ -119,9 +120,13 @@ void frmExportDB::Propose() {
 void frmExportDB::TellTaken() {
     QStringList notes;
     for (const Grid& grid : grids_) {
-        const QString name = grid.table.data.name;
-        if (list_.names.contains(name, Qt::CaseInsensitive))
-            notes << QStringLiteral("The database has a table \"%1\" already.").arg(name);
+        // As the database spells it: some tell cases apart and some don't.
+        const auto same = [&](const QString& name) {
+            return name.compare(grid.table.data.name, Qt::CaseInsensitive) == 0;
+        };
+        const auto taken = std::find_if(list_.names.begin(), list_.names.end(), same);
+        if (taken != list_.names.end())
+            notes << QStringLiteral("The database has a table \"%1\" already.").arg(*taken);
     }
     lblNote.SetCaption(notes.join(u'\n'));
 }

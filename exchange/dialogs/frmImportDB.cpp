@@ -5,6 +5,7 @@
 #include "exchange/OpenDatabase.h"
 #include "exchange/OpenMade.h"
 #include "exchange/dialogs/TableList.h"
+#include "platform/text/TextFile.h"
 #include "platform/text/TextTools.h"
 
 namespace exchange {
@@ -84,7 +85,7 @@ MadeRows frmImportDB::GetResXML(qsizetype most, edit::Waiting& waiting) {
     RowsQuery query;
     query.connection = source.ConnectionString();
     query.sql = txtSQL.Text();
-    query.encoding = cmbEnc.Text();
+    query.encoding = text::Trim(cmbEnc.Text());
     query.filling = chkAttr.Value() == 1 ? Filling::Attributes : Filling::Elements;
     query.repair = chkRepair.Value() == 1;
     query.most = most;
@@ -93,6 +94,8 @@ MadeRows frmImportDB::GetResXML(qsizetype most, edit::Waiting& waiting) {
         lblNote.SetCaption(QStringLiteral("No data source is chosen."));
     else if (text::Trim(query.sql).isEmpty())
         lblNote.SetCaption(QStringLiteral("There is no statement."));
+    else if (!text::KnowsEncoding(query.encoding))
+        lblNote.SetCaption(QStringLiteral("No encoding is called \"%1\".").arg(query.encoding));
     else
         ShowNotes(made = RowsOf(app_, query, waiting.Step(0, kMade)));
     return made;

@@ -89,10 +89,10 @@ TEST_F(ImportDatabase, StatementsThatFailOrChangeSayWhatHappenedAndChangeNothing
             {"selekt", "syntax error"},
             {"delete from \"my table\"", "Nothing was changed"},
             {"drop table \"my table\"", "Nothing was changed"},
-            {"delete from \"my table\"; commit", ""},
-            {"/* x */ COMMIT; delete from \"my table\"", ""},
-            {"end", ""},
-            {"  ", ""},
+            {"delete from \"my table\"; commit", "has the word \"commit\""},
+            {"/* x */ COMMIT; delete from \"my table\"", "has the word \"commit\""},
+            {"end", "has the word \"end\""},
+            {"  ", "There is no statement."},
         };
         for (const auto& [sql, note] : cases) {
             form.txtSQL.UserTyped(QLatin1String(sql));
@@ -178,8 +178,15 @@ TEST_F(ImportDatabase, AnAccessFileIsImportedAndDescribed) {
         file.Run("create table other(a)");
         MakeSource(form.source, QStringLiteral("stock"));
         EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from other"));
+        form.source.txtDS.KeyUp(Qt::Key_Left, 0); // its file is meant now, and its tables
+        EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from \"DateTest\""));
+        test::ChooseSource(form.source, "stock");
         form.source.optAccess.UserChose();
         EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from \"DateTest\""));
+        form.txtSQL.UserTyped(QStringLiteral("select  * from \"DateTest\""));
+        form.source.txtDS.KeyUp(Qt::Key_Left, 0);
+        EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select  * from \"DateTest\""))
+            << "nothing new is meant";
         form.chkAttr.UserSet(true);
         form.OKButton.Click();
     });
@@ -263,6 +270,21 @@ TEST_F(ImportDatabase, TheBoxMakesASchemaThatJudgesTheRows) {
         EXPECT_NE(judged(rows).find(word), std::string::npos) << rows << "\n" << judged(rows);
 }
 
+TEST_F(ImportDatabase, ASchemaOfManyTablesCanBeCancelled) {
+    QByteArray tables;
+    for (int i = 0; i < 300; ++i)
+        tables += "create table t" + QByteArray::number(i) + "(a integer);";
+    file.Run(tables.constData());
+    InSchema([&](exchange::frmCreateDBSchema& form) {
+        MakeSource(form.source, QStringLiteral("stock"));
+        t.progress.cancelAtStep = t.progress.steps + 100;
+        t.prompts.Answer(Answer::Ok);
+        form.cmdPre.Click();
+        EXPECT_EQ(form.lblNote.Caption(), QStringLiteral("Cancelled."));
+        EXPECT_EQ(form.txtSample.Text(), QString());
+    });
+}
+
 TEST_F(ImportDatabase, AnEmptyDatabaseGivesASchemaOfItsRootAlone) {
     InSchema([&](exchange::frmCreateDBSchema& form) {
         MakeSource(form.source, QStringLiteral("stock"));
@@ -277,10 +299,12 @@ TEST_F(ImportDatabase, ASourceIsReplacedAndAFileMadeOnlyWithConsent) {
     const QString fresh = t.folder.Path(QStringLiteral("fresh.db"));
     InSchema([&](exchange::frmCreateDBSchema& form) {
         MakeSource(form.source, QStringLiteral("stock"));
-        t.prompts.Answer({Answer::No, Answer::No, Answer::No, Answer::Yes});
+        t.prompts.Answer({Answer::Ok, Answer::No, Answer::No, Answer::No, Answer::Yes});
         form.source.newDSNShown.disconnectAll();
         form.source.newDSNShown.connect([&](exchange::frmNewDSN& dialog) {
             dialog.txtName.UserTyped(QStringLiteral("stock"));
+            dialog.OKButton.Click();
+            EXPECT_TRUE(t.prompts.Texts().last().endsWith(QStringLiteral("needs a file.")));
             dialog.txtDatabase.UserTyped(file.Path());
             dialog.OKButton.Click();
             EXPECT_FALSE(t.prompts.Texts().last().contains(QStringLiteral("another driver")));
