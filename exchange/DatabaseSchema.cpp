@@ -66,7 +66,7 @@ QString ComplaintOf(Application& app, const std::vector<TableShape>& shapes, con
     if (const QString bad = FirstBadName(app, names); !bad.isNull())
         complaints << QStringLiteral("The name \"%1\" is no name in XML.").arg(bad);
     if (schema.contains(QStringLiteral("<xsd:maxLength value=\" ")))
-        complaints << QStringLiteral("The lengths begin with a blank.");
+        complaints << QStringLiteral("The lengths of texts (maxLength) begin with a blank.");
     if (!complaints.isEmpty())
         complaints << QStringLiteral("A check will refuse the schema; the box for valid names mends that.");
     return complaints.join(u' ');

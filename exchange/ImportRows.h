@@ -25,6 +25,7 @@ struct MadeRows {
     bool cut = false;       ///< there are more rows than were wanted
     text::LongText text;
     LeftOut leftOut;
+    qsizetype noDates = 0; ///< values that should be dates and have no month or day; they are left empty
     QString nameComplaint; ///< on the first name that makes a document which doesn't parse
 };
 

@@ -5,6 +5,7 @@
 #include "exchange/dialogs/frmNewDSN.h"
 #include "platform/services/Databases.h"
 #include "platform/text/TextTools.h"
+#include <utility>
 
 namespace exchange {
 
@@ -56,7 +57,9 @@ void SourceChoice::Access(bool typed) {
 
 // What isn't complete is being typed (quirk 106).
 void SourceChoice::Choose(const QString& connection, bool complete) {
-    connection_ = connection;
+    const bool other = std::exchange(connection_, connection) != connection;
+    if (other)
+        changed();
     if (complete)
         chosen();
 }

@@ -10,6 +10,7 @@
 namespace exchange {
 
 frmCreateDBSchema::frmCreateDBSchema(Application& app) : source(app), app_(app) {
+    source.changed.connect([this] { lblNote.SetCaption({}); });
     cmdPre.Click.connect([this] { cmdPre_Click(); });
     OKButton.Click.connect([this] { OKButton_Click(); });
     CancelButton.Click.connect([this] { unloaded(); });

@@ -22,7 +22,8 @@ public:
     SampleGrid grdSample;
     controls::CheckBox chkFirst;   ///< the first row holds the names of the fields
     controls::CheckBox chkUseAttr; ///< fields become attributes
-    controls::CheckBox chkRepair;  ///< names are made valid, line ends in quotes are kept
+    controls::CheckBox chkRepair;  ///< names are made valid
+    controls::CheckBox chkQuotes;  ///< quotes count at a field's ends alone, and keep line ends
     DelimiterChoice delimiter{DelimiterChoice::kComma};
     controls::ComboBox cmbQualifier; ///< blank: quotes are characters like others; else the double quote
     /// Of the file: as found, until the user chooses or types one, which may be any that documents can have.
@@ -54,6 +55,7 @@ private:
     void ShowEncoding();
     bool TakeEncoding(const QString& label);
     QStringList Notes(const TextSample& sample) const;
+    bool MisreadsQuotes(const TextSample& sample) const;
     std::optional<text::Decoded> ReadWhole(edit::Waiting& waiting);
     bool MayGoOn(const text::Decoded& whole, edit::Waiting& waiting);
     bool Tell(const QString& text);

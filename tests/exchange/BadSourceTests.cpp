@@ -179,7 +179,7 @@ TEST_F(BadSource, WhatMakesASchemaInvalidIsToldBeforeItIsMade) {
         test::ChooseSource(form.source, "stock");
         form.cmdPre.Click();
         EXPECT_EQ(form.txtSample.Text().count(QStringLiteral("maxLength")), 1);
-        EXPECT_TRUE(form.lblNote.Caption().startsWith(QStringLiteral("The lengths begin with a blank.")));
+        EXPECT_TRUE(form.lblNote.Caption().startsWith(QStringLiteral("The lengths of texts")));
         file.Run("create table \"2 t\"(n integer)");
         form.cmdPre.Click();
         EXPECT_TRUE(form.lblNote.Caption().startsWith(QStringLiteral("The name \"2 t\" is no name in XML.")))
@@ -214,6 +214,9 @@ TEST_F(BadSource, WhatWasTypedStaysForItsSourceAndNamesAreQuoted) {
             << form.txtSample.Text().toStdString();
         test::ChooseSource(form.source, "other");
         EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from plain"));
+        form.lblNote.SetCaption(QStringLiteral("of the other source"));
+        form.source.cmbDSN.UserTyped(QStringLiteral("oth"));
+        EXPECT_EQ(form.lblNote.Caption(), QString());
     });
 }
 

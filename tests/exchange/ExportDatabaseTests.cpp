@@ -121,6 +121,10 @@ TEST_F(ExportDatabase, AnEditedScriptAddsToATableAndLeavesOthersOut) {
         EXPECT_EQ(form.lblNote.Caption(), QStringLiteral("The database has a table \"shop\" already."));
         form.chkGrid.UserSet(false);
         form.cmbGrid.UserChose(1);
+        form.txtTable.UserTyped(QStringLiteral("my shop"));
+        EXPECT_TRUE(form.txtSQL.Text().startsWith(QStringLiteral("CREATE TABLE \"my shop\" (")));
+        EXPECT_TRUE(form.txtSQL.Text().contains(QStringLiteral("INSERT INTO \"my shop\" (")));
+        EXPECT_EQ(form.lblNote.Caption(), QString()) << "no such table is there";
         form.txtSQL.UserTyped(
             QStringLiteral("-- the table is there; only its rows\ninsert into shop values(? || ';', ?);"));
         form.cmbGrid.UserChose(0);

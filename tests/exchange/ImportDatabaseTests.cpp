@@ -130,6 +130,28 @@ TEST_F(ImportDatabase, WhatXmlCanNotHoldIsLeftOutOnlyWithConsent) {
         << test::TextOf(t);
 }
 
+TEST_F(ImportDatabase, ADateThatIsNoneIsLeftEmptyOnlyWithConsent) {
+    file.Run("create table t(n integer, d timestamp, s text); insert into t values(1, '1900-01-00 00:00:00', "
+             "'1900-00-00'), (2, '2024-05-06 07:08:09', '');");
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        t.prompts.Answer(answer);
+        EXPECT_EQ(InImport([&](exchange::frmImportDB& form) {
+                      if (answer == Answer::No)
+                          MakeSource(form.source, QStringLiteral("stock"));
+                      form.Form_Activate();
+                      form.chkAttr.UserSet(true);
+                      form.cmdPre.Click();
+                      EXPECT_TRUE(form.lblNote.Caption().startsWith(QStringLiteral("1 value(s)")));
+                      form.OKButton.Click();
+                  }),
+                  answer == Answer::Yes ? 1 : 0);
+    }
+    EXPECT_NE(test::TextOf(t).find("<row n=\"1\" d=\"\" s=\"1900-00-00\" />\n\t<row n=\"2\" "
+                                   "d=\"2024-05-06T07:08:09\" s=\"\" />"),
+              std::string::npos)
+        << test::TextOf(t);
+}
+
 TEST_F(ImportDatabase, NamesThatWillNotParseAreToldAndCanBeRepaired) {
     file.Run("create table t(\"2 a\" integer, \"so \"\"b\"\"\" text, 价格 text); insert into t values(1, "
              "'x', 'y' || char(0) || 'z');");
@@ -188,8 +210,10 @@ TEST_F(ImportDatabase, AnAccessFileIsImportedAndDescribed) {
         EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select  * from \"DateTest\""))
             << "nothing new is meant";
         form.chkAttr.UserSet(true);
+        t.prompts.Answer(Answer::Yes); // its dates before 1900 are none to the driver
         form.OKButton.Click();
     });
+    EXPECT_TRUE(t.prompts.Texts().last().startsWith(QStringLiteral("8 value(s)")));
     EXPECT_NE(test::TextOf(t).find("<row IDCol=\"1\" DateTimeCol=\"2021-12-02T00:00:00\""),
               std::string::npos);
     InSchema([&](exchange::frmCreateDBSchema& form) {
