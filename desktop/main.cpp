@@ -15,6 +15,8 @@
 #include "platform/services/RealServices.h"
 #include "platform/services/Schemas.h"
 #include "shell/frmMDIMain.h"
+#include <QComboBox>
+#include <QLineEdit>
 #include <cstdlib>
 #include <unistd.h>
 
@@ -38,10 +40,16 @@ void PrepareLook() {
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("text-xml")));
 }
 
+// An address, a path, what is to be found.
+bool IsTypingALine() {
+    const QWidget* focus = QApplication::focusWidget();
+    return qobject_cast<const QLineEdit*>(focus) || qobject_cast<const QComboBox*>(focus);
+}
+
 // A question takes the keys from whatever has them.
 bool NothingElseGoesOn() {
     return QGuiApplication::applicationState() == Qt::ApplicationActive &&
-           !QApplication::activeModalWidget() && !QApplication::activePopupWidget() &&
+           !QApplication::activeModalWidget() && !QApplication::activePopupWidget() && !IsTypingALine() &&
            QGuiApplication::mouseButtons() == Qt::NoButton;
 }
 

@@ -10,6 +10,7 @@
 #include "nodes/ListState.h"
 #include "nodes/NodeValue.h"
 #include <QScopeGuard>
+#include <algorithm>
 
 namespace nodes {
 
@@ -51,12 +52,25 @@ std::optional<QString> CommitValue(DocumentWindow& window, const controls::ListI
     }
 }
 
+// One that is offered, or the same with the prefix that the element has already: what is offered has the
+// document's.
+bool CanStandFor(const QString& old, const QString& name, const QStringList& offered) {
+    QString prefix, oldPrefix;
+    const QString local = m_tvXML::GetPureName(name, prefix);
+    m_tvXML::GetPureName(old, oldPrefix);
+    return offered.contains(name) ||
+           (prefix == oldPrefix && std::any_of(offered.begin(), offered.end(), [&](const QString& one) {
+                QString ofOne;
+                return m_tvXML::GetPureName(one, ofOne) == local;
+            }));
+}
+
 // Only a name that can stand for the old one goes in. False where the name was refused.
 bool CommitName(DocumentWindow& window, int row, TreeNode node, const QString& name) {
     if (name == node.Text())
         return true;
     const QStringList names = NamesOffered(window, node.Text());
-    if (!names.contains(name)) {
+    if (!CanStandFor(node.Text(), name, names)) {
         edit::Message(window.app,
                       QStringLiteral("It can be one of these alone: ") + names.join(QStringLiteral(", ")));
         return false;

@@ -30,7 +30,7 @@ bool IsFull(const Target& target) {
     return target.atRootLevel && target.hasRootElement;
 }
 bool HasName(const Target& target) {
-    return !IsLeaf(target);
+    return !IsLeaf(target) && !target.keepsLabel;
 }
 bool TakesChildren(const Target& target) {
     return !IsLeaf(target);
@@ -43,6 +43,20 @@ bool TakesChildrenBelowRoot(const Target& target) {
 bool TakesSiblings(const Target& target) {
     const bool never = target.kind == m_tvXML::kElement || target.kind == m_tvXML::kInstruction;
     return !IsFull(target) && !(never && target.atRootLevel);
+}
+// In the compact view the instance is edited: its elements, their attributes and texts.
+bool HasInstanceName(const Target& target) {
+    return target.instance == m_tvXML::kElement || target.instance == m_tvXML::kAttribute;
+}
+bool HasInstance(const Target& target) {
+    return target.hasInstance;
+}
+bool HasInstanceNode(const Target& target) {
+    return target.instance != m_tvXML::kTreeRoot;
+}
+/// Without a node the instance's root is what is added.
+bool TakesInstanceChild(const Target& target) {
+    return target.instance != m_tvXML::kText;
 }
 bool HasLevelAbove(const Target& target) {
     return target.hasLevelAbove;
@@ -133,12 +147,14 @@ constexpr edit::Command kCommands[] = {
                .offered =           "D  D k  k k  D D  D D  D"},
      .forms = {{kContextTree, NewTreeNode}, {kContextList, AddNewListViewNode},
                {kContextTable, NewTreeNode}}},
-    {.offer = {.entries = {{"mnuNewCNode", TakesChildren}, {"mnuNewCNodeP", TakesChildren}},
+    {.offer = {.entries = {{.name = "mnuNewCNode", .allowed = TakesChildren, .inCompact = TakesInstanceChild},
+                           {.name = "mnuNewCNodeP", .allowed = TakesChildren, .inCompact = TakesInstanceChild}},
                .button = {"tbListEdit", "newelement"}, // where it can't stand beside the current node
                .offered =           "D  h k  k k  D D  D D  D  D"},
      .forms = {{kContextTree, NewTreeSubNode}, {kContextList, AddNewListViewChildNode},
                {kContextTable, NewTreeSubNode}}},
-    {.offer = {.entries = {{"mnuNewNodeText", TakesChildrenBelowRoot}, {"mnuNewNodeTextP", TakesChildren}},
+    {.offer = {.entries = {{.name = "mnuNewNodeText", .allowed = TakesChildrenBelowRoot, .inCompact = HasInstance},
+                           {.name = "mnuNewNodeTextP", .allowed = TakesChildren, .inCompact = HasInstance}},
                .button = {"tbListEdit", "newtext", nullptr, TakesChildren},
                .offered =           "D  D k  k k  D D  D D  D"},
      .forms = {{kContextTree, NewTreeNodeText}, {kContextList, AddNewListViewNodeText},
@@ -148,24 +164,28 @@ constexpr edit::Command kCommands[] = {
                .offered =           "D  E -  E E  D D  D D  D  D"},
      .forms = {{kContextTree, NewTreeCommentNode}, {kContextList, AddNewListViewCommentNode},
                {kContextTable, NewTreeCommentNode}}},
-    {.offer = {.entries = {{"mnuNewAttr", TakesChildrenBelowRoot}, {"mnuNewAttrP", TakesChildren}},
+    {.offer = {.entries = {{.name = "mnuNewAttr", .allowed = TakesChildrenBelowRoot, .inCompact = HasInstance},
+                           {.name = "mnuNewAttrP", .allowed = TakesChildren, .inCompact = HasInstance}},
                .button = {"tbListEdit", "newattribute", nullptr, TakesChildren},
                .offered =           "D  D k  k k  D D  D D  D"},
      .forms = {{kContextTree, NewAttribute}, {kContextList, AddNewListViewAttribute}}},
 
-    {.offer = {.entries = {{"mnuEditName", HasName}, {"mnuEditP", HasName}},
+    {.offer = {.entries = {{.name = "mnuEditName", .allowed = HasName, .inCompact = HasInstanceName}, {"mnuEditP", HasName}},
                .offered =           "D  E k  k D  D D  - -  D"},
      .forms = {{kContextTree, EditTreeNode}, {kContextList, EditListViewItemName}}},
-    {.offer = {.entries = {{"mnuEditValue"}, {"mnuEditAttrP"}},
+    {.offer = {.entries = {{.name = "mnuEditValue", .inCompact = HasInstanceName},
+                           {.name = "mnuEditAttrP", .inCompact = HasInstanceName}},
                .offered =           "D  D -  - -  D D  - -  D"},
      .forms = {{kContextTree, EditValueOfNode}, {kContextList, EditListViewAttribute}}},
 
-    {.offer = {.entries = {{"mnuEditCopy"}, {"mnuCopyP"}},
+    {.offer = {.entries = {{.name = "mnuEditCopy", .inCompact = HasInstanceNode},
+                           {.name = "mnuCopyP", .inCompact = HasInstanceNode}},
                .button = {"tbCommonEdit", "copy"},
                .offered =           "D  D -  E D  E D  E D  D"},
      .forms = {{kContextTree, CopyNode}, {kContextList, CopyRows}},
      .inCell = CopyInCell},
-    {.offer = {.entries = {{"mnuEditCut"}, {"mnuCutP"}},
+    {.offer = {.entries = {{.name = "mnuEditCut", .inCompact = HasInstanceName},
+                           {.name = "mnuCutP", .inCompact = HasInstanceName}},
                .button = {"tbCommonEdit", "cut"},
                .offered =           "D  D -  E D  E D  E D  D"},
      .forms = {{kContextTree, CutTreeNode}, {kContextList, CutListViewItems}},
@@ -175,7 +195,8 @@ constexpr edit::Command kCommands[] = {
                .offered =           "D  c c  c c  c c  c c  D  D"},
      .forms = {{kContextTree, PasteTreeNode}, {kContextList, PasteListViewItems}},
      .inCell = PasteInCell},
-    {.offer = {.entries = {{"mnuDelete"}, {"mnuDeleteP"}},
+    {.offer = {.entries = {{.name = "mnuDelete", .inCompact = HasInstanceName},
+                           {.name = "mnuDeleteP", .inCompact = HasInstanceName}},
                .button = {"tbCommonEdit", "delete"},
                .offered =           "D  D -  - -  - -  E D  D"},
      .forms = {{kContextTree, DeleteNode}, {kContextTreeNode, DeleteNode},

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "schema/BindSchema.h"
+#include "core/edit/Report.h"
 #include "core/edit/Transaction.h"
 #include "core/edit/View.h"
 #include "core/model/Attributes.h"
@@ -11,7 +12,9 @@
 #include "platform/text/TextTools.h"
 #include "schema/FetchSchema.h"
 #include "textview/FillText.h"
+#include <QRegularExpression>
 #include <QUrl>
+#include <map>
 
 namespace schema {
 
@@ -20,43 +23,99 @@ namespace {
 using controls::TreeNode;
 using m_tvXML::Attributes;
 
-const QString kLocation = QStringLiteral("xsi:schemaLocation");
-const QString kPlainLocation = QStringLiteral("xsi:noNamespaceSchemaLocation");
-const QString kInstance = QStringLiteral("xmlns:xsi");
+const QString kInstanceNamespace = QStringLiteral("http://www.w3.org/2001/XMLSchema-instance");
+const QString kLocation = QStringLiteral("schemaLocation");
+const QString kPlainLocation = QStringLiteral("noNamespaceSchemaLocation");
+const QString kDeclaration = QStringLiteral("xmlns:");
 
-QString ValueOf(TreeNode element, const QString& name) {
-    const Attributes all(element);
-    const qsizetype at = all.find(name);
-    return at < 0 ? QString() : all.value(at);
+// --- values ------------------------------------------------------------------------------------------------
+
+// What a reference stands for; nothing for one of the document's own.
+QString CharacterOf(const QString& name) {
+    static const std::map<QString, QString> kNamed = {{QStringLiteral("amp"), QStringLiteral("&")},
+                                                      {QStringLiteral("lt"), QStringLiteral("<")},
+                                                      {QStringLiteral("gt"), QStringLiteral(">")},
+                                                      {QStringLiteral("quot"), QStringLiteral("\"")},
+                                                      {QStringLiteral("apos"), QStringLiteral("'")}};
+    if (const auto named = kNamed.find(name); named != kNamed.end())
+        return named->second;
+    if (!name.startsWith(u'#'))
+        return {};
+    const bool hex = name.mid(1, 1) == QStringLiteral("x");
+    const char32_t number = name.mid(hex ? 2 : 1).toUInt(nullptr, hex ? 16 : 10);
+    return number == 0 || number > 0x10FFFF ? QString() : QString::fromUcs4(&number, 1);
 }
 
-/// A list of a namespace and a location: where the location begins in it, and how long it is.
+QString WithoutReferences(const QString& value) {
+    QString plain;
+    for (qsizetype at = 0; at < value.size(); ++at) {
+        const qsizetype end = value[at] == u'&' ? value.indexOf(u';', at) : -1;
+        const QString character = end < 0 ? QString() : CharacterOf(value.mid(at + 1, end - at - 1));
+        plain += character.isEmpty() ? QString(value[at]) : character;
+        at = character.isEmpty() ? at : end;
+    }
+    return plain;
+}
+
+QString WithReferences(const QString& plain) {
+    return mXMLEdit::WithLineEndReferences(mXMLEdit::convertStringToXML(plain));
+}
+
+// --- the attributes ----------------------------------------------------------------------------------------
+
+// Those that are bound to the namespace of the locations; "xsi" also where nothing declares it.
+QStringList InstancePrefixes(const Attributes& all) {
+    QStringList prefixes;
+    for (qsizetype at = 0; at < all.count(); ++at) {
+        if (all.name(at).startsWith(kDeclaration) && WithoutReferences(all.value(at)) == kInstanceNamespace)
+            prefixes << all.name(at).mid(kDeclaration.size());
+    }
+    if (!all.contains(QStringLiteral("xmlns:xsi")))
+        prefixes << QStringLiteral("xsi");
+    return prefixes;
+}
+
+// -1 without one.
+qsizetype FindLocation(const Attributes& all, const QString& local) {
+    for (const QString& prefix : InstancePrefixes(all)) {
+        if (const qsizetype at = all.find(prefix + u':' + local); at >= 0)
+            return at;
+    }
+    return -1;
+}
+
+// The prefix is declared unless there is one: declared twice it would make the document unreadable
+// (quirk 92), and "xsi" may be another namespace's (quirk 130).
+QString DeclaredPrefix(Attributes& all) {
+    const QString first = InstancePrefixes(all).value(0);
+    if (!first.isEmpty() && all.contains(kDeclaration + first))
+        return first;
+    QString prefix = QStringLiteral("xsi");
+    for (int number = 1; all.contains(kDeclaration + prefix); ++number)
+        prefix = QStringLiteral("xsi%1").arg(number);
+    all.add(kDeclaration + prefix, kInstanceNamespace);
+    return prefix;
+}
+
+/// Where the first location of a list begins, and how long it is.
 struct Stretch {
     qsizetype start = 0, length = 0;
 };
-// A line feed parts the two, or else a blank. Further pairs behind it are another namespace's.
-Stretch LocationIn(const QString& pair) {
-    static const QString kLineFeed = QStringLiteral("&#10;");
-    qsizetype start = pair.indexOf(u'\n') + 1;
-    if (start == 0 && pair.contains(kLineFeed))
-        start = pair.indexOf(kLineFeed) + kLineFeed.size();
-    if (start == 0)
-        start = pair.indexOf(u' ') + 1;
-    if (start == 0)
-        return {};
-    while (start < pair.size() && pair[start].isSpace())
-        ++start;
-    qsizetype end = start;
-    while (end < pair.size() && !pair[end].isSpace() && pair[end] != u'&')
-        ++end;
-    return {start, end - start};
+// Blanks of any kind part namespaces and locations, which take turns.
+Stretch LocationIn(const QString& list) {
+    static const QRegularExpression pair(QStringLiteral("^\\s*\\S+\\s+(\\S+)"));
+    const QRegularExpressionMatch match = pair.match(list);
+    return match.hasMatch() ? Stretch{match.capturedStart(1), match.capturedLength(1)} : Stretch();
 }
 
-QString LocationOf(TreeNode root) {
-    const QString pair = ValueOf(root, kLocation);
-    const Stretch stretch = LocationIn(pair);
-    const QString plain = ValueOf(root, kPlainLocation);
-    return text::Trim(plain.isEmpty() ? pair.mid(stretch.start, stretch.length) : plain);
+QString LocationOf(const Attributes& all) {
+    const qsizetype plain = FindLocation(all, kPlainLocation), list = FindLocation(all, kLocation);
+    const QString location = plain < 0 ? QString() : text::Trim(WithoutReferences(all.value(plain)));
+    if (!location.isEmpty() || list < 0)
+        return location;
+    const QString pairs = WithoutReferences(all.value(list));
+    const Stretch stretch = LocationIn(pairs);
+    return pairs.mid(stretch.start, stretch.length);
 }
 
 bool MayReplaceLocation(DocumentWindow& window) {
@@ -65,51 +124,59 @@ bool MayReplaceLocation(DocumentWindow& window) {
                services::Buttons::YesNo) == services::Answer::Yes;
 }
 
-// A blank would part the name in a list of names (quirk 91).
-void ReplaceInPair(Attributes& all, const QString& schemaFile) {
-    QString pair = all.value(all.find(kLocation));
-    const Stretch stretch = LocationIn(pair);
-    if (stretch.length > 0)
-        all.set(all.find(kLocation), kLocation,
-                pair.replace(stretch.start, stretch.length,
-                             QString(schemaFile).replace(u' ', QStringLiteral("%20"))));
+// A blank would part the name in a list of names (quirk 91); what looks like one that is written otherwise is
+// then written otherwise, too.
+QString AsListEntry(QString name) {
+    const auto isBlank = [](QChar one) { return one.isSpace(); };
+    if (std::any_of(name.cbegin(), name.cend(), isBlank))
+        name.replace(u'%', QStringLiteral("%25"));
+    for (const QChar blank : {u' ', u'\t', u'\n', u'\r'})
+        name.replace(blank, QLatin1String(QUrl::toPercentEncoding(QString(blank))));
+    return name;
 }
 
-// Declared twice, a prefix would make the document unreadable (quirk 92).
-void Bind(Attributes& all, const QString& schemaFile) {
-    if (!all.contains(kInstance))
-        all.add(kInstance, QStringLiteral("http://www.w3.org/2001/XMLSchema-instance"));
-    all.add(kPlainLocation, schemaFile);
+void ReplaceInList(Attributes& all, qsizetype at, const QString& schemaFile) {
+    QString list = WithoutReferences(all.value(at));
+    const Stretch stretch = LocationIn(list);
+    if (stretch.length == 0)
+        return;
+    list.replace(stretch.start, stretch.length, AsListEntry(schemaFile));
+    all.set(at, QString(all.name(at)), WithReferences(list));
 }
 
 void WriteLocation(DocumentWindow& window, TreeNode root, const QString& schemaFile) {
     Attributes all(root);
-    if (all.contains(kLocation) || all.contains(kPlainLocation)) {
-        if (!MayReplaceLocation(window))
-            return;
-        if (all.contains(kLocation))
-            ReplaceInPair(all, schemaFile);
-        else
-            all.set(all.find(kPlainLocation), kPlainLocation, schemaFile);
-    } else {
-        Bind(all, schemaFile);
-    }
+    const qsizetype plain = FindLocation(all, kPlainLocation), list = FindLocation(all, kLocation);
+    if ((plain >= 0 || list >= 0) && !MayReplaceLocation(window))
+        return;
+    if (list >= 0)
+        ReplaceInList(all, list, schemaFile);
+    else if (plain >= 0)
+        all.set(plain, QString(all.name(plain)), WithReferences(schemaFile));
+    else
+        all.add(DeclaredPrefix(all) + u':' + kPlainLocation, WithReferences(schemaFile));
     root.SetTag(all.tag());
 }
 
+// --- the schema --------------------------------------------------------------------------------------------
+
+// Empty for a relative location in a document without a place.
 QString Beside(const QString& document, const QString& location) {
-    if (location.startsWith(QStringLiteral("file:")))
-        return QUrl(location).toLocalFile();
+    if (location.startsWith(QStringLiteral("file:"), Qt::CaseInsensitive)) {
+        const QString path = QUrl(location).toLocalFile();
+        return mXMLEdit::IsLocalPath(path) || path.isEmpty() ? path : Beside(document, path);
+    }
     if (mXMLEdit::GetAddressType(location) > 0)
         return location;
     if (mXMLEdit::GetAddressType(document) == 2)
         return QUrl(document).resolved(QUrl(location)).toString();
-    return mXMLEdit::GetFSFolderName(document) + u'/' + location;
+    return mXMLEdit::IsLocalPath(document) ? mXMLEdit::GetFSFolderName(document) + u'/' + location
+                                           : QString();
 }
 
 std::optional<QByteArray> BytesAt(Application& app, const QString& place) {
     if (mXMLEdit::GetAddressType(place) == 2)
-        return FetchIfAllowed(app, place);
+        return SchemaFetch(app).Fetch(place);
     QByteArray bytes;
     for (const QString& path : {place, QString(QUrl::fromPercentEncoding(place.toUtf8()))}) {
         if (app.services.files.Read(path, bytes))
@@ -129,17 +196,6 @@ TreeNode GetXMLRootNode(const controls::TreeView& tree) {
     return tree.Nodes.Count() == 0 ? TreeNode() : m_tvXML::FirstElement(tree.Nodes(1).Child());
 }
 
-bool IsBound(const DocumentWindow& window) {
-    const TreeNode root = GetXMLRootNode(window.tvXML);
-    if (!root)
-        return false;
-    const Attributes all(root);
-    return std::any_of(all.names().begin(), all.names().end(), [](const QString& name) {
-        return name.endsWith(QStringLiteral(":schemaLocation")) ||
-               name.endsWith(QStringLiteral(":noNamespaceSchemaLocation"));
-    });
-}
-
 void ApplySchema(DocumentWindow& window, QString schemaFile) {
     TreeNode root = GetXMLRootNode(window.tvXML);
     if (!root)
@@ -150,7 +206,7 @@ void ApplySchema(DocumentWindow& window, QString schemaFile) {
     if (schemaFile.isEmpty())
         return;
     edit::Run(window, "ApplySchema", [&] {
-        WriteLocation(window, root, mXMLEdit::convertStringToXML(schemaFile));
+        WriteLocation(window, root, schemaFile);
         edit::Then(window, [&window] { ShowSchemaOrDTD(window); });
     });
 }
@@ -158,10 +214,15 @@ void ApplySchema(DocumentWindow& window, QString schemaFile) {
 void ShowSchemaOrDTD(DocumentWindow& window) {
     edit::Guarded(window, "ShowSchemaOrDTD", [&] {
         const TreeNode root = GetXMLRootNode(window.tvXML);
-        const QString location = root ? LocationOf(root) : QString();
+        const QString location = root ? LocationOf(Attributes(root)) : QString();
         if (location.isEmpty())
             return;
-        const auto bytes = BytesAt(window.app, Beside(window.Caption, location));
+        const QString place = Beside(window.Caption, location);
+        if (place.isEmpty())
+            return edit::Message(
+                window.app,
+                QStringLiteral("The document has no place yet from which to look for %1.").arg(location));
+        const auto bytes = BytesAt(window.app, place);
         if (bytes && !bytes->isEmpty())
             ShowText(window, text::Decode(*bytes).text);
     });

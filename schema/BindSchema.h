@@ -8,8 +8,6 @@ namespace schema {
 
 controls::TreeNode GetXMLRootNode(const controls::TreeView& tree); ///< the root element; nothing without one
 
-bool IsBound(const DocumentWindow& window); ///< the root element names a schema
-
 /// Binds the document to a schema; without a name the user chooses a file. Where it is bound already the user
 /// is asked first. The namespace of the old location stays.
 void ApplySchema(DocumentWindow& window, QString schemaFile = {});

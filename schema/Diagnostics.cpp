@@ -8,10 +8,11 @@
 #include "core/edit/View.h"
 #include "core/model/FileNames.h"
 #include "core/model/Frame.h"
-#include "core/model/NodeNumbers.h"
-#include "core/model/NodePlaces.h"
+#include "schema/FaultPlaces.h"
+#include "textview/KeptPlaces.h"
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 namespace schema {
 
@@ -22,83 +23,120 @@ using text::LongText;
 
 // --- places ------------------------------------------------------------------------------------------------
 
-// 0-based; the end of the text for a line that it doesn't have.
-qsizetype PositionOf(const LongText& text, int line, int column) {
-    qsizetype at = 0;
-    for (int left = line - 1; left > 0; --left) {
-        const qsizetype end = text.indexOf(u"\n", at, Qt::CaseSensitive);
-        if (end < 0)
-            return text.size();
-        at = end + 1;
+bool IsOwn(const Diagnostic& one) {
+    return one.line > 0 && one.document.isEmpty();
+}
+
+// Keys outlast edits of nodes, which places don't.
+void FindNodes(DocumentWindow& window, std::vector<Diagnostic>& all) {
+    std::vector<Diagnostic*> own;
+    std::vector<qsizetype> positions;
+    for (Diagnostic& one : all) {
+        if (!IsOwn(one))
+            continue;
+        own.push_back(&one);
+        positions.push_back(PositionOf(window.way->text(window), one.line, one.column));
     }
-    return std::min(at + std::max(column - 1, 0), text.size());
+    const QStringList keys = ElementsAt(window, positions);
+    for (std::size_t i = 0; i < own.size(); ++i)
+        own[i]->node = keys[static_cast<qsizetype>(i)];
 }
 
-// Whether a start tag ends in "/>", or stands for no element at all.
-bool ClosesItself(const QString& tag) {
-    QChar quote;
-    for (qsizetype i = 1; i < tag.size(); ++i) {
-        if (!quote.isNull())
-            quote = tag[i] == quote ? QChar() : quote;
-        else if (tag[i] == u'"' || tag[i] == u'\'')
-            quote = tag[i];
-        else if (tag[i] == u'>')
-            return tag[i - 1] == u'/';
-    }
-    return false;
+bool HasChanged(const DocumentWindow& window, const DiagnosticsState& state) {
+    return !(window.way->text(window) == state.text);
 }
 
-// Between the last node that began before the place and the place only end tags can stand.
-int LevelsUp(const LongText& text, long number, qsizetype position) {
-    const qsizetype start = m_tvXML::GetTextPositionByNodeNum(text, number) - 1;
-    const QString between = text.mid(start, position - start);
-    const qsizetype last = between.lastIndexOf(u'<');
-    if (start < 0 || last <= 0 || between.mid(last, 2) != QStringLiteral("</"))
-        return 0;
-    const auto ended = static_cast<int>(between.count(QStringLiteral("</")));
-    const bool leaf = between.startsWith(QStringLiteral("<!")) || between.startsWith(QStringLiteral("<?"));
-    return leaf || ClosesItself(between) ? ended : ended - 1;
+// The place of the check as long as the text is the same, then where the element is by now, or the letters
+// are.
+qsizetype PositionNow(DocumentWindow& window, const Diagnostic& one) {
+    const DiagnosticsState& state = DiagnosticsOf(window);
+    const qsizetype then = PositionOf(state.text, one.line, one.column);
+    if (!HasChanged(window, state))
+        return then;
+    const TreeNode node = NodeOf(window, one);
+    return node ? PositionOf(window, node) : textview::KeptPlaces(state.text, window.way->text(window))(then);
 }
 
-QString PlaceText(const Diagnostic& one) {
+// --- rows --------------------------------------------------------------------------------------------------
+
+QString PlaceText(const Diagnostic& one, bool past) {
     const QString place = one.line > 0 ? QStringLiteral("%1 : %2").arg(one.line).arg(one.column) : QString();
     if (one.document.isEmpty())
-        return place;
+        return past && !place.isEmpty() ? QStringLiteral("was ") + place : place;
     return mXMLEdit::GetFSFileName(one.document) + (place.isEmpty() ? QString() : u' ' + place);
 }
 
 controls::ListItem RowOf(DocumentWindow& window, std::uint32_t number) {
-    const Diagnostic& one = DiagnosticsOf(window).all[number];
+    const DiagnosticsState& state = DiagnosticsOf(window);
+    const Diagnostic& one = state.all[number];
     QString message = one.message;
     return {QString::number(number),
-            PlaceText(one),
+            PlaceText(one, state.past),
             0,
             0,
             {message.replace(u'\n', u' '), edit::GetXPath(NodeOf(window, one))},
             {}};
 }
 
+void MakeRows(DocumentWindow& window) {
+    DiagnosticsState& state = DiagnosticsOf(window);
+    const int current = state.lvDiagnostics.SelectedItem();
+    state.lvDiagnostics.BeginUpdate();
+    state.lvDiagnostics.Clear();
+    state.lvDiagnostics.Fill(
+        static_cast<std::uint32_t>(state.all.size()),
+        [&window](std::uint32_t number) { return RowOf(window, number); },
+        [](const QString& key) { return key.toLongLong(); });
+    if (state.past)
+        state.lvDiagnostics.SetSelectedItem(current);
+    state.lvDiagnostics.EndUpdate();
+}
+
+// They keep the place of the text that was checked, and tell so, as long as another one is there.
+void LookWhetherPast(DocumentWindow& window) {
+    DiagnosticsState& state = DiagnosticsOf(window);
+    if (state.all.empty())
+        return;
+    const bool past = HasChanged(window, state);
+    if (past != std::exchange(state.past, past))
+        MakeRows(window);
+}
+
 // --- going there -------------------------------------------------------------------------------------------
 
-void GoToPlace(DocumentWindow& window, const Diagnostic& one) {
+void PutCaret(DocumentWindow& window, qsizetype position) {
+    controls::RichTextBox& pane = window.TextInUse();
+    pane.SetSelStart(pane.ShownPlace(position));
+    if (!edit::Shows(window, edit::kTextTab))
+        return;
+    pane.SetFocus();
+    edit::ShowCursorPosition(window);
+}
+
+void GoToPlace(DocumentWindow& window, const Diagnostic& one, TreeNode node, qsizetype position) {
     edit::Run(window, "GoToDiagnostic", [&] {
-        TreeNode node = NodeOf(window, one);
         if (node) {
             node.EnsureVisible();
             window.tvXML.SetSelectedItem(node);
         }
         edit::Message(window.app, one.message);
-        if (one.line == 0)
-            return;
-        edit::Then(window, [&window, one] {
-            controls::RichTextBox& pane = window.TextInUse();
-            pane.SetSelStart(PositionOf(pane.Long(), one.line, one.column));
-            if (!edit::Shows(window, edit::kTextTab))
-                return;
-            pane.SetFocus();
-            edit::ShowCursorPosition(window);
-        });
+        if (one.line > 0)
+            edit::Then(window, [&window, position] { PutCaret(window, position); });
     });
+}
+
+void GoToOtherDocument(Application& app, const Diagnostic& one) {
+    edit::Message(app, one.message);
+    DocumentWindow* other = nullptr;
+    if (app.frame().HaveSameNameForm(one.document, true))
+        other = app.frame().ActiveForm();
+    else if (mXMLEdit::FileExist(app, one.document))
+        edit::OpenFile(app, one.document, other);
+    if (!other)
+        return;
+    const qsizetype position = PositionOf(other->way->text(*other), one.line, one.column);
+    const QString key = one.line > 0 ? ElementsAt(*other, {position}).front() : QString();
+    GoToPlace(*other, one, other->tvXML.Nodes.Find(key), position);
 }
 
 void Walk(DocumentWindow& window, int by) {
@@ -118,34 +156,21 @@ DiagnosticsState& DiagnosticsOf(DocumentWindow& window) {
 
 void ShowDiagnostics(DocumentWindow& window, std::vector<Diagnostic> found) {
     std::stable_sort(found.begin(), found.end(), [](const Diagnostic& a, const Diagnostic& b) {
-        return std::tie(a.document, a.line, a.column) < std::tie(b.document, b.line, b.column);
+        return std::tie(a.last, a.document, a.line, a.column) <
+               std::tie(b.last, b.document, b.line, b.column);
     });
     DiagnosticsState& state = DiagnosticsOf(window);
-    state.lvDiagnostics.BeginUpdate();
-    state.lvDiagnostics.Clear();
+    FindNodes(window, found);
     state.all = std::move(found);
-    state.lvDiagnostics.Fill(
-        static_cast<std::uint32_t>(state.all.size()),
-        [&window](std::uint32_t number) { return RowOf(window, number); },
-        [](const QString& key) { return key.toLongLong(); });
-    state.lvDiagnostics.EndUpdate();
+    state.text = state.all.empty() ? LongText() : window.way->text(window);
+    state.past = false;
+    MakeRows(window);
     state.pctDiagnostics.SetVisible(!state.all.empty());
     window.app.frame().RefreshMenu();
 }
 
 TreeNode NodeOf(DocumentWindow& window, const Diagnostic& one) {
-    if (one.line == 0 || !one.document.isEmpty() || window.tvXML.Nodes.Count() == 0)
-        return {};
-    const LongText& text = window.way->text(window);
-    const qsizetype position = PositionOf(text, one.line, one.column);
-    const long number = m_tvXML::GetNodeNumByTextPosition(text, position);
-    if (number == 0)
-        return {};
-    window.app.NodeWalkCounter = 0;
-    TreeNode node = m_tvXML::GetNodeByNumber(window.app, number, window.tvXML.Nodes(1));
-    for (int up = LevelsUp(text, number, position); node && up > 0; --up)
-        node = node.Parent();
-    return node && m_tvXML::IsTreeRoot(node) ? TreeNode() : node;
+    return window.tvXML.Nodes.Find(one.node);
 }
 
 void GoToDiagnostic(DocumentWindow& window, int row) {
@@ -155,18 +180,11 @@ void GoToDiagnostic(DocumentWindow& window, int row) {
     state.lvDiagnostics.ClearSelected();
     state.lvDiagnostics.SetSelectedItem(row);
     state.lvDiagnostics.EnsureVisible(row);
-    Diagnostic one = state.all[static_cast<std::size_t>(row - 1)];
+    const Diagnostic one = state.all[static_cast<std::size_t>(row - 1)];
     if (one.document.isEmpty())
-        return GoToPlace(window, one);
-    edit::Message(window.app, one.message);
-    DocumentWindow* other = nullptr;
-    if (window.app.frame().HaveSameNameForm(one.document, true))
-        other = window.app.frame().ActiveForm();
-    else if (mXMLEdit::FileExist(window.app, one.document))
-        edit::OpenFile(window.app, one.document, other);
-    one.document.clear();
-    if (other)
-        GoToPlace(*other, one);
+        GoToPlace(window, one, NodeOf(window, one), PositionNow(window, one));
+    else
+        GoToOtherDocument(window.app, one);
 }
 
 void NextDiagnostic(DocumentWindow& window) {
@@ -182,6 +200,8 @@ void ConnectDiagnostics(DocumentWindow& window) {
     state.pctDiagnostics.SetVisible(false);
     state.lvDiagnostics.ColumnHeaders = {QStringLiteral("Place"), QStringLiteral("Message"),
                                          QStringLiteral("Node")};
+    for (controls::RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2})
+        pane->Change.connect([&window] { LookWhetherPast(window); });
     state.lvDiagnostics.ItemClick.connect([&window](int row) { GoToDiagnostic(window, row); });
 }
 

@@ -6,6 +6,7 @@
 #include "core/model/NodeKind.h"
 #include "nodes/ListState.h"
 #include "schema/SchemaState.h"
+#include <QRegularExpression>
 
 namespace schema {
 
@@ -23,12 +24,19 @@ constexpr Extension kMsSql{&SchemaState::mbEnabledMsSQL, "sql",
 constexpr Extension kOracle{&SchemaState::mbEnabledOracle, "xdb",
                             "xmlns:xdb=\"http://xmlns.oracle.com/xdb\""};
 
-bool UsesPrefix(TreeNode element, const QString& prefix) {
-    if (element.Text().startsWith(prefix))
+// Names stand in values, too: one or several, or in a path.
+bool UsesPrefix(TreeNode element, const QRegularExpression& prefix) {
+    if (element.Text().contains(prefix))
         return true;
-    const m_tvXML::Attributes attributes(element);
-    return std::any_of(attributes.names().begin(), attributes.names().end(),
-                       [&](const QString& name) { return name.startsWith(prefix); });
+    const QString tag = element.Tag();
+    if (!tag.contains(prefix))
+        return false;
+    const m_tvXML::Attributes attributes(tag);
+    for (qsizetype at = 0; at < attributes.count(); ++at) {
+        if (attributes.name(at).contains(prefix) || attributes.value(at).contains(prefix))
+            return true;
+    }
+    return false;
 }
 
 TreeNode NextInDocument(TreeNode node, TreeNode top) {
@@ -39,7 +47,8 @@ TreeNode NextInDocument(TreeNode node, TreeNode top) {
     return node == top ? TreeNode() : node.Next();
 }
 
-bool IsPrefixInUse(TreeNode top, const QString& prefix) {
+bool IsPrefixInUse(TreeNode top, const char* name) {
+    const QRegularExpression prefix(QStringLiteral("(?<![\\w.:-])%1:(?=[\\w*])").arg(QLatin1String(name)));
     for (TreeNode node = top; node; node = NextInDocument(node, top)) {
         if (m_tvXML::IsElement(node) && UsesPrefix(node, prefix))
             return true;
@@ -63,8 +72,7 @@ void TakeDeclarationAway(DocumentWindow& window, TreeNode schema, const Extensio
     const QString declaration = QLatin1String(extension.declaration);
     if (!schema.Tag().contains(declaration))
         return;
-    const QString prefix = QLatin1String(extension.prefix) + QStringLiteral(":");
-    if (IsPrefixInUse(schema, prefix)) { // quirk 90
+    if (IsPrefixInUse(schema, extension.prefix)) { // quirk 90
         edit::Message(window.app,
                       QStringLiteral("Names with the prefix %1 stay, and their declaration with them.")
                           .arg(QLatin1String(extension.prefix)));
@@ -73,18 +81,34 @@ void TakeDeclarationAway(DocumentWindow& window, TreeNode schema, const Extensio
     schema.SetTag(schema.Tag().remove(declaration + u' ').remove(declaration));
 }
 
+bool IsPrefixDeclared(TreeNode schema, const Extension& extension) {
+    return schema &&
+           m_tvXML::Attributes(schema).contains(QStringLiteral("xmlns:") + QLatin1String(extension.prefix));
+}
+
+bool Offers(DocumentWindow& window, const Extension& extension) {
+    return SchemaOf(window).*extension.enabled && IsPrefixDeclared(GetSchemaNode(window.tvXML), extension);
+}
+
+// Taken away, the declaration takes the offer with it, and undo brings back both.
 void Set(DocumentWindow& window, const char* routine, const Extension& extension, bool enabled) {
-    edit::Run(window, routine, [&] {
-        SchemaOf(window).*extension.enabled = enabled;
+    bool& flag = SchemaOf(window).*extension.enabled;
+    const bool before = flag;
+    const bool done = edit::Run(window, routine, [&] {
         nodes::ShowRowsAnew(window);
+        flag = enabled;
         const TreeNode schema = GetSchemaNode(window.tvXML);
         if (!schema)
-            return;
+            return true;
         if (enabled)
             Declare(window, schema, extension);
         else
             TakeDeclarationAway(window, schema, extension);
+        flag = enabled || !IsPrefixDeclared(schema, extension);
+        return true;
     });
+    if (!done)
+        flag = before;
 }
 
 } // namespace
@@ -105,15 +129,23 @@ void DisableOracle(DocumentWindow& window) {
     Set(window, "DisableOracle", kOracle, false);
 }
 
+bool OffersMSSQL(DocumentWindow& window) {
+    return Offers(window, kMsSql);
+}
+
+bool OffersOracle(DocumentWindow& window) {
+    return Offers(window, kOracle);
+}
+
 void ToggleMSSQL(DocumentWindow& window) {
-    if (SchemaOf(window).mbEnabledMsSQL)
+    if (OffersMSSQL(window))
         DisableMSSQL(window);
     else
         EnableMSSQL(window);
 }
 
 void ToggleOracle(DocumentWindow& window) {
-    if (SchemaOf(window).mbEnabledOracle)
+    if (OffersOracle(window))
         DisableOracle(window);
     else
         EnableOracle(window);

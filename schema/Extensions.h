@@ -11,6 +11,10 @@ void DisableMSSQL(DocumentWindow& window);
 void EnableOracle(DocumentWindow& window);
 void DisableOracle(DocumentWindow& window);
 
+/// Enabled, and the prefix is declared at the schema element: undo and redo take it with them.
+bool OffersMSSQL(DocumentWindow& window);
+bool OffersOracle(DocumentWindow& window);
+
 void ToggleMSSQL(DocumentWindow& window);
 void ToggleOracle(DocumentWindow& window);
 

@@ -1,23 +1,37 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 #include "core/model/Application.h"
+#include "platform/services/Schemas.h"
 #include <QByteArray>
-#include <QString>
 #include <QStringList>
 #include <map>
 #include <optional>
+#include <set>
 
-// Schemas from the net. One is fetched only where the user has said so, address by address, and kept for the
-// run.
+// Schemas from the net.
 namespace schema {
 
-const std::map<QString, QByteArray>& FetchedBefore(Application& app);
+/// What one check, or one look at a schema, fetches. An address is fetched only where the user has said so,
+/// and tried once; so is one at another host that it leads on to.
+class SchemaFetch {
+public:
+    explicit SchemaFetch(Application& app) : app_(app) {}
 
-/// Asks for each address whether to fetch it, and does so. True when anything has come that wasn't there
-/// before.
-bool FetchWanted(Application& app, const QStringList& addresses);
-/// The bytes at an address; nothing where the user declines, or where it can't be had, which status panel 1
-/// tells.
-std::optional<QByteArray> FetchIfAllowed(Application& app, const QString& address);
+    /// By the address that was asked for, and by each that it led on to.
+    const std::map<QString, services::FetchedSchema>& found() const { return found_; }
+
+    /// Asks for each address that wasn't tried yet whether to fetch it, and does so. True when anything came.
+    bool FetchAll(const QStringList& addresses);
+    /// The bytes at an address; nothing where the user declines, or where it can't be had, which status panel
+    /// 1 tells.
+    std::optional<QByteArray> Fetch(const QString& address);
+
+private:
+    QByteArray Keep(const QStringList& addresses, const services::FetchedSchema& found);
+
+    Application& app_;
+    std::map<QString, services::FetchedSchema> found_;
+    std::set<QString> tried_;
+};
 
 } // namespace schema

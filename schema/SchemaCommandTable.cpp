@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "schema/SchemaCommandTable.h"
 #include "schema/BindSchema.h"
+#include "schema/CompactEdits.h"
+#include "schema/CompactList.h"
+#include "schema/CompactState.h"
 #include "schema/Diagnostics.h"
 #include "schema/Extensions.h"
+#include "schema/InferSchema.h"
 #include "schema/InsertElements.h"
 #include "schema/InsertMenu.h"
+#include "schema/SampleDocument.h"
 #include "schema/SchemaState.h"
 #include <vector>
 
@@ -40,16 +45,29 @@ constexpr char kOnNodes[] =  "D  D k  k k  D D  D D  D   k";
 constexpr edit::Command kCommands[] = {
     {.offer = {.entries = {{"mnuGotoSchema"}}, .in = In::XMLWindow}, .forms = {{0, ShowSchema}}},
     {.offer = {.entries = {{"mnuApplySchema"}}, .in = In::XMLWindow}, .forms = {{0, ChooseAndApplySchema}}},
+    {.offer = {.entries = {{"mnuGenSchema"}}, .in = In::XMLWindow}, .forms = {{0, GenerateSchema}}},
     {.offer = {.entries = {{"mnuNextDiagnostic", HasDiagnostics}}, .offered = kOnFaults},
      .forms = {{0, NextDiagnostic}},
      .before = edit::Before::EndsEdits},
     {.offer = {.entries = {{"mnuPreviousDiagnostic", HasDiagnostics}}, .offered = kOnFaults},
      .forms = {{0, PreviousDiagnostic}},
      .before = edit::Before::EndsEdits},
+    {.offer = {.entries = {{"mnuSGenXML"}}, .in = In::SchemaWindow}, .forms = {{0, GenXMLBySchema}}},
     {.offer = {.entries = {{.name = "mnuSEnaMsSQL", .checked = OffersMsSql}}, .in = In::SchemaWindow},
      .forms = {{0, ToggleMSSQL}}},
     {.offer = {.entries = {{.name = "mnuSEnaOra", .checked = OffersOracle}}, .in = In::SchemaWindow},
      .forms = {{0, ToggleOracle}}},
+};
+
+constexpr edit::CommandForm kForms[] = {
+    {"mnuNewCNode", {kContextCompact, AddNewNodeAtCV}},
+    {"mnuNewAttr", {kContextCompact, AddNewAttrAtCV}},
+    {"mnuNewNodeText", {kContextCompact, AddNewNodeTextAtCV}},
+    {"mnuEditName", {kContextCompact, EditAtCompactView}},
+    {"mnuEditValue", {kContextCompact, EditValueAtCompactView}},
+    {"mnuEditCopy", {kContextCompact, CopyAtCompactView}},
+    {"mnuEditCut", {kContextCompact, CutAtCompactView}},
+    {"mnuDelete", {kContextCompact, DeleteAtCompactView}},
 };
 
 static_assert(edit::AreComplete(kCommands) && edit::IsComplete(kOnNodes));
@@ -84,13 +102,21 @@ template <std::size_t... numbers> std::vector<edit::Command> AllCommands(std::in
 void DescribeTarget(DocumentWindow& window, const controls::TreeNode& node, edit::Target& target) {
     if (m_tvXML::IsElement(node))
         target.elementName = LocalName(node.Text());
-    target.offersMsSql = SchemaOf(window).mbEnabledMsSQL;
-    target.offersOracle = SchemaOf(window).mbEnabledOracle;
+    if (window.miPopupContext == kContextCompact) {
+        target.instance = SelectedInInstance(window);
+        target.hasInstance = !CompactOf(window).tvRes.SelectedItem().IsNothing();
+    }
+    target.offersMsSql = OffersMSSQL(window);
+    target.offersOracle = OffersOracle(window);
 }
 
 std::span<const edit::Command> SchemaCommands() {
     static const std::vector<edit::Command> all = AllCommands(std::make_index_sequence<kInsertEntries>());
     return all;
+}
+
+std::span<const edit::CommandForm> SchemaForms() {
+    return kForms;
 }
 
 } // namespace schema

@@ -8,6 +8,9 @@ namespace schema {
 /// The commands of schemas, for the frame.
 std::span<const edit::Command> SchemaCommands();
 
+/// What commands of other rooms do in the compact view.
+std::span<const edit::CommandForm> SchemaForms();
+
 /// Tells the conditions of these commands about a schema window.
 void DescribeTarget(DocumentWindow& window, const controls::TreeNode& node, edit::Target& target);
 

@@ -7,11 +7,11 @@ namespace schema {
 
 /// What a schema window keeps.
 struct SchemaState {
-    QString msPrefix;            ///< of the schema's element names, without colon; may be empty
-    bool mbEnabledMsSQL = false; ///< the annotation attributes of the extension are offered
+    QString msPrefix; ///< of the schema's element names, without colon; may be empty
+    /// The annotation attributes of the extension are offered as long as its prefix is declared
+    /// (OffersMSSQL).
+    bool mbEnabledMsSQL = false;
     bool mbEnabledOracle = false;
-    bool checking = false; ///< a check is under way that the user asked for
-    bool untold = false;   ///< the last one has found faults that no box has told of
 };
 
 SchemaState& SchemaOf(DocumentWindow& window);

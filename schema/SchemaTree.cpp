@@ -2,6 +2,8 @@
 #include "schema/SchemaTree.h"
 #include "core/model/DomToTree.h"
 #include "core/model/NodeKind.h"
+#include "core/model/Parse.h"
+#include "core/model/Serialise.h"
 #include "schema/RootDeclarations.h"
 #include "schema/SchemaState.h"
 
@@ -25,6 +27,28 @@ void SXMLToTree(DocumentWindow& window, const xml::ParsedDocument& document) {
     const SchemaOutline outline = OutlineOf(document);
     m_tvXML::FillTree(window.app, window.tvXML, document, outline.rootDeclarations);
     SchemaOf(window).msPrefix = outline.prefix;
+}
+
+// The elements of the tree and of its text follow each other in the same order.
+void MarkRootDeclarations(DocumentWindow& window) {
+    const controls::TreeNode schema = GetSchemaNode(window.tvXML);
+    const auto parsed = mXMLEdit::Parse(window.app, m_tvXML::GetTreeNodesXML(schema, {}), xml::Prefixes::Any);
+    if (!parsed.good())
+        return;
+    const std::vector<xml::Node> roots = OutlineOf(*parsed.document).rootDeclarations;
+    auto next = roots.begin();
+    xml::Node declaration = parsed.root().firstChild();
+    for (controls::TreeNode child = schema.Child(); child; child = child.Next()) {
+        if (!m_tvXML::IsElement(child))
+            continue;
+        while (declaration && declaration.nodeType() != xml::ELEMENT)
+            declaration = declaration.nextSibling();
+        const bool root = next != roots.end() && *next == declaration;
+        next += root ? 1 : 0;
+        declaration = declaration ? declaration.nextSibling() : declaration;
+        child.SetImage(root ? QStringLiteral("xmlrootelement") : QStringLiteral("element"));
+        child.SetSelectedImage(root ? QStringLiteral("openxmlrootelement") : QStringLiteral("openelement"));
+    }
 }
 
 bool IsMarkedAsRoot(controls::TreeNode node) {

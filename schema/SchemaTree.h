@@ -14,6 +14,9 @@ void AddTreeRootS(DocumentWindow& window, bool withDefaults);
 /// The whole document in place of what the tree holds, with new keys; msPrefix follows.
 void SXMLToTree(DocumentWindow& window, const xml::ParsedDocument& document);
 
+/// Marks the declarations of root elements as if the document had just been read; keys and selection stay.
+void MarkRootDeclarations(DocumentWindow& window);
+
 /// Whether a node bears the mark of a declaration of a root element. It is told by the picture alone, and has
 /// the meaning that it had when the node was last built from a text.
 bool IsMarkedAsRoot(controls::TreeNode node);

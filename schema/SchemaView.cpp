@@ -35,13 +35,4 @@ const edit::View& SchemaView() {
     return view;
 }
 
-const edit::View& CompactView() {
-    static constexpr edit::View view{.key = edit::kCompactTab,
-                                     .number = edit::kViewCompact,
-                                     .caption = "Compact View",
-                                     .entry = "mnuViewCompact",
-                                     .situation = Situation};
-    return view;
-}
-
 } // namespace schema

@@ -6,7 +6,5 @@ namespace schema {
 
 /// The record of the view that shows the text of a document's schema.
 const edit::View& SchemaView();
-/// The record of the compact view of a schema document.
-const edit::View& CompactView();
 
 } // namespace schema

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "schema/Vocabulary.h"
+#include "schema/Extensions.h"
 #include "schema/SchemaState.h"
 #include <cstring>
 
@@ -65,8 +66,8 @@ QStringList GetSystemAttributes(DocumentWindow& window, const QString& localName
             continue;
         QString list = QLatin1String(row.attributes);
         if (std::strcmp(row.element, "element") == 0) {
-            list += SchemaOf(window).mbEnabledMsSQL ? QLatin1String(kMsSql) : QLatin1String();
-            list += SchemaOf(window).mbEnabledOracle ? QLatin1String(kOracle) : QLatin1String();
+            list += OffersMSSQL(window) ? QLatin1String(kMsSql) : QLatin1String();
+            list += OffersOracle(window) ? QLatin1String(kOracle) : QLatin1String();
         }
         return list.split(u',');
     }

@@ -4,6 +4,7 @@
 #include "exchange/dialogs/ExchangeCommandTable.h"
 #include "nodes/NodeCommandTable.h"
 #include "schema/SchemaCommandTable.h"
+#include "schema/dialogs/MakeCommandTable.h"
 #include "shell/FrameCommands.h"
 #include "shell/RunCommand.h"
 #include "table/TableCommandTable.h"
@@ -23,7 +24,7 @@ bool Same(const char* a, const char* b) {
 /// What rooms do in their views when a command of another room is chosen.
 std::vector<edit::CommandForm> FormsOfViews() {
     std::vector<edit::CommandForm> forms;
-    for (const auto& room : {textview::TextForms(), table::TableForms()})
+    for (const auto& room : {textview::TextForms(), table::TableForms(), schema::SchemaForms()})
         forms.insert(forms.end(), room.begin(), room.end());
     return forms;
 }
@@ -72,6 +73,7 @@ Commands::Commands(FrameParts& frame) : frame_(frame) {
     AddCommands(exchange::ExchangeCommands());
     AddCommands(table::TableCommands());
     AddCommands(schema::SchemaCommands());
+    AddCommands(schema::MakeCommands());
     RefuseFormsWithoutCommand(Offers());
 }
 

@@ -78,11 +78,13 @@ constexpr Row kXml[] = {
     {"mnuPreviousDiagnostic", "上一个问题", "Shift+F8", "go-previous"},
     {"mnuXMLCloseTag", "在文本视图中添加节点的结束标记"},
     {"mnuGenSchema", "生成Schema"},
+    {"mnuInferSchema", "生成匹配的Schema"},
     {"mnuSXMLImpOnDBS", "根据数据库Schema导入XML"},
 };
 
 constexpr Row kSchema[] = {
     {"mnuSGenXML", "通过Schema生成XML"},
+    {"mnuSValidSample", "通过Schema生成有效XML"},
     kSeparator,
     {"mnuSEnaMsSQL", "启用微软SQL Server Schema扩展"},
     {"mnuSEnaOra", "启用Oracle Schema扩展"},

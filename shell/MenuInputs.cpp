@@ -40,6 +40,7 @@ edit::Target TargetOf(DocumentWindow& window, MenuSituation situation) {
     edit::Target target;
     target.kind = m_tvXML::GetKeyType(node);
     target.atRootLevel = node && m_tvXML::IsTreeRoot(node.Parent());
+    target.keepsLabel = situation == MenuSituation::TreeNode && !window.kind.renamesNodes;
     target.hasLevelAbove = current && !m_tvXML::IsTreeRoot(current);
     target.hasRootElement = m_tvXML::HaveElementNodeAtXMLRootLevel(window.tvXML);
     target.editsCell = edit::OpenCell(window) != nullptr;

@@ -11,8 +11,8 @@ char LetterOf(edit::Offered offered, const MenuInputs& inputs) {
     std::string letters(offered);
     std::erase(letters, ' ');
     const bool schemaRoot = inputs.schema && inputs.situation == MenuSituation::TreeRoot;
-    return schemaRoot && letters.size() > kSituations ? letters.back()
-                                                      : letters[static_cast<std::size_t>(inputs.situation)];
+    const auto place = std::min(static_cast<std::size_t>(inputs.situation), kSituations - 1);
+    return schemaRoot && letters.size() > kSituations ? letters.back() : letters[place];
 }
 
 bool IsIn(edit::In in, const MenuInputs& inputs) {
@@ -41,13 +41,21 @@ bool IsOffered(const edit::Offer& offer, edit::Condition allowed, const MenuInpu
     }
 }
 
+bool IsOfferedInCompactView(const edit::Offer& offer, const edit::Entry& entry, const MenuInputs& inputs) {
+    return IsIn(offer.in, inputs) && entry.inCompact(inputs.target);
+}
+
 bool IsOfferedByButton(const edit::Offer& offer, const MenuInputs& inputs) {
+    if (inputs.situation == MenuSituation::CompactView && offer.entries[0].inCompact)
+        return IsOfferedInCompactView(offer, offer.entries[0], inputs);
     return IsOffered(offer, offer.button.allowed ? offer.button.allowed : offer.entries[0].allowed, inputs);
 }
 
 void SetEntry(controls::MenuItem& item, const edit::Offer& offer, const edit::Entry& entry,
               const MenuInputs& inputs) {
-    const bool offered = IsOffered(offer, entry.allowed, inputs);
+    const bool compact = inputs.situation == MenuSituation::CompactView && entry.inCompact;
+    const bool offered =
+        compact ? IsOfferedInCompactView(offer, entry, inputs) : IsOffered(offer, entry.allowed, inputs);
     item.SetEnabled(offered);
     if (entry.hides)
         item.SetVisible(offered);

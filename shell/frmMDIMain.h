@@ -2,6 +2,7 @@
 #pragma once
 #include "core/model/Frame.h"
 #include "exchange/dialogs/ExchangeDialogs.h"
+#include "schema/dialogs/MakeDialogs.h"
 #include "shell/Commands.h"
 #include "shell/FrameCommands.h"
 #include "shell/FrameParts.h"
@@ -80,6 +81,7 @@ public:
 
     /// The dialogs of data in and out.
     exchange::ExchangeDialogs& exchangeDialogs = exchange::DialogsOf(app_);
+    schema::MakeDialogs& makeDialogs = schema::MakeDialogsOf(app_);
 
     // --- commands -----------------------------------------------------------------------------------------
     void ErrorReportBox(const text::Fault& fault, const QString& routineName) override;

@@ -16,13 +16,14 @@ LINES = {
     "6": "window",
     "5.1": "exchange/dialogs",
     "5.0": "exchange integration",
-    "4": "table schema",
+    "4.1": "schema/dialogs",
+    "4.0": "table schema schema/infer",
     "3.1": "nodes/dialogs textview/dialogs",
     "3.0": "nodes textview",
     "2": "core/edit",
     "1": "core/model",
-    "0.1": "platform/xml platform/controls platform/services",
-    "0.0": "platform/text platform/schemas",
+    "0.1": "platform/xml platform/controls platform/services platform/schemas",
+    "0.0": "platform/text platform/samples",
 }
 
 # (user, used) of one line and two top folders. Never both ways.

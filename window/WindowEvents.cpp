@@ -10,6 +10,7 @@
 #include "nodes/DragEvents.h"
 #include "nodes/FinishEdits.h"
 #include "nodes/TreeEvents.h"
+#include "schema/CheckBeside.h"
 #include "schema/Diagnostics.h"
 #include "textview/TextWays.h"
 #include <QScopeGuard>
@@ -47,6 +48,7 @@ void Form_Load(DocumentWindow& window) {
     nodes::ConnectTree(window);
     nodes::ConnectDragging(window);
     schema::ConnectDiagnostics(window);
+    schema::ConnectCheckBeside(window);
     window.txtXPath.KeyUp.connect([&window](int key, int) {
         if (key == Qt::Key_Return || key == Qt::Key_Enter)
             edit::SelectTreeNodeByPath(window, window.txtXPath.Text());

@@ -18,6 +18,7 @@ namespace edit {
 struct Target {
     int kind = m_tvXML::kTreeRoot; ///< of the current node, or of the one that the selected row is about
     bool atRootLevel = false;      ///< that node stands directly below the tree root
+    bool keepsLabel = false;       ///< its name can't be edited where it stands
     bool hasLevelAbove = false;    ///< the tree's current node isn't the tree root
     bool hasRootElement = false;   ///< the document
     bool canPaste = false, canUndo = false, canRedo = false;
@@ -27,6 +28,8 @@ struct Target {
     // In a window that designs schemas:
     QString elementName;                            ///< local name of that node, if it is an element
     bool offersMsSql = false, offersOracle = false; ///< the extensions that are enabled
+    bool hasInstance = false;                       ///< something is selected in the tree of the compact view
+    int instance = m_tvXML::kTreeRoot; ///< kind of what is selected in the compact view; kTreeRoot: nothing
     bool operator==(const Target&) const = default;
 };
 using Condition = bool (*)(const Target& target);
@@ -46,9 +49,10 @@ enum class In { AnyWindow, XMLWindow, SchemaWindow };
 
 struct Entry {
     const char* name = nullptr;
-    Condition allowed = nullptr; ///< condition k
-    Condition checked = nullptr; ///< bears a check mark; null: never
-    bool hides = false;          ///< it isn't there at all where it isn't offered
+    Condition allowed = nullptr;   ///< condition k
+    Condition checked = nullptr;   ///< bears a check mark; null: never
+    bool hides = false;            ///< it isn't there at all where it isn't offered
+    Condition inCompact = nullptr; ///< condition in the compact view; null: as in a view without editing
 };
 
 /// A toolbar's button. Rows may share one: the first of them that is offered runs.

@@ -99,13 +99,6 @@ void SayGone(DocumentWindow& window) {
                     QStringLiteral(" has been removed by another program. The text is only here."));
 }
 
-// What is being typed belongs to the document as it stands: it is waited for.
-bool MayAskNow(DocumentWindow& window) {
-    const auto& mayAsk = FilesOf(window.app).mayAsk;
-    const bool typing = IsEditorOpen(window) || window.bond.bTreeChanged();
-    return window.bLoaded && !window.bUnloading && !typing && (!mayAsk || mayAsk());
-}
-
 void LookInFront(DocumentWindow& window) {
     Heed& heed = FileOf(window).heed;
     if (heed == Heed::Told)
@@ -150,6 +143,13 @@ void LookAtFiles(Application& app) {
         LookInFront(*front);
     else
         files.tmLook.SetEnabled(front != nullptr); // again in a moment
+}
+
+// What is being typed belongs to the document as it stands: it is waited for.
+bool MayAskNow(DocumentWindow& window) {
+    const auto& mayAsk = FilesOf(window.app).mayAsk;
+    const bool typing = IsEditorOpen(window) || window.bond.bTreeChanged();
+    return window.bLoaded && !window.bUnloading && !typing && (!mayAsk || mayAsk());
 }
 
 bool MayOverwrite(DocumentWindow& window) {

@@ -15,6 +15,10 @@ void NoticeFile(DocumentWindow& window);
 /// once at most; saving asks always.
 void LookAtFiles(Application& app);
 
+/// Whether a box that the user hasn't asked for may come up now: nothing is being typed, and no other box or
+/// menu is open.
+bool MayAskNow(DocumentWindow& window);
+
 /// Before a document is saved over its file. False when that isn't to be: the user wants the file's text, has
 /// put off the question, or leaves another document's file alone.
 bool MayOverwrite(DocumentWindow& window);

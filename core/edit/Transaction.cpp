@@ -220,8 +220,8 @@ void HoldText(DocumentWindow& window, bool hold) {
     PendingOf(window).held = PendingOf(window).opens = hold;
 }
 
-bool IsNaming(const DocumentWindow& window) {
-    return window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0;
+bool IsNaming(DocumentWindow& window) {
+    return window.tvXML.LabelEditNode() || window.ListView1.LabelEditRow() > 0 || IsNamingInView(window);
 }
 
 bool IsEditorOpen(DocumentWindow& window) {

@@ -102,8 +102,8 @@ void WriteUnnamed(DocumentWindow& window);
 /// edit. With false it needn't any more.
 void HoldText(DocumentWindow& window, bool hold);
 
-/// A name is being typed over a label of tree or list.
-bool IsNaming(const DocumentWindow& window);
+/// A name is being typed over a label of the tree or of a view.
+bool IsNaming(DocumentWindow& window);
 /// A name is being typed, or a value in a cell.
 bool IsEditorOpen(DocumentWindow& window);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/edit/View.h"
 #include "core/model/NodeKind.h"
+#include <algorithm>
 
 namespace edit {
 
@@ -51,6 +52,11 @@ controls::TextBox* OpenCell(DocumentWindow& window) {
             return cell;
     }
     return nullptr;
+}
+
+bool IsNamingInView(DocumentWindow& window) {
+    return std::any_of(window.views.begin(), window.views.end(),
+                       [&](const View* view) { return view->naming && view->naming(window); });
 }
 
 MenuSituation SituationOf(DocumentWindow& window) {

@@ -46,6 +46,8 @@ struct View {
     bool (*finish)(DocumentWindow& window) = nullptr;
     /// The text box in which a cell is being edited; null while none is open.
     controls::TextBox* (*openCell)(DocumentWindow& window) = nullptr;
+    /// A name is being typed over a label of the view.
+    bool (*naming)(DocumentWindow& window) = nullptr;
     /// What the menus offer while the view has the user's attention.
     MenuSituation (*situation)(DocumentWindow& window) = nullptr;
     /// The window is closing for good.
@@ -66,6 +68,9 @@ void ShowView(DocumentWindow& window, const char* key);
 bool FinishCells(DocumentWindow& window);
 /// The text box in which a cell of any view is being edited; null while none is open.
 controls::TextBox* OpenCell(DocumentWindow& window);
+
+/// A name is being typed over a label of any view.
+bool IsNamingInView(DocumentWindow& window);
 
 /// The situation of the menus for a window as it stands.
 MenuSituation SituationOf(DocumentWindow& window);

@@ -21,7 +21,8 @@ enum class MenuSituation {
     TextUnselected,
     TableSelected,
     TableUnselected,
-    ViewWithoutEditing ///< browser and schema views: the edit menus are disabled
+    ViewWithoutEditing, ///< browser and schema views: the edit menus are disabled
+    CompactView         ///< as those, but for the commands that say otherwise
 };
 
 /// The frame's pointer while something takes its time.

@@ -8,6 +8,7 @@
 #include "desktop/bind/TabAdapter.h"
 #include "desktop/bind/TimerAdapter.h"
 #include "desktop/frame/BrowserAdapter.h"
+#include "desktop/frame/CompactPage.h"
 #include "desktop/frame/DocumentDragging.h"
 #include "desktop/nodes/DiagnosticsPane.h"
 #include "desktop/nodes/ListAdapter.h"
@@ -15,6 +16,7 @@
 #include "desktop/nodes/TreeAdapter.h"
 #include "desktop/nodes/TreeTip.h"
 #include "desktop/text/TextAdapter.h"
+#include "schema/CheckBeside.h"
 #include "ui_frmXMLEdit.h"
 #include "window/WindowEvents.h"
 #include <QApplication>
@@ -56,8 +58,9 @@ private:
     DiagnosticsPane diagnostics_;
     TextAdapter text_, text2_, schema_;
     LineAdapter path_;
-    TimerAdapter steps_;
+    TimerAdapter steps_, checks_;
     BrowserAdapter browser_;
+    std::unique_ptr<CompactPage> compact_; ///< null in a window without such a tab
     TabAdapter tabs_;
     DocumentDragging dragging_;
 };
@@ -68,7 +71,9 @@ DocumentView::Bond::Bond(DocumentWindow& window, const Ui::frmXMLEdit& ui, int w
       cells_(window, *ui.ListView1), diagnostics_(window, *ui.lvDiagnostics),
       text_(window.rtxtXML, *ui.rtxtXML, nullptr), text2_(window.rtxtXML2, *ui.rtxtXML2, nullptr),
       schema_(window.txtSchema, *ui.txtSchema, nullptr), path_(window.txtXPath, *ui.txtXPath, nullptr),
-      steps_(window.tmText, nullptr), browser_(window.IE, *ui.browserview, nullptr),
+      steps_(window.tmText, nullptr), checks_(schema::CheckBesideOf(window).tmCheck, nullptr),
+      browser_(window.IE, *ui.browserview, nullptr),
+      compact_(window.kind.schema ? std::make_unique<CompactPage>(window, ui) : nullptr),
       tabs_(window.tbsXML, *ui.tbsXML, *ui.pages, PagesOf(ui), nullptr), dragging_(window, ui) {
     ConnectSplitters(width);
     ConnectTables();
@@ -128,7 +133,8 @@ void DocumentView::Detach() {
 void DocumentView::ConnectContextMenus() {
     for (QAbstractItemView* view :
          {static_cast<QAbstractItemView*>(ui_->tvXML), static_cast<QAbstractItemView*>(ui_->ListView1),
-          static_cast<QAbstractItemView*>(ui_->ListView1Icons)}) {
+          static_cast<QAbstractItemView*>(ui_->ListView1Icons), static_cast<QAbstractItemView*>(ui_->tvRes),
+          static_cast<QAbstractItemView*>(ui_->lvRes)}) {
         view->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(view, &QWidget::customContextMenuRequested, this, [this, view](const QPoint& place) {
             Q_EMIT contextMenuWanted(view->viewport()->mapToGlobal(place));
@@ -146,6 +152,8 @@ QWidget* DocumentView::Page() const {
         return ui_->listview->currentWidget();
     if (page == ui_->tableview)
         return &ui_->pctTableView->View();
+    if (page == ui_->compactview)
+        return ui_->tvRes;
     if (page != ui_->textview)
         return page;
     return bond_->Window().brtxtXML2Focus && !ui_->rtxtXML2->isHidden() ? ui_->rtxtXML2 : ui_->rtxtXML;
@@ -171,7 +179,10 @@ void DocumentView::FocusAgain() {
 
 std::vector<QWidget*> DocumentView::Panes() const {
     std::vector<QWidget*> panes{ui_->tvXML, ui_->txtXPath, ui_->tbsXML};
-    if (ui_->pages->currentWidget() == ui_->textview && !ui_->rtxtXML2->isHidden())
+    if (const QWidget* page = ui_->pages->currentWidget(); page == ui_->compactview)
+        for (QWidget* pane : CompactPage::Panes(*ui_))
+            panes.push_back(pane);
+    else if (page == ui_->textview && !ui_->rtxtXML2->isHidden())
         panes.insert(panes.end(), {ui_->rtxtXML, ui_->rtxtXML2});
     else
         panes.push_back(Page());

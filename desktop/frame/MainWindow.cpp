@@ -5,6 +5,7 @@
 #include "desktop/dialogs/EditNodesDialog.h"
 #include "desktop/dialogs/ExchangeSkin.h"
 #include "desktop/dialogs/FindDialog.h"
+#include "desktop/dialogs/MakeSkin.h"
 #include "desktop/dialogs/OptionsDialog.h"
 #include "desktop/frame/AddressBox.h"
 #include "desktop/frame/DocumentSubWindow.h"
@@ -174,6 +175,7 @@ void MainWindow::FollowDialogs() {
         editNodes_->ShowForm();
     });
     FollowExchange(frame_.exchangeDialogs, *this);
+    FollowMakeDialogs(frame_.makeDialogs, *this);
     Listen(frame_.findShown, this, [this](textview::frmFind& form) {
         if (!find_)
             find_ = new FindDialog(form, this);

@@ -1,17 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/schemas/Check.h"
-#include "platform/schemas/XmlSchema.h"
-#include <memory>
-#include <new>
+#include "platform/schemas/Desk.h"
 #include <xercesc/framework/MemBufInputSource.hpp>
-#include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
-#include <xercesc/sax2/DefaultHandler.hpp>
-#include <xercesc/util/OutOfMemoryException.hpp>
-#include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/TransService.hpp>
-#include <xercesc/util/XMLEntityResolver.hpp>
-#include <xercesc/util/XMLNetAccessor.hpp>
-#include <xercesc/util/XMLResourceIdentifier.hpp>
 #include <xercesc/validators/common/Grammar.hpp>
 
 namespace schemas {
@@ -20,94 +11,9 @@ namespace {
 
 using namespace xercesc;
 
-constexpr std::size_t kMost = 1000; // faults of one check
-
-std::string Utf8(const XMLCh* text) {
-    if (!text || !*text)
-        return {};
-    const TranscodeToStr bytes(text, "UTF-8");
-    return {reinterpret_cast<const char*>(bytes.str()), bytes.length()};
-}
-
-/// Thrown to end a check that has found enough.
-struct Enough {};
-
-/// What the library asks and tells.
-class Desk : public DefaultHandler, public XMLEntityResolver {
-public:
-    explicit Desk(Sources& sources) : sources_(sources) {}
-    std::vector<Fault> faults;
-
-    void add(Fault fault) {
-        faults.push_back(std::move(fault));
-        if (faults.size() >= kMost)
-            throw Enough();
-    }
-
-    InputSource* resolveEntity(XMLResourceIdentifier* identifier) override {
-        if (identifier->getResourceIdentifierType() == XMLResourceIdentifier::ExternalEntity)
-            return source("", "");
-        const XMLCh* given = identifier->getSchemaLocation();
-        const std::string location = Utf8(given ? given : identifier->getSystemId());
-        const std::string base = Utf8(identifier->getBaseURI());
-        const std::string place = location.empty() ? std::string() : Sources::Resolve(base, location);
-        const bool ofXml = Utf8(identifier->getNameSpace()) == kXmlNamespace;
-        if (location.empty() && !ofXml)
-            return nullptr;
-        std::string complaint = "The document has no place yet from which to look for it.";
-        if (place.empty() && !ofXml)
-            return missing(base, location, complaint);
-        if (ofXml && (place.empty() || Sources::IsAddress(place)))
-            return source(XmlNamespaceSchema(), kXmlNamespace);
-        if (const auto bytes = sources_.Read(place, complaint))
-            return source(*bytes, place);
-        return missing(base, place, complaint);
-    }
-    InputSource* resolveEntity(const XMLCh* const, const XMLCh* const) override { return source("", ""); }
-
-    void warning(const SAXParseException& told) override { add(faultOf(told, true)); }
-    void error(const SAXParseException& told) override { add(faultOf(told, false)); }
-    void fatalError(const SAXParseException& told) override { add(faultOf(told, false)); }
-    void resetErrors() override {}
-
-private:
-    static Fault faultOf(const SAXParseException& told, bool warning) {
-        return {Utf8(told.getSystemId()), static_cast<long>(told.getLineNumber()),
-                static_cast<long>(told.getColumnNumber()), Utf8(told.getMessage()), warning};
-    }
-
-    static InputSource* source(const std::string& bytes, const std::string& place) {
-        auto* copy = new XMLByte[bytes.size() + 1];
-        std::copy(bytes.begin(), bytes.end(), copy);
-        const TranscodeFromStr name(reinterpret_cast<const XMLByte*>(place.data()), place.size(), "UTF-8");
-        return new MemBufInputSource(copy, bytes.size(), name.str(), true);
-    }
-
-    // Told once, however often it is asked for.
-    InputSource* missing(const std::string& base, const std::string& place, const std::string& complaint) {
-        if (missing_.insert(place).second)
-            add({base, 0, 0, "The schema document \"" + place + "\" can't be read: " + complaint, true});
-        return nullptr;
-    }
-
-    Sources& sources_;
-    std::set<std::string> missing_;
-};
-
-std::unique_ptr<SAX2XMLReaderImpl> MakeReader(Desk& desk) {
-    auto reader = std::make_unique<SAX2XMLReaderImpl>();
-    reader->setFeature(XMLUni::fgSAX2CoreNameSpaces, true);
-    reader->setFeature(XMLUni::fgSAX2CoreValidation, true);
-    reader->setFeature(XMLUni::fgXercesDynamic, false);
-    reader->setFeature(XMLUni::fgXercesSchema, true);
-    reader->setFeature(XMLUni::fgXercesSchemaFullChecking, true);
-    reader->setFeature(XMLUni::fgXercesHandleMultipleImports, true);
-    reader->setFeature(XMLUni::fgXercesLoadExternalDTD, false);
-    reader->setFeature(XMLUni::fgXercesSkipDTDValidation, true);
-    reader->setFeature(XMLUni::fgXercesDisableDefaultEntityResolution, true);
-    reader->setXMLEntityResolver(&desk);
-    reader->setErrorHandler(&desk);
-    return reader;
+bool DeclaresEntities(const std::string& text) {
+    static const std::string kOpener("<\0!\0E\0N\0T\0I\0T\0Y\0", 16);
+    return text.find(kOpener) != std::string::npos;
 }
 
 void Run(const Request& request, Desk& desk) {
@@ -116,7 +22,8 @@ void Run(const Request& request, Desk& desk) {
     MemBufInputSource text(reinterpret_cast<const XMLByte*>(request.text.data()), request.text.size(),
                            place.str(), false);
     text.setEncoding(XMLUni::fgUTF16LEncodingString);
-    const std::unique_ptr<SAX2XMLReaderImpl> reader = MakeReader(desk);
+    const std::unique_ptr<SAX2XMLReaderImpl> reader = MakeReader(
+        desk, request.schema || DeclaresEntities(request.text) ? Unbound::Fault : Unbound::Nothing);
     if (request.schema)
         reader->loadGrammar(text, Grammar::SchemaGrammarType, true);
     else
@@ -126,21 +33,9 @@ void Run(const Request& request, Desk& desk) {
 } // namespace
 
 std::vector<Fault> Check(Request& request) {
-    XMLPlatformUtils::Initialize();
-    delete XMLPlatformUtils::fgNetAccessor; // nothing goes to the net from here
-    XMLPlatformUtils::fgNetAccessor = nullptr;
+    StartLibrary();
     Desk desk(request.sources);
-    try {
-        Run(request, desk);
-    } catch (const OutOfMemoryException&) {
-        throw std::bad_alloc();
-    } catch (const SAXParseException&) { // told already
-    } catch (const Enough&) {
-    } catch (const SAXException& fault) {
-        desk.faults.push_back({request.place, 0, 0, Utf8(fault.getMessage()), false});
-    } catch (const XMLException& fault) {
-        desk.faults.push_back({request.place, 0, 0, Utf8(fault.getMessage()), false});
-    }
+    Tell(desk, request.place, [&] { Run(request, desk); });
     return desk.faults;
 }
 

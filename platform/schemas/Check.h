@@ -23,8 +23,8 @@ struct Fault {
     bool warning = false; ///< of a document that couldn't be had: what else is found may follow from that
 };
 
-/// All faults, in the order in which they were found, up to a thousand. `request.sources.wanted` is filled.
-/// Throws std::bad_alloc.
+/// All faults, in the order in which they were found, up to a thousand and one: the last of so many tells
+/// that there are more than a thousand. `request.sources.wanted` is filled. Throws std::bad_alloc.
 std::vector<Fault> Check(Request& request);
 
 } // namespace schemas

@@ -15,8 +15,13 @@ namespace {
 
 constexpr off_t kLargest = 256L << 20; // bytes of one document
 
+// Schemes have no case. `beginning` is in small letters.
 bool StartsWith(const std::string& text, const char* beginning) {
-    return text.compare(0, std::strlen(beginning), beginning) == 0;
+    const std::size_t length = std::strlen(beginning);
+    return text.size() >= length &&
+           std::equal(beginning, beginning + length, text.begin(), [](char small, char letter) {
+               return small == std::tolower(static_cast<unsigned char>(letter));
+           });
 }
 
 bool IsHexDigit(char letter) {
@@ -70,6 +75,8 @@ std::string Sources::Resolve(const std::string& base, const std::string& locatio
         return location;
     if (StartsWith(location, "file://"))
         return WithoutEscapes(location.substr(std::min(location.find('/', 7), location.size())));
+    if (StartsWith(location, "file:"))
+        return Resolve(base, location.substr(5));
     if (IsAddress(base))
         return BesideAddress(base, location);
     if (StartsWith(location, "/"))
@@ -81,11 +88,12 @@ std::string Sources::Resolve(const std::string& base, const std::string& locatio
 }
 
 // Devices and pipes could keep a reader waiting for good.
-std::optional<std::string> Sources::Read(const std::string& place, std::string& complaint) {
+std::optional<std::string> Sources::Read(std::string& place, std::string& complaint) {
+    if (const auto found = fetched.find(place); found != fetched.end()) {
+        place = found->second.address;
+        return found->second.bytes;
+    }
     if (IsAddress(place)) {
-        const auto found = fetched.find(place);
-        if (found != fetched.end())
-            return found->second;
         wanted.insert(place);
         complaint = "It is not fetched from the net without being allowed to.";
         return {};

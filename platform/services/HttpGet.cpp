@@ -33,10 +33,19 @@ QString CharsetOf(const QString& contentType) {
     return {};
 }
 
-QNetworkRequest RequestFor(const QUrl& url) {
+// The same port, too, but for the step from the usual one to the safe one's.
+bool IsWithinHost(const QUrl& from, const QUrl& to) {
+    const bool safer =
+        from.scheme() == u"http" && to.scheme() == u"https" && from.port() < 0 && to.port() < 0;
+    return from.host() == to.host() && (safer || (from.scheme() == to.scheme() && from.port() == to.port()));
+}
+
+QNetworkRequest RequestFor(const QUrl& url, Redirects redirects) {
     QNetworkRequest request(url);
     request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Vantrel"));
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         redirects == Redirects::Anywhere ? QNetworkRequest::NoLessSafeRedirectPolicy
+                                                          : QNetworkRequest::UserVerifiedRedirectPolicy);
     request.setMaximumRedirectsAllowed(kMostRedirects);
     // XML shrinks well beyond the ratio that Qt takes for an attack; the bound on the body serves instead.
     request.setDecompressedSafetyCheckThreshold(-1);
@@ -46,13 +55,16 @@ QNetworkRequest RequestFor(const QUrl& url) {
 /// One request while it runs.
 class Transfer {
 public:
-    Transfer(QNetworkReply& reply, const Step& step) : reply_(reply), step_(step) {}
+    Transfer(QNetworkReply& reply, const Step& step, Redirects redirects)
+        : reply_(reply), step_(step), redirects_(redirects), asked_(reply.url()) {}
 
     HttpAnswer Run() {
         QTimer timer;
         timer.setInterval(kStepMilliseconds);
         QObject::connect(&timer, &QTimer::timeout, &loop_, [this] { TakeStep(); });
         QObject::connect(&reply_, &QNetworkReply::readyRead, &loop_, [this] { TakeBytes(); });
+        QObject::connect(&reply_, &QNetworkReply::redirected, &loop_,
+                         [this](const QUrl& to) { TakeRedirect(to); });
         QObject::connect(&reply_, &QNetworkReply::finished, &loop_, [this] { loop_.quit(); });
         QObject::connect(&reply_, &QNetworkReply::downloadProgress, &loop_,
                          [this](qint64, qint64 total) { expected_ = std::max<qint64>(total, 0); });
@@ -85,6 +97,18 @@ private:
         }
     }
 
+    void TakeRedirect(const QUrl& to) {
+        if (redirects_ == Redirects::Anywhere)
+            return;
+        if (IsWithinHost(asked_, to)) {
+            asked_ = to;
+            Q_EMIT reply_.redirectAllowed();
+        } else {
+            answer_.movedTo = to.toString();
+            reply_.abort();
+        }
+    }
+
     void TakeBytes() {
         if (tooLarge_ || outOfMemory_ || !reply_.isOpen()) // closed by an abort
             return;
@@ -113,12 +137,15 @@ private:
     void Judge() {
         const QNetworkReply::NetworkError error = reply_.error();
         answer_.status = reply_.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+        answer_.address = reply_.url().toString();
         answer_.charset = CharsetOf(reply_.header(QNetworkRequest::ContentTypeHeader).toString());
         // Where no server answers the resource can't be located; a server that answers "not found" has been.
         answer_.cannotLocate =
             error == QNetworkReply::HostNotFoundError || error == QNetworkReply::ConnectionRefusedError;
         if (answer_.cancelled)
             answer_.error = QStringLiteral("The request was cancelled.");
+        else if (!answer_.movedTo.isEmpty())
+            answer_.error = QStringLiteral("It has moved to ") + answer_.movedTo;
         else if (tooLarge_)
             answer_.error = QStringLiteral("The answer is too large.");
         else if (error != QNetworkReply::NoError)
@@ -132,6 +159,8 @@ private:
 
     QNetworkReply& reply_;
     const Step& step_;
+    const Redirects redirects_;
+    QUrl asked_; ///< the address that the request is at by now
     QEventLoop loop_;
     HttpAnswer answer_;
     qint64 expected_ = 0;
@@ -144,7 +173,7 @@ class HttpGet : public HttpClient {
 public:
     HttpGet() { QNetworkProxyFactory::setUseSystemConfiguration(true); }
 
-    HttpAnswer Get(const QString& address, const Step& step) override {
+    HttpAnswer Get(const QString& address, const Step& step, Redirects redirects) override {
         const QUrl url(address.trimmed(), QUrl::TolerantMode);
         const QString scheme = url.scheme(); // in lower case already
         if (!url.isValid() || url.host().isEmpty() || (scheme != u"http" && scheme != u"https")) {
@@ -154,8 +183,8 @@ public:
         }
         // Made anew for each request: a connection kept from the last one may have gone half dead meanwhile.
         QNetworkAccessManager manager;
-        const std::unique_ptr<QNetworkReply> reply(manager.get(RequestFor(url)));
-        return Transfer(*reply, step).Run();
+        const std::unique_ptr<QNetworkReply> reply(manager.get(RequestFor(url, redirects)));
+        return Transfer(*reply, step, redirects).Run();
     }
 };
 

@@ -20,11 +20,17 @@ struct SchemaFault {
     bool warning = false; ///< of a document that couldn't be had: other faults may follow from that
 };
 
+/// A document that was fetched.
+struct FetchedSchema {
+    QString address; ///< where it was found in the end; what it refers to is looked for beside that
+    QByteArray bytes;
+};
+
 struct SchemaRequest {
     text::LongText text;
-    QString place;                         ///< of the document's file, or its address; empty for one without
-    bool schema = false;                   ///< it is a schema; else a document that names its schemas itself
-    std::map<QString, QByteArray> fetched; ///< documents from the net, by address
+    QString place;       ///< of the document's file, or its address; empty for one without
+    bool schema = false; ///< it is a schema; else a document that names its schemas itself
+    std::map<QString, FetchedSchema> fetched; ///< documents from the net, by the address asked for
 };
 
 enum class SchemaOutcome { Checked, TooLong, TooLarge, Failed, Cancelled };
@@ -35,13 +41,50 @@ struct SchemaAnswer {
     QStringList wanted;              ///< addresses that were not among the fetched ones
 };
 
+enum class SampleAmount { Minimal, Typical, All };
+
+/// What a sample of a schema is to be.
+struct SampleWish {
+    SampleAmount amount = SampleAmount::Typical;
+    int seed = 0;            ///< not below 0; another one makes another sample
+    QString root;            ///< local name of its root element; empty: as the schema suggests
+    QString targetNamespace; ///< of the schema, and so of the root
+    QString encoding;        ///< that its declaration names
+    QString location;        ///< of the schema, as the sample is to name it
+};
+
+struct SampleAnswer {
+    SchemaOutcome outcome = SchemaOutcome::Failed;
+    QString text;        ///< a sample that the check accepts; empty where there is none
+    QStringList remarks; ///< why there is none, or why it isn't quite the one that was wished for
+    QStringList wanted;  ///< as of a check
+};
+
+/// A check that goes on beside the program's other work. Destroyed, it is given up.
+class SchemaCheck {
+public:
+    virtual ~SchemaCheck() = default;
+    /// Whether it has come to its end, for which it waits at most so many milliseconds. With 0 it costs next
+    /// to nothing.
+    virtual bool WaitForEnd(int milliseconds) = 0;
+    virtual SchemaAnswer TakeAnswer() = 0; ///< once, after its end
+};
+
 /// Checks schemas, and documents against the schemas that they name. What these include or import is looked
 /// for beside them, among regular files alone; nothing is fetched from the net.
 class Schemas {
 public:
     virtual ~Schemas() = default;
-    /// `step` is called about ten times a second; false cancels.
-    virtual SchemaAnswer Check(const SchemaRequest& request, const std::function<bool()>& step) = 0;
+    virtual std::unique_ptr<SchemaCheck> Begin(const SchemaRequest& request) = 0;
+    /// The same to its end. `step` is called about ten times a second; false cancels.
+    SchemaAnswer Check(const SchemaRequest& request, const std::function<bool()>& step);
+    /// Makes a document by a schema.
+    virtual SampleAnswer MakeSample(const SchemaRequest& request, const SampleWish& wish,
+                                    const std::function<bool()>& step) = 0;
+    /// Checks documents by a schema, whatever they name themselves. What the schema refers to is looked for
+    /// among the fetched documents first, by its place.
+    virtual SchemaAnswer CheckBy(const SchemaRequest& request, const std::vector<text::LongText>& documents,
+                                 const std::function<bool()>& step) = 0;
 };
 
 /// The bounds of one check.

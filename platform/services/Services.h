@@ -149,17 +149,23 @@ struct HttpAnswer {
     bool cannotLocate = false; ///< the host or the resource can't be found
     bool cancelled = false;
     int status = 0;
-    QString error; ///< one sentence when not ok
+    QString error;   ///< one sentence when not ok
+    QString address; ///< where the answer came from in the end
+    QString movedTo; ///< the address at another host that wasn't asked for it; see Redirects
     QByteArray body;
     QString charset; ///< from Content-Type, empty without one
 };
+
+/// Where a request may be sent on to.
+enum class Redirects { Anywhere, WithinHost };
 
 /// One blocking GET on the one thread, in steps: redirects (at most 20), TLS, the system's proxy.
 class HttpClient {
 public:
     virtual ~HttpClient() = default;
     /// `step` is called at least every 100 ms with bytes got and expected (0: unknown); false cancels.
-    virtual HttpAnswer Get(const QString& url, const std::function<bool(qint64, qint64)>& step) = 0;
+    virtual HttpAnswer Get(const QString& url, const std::function<bool(qint64, qint64)>& step,
+                           Redirects redirects = Redirects::Anywhere) = 0;
 };
 
 class Clock {

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
+#include <QToolButton>
 
 namespace {
 
@@ -69,6 +70,61 @@ TEST_F(SchemaWindow, KeysOpenTheListOfAValueNarrowItAndChooseFromIt) {
     EXPECT_EQ(Offers(), QStringList());
 }
 
+TEST_F(SchemaWindow, TheMouseOpensAListAndChoosesFromIt) {
+    t.OpenText(QStringLiteral("a.xsd"), kSchema);
+    t.window().tvXML.SetSelectedItem(t.window().tvXML.Nodes(1).Child().Child().Child().Child());
+    t.ClickTreeRow(t.Tree().currentIndex());
+    ASSERT_EQ(t.SelectedNode(), QStringLiteral("element"));
+    const QRect cell = t.List().visualRect(t.List().model()->index(3, 1));
+    t.Click(*t.List().viewport(), t.List().visualRect(t.List().model()->index(3, 0)).center());
+    t.Click(*t.List().viewport(), cell.center()); // of the row that is current already
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Editor().isVisible(); }));
+    auto& button = t.Find<QToolButton>(QStringLiteral("cmdPop"));
+    t.Click(button, button.rect().center());
+    EXPECT_EQ(Offers().size(), 44);
+    auto* list = qobject_cast<QListView*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(list);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualRect(list->model()->index(3, 0)).center());
+    EXPECT_EQ(Editor().text(), QStringLiteral("date"));
+    t.Press(Qt::Key_Return);
+    EXPECT_EQ(Type(), QStringLiteral("name=\"a\" type=\"date\""));
+}
+
+TEST_F(SchemaWindow, KeysSwitchACompositorInTheListAndNowhereElse) {
+    t.OpenText(QStringLiteral("a.xsd"), kSchema);
+    const controls::TreeNode group = t.window().tvXML.Nodes(1).Child().Child();
+    t.window().tvXML.SetSelectedItem(group);
+    t.ClickTreeRow(t.Tree().currentIndex());
+    t.Press(Qt::Key_F2); // in the tree its name stays
+    EXPECT_FALSE(Editor().isVisible());
+    ASSERT_EQ(t.SelectedNode(), QStringLiteral("group"));
+    t.Click(*t.List().viewport(), t.List().visualRect(t.List().model()->index(0, 0)).center());
+    t.Press(Qt::Key_F2);
+    ASSERT_TRUE(Editor().hasFocus());
+    t.Press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(Offers(),
+              (QStringList{QStringLiteral("sequence"), QStringLiteral("all"), QStringLiteral("choice")}));
+    for (int down = 0; down < 3; ++down)
+        PressInOffers(Qt::Key_Down);
+    PressInOffers(Qt::Key_Return);
+    EXPECT_EQ(Editor().text(), QStringLiteral("choice"));
+    t.Press(Qt::Key_Return);
+    EXPECT_EQ(group.Child().Text(), QStringLiteral("choice"));
+    EXPECT_TRUE(t.window().rtxtXML.Text().contains(QStringLiteral("<choice>")));
+}
+
+// Opened by its name, with nothing that waits for it: the program's own clock looks after the check.
+TEST_F(SchemaWindow, TheCheckOfAnOpenedSchemaComesByItself) {
+    t.prompts.Answer(services::Answer::Ok);
+    t.frame().OpenNamed(
+        t.folder.Write(QStringLiteral("a.xsd"), QByteArray(kSchema).replace("string", "nothing")));
+    EXPECT_TRUE(t.prompts.boxes.empty());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !t.prompts.boxes.empty(); }, 30'000));
+    EXPECT_EQ(t.prompts.boxes.front().title, QStringLiteral("Schema error!"));
+    EXPECT_TRUE(t.Find<QTreeView>(QStringLiteral("lvDiagnostics")).isVisible());
+}
+
 TEST_F(SchemaWindow, AClickInTheListOfDiagnosticsGoesToItsNodeAndPlace) {
     t.prompts.AllowAnyBox();
     t.OpenText(QStringLiteral("a.xsd"), QByteArray(kSchema).replace("string", "nothing"));
@@ -82,6 +138,7 @@ TEST_F(SchemaWindow, AClickInTheListOfDiagnosticsGoesToItsNodeAndPlace) {
     t.Press(Qt::Key_A, Qt::ControlModifier);
     t.Type(QString::fromUtf8(kSchema));
     t.ClickTab(QStringLiteral("listview"));
+    t.FinishChecks();
     EXPECT_FALSE(list.isVisible()) << "the fault is mended";
 }
 

@@ -170,6 +170,7 @@ TEST_F(BadSource, ATableThatCanNotBeReadLeavesTheOthersInTheSchema) {
                   form.OKButton.Click();
               }),
               1);
+    t.FinishChecks(); // a blank in maxLength is told of
     EXPECT_TRUE(t.prompts.boxes[0].text.contains(QStringLiteral("The schema isn't whole.")));
 }
 

@@ -252,6 +252,7 @@ TEST_F(ImportDatabase, TablesBecomeASchema) {
         form.OKButton.Click();
     });
     EXPECT_EQ(closed, 1);
+    t.FinishChecks();
     EXPECT_EQ(t.prompts.boxes.back().title, QStringLiteral("Schema error!"));
     EXPECT_TRUE(t.window().kind.schema);
     EXPECT_EQ(t.window().Caption, QStringLiteral("new1.xsd"));

@@ -126,3 +126,23 @@ TEST_F(HttpGet, SaysWhenThereIsNoServer) {
         EXPECT_FALSE(answer.error.isEmpty()) << bad.toStdString();
     }
 }
+
+TEST_F(HttpGet, AnotherHostIsAskedOnlyByRequestsThatMayGoAnywhere) {
+    const test::LoopbackServer other([](const QByteArray&) { return Ok("", "<b/>"); });
+    pages["/moved"] = RedirectTo(u"/deep/a.xml"_qs);
+    pages["/deep/a.xml"] = Ok("", "<a/>");
+    pages["/away"] = RedirectTo(other.Url(u"/b.xml"_qs));
+    const auto get = [this](const QString& path, services::Redirects redirects) {
+        return http->Get(
+            server.Url(path), [](qint64, qint64) { return true; }, redirects);
+    };
+    const HttpAnswer within = get(u"/moved"_qs, services::Redirects::WithinHost);
+    EXPECT_EQ(within.body, "<a/>");
+    EXPECT_EQ(within.address, server.Url(u"/deep/a.xml"_qs));
+    const HttpAnswer away = get(u"/away"_qs, services::Redirects::WithinHost);
+    EXPECT_FALSE(away.ok);
+    EXPECT_FALSE(away.cancelled);
+    EXPECT_EQ(away.movedTo, other.Url(u"/b.xml"_qs));
+    EXPECT_EQ(other.Requests(), 0);
+    EXPECT_EQ(get(u"/away"_qs, services::Redirects::Anywhere).address, other.Url(u"/b.xml"_qs));
+}

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A plain document and its schema: binding, and the view that shows it.
 #include "tests/nodes/ListDesk.h"
+#include <QDir>
 
 namespace {
 
@@ -46,6 +47,42 @@ TEST_F(Bind, TheLocationGoesWhereTheRootElementHasIt) {
         << "declined";
     EXPECT_EQ(Applied("n='1'", {}), "n=\"1\"") << "no file was chosen";
     EXPECT_FALSE(w->bond.bTextChanged());
+}
+
+// The letters "xsi" are a habit; what counts is the namespace.
+TEST_F(Bind, TheLocationIsFoundUnderThePrefixOfItsNamespace) {
+    const QByteArray instance = "http://www.w3.org/2001/XMLSchema-instance";
+    t.prompts.Answer(Answer::Yes);
+    EXPECT_EQ(
+        Applied("xmlns:i='" + instance + "' i:noNamespaceSchemaLocation='o.xsd'", QStringLiteral("n.xsd")),
+        "xmlns:i=\"" + instance.toStdString() + "\" i:noNamespaceSchemaLocation=\"n.xsd\"");
+    EXPECT_EQ(Applied("xmlns:i='" + instance + "'", QStringLiteral("n.xsd")),
+              "xmlns:i=\"" + instance.toStdString() + "\" i:noNamespaceSchemaLocation=\"n.xsd\"");
+    const std::string other = "xmlns:xsi=\"urn:x\" xsi:noNamespaceSchemaLocation=\"mine\"";
+    EXPECT_EQ(Applied("xmlns:xsi='urn:x' xsi:noNamespaceSchemaLocation='mine'", QStringLiteral("n.xsd")),
+              other + " xmlns:xsi1=\"" + instance.toStdString() +
+                  "\" xsi1:noNamespaceSchemaLocation=\"n.xsd\"")
+        << "what is another namespace's stays";
+}
+
+TEST_F(Bind, WhatIsAppliedIsShownWhateverStandsInItsName) {
+    const QString folder = t.folder.Path(QStringLiteral("R & D (50%20)"));
+    QDir().mkpath(folder);
+    int count = 0;
+    for (const char* attributes : {"", "xmlns:i='http://www.w3.org/2001/XMLSchema-instance'",
+                                   "xmlns:i='http://www.w3.org/2001/XMLSchema-instance' "
+                                   "i:schemaLocation='urn:x&#10;old.xsd urn:y y.xsd'"}) {
+        SCOPED_TRACE(attributes);
+        const QString name = QStringLiteral("R & D (50%20)/a \"%1\" b.xsd").arg(++count);
+        const QByteArray schema = "<schema n='" + QByteArray::number(count) + "'/>";
+        t.folder.Write(name, schema);
+        if (count == 3)
+            t.prompts.Answer(Answer::Yes);
+        Applied(attributes, t.folder.Path(name));
+        t.ChooseMenu(QStringLiteral("mnuGotoSchema"));
+        EXPECT_EQ(w->txtSchema.Text(), QString::fromUtf8(schema));
+        w->tbsXML.Select(QStringLiteral("listview"));
+    }
 }
 
 TEST_F(Bind, TheSchemaViewShowsTheSchemaFromTheDocumentsFolder) {

@@ -19,9 +19,17 @@ TEST_F(SchemaTree, ANewElementReachesTextAndListWithoutANameOfTheUser) {
 }
 
 TEST_F(SchemaTree, OnlyTheDocumentsNameIsALabelToEdit) {
-    w.tvXML.SetSelectedItem(w.tvXML.Nodes(1).Child());
+    const auto offered = [this] { return t.frame().Menu(QStringLiteral("mnuEditName")).Usable(); };
+    t.ClickNode(w.tvXML.Nodes(1).Child());
     EXPECT_FALSE(w.tvXML.StartLabelEdit());
-    w.tvXML.SetSelectedItem(w.tvXML.Nodes(1));
+    EXPECT_FALSE(offered()) << "the entry would do nothing";
+    w.ListView1.GotFocus();
+    w.ListView1.MouseDown();
+    w.ListView1.SetSelectedItem(1);
+    w.ListView1.Click();
+    EXPECT_TRUE(offered()) << "names change in the list";
+    t.ClickNode(w.tvXML.Nodes(1));
+    EXPECT_TRUE(offered());
     EXPECT_TRUE(w.tvXML.StartLabelEdit());
 }
 

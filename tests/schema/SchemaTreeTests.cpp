@@ -197,4 +197,44 @@ TEST_F(Schema, ADeclarationThatNamesDependOnStays) {
     EXPECT_EQ(Names().find("sql:hide"), std::string::npos);
 }
 
+TEST_F(Schema, ADeclarationStaysWhereAValueNamesSomethingWithItsPrefix) {
+    int count = 0;
+    for (const char* use : {"type='sql:t'", "substitutionGroup='sql:e'", "memberTypes='xsd:int sql:t'",
+                            "xpath='a/sql:b'", "xpath='.//sql:*'"}) {
+        Open("<xsd:element name='a'><xsd:annotation/></xsd:element>", QStringLiteral("u%1.xsd").arg(++count));
+        t.ChooseMenu(QStringLiteral("mnuSEnaMsSQL"));
+        t.EditText(w->rtxtXML.Text().replace(QStringLiteral("name=\"a\""), QLatin1String(use)));
+        t.ChooseMenu(QStringLiteral("mnuSEnaMsSQL"));
+        EXPECT_TRUE(Element().Tag().contains(QStringLiteral("xmlns:sql"))) << use;
+    }
+    Open("<xsd:element name='mysql:a' id='nosql'/>", QStringLiteral("other.xsd"));
+    t.ChooseMenu(QStringLiteral("mnuSEnaMsSQL"));
+    t.ChooseMenu(QStringLiteral("mnuSEnaMsSQL"));
+    EXPECT_FALSE(Element().Tag().contains(QStringLiteral("xmlns:sql"))) << "other words end in these letters";
+}
+
+TEST_F(Schema, UndoAndCancelTakeBackWhatAnExtensionOffersToo) {
+    const auto checked = [this] { return t.frame().Menu(QStringLiteral("mnuSEnaMsSQL")).Checked(); };
+    Open("<xsd:element name='a'/>");
+    t.ChooseMenu(QStringLiteral("mnuSEnaMsSQL"));
+    w->tbsXML.Select(QStringLiteral("textview"));
+    t.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    EXPECT_FALSE(Element().Tag().contains(QStringLiteral("xmlns:sql")));
+    EXPECT_FALSE(checked());
+    t.ChooseMenu(QStringLiteral("mnuRedo"));
+    EXPECT_TRUE(checked());
+    t.ChooseMenu(QStringLiteral("mnuSEnaMsSQL"));
+    EXPECT_FALSE(checked());
+    t.ChooseMenu(QStringLiteral("mnuEditUndo"));
+    EXPECT_TRUE(checked());
+
+    Open("<xsd:annotation><xsd:documentation><![CDATA[x]]></xsd:documentation></xsd:annotation>",
+         QStringLiteral("cdata.xsd"));
+    t.prompts.AnswerRewriting({services::Answer::Cancel});
+    t.ChooseMenu(QStringLiteral("mnuSEnaMsSQL"));
+    EXPECT_EQ(t.prompts.rewritings.size(), 1U);
+    EXPECT_FALSE(checked());
+    EXPECT_FALSE(Element().Tag().contains(QStringLiteral("xmlns:sql")));
+}
+
 } // namespace

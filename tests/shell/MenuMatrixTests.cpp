@@ -240,6 +240,7 @@ TEST(MenuMatrix, IsThatOfTheViewInUseInAWindowThatStaysOrComesBack) {
 
     DocumentWindow& schema =
         t.OpenText(QStringLiteral("c.xsd"), "<schema xmlns='http://www.w3.org/2001/XMLSchema'/>");
+    t.prompts.Answer(services::Answer::Ok); // it has no root element
     schema.tbsXML.Select(QStringLiteral("compactview"));
     EXPECT_EQ(letter("mnuEditName"), 'D') << "compact view";
     t.frame().ActivateForm(&tree);

@@ -21,7 +21,7 @@ TEST(Menu, HasItsEntriesInOrder) {
             letters += item->separator ? QStringLiteral("-") : item->Caption().section(u'&', 1).left(1);
         letters += u' ';
     }
-    EXPECT_EQ(sizes, (std::vector<std::size_t>{19, 18, 17, 4, 43, 7, 12, 6, 4, 13}));
+    EXPECT_EQ(sizes, (std::vector<std::size_t>{19, 18, 18, 5, 43, 7, 12, 6, 4, 13}));
     EXPECT_EQ(letters.toStdString(), "FNOC-SA-sP--X EUR-uCP--AF X-- c- S V T-O- W-CHVA H-A -uCP- ");
 }
 

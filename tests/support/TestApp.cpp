@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/support/TestApp.h"
+#include "schema/CheckBeside.h"
 #include <QCoreApplication>
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -57,6 +58,7 @@ DocumentWindow& TestApp::window() {
 
 DocumentWindow& TestApp::OpenText(const QString& name, const QByteArray& bytes) {
     frame_->OpenNamed(folder.Write(name, bytes));
+    FinishChecks();
     return window();
 }
 
@@ -102,6 +104,18 @@ void TestApp::EditText(const QString& text) {
     view.UserSelected(0, view.Text().size());
     view.Type(text);
     view.LostFocus();
+    FinishChecks();
+}
+
+void TestApp::FinishChecks(DocumentWindow& window) {
+    schema::CheckBeside& check = schema::CheckBesideOf(window);
+    while (check.busy()) {
+        check.tmCheck.Tick();
+        if (check.running)
+            check.running->WaitForEnd(100);
+    }
+    if (check.tmCheck.Enabled())
+        check.tmCheck.Tick();
 }
 
 } // namespace test

@@ -38,7 +38,7 @@ public:
     void Restart(const QString& commandLine = {});
 
     // --- what a user does ----------------------------------------------------------------------------
-    /// Writes a file into the folder and opens it by its name; its window.
+    /// Writes a file into the folder and opens it by its name; its window. A schema has been checked.
     DocumentWindow& OpenText(const QString& name, const QByteArray& bytes);
     /// Chooses a menu entry; fails the test when it isn't usable.
     void ChooseMenu(const QString& name, int index = 0);
@@ -50,6 +50,9 @@ public:
     void ClickNode(controls::TreeNode node);
     /// Goes to the text tab, replaces the whole text as by typing, and leaves the view again.
     void EditText(const QString& text);
+    /// Waits until nothing is checked beside the work any more, and the user has been told of it.
+    void FinishChecks() { FinishChecks(window()); }
+    static void FinishChecks(DocumentWindow& window); ///< the same of a window that needn't be in front
 
 private:
     void Start(const QString& commandLine);
