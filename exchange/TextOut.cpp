@@ -149,15 +149,39 @@ private:
     }
 
     void PutPlainRow(const Shown& shown, int row) {
-        QStringList cells;
-        if (row == 0)
-            cells = shown.cells(row);
-        else if (shown.hasElement(row))
-            for (const text::CompactView value : shown.values(row, false))
-                cells << mXMLEdit::WithoutReferences(value.toString());
-        for (QString& cell : cells)
-            cell = Quoted(cell);
-        Put(cells.join(options_.i_sDelimiter));
+        bool any = false;
+        const auto part = [&] {
+            if (any)
+                Put(options_.i_sDelimiter);
+            any = true;
+        };
+        if (row == 0) {
+            for (const QString& cell : shown.cells(row)) {
+                part();
+                Put(Quoted(cell));
+            }
+        } else if (shown.hasElement(row)) {
+            for (const text::CompactView value : shown.values(row, false)) {
+                part();
+                PutPlain(value);
+            }
+        }
+    }
+
+    // Most values hold nothing that is written otherwise.
+    void PutPlain(text::CompactView value) {
+        const std::size_t at = part_.size();
+        part_.resize(at + value.length);
+        value.copyTo(part_.data() + at);
+        const char16_t delimiter =
+            options_.i_sDelimiter.isEmpty() ? u'"' : options_.i_sDelimiter[0].unicode();
+        const auto isOdd = [delimiter](char16_t unit) {
+            return unit == u'&' || unit == u'"' || unit == u'\n' || unit == u'\r' || unit == delimiter;
+        };
+        if (std::none_of(part_.begin() + static_cast<std::ptrdiff_t>(at), part_.end(), isOdd))
+            return;
+        part_.resize(at);
+        Put(Quoted(mXMLEdit::WithoutReferences(value.toString())));
     }
 
     QString Quoted(QString cell) const {
