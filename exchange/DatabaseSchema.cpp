@@ -15,11 +15,9 @@ const QString kEnd = QStringLiteral("\r\n");
 
 /// Drivers tell a size for texts of any length, too: as these say, their own limit for them.
 bool HasLength(const DatabaseColumn& column) {
-    constexpr qint64 kUntold = 255, kEndless = 1 << 30;
+    constexpr qint64 kEndless = 1 << 30;
     const int type = DataTypeOf(column);
-    const bool told = column.size != kUntold || column.typeName.contains(u'(');
-    return column.size > 0 && column.size < kEndless && told && type != adLongVarChar &&
-           type != adLongVarWChar;
+    return column.size > 0 && column.size < kEndless && type != adLongVarChar && type != adLongVarWChar;
 }
 
 QString StringColumn(const DatabaseColumn& column, const QString& kind, const QString& indent, bool repair) {
@@ -68,7 +66,7 @@ QString ComplaintOf(Application& app, const std::vector<TableShape>& shapes, con
     if (const QString bad = FirstBadName(app, names); !bad.isNull())
         complaints << QStringLiteral("The name \"%1\" is no name in XML.").arg(bad);
     if (schema.contains(QStringLiteral("<xsd:maxLength value=\" ")))
-        complaints << QStringLiteral("The lengths begin with a blank.");
+        complaints << QStringLiteral("The lengths of texts (maxLength) begin with a blank.");
     if (!complaints.isEmpty())
         complaints << QStringLiteral("A check will refuse the schema; the box for valid names mends that.");
     return complaints.join(u' ');
@@ -96,10 +94,11 @@ QString GetADOXColSchemaString(Application& app, const DatabaseColumn& column, c
            QStringLiteral("\" type=\"") + QLatin1String(form.name) + QStringLiteral("\"/>\r\n");
 }
 
-MadeSchema SchemaOf(Application& app, services::Database& database, const SchemaOptions& options) {
+MadeSchema SchemaOf(Application& app, services::Database& database, const SchemaOptions& options,
+                    const edit::WaitStep& step) {
     MadeSchema made;
     std::vector<TableShape> shapes;
-    made.result = ReadShapes(app, database, options.repair, shapes);
+    made.result = ReadShapes(app, database, options.repair, step, shapes);
     QString root;
     if (options.repair)
         root = MakeNamesValid(app, shapes);

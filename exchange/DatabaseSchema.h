@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "core/edit/Waiting.h"
 #include "platform/services/Databases.h"
 #include <QString>
 
@@ -23,7 +24,8 @@ struct MadeSchema {
     QString text;
     QString complaint; ///< what makes it no valid schema; empty where all is well
 };
-/// The schema of all tables, views and system tables left out.
-MadeSchema SchemaOf(Application& app, services::Database& database, const SchemaOptions& options);
+/// The schema of all tables, views and system tables left out. `step` is told of tables.
+MadeSchema SchemaOf(Application& app, services::Database& database, const SchemaOptions& options,
+                    const edit::WaitStep& step);
 
 } // namespace exchange

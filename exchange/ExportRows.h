@@ -25,8 +25,9 @@ struct Exported {
 
 /// Runs the scripts of all tables as one transaction: first what each has in front of its first statement
 /// with parameters, then the rest. A statement with parameters runs for each row, with its values; it has to
-/// have as many as the table has columns. A database without transactions is refused. Where tables outlast a
-/// transaction that is taken back, those that the scripts have made are removed. `step` is told of rows.
+/// have as many as the table has columns. A database without transactions is refused, and so is a script that
+/// would end the one that all runs in. Where tables outlast a transaction that is taken back, those that the
+/// scripts have made are removed. `step` is told of rows.
 Exported ExportRows(Application& app, const QString& connection, const std::vector<TableExport>& tables,
                     const edit::WaitStep& step);
 

@@ -2,12 +2,15 @@
 #include "exchange/FieldNames.h"
 #include "core/model/Probe.h"
 #include "platform/text/TextTools.h"
+#include "platform/xml/TagSizeGuard.h"
 #include <QHash>
 #include <QSet>
 
 namespace exchange {
 
 namespace {
+
+constexpr qsizetype kLongestName = 10'000; // units
 
 bool Parses(Application& app, const QString& document) {
     return m_tvXML::Probe(app, document, m_tvXML::kAnyNumber, xml::Prefixes::Declared).good();
@@ -27,40 +30,36 @@ QString RowOf(const std::vector<QString>& names, Filling filling) {
     return rows.Finish().toString();
 }
 
-/// The units of a name one by one, surrogate pairs together.
-QStringList CharactersOf(const QString& name) {
-    QStringList characters;
-    for (qsizetype at = 0; at < name.size(); ++at) {
-        const bool pair = name[at].isHighSurrogate() && at + 1 < name.size() && name[at + 1].isLowSurrogate();
-        characters << name.mid(at, pair ? 2 : 1);
-        at += pair ? 1 : 0;
-    }
-    return characters;
-}
-
 /// What a character may do in a name, asked once for each.
 class NameCharacters {
 public:
     explicit NameCharacters(Application& app) : app_(app) {}
-    bool MayBegin(const QString& character) { return Asked(starts_, character, character); }
-    bool MayFollow(const QString& character) { return Asked(others_, character, u'x' + character); }
+    bool MayBegin(QStringView character) { return Asked(starts_, character, {}); }
+    bool MayFollow(QStringView character) { return Asked(others_, character, QStringLiteral("x")); }
 
 private:
-    bool Asked(QHash<QString, bool>& known, const QString& character, const QString& name) {
-        const auto found = known.constFind(character);
+    bool Asked(QHash<char32_t, bool>& known, QStringView character, const QString& before) {
+        const char32_t number = character.size() == 2 ? QChar::surrogateToUcs4(character[0], character[1])
+                                                      : character[0].unicode();
+        const auto found = known.constFind(number);
         if (found != known.constEnd())
             return *found;
-        const bool good = character != QStringLiteral(":") && IsName(app_, name);
-        known.insert(character, good);
+        const bool good = number != u':' && IsName(app_, before + character.toString());
+        known.insert(number, good);
         return good;
     }
     Application& app_;
-    QHash<QString, bool> starts_, others_;
+    QHash<char32_t, bool> starts_, others_;
 };
 
+// Surrogate pairs are one character. No longer than the parser takes a name: a line of megabytes isn't a
+// header.
 QString MadeValid(NameCharacters& characters, const QString& name) {
     QString valid;
-    for (const QString& character : CharactersOf(name)) {
+    for (qsizetype at = 0; at < name.size() && valid.size() < kLongestName;) {
+        const bool pair = name[at].isHighSurrogate() && at + 1 < name.size() && name[at + 1].isLowSurrogate();
+        const QStringView character = QStringView(name).sliced(at, pair ? 2 : 1);
+        at += character.size();
         if (valid.isEmpty() && !characters.MayBegin(character))
             valid = QStringLiteral("_");
         if (valid.isEmpty() || characters.MayFollow(character))
@@ -71,17 +70,44 @@ QString MadeValid(NameCharacters& characters, const QString& name) {
     return valid;
 }
 
+/// The numbers that a text has behind the word "field", and those that these begin with.
+QSet<qsizetype> FieldNumbersIn(QStringView text) {
+    constexpr qsizetype kMost = 1'000'000'000; // there are no more fields
+    static const QString kWord = QStringLiteral("field");
+    QSet<qsizetype> numbers;
+    for (qsizetype at = text.indexOf(kWord); at >= 0; at = text.indexOf(kWord, at + 1)) {
+        qsizetype number = 0;
+        for (const QChar unit : text.sliced(at + kWord.size())) {
+            if (unit < u'0' || unit > u'9' || number > kMost)
+                break;
+            number = number * 10 + (unit.unicode() - u'0');
+            if (number == 0) // a number begins with another digit
+                break;
+            numbers.insert(number);
+        }
+    }
+    return numbers;
+}
+
+/// A name as it stands in a sentence.
+QString Shortened(const QString& name) {
+    constexpr qsizetype kShown = 60;
+    return name.size() <= kShown ? name : name.first(kShown) + QStringLiteral("...");
+}
+
 } // namespace
 
 std::vector<QString> NamesOfHeader(const std::vector<QString>& cells, const QString& headerLine) {
     std::vector<QString> names;
-    int k = 0;
+    const QSet<qsizetype> taken = FieldNumbersIn(headerLine);
+    qsizetype k = 0;
     for (QString name : cells) {
         name.replace(u' ', u'_');
         if (text::Trim(name).isEmpty()) {
             do
-                name = QStringLiteral("field") + QString::number(++k);
-            while (headerLine.contains(name));
+                ++k;
+            while (taken.contains(k));
+            name = QStringLiteral("field") + QString::number(k);
         }
         names.push_back(name);
     }
@@ -100,11 +126,14 @@ std::vector<QString> ValidNames(Application& app, const std::vector<QString>& na
     std::vector<QString> valid;
     QSet<QString> taken(names.begin(), names.end()); // a number must not make the name of another one
     QSet<QString> given;
+    QHash<QString, int> last; // the number that a name has got last; lower ones are not free any more
     for (const QString& name : names) {
         const QString made = MadeValid(characters, name);
         QString free = made;
-        for (int number = 2; given.contains(free) || (free != name && taken.contains(free)); ++number)
-            free = made + u'_' + QString::number(number);
+        int number = last.value(made, 1);
+        while (given.contains(free) || (free != name && taken.contains(free)))
+            free = made + u'_' + QString::number(++number);
+        last.insert(made, number);
         given += free;
         valid.push_back(free);
     }
@@ -112,24 +141,31 @@ std::vector<QString> ValidNames(Application& app, const std::vector<QString>& na
 }
 
 QString FirstBadName(Application& app, const std::vector<QString>& names) {
+    NameCharacters characters(app); // asking for each name takes long where there are many
     for (const QString& name : names) {
-        if (!IsName(app, name))
+        const bool plain = !name.isEmpty() && MadeValid(characters, name) == name;
+        if (!plain && !IsName(app, name))
             return name.isNull() ? QStringLiteral("") : name;
     }
     return {};
 }
 
 QString NameComplaint(Application& app, const std::vector<QString>& names, Filling filling) {
+    if (filling == Filling::Attributes && names.size() > xml::kMaxAttributes)
+        return QStringLiteral(
+                   "A row has more than %1 attributes: the document will not parse. As elements the "
+                   "fields can be more.")
+            .arg(xml::kMaxAttributes);
     if (names.empty() || Parses(app, RowOf(names, filling)))
         return {};
     if (const QString bad = FirstBadName(app, names); !bad.isNull())
         return QStringLiteral("The field name \"%1\" is no name in XML: the document will not parse.")
-            .arg(bad);
+            .arg(Shortened(bad));
     QSet<QString> seen;
     for (const QString& name : names) {
         if (seen.contains(name))
             return QStringLiteral("The field name \"%1\" stands twice: the document will not parse.")
-                .arg(name);
+                .arg(Shortened(name));
         seen += name;
     }
     return QStringLiteral("The field names make a document that will not parse.");

@@ -7,8 +7,12 @@ namespace exchange {
 namespace {
 
 // Encodings of two and four bytes a character: by their marks, or by the zeros of plain letters.
-bool IsWide(const QByteArray& bytes) {
-    return bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF") || bytes.left(8).contains('\0');
+bool HasWideMark(const QByteArray& bytes) {
+    return bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF") ||
+           bytes.startsWith(QByteArrayView("\0\0\xFE\xFF", 4));
+}
+bool LooksWide(const QByteArray& bytes) {
+    return bytes.left(8).contains('\0');
 }
 
 bool HasFourBytes(const QByteArray& bytes) {
@@ -47,14 +51,38 @@ QByteArray WithoutCutCharacter(QByteArray bytes) {
     return bytes;
 }
 
-} // namespace
-
-QByteArray WholeLines(const QByteArray& front) {
+QByteArray CutAsWide(const QByteArray& front) {
     constexpr qsizetype kWideUnit = 4;
-    if (IsWide(front))
-        return WithoutCutPair(front.left(front.size() / kWideUnit * kWideUnit));
+    return WithoutCutPair(front.left(front.size() / kWideUnit * kWideUnit));
+}
+
+QByteArray CutAsBytes(const QByteArray& front) {
     const qsizetype end = std::max(front.lastIndexOf('\n'), front.lastIndexOf('\r'));
     return end > 0 ? front.left(end + 1) : WithoutCutCharacter(front);
+}
+
+} // namespace
+
+text::Decoded DecodeFront(const QByteArray& front) {
+    if (HasWideMark(front))
+        return text::Decode(CutAsWide(front));
+    if (LooksWide(front)) {
+        text::Decoded read = text::Decode(CutAsWide(front));
+        if (read.warning.isEmpty())
+            return read;
+    }
+    return text::Decode(CutAsBytes(front));
+}
+
+// Where characters end depends on the encoding: one byte less is tried after the other.
+std::optional<text::Decoded> DecodeFrontAs(const QByteArray& front, const QString& label) {
+    constexpr int kLongest = 8; // bytes of a character in any encoding
+    if (!text::KnowsEncoding(label))
+        return std::nullopt;
+    std::optional<text::Decoded> read = text::DecodeAs(CutAsBytes(front), label);
+    for (int cut = 0; cut < kLongest && !read; ++cut)
+        read = text::DecodeAs(front.chopped(cut), label);
+    return read;
 }
 
 bool LooksBinary(const text::LongText& text) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "exchange/ImportRows.h"
+#include "exchange/DataTypes.h"
 #include "exchange/FieldNames.h"
 #include "exchange/OpenDatabase.h"
 #include "exchange/SqlText.h"
@@ -21,16 +22,34 @@ std::vector<QString> NamesOf(Application& app, const DatabaseRows& rows, bool re
     return repair ? ValidNames(app, names) : names;
 }
 
+/// Months and days are numbered from 1. Drivers give what they can't read as a date so.
+bool IsNoDate(QStringView value) {
+    constexpr qsizetype kDate = 10, kMonth = 5, kDay = 8;
+    return value.size() >= kDate && value[kMonth - 1] == u'-' && value[kDay - 1] == u'-' &&
+           (value.sliced(kMonth, 2) == u"00" || value.sliced(kDay, 2) == u"00");
+}
+
+bool HoldsDates(const services::DatabaseColumn& column) {
+    const int type = DataTypeOf(column);
+    return type == adDBDate || type == adDBTimeStamp;
+}
+
 /// False where the user cancelled; a failure is told by `result`.
 bool WriteRows(DatabaseRows& rows, RowsXml& out, const RowsQuery& query, const edit::WaitStep& step,
                MadeRows& made) {
+    std::vector<bool> dates;
+    for (const services::DatabaseColumn& column : rows.Columns())
+        dates.push_back(HoldsDates(column));
     for (qsizetype count = 0; rows.Next(made.result); ++count) {
         made.cut = query.most > 0 && count == query.most;
         if (made.cut)
             return true;
         out.BeginRow();
-        for (std::size_t i = 0; i < rows.Columns().size(); ++i)
-            out.Field(rows.Value(i));
+        for (std::size_t i = 0; i < rows.Columns().size(); ++i) {
+            const bool noDate = dates[i] && IsNoDate(rows.Value(i));
+            made.noDates += noDate ? 1 : 0;
+            out.Field(noDate ? QStringView() : rows.Value(i));
+        }
         out.EndRow();
         if (count % kRowsPerStep == 0 && step && !step(count, 0))
             return false;
@@ -82,15 +101,21 @@ MadeRows RowsOf(Application& app, const RowsQuery& query, const edit::WaitStep& 
     if (!database)
         return made;
     // What the statement changes doesn't last (quirk 105).
-    const bool guarded = static_cast<bool>(database->BeginTransaction());
-    if (!guarded && !OnlyReads(query.sql)) {
-        made.result = Refused(QStringLiteral("The database has no transactions: what this statement changes "
-                                             "would last. Only a statement that reads can run."));
+    const bool guarded = database->HasTransactions();
+    const bool allGoesBack = guarded && database->TakesTablesBack();
+    if (!allGoesBack && !OnlyReads(query.sql)) {
+        made.result =
+            Refused(QStringLiteral("This database does not take everything back: what the statement "
+                                   "changes could last. Only a statement that reads can run."));
         return made;
     }
+    if (guarded)
+        made.result = database->BeginTransaction();
+    if (!made.result)
+        return made;
     Read(app, *database, query, step, made);
     if (guarded)
-        made.takenBack = static_cast<bool>(database->Rollback()) && database->TakesTablesBack();
+        made.takenBack = static_cast<bool>(database->Rollback()) && allGoesBack;
     return made;
 }
 

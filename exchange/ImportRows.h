@@ -25,12 +25,13 @@ struct MadeRows {
     bool cut = false;       ///< there are more rows than were wanted
     text::LongText text;
     LeftOut leftOut;
+    qsizetype noDates = 0; ///< values that should be dates and have no month or day; they are left empty
     QString nameComplaint; ///< on the first name that makes a document which doesn't parse
 };
 
 /// Runs the statement and writes its rows. It only reads: what the statement changes is taken back. One that
-/// would end the transaction is refused before it runs, and without transactions any that may change data.
-/// `step` is asked all the time.
+/// would end the transaction is refused before it runs, and any that may change data where the database has
+/// no transactions or doesn't take all back with them. `step` is asked all the time.
 MadeRows RowsOf(Application& app, const RowsQuery& query, const edit::WaitStep& step);
 
 } // namespace exchange

@@ -16,7 +16,7 @@ constexpr qsizetype kStepUnits = 1 << 20;
 class Records {
 public:
     Records(const text::Decoded& text, const TextOptions& options)
-        : lines_(text.text, text.form.lineEnds, options.repair),
+        : lines_(text.text, text.form.lineEnds, options.everyEnd),
           splitter_(options.delimiter, options.quotes) {}
 
     /// Goes to the next record, at first to the first.
@@ -50,7 +50,7 @@ private:
 };
 
 QString FirstLine(const text::Decoded& text, const TextOptions& options) {
-    LineWalk lines(text.text, text.form.lineEnds, options.repair);
+    LineWalk lines(text.text, text.form.lineEnds, options.everyEnd);
     return lines.Next() ? lines.Line().toString() : QString();
 }
 
@@ -60,7 +60,7 @@ std::vector<QString> GetFieldName(Application& app, const text::Decoded& text, c
     if (!options.firstHoldsNames)
         return NumberedNames(columns);
     header.resize(columns);
-    if (!options.repair) { // the names are the cells, and these are escaped
+    if (!options.validNames) { // the names are the cells, and these are escaped
         for (QString& name : header)
             name = mXMLEdit::convertStringToXML(name);
     }
@@ -69,7 +69,7 @@ std::vector<QString> GetFieldName(Application& app, const text::Decoded& text, c
         for (QString& name : names)
             name = text::Trim(name);
     }
-    return options.repair ? ValidNames(app, names) : names;
+    return options.validNames ? ValidNames(app, names) : names;
 }
 
 std::vector<QString> Kept(const std::vector<QStringView>& fields) {

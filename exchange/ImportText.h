@@ -18,8 +18,8 @@ struct TextOptions {
     Quotes quotes = Quotes::OfLine;
     bool firstHoldsNames = false;
     Filling filling = Filling::Elements;
-    /// Names are made valid, and every line end outside quotes ends a record, none within.
-    bool repair = false;
+    bool validNames = false;
+    bool everyEnd = false; ///< every line end outside quotes ends a record, whatever its kind
 };
 
 /// The beginning of a text as rows of cells, in the escaped form in which they are written.

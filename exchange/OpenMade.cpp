@@ -10,7 +10,7 @@ namespace {
 constexpr int kParsed = 750; // thousandths of the work; filling the tree is the rest
 }
 
-// Quirk 103.
+// Quirk 110.
 bool MayLeaveOut(Application& app, const LeftOut& leftOut) {
     if (leftOut.count == 0)
         return true;

@@ -24,7 +24,9 @@ std::vector<QStringList> WordsOf(const QString& sql) {
     std::vector<QStringList> statements(1);
     const std::vector<SqlPart> parts = PartsOf(sql);
     // Where a backslash may keep a quote open nothing is known to be quoted.
-    const bool unsure = sql.contains(QStringLiteral("\\'")) || sql.contains(QStringLiteral("\\\""));
+    // A "#" begins a comment in some.
+    const bool unsure =
+        sql.contains(QStringLiteral("\\'")) || sql.contains(QStringLiteral("\\\"")) || sql.contains(u'#');
     QString word;
     const auto end = [&] {
         if (!word.isEmpty())
@@ -99,7 +101,10 @@ QString TransactionWord(const QString& sql) {
 }
 
 bool OnlyReads(const QString& sql) {
-    for (const QStringList& words : WordsOf(sql)) {
+    // There are functions of these names; a statement has the name of a table behind the word.
+    static const QRegularExpression kFunction(QStringLiteral("\\b(?:insert|replace)\\s*\\("),
+                                              QRegularExpression::CaseInsensitiveOption);
+    for (const QStringList& words : WordsOf(QString(sql).replace(kFunction, QStringLiteral("f(")))) {
         if (!words.isEmpty() && !kReading.contains(words.first()))
             return false;
         for (const QString& word : words) {
@@ -122,6 +127,12 @@ QString TableMadeBy(const QString& sql) {
     const QChar quote = name[0];
     name = name.mid(1, name.size() - 2);
     return name.replace(QString(2, quote), QString(quote));
+}
+
+bool MakesOnlyWhatIsMissing(const QString& sql) {
+    static const QRegularExpression kMaybe(QStringLiteral("^\\s*create\\s+table\\s+if\\s+not\\s+exists\\b"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    return kMaybe.match(sql).hasMatch();
 }
 
 QString InQuotes(QString name, const QString& quote) {

@@ -19,6 +19,8 @@ bool OnlyReads(const QString& sql);
 /// The name of the table that a statement makes, without quotes and what stands in front of it; empty for
 /// another statement.
 QString TableMadeBy(const QString& sql);
+/// Whether it makes the table only where there is none of that name.
+bool MakesOnlyWhatIsMissing(const QString& sql);
 /// A name in quotes, those in it doubled; as it is where `quote` is blank.
 QString InQuotes(QString name, const QString& quote);
 /// Whether a name that stands without quotes may be taken for a word of the language.

@@ -77,6 +77,24 @@ QString TypeIn(const QString& system, const QString& type) {
     return length > kMost ? QStringLiteral("NVARCHAR(MAX)") : u'N' + type;
 }
 
+// A row of MariaDB or MySQL has a largest size, in which texts of limited length count with all their room.
+QStringList TypesIn(const QString& system, const std::vector<QString>& types) {
+    constexpr int kMostOfRow = 16'000; // characters of up to four bytes
+    const QString limited = QStringLiteral("VARCHAR(");
+    int units = 0;
+    QStringList own;
+    for (const QString& type : types) {
+        own << TypeIn(system, type);
+        if (type.startsWith(limited))
+            units += type.mid(limited.size()).chopped(1).toInt();
+    }
+    for (QString& type : own) {
+        if (IsMySql(system) && units > kMostOfRow && type.startsWith(limited))
+            type = QStringLiteral("TEXT");
+    }
+    return own;
+}
+
 QString ColumnName(const ElementTable& table, int column) {
     return column == table.textColumn() ? QStringLiteral("Node_Text") : table.header(column);
 }
@@ -172,10 +190,11 @@ QString ScriptOf(const TableData& data, const QString& quote, const QString& sys
     for (const int column : data.columns)
         columns.push_back(ColumnName(*data.table, column));
     MakeDistinct(columns);
+    const QStringList types = TypesIn(system, data.types);
     QStringList definitions, names, parameters;
     for (std::size_t i = 0; i < data.columns.size(); ++i) {
         const QString column = InQuotes(columns[i], quote);
-        definitions << QStringLiteral("    ") + column + u' ' + TypeIn(system, data.types[i]);
+        definitions << QStringLiteral("    ") + column + u' ' + types[static_cast<qsizetype>(i)];
         names << column;
         parameters << QStringLiteral("?");
     }

@@ -31,6 +31,16 @@ Renamed MakeValid(Application& app, const std::vector<QString*>& names) {
     return renamed;
 }
 
+DatabaseResult ReadShape(services::Database& database, bool keys, TableShape& shape) {
+    DatabaseResult result = database.Columns(shape.table, shape.columns);
+    if (!result || !keys)
+        return result;
+    result = database.PrimaryKey(shape.table, shape.key);
+    if (result)
+        result = database.ForeignKeys(shape.table, shape.foreignKeys);
+    return result.failure == DatabaseFailure::Unsupported ? DatabaseResult() : result;
+}
+
 void Rename(QStringList& names, const Renamed& renamed) {
     for (QString& name : names)
         name = renamed.value(name);
@@ -43,23 +53,24 @@ bool IsDataTable(const DatabaseTable& table) {
 }
 
 DatabaseResult ReadShapes(Application& app, services::Database& database, bool keys,
-                          std::vector<TableShape>& shapes) {
+                          const edit::WaitStep& step, std::vector<TableShape>& shapes) {
     std::vector<DatabaseTable> tables;
     DatabaseResult first = database.Tables(tables);
+    qint64 done = 0;
     for (const DatabaseTable& table : tables) {
+        if (step && !step(++done, static_cast<qint64>(tables.size())))
+            return {DatabaseFailure::Cancelled, {}};
         if (!IsDataTable(table))
             continue;
         TableShape& shape = shapes.emplace_back();
         shape.table = table;
-        const DatabaseResult result = database.Columns(table, shape.columns);
-        if (result && keys) { // a driver that knows nothing of keys has none to declare
-            database.PrimaryKey(table, shape.key);
-            database.ForeignKeys(table, shape.foreignKeys);
-        }
+        const DatabaseResult result = ReadShape(database, keys, shape);
         if (result)
             continue;
         ErrorReportBox(app, text::Fault(text::kFaultBadCall, result.text),
                        QStringLiteral("frmCreateDBSchema@GetTableColumnsSchema"));
+        if (result.failure == DatabaseFailure::Cancelled)
+            return result;
         if (first)
             first = {result.failure, table.name + QStringLiteral(": ") + result.text};
         if (result.failure != DatabaseFailure::Failed)

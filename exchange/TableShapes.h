@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
+#include "core/edit/Waiting.h"
 #include "platform/services/Databases.h"
 #include <QStringList>
 #include <vector>
@@ -21,10 +22,11 @@ struct TableShape {
 bool IsDataTable(const services::DatabaseTable& table);
 
 /// Reads the tables that hold data, their keys where these are wanted. What can't be read of one table leaves
-/// that without columns, and the others as they are; but not where the user has had enough, or the database
-/// doesn't answer any more. The first failure comes back.
+/// that without columns or keys, and the others as they are; but not where the user has had enough, or the
+/// database doesn't answer any more. The first failure comes back; that a driver knows nothing of keys is
+/// none. `step` is told of tables.
 services::DatabaseResult ReadShapes(Application& app, services::Database& database, bool keys,
-                                    std::vector<TableShape>& shapes);
+                                    const edit::WaitStep& step, std::vector<TableShape>& shapes);
 
 /// All names become valid ones, each of them another one; keys lead where they did. Gives the root's name.
 QString MakeNamesValid(Application& app, std::vector<TableShape>& shapes);

@@ -70,23 +70,17 @@ public:
     }
 
     /// The levels below a node, as many as `level` says. Without the cells there are the tables' names and
-    /// their texts, each in a line of its own.
-    void GetAllChildResText(TreeNode node, int level, QString& header, QString& line) {
-        const TreeNode first = FirstOfLevel(node);
-        if (level < 1 || !first || !goesOn_)
-            return;
-        for (const auto& table : table::TablesOfLevel(first, true)) {
-            if (options_.i_bIsAttr) {
-                GetOneTableResText({*table});
+    /// their texts, each in a line of its own: the levels are walked twice, and nothing is kept for the
+    /// second.
+    void GetAllChildResText(TreeNode node, int level) {
+        if (options_.i_bIsAttr) {
+            EachTableBelow(node, level, [this](const ElementTable& table) {
+                GetOneTableResText({table});
                 Put(kEnd);
-            } else if (options_.i_bIncludeNameFirst) {
-                Join(header, table->name());
-                Join(line, OnlyText(*table));
-            }
-        }
-        for (TreeNode child = first; level > 1 && child && goesOn_; child = child.Next()) {
-            if (child.Children() > 0)
-                GetAllChildResText(child, level - 1, header, line);
+            });
+        } else if (options_.i_bIncludeNameFirst) {
+            PutLine(node, level, [](const ElementTable& table) { return table.name(); });
+            PutLine(node, level, OnlyText);
         }
     }
 
@@ -97,8 +91,32 @@ private:
         return child ? m_tvXML::FirstElement(child) : TreeNode();
     }
 
-    void Join(QString& text, const QString& more) const {
-        text += (text.isEmpty() ? QString() : options_.i_sDelimiter) + more;
+    template <typename Visit> void EachTableBelow(TreeNode node, int level, const Visit& visit) {
+        const TreeNode first = FirstOfLevel(node);
+        if (level < 1 || !first || !goesOn_)
+            return;
+        for (const auto& table : table::TablesOfLevel(first, true)) {
+            visit(*table);
+            Count();
+        }
+        for (TreeNode child = first; level > 1 && child && goesOn_; child = child.Next()) {
+            if (child.Children() > 0)
+                EachTableBelow(child, level - 1, visit);
+        }
+    }
+
+    /// One text of each table below a node, in a line behind a line end; delimiters come behind the first
+    /// that isn't empty.
+    template <typename Text> void PutLine(TreeNode node, int level, const Text& textOf) {
+        Put(kEnd);
+        bool any = false;
+        EachTableBelow(node, level, [&](const ElementTable& table) {
+            const QString text = textOf(table);
+            if (any)
+                Put(options_.i_sDelimiter);
+            Put(text);
+            any = any || !text.isEmpty();
+        });
     }
 
     // The one text that a table of a single cell has (quirk 104).
@@ -131,15 +149,39 @@ private:
     }
 
     void PutPlainRow(const Shown& shown, int row) {
-        QStringList cells;
-        if (row == 0)
-            cells = shown.cells(row);
-        else if (shown.hasElement(row))
-            for (const text::CompactView value : shown.values(row, false))
-                cells << mXMLEdit::WithoutReferences(value.toString());
-        for (QString& cell : cells)
-            cell = Quoted(cell);
-        Put(cells.join(options_.i_sDelimiter));
+        bool any = false;
+        const auto part = [&] {
+            if (any)
+                Put(options_.i_sDelimiter);
+            any = true;
+        };
+        if (row == 0) {
+            for (const QString& cell : shown.cells(row)) {
+                part();
+                Put(Quoted(cell));
+            }
+        } else if (shown.hasElement(row)) {
+            for (const text::CompactView value : shown.values(row, false)) {
+                part();
+                PutPlain(value);
+            }
+        }
+    }
+
+    // Most values hold nothing that is written otherwise.
+    void PutPlain(text::CompactView value) {
+        const std::size_t at = part_.size();
+        part_.resize(at + value.length);
+        value.copyTo(part_.data() + at);
+        const char16_t delimiter =
+            options_.i_sDelimiter.isEmpty() ? u'"' : options_.i_sDelimiter[0].unicode();
+        const auto isOdd = [delimiter](char16_t unit) {
+            return unit == u'&' || unit == u'"' || unit == u'\n' || unit == u'\r' || unit == delimiter;
+        };
+        if (std::none_of(part_.begin() + static_cast<std::ptrdiff_t>(at), part_.end(), isOdd))
+            return;
+        part_.resize(at);
+        Put(Quoted(mXMLEdit::WithoutReferences(value.toString())));
     }
 
     QString Quoted(QString cell) const {
@@ -205,11 +247,8 @@ bool GetTreeNodeResText(DocumentWindow& window, const TextOutOptions& options, c
     if (options.i_iDepthType == 1 && options.i_iDepth < 2)
         return writer.Finish();
     const int levels = options.i_iDepthType == 0 ? kAllLevels : options.i_iDepth - 1;
-    QString header, line;
     // The table view stands on an element, also where the document begins with its declaration (quirk 102).
-    writer.GetAllChildResText(window.tvXML.SelectedItem(), levels, header, line);
-    if (!options.i_bIsAttr && options.i_bIncludeNameFirst)
-        writer.Put(kEnd + header + kEnd + line);
+    writer.GetAllChildResText(window.tvXML.SelectedItem(), levels);
     return writer.Finish();
 }
 

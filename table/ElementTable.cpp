@@ -182,7 +182,7 @@ void ElementTable::appendShownText(std::u16string& out, int row, int column, Com
     out.resize(at + shown.length);
     shown.copyTo(out.data() + at);
     const QStringView text(out.data() + at, static_cast<qsizetype>(shown.length));
-    if (!mayBeRewritten(row, column, shown) || text::IsPlainInteger(text))
+    if (!mayBeRewritten(row, column, shown) || text::IsPlainAlready(text))
         return;
     if (const std::optional<QString> number = text::PlainNumber(text)) {
         out.resize(at);

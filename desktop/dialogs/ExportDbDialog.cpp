@@ -11,6 +11,7 @@ ExportDbDialog::ExportDbDialog(exchange::frmExportDB& form, QWidget* parent)
     BindForm(*this, form,
              {{"cmbLevel", &form.cmbLevel},
               {"cmbGrid", &form.cmbGrid},
+              {"txtTable", &form.txtTable},
               {"chkGrid", &form.chkGrid},
               {"txtSQL", &form.txtSQL}},
              SourceControls(*this, form.source, false));

@@ -29,6 +29,7 @@ ImportTxtDialog::ImportTxtDialog(exchange::frmImportTxt& form, QWidget* parent)
               {"chkFirst", &form.chkFirst},
               {"chkUseAttr", &form.chkUseAttr},
               {"chkRepair", &form.chkRepair},
+              {"chkQuotes", &form.chkQuotes},
               {"cmbQualifier", &form.cmbQualifier},
               {"cmbEnc", &form.cmbEnc}},
              DelimiterControls(form.delimiter));

@@ -7,14 +7,21 @@ DelimiterChoice::DelimiterChoice(int chosen) {
     for (std::size_t i = 0; i < optChoose.size(); ++i) {
         optChoose[i].SetValue(static_cast<int>(i) == chosen);
         optChoose[i].Click.connect([this, i] {
-            for (std::size_t other = 0; other < optChoose.size(); ++other)
-                optChoose[other].SetValue(other == i);
+            Choose(i);
             if (i == kOther)
                 txtOther.SetFocus();
             changed();
         });
     }
-    txtOther.Change.connect([this] { changed(); });
+    txtOther.Change.connect([this] { // who types one wants it
+        Choose(kOther);
+        changed();
+    });
+}
+
+void DelimiterChoice::Choose(std::size_t option) {
+    for (std::size_t i = 0; i < optChoose.size(); ++i)
+        optChoose[i].SetValue(i == option);
 }
 
 QString DelimiterChoice::GetDelimiter() const {

@@ -5,6 +5,7 @@
 #include "exchange/dialogs/frmNewDSN.h"
 #include "platform/services/Databases.h"
 #include "platform/text/TextTools.h"
+#include <utility>
 
 namespace exchange {
 
@@ -46,17 +47,19 @@ void SourceChoice::Access(bool typed) {
     optOdbc.SetValue(false);
     optAccess.SetValue(true);
     const QString path = txtDS.Text();
-    if (text::Trim(path).isEmpty())
-        Choose({}, true);
-    else
-        Choose(QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + path,
-               mXMLEdit::FileExist(app_, path) && !(typed && path == tried_));
-    tried_ = path; // keys that change nothing come, too
+    const QString connection = text::Trim(path).isEmpty()
+                                   ? QString()
+                                   : QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + path;
+    if (typed && connection == connection_) // keys that change nothing come, too
+        return;
+    Choose(connection, connection.isEmpty() || mXMLEdit::FileExist(app_, path));
 }
 
 // What isn't complete is being typed (quirk 106).
 void SourceChoice::Choose(const QString& connection, bool complete) {
-    connection_ = connection;
+    const bool other = std::exchange(connection_, connection) != connection;
+    if (other)
+        changed();
     if (complete)
         chosen();
 }

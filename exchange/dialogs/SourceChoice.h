@@ -26,6 +26,8 @@ public:
     /// Another database is meant. Not for each letter of a name that is being typed: only once it is one of a
     /// source, or of a file.
     controls::Event<> chosen;
+    /// Another connection string, with each letter: what was said of the one before is out of date.
+    controls::Event<> changed;
     /// Show a dialog and come back when it is done with (frmNewDSN::unloaded).
     controls::Event<frmNewDSN&> newDSNShown;
 
@@ -39,7 +41,6 @@ private:
 
     Application& app_;
     QString connection_;
-    QString tried_; ///< the last path of an Access file
 };
 
 } // namespace exchange

@@ -10,6 +10,7 @@
 namespace exchange {
 
 frmCreateDBSchema::frmCreateDBSchema(Application& app) : source(app), app_(app) {
+    source.changed.connect([this] { lblNote.SetCaption({}); });
     cmdPre.Click.connect([this] { cmdPre_Click(); });
     OKButton.Click.connect([this] { OKButton_Click(); });
     CancelButton.Click.connect([this] { unloaded(); });
@@ -41,7 +42,8 @@ MadeSchema frmCreateDBSchema::ReadSchema() {
     MadeSchema made;
     const auto database = OpenDatabase(app_, source.ConnectionString(), waiting.Step(0, 0), made.result);
     if (database)
-        made = SchemaOf(app_, *database, {chkAttr.Value() == 1, chkRepair.Value() == 1});
+        made =
+            SchemaOf(app_, *database, {chkAttr.Value() == 1, chkRepair.Value() == 1}, waiting.Step(0, 1000));
     if (made.result.failure == services::DatabaseFailure::Cancelled)
         made.text.clear();
     return made;

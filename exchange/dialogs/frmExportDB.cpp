@@ -4,7 +4,9 @@
 #include "core/edit/View.h"
 #include "exchange/Levels.h"
 #include "exchange/OpenDatabase.h"
+#include "exchange/SqlText.h"
 #include "table/TableState.h"
+#include <algorithm>
 #include <utility>
 
 namespace exchange {
@@ -22,10 +24,13 @@ frmExportDB::frmExportDB(DocumentWindow& window) : source(window.app), window_(w
     source.chosen.connect([this] { source_Chosen(); });
     cmbLevel.Click.connect([this] { cmbLevel_Click(); });
     cmbGrid.Click.connect([this] { cmbGrid_Click(); });
+    txtTable.Change.connect([this] { txtTable_Change(); });
     chkGrid.Click.connect([this] { Chosen().wanted = chkGrid.Value() == 1; });
     txtSQL.Change.connect([this] {
         Chosen().table.script = txtSQL.Text();
         Chosen().edited = true;
+        txtTable.SetEnabled(false);
+        TellTaken();
     });
     OKButton.Click.connect([this] { OKButton_Click(); });
     CancelButton.Click.connect([this] { unloaded(); });
@@ -116,12 +121,20 @@ void frmExportDB::Propose() {
     cmbGrid_Click();
 }
 
+// The tables that the statements would make, as the database spells those that it has: some tell cases apart
+// and some don't.
 void frmExportDB::TellTaken() {
     QStringList notes;
     for (const Grid& grid : grids_) {
-        const QString name = grid.table.data.name;
-        if (list_.names.contains(name, Qt::CaseInsensitive))
-            notes << QStringLiteral("The database has a table \"%1\" already.").arg(name);
+        for (const ScriptStatement& statement : StatementsOf(grid.table.script)) {
+            const QString made = TableMadeBy(statement.sql);
+            const auto same = [&](const QString& name) {
+                return name.compare(made, Qt::CaseInsensitive) == 0;
+            };
+            const auto taken = std::find_if(list_.names.begin(), list_.names.end(), same);
+            if (taken != list_.names.end())
+                notes << QStringLiteral("The database has a table \"%1\" already.").arg(*taken);
+        }
     }
     lblNote.SetCaption(notes.join(u'\n'));
 }
@@ -141,8 +154,20 @@ void frmExportDB::source_Chosen() {
     TellTaken();
 }
 
+// Statements that the user has written keep their names.
+void frmExportDB::txtTable_Change() {
+    if (Chosen().edited)
+        return;
+    Chosen().table.data.name = txtTable.Text();
+    Chosen().table.script = ScriptOf(Chosen().table.data, list_.quote, list_.system);
+    txtSQL.SetText(Chosen().table.script);
+    TellTaken();
+}
+
 void frmExportDB::cmbGrid_Click() {
     chkGrid.SetValue(Chosen().wanted ? 1 : 0);
+    txtTable.SetText(Chosen().table.data.name);
+    txtTable.SetEnabled(!Chosen().edited);
     txtSQL.SetText(Chosen().table.script);
 }
 

@@ -26,6 +26,7 @@ public:
     controls::ComboBox cmbLevel;
     controls::ComboBox cmbGrid; ///< the tables of the level, by the names of their elements
     controls::CheckBox chkGrid; ///< the chosen one is to go into the database
+    controls::TextBox txtTable; ///< its name in the database, as long as the proposed statements stand
     controls::TextBox txtSQL;   ///< its statements
     controls::Label lblNote;
     controls::CommandButton OKButton, CancelButton;
@@ -38,6 +39,7 @@ public:
     void Form_Activate();
     void cmbLevel_Click();
     void cmbGrid_Click();
+    void txtTable_Change();
     void OKButton_Click(); ///< runs all; stays where that fails, and the database is as it was
 
 private:

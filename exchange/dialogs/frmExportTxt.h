@@ -35,7 +35,10 @@ public:
 private:
     bool GetResXML(const edit::TextSink& sink);
     QString GetFileName();
+    void ShowNote();
+    void SelectAgain();
     DocumentWindow& window_;
+    QString selected_; ///< key of the node that was selected as the dialog came
 };
 
 } // namespace exchange

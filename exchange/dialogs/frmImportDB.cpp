@@ -5,6 +5,7 @@
 #include "exchange/OpenDatabase.h"
 #include "exchange/OpenMade.h"
 #include "exchange/dialogs/TableList.h"
+#include "platform/text/TextFile.h"
 #include "platform/text/TextTools.h"
 
 namespace exchange {
@@ -14,10 +15,15 @@ namespace {
 constexpr qsizetype kSampleRows = 200;
 constexpr int kMade = 400; // thousandths of the work
 
+QString NoDatesNote(qsizetype count) {
+    return QStringLiteral("%1 value(s) that the driver can not read as dates are left empty.").arg(count);
+}
+
 } // namespace
 
 frmImportDB::frmImportDB(Application& app) : source(app), app_(app) {
     source.chosen.connect([this] { LoadTableAndDefaultSQL(); });
+    source.changed.connect([this] { lblNote.SetCaption({}); });
     cmbTable.Click.connect([this] { cmbTable_Click(); });
     cmbTable.Change.connect([this] { cmbTable_Click(); });
     txtSQL.Change.connect([this] { OKButton.SetEnabled(!txtSQL.Text().isEmpty()); });
@@ -48,8 +54,10 @@ void frmImportDB::LoadTableAndDefaultSQL() {
         const QString statement = txtSQL.Text();
         const bool typed = !text::Trim(statement).isEmpty() && statement != proposed_;
         const TableList list = TablesOf(app_, source.ConnectionString());
-        if (!same)
-            txtSample.SetText({}); // it is of another source
+        if (!same) { // these are of another source
+            txtSample.SetText({});
+            txtSQL.SetText({});
+        }
         cmbTable.Clear();
         cmbTable.SetText({});
         lblNote.SetCaption(FailureText(list.result));
@@ -84,7 +92,7 @@ MadeRows frmImportDB::GetResXML(qsizetype most, edit::Waiting& waiting) {
     RowsQuery query;
     query.connection = source.ConnectionString();
     query.sql = txtSQL.Text();
-    query.encoding = cmbEnc.Text();
+    query.encoding = text::Trim(cmbEnc.Text());
     query.filling = chkAttr.Value() == 1 ? Filling::Attributes : Filling::Elements;
     query.repair = chkRepair.Value() == 1;
     query.most = most;
@@ -93,6 +101,8 @@ MadeRows frmImportDB::GetResXML(qsizetype most, edit::Waiting& waiting) {
         lblNote.SetCaption(QStringLiteral("No data source is chosen."));
     else if (text::Trim(query.sql).isEmpty())
         lblNote.SetCaption(QStringLiteral("There is no statement."));
+    else if (!text::KnowsEncoding(query.encoding))
+        lblNote.SetCaption(QStringLiteral("No encoding is called \"%1\".").arg(query.encoding));
     else
         ShowNotes(made = RowsOf(app_, query, waiting.Step(0, kMade)));
     return made;
@@ -107,6 +117,8 @@ void frmImportDB::ShowNotes(const MadeRows& made) {
                      (made.takenBack ? QStringLiteral(" Nothing was changed in the database.") : QString());
     if (!made.nameComplaint.isEmpty())
         notes << made.nameComplaint;
+    if (made.noDates > 0)
+        notes << NoDatesNote(made.noDates);
     if (made.cut)
         notes << QStringLiteral("The first %1 rows are shown.").arg(kSampleRows);
     lblNote.SetCaption(notes.join(u'\n'));
@@ -126,8 +138,13 @@ bool frmImportDB::Make(FetchedText& fetched) {
     MadeRows made = GetResXML(0, *waiting);
     if (!made.answered)
         return false;
-    if (made.leftOut.count > 0)
+    if (made.leftOut.count > 0 || made.noDates > 0)
         waiting->Hide(); // a box follows
+    if (made.noDates > 0 &&
+        app_.services.prompts.MsgBox(
+            NoDatesNote(made.noDates) + QStringLiteral(" Do you want the document all the same?"),
+            services::Buttons::YesNo, services::Icon::Question) != services::Answer::Yes)
+        return false;
     return MayLeaveOut(app_, made.leftOut) &&
            Prepare(app_, std::move(made.text), std::move(waiting), kMade, fetched);
 }

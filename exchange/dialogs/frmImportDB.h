@@ -20,7 +20,7 @@ public:
     controls::TextBox txtSQL;
     controls::CheckBox chkAttr;   ///< fields become attributes
     controls::CheckBox chkRepair; ///< names are made valid
-    controls::ComboBox cmbEnc;    ///< named in the document
+    controls::ComboBox cmbEnc;    ///< named in the document; from the list or typed
     controls::CommandButton cmdPre;
     controls::TextBox txtSample;
     controls::Label lblNote; ///< what the database said last

@@ -8,7 +8,9 @@
 #include "exchange/FileFront.h"
 #include "exchange/LineWalk.h"
 #include "exchange/OpenMade.h"
+#include "platform/text/Encodings.h"
 #include "platform/text/TextTools.h"
+#include <algorithm>
 
 namespace exchange {
 
@@ -39,18 +41,39 @@ QString WideNote(qsizetype line) {
 }
 
 QString NotInEncoding(const QString& label) {
-    return QStringLiteral("The bytes of the file aren't in the encoding \"%1\".").arg(label);
+    return (text::KnowsEncoding(label)
+                ? QStringLiteral("The bytes of the file aren't in the encoding \"%1\".")
+                : QStringLiteral("No encoding is called \"%1\"."))
+        .arg(label);
+}
+
+QString FailureOf(const QString& name, const services::FileResult& result) {
+    const QString text = edit::ReadFailureText(name, result);
+    return text.contains(name) ? text : name + QStringLiteral(": ") + text;
+}
+
+bool AreOneEncoding(const QString& one, const QString& other) {
+    const std::optional<text::Encoding> a = text::FindEncoding(one), b = text::FindEncoding(other);
+    return one == other || (a && b && a->name == b->name);
+}
+
+// The beginning of a file in the encoding of a label, empty for the one that is found, which always fits.
+std::optional<text::Decoded> ReadFront(const QByteArray& front, bool complete, const QString& label) {
+    if (label.isEmpty())
+        return complete ? text::Decode(front) : DecodeFront(front);
+    return complete ? text::DecodeAs(front, label) : DecodeFrontAs(front, label);
 }
 
 } // namespace
 
 frmImportTxt::frmImportTxt(Application& app) : app_(app) {
     cmdOpenFile.Click.connect([this] { cmdOpenFile_Click(); });
-    for (controls::CheckBox* box : {&chkFirst, &chkUseAttr, &chkRepair})
+    for (controls::CheckBox* box : {&chkFirst, &chkUseAttr, &chkRepair, &chkQuotes})
         box->Click.connect([this] { LoadTextToThisForm(); });
     delimiter.changed.connect([this] { LoadTextToThisForm(); });
     cmbQualifier.Click.connect([this] { LoadTextToThisForm(); });
     cmbEnc.Click.connect([this] { cmbEnc_Click(); });
+    cmbEnc.Change.connect([this] { cmbEnc_Change(); });
     OKButton.Click.connect([this] { OKButton_Click(); });
     CancelButton.Click.connect([this] { CancelButton_Click(); });
 }
@@ -60,6 +83,9 @@ void frmImportTxt::Form_Load() {
         cmbQualifier.AddItem(QLatin1String(qualifier));
     cmbQualifier.SetListIndex(0);
     mXMLEdit::LoadEncoding(cmbEnc);
+    for (const char* label : {"GB18030", "ISO-8859-15", "1251", "KOI8-R", "EUC-JP", "EUC-KR"})
+        cmbEnc.AddItem(QLatin1String(label)); // texts have more of them than documents
+    OKButton.SetEnabled(false);               // there is no file
 }
 
 bool frmImportTxt::Tell(const QString& text) {
@@ -83,9 +109,9 @@ void frmImportTxt::cmdOpenFile_Click() {
 // What isn't a text becomes a document of odd characters, if any.
 bool frmImportTxt::MayOpenBinary(const QString& name) {
     return app_.services.prompts.MsgBox(
-               QStringLiteral("This file holds bytes that no text has. Do you want to open it all the same?"),
-               services::Buttons::YesNo, services::Icon::Question, QStringLiteral("Vantrel"),
-               name) == services::Answer::Yes;
+               QStringLiteral("This file does not look like a text: OK opens it all the same."),
+               services::Buttons::OkCancel, services::Icon::Exclamation, QStringLiteral("Vantrel"),
+               name) == services::Answer::Ok;
 }
 
 void frmImportTxt::ReadBeginning(const QString& name) {
@@ -93,42 +119,74 @@ void frmImportTxt::ReadBeginning(const QString& name) {
     qint64 size = 0;
     const services::FileResult result = app_.services.files.ReadFront(name, kFrontBytes, front, size);
     if (!result) {
-        Tell(edit::ReadFailureText(name, result));
+        Tell(FailureOf(name, result));
         return;
     }
     const bool complete = front.size() >= size;
-    text::Decoded read = text::Decode(complete ? front : WholeLines(front));
-    if (LooksBinary(read.text) && !MayOpenBinary(name))
+    // An encoding that was chosen before there was a file is meant for it.
+    const QString wanted = file_.isEmpty() ? encoding_ : QString();
+    std::optional<text::Decoded> read = ReadFront(front, complete, wanted);
+    const bool fits = read.has_value();
+    if (!fits)
+        read = ReadFront(front, complete, {});
+    if (LooksBinary(read->text) && !MayOpenBinary(name))
         return;
     file_ = name;
     complete_ = complete;
-    front_ = complete ? front : WholeLines(front);
-    encoding_.clear();
-    sample_ = std::move(read);
+    front_ = front;
+    encoding_ = fits ? wanted : QString();
+    refusal_.clear();
+    sample_ = *std::move(read);
     lblFile.SetCaption(name);
-    ShowEncoding(sample_.form.encoding);
+    OKButton.SetEnabled(true);
+    ShowEncoding();
     LoadTextToThisForm();
+    if (!fits)
+        Tell(NotInEncoding(wanted));
 }
 
-// One that isn't among the usual ones stands in front of them.
-void frmImportTxt::ShowEncoding(const QString& label) {
-    if (!cmbEnc.Items().contains(label))
+// The one that the file is read in. One that isn't among the usual ones stands in front of them.
+void frmImportTxt::ShowEncoding() {
+    const QString label = encoding_.isEmpty() ? sample_.form.encoding : encoding_;
+    const QStringList items = cmbEnc.Items();
+    const auto same = [&](const QString& item) { return AreOneEncoding(item, label); };
+    const auto item = std::find_if(items.begin(), items.end(), same);
+    if (item == items.end())
         cmbEnc.AddItem(label, 0);
-    mXMLEdit::FindEncoding(label, cmbEnc);
+    mXMLEdit::FindEncoding(item == items.end() ? label : *item, cmbEnc);
+}
+
+// False where the file isn't in it. An empty label stands for what is found in the file.
+bool frmImportTxt::TakeEncoding(const QString& label) {
+    if (file_.isEmpty()) {
+        encoding_ = label; // until there is a file to read
+        return true;
+    }
+    std::optional<text::Decoded> read = ReadFront(front_, complete_, label);
+    refusal_.clear();
+    if (read) {
+        encoding_ = label;
+        sample_ = *std::move(read);
+    }
+    return read.has_value();
 }
 
 void frmImportTxt::cmbEnc_Click() {
-    if (file_.isEmpty())
-        return;
     const QString label = cmbEnc.Text();
-    if (std::optional<text::Decoded> read = text::DecodeAs(front_, label)) {
-        encoding_ = label;
-        sample_ = *std::move(read);
-        LoadTextToThisForm();
-        return;
-    }
-    ShowEncoding(encoding_.isEmpty() ? sample_.form.encoding : encoding_);
-    Tell(NotInEncoding(label));
+    const bool taken = TakeEncoding(label);
+    if (!taken)
+        ShowEncoding(); // the one before stays
+    LoadTextToThisForm();
+    if (!taken)
+        Tell(NotInEncoding(label));
+}
+
+// While a name is being typed no box comes: the note tells whether it is one.
+void frmImportTxt::cmbEnc_Change() {
+    const QString label = text::Trim(cmbEnc.Text());
+    if (!TakeEncoding(label))
+        refusal_ = NotInEncoding(label);
+    LoadTextToThisForm();
 }
 
 // --- the sample --------------------------------------------------------------------------------------------
@@ -136,11 +194,12 @@ void frmImportTxt::cmbEnc_Click() {
 TextOptions frmImportTxt::Options() const {
     TextOptions options;
     options.delimiter = delimiter.GetDelimiter();
-    options.repair = chkRepair.Value() == 1;
+    options.validNames = chkRepair.Value() == 1;
+    options.everyEnd = chkQuotes.Value() == 1;
     if (text::Trim(cmbQualifier.Text()).isEmpty()) // quirk 98
         options.quotes = Quotes::None;
     else
-        options.quotes = options.repair ? Quotes::OfField : Quotes::OfLine;
+        options.quotes = options.everyEnd ? Quotes::OfField : Quotes::OfLine;
     options.firstHoldsNames = chkFirst.Value() == 1;
     options.filling = chkUseAttr.Value() == 1 ? Filling::Attributes : Filling::Elements;
     return options;
@@ -163,12 +222,16 @@ TextSample frmImportTxt::GetRowsColsAndRowdata() const {
 void frmImportTxt::FillData(TextSample sample) {
     const int columns = static_cast<int>(sample.columns);
     const int fixed = chkFirst.Value() == 1 && !sample.rows.empty() ? 1 : 0;
+    if (fixed == 1 && chkRepair.Value() == 1)
+        sample.rows.front() = sample.names;
     grdSample.Show(std::move(sample.rows), columns, fixed);
 }
 
 QStringList frmImportTxt::Notes(const TextSample& sample) const {
     QStringList notes;
     const TextOptions options = Options();
+    if (!refusal_.isEmpty())
+        notes << refusal_;
     if (sample.tooWide)
         notes << WideNote(0);
     else if (sample.rows.empty())
@@ -178,11 +241,29 @@ QStringList frmImportTxt::Notes(const TextSample& sample) const {
         notes << complaint;
     if (encoding_.isEmpty() && !sample_.warning.isEmpty())
         notes << sample_.warning;
-    if (MixesLineEnds(sample_.form.lineEnds) && !options.repair)
+    if (MixesLineEnds(sample_.form.lineEnds) && !options.everyEnd)
         notes << MixedNote();
+    if (MisreadsQuotes(sample))
+        notes << QStringLiteral(
+            "The quotes in this file make other fields than they would in a CSV file: line "
+            "breaks or empty fields inside quotes perhaps. The box \"Quotes as in CSV "
+            "files\" reads them so.");
+    if (delimiter.optChoose[DelimiterChoice::kOther].Value() && options.delimiter.isEmpty())
+        notes << QStringLiteral("No delimiter is typed: each line is one field.");
     if (sample.unfinishedQuote && complete_)
         notes << QuoteNote(0);
     return notes;
+}
+
+// Whether the usual reading of quotes would give other fields.
+bool frmImportTxt::MisreadsQuotes(const TextSample& sample) const {
+    TextOptions options = Options();
+    if (options.quotes != Quotes::OfLine || MixesLineEnds(sample_.form.lineEnds))
+        return false;
+    options.quotes = Quotes::OfField;
+    options.everyEnd = true;
+    options.firstHoldsNames = false;
+    return SampleOf(app_, sample_, options, kSampleRows).rows != sample.rows;
 }
 
 // --- the document ------------------------------------------------------------------------------------------
@@ -196,16 +277,16 @@ std::optional<text::Decoded> frmImportTxt::ReadWhole(edit::Waiting& waiting) {
     if (read || result.error == services::FileError::Cancelled)
         return read;
     waiting.Hide();
-    Tell(result ? NotInEncoding(encoding_) : edit::ReadFailureText(file_, result));
+    Tell(result ? NotInEncoding(encoding_) : FailureOf(file_, result));
     return std::nullopt;
 }
 
 // What the sample couldn't show, since it stands further down in the file.
 bool frmImportTxt::MayGoOn(const text::Decoded& whole, edit::Waiting& waiting) {
     QStringList news;
-    if (encoding_.isEmpty() && whole.warning != sample_.warning)
+    if (encoding_.isEmpty() && !whole.warning.isEmpty() && whole.warning != sample_.warning)
         news << whole.warning;
-    if (!Options().repair && MixesLineEnds(whole.form.lineEnds) && !MixesLineEnds(sample_.form.lineEnds))
+    if (!Options().everyEnd && MixesLineEnds(whole.form.lineEnds) && !MixesLineEnds(sample_.form.lineEnds))
         news << MixedNote();
     if (news.isEmpty())
         return true;
@@ -218,6 +299,8 @@ bool frmImportTxt::MayGoOn(const text::Decoded& whole, edit::Waiting& waiting) {
 bool frmImportTxt::Make(FetchedText& fetched) {
     if (file_.isEmpty())
         return Tell(QStringLiteral("No text file is chosen."));
+    if (!refusal_.isEmpty())
+        return Tell(refusal_);
     auto waiting = std::make_shared<edit::Waiting>(app_, file_);
     std::optional<text::Decoded> whole = ReadWhole(*waiting);
     if (!whole || !MayGoOn(*whole, *waiting))

@@ -22,11 +22,13 @@ public:
     SampleGrid grdSample;
     controls::CheckBox chkFirst;   ///< the first row holds the names of the fields
     controls::CheckBox chkUseAttr; ///< fields become attributes
-    controls::CheckBox chkRepair;  ///< names are made valid, line ends in quotes are kept
+    controls::CheckBox chkRepair;  ///< names are made valid
+    controls::CheckBox chkQuotes;  ///< quotes count at a field's ends alone, and keep line ends
     DelimiterChoice delimiter{DelimiterChoice::kComma};
     controls::ComboBox cmbQualifier; ///< blank: quotes are characters like others; else the double quote
-    controls::ComboBox cmbEnc;       ///< of the file; as found, until the user chooses
-    controls::Label lblNote;         ///< what the document will suffer from
+    /// Of the file: as found, until the user chooses or types one, which may be any that documents can have.
+    controls::ComboBox cmbEnc;
+    controls::Label lblNote; ///< what the document will suffer from
     controls::CommandButton OKButton, CancelButton;
 
     /// The dialog is done with and to be closed.
@@ -35,7 +37,8 @@ public:
     void Form_Load();
     void cmdOpenFile_Click(); ///< asks for the file and shows its beginning; one that can't be read changes
                               ///< nothing
-    void cmbEnc_Click();
+    void cmbEnc_Click();      ///< one that the file isn't in changes nothing
+    void cmbEnc_Change();
     /// Shows the beginning as the options have it.
     void LoadTextToThisForm();
     /// Closes, and opens the document. Where there can't be one, or the user doesn't want it, the dialog
@@ -49,8 +52,10 @@ private:
     void FillData(TextSample sample);         ///< shows it
     bool MayOpenBinary(const QString& name);
     void ReadBeginning(const QString& name);
-    void ShowEncoding(const QString& label);
+    void ShowEncoding();
+    bool TakeEncoding(const QString& label);
     QStringList Notes(const TextSample& sample) const;
+    bool MisreadsQuotes(const TextSample& sample) const;
     std::optional<text::Decoded> ReadWhole(edit::Waiting& waiting);
     bool MayGoOn(const text::Decoded& whole, edit::Waiting& waiting);
     bool Tell(const QString& text);
@@ -61,6 +66,7 @@ private:
     QByteArray front_;      ///< its beginning
     bool complete_ = false; ///< which is all of it
     QString encoding_;      ///< as the user has it; empty: as found
+    QString refusal_;       ///< why what is typed as its name can't be; empty: it can
     text::Decoded sample_;  ///< the beginning as text
 };
 

@@ -126,6 +126,8 @@ bool frmNewDSN::MayWrite() {
         return refuse(QStringLiteral("A source needs a driver and a name."));
     if (!services::Databases().MayBeSource(name))
         return refuse(kNoName);
+    if (IsFileDriver() && text::Trim(txtDatabase.Text()).isEmpty())
+        return refuse(QStringLiteral("A source of this driver needs a file."));
     if (IsFileDriver() && !mXMLEdit::FileExist(app_, txtDatabase.Text()) && !MakeFile())
         return false;
     return MayReplace(name);

@@ -16,6 +16,7 @@ struct BlockingWork::Shared {
     std::condition_variable changed;
     std::function<void()> work; ///< waiting or running; none: the thread is idle
     bool ended = false;         ///< the owner is gone
+    std::thread::id id;         ///< of the thread; known before it has work
 
     void Run() {
         std::unique_lock lock(mutex);
@@ -37,7 +38,10 @@ struct BlockingWork::Shared {
 };
 
 BlockingWork::BlockingWork() : shared_(std::make_shared<Shared>()) {
-    std::thread([shared = shared_] { shared->Run(); }).detach();
+    std::thread thread([shared = shared_] { shared->Run(); });
+    const std::lock_guard lock(shared_->mutex);
+    shared_->id = thread.get_id();
+    thread.detach();
 }
 
 BlockingWork::~BlockingWork() {
@@ -52,9 +56,18 @@ void BlockingWork::Start(std::function<void()> work) {
     shared_->changed.notify_all();
 }
 
-bool BlockingWork::WaitFor(int time) {
+bool BlockingWork::WaitFor(int time) const {
     std::unique_lock lock(shared_->mutex);
     return shared_->changed.wait_for(lock, milliseconds(time), [this] { return !shared_->work; });
+}
+
+bool BlockingWork::IsIdle() const {
+    return WaitFor(0);
+}
+
+bool BlockingWork::IsOwnThread() const {
+    const std::lock_guard lock(shared_->mutex);
+    return shared_->id == std::this_thread::get_id();
 }
 
 // Whether the work ended, and nothing is under way any more that could end the next one.

@@ -28,10 +28,12 @@ public:
     End Wait(const std::function<bool(qint64, qint64)>& step, int seconds,
              const std::function<void()>& cancel);
     bool IsLost() const { return lost_; }
+    bool IsIdle() const;      ///< nothing runs, and nothing waits to
+    bool IsOwnThread() const; ///< called from within the work
 
 private:
     struct Shared;
-    bool WaitFor(int milliseconds);
+    bool WaitFor(int milliseconds) const;
     bool Ask(std::function<void()> cancel, int milliseconds);
     std::shared_ptr<Shared> shared_;
     std::atomic<bool> lost_ = false; ///< the work may ask, too

@@ -48,12 +48,13 @@ private:
 constexpr char kDataSource[] = "Data Source=";
 
 /// How drivers are to work. SQLite: rows are read one by one and not kept, no file is made, and a lock is
-/// waited for no longer than a person would. PostgreSQL: rows come in blocks, and not all before the first.
+/// waited for no longer than a person would. PostgreSQL: rows come in blocks, and not all before the first;
+/// the longest length that a type can have stands for none, and not the usual 255.
 constexpr struct {
     const char *driver, *manners;
 } kManners[] = {{"sqlite", "StepAPI=1;NoCreat=1;Timeout=3000;"},
-                {"postgres", "UseDeclareFetch=1;Fetch=1000;"},
-                {"psqlodbc", "UseDeclareFetch=1;Fetch=1000;"}};
+                {"postgres", "UseDeclareFetch=1;Fetch=1000;MaxVarcharSize=10485760;"},
+                {"psqlodbc", "UseDeclareFetch=1;Fetch=1000;MaxVarcharSize=10485760;"}};
 
 QString MannersOf(const QString& driver) {
     for (const auto& known : kManners) {

@@ -14,9 +14,10 @@ namespace services {
 
 enum class DatabaseFailure {
     None,
-    Failed,    ///< the driver says why
-    NoDriver,  ///< the source, or the driver that it names, isn't installed
-    Cancelled, ///< by `step`
+    Failed,      ///< the driver says why
+    Unsupported, ///< the driver can't do this at all
+    NoDriver,    ///< the source, or the driver that it names, isn't installed
+    Cancelled,   ///< by `step`
     TimedOut
 };
 
@@ -96,6 +97,7 @@ public:
     /// Runs a statement; null where that failed. The rows must be gone before another call.
     virtual std::unique_ptr<DatabaseRows> Execute(const QString& sql, DatabaseResult& result) = 0;
     virtual std::unique_ptr<DatabaseStatement> Prepare(const QString& sql, DatabaseResult& result) = 0;
+    virtual bool HasTransactions() const = 0;
     /// From now on nothing lasts before Commit. A driver without transactions fails.
     virtual DatabaseResult BeginTransaction() = 0;
     /// Whether tables that were made in a transaction go with it.

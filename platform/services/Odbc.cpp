@@ -45,6 +45,8 @@ DatabaseResult Complaint(SQLSMALLINT kind, SQLHANDLE handle) {
         if (code == QStringLiteral("IM002") || code == QStringLiteral("IM003") ||
             line.contains(QStringLiteral("Can't open lib")))
             result.failure = DatabaseFailure::NoDriver;
+        else if (code == QStringLiteral("IM001") || code == QStringLiteral("HYC00"))
+            result.failure = DatabaseFailure::Unsupported;
         if (!lines.contains(line))
             lines << line;
     }
@@ -60,12 +62,23 @@ Session::Session() {
 }
 
 Session::~Session() {
-    if (connected) {
-        SQLEndTran(SQL_HANDLE_DBC, connection, SQL_ROLLBACK);
-        SQLDisconnect(connection);
-    }
-    SQLFreeHandle(SQL_HANDLE_DBC, connection);
-    SQLFreeHandle(SQL_HANDLE_ENV, environment);
+    InThread(work, [environment = environment, connection = connection, connected = connected] {
+        if (connected) {
+            SQLEndTran(SQL_HANDLE_DBC, connection, SQL_ROLLBACK);
+            SQLDisconnect(connection);
+        }
+        SQLFreeHandle(SQL_HANDLE_DBC, connection);
+        SQLFreeHandle(SQL_HANDLE_ENV, environment);
+    });
+}
+
+void InThread(BlockingWork& work, std::function<void()> act) {
+    if (work.IsOwnThread())
+        return act();
+    if (!work.IsIdle())
+        return;
+    work.Start(std::move(act));
+    work.Wait({}, kCleaningSeconds, {});
 }
 
 SQLRETURN ExecuteDirect(const Session& session, SQLHSTMT handle, const QString& sql) {
@@ -85,7 +98,7 @@ Statement::Statement(std::shared_ptr<Session> given) : session(std::move(given))
 
 Statement::~Statement() {
     if (handle && !session->work.IsLost())
-        SQLFreeHandle(SQL_HANDLE_STMT, handle);
+        InThread(session->work, [handle = handle] { SQLFreeHandle(SQL_HANDLE_STMT, handle); });
 }
 
 std::function<void()> Cancelling(std::shared_ptr<Statement> statement) {

@@ -41,6 +41,7 @@ struct Session {
     bool connected = false;
     bool narrow = false;   ///< the driver takes bytes, in UTF-8
     bool sqlite = false;   ///< its values needn't be of their column's type
+    qint64 untold = -1;    ///< what its driver tells where the length of a text isn't told
     bool anyOrder = false; ///< SQLGetData takes columns in any order, bound ones too
     bool cleaning = false; ///< what runs now tidies up: it can't be cancelled, and is given little time
     BlockingWork work;
@@ -62,6 +63,12 @@ struct Statement {
     std::shared_ptr<Session> session;
     SQLHSTMT handle = nullptr;
 };
+
+inline constexpr int kCleaningSeconds = 10; ///< for what can't be cancelled
+
+/// Does what may block and can't be cancelled in the session's thread, and waits a little. Where that thread
+/// is stuck it isn't done. `act` must hold what it uses.
+void InThread(BlockingWork& work, std::function<void()> act);
 
 /// Asks a statement to end; it is held until that has been done.
 std::function<void()> Cancelling(std::shared_ptr<Statement> statement);

@@ -5,8 +5,6 @@ namespace services::odbc {
 
 namespace {
 
-constexpr int kCleaningSeconds = 10; // for what can't be cancelled
-
 std::shared_ptr<Statement> NewStatement(const std::shared_ptr<Session>& session) {
     return std::make_shared<Statement>(session);
 }
@@ -16,7 +14,8 @@ DatabaseResult ReadList(const std::shared_ptr<Session>& session,
                         const std::function<SQLRETURN(SQLHSTMT)>& call,
                         const std::function<void(const DatabaseRows&)>& take) {
     const std::shared_ptr<Statement> statement = NewStatement(session);
-    DatabaseResult result = Blocking(session, statement, session->times.lists, [statement, call] {
+    const int seconds = session->cleaning ? kCleaningSeconds : session->times.lists;
+    DatabaseResult result = Blocking(session, statement, seconds, [statement, call] {
         return Good(call(statement->handle)) ? DatabaseResult()
                                              : Complaint(SQL_HANDLE_STMT, statement->handle);
     });
@@ -40,25 +39,43 @@ struct Place {
     QString catalog, schema, name;
 };
 
-SQLUINTEGER InfoNumber(const Session& session, SQLUSMALLINT what) {
-    SQLUINTEGER number = 0;
+/// What a driver tells of itself, as `get` asks it in the session's thread; as `Value` begins where it
+/// doesn't.
+template <typename Value>
+Value Info(Session& session, const std::function<bool(SQLHDBC connection, Value& value)>& get) {
+    const auto value = std::make_shared<Value>();
+    const auto told = std::make_shared<bool>(false);
     if (!session.work.IsLost())
-        SQLGetInfoW(session.connection, what, &number, sizeof number, nullptr);
-    return number;
+        InThread(session.work, [=, connection = session.connection] { *told = get(connection, *value); });
+    return !session.work.IsLost() && *told ? *value : Value();
 }
 
-QString InfoText(const Session& session, SQLUSMALLINT what) {
-    SQLWCHAR text[256] = {};
-    SQLSMALLINT bytes = 0;
-    if (session.work.IsLost() || !Good(SQLGetInfoW(session.connection, what, text, sizeof text, &bytes)))
-        return {};
-    return FromWide(text);
+SQLUINTEGER InfoNumber(Session& session, SQLUSMALLINT what) {
+    return Info<SQLUINTEGER>(session, [what](SQLHDBC connection, SQLUINTEGER& number) {
+        return Good(SQLGetInfoW(connection, what, &number, sizeof number, nullptr));
+    });
+}
+
+QString InfoText(Session& session, SQLUSMALLINT what) {
+    return Info<QString>(session, [what](SQLHDBC connection, QString& found) {
+        SQLWCHAR text[256] = {};
+        SQLSMALLINT bytes = 0;
+        const bool good = Good(SQLGetInfoW(connection, what, text, sizeof text, &bytes));
+        found = FromWide(text);
+        return good;
+    });
 }
 
 class OdbcDatabase : public Database {
 public:
     explicit OdbcDatabase(std::shared_ptr<Session> session) : session_(std::move(session)) {
-        session_->sqlite = System().contains(QStringLiteral("sqlite"), Qt::CaseInsensitive);
+        const QString system = System();
+        session_->sqlite = system.contains(QStringLiteral("sqlite"), Qt::CaseInsensitive);
+        constexpr qint64 kOfSqlite = 255, kOfPostgres = 10'485'760;
+        if (session_->sqlite)
+            session_->untold = kOfSqlite;
+        else if (system.contains(QStringLiteral("postgres"), Qt::CaseInsensitive))
+            session_->untold = kOfPostgres;
     }
 
     DatabaseResult Tables(std::vector<DatabaseTable>& tables) override {
@@ -83,7 +100,7 @@ public:
     }
 
     DatabaseResult Columns(const DatabaseTable& table, std::vector<DatabaseColumn>& columns) override {
-        enum { kTable = 2, kName = 3, kType = 4, kTypeName = 5, kSize = 6 };
+        enum { kSchema = 1, kTable = 2, kName = 3, kType = 4, kTypeName = 5, kSize = 6 };
         return ReadList(
             session_,
             [place = Place(table)](SQLHSTMT handle) {
@@ -92,9 +109,15 @@ public:
                                    name.data(), name.length(), nullptr, 0);
             },
             [&](const DatabaseRows& rows) {
-                if (TextOf(rows, kTable) == table.name) // the name was taken for a pattern
-                    columns.push_back({TextOf(rows, kName), TextOf(rows, kType).toInt(),
-                                       TextOf(rows, kTypeName), TextOf(rows, kSize).toLongLong()});
+                // Names of schemas and tables are taken for patterns.
+                const QString schema = TextOf(rows, kSchema);
+                if (TextOf(rows, kTable) != table.name || (!table.schema.isEmpty() && schema != table.schema))
+                    return;
+                DatabaseColumn column{TextOf(rows, kName), TextOf(rows, kType).toInt(),
+                                      TextOf(rows, kTypeName), TextOf(rows, kSize).toLongLong()};
+                if (column.size == session_->untold && !column.typeName.contains(u'('))
+                    column.size = 0;
+                columns.push_back(std::move(column));
             });
     }
 
@@ -111,7 +134,8 @@ public:
     }
 
     DatabaseResult ForeignKeys(const DatabaseTable& table, std::vector<DatabaseForeignKey>& keys) override {
-        enum { kTable = 2, kTarget = 3, kColumn = 7, kSequence = 8 };
+        enum { kTable = 2, kTarget = 3, kColumn = 7, kSequence = 8, kName = 11 };
+        QStringList names; // of the keys
         return ReadList(
             session_,
             [place = Place(table)](SQLHSTMT handle) {
@@ -121,10 +145,19 @@ public:
                                        name.length());
             },
             [&](const DatabaseRows& rows) {
-                if (TextOf(rows, kSequence).toInt() <= 1 || keys.empty())
+                // Several keys to one table come mixed; without names they can only be told apart by the
+                // number of the column.
+                const QString name = TextOf(rows, kName);
+                const bool first = keys.empty() || TextOf(rows, kSequence).toInt() <= 1;
+                const bool known = name.isEmpty() ? !first : names.contains(name);
+                if (!known) {
                     keys.push_back({TextOf(rows, kTable), {}, {}});
-                keys.back().columns << TextOf(rows, kColumn);
-                keys.back().targets << TextOf(rows, kTarget);
+                    names << name;
+                }
+                const qsizetype at = name.isEmpty() ? names.size() - 1 : names.indexOf(name);
+                DatabaseForeignKey& key = keys[static_cast<std::size_t>(at)];
+                key.columns << TextOf(rows, kColumn);
+                key.targets << TextOf(rows, kTarget);
             });
     }
 
@@ -143,8 +176,9 @@ public:
         return PrepareStatement(session_, sql, result);
     }
 
+    bool HasTransactions() const override { return InfoNumber(*session_, SQL_TXN_CAPABLE) != SQL_TC_NONE; }
     DatabaseResult BeginTransaction() override {
-        if (InfoNumber(*session_, SQL_TXN_CAPABLE) == SQL_TC_NONE)
+        if (!HasTransactions())
             return {DatabaseFailure::Failed, QStringLiteral("The database has no transactions.")};
         return Blocking(session_, nullptr, session_->times.lists, [session = session_] {
             return Good(SQLSetConnectAttr(session->connection, SQL_ATTR_AUTOCOMMIT,
@@ -171,12 +205,14 @@ public:
     // It is one character. A driver that doesn't end its answer must not be asked for a wide one: the driver
     // manager would look for the end behind it.
     QString Quote() const override {
-        SQLCHAR text[256] = {};
-        SQLSMALLINT bytes = 0;
-        if (session_->work.IsLost() ||
-            !Good(SQLGetInfoA(session_->connection, SQL_IDENTIFIER_QUOTE_CHAR, text, sizeof text, &bytes)))
-            return {};
-        return QString::fromLatin1(reinterpret_cast<const char*>(text)).left(1);
+        return Info<QString>(*session_, [](SQLHDBC connection, QString& quote) {
+            SQLCHAR text[256] = {};
+            SQLSMALLINT bytes = 0;
+            const bool good =
+                Good(SQLGetInfoA(connection, SQL_IDENTIFIER_QUOTE_CHAR, text, sizeof text, &bytes));
+            quote = QString::fromLatin1(reinterpret_cast<const char*>(text)).left(1);
+            return good;
+        });
     }
     QString System() const override { return InfoText(*session_, SQL_DBMS_NAME); }
 

@@ -81,8 +81,8 @@ std::vector<DatabaseColumn> Describe(SQLHSTMT handle) {
 
 class OdbcRows : public DatabaseRows {
 public:
-    explicit OdbcRows(std::shared_ptr<Statement> statement)
-        : columns_(Describe(statement->handle)), source_(std::make_shared<Source>()) {
+    OdbcRows(std::shared_ptr<Statement> statement, std::vector<DatabaseColumn> columns)
+        : columns_(std::move(columns)), source_(std::make_shared<Source>()) {
         source_->statement = std::move(statement);
         SQLUSMALLINT number = 0;
         for (const DatabaseColumn& column : columns_)
@@ -158,8 +158,14 @@ private:
 } // namespace
 
 std::unique_ptr<DatabaseRows> ReadRows(std::shared_ptr<Statement> statement, DatabaseResult& result) {
-    result = {};
-    return std::make_unique<OdbcRows>(std::move(statement));
+    const std::shared_ptr<Session> session = statement->session;
+    const auto columns = std::make_shared<std::vector<DatabaseColumn>>();
+    const int seconds = session->cleaning ? kCleaningSeconds : session->times.lists;
+    result = Blocking(session, statement, seconds, [statement, columns] {
+        *columns = Describe(statement->handle);
+        return DatabaseResult();
+    });
+    return result ? std::make_unique<OdbcRows>(std::move(statement), *columns) : nullptr;
 }
 
 } // namespace services::odbc

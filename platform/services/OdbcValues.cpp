@@ -25,6 +25,17 @@ QString FloatText(double value) {
     return QString::number(value, 'g', QLocale::FloatingPointShortest);
 }
 
+/// What a driver's word for a value that isn't a number becomes; empty for a number.
+QString WordOfReal(QStringView value) {
+    constexpr std::pair<const char*, const char*> kWords[] = {
+        {"infinity", "INF"}, {"inf", "INF"}, {"-infinity", "-INF"}, {"-inf", "-INF"}, {"nan", "NaN"}};
+    for (const auto& [word, written] : kWords) {
+        if (value.compare(QLatin1String(word), Qt::CaseInsensitive) == 0)
+            return QLatin1String(written);
+    }
+    return {};
+}
+
 /// Writes a value, which stands behind `from`, as XML Schema does; what isn't of its type's form stays.
 void Rewrite(QString& text, qsizetype from, Reading reading) {
     constexpr qsizetype kDate = 10; // characters of a date
@@ -50,6 +61,10 @@ void Rewrite(QString& text, qsizetype from, Reading reading) {
         else if (length > 1 && text[from] == u'-' && text[from + 1] == u'.')
             text.insert(from + 1, u'0');
         break;
+    case Reading::Real:
+        if (const QString word = WordOfReal(QStringView(text).sliced(from)); !word.isEmpty())
+            text.replace(from, length, word);
+        break;
     default:
         break;
     }
@@ -66,7 +81,7 @@ Reading ReadingOf(const DatabaseColumn& column, const Session& session) {
     case SQL_NUMERIC:
         return Reading::Decimal;
     case SQL_REAL: // as the driver writes it: as a double it would get digits that it hasn't
-        return Reading::Text;
+        return session.sqlite ? Reading::Text : Reading::Real;
     case SQL_FLOAT:
     case SQL_DOUBLE: // SQLite may have a text there
         return session.sqlite ? Reading::Text : Reading::Float;

@@ -8,7 +8,7 @@
 namespace services::odbc {
 
 /// How a column is read, and what is done to the text.
-enum class Reading { Text, Decimal, Float, Boolean, Bit, Timestamp, Binary };
+enum class Reading { Text, Decimal, Real, Float, Boolean, Bit, Timestamp, Binary };
 Reading ReadingOf(const DatabaseColumn& column, const Session& session);
 
 /// A column of a result. Short values come with the row, where the driver then still gives the long ones

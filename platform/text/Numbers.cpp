@@ -127,9 +127,14 @@ std::optional<double> ReadNumber(QStringView text) {
     return NumberReader(text).whole();
 }
 
-bool IsPlainInteger(QStringView text) {
-    return !text.isEmpty() && text.size() <= kDigits && (text.front() != u'0' || text.size() == 1) &&
-           std::all_of(text.begin(), text.end(), IsDigit);
+bool IsPlainAlready(QStringView text) {
+    const qsizetype found = text.indexOf(u'.'), point = found < 0 ? text.size() : found;
+    const QStringView whole = text.first(point), decimals = text.sliced(point);
+    if (whole.isEmpty() || text.size() > kDigits || (whole.front() == u'0' && whole.size() > 1))
+        return false;
+    const bool trimmed = decimals.isEmpty() || (decimals.size() > 1 && decimals.back() != u'0');
+    return trimmed && std::all_of(whole.begin(), whole.end(), IsDigit) &&
+           std::all_of(decimals.begin() + (decimals.isEmpty() ? 0 : 1), decimals.end(), IsDigit);
 }
 
 std::optional<QString> PlainNumber(QStringView text) {

@@ -16,8 +16,8 @@ std::optional<double> ReadNumber(QStringView text);
 /// leading and trailing zeros. Nothing where the text stays as it is: it is no number, or has more than 15
 /// digits and would become another one.
 std::optional<QString> PlainNumber(QStringView text);
-/// Whether a text is a whole number that PlainNumber would write the same.
-bool IsPlainInteger(QStringView text);
+/// Whether a text is quickly seen to be a number that PlainNumber would write the same.
+bool IsPlainAlready(QStringView text);
 
 /// The number at the beginning of a text as Val reads it, or digits of base 16 or 8 behind "&H" or "&O".
 double NumericPrefix(QStringView text);

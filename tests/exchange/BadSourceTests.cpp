@@ -3,6 +3,7 @@
 #include "exchange/dialogs/frmCreateDBSchema.h"
 #include "exchange/dialogs/frmImportDB.h"
 #include "tests/exchange/ExchangeDesk.h"
+#include "tests/support/MariadbServer.h"
 #include "tests/support/PostgresServer.h"
 #include "tests/support/SqliteFile.h"
 #include <QTcpServer>
@@ -113,9 +114,41 @@ TEST_F(BadSource, PostgresTellsOfAWrongPasswordAndOfALockThatIsWaitedFor) {
         Preview(form, "select * from t");
         ExpectNote(form, "did not answer in time");
         EXPECT_TRUE(owner->Rollback());
+        t.settings().Save(QStringLiteral("AppInternal"), QStringLiteral("DatabaseTimeOut"),
+                          QStringLiteral("60"));
         Preview(form, "select * from t");
         EXPECT_TRUE(form.txtSample.Text().endsWith(QStringLiteral("<data>\r\n</data>")));
         EXPECT_TRUE(form.OKButton.Enabled());
+    });
+}
+
+// Its tables, and the rows of some, outlast a transaction that is taken back.
+TEST_F(BadSource, APreviewChangesNothingInMariadb) {
+    test::MariadbServer server;
+    if (!server.IsRunning())
+        GTEST_SKIP() << server.WhyNot().toStdString();
+    services::DatabaseResult result;
+    const auto owner = services::Databases().Open(server.Connection(), {}, result);
+    ASSERT_TRUE(owner);
+    for (const char* sql : {"create table t(a text) engine=MyISAM", "insert into t values('kept')"})
+        owner->Execute(QLatin1String(sql), result);
+    test::AddSource("maria", "MariaDB Unicode",
+                    {{QStringLiteral("Server"), QStringLiteral("127.0.0.1")},
+                     {QStringLiteral("Port"), server.Port()},
+                     {QStringLiteral("Database"), QStringLiteral("stock")},
+                     {QStringLiteral("User"), QStringLiteral("owner")},
+                     {QStringLiteral("Password"), QStringLiteral("secret")}});
+    InImport([&](frmImportDB& form) {
+        test::ChooseSource(form.source, "maria");
+        for (const char* sql : {"drop table t", "truncate t", "alter table t add b text", "delete from t",
+                                "replace t values('x')", "/*! drop table t */",
+                                "with c as (select 1) delete from t", "select 1 # '\n; drop table t -- '"}) {
+            Preview(form, sql);
+            ExpectNote(form, "does not take everything back");
+        }
+        Preview(form, "select replace(a, 'e', 'E') as a from t");
+        EXPECT_TRUE(form.txtSample.Text().contains(QStringLiteral("<a>kEpt</a>")))
+            << form.lblNote.Caption().toStdString();
     });
 }
 
@@ -147,7 +180,7 @@ TEST_F(BadSource, WhatMakesASchemaInvalidIsToldBeforeItIsMade) {
         test::ChooseSource(form.source, "stock");
         form.cmdPre.Click();
         EXPECT_EQ(form.txtSample.Text().count(QStringLiteral("maxLength")), 1);
-        EXPECT_TRUE(form.lblNote.Caption().startsWith(QStringLiteral("The lengths begin with a blank.")));
+        EXPECT_TRUE(form.lblNote.Caption().startsWith(QStringLiteral("The lengths of texts")));
         file.Run("create table \"2 t\"(n integer)");
         form.cmdPre.Click();
         EXPECT_TRUE(form.lblNote.Caption().startsWith(QStringLiteral("The name \"2 t\" is no name in XML.")))
@@ -182,6 +215,9 @@ TEST_F(BadSource, WhatWasTypedStaysForItsSourceAndNamesAreQuoted) {
             << form.txtSample.Text().toStdString();
         test::ChooseSource(form.source, "other");
         EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from plain"));
+        form.lblNote.SetCaption(QStringLiteral("of the other source"));
+        form.source.cmbDSN.UserTyped(QStringLiteral("oth"));
+        EXPECT_EQ(form.lblNote.Caption(), QString());
     });
 }
 
@@ -192,9 +228,10 @@ TEST_F(BadSource, RowsBecomeADocumentInAnyEncoding) {
         file.Run((std::string("delete from t; insert into t values('") + word + "')").c_str());
         const int closed = InImport([&, name = label](frmImportDB& form) {
             test::ChooseSource(form.source, "stock");
-            if (!form.cmbEnc.Items().contains(QLatin1String(name)))
-                form.cmbEnc.AddItem(QLatin1String(name));
-            form.cmbEnc.UserChose(static_cast<int>(form.cmbEnc.Items().indexOf(QLatin1String(name))));
+            form.cmbEnc.UserTyped(QStringLiteral("none\""));
+            form.OKButton.Click();
+            EXPECT_EQ(form.lblNote.Caption(), QStringLiteral("No encoding is called \"none\"\"."));
+            form.cmbEnc.UserTyped(QLatin1String(name));
             form.OKButton.Click();
         });
         EXPECT_EQ(closed, 1);

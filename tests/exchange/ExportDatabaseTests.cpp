@@ -87,6 +87,7 @@ TEST_F(ExportDatabase, WhatFailsLeavesNothingBehind) {
         {"create table wine(a, b, c, d, e not null, f); insert into wine values(?, ?, ?, ?, ?, ?)",
          "NOT NULL"},
         {"creat table", "syntax error"},
+        {"create table wine(a); commit; insert into nowhere values(?)", "have the word \"commit\""},
     };
     InExport([&](frmExportDB& form) {
         for (const auto& [sql, note] : cases) {
@@ -120,6 +121,10 @@ TEST_F(ExportDatabase, AnEditedScriptAddsToATableAndLeavesOthersOut) {
         EXPECT_EQ(form.lblNote.Caption(), QStringLiteral("The database has a table \"shop\" already."));
         form.chkGrid.UserSet(false);
         form.cmbGrid.UserChose(1);
+        form.txtTable.UserTyped(QStringLiteral("my shop"));
+        EXPECT_TRUE(form.txtSQL.Text().startsWith(QStringLiteral("CREATE TABLE \"my shop\" (")));
+        EXPECT_TRUE(form.txtSQL.Text().contains(QStringLiteral("INSERT INTO \"my shop\" (")));
+        EXPECT_EQ(form.lblNote.Caption(), QString()) << "no such table is there";
         form.txtSQL.UserTyped(
             QStringLiteral("-- the table is there; only its rows\ninsert into shop values(? || ';', ?);"));
         form.cmbGrid.UserChose(0);
@@ -275,6 +280,13 @@ TEST_F(ExportDatabase, MariadbKeepsNothingOfAnExportThatFails) {
             names << table.name;
         return names.join(u' ').toStdString();
     };
+    const auto run = [&](const char* sql) {
+        services::DatabaseResult result;
+        const auto database = services::Databases().Open(server.Connection(), {}, result);
+        ASSERT_TRUE(database);
+        database->Execute(QLatin1String(sql), result);
+        EXPECT_TRUE(result) << result.text.toStdString();
+    };
     t.prompts.Answer({Answer::Ok, Answer::Ok});
     InExport([&](frmExportDB& form) {
         MakeSource(form.source, "MariaDB Unicode", "maria", server.Port(), "stock");
@@ -305,9 +317,33 @@ TEST_F(ExportDatabase, MariadbKeepsNothingOfAnExportThatFails) {
         EXPECT_TRUE(form.lblNote.Caption().endsWith(QStringLiteral("isn't known.")))
             << form.lblNote.Caption().toStdString();
         EXPECT_EQ(tables(), "shop wine");
+        // Where cases are told apart it is another table.
+        form.txtSQL.UserTyped(QStringLiteral("create table Wine(a text); insert into Wine values(?)"));
+        form.OKButton.Click();
+        EXPECT_TRUE(form.lblNote.Caption().endsWith(QStringLiteral("Nothing was written.")))
+            << form.lblNote.Caption().toStdString();
+        EXPECT_EQ(tables(), "shop wine");
+        run("create table kept(a text, b text, c text, d text, e text not null, f text) engine=MyISAM");
+        form.txtSQL.UserTyped(QStringLiteral("insert into kept values(?, ?, ?, ?, ?, ?)"));
+        form.OKButton.Click();
+        EXPECT_TRUE(form.lblNote.Caption().endsWith(QStringLiteral("isn't known.")))
+            << form.lblNote.Caption().toStdString();
         form.txtSQL.UserTyped(QStringLiteral("insert into wine values(?, ?, ?, ?, ?, ?)"));
         form.OKButton.Click();
     });
+    QByteArray wide; // more texts than fit into its largest row
+    for (int i = 0; i < 70; ++i)
+        wide += " a" + QByteArray::number(i) + "=\"x\"";
+    t.ClickNode(
+        t.OpenText(QStringLiteral("wide.xml"), "<a><wide" + wide + "/></a>").tvXML.Nodes(1).Child().Child());
+    t.prompts.Answer(Answer::Ok);
+    EXPECT_EQ(InExport([&](frmExportDB& form) {
+                  test::ChooseSource(form.source, "maria");
+                  form.OKButton.Click();
+                  EXPECT_EQ(form.lblNote.Caption().toStdString(), "");
+              }),
+              1);
+    EXPECT_EQ(tables(), "kept shop wide wine");
 }
 
 } // namespace

@@ -71,6 +71,17 @@ TEST_F(ExportText, OnlyTheSelectedNodeIsTheBeginning) {
     EXPECT_EQ(Preview([](frmExportTxt& form) { form.chkOnlySelected.UserSet(true); }),
               "1\tA\t\n7\tB&amp;C\t\n\n\nx\tnew\n\n\n\n");
     EXPECT_EQ(window.tvXML.SelectedItem().Text(), QStringLiteral("wine"));
+    InExport([&](frmExportTxt& form) { // a preview of all moves the selection, and not what was meant
+        form.cmdPreview.Click();
+        form.chkOnlySelected.UserSet(true);
+        form.cmdPreview.Click();
+        EXPECT_TRUE(form.txtSample.Text().startsWith(QStringLiteral("1\tA")));
+        LimitTo(form, "abc");
+        EXPECT_TRUE(form.lblNote.Caption().contains(QStringLiteral("No number of levels")));
+        EXPECT_TRUE(form.lblNote.Caption().contains(QStringLiteral("3.70 as 3.7")));
+        form.chkPlain.UserSet(true);
+        EXPECT_FALSE(form.lblNote.Caption().contains(QStringLiteral("3.70 as 3.7")));
+    });
 }
 
 TEST_F(ExportText, TheTableInUseIsWrittenAsItIsSortedAndCalculated) {
@@ -114,6 +125,8 @@ TEST_F(ExportText, OkWritesTheFileAndNothingElse) {
     EXPECT_EQ(t.folder.Read(QStringLiteral("out.txt")).toStdString(),
               "\r\n\r\n\r\n1\tA\t\r\n7\tB&amp;C\t\r\n\r\n\r\n\r\n");
     EXPECT_EQ(t.prompts.dialogs.back().filter, QStringLiteral("Text file (*.txt)|*.txt"));
+    EXPECT_EQ(t.frame().StatusBar1().Panel(1),
+              QStringLiteral("Exported to ") + name + QStringLiteral(".txt"));
 
     const QByteArray before = t.folder.Read(QStringLiteral("out.txt"));
     t.prompts.Choose(QString());
@@ -208,6 +221,19 @@ TEST_F(ExportText, AFullDiskIsToldAndLeavesNoFileAndCancelTheOldOne) {
     EXPECT_EQ(InExport([](frmExportTxt& form) { form.OKButton.Click(); }), 0);
     EXPECT_EQ(t.prompts.boxes.size(), 2u);
     EXPECT_EQ(t.folder.Read(QStringLiteral("old.txt")), "kept");
+}
+
+TEST_F(ExportText, TextsWithoutCellsCanBeCancelled) {
+    t.OpenText(QStringLiteral("rows.xml"), "<a>" + QByteArray("<b><c>x</c></b>").repeated(9000) + "</a>");
+    t.prompts.Choose(t.folder.Path(QStringLiteral("none.txt")));
+    t.progress.cancelAtStep = t.progress.steps + 12; // among the texts, behind the names
+    EXPECT_EQ(InExport([](frmExportTxt& form) {
+                  form.chkUseAttr.UserSet(false);
+                  form.chkFirst.UserSet(true);
+                  form.OKButton.Click();
+              }),
+              0);
+    EXPECT_FALSE(t.folder.Has(QStringLiteral("none.txt")));
 }
 
 } // namespace

@@ -89,10 +89,10 @@ TEST_F(ImportDatabase, StatementsThatFailOrChangeSayWhatHappenedAndChangeNothing
             {"selekt", "syntax error"},
             {"delete from \"my table\"", "Nothing was changed"},
             {"drop table \"my table\"", "Nothing was changed"},
-            {"delete from \"my table\"; commit", ""},
-            {"/* x */ COMMIT; delete from \"my table\"", ""},
-            {"end", ""},
-            {"  ", ""},
+            {"delete from \"my table\"; commit", "has the word \"commit\""},
+            {"/* x */ COMMIT; delete from \"my table\"", "has the word \"commit\""},
+            {"end", "has the word \"end\""},
+            {"  ", "There is no statement."},
         };
         for (const auto& [sql, note] : cases) {
             form.txtSQL.UserTyped(QLatin1String(sql));
@@ -126,6 +126,28 @@ TEST_F(ImportDatabase, WhatXmlCanNotHoldIsLeftOutOnlyWithConsent) {
             << t.prompts.Texts().last().toStdString();
     }
     EXPECT_NE(test::TextOf(t).find("<row a=\"x\" />\n\t<row a=\"aé\" />\n\t<row a=\"ab\" />"),
+              std::string::npos)
+        << test::TextOf(t);
+}
+
+TEST_F(ImportDatabase, ADateThatIsNoneIsLeftEmptyOnlyWithConsent) {
+    file.Run("create table t(n integer, d timestamp, s text); insert into t values(1, '1900-01-00 00:00:00', "
+             "'1900-00-00'), (2, '2024-05-06 07:08:09', '');");
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        t.prompts.Answer(answer);
+        EXPECT_EQ(InImport([&](exchange::frmImportDB& form) {
+                      if (answer == Answer::No)
+                          MakeSource(form.source, QStringLiteral("stock"));
+                      form.Form_Activate();
+                      form.chkAttr.UserSet(true);
+                      form.cmdPre.Click();
+                      EXPECT_TRUE(form.lblNote.Caption().startsWith(QStringLiteral("1 value(s)")));
+                      form.OKButton.Click();
+                  }),
+                  answer == Answer::Yes ? 1 : 0);
+    }
+    EXPECT_NE(test::TextOf(t).find("<row n=\"1\" d=\"\" s=\"1900-00-00\" />\n\t<row n=\"2\" "
+                                   "d=\"2024-05-06T07:08:09\" s=\"\" />"),
               std::string::npos)
         << test::TextOf(t);
 }
@@ -178,11 +200,20 @@ TEST_F(ImportDatabase, AnAccessFileIsImportedAndDescribed) {
         file.Run("create table other(a)");
         MakeSource(form.source, QStringLiteral("stock"));
         EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from other"));
+        form.source.txtDS.KeyUp(Qt::Key_Left, 0); // its file is meant now, and its tables
+        EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from \"DateTest\""));
+        test::ChooseSource(form.source, "stock");
         form.source.optAccess.UserChose();
         EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select * from \"DateTest\""));
+        form.txtSQL.UserTyped(QStringLiteral("select  * from \"DateTest\""));
+        form.source.txtDS.KeyUp(Qt::Key_Left, 0);
+        EXPECT_EQ(form.txtSQL.Text(), QStringLiteral("select  * from \"DateTest\""))
+            << "nothing new is meant";
         form.chkAttr.UserSet(true);
+        t.prompts.Answer(Answer::Yes); // its dates before 1900 are none to the driver
         form.OKButton.Click();
     });
+    EXPECT_TRUE(t.prompts.Texts().last().startsWith(QStringLiteral("8 value(s)")));
     EXPECT_NE(test::TextOf(t).find("<row IDCol=\"1\" DateTimeCol=\"2021-12-02T00:00:00\""),
               std::string::npos);
     InSchema([&](exchange::frmCreateDBSchema& form) {
@@ -264,6 +295,21 @@ TEST_F(ImportDatabase, TheBoxMakesASchemaThatJudgesTheRows) {
         EXPECT_NE(judged(rows).find(word), std::string::npos) << rows << "\n" << judged(rows);
 }
 
+TEST_F(ImportDatabase, ASchemaOfManyTablesCanBeCancelled) {
+    QByteArray tables;
+    for (int i = 0; i < 300; ++i)
+        tables += "create table t" + QByteArray::number(i) + "(a integer);";
+    file.Run(tables.constData());
+    InSchema([&](exchange::frmCreateDBSchema& form) {
+        MakeSource(form.source, QStringLiteral("stock"));
+        t.progress.cancelAtStep = t.progress.steps + 100;
+        t.prompts.Answer(Answer::Ok);
+        form.cmdPre.Click();
+        EXPECT_EQ(form.lblNote.Caption(), QStringLiteral("Cancelled."));
+        EXPECT_EQ(form.txtSample.Text(), QString());
+    });
+}
+
 TEST_F(ImportDatabase, AnEmptyDatabaseGivesASchemaOfItsRootAlone) {
     InSchema([&](exchange::frmCreateDBSchema& form) {
         MakeSource(form.source, QStringLiteral("stock"));
@@ -278,10 +324,12 @@ TEST_F(ImportDatabase, ASourceIsReplacedAndAFileMadeOnlyWithConsent) {
     const QString fresh = t.folder.Path(QStringLiteral("fresh.db"));
     InSchema([&](exchange::frmCreateDBSchema& form) {
         MakeSource(form.source, QStringLiteral("stock"));
-        t.prompts.Answer({Answer::No, Answer::No, Answer::No, Answer::Yes});
+        t.prompts.Answer({Answer::Ok, Answer::No, Answer::No, Answer::No, Answer::Yes});
         form.source.newDSNShown.disconnectAll();
         form.source.newDSNShown.connect([&](exchange::frmNewDSN& dialog) {
             dialog.txtName.UserTyped(QStringLiteral("stock"));
+            dialog.OKButton.Click();
+            EXPECT_TRUE(t.prompts.Texts().last().endsWith(QStringLiteral("needs a file.")));
             dialog.txtDatabase.UserTyped(file.Path());
             dialog.OKButton.Click();
             EXPECT_FALSE(t.prompts.Texts().last().contains(QStringLiteral("another driver")));

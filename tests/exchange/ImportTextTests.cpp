@@ -36,6 +36,7 @@ protected:
     static void Repaired(exchange::frmImportTxt& form) {
         Both(form);
         form.chkRepair.UserSet(true);
+        form.chkQuotes.UserSet(true);
     }
     /// The lines of the rows, without the root.
     std::string Rows() {
@@ -98,8 +99,9 @@ TEST_F(ImportText, EveryDelimiterParts) {
         Import(text, [&, which = static_cast<std::size_t>(option)](exchange::frmImportTxt& form) {
             Attributes(form);
             form.delimiter.txtOther.focusRequested.connect([&] { ++focused; });
-            form.delimiter.optChoose[which].UserChose();
             form.delimiter.txtOther.UserTyped(QStringLiteral("||"));
+            EXPECT_TRUE(form.delimiter.optChoose[4].Value()) << "it is what the user wants";
+            form.delimiter.optChoose[which].UserChose();
             EXPECT_EQ(form.grdSample.Cols(), 2);
         });
         EXPECT_EQ(Rows(), "<row field1=\"a\" field2=\"b\" />") << option;
@@ -154,6 +156,28 @@ TEST_F(ImportText, TheBoxMakesNamesValidAndKeepsLineEndsInQuotes) {
     EXPECT_EQ(t.frame().FormCount(), forms);
 }
 
+TEST_F(ImportText, WhatTheUsualReadingMakesOfQuotesIsTold) {
+    const std::pair<const char*, bool> cases[] = {{"a,\"b,c\",d\n", false},
+                                                  {"\"say \"\"hi\"\"\",x\n", false},
+                                                  {"a,\"\",b\n", true},
+                                                  {"a,\"line 1\nline 2\"\n", true},
+                                                  {"5\" pipe,x\n", true}};
+    for (const auto& [text, told] : cases) {
+        Import(text, [&, expected = told](exchange::frmImportTxt& form) {
+            EXPECT_EQ(form.lblNote.Caption().contains(QStringLiteral("\"Quotes as in CSV files\"")), expected)
+                << form.lblNote.Caption().toStdString();
+            form.chkQuotes.UserSet(true);
+            EXPECT_EQ(form.lblNote.Caption().toStdString(), "");
+        });
+    }
+    Import("2nd\n1\n", [](exchange::frmImportTxt& form) {
+        Repaired(form);
+        EXPECT_EQ(form.grdSample.TextMatrix(0, 0), QStringLiteral("_2nd")) << "as it will be";
+        form.delimiter.optChoose[4].UserChose();
+        EXPECT_TRUE(form.lblNote.Caption().startsWith(QStringLiteral("No delimiter is typed")));
+    });
+}
+
 TEST_F(ImportText, LineEndsOfOneKindPartTheLines) {
     const std::pair<const char*, int> cases[] = {{"1\r2\r3", 3}, {"1\n2\n3\n", 3}, {"1\r\n2\r\n3", 3}};
     for (const auto& [text, rows] : cases) {
@@ -184,6 +208,7 @@ TEST_F(ImportText, TheEncodingIsFoundAndCanBeChanged) {
         t.prompts.Answer(Answer::Ok);
         form.cmbEnc.UserChose(static_cast<int>(form.cmbEnc.Items().indexOf(QStringLiteral("UTF-8"))));
         EXPECT_TRUE(t.prompts.boxes.back().text.contains(QStringLiteral("aren't in the encoding \"UTF-8\"")));
+        EXPECT_EQ(form.cmbEnc.Text(), QStringLiteral("8859-1")) << "not another name for the same";
         form.cmbEnc.UserChose(static_cast<int>(form.cmbEnc.Items().indexOf(QStringLiteral("GB2312"))));
         EXPECT_EQ(form.grdSample.TextMatrix(0, 0), QStringLiteral("酒"));
         EXPECT_EQ(form.lblNote.Caption(), QString());
@@ -231,6 +256,7 @@ TEST_F(ImportText, BadFilesAreToldAndLeaveTheDialogAsItWas) {
     test::InDialog<exchange::frmImportTxt>(
         t, t.frame().exchangeDialogs.importTxtShown, "mnuTImpText", [&](exchange::frmImportTxt& form) {
             t.prompts.Answer({Answer::Ok, Answer::Ok, Answer::Ok, Answer::Ok});
+            EXPECT_FALSE(form.OKButton.Enabled());
             form.OKButton.Click();
             EXPECT_EQ(t.prompts.boxes.back().text, QStringLiteral("No text file is chosen."));
             for (const QString& name :
@@ -256,13 +282,8 @@ TEST_F(ImportText, EveryEncodingOfDocumentsIsRead) {
         t.prompts.AllowAnyBox();
         Import(text::Encode(line, form).bytes, [label = label](exchange::frmImportTxt& dialog) {
             Attributes(dialog);
-            const auto index = dialog.cmbEnc.Items().indexOf(QLatin1String(label));
-            if (index < 0) { // not on offer, but any name can be that of a file
-                dialog.cmbEnc.AddItem(QLatin1String(label));
-                dialog.cmbEnc.UserChose(static_cast<int>(dialog.cmbEnc.Items().size()) - 1);
-            } else {
-                dialog.cmbEnc.UserChose(static_cast<int>(index));
-            }
+            for (int typed = 1; typed <= QByteArrayView(label).size(); ++typed) // no box for each letter
+                dialog.cmbEnc.UserTyped(QLatin1String(label, typed));
             EXPECT_EQ(dialog.lblNote.Caption().toStdString(), "") << label;
         });
         EXPECT_EQ(Rows(), "<row field1=\"" + std::string(word) + "\" field2=\"1\" />") << label;
@@ -286,19 +307,74 @@ TEST_F(ImportText, ALargeFileOfOneLineIsReadInAnyEncoding) {
     }
 }
 
+// Only the encoding tells where the beginning that is shown may end.
+TEST_F(ImportText, TheEncodingOfALargeFileCanBeChanged) {
+    const std::tuple<const char*, const char*, int> cases[] = {
+        {"UTF-16LE", "酒,赤\n", 600'000}, {"GB2312", "酒", 2'200'000}, {"EUC-KR", "한,국\n", 750'000}};
+    for (const auto& [label, unit, count] : cases) {
+        QProcess iconv; // an encoder that writes no mark
+        iconv.start(QStringLiteral("iconv"), {QStringLiteral("-f"), QStringLiteral("UTF-8"),
+                                              QStringLiteral("-t"), QLatin1String(label)});
+        iconv.write("x" + QByteArray(unit).repeated(count));
+        iconv.closeWriteChannel();
+        ASSERT_TRUE(iconv.waitForFinished(60000));
+        t.prompts.AllowAnyBox(Answer::Ok);
+        const bool lines = QByteArray(unit).contains('\n');
+        EXPECT_EQ(Import(iconv.readAllStandardOutput(),
+                         [&, name = label,
+                          first = u'x' + QString::fromUtf8(unit).left(1)](exchange::frmImportTxt& form) {
+                             Attributes(form);
+                             form.cmbEnc.UserTyped(QLatin1String(name));
+                             EXPECT_EQ(form.lblNote.Caption().toStdString(), "") << name;
+                             EXPECT_TRUE(form.grdSample.TextMatrix(0, 0).startsWith(first)) << name;
+                             EXPECT_EQ(form.grdSample.Cols(), lines ? 2 : 1);
+                         }),
+                  1);
+        EXPECT_EQ(t.window().rtxtXML.Text().count(QString::fromUtf8(unit).left(1)), count) << label;
+    }
+}
+
+TEST_F(ImportText, AnEncodingIsChosenBeforeTheFileAndRefusedWhereItDoesNotFit) {
+    const QString gb2312 = t.folder.Write(QStringLiteral("gb.csv"), "\xBE\xC6,1\n"); // 酒
+    test::InDialog<exchange::frmImportTxt>(
+        t, t.frame().exchangeDialogs.importTxtShown, "mnuTImpText", [&](exchange::frmImportTxt& form) {
+            t.prompts.Choose(gb2312);
+            form.cmbEnc.UserTyped(QStringLiteral("GB2312"));
+            form.cmdOpenFile.Click();
+            EXPECT_EQ(form.cmbEnc.Text(), QStringLiteral("GB2312"));
+            EXPECT_EQ(form.grdSample.TextMatrix(0, 0), QStringLiteral("酒"));
+            form.cmbEnc.UserTyped(QStringLiteral("no such"));
+            EXPECT_EQ(form.lblNote.Caption(), QStringLiteral("No encoding is called \"no such\"."));
+            t.prompts.Answer({Answer::Ok, Answer::Ok});
+            form.OKButton.Click();
+            form.cmbEnc.UserTyped(QStringLiteral("utf-8"));
+            form.OKButton.Click();
+            EXPECT_EQ(t.prompts.Texts().last(),
+                      QStringLiteral("The bytes of the file aren't in the encoding \"utf-8\"."));
+            form.cmbEnc.UserTyped({});
+            EXPECT_TRUE(form.lblNote.Caption().startsWith(QStringLiteral("The file names no encoding")))
+                << form.lblNote.Caption().toStdString();
+        });
+    EXPECT_EQ(t.frame().FormCount(), 0);
+    // NULs in front make it look like UTF-16.
+    t.prompts.Answer(Answer::Yes);
+    EXPECT_EQ(Import(QByteArray("a\0", 2) + QByteArray("赤,x\n").repeated(900'000), Attributes), 1);
+    EXPECT_EQ(t.prompts.boxes.size(), 3u) << "no box without a text";
+}
+
 TEST_F(ImportText, AFileThatIsNoTextIsOpenedOnlyWithConsent) {
     QByteArray bytes("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
     for (int i = 0; i < 4000; ++i)
         bytes += static_cast<char>((i * 37) % 256);
-    for (const Answer answer : {Answer::No, Answer::Yes}) {
+    for (const Answer answer : {Answer::Cancel, Answer::Ok}) {
         t.prompts.Answer(answer);
         t.prompts.Choose(t.folder.Write(QStringLiteral("picture.csv"), bytes));
         test::InDialog<exchange::frmImportTxt>(
             t, t.frame().exchangeDialogs.importTxtShown, "mnuTImpText", [&](exchange::frmImportTxt& form) {
                 form.cmdOpenFile.Click();
-                EXPECT_EQ(form.lblFile.Caption().isEmpty(), answer == Answer::No);
+                EXPECT_EQ(form.lblFile.Caption().isEmpty(), answer == Answer::Cancel);
             });
-        EXPECT_TRUE(t.prompts.boxes.back().text.startsWith(QStringLiteral("This file holds bytes")));
+        EXPECT_TRUE(t.prompts.boxes.back().text.startsWith(QStringLiteral("This file does not look like")));
     }
     // Half of a pair, which no document can hold.
     t.prompts.Answer(Answer::No);
@@ -378,7 +454,31 @@ TEST_F(ImportText, VeryWideAndVeryLongLinesComeWhole) {
         EXPECT_TRUE(
             t.prompts.boxes.back().text.startsWith(QStringLiteral("Line 2 has more than 100000 fields")));
     }
+    // Equal and empty names by the ten thousand.
+    for (const char* name : {"a,", ","}) {
+        EXPECT_EQ(Import(QByteArray(name).repeated(20'000) + "a\n1,2\n",
+                         [](exchange::frmImportTxt& form) {
+                             Repaired(form);
+                             EXPECT_TRUE(form.lblNote.Caption().startsWith(
+                                 QStringLiteral("A row has more than 10000 attributes")));
+                             form.chkUseAttr.UserSet(false);
+                             EXPECT_EQ(form.lblNote.Caption().toStdString(), "");
+                         }),
+                  1);
+        const QString row = t.window().rtxtXML.Text();
+        const QString last = *name == 'a' ? QStringLiteral("a_20000") : QStringLiteral("field20000");
+        EXPECT_TRUE(row.contains(QStringLiteral("<%1></%1>").arg(last))) << name;
+    }
     const QByteArray line(6 << 20, 'x');
+    for (const bool repaired : {false, true})
+        Import("!" + line + "\n1\n", [&](exchange::frmImportTxt& form) {
+            Both(form);
+            form.chkRepair.UserSet(repaired);
+            EXPECT_LT(form.lblNote.Caption().size(), 200);
+            EXPECT_EQ(form.lblNote.Caption().isEmpty(), repaired) << form.lblNote.Caption().toStdString();
+            form.chkFirst.UserSet(repaired);
+        });
+    EXPECT_EQ(t.window().tvXML.Nodes(1).Child().Children(), 1) << "the repaired one";
     Import(line, [](exchange::frmImportTxt& form) { EXPECT_EQ(form.grdSample.Rows(), 1); });
     EXPECT_EQ(t.window().rtxtXML.Text().count(u'x'), line.size());
 }

@@ -212,6 +212,9 @@ TEST(Databases, PostgresGivesTypedValuesAndCanBeStopped) {
     table.name = QStringLiteral("t");
     EXPECT_TRUE(database->PrimaryKey(table, key));
     EXPECT_EQ(key, QStringList(QStringLiteral("n")));
+    EXPECT_EQ(Answer(*database, QStringLiteral("select 'Infinity'::real, '-Infinity'::real, 'NaN'::real, "
+                                               "0.1::real, 'Infinity'::float8")),
+              "INF|-INF|NaN|0.1|INF");
     EXPECT_NE(Answer(*database, QStringLiteral("selekt 1")).find("syntax error"), std::string::npos);
 
     DatabaseResult result;
@@ -241,6 +244,36 @@ TEST(Databases, PostgresGivesTypedValuesAndCanBeStopped) {
         << result.text.toStdString();
 }
 
+TEST(Databases, KeysToOneTableAndSchemasThatLookAlikeAreToldApart) {
+    test::PostgresServer server;
+    if (!server.IsRunning())
+        GTEST_SKIP() << server.WhyNot().toStdString();
+    const auto database = Open(server.Connection());
+    ASSERT_TRUE(database);
+    for (const char* sql : {"create schema a_b", "create schema axb", "create table axb.t(other integer)",
+                            "create table a_b.t(x integer, y integer, primary key(x, y))",
+                            "create table a_b.u(a integer, b integer, c integer, d integer, foreign key(a, "
+                            "b) references a_b.t(x, "
+                            "y), foreign key(c, d) references a_b.t(x, y))"})
+        EXPECT_EQ(Answer(*database, QLatin1String(sql)), "");
+    std::vector<services::DatabaseTable> tables;
+    EXPECT_TRUE(database->Tables(tables));
+    for (const services::DatabaseTable& table : tables) {
+        std::vector<services::DatabaseForeignKey> keys;
+        std::vector<services::DatabaseColumn> columns;
+        if (table.schema != QStringLiteral("a_b"))
+            continue;
+        EXPECT_TRUE(database->Columns(table, columns));
+        EXPECT_EQ(columns.size(), table.name == QStringLiteral("t") ? 2u : 4u);
+        EXPECT_TRUE(database->ForeignKeys(table, keys));
+        QStringList found;
+        for (const auto& key : keys)
+            found << key.columns.join(u' ') + QStringLiteral(" to ") + key.targets.join(u' ');
+        EXPECT_EQ(found.join(u'|').toStdString(),
+                  table.name == QStringLiteral("t") ? "" : "a b to x y|c d to x y");
+    }
+}
+
 pid_t WorkerOf(Database& database) {
     return std::stoi(Answer(database, QStringLiteral("select pg_backend_pid()")));
 }
@@ -251,7 +284,7 @@ TEST(Databases, AServerThatFallsSilentIsLeftAloneAtEveryStep) {
         GTEST_SKIP() << server.WhyNot().toStdString();
     DatabaseResult result;
     const auto open = [&] {
-        return Databases().Open(server.Connection(), {}, result, {.statement = 1, .rows = 1, .commit = 1});
+        return Databases().Open(server.Connection(), {}, result, {.statement = 3, .rows = 3, .commit = 3});
     };
     const auto asked = open(), read = open(), written = open();
     ASSERT_TRUE(asked && read && written) << result.text.toStdString();

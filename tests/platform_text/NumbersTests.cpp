@@ -51,6 +51,11 @@ TEST(Numbers, APlainNumberIsTheSameNumber) {
                  {u"1e-9", "0.000000001"},
                  {u"1e30", "1E+30"},
                  {u"0.1", "0.1"},
+                 {u"12.05", "12.05"},
+                 {u"0.50", "0.5"},
+                 {u"00.5", "0.5"},
+                 {u"0.0000000000001", "0.0000000000001"},
+                 {u"1.2.3", nullptr},
                  {u"123456789012345", "123456789012345"},
                  {u"1234567890123456", nullptr},
                  {u"0001234567890123", "1234567890123"},
@@ -59,7 +64,9 @@ TEST(Numbers, APlainNumberIsTheSameNumber) {
         const auto plain = text::PlainNumber(c.text);
         EXPECT_EQ(plain, c.plain ? std::optional<QString>(QLatin1String(c.plain)) : std::nullopt)
             << QStringView(c.text).toString().toStdString();
+        EXPECT_TRUE(!text::IsPlainAlready(c.text) || plain == QStringView(c.text).toString());
     }
+    EXPECT_TRUE(text::IsPlainAlready(u"12.05"));
 }
 
 TEST(Numbers, APrefixMayHaveAnotherBase) {
