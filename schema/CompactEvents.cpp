@@ -21,6 +21,7 @@ using controls::TreeNode;
 void Attend(DocumentWindow& window, bool list) {
     CompactState& state = CompactOf(window);
     state.listInUse = list;
+    state.segmentInUse = false;
     state.miCVPopupContext = SelectedInInstance(window) == m_tvXML::kTreeRoot ? 0 : list ? 2 : 1;
     edit::Attend(window, kContextCompact);
     window.app.frame().RefreshMenu();
@@ -117,7 +118,10 @@ void ConnectCompactView(DocumentWindow& window) {
     ConnectTree(window);
     ConnectList(window);
     ConnectCompactLabels(window);
-    CompactOf(window).rtxtSeg.GotFocus.connect([&window] { Attend(window, CompactOf(window).listInUse); });
+    CompactOf(window).rtxtSeg.GotFocus.connect([&window] {
+        Attend(window, CompactOf(window).listInUse);
+        CompactOf(window).segmentInUse = true;
+    });
 }
 
 } // namespace schema
