@@ -20,6 +20,8 @@ using controls::TreeNode;
 // The menus depend on what is selected, too.
 void Attend(DocumentWindow& window, bool list) {
     CompactState& state = CompactOf(window);
+    if (!list && state.lvRes.SelectedItem() > 0)
+        SelectResultRow(window, 0); // a marked row would look like what the next key is for
     state.listInUse = list;
     state.segmentInUse = false;
     state.miCVPopupContext = SelectedInInstance(window) == m_tvXML::kTreeRoot ? 0 : list ? 2 : 1;
