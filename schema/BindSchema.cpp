@@ -103,8 +103,11 @@ struct Stretch {
 };
 // Blanks of any kind part namespaces and locations, which take turns.
 Stretch LocationIn(const QString& list) {
-    static const QRegularExpression pair(QStringLiteral("^\\s*\\S+\\s+(\\S+)"));
-    const QRegularExpressionMatch match = pair.match(list);
+    static const QRegularExpression blanks(QStringLiteral("\\s+")),
+        pair(QStringLiteral("^\\s*\\S+\\s+(\\S+)")), rest(QStringLiteral("^\\s*\\S+\\s+(\\S.*\\S)"));
+    // Those with an odd number of words hold one location with blanks (quirk 138).
+    const bool pairs = list.split(blanks, Qt::SkipEmptyParts).size() % 2 == 0;
+    const QRegularExpressionMatch match = (pairs ? pair : rest).match(list);
     return match.hasMatch() ? Stretch{match.capturedStart(1), match.capturedLength(1)} : Stretch();
 }
 
@@ -133,11 +136,12 @@ void ReplaceInList(Attributes& all, qsizetype at, const QString& schemaFile) {
     all.set(at, QString(all.name(at)), WithReferences(list));
 }
 
-void WriteLocation(DocumentWindow& window, TreeNode root, const QString& schemaFile) {
+// False where the user leaves it as it is.
+bool WriteLocation(DocumentWindow& window, TreeNode root, const QString& schemaFile) {
     Attributes all(root);
     const qsizetype plain = FindLocation(all, kPlainLocation), list = FindLocation(all, kLocation);
     if ((plain >= 0 || list >= 0) && !MayReplaceLocation(window))
-        return;
+        return false;
     if (list >= 0)
         ReplaceInList(all, list, schemaFile);
     else if (plain >= 0)
@@ -145,6 +149,7 @@ void WriteLocation(DocumentWindow& window, TreeNode root, const QString& schemaF
     else
         all.add(DeclaredPrefix(all) + u':' + kPlainLocation, WithReferences(schemaFile));
     root.SetTag(all.tag());
+    return true;
 }
 
 // --- the schema --------------------------------------------------------------------------------------------
@@ -206,8 +211,8 @@ void ApplySchema(DocumentWindow& window, QString schemaFile) {
     if (schemaFile.isEmpty())
         return;
     edit::Run(window, "ApplySchema", [&] {
-        WriteLocation(window, root, schemaFile);
-        edit::Then(window, [&window] { ShowSchemaOrDTD(window); });
+        if (WriteLocation(window, root, schemaFile))
+            edit::Then(window, [&window] { ShowSchemaOrDTD(window); });
     });
 }
 

@@ -5,6 +5,7 @@
 #include "core/edit/Report.h"
 #include "core/edit/TextWay.h"
 #include "core/model/Frame.h"
+#include "schema/FaultPlaces.h"
 #include "schema/TellFaults.h"
 #include <utility>
 
@@ -14,18 +15,20 @@ namespace {
 
 const QString kChecking = QStringLiteral("The schema is being checked.");
 
-Attention AttentionIn(const DocumentWindow& window) {
+Attention AttentionIn(DocumentWindow& window) {
+    const controls::RichTextBox& text = window.TextInUse();
     return {window.tvXML.SelectedItem() ? window.tvXML.SelectedItem().Key() : QString(),
-            window.tbsXML.SelectedKey(), window.miPopupContext, window.ListView1.SelectedItem(),
-            window.TextInUse().SelStart()};
+            window.tbsXML.SelectedKey(),
+            window.miPopupContext,
+            window.ListView1.SelectedItem(),
+            window.ListView1.GetFirstVisible(),
+            CheckBesideOf(window).branches,
+            text.SelStart(),
+            text.SelLength()};
 }
 
 bool IsInFront(const DocumentWindow& window) {
     return window.app.frame().ActiveForm() == &window;
-}
-
-bool IsTextAhead(const DocumentWindow& window) {
-    return window.bond.bTextChanged() || window.bond.refused();
 }
 
 // --- the status bar ----------------------------------------------------------------------------------------
@@ -52,20 +55,23 @@ void SayNoMore(DocumentWindow& window) {
 void Take(DocumentWindow& window, const Findings& found) {
     CheckBeside& state = CheckBesideOf(window);
     ShowDiagnostics(window, found.all);
-    state.untold = !found.good && found.complete && !found.cancelled;
+    const bool quiet = std::exchange(state.quiet, false);
+    state.untold = !found.good && found.complete && !found.cancelled && !quiet;
     state.telling = state.untold && state.told;
-    if (!state.telling)
+    if (!state.telling && !quiet)
         TellOnStatusBar(window);
 }
 
-// The box never takes the key of someone who has gone on: for them the list has it, and the status bar.
+// The box never takes the key of someone who has gone on: for them the list has it, and the status bar. What
+// was found in another text than there is by now isn't told at all.
 void Tell(DocumentWindow& window) {
     CheckBeside& state = CheckBesideOf(window);
     if (IsInFront(window) && !edit::MayAskNow(window))
         return;
     state.telling = state.untold = false;
-    const bool same = !IsTextAhead(window) && !DiagnosticsOf(window).past;
-    if (IsInFront(window) && same && AttentionIn(window) == state.attention)
+    if (!IsAsChecked(window))
+        return;
+    if (IsInFront(window) && IsTreeOfText(window) && AttentionIn(window) == state.attention)
         TellFirst(window);
     else
         TellOnStatusBar(window);
@@ -73,28 +79,36 @@ void Tell(DocumentWindow& window) {
 
 // --- the check ---------------------------------------------------------------------------------------------
 
+// While a text is being typed none begins: it is checked when it has been left.
 void Begin(DocumentWindow& window) {
     CheckBeside& state = CheckBesideOf(window);
     state.due = false;
-    state.running.reset();
-    if (IsTextAhead(window)) // it is checked when it has been read
+    if (!IsTreeOfText(window))
         return;
     if (!HasSchemaElement(window))
         return Take(window, NoSchemaElement());
     state.request = RequestFor(window, true);
+    state.request.fetched = state.fetched;
     state.running = window.app.services.schemas->Begin(state.request);
 }
 
-// What was found in a text that has changed meanwhile isn't told any more.
 void End(DocumentWindow& window) {
     CheckBeside& state = CheckBesideOf(window);
     const auto check = std::move(state.running);
     const services::SchemaRequest request = std::exchange(state.request, {});
     SayNoMore(window);
-    if (window.way->text(window) == request.text)
-        return Take(window, FindingsOf(check->TakeAnswer(), request));
-    state.due = !IsTextAhead(window);
-    state.told = false;
+    Take(window, FindingsOf(window, check->TakeAnswer(), request));
+}
+
+// Of a text that has changed meanwhile nothing is told any more.
+bool GiveUpSuperseded(DocumentWindow& window) {
+    CheckBeside& state = CheckBesideOf(window);
+    if (!state.running || window.way->text(window) == state.request.text)
+        return false;
+    state.running.reset();
+    SayNoMore(window);
+    state.due = IsTreeOfText(window);
+    return true;
 }
 
 void Look(DocumentWindow& window) {
@@ -103,7 +117,9 @@ void Look(DocumentWindow& window) {
         return;
     if (!std::exchange(state.attentionTaken, true))
         state.attention = AttentionIn(window);
-    if (state.due)
+    if (GiveUpSuperseded(window))
+        state.told = false;
+    else if (state.due)
         Begin(window);
     else if (state.running && state.running->WaitForEnd(0))
         End(window);
@@ -112,6 +128,30 @@ void Look(DocumentWindow& window) {
     if (state.telling)
         Tell(window);
     state.tmCheck.SetEnabled(state.busy() || state.telling);
+}
+
+void MakeDue(DocumentWindow& window) {
+    CheckBeside& state = CheckBesideOf(window);
+    state.due = true;
+    state.name = window.Caption;
+    state.attentionTaken = false;
+    state.tmCheck.SetEnabled(true);
+}
+
+// For a user who has gone to a diagnostic the list has told it.
+void LetBe(DocumentWindow& window) {
+    CheckBeside& state = CheckBesideOf(window);
+    state.told = state.untold = state.telling = false;
+    state.quiet = state.busy();
+}
+
+// Saved under another name, a schema has other documents beside it.
+void FollowName(DocumentWindow& window) {
+    CheckBeside& state = CheckBesideOf(window);
+    if (!window.bLoaded || state.name.isEmpty() || state.name == window.Caption)
+        return;
+    StopCheckBeside(window);
+    MakeDue(window);
 }
 
 } // namespace
@@ -125,26 +165,30 @@ void CheckAfterReading(DocumentWindow& window) {
         return;
     CheckBeside& state = CheckBesideOf(window);
     StopCheckBeside(window);
-    state.due = true;
     state.told = !window.bLoaded;
-    state.attentionTaken = false;
-    state.tmCheck.SetEnabled(true);
+    MakeDue(window);
 }
 
 // The click that leaves the text also selects something, which is seen with the next tick.
 void TellAfterLeaving(DocumentWindow& window) {
     CheckBeside& state = CheckBesideOf(window);
-    if (!state.busy() && !state.untold)
+    if (!window.app.services.schemas || !IsTreeOfText(window))
         return;
-    state.told = true;
-    state.telling = state.telling || (!state.busy() && state.untold);
+    GiveUpSuperseded(window);
+    const bool tells = state.busy() || state.untold;
+    if (!state.busy() && !IsAsChecked(window))
+        MakeDue(window);
+    state.told = tells;
+    if (!tells)
+        return;
+    state.telling = !state.busy();
     state.attentionTaken = false;
     state.tmCheck.SetEnabled(true);
 }
 
 void StopCheckBeside(DocumentWindow& window) {
     CheckBeside& state = CheckBesideOf(window);
-    state.due = state.told = state.untold = state.telling = false;
+    state.due = state.told = state.untold = state.telling = state.quiet = false;
     state.running.reset();
     SayNoMore(window);
     state.tmCheck.SetEnabled(false);
@@ -153,6 +197,10 @@ void StopCheckBeside(DocumentWindow& window) {
 void ConnectCheckBeside(DocumentWindow& window) {
     CheckBesideOf(window).tmCheck.Tick.connect(
         [&window] { edit::Guarded(window, "tmCheck_Tick", [&] { Look(window); }); });
+    for (auto* moved : {&window.tvXML.Expand, &window.tvXML.Collapse})
+        moved->connect([&window](controls::TreeNode) { ++CheckBesideOf(window).branches; });
+    DiagnosticsOf(window).wentThere.connect([&window] { LetBe(window); });
+    window.captionChanged.connect([&window] { FollowName(window); });
 }
 
 } // namespace schema

@@ -27,7 +27,8 @@ Findings Check(DocumentWindow& window, bool isSchema) {
         request.fetched = fetch.found();
         answer = Ask(window.app, request);
     }
-    return FindingsOf(answer, request);
+    CheckBesideOf(window).fetched = fetch.found();
+    return FindingsOf(window, answer, request);
 }
 
 bool Show(DocumentWindow& window, const Findings& found) {

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "schema/Diagnostics.h"
 #include "core/edit/NodePath.h"
-#include "core/edit/Open.h"
-#include "core/edit/Report.h"
 #include "core/edit/TextWay.h"
 #include "core/edit/Transaction.h"
-#include "core/edit/View.h"
 #include "core/model/FileNames.h"
 #include "core/model/Frame.h"
 #include "schema/FaultPlaces.h"
-#include "textview/KeptPlaces.h"
+#include "schema/KeptNumbers.h"
 #include <algorithm>
 #include <tuple>
 #include <utility>
@@ -42,19 +39,20 @@ void FindNodes(DocumentWindow& window, std::vector<Diagnostic>& all) {
         own[i]->node = keys[static_cast<qsizetype>(i)];
 }
 
-bool HasChanged(const DocumentWindow& window, const DiagnosticsState& state) {
-    return !(window.way->text(window) == state.text);
-}
-
-// The place of the check as long as the text is the same, then where the element is by now, or the letters
-// are.
-qsizetype PositionNow(DocumentWindow& window, const Diagnostic& one) {
-    const DiagnosticsState& state = DiagnosticsOf(window);
-    const qsizetype then = PositionOf(state.text, one.line, one.column);
-    if (!HasChanged(window, state))
-        return then;
-    const TreeNode node = NodeOf(window, one);
-    return node ? PositionOf(window, node) : textview::KeptPlaces(state.text, window.way->text(window))(then);
+// After a reading the elements have other keys: they are found by their numbers, which follow the text.
+void FindNodesAgain(DocumentWindow& window) {
+    DiagnosticsState& state = DiagnosticsOf(window);
+    std::optional<std::vector<long>> numbers = std::exchange(state.numbers, {});
+    if (!numbers)
+        return;
+    if (IsAsChecked(window) && IsTreeOfText(window))
+        return FindNodes(window, state.all);
+    if (!IsTreeOfText(window))
+        numbers->clear();
+    numbers->resize(state.all.size());
+    const QStringList keys = KeysOf(window, *numbers);
+    for (std::size_t i = 0; i < state.all.size(); ++i)
+        state.all[i].node = keys[static_cast<qsizetype>(i)];
 }
 
 // --- rows --------------------------------------------------------------------------------------------------
@@ -78,74 +76,32 @@ controls::ListItem RowOf(DocumentWindow& window, std::uint32_t number) {
             {}};
 }
 
-void MakeRows(DocumentWindow& window) {
+void MakeRows(DocumentWindow& window, int current) {
     DiagnosticsState& state = DiagnosticsOf(window);
-    const int current = state.lvDiagnostics.SelectedItem();
+    state.rowsOf = window.tvXML.Revision();
     state.lvDiagnostics.BeginUpdate();
     state.lvDiagnostics.Clear();
     state.lvDiagnostics.Fill(
         static_cast<std::uint32_t>(state.all.size()),
         [&window](std::uint32_t number) { return RowOf(window, number); },
         [](const QString& key) { return key.toLongLong(); });
-    if (state.past)
-        state.lvDiagnostics.SetSelectedItem(current);
+    state.lvDiagnostics.SetSelectedItem(current);
     state.lvDiagnostics.EndUpdate();
 }
 
-// They keep the place of the text that was checked, and tell so, as long as another one is there.
-void LookWhetherPast(DocumentWindow& window) {
+void MakeRowsAgain(DocumentWindow& window) {
+    MakeRows(window, DiagnosticsOf(window).lvDiagnostics.SelectedItem());
+}
+
+// They keep the place of the text that was checked, and tell so, as long as another one is there. The paths
+// of nodes follow the tree.
+void FollowText(DocumentWindow& window) {
     DiagnosticsState& state = DiagnosticsOf(window);
     if (state.all.empty())
         return;
-    const bool past = HasChanged(window, state);
-    if (past != std::exchange(state.past, past))
-        MakeRows(window);
-}
-
-// --- going there -------------------------------------------------------------------------------------------
-
-void PutCaret(DocumentWindow& window, qsizetype position) {
-    controls::RichTextBox& pane = window.TextInUse();
-    pane.SetSelStart(pane.ShownPlace(position));
-    if (!edit::Shows(window, edit::kTextTab))
-        return;
-    pane.SetFocus();
-    edit::ShowCursorPosition(window);
-}
-
-void GoToPlace(DocumentWindow& window, const Diagnostic& one, TreeNode node, qsizetype position) {
-    edit::Run(window, "GoToDiagnostic", [&] {
-        if (node) {
-            node.EnsureVisible();
-            window.tvXML.SetSelectedItem(node);
-        }
-        edit::Message(window.app, one.message);
-        if (one.line > 0)
-            edit::Then(window, [&window, position] { PutCaret(window, position); });
-    });
-}
-
-void GoToOtherDocument(Application& app, const Diagnostic& one) {
-    edit::Message(app, one.message);
-    DocumentWindow* other = nullptr;
-    if (app.frame().HaveSameNameForm(one.document, true))
-        other = app.frame().ActiveForm();
-    else if (mXMLEdit::FileExist(app, one.document))
-        edit::OpenFile(app, one.document, other);
-    if (!other)
-        return;
-    const qsizetype position = PositionOf(other->way->text(*other), one.line, one.column);
-    const QString key = one.line > 0 ? ElementsAt(*other, {position}).front() : QString();
-    GoToPlace(*other, one, other->tvXML.Nodes.Find(key), position);
-}
-
-void Walk(DocumentWindow& window, int by) {
-    DiagnosticsState& state = DiagnosticsOf(window);
-    const int count = state.lvDiagnostics.Count(), row = state.lvDiagnostics.SelectedItem();
-    if (count == 0)
-        return;
-    const int first = by > 0 ? 1 : count;
-    GoToDiagnostic(window, row == 0 || row + by < 1 || row + by > count ? first : row + by);
+    const bool past = !IsAsChecked(window);
+    if (past != std::exchange(state.past, past) || state.rowsOf != window.tvXML.Revision())
+        MakeRowsAgain(window);
 }
 
 } // namespace
@@ -162,9 +118,11 @@ void ShowDiagnostics(DocumentWindow& window, std::vector<Diagnostic> found) {
     DiagnosticsState& state = DiagnosticsOf(window);
     FindNodes(window, found);
     state.all = std::move(found);
-    state.text = state.all.empty() ? LongText() : window.way->text(window);
+    state.text = window.way->text(window);
+    state.name = window.Caption;
     state.past = false;
-    MakeRows(window);
+    state.numbers.reset();
+    MakeRows(window, 0);
     state.pctDiagnostics.SetVisible(!state.all.empty());
     window.app.frame().RefreshMenu();
 }
@@ -173,26 +131,36 @@ TreeNode NodeOf(DocumentWindow& window, const Diagnostic& one) {
     return window.tvXML.Nodes.Find(one.node);
 }
 
-void GoToDiagnostic(DocumentWindow& window, int row) {
+bool IsAsChecked(const DocumentWindow& window) {
+    return window.way->text(window) == DiagnosticsOf(const_cast<DocumentWindow&>(window)).text;
+}
+
+void KeepDiagnosedNodes(DocumentWindow& window) {
     DiagnosticsState& state = DiagnosticsOf(window);
-    if (row < 1 || row > static_cast<int>(state.all.size()))
+    if (!window.bLoaded && state.name != window.Caption) {
+        ForgetDiagnostics(window);
+        state.text = {};
+    }
+    if (state.all.empty() || state.numbers)
         return;
-    state.lvDiagnostics.ClearSelected();
-    state.lvDiagnostics.SetSelectedItem(row);
-    state.lvDiagnostics.EnsureVisible(row);
-    const Diagnostic one = state.all[static_cast<std::size_t>(row - 1)];
-    if (one.document.isEmpty())
-        GoToPlace(window, one, NodeOf(window, one), PositionNow(window, one));
-    else
-        GoToOtherDocument(window.app, one);
+    QStringList keys;
+    for (const Diagnostic& one : state.all)
+        keys << one.node;
+    std::vector<long> numbers = NumbersOf(window, keys);
+    std::transform(numbers.begin(), numbers.end(), numbers.begin(),
+                   KeptNumbers(window.bond.treeText, window.way->text(window)));
+    state.numbers = std::move(numbers);
+    edit::Then(window, [&window] {
+        FindNodesAgain(window);
+        MakeRowsAgain(window);
+    });
 }
 
-void NextDiagnostic(DocumentWindow& window) {
-    Walk(window, 1);
-}
-
-void PreviousDiagnostic(DocumentWindow& window) {
-    Walk(window, -1);
+void ForgetDiagnostics(DocumentWindow& window) {
+    DiagnosticsState& state = DiagnosticsOf(window);
+    if (!state.all.empty())
+        return ShowDiagnostics(window, {});
+    state.text = window.way->text(window);
 }
 
 void ConnectDiagnostics(DocumentWindow& window) {
@@ -201,8 +169,7 @@ void ConnectDiagnostics(DocumentWindow& window) {
     state.lvDiagnostics.ColumnHeaders = {QStringLiteral("Place"), QStringLiteral("Message"),
                                          QStringLiteral("Node")};
     for (controls::RichTextBox* pane : {&window.rtxtXML, &window.rtxtXML2})
-        pane->Change.connect([&window] { LookWhetherPast(window); });
-    state.lvDiagnostics.ItemClick.connect([&window](int row) { GoToDiagnostic(window, row); });
+        pane->Change.connect([&window] { FollowText(window); });
 }
 
 } // namespace schema

@@ -3,6 +3,8 @@
 #include "core/model/DocumentWindow.h"
 #include "platform/controls/ListView.h"
 #include <QString>
+#include <cstdint>
+#include <optional>
 #include <vector>
 
 // What the last check of a document found, as a list under its views.
@@ -20,10 +22,14 @@ struct Diagnostic {
 
 struct DiagnosticsState {
     std::vector<Diagnostic> all;
-    text::LongText text;              ///< the document's when it was checked: what places are places in
-    bool past = false;                ///< the text has changed since, and the rows tell so
-    controls::ListView lvDiagnostics; ///< a row for each: place, message, path of the node
-    controls::Pane pctDiagnostics;    ///< visible while there are any
+    text::LongText text;      ///< the document's when it was checked: what places are places in
+    QString name;             ///< the document's then
+    bool past = false;        ///< the text has changed since, and the rows tell so
+    std::uint64_t rowsOf = 0; ///< the tree's revision that the rows were made of
+    std::optional<std::vector<long>> numbers; ///< of the elements, while the tree is being built anew
+    controls::ListView lvDiagnostics;         ///< a row for each: place, message, path of the node
+    controls::Pane pctDiagnostics;            ///< visible while there are any
+    controls::Event<> wentThere; ///< the user has gone to a place in this document that a row told
 };
 DiagnosticsState& DiagnosticsOf(DocumentWindow& window);
 
@@ -32,12 +38,14 @@ void ShowDiagnostics(DocumentWindow& window, std::vector<Diagnostic> found);
 
 /// The element that a row is about; nothing without one, and where it is gone.
 controls::TreeNode NodeOf(DocumentWindow& window, const Diagnostic& diagnostic);
+/// Whether the document's text is the one that was checked last.
+bool IsAsChecked(const DocumentWindow& window);
 
-/// Goes to a row's node, and with the caret to its place; after an edit to where the node stands by now. Into
-/// the window of the other document where it is about that, which is opened if need be. `row` counts from 1.
-void GoToDiagnostic(DocumentWindow& window, int row);
-void NextDiagnostic(DocumentWindow& window);     ///< the first one behind the last
-void PreviousDiagnostic(DocumentWindow& window); ///< the last one before the first
+/// The tree is about to be built anew from a text, inside an edit: at its end rows lead to the elements that
+/// they are about by their new keys. Those of another document go.
+void KeepDiagnosedNodes(DocumentWindow& window);
+/// There is no document any more.
+void ForgetDiagnostics(DocumentWindow& window);
 
 void ConnectDiagnostics(DocumentWindow& window);
 

@@ -16,12 +16,13 @@ using controls::TreeNode;
 
 struct Extension {
     bool SchemaState::*enabled;
+    bool SchemaState::*takenAway;
     const char* prefix;
     const char* declaration;
 };
-constexpr Extension kMsSql{&SchemaState::mbEnabledMsSQL, "sql",
+constexpr Extension kMsSql{&SchemaState::mbEnabledMsSQL, &SchemaState::bMsSQLTakenAway, "sql",
                            "xmlns:sql=\"urn:schemas-microsoft-com:mapping-schema\""};
-constexpr Extension kOracle{&SchemaState::mbEnabledOracle, "xdb",
+constexpr Extension kOracle{&SchemaState::mbEnabledOracle, &SchemaState::bOracleTakenAway, "xdb",
                             "xmlns:xdb=\"http://xmlns.oracle.com/xdb\""};
 
 // Names stand in values, too: one or several, or in a path.
@@ -81,34 +82,46 @@ void TakeDeclarationAway(DocumentWindow& window, TreeNode schema, const Extensio
     schema.SetTag(schema.Tag().remove(declaration + u' ').remove(declaration));
 }
 
-bool IsPrefixDeclared(TreeNode schema, const Extension& extension) {
-    return schema &&
-           m_tvXML::Attributes(schema).contains(QStringLiteral("xmlns:") + QLatin1String(extension.prefix));
+// For the extension's namespace, in whichever quotes.
+bool IsDeclared(TreeNode schema, const Extension& extension) {
+    const m_tvXML::Attributes attributes(schema);
+    const qsizetype at = attributes.find(QStringLiteral("xmlns:") + QLatin1String(extension.prefix));
+    return at >= 0 &&
+           QString(attributes.value(at)) == QString(QLatin1String(extension.declaration)).section(u'"', 1, 1);
 }
 
 bool Offers(DocumentWindow& window, const Extension& extension) {
-    return SchemaOf(window).*extension.enabled && IsPrefixDeclared(GetSchemaNode(window.tvXML), extension);
+    const SchemaState& state = SchemaOf(window);
+    const TreeNode schema = GetSchemaNode(window.tvXML);
+    if (!schema)
+        return state.*extension.enabled;
+    return (state.*extension.enabled || state.*extension.takenAway) && IsDeclared(schema, extension);
 }
 
 // Taken away, the declaration takes the offer with it, and undo brings back both.
 void Set(DocumentWindow& window, const char* routine, const Extension& extension, bool enabled) {
     bool& flag = SchemaOf(window).*extension.enabled;
-    const bool before = flag;
+    bool& takenAway = SchemaOf(window).*extension.takenAway;
+    const bool before = flag, takenBefore = takenAway;
     const bool done = edit::Run(window, routine, [&] {
         nodes::ShowRowsAnew(window);
         flag = enabled;
+        takenAway = false;
         const TreeNode schema = GetSchemaNode(window.tvXML);
         if (!schema)
             return true;
-        if (enabled)
+        if (enabled) {
             Declare(window, schema, extension);
-        else
+        } else {
             TakeDeclarationAway(window, schema, extension);
-        flag = enabled || !IsPrefixDeclared(schema, extension);
+            takenAway = !IsDeclared(schema, extension);
+        }
         return true;
     });
-    if (!done)
+    if (!done) {
         flag = before;
+        takenAway = takenBefore;
+    }
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 #include "platform/controls/TreeCursor.h"
 #include "textview/KeptPlaces.h"
 #include <algorithm>
+#include <map>
+#include <utility>
 
 namespace schema {
 
@@ -21,29 +23,32 @@ struct Place {
     int levelsUp = 0;
 };
 
-// Whether a start tag ends in "/>", or stands for no element at all.
-bool ClosesItself(const QString& tag) {
-    QChar quote;
-    for (qsizetype i = 1; i < tag.size(); ++i) {
-        if (!quote.isNull())
-            quote = tag[i] == quote ? QChar() : quote;
-        else if (tag[i] == u'"' || tag[i] == u'\'')
-            quote = tag[i];
-        else if (tag[i] == u'>')
-            return tag[i - 1] == u'/';
-    }
-    return false;
+bool IsEmptyElement(const QString& tag) {
+    return tag.endsWith(QStringLiteral("/>")) && !tag.startsWith(QStringLiteral("<!"));
 }
 
-// `between` goes from the start of a node to a place behind it, ahead of the next node: only end tags can
-// stand there.
+// End tags in a text without start tags; what looks like one in a section is none.
+int EndTags(const QString& text) {
+    int count = 0;
+    for (qsizetype at = text.indexOf(u'<'); at >= 0; at = text.indexOf(u'<', at)) {
+        const QString markup = text.mid(at);
+        count += markup.startsWith(QStringLiteral("</")) ? 1 : 0;
+        at += MarkupEnd(markup);
+    }
+    return count;
+}
+
+// `between` goes from the start of a node to a place behind it, ahead of the next node: only end tags and
+// sections can stand there. Behind a text or a section the place is about what it stands in.
 int LevelsUp(const QString& between) {
-    const qsizetype last = between.lastIndexOf(u'<');
-    if (last <= 0 || between.mid(last, 2) != QStringLiteral("</"))
+    const qsizetype end = MarkupEnd(between);
+    const int ended = EndTags(between.mid(end));
+    if (ended == 0)
         return 0;
-    const auto ended = static_cast<int>(between.count(QStringLiteral("</")));
-    const bool leaf = between.startsWith(QStringLiteral("<!")) || between.startsWith(QStringLiteral("<?"));
-    return leaf || ClosesItself(between) ? ended : ended - 1;
+    const QString node = between.left(end);
+    const bool leaf = node.startsWith(QStringLiteral("<!")) || node.startsWith(QStringLiteral("<?")) ||
+                      IsEmptyElement(node);
+    return leaf ? ended : ended - 1;
 }
 
 // Behind a tag a part of the text can be looked at by itself.
@@ -77,7 +82,7 @@ qsizetype PositionOf(const LongText& text, int line, int column) {
 
 QStringList ElementsAt(const DocumentWindow& window, const std::vector<qsizetype>& positions) {
     QStringList keys(static_cast<qsizetype>(positions.size()));
-    if (window.tvXML.Nodes.Count() == 0 || window.bond.bTextChanged() || window.bond.refused())
+    if (window.tvXML.Nodes.Count() == 0 || !IsTreeOfText(window))
         return keys;
     const std::vector<Place> places = PlacesIn(window.way->text(window), positions);
     const TreeCursor top(window.tvXML.Nodes(1));
@@ -92,6 +97,71 @@ QStringList ElementsAt(const DocumentWindow& window, const std::vector<qsizetype
         }
     }
     return keys;
+}
+
+bool IsTreeOfText(const DocumentWindow& window) {
+    const bool ahead = window.bond.bTextChanged() || window.bond.refused();
+    return !ahead || window.way->text(window) == window.bond.treeText;
+}
+
+std::vector<long> NumbersOf(const DocumentWindow& window, const QStringList& keys) {
+    std::vector<long> numbers(static_cast<std::size_t>(keys.size()));
+    std::multimap<std::uint32_t, std::size_t> wanted;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        if (const TreeNode node = window.tvXML.Nodes.Find(keys[static_cast<qsizetype>(i)]))
+            wanted.emplace(TreeCursor(node).id(), i);
+    }
+    if (wanted.empty())
+        return numbers;
+    const TreeCursor top(window.tvXML.Nodes(1));
+    long number = 0;
+    for (TreeCursor below = top.firstChild(); below; below = below.nextBelow(top)) {
+        number += m_tvXML::IsNumbered(below.node()) ? 1 : 0;
+        const auto [first, last] = wanted.equal_range(below.id());
+        std::for_each(first, last, [&](const auto& one) { numbers[one.second] = number; });
+    }
+    return numbers;
+}
+
+QStringList KeysOf(const DocumentWindow& window, const std::vector<long>& numbers) {
+    QStringList keys(static_cast<qsizetype>(numbers.size()));
+    std::multimap<long, qsizetype> wanted;
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        wanted.emplace(numbers[i], static_cast<qsizetype>(i));
+    if (window.tvXML.Nodes.Count() == 0 || wanted.empty())
+        return keys;
+    const TreeCursor top(window.tvXML.Nodes(1));
+    long number = 0;
+    for (TreeCursor below = top.firstChild(); below && number <= wanted.rbegin()->first;
+         below = below.nextBelow(top)) {
+        const TreeNode node = below.node();
+        number += m_tvXML::IsNumbered(node) ? 1 : 0;
+        const auto [first, last] = wanted.equal_range(number);
+        if (first != last && m_tvXML::IsElement(node))
+            std::for_each(first, last, [&](const auto& one) { keys[one.second] = node.Key(); });
+    }
+    return keys;
+}
+
+qsizetype MarkupEnd(const QString& text) {
+    static const std::pair<QString, QString> kKinds[] = {{QStringLiteral("<!--"), QStringLiteral("-->")},
+                                                         {QStringLiteral("<![CDATA["), QStringLiteral("]]>")},
+                                                         {QStringLiteral("<?"), QStringLiteral("?>")}};
+    for (const auto& [opener, end] : kKinds) {
+        const qsizetype at = text.startsWith(opener) ? text.indexOf(end, opener.size()) : -1;
+        if (text.startsWith(opener))
+            return at < 0 ? text.size() : at + end.size();
+    }
+    QChar quote;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!quote.isNull())
+            quote = text[i] == quote ? QChar() : quote;
+        else if (text[i] == u'"' || text[i] == u'\'')
+            quote = text[i];
+        else if (text[i] == u'>')
+            return i + 1;
+    }
+    return text.size();
 }
 
 qsizetype PositionOf(DocumentWindow& window, TreeNode element) {

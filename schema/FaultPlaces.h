@@ -15,6 +15,18 @@ qsizetype PositionOf(const text::LongText& text, int line, int column);
 /// `positions` ascend; one walk through text and tree does for all.
 QStringList ElementsAt(const DocumentWindow& window, const std::vector<qsizetype>& positions);
 
+/// Whether the tree is that of the text: what was typed may have been taken back without the text's being
+/// left.
+bool IsTreeOfText(const DocumentWindow& window);
+
+/// The numbers of elements by their keys, 0 for what isn't there, and the other way round: empty for a number
+/// that is no element's. One walk through the tree does for all.
+std::vector<long> NumbersOf(const DocumentWindow& window, const QStringList& keys);
+QStringList KeysOf(const DocumentWindow& window, const std::vector<long>& numbers);
+
+/// Where the markup at the start of a text ends: a tag, a comment, a section, an instruction.
+qsizetype MarkupEnd(const QString& text);
+
 /// Where an element stands in the document's text as it is now, though the tree may be behind that.
 qsizetype PositionOf(DocumentWindow& window, controls::TreeNode element);
 

@@ -20,18 +20,23 @@ public:
     /// By the address that was asked for, and by each that it led on to.
     const std::map<QString, services::FetchedSchema>& found() const { return found_; }
 
-    /// Asks for each address that wasn't tried yet whether to fetch it, and does so. True when anything came.
+    /// Asks whether to fetch the addresses that weren't tried yet, naming them, and does so; a No is one for
+    /// all that come later, too. True when anything came, or why it didn't.
     bool FetchAll(const QStringList& addresses);
     /// The bytes at an address; nothing where the user declines, or where it can't be had, which status panel
     /// 1 tells.
     std::optional<QByteArray> Fetch(const QString& address);
 
 private:
+    bool MayFetch(const QStringList& addresses);
+    bool MayFollow(const QString& from, const QString& to);
+    std::optional<QByteArray> Get(const QString& address);
     QByteArray Keep(const QStringList& addresses, const services::FetchedSchema& found);
 
     Application& app_;
     std::map<QString, services::FetchedSchema> found_;
     std::set<QString> tried_;
+    bool stopped_ = false; ///< the user has declined one, or cancelled
 };
 
 } // namespace schema

@@ -2,8 +2,10 @@
 #include "schema/Findings.h"
 #include "core/edit/TextWay.h"
 #include "core/model/FileNames.h"
+#include "core/model/Frame.h"
 #include "core/model/NodeContent.h"
 #include "schema/SchemaState.h"
+#include <QRegularExpression>
 
 namespace schema {
 
@@ -38,6 +40,23 @@ void TellOfMore(std::vector<Diagnostic>& all) {
     all.back().last = true;
 }
 
+// The library writes a name that is in no namespace as ":name".
+QString WithoutEmptyPrefixes(QString message) {
+    static const QRegularExpression empty(QStringLiteral("':(?=[\\w.-]+')"));
+    return message.replace(empty, QStringLiteral("'"));
+}
+
+// What the user sees of it in its window isn't what was judged.
+void TellOfUnsaved(DocumentWindow& window, const QString& file, std::vector<Diagnostic>& all) {
+    const DocumentWindow* const open = window.app.frame().FormNamed(file);
+    if (!open || open == &window || !open->bUnsaved)
+        return;
+    all.push_back({file, 0, 0,
+                   mXMLEdit::GetFSFileName(file) +
+                       QStringLiteral(" has changes that aren't saved. Its file was checked.")});
+    all.back().last = true;
+}
+
 } // namespace
 
 services::SchemaRequest RequestFor(const DocumentWindow& window, bool isSchema) {
@@ -45,17 +64,20 @@ services::SchemaRequest RequestFor(const DocumentWindow& window, bool isSchema) 
     return {window.way->text(window), placed ? window.Caption : QString(), isSchema, {}};
 }
 
-Findings FindingsOf(const services::SchemaAnswer& answer, const services::SchemaRequest& request) {
+Findings FindingsOf(DocumentWindow& window, const services::SchemaAnswer& answer,
+                    const services::SchemaRequest& request) {
     Findings found;
     found.complete = answer.wanted.isEmpty();
     for (const services::SchemaFault& fault : answer.faults) {
         found.all.push_back({fault.document == request.place ? QString() : fault.document, fault.line,
-                             fault.column, fault.message, fault.warning});
-        found.good = found.good && fault.warning;
+                             fault.column, WithoutEmptyPrefixes(fault.message), fault.warning});
+        found.good = found.good && (fault.warning || fault.note);
         found.complete = found.complete && !fault.warning;
     }
     if (found.all.size() > kMost)
         TellOfMore(found.all);
+    for (const QString& file : answer.read)
+        TellOfUnsaved(window, file, found.all);
     if (answer.outcome == SchemaOutcome::Checked)
         return found;
     found.cancelled = answer.outcome == SchemaOutcome::Cancelled;

@@ -4,7 +4,7 @@
 #include "schema/CompactEdits.h"
 #include "schema/CompactList.h"
 #include "schema/CompactState.h"
-#include "schema/Diagnostics.h"
+#include "schema/DiagnosticWalk.h"
 #include "schema/Extensions.h"
 #include "schema/InferSchema.h"
 #include "schema/InsertElements.h"
@@ -27,7 +27,7 @@ bool OffersOracle(const Target& target) {
     return target.offersOracle;
 }
 
-bool HasDiagnostics(const Target& target) {
+bool HasList(const Target& target) {
     return target.hasDiagnostics;
 }
 
@@ -46,10 +46,10 @@ constexpr edit::Command kCommands[] = {
     {.offer = {.entries = {{"mnuGotoSchema"}}, .in = In::XMLWindow}, .forms = {{0, ShowSchema}}},
     {.offer = {.entries = {{"mnuApplySchema"}}, .in = In::XMLWindow}, .forms = {{0, ChooseAndApplySchema}}},
     {.offer = {.entries = {{"mnuGenSchema"}}, .in = In::XMLWindow}, .forms = {{0, GenerateSchema}}},
-    {.offer = {.entries = {{"mnuNextDiagnostic", HasDiagnostics}}, .offered = kOnFaults},
+    {.offer = {.entries = {{"mnuNextDiagnostic", HasList}}, .offered = kOnFaults},
      .forms = {{0, NextDiagnostic}},
      .before = edit::Before::EndsEdits},
-    {.offer = {.entries = {{"mnuPreviousDiagnostic", HasDiagnostics}}, .offered = kOnFaults},
+    {.offer = {.entries = {{"mnuPreviousDiagnostic", HasList}}, .offered = kOnFaults},
      .forms = {{0, PreviousDiagnostic}},
      .before = edit::Before::EndsEdits},
     {.offer = {.entries = {{"mnuSGenXML"}}, .in = In::SchemaWindow}, .forms = {{0, GenXMLBySchema}}},

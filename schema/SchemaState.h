@@ -12,6 +12,8 @@ struct SchemaState {
     /// (OffersMSSQL).
     bool mbEnabledMsSQL = false;
     bool mbEnabledOracle = false;
+    /// Disabling has taken the declaration away: where undo brings it back, it brings back the offer.
+    bool bMsSQLTakenAway = false, bOracleTakenAway = false;
 };
 
 SchemaState& SchemaOf(DocumentWindow& window);

@@ -4,12 +4,15 @@
 #include "core/model/NodeKind.h"
 #include "core/model/Parse.h"
 #include "core/model/Serialise.h"
+#include "schema/Diagnostics.h"
 #include "schema/RootDeclarations.h"
 #include "schema/SchemaState.h"
 
 namespace schema {
 
 void AddTreeRootS(DocumentWindow& window, bool withDefaults) {
+    if (!withDefaults)
+        ForgetDiagnostics(window);
     SchemaOf(window).msPrefix.clear();
     const controls::TreeUpdate update(window.tvXML);
     m_tvXML::AddTreeRoot(window.app, window.tvXML, withDefaults);
@@ -24,6 +27,7 @@ void AddTreeRootS(DocumentWindow& window, bool withDefaults) {
 }
 
 void SXMLToTree(DocumentWindow& window, const xml::ParsedDocument& document) {
+    KeepDiagnosedNodes(window);
     const SchemaOutline outline = OutlineOf(document);
     m_tvXML::FillTree(window.app, window.tvXML, document, outline.rootDeclarations);
     SchemaOf(window).msPrefix = outline.prefix;

@@ -2,7 +2,7 @@
 #include "shell/MenuInputs.h"
 #include "core/edit/CopySlot.h"
 #include "core/model/NodeNumbers.h"
-#include "schema/Diagnostics.h"
+#include "schema/DiagnosticWalk.h"
 #include "textview/TextState.h"
 
 namespace shell {
@@ -48,7 +48,7 @@ edit::Target TargetOf(DocumentWindow& window, MenuSituation situation) {
     target.canUndo = text.UndoPos > 0;
     target.canRedo = text.UndoPos < std::ssize(text.undoStack);
     target.view = edit::miCurrentView(window);
-    target.hasDiagnostics = schema::DiagnosticsOf(window).lvDiagnostics.Count() > 0;
+    target.hasDiagnostics = schema::HasDiagnostics(window);
     if (window.kind.describeTarget)
         window.kind.describeTarget(window, node, target);
     return target;

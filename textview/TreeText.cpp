@@ -64,11 +64,12 @@ void SelectByNumber(DocumentWindow& window, long number) {
         node.SetExpanded(true);
 }
 
-void TakeDocument(DocumentWindow& window, const xml::ParsedDocument& document, long selectNumber,
-                  Afterwards afterwards) {
+void TakeDocument(DocumentWindow& window, const LongText& text, const xml::ParsedDocument& document,
+                  long selectNumber, Afterwards afterwards) {
     const bool anew = afterwards == Afterwards::WriteAnew && edit::Shows(window, edit::kTextTab) &&
                       edit::MayRewrite(window, document.losses(), edit::EditOf::Text);
     window.kind.fillTree(window, document);
+    window.bond.treeText = text;
     window.bond.textRead(window.tvXML.Revision(), document.losses());
     if (anew || window.rtxtXML.Long().isEmpty())
         TreeChangeTextView(window);
@@ -87,8 +88,7 @@ mXMLEdit::Parsed ReadText(DocumentWindow& window, const FetchedText& text, long 
     }
     mXMLEdit::Parsed parsed = edit::LoadXMLDocFromString(window.app, text, tone);
     if (parsed.good()) {
-        window.bond.treeText = text.text;
-        TakeDocument(window, *parsed.document, selectNumber, afterwards);
+        TakeDocument(window, text.text, *parsed.document, selectNumber, afterwards);
         if (tone == edit::Tone::Box && window.kind.textRead) // a step of the history tells nothing
             window.kind.textRead(window);
     } else {

@@ -11,6 +11,7 @@
 #include "nodes/FinishEdits.h"
 #include "nodes/TreeEvents.h"
 #include "schema/CheckBeside.h"
+#include "schema/DiagnosticWalk.h"
 #include "schema/Diagnostics.h"
 #include "textview/TextWays.h"
 #include <QScopeGuard>
@@ -48,6 +49,7 @@ void Form_Load(DocumentWindow& window) {
     nodes::ConnectTree(window);
     nodes::ConnectDragging(window);
     schema::ConnectDiagnostics(window);
+    schema::ConnectDiagnosticWalk(window);
     schema::ConnectCheckBeside(window);
     window.txtXPath.KeyUp.connect([&window](int key, int) {
         if (key == Qt::Key_Return || key == Qt::Key_Enter)

@@ -6,6 +6,7 @@
 #include "schema/CheckBeside.h"
 #include "schema/CheckSchema.h"
 #include "schema/CompactView.h"
+#include "schema/Diagnostics.h"
 #include "schema/SchemaCommandTable.h"
 #include "schema/SchemaTree.h"
 #include "schema/SchemaView.h"
@@ -19,9 +20,12 @@ namespace window {
 namespace {
 
 void NewTree(DocumentWindow& window, bool withDefaults) {
+    if (!withDefaults)
+        schema::ForgetDiagnostics(window);
     m_tvXML::AddTreeRoot(window.app, window.tvXML, withDefaults);
 }
 void FillTree(DocumentWindow& window, const xml::ParsedDocument& document) {
+    schema::KeepDiagnosedNodes(window);
     m_tvXML::FillTree(window.app, window.tvXML, document);
 }
 

@@ -68,10 +68,12 @@ bool WantsSaving(DocumentWindow& window) {
 }
 
 QString AskSaveFileName(DocumentWindow& window) {
+    const QString xml = QStringLiteral("XML File (*.xml)|*.xml|"),
+                  schema = QStringLiteral("Schema File (*.xsd)|*.xsd|");
+    // The dialog gives a name the extension of the first kind.
+    const QString kinds = window.kind.schema ? schema + xml : xml + schema;
     return window.app.services.prompts.SaveFileName(
-        QStringLiteral("Save As"),
-        QStringLiteral("XML File (*.xml)|*.xml|Schema File (*.xsd)|*.xsd|All files (*.*)|*.*"),
-        window.Caption);
+        QStringLiteral("Save As"), kinds + QStringLiteral("All files (*.*)|*.*"), window.Caption);
 }
 
 void TakeName(DocumentWindow& window, const QString& name) {

@@ -2,6 +2,7 @@
 #include "desktop/nodes/DiagnosticsPane.h"
 #include "desktop/base/Listen.h"
 #include <QHeaderView>
+#include <QScrollBar>
 
 namespace desktop {
 
@@ -22,7 +23,19 @@ DiagnosticsPane::DiagnosticsPane(DocumentWindow& window, QTreeView& view)
     const auto choose = [this](const QModelIndex& row) { state_.lvDiagnostics.ItemClick(row.row() + 1); };
     connect(&view, &QTreeView::clicked, this, choose);
     connect(&view, &QTreeView::activated, this, choose);
-    Listen(state_.lvDiagnostics.reset, this, [this] { ShowRows(); });
+    // Keys that move the row move it for F8, too.
+    connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& row) {
+                if (!row.isValid() || row.row() + 1 == state_.lvDiagnostics.SelectedItem())
+                    return;
+                state_.lvDiagnostics.ClearSelected();
+                state_.lvDiagnostics.SetSelectedItem(row.row() + 1);
+            });
+    Listen(state_.lvDiagnostics.aboutToReset, this, [this] { top_ = view_.verticalScrollBar()->value(); });
+    Listen(state_.lvDiagnostics.reset, this, [this] {
+        ShowRows();
+        view_.verticalScrollBar()->setValue(top_);
+    });
     Listen(state_.pctDiagnostics.changed, this, [this] { ShowRows(); });
     Listen(state_.lvDiagnostics.selectionChanged, this, [this] { ShowCurrent(); });
     ShowRows();

@@ -19,6 +19,7 @@ private:
     schema::DiagnosticsState& state_;
     QTreeView& view_;
     ListModel rows_;
+    int top_ = 0; ///< the first row in sight while all rows are made anew
 };
 
 } // namespace desktop

@@ -11,9 +11,15 @@ namespace {
 
 using namespace xercesc;
 
-bool DeclaresEntities(const std::string& text) {
-    static const std::string kOpener("<\0!\0E\0N\0T\0I\0T\0Y\0", 16);
+bool HasDocumentType(const std::string& text) {
+    static const std::string kOpener("<\0!\0D\0O\0C\0T\0Y\0P\0E\0", 18);
     return text.find(kOpener) != std::string::npos;
+}
+
+Unbound UnboundIn(const Request& request) {
+    if (request.schema)
+        return Unbound::Fault;
+    return HasDocumentType(request.text) ? Unbound::NothingBesideType : Unbound::Nothing;
 }
 
 void Run(const Request& request, Desk& desk) {
@@ -22,8 +28,7 @@ void Run(const Request& request, Desk& desk) {
     MemBufInputSource text(reinterpret_cast<const XMLByte*>(request.text.data()), request.text.size(),
                            place.str(), false);
     text.setEncoding(XMLUni::fgUTF16LEncodingString);
-    const std::unique_ptr<SAX2XMLReaderImpl> reader = MakeReader(
-        desk, request.schema || DeclaresEntities(request.text) ? Unbound::Fault : Unbound::Nothing);
+    const std::unique_ptr<SAX2XMLReaderImpl> reader = MakeReader(desk, UnboundIn(request));
     if (request.schema)
         reader->loadGrammar(text, Grammar::SchemaGrammarType, true);
     else

@@ -14,13 +14,20 @@ struct Request {
     Sources sources;
 };
 
-/// A fault. The line and the column (in 16-bit units) count from 1 and are those behind the tag concerned; 0
-/// for a fault without a place.
+/// What a finding is; the numbers are those of the answer.
+enum class Kind : long {
+    Fault = 0,
+    Missing = 1, ///< something couldn't be had: what else is found may follow from that
+    Note = 2     ///< worth knowing, and no fault
+};
+
+/// A finding. The line and the column (in 16-bit units) count from 1 and are those behind the tag concerned;
+/// 0 for a fault without a place.
 struct Fault {
     std::string document; ///< UTF-8; as a place is written in the request
     long line = 0, column = 0;
     std::string message;
-    bool warning = false; ///< of a document that couldn't be had: what else is found may follow from that
+    Kind kind = Kind::Fault;
 };
 
 /// All faults, in the order in which they were found, up to a thousand and one: the last of so many tells

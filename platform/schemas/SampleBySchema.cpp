@@ -60,7 +60,7 @@ public:
     std::vector<Fault> OwnFaults() const {
         std::vector<Fault> faults;
         std::copy_if(desk_.faults.begin(), desk_.faults.end(), std::back_inserter(faults),
-                     [](const Fault& one) { return !one.warning; });
+                     [](const Fault& one) { return one.kind == Kind::Fault; });
         return faults;
     }
     XMLGrammarPool& Pool() { return *pool_; }

@@ -50,6 +50,8 @@ std::string Beside(const std::string& base, const std::string& location) {
 
 // The path behind "scheme://host" is joined like any other.
 std::string BesideAddress(const std::string& base, const std::string& location) {
+    if (StartsWith(location, "//"))
+        return base.substr(0, base.find(':') + 1) + location;
     const std::size_t host = base.find("://") + 3;
     const std::size_t path = std::min(base.find('/', host), base.size());
     const std::string whole = path < base.size() ? base.substr(path) : "/";
@@ -90,12 +92,18 @@ std::string Sources::Resolve(const std::string& base, const std::string& locatio
 // Devices and pipes could keep a reader waiting for good.
 std::optional<std::string> Sources::Read(std::string& place, std::string& complaint) {
     if (const auto found = fetched.find(place); found != fetched.end()) {
+        complaint = found->second.complaint;
+        if (!complaint.empty())
+            return {};
         place = found->second.address;
         return found->second.bytes;
     }
     if (IsAddress(place)) {
-        wanted.insert(place);
-        complaint = "It is not fetched from the net without being allowed to.";
+        const bool web = !StartsWith(place, "ftp:");
+        if (web)
+            wanted.insert(place);
+        complaint = web ? "It is not fetched from the net without being allowed to."
+                        : "Only addresses of the web are fetched.";
         return {};
     }
     const File file{open(place.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)};
@@ -111,12 +119,13 @@ std::optional<std::string> Sources::Read(std::string& place, std::string& compla
     std::string bytes(static_cast<std::size_t>(about.st_size), '\0');
     std::size_t got = 0;
     while (got < bytes.size()) {
-        const ssize_t count = read(file.descriptor, bytes.data() + got, bytes.size() - got);
+        const ssize_t count = ::read(file.descriptor, bytes.data() + got, bytes.size() - got);
         if (count <= 0)
             break;
         got += static_cast<std::size_t>(count);
     }
     bytes.resize(got);
+    this->read.insert(place);
     return bytes;
 }
 

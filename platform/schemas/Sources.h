@@ -11,6 +11,7 @@ namespace schemas {
 struct Fetched {
     std::string address; ///< where it was found in the end: another one than was asked for, if it has moved
     std::string bytes;
+    std::string complaint; ///< why it couldn't be had; empty where it could
 };
 
 /// The documents that a check may read: regular files, and what was fetched from addresses beforehand.
@@ -29,6 +30,7 @@ public:
     /// were found.
     std::optional<std::string> Read(std::string& place, std::string& complaint);
     std::set<std::string> wanted;
+    std::set<std::string> read; ///< files that were
 };
 
 } // namespace schemas

@@ -47,9 +47,16 @@ schemas::Request ReadRequest(Task& task) {
     for (long left = schemas::ReadNumber(); left > 0; --left) {
         const std::string address = schemas::ReadField();
         const std::string foundAt = schemas::ReadField();
-        request.sources.fetched[address] = {foundAt, schemas::ReadField()};
+        const std::string bytes = schemas::ReadField();
+        request.sources.fetched[address] = {foundAt, bytes, schemas::ReadField()};
     }
     return request;
+}
+
+void WriteAll(const std::set<std::string>& names) {
+    schemas::WriteNumber(static_cast<long>(names.size()));
+    for (const std::string& name : names)
+        schemas::WriteField(name);
 }
 
 samples::Wish ReadWish() {
@@ -74,18 +81,17 @@ std::vector<std::string> ReadDocuments() {
     return documents;
 }
 
-void WriteAnswer(const std::vector<schemas::Fault>& faults, const std::set<std::string>& wanted) {
+void WriteAnswer(const std::vector<schemas::Fault>& faults, const schemas::Sources& sources) {
     schemas::WriteNumber(static_cast<long>(faults.size()));
     for (const schemas::Fault& fault : faults) {
         schemas::WriteField(fault.document);
         schemas::WriteNumber(fault.line);
         schemas::WriteNumber(fault.column);
-        schemas::WriteNumber(fault.warning ? 1 : 0);
+        schemas::WriteNumber(static_cast<long>(fault.kind));
         schemas::WriteField(fault.message);
     }
-    schemas::WriteNumber(static_cast<long>(wanted.size()));
-    for (const std::string& address : wanted)
-        schemas::WriteField(address);
+    WriteAll(sources.wanted);
+    WriteAll(sources.read);
 }
 
 // The text as UTF-16, and what is to be told of it.
@@ -102,13 +108,13 @@ void Serve() {
     schemas::Request request = ReadRequest(task);
     if (task == Task::MakeSample) {
         const schemas::SampleAnswer sample = schemas::MakeSampleBySchema(request, ReadWish());
-        WriteAnswer({}, request.sources.wanted);
+        WriteAnswer({}, request.sources);
         WriteSample(sample);
     } else if (task == Task::CheckDocuments) {
-        WriteAnswer(schemas::CheckDocuments(request, ReadDocuments()), request.sources.wanted);
+        WriteAnswer(schemas::CheckDocuments(request, ReadDocuments()), request.sources);
     } else {
         const std::vector<schemas::Fault> faults = schemas::Check(request);
-        WriteAnswer(faults, request.sources.wanted);
+        WriteAnswer(faults, request.sources);
     }
     std::fflush(stdout);
 }

@@ -9,8 +9,9 @@ namespace services {
 
 namespace {
 
-constexpr int kStep = 100;      // milliseconds
-constexpr int kOutOfMemory = 3; // the exit code
+constexpr int kStep = 100;             // milliseconds
+constexpr int kOutOfMemory = 3;        // the exit code
+constexpr int kMissing = 1, kNote = 2; // what a finding is, if it is no fault
 
 /// What is asked of the program, by its number in the request.
 enum class Task { CheckDocument = 0, CheckSchema = 1, MakeSample = 2, CheckDocuments = 3 };
@@ -86,6 +87,7 @@ Fields RequestFields(Task task, const SchemaRequest& request, const SchemaLimits
         fields.add(address);
         fields.add(found.address);
         fields.add(found.bytes);
+        fields.add(found.complaint);
     }
     return fields;
 }
@@ -97,11 +99,14 @@ SchemaAnswer Read(Answer& answer) {
         fault.document = answer.text();
         fault.line = answer.number();
         fault.column = answer.number();
-        fault.warning = answer.number() == 1;
+        const int kind = answer.number();
+        fault.warning = kind == kMissing;
+        fault.note = kind == kNote;
         fault.message = answer.text();
         result.faults.push_back(fault);
     }
     result.wanted = answer.texts();
+    result.read = answer.texts();
     result.outcome = answer.good ? SchemaOutcome::Checked : SchemaOutcome::Failed;
     return result;
 }
@@ -131,7 +136,7 @@ public:
     SchemaAnswer TakeAnswer() override {
         Answer answer(process_.readAllStandardOutput());
         const SchemaOutcome outcome = Outcome();
-        return outcome == SchemaOutcome::Checked ? Read(answer) : SchemaAnswer{outcome, {}, {}};
+        return outcome == SchemaOutcome::Checked ? Read(answer) : SchemaAnswer{outcome, {}, {}, {}};
     }
     QByteArray Output() { return process_.readAllStandardOutput(); }
     /// Checked: the program has said all.
@@ -212,7 +217,7 @@ public:
         for (const text::LongText& document : documents)
             fields.add(Units(document));
         ProcessCheck work(Program(), fields, limits_);
-        return Wait(work, step) ? work.TakeAnswer() : SchemaAnswer{SchemaOutcome::Cancelled, {}, {}};
+        return Wait(work, step) ? work.TakeAnswer() : SchemaAnswer{SchemaOutcome::Cancelled, {}, {}, {}};
     }
 
 private:
@@ -230,7 +235,7 @@ private:
 
 SchemaAnswer Schemas::Check(const SchemaRequest& request, const std::function<bool()>& step) {
     const std::unique_ptr<SchemaCheck> check = Begin(request);
-    return Wait(*check, step) ? check->TakeAnswer() : SchemaAnswer{SchemaOutcome::Cancelled, {}, {}};
+    return Wait(*check, step) ? check->TakeAnswer() : SchemaAnswer{SchemaOutcome::Cancelled, {}, {}, {}};
 }
 
 std::unique_ptr<Schemas> MakeSchemas(const QString& program, const SchemaLimits& limits) {

@@ -18,12 +18,14 @@ struct SchemaFault {
     int line = 0, column = 0;
     QString message;
     bool warning = false; ///< of a document that couldn't be had: other faults may follow from that
+    bool note = false;    ///< worth knowing, and no fault
 };
 
 /// A document that was fetched.
 struct FetchedSchema {
     QString address; ///< where it was found in the end; what it refers to is looked for beside that
     QByteArray bytes;
+    QString complaint; ///< why it couldn't be had; empty where it could
 };
 
 struct SchemaRequest {
@@ -39,6 +41,7 @@ struct SchemaAnswer {
     SchemaOutcome outcome = SchemaOutcome::Failed;
     std::vector<SchemaFault> faults; ///< in the order in which they were found; a thousand at most
     QStringList wanted;              ///< addresses that were not among the fetched ones
+    QStringList read;                ///< files that were looked at beside the text
 };
 
 enum class SampleAmount { Minimal, Typical, All };

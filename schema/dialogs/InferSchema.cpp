@@ -148,7 +148,7 @@ QString FaultOf(Application& app, const std::vector<InferredSchema>& schemas, co
     const QString own = folder.isEmpty() ? QStringLiteral("/") : folder;
     services::SchemaRequest request{text::LongText(schemas[0].text), PlaceOf(schemas[0], own), true, {}};
     for (std::size_t i = 1; i < schemas.size(); ++i)
-        request.fetched[PlaceOf(schemas[i], own)] = {PlaceOf(schemas[i], own), schemas[i].text.toUtf8()};
+        request.fetched[PlaceOf(schemas[i], own)] = {PlaceOf(schemas[i], own), schemas[i].text.toUtf8(), {}};
     edit::Waiting waiting(app, QStringLiteral("Checking the documents"));
     const edit::WaitStep step = waiting.Step(0, 0);
     return FirstFault(app.services.schemas->CheckBy(request, documents.texts, [&] { return step(0, 0); }));

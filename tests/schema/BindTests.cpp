@@ -32,7 +32,7 @@ TEST_F(Bind, TheLocationGoesWhereTheRootElementHasIt) {
         << "a prefix isn't declared twice";
     EXPECT_TRUE(t.prompts.boxes.empty());
 
-    t.prompts.Answer({Answer::Yes, Answer::Yes, Answer::Yes, Answer::No});
+    t.prompts.Answer({Answer::Yes, Answer::Yes});
     EXPECT_EQ(Applied(bound + "xsi:noNamespaceSchemaLocation='old.xsd'", QStringLiteral("new.xsd")),
               xsi + " xsi:noNamespaceSchemaLocation=\"new.xsd\"");
     EXPECT_EQ(t.prompts.Texts().back(),
@@ -40,11 +40,18 @@ TEST_F(Bind, TheLocationGoesWhereTheRootElementHasIt) {
     // The letters of the old location stand in the namespace as well, and a second namespace has its own.
     EXPECT_EQ(Applied(bound + "xsi:schemaLocation='urn:o o urn:p p.xsd' o='o'", QStringLiteral("n w.xsd")),
               xsi + " xsi:schemaLocation=\"urn:o n%20w.xsd urn:p p.xsd\" o=\"o\"");
+    t.prompts.Answer(Answer::Yes);
+    EXPECT_EQ(Applied(bound + "xsi:schemaLocation='urn:o my old file.xsd v2'", QStringLiteral("n.xsd")),
+              xsi + " xsi:schemaLocation=\"urn:o n.xsd\"")
+        << "one location with blanks";
+    t.prompts.Answer(Answer::Yes);
     EXPECT_EQ(Applied(bound + "xsi:schemaLocation='urn:o'", QStringLiteral("n.xsd")),
               xsi + " xsi:schemaLocation=\"urn:o\"");
-    EXPECT_EQ(Applied(bound + "xsi:noNamespaceSchemaLocation='old.xsd'", QStringLiteral("new.xsd")),
-              xsi + " xsi:noNamespaceSchemaLocation=\"old.xsd\"")
-        << "declined";
+    t.prompts.Answer(Answer::No);
+    EXPECT_EQ(Applied(bound + "xsi:noNamespaceSchemaLocation='http://127.0.0.1:9/x.xsd'",
+                      QStringLiteral("new.xsd")),
+              xsi + " xsi:noNamespaceSchemaLocation=\"http://127.0.0.1:9/x.xsd\"")
+        << "declined, and nothing is asked about the old one";
     EXPECT_EQ(Applied("n='1'", {}), "n=\"1\"") << "no file was chosen";
     EXPECT_FALSE(w->bond.bTextChanged());
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The check of schemas, of documents against them, and what the user is told and shown of it.
 #include "schema/SchemaState.h"
+#include "schema/SchemaTree.h"
 #include "tests/schema/CheckDesk.h"
 #include "tests/support/LoopbackServer.h"
 #include <QDirIterator>
@@ -100,7 +101,7 @@ TEST_F(Check, OtherDocumentsAreLookedForBesideTheFile) {
 
     // What a part has wrong leads into its own window.
     t.folder.Write(QStringLiteral("part.xsd"), Inside("\n<xs:element name='p' type='xs:nothing'/>"));
-    t.prompts.Answer({Answer::Ok, Answer::Ok});
+    t.prompts.Answer(Answer::Ok);
     Validate();
     EXPECT_EQ(LastBox(), "Schema error!");
     ASSERT_EQ(Faults().Count(), 1);
@@ -197,8 +198,8 @@ TEST_F(Check, SchemasThatInnerElementsNameCountAsWell) {
     t.folder.Write(QStringLiteral("b.xsd"), Inside("<xs:element name='b' type='xs:int'/>"));
     const auto validate = [this](const QByteArray& instance, const QByteArray& value) {
         Show(QStringLiteral("d%1.xml").arg(qHash(instance + value)),
-             "<!DOCTYPE a><a><o><b xmlns:i='" + instance + "' i:noNamespaceSchemaLocation='b.xsd'>" + value +
-                 "</b></o><c/></a>");
+             "<!DOCTYPE a [<!ENTITY e ']>'><!ELEMENT a ANY>]><a><o t='&e;'><b xmlns:i='" + instance +
+                 "' i:noNamespaceSchemaLocation='b.xsd'>" + value + "</b></o><c/></a>");
         t.prompts.Answer(Answer::Ok);
         Validate();
         return LastText();
@@ -283,9 +284,89 @@ TEST_F(Check, ABoundDocumentIsCheckedAgainstItsSchema) {
     t.prompts.AllowAnyBox();
 }
 
+// What a document type says of entities counts. What it would put in is left open, and never told as a fault.
+TEST_F(Check, ADocumentTypeMakesNoFaults) {
+    t.folder.Write(QStringLiteral("a.xsd"), kGood);
+    const auto validate = [this](const QByteArray& type, const QByteArray& value) {
+        Show(QStringLiteral("d%1.xml").arg(qHash(type + value)),
+             "<!DOCTYPE a " + type +
+                 "><a xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' "
+                 "xsi:noNamespaceSchemaLocation='a.xsd'" +
+                 value + "</a>");
+        t.prompts.Answer(Answer::Ok);
+        Validate();
+        return LastText();
+    };
+    EXPECT_EQ(validate("[<!-- ] --><!ENTITY e '1'><!ELEMENT a EMPTY>]", " n='1'><b>&e;</b>"),
+              QStringLiteral("It is valid XML!"));
+    const QString left = validate("[<!ATTLIST a n CDATA '1'>]", "><b>1</b>");
+    EXPECT_TRUE(left.contains(QStringLiteral("can't be told"))) << left.toStdString();
+    EXPECT_EQ(Faults().Count(), 1);
+    validate("[<!ATTLIST a n CDATA '1'>]", "><b>x</b>");
+    EXPECT_EQ(Faults().Count(), 2) << "what is wrong all the same";
+    EXPECT_TRUE(validate("SYSTEM 'a.dtd'", " n='1'><b>1</b>").contains(QStringLiteral("\"a.dtd\"")));
+    validate("[<!ENTITY e 'x'>]", " n='1'><b>&e;</b>");
+    EXPECT_EQ(Fault(1, 3), "/a[1]/b[1]");
+}
+
+// What the document has to say stands at its element; what is open elsewhere isn't what was judged.
+TEST_F(Check, WhatADocumentRefersToIsToldWithIt) {
+    Show(QStringLiteral("a.xsd"), Inside("<xs:annotation/>\r\n<xs:include schemaLocation='missing.xsd'/>"));
+    ASSERT_EQ(Faults().Count(), 1);
+    EXPECT_EQ(Fault(1, 1).substr(0, 1), "2");
+    EXPECT_EQ(Fault(1, 3), "/xs:schema[1]/xs:include[1]");
+    Show(QStringLiteral("b.xsd"), Inside("<xs:include schemaLocation='ftp://127.0.0.1:9/x.xsd'/>"));
+    t.prompts.Answer(Answer::Ok);
+    Validate(); // without a question that would lead nowhere
+    EXPECT_NE(LastText().indexOf(QStringLiteral("Only addresses of the web")), -1);
+
+    Show(QStringLiteral("c.xsd"), Inside("<xs:include schemaLocation='http://127.0.0.1:9/x.xsd'/>"));
+    t.prompts.Answer({Answer::Yes, Answer::Ok});
+    Validate(); // allowed, and not to be had: the true reason
+    EXPECT_EQ(LastText().indexOf(QStringLiteral("allowed")), -1) << LastText().toStdString();
+    EXPECT_EQ(Fault(1, 3), "/xs:schema[1]/xs:include[1]");
+    t.prompts.Answer(Answer::Ok);
+    Show(QStringLiteral("d.xsd"), Inside("<xs:element name='a' type='T'/>"));
+    EXPECT_NE(Fault(1, 2).find("'T' not found"), std::string::npos) << Fault(1, 2);
+
+    Show(QStringLiteral("part.xsd"), Inside("<xs:element name='p' type='xs:int'/>"));
+    Select(Element().Child());
+    t.ChooseMenu(QStringLiteral("mnuDelete"));
+    Show(QStringLiteral("whole.xsd"), Inside("<xs:include schemaLocation='part.xsd'/>"));
+    ASSERT_EQ(Faults().Count(), 1);
+    EXPECT_EQ(Fault(1, 2), "part.xsd has changes that aren't saved. Its file was checked.");
+    t.prompts.Answer(Answer::Ok);
+    Validate();
+    EXPECT_EQ(LastText(), QStringLiteral("It is valid XML!"));
+}
+
+// Each address is named before it is asked for, and one No is enough.
+TEST_F(Check, ManyAddressesAreAskedAboutTogether) {
+    const test::LoopbackServer server([this](const QByteArray&) {
+        return "HTTP/1.0 200 OK\r\nContent-Type: text/xml\r\n\r\n" + Inside("<xs:annotation/>");
+    });
+    QByteArray includes;
+    for (int i = 0; i < 45; ++i)
+        includes += "<xs:include schemaLocation='" +
+                    server.Url(QStringLiteral("/%1.xsd").arg(i, 2, 10, QLatin1Char('0'))).toUtf8() + "'/>";
+    Show(QStringLiteral("a.xsd"), Inside(includes + "<xs:element name='a'/>"));
+    t.prompts.Answer({Answer::Yes, Answer::No, Answer::Ok});
+    Validate();
+    EXPECT_TRUE(t.prompts.boxes[0].text.contains(QStringLiteral("/19.xsd")));
+    EXPECT_FALSE(t.prompts.boxes[0].text.contains(QStringLiteral("/20.xsd")));
+    t.prompts.Answer({Answer::Yes, Answer::Yes, Answer::Yes, Answer::Ok});
+    Validate();
+    EXPECT_EQ(LastText(), QStringLiteral("It is valid XML!"));
+    // An edit doesn't forget what came; nothing is asked for again.
+    t.EditText(QString::fromUtf8(Inside(includes + "<xs:element name='b'/>")));
+    EXPECT_EQ(Faults().Count(), 0);
+    EXPECT_EQ(t.prompts.boxes.size(), 7U);
+}
+
 // A check that needs too much is given up, and the program goes on.
 TEST_F(Check, AGreedySchemaIsGivenUp) {
     const auto bounded = services::MakeSchemas({}, {.seconds = 1, .bytes = qint64(3) << 30});
+    const auto narrow = services::MakeSchemas({}, {.seconds = 30, .bytes = qint64(64) << 20});
     const auto none = services::MakeSchemas(QStringLiteral("/nowhere/at/all"));
     QByteArray lengthy; // the time grows with the square of the declarations
     for (int i = 0; i < 40'000; ++i)
@@ -305,6 +386,11 @@ TEST_F(Check, AGreedySchemaIsGivenUp) {
     EXPECT_NE(outcome(*bounded, large), services::SchemaOutcome::Checked);
     EXPECT_EQ(outcome(*bounded, lengthy, [] { return false; }), services::SchemaOutcome::Cancelled);
     EXPECT_EQ(outcome(*bounded, {}), services::SchemaOutcome::Checked);
+#ifndef __SANITIZE_ADDRESS__ // that needs address space without end
+    EXPECT_EQ(outcome(*narrow, "<xs:annotation><xs:documentation>" + QByteArray(60'000'000, 'w') +
+                                   "</xs:documentation></xs:annotation>"),
+              services::SchemaOutcome::TooLarge);
+#endif
     EXPECT_EQ(outcome(*none, {}), services::SchemaOutcome::Failed);
 }
 
@@ -324,7 +410,15 @@ TEST_F(Check, EachSchemaOfTheMachineOpensIsCheckedAndSavesUnchanged) {
     if (names.isEmpty())
         GTEST_SKIP() << "no package of this machine has brought a schema";
     t.prompts.AllowAnyBox();
-    int copies = 0;
+    int copies = 0, marked = 0;
+    const auto hasMark = [this] {
+        const controls::TreeNode schema = schema::GetSchemaNode(w->tvXML);
+        for (controls::TreeNode node = schema ? schema.Child() : schema; node; node = node.Next()) {
+            if (schema::IsMarkedAsRoot(node))
+                return true;
+        }
+        return false;
+    };
     for (const QString& name : std::as_const(names)) {
         SCOPED_TRACE(name.toStdString());
         const QByteArray bytes = t.folder.Read(name);
@@ -333,6 +427,7 @@ TEST_F(Check, EachSchemaOfTheMachineOpensIsCheckedAndSavesUnchanged) {
         reader.readNextStartElement(); // one that is kept in another document is told to be none
         EXPECT_EQ(bool(schema::GetSchemaNode(w->tvXML)), reader.name() == QStringLiteral("schema"));
         EXPECT_TRUE(reader.name() == QStringLiteral("schema") || Faults().Count() > 0);
+        marked += w->tvXML.Nodes.Count() > 0 && hasMark() ? 1 : 0;
         for (int row = 1; row <= Faults().Count(); ++row)
             EXPECT_EQ(Fault(row, 2).find("The check"), std::string::npos) << Fault(row, 2);
         t.prompts.Choose(t.folder.Path(QStringLiteral("%1.copy.xsd").arg(++copies)));
@@ -340,6 +435,7 @@ TEST_F(Check, EachSchemaOfTheMachineOpensIsCheckedAndSavesUnchanged) {
         EXPECT_EQ(t.folder.Read(QStringLiteral("%1.copy.xsd").arg(copies)), bytes);
         t.ChooseMenu(QStringLiteral("mnuFileClose"));
     }
+    EXPECT_GT(marked, copies / 4) << "they show their roots";
 }
 
 } // namespace

@@ -54,6 +54,28 @@ TEST_F(Schema, ANewOneStartsWithASchemaElementWithoutAPrefix) {
               "<schema xmlns=\"http://www.w3.org/2001/XMLSchema\"></schema>");
     EXPECT_EQ(schema::SchemaOf(*w).msPrefix, QString());
     EXPECT_EQ(schema::GetSchemaNode(w->tvXML), Element());
+    t.prompts.Choose({});
+    t.ChooseMenu(QStringLiteral("mnuFileSave"));
+    EXPECT_TRUE(t.prompts.dialogs.back().filter.startsWith(QStringLiteral("Schema File (*.xsd)")));
+}
+
+// Without a schema element, and where the prefix is another namespace's, the entry goes on and off as well.
+TEST_F(Schema, AnExtensionIsSwitchedWhereNothingCanBeDeclared) {
+    const auto checked = [this] { return t.frame().Menu(QStringLiteral("mnuSEnaMsSQL")).Checked(); };
+    t.prompts.AllowAnyBox();
+    ListDesk::Open("<a/>", QStringLiteral("none.xsd"));
+    w->tbsXML.Select(QStringLiteral("listview"));
+    for (const bool on : {true, false, true}) {
+        t.ChooseMenu(QStringLiteral("mnuSEnaMsSQL"));
+        EXPECT_EQ(checked(), on);
+    }
+    ListDesk::Open("<schema xmlns='http://www.w3.org/2001/XMLSchema' xmlns:sql='urn:mine'>"
+                   "<element name='a'/></schema>",
+                   QStringLiteral("other.xsd"));
+    t.ChooseMenu(QStringLiteral("mnuSEnaMsSQL"));
+    EXPECT_FALSE(checked()) << "those names would be in another namespace";
+    Select(Element().Child());
+    EXPECT_EQ(RowOf("sql:field"), 0);
 }
 
 TEST_F(Schema, DeclarationsThatNothingRefersToAreMarked) {

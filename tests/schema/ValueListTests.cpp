@@ -73,6 +73,54 @@ TEST_F(ValueList, AFixedListIsOfferedBehindThePrefixAndAnythingCanBeTyped) {
     EXPECT_EQ(OfferedFor("form"), QStringList()) << "a plain document has plain values";
 }
 
+// What users choose from is data of the program, its slips included.
+TEST_F(ValueList, EachAttributeHasItsValues) {
+    constexpr struct {
+        const char* attributes;
+        const char* values;
+    } kLists[] = {
+        {"mixed,abstract,nillable,xdb:SQLInline,xdb:maintDOM,xdb:isFolder,sql:is-constant,sql:mapped,"
+         "sql:use-cdata,sql:hide",
+         "false,true"},
+        {"block", "#all,extension,restriction,substitution"},
+        {"final", "#all,extension,restriction"},
+        {"maxOccurs", "1,2,3,unbound"},
+        {"form", "qualified,unqualified"},
+        {"type",
+         "string,boolean,byte,date,dateTime,time,short,integer,long,decimal,double,float,anyURI,base64Binary,"
+         "duration,ENTITIES,ENTITY,gDay,gMonth,gMonthDay,gYear,gYearMonth,hexBinary,ID,IDREF,IDREFS,int,"
+         "language,Name,NCName,negativeInteger,NMTOKEN,NMTOKENS,nonNegativeInteger,nonPositiveInteger,"
+         "normalizedString,NOTATION,positiveInteger,QName,token,unsignedByte,unsignedInt,unsignedLong,"
+         "unsignedShort"},
+        {"sql:datatype",
+         "bigint,binary,bit,char,datetime,decimal,float,image,int,money,nchar,ntext,nvarchar,numeric,real,"
+         "smalldatetime,smallint,smallmoney,sql_variant,sysname,text,timestamp,tinyint,varbinary,varchar,"
+         "uniqueidentifier"},
+        {"sql:encode", "default,url"},
+        {"sql:identity", "ignore,useValue"},
+        {"sql:guid", "generate,useValue"},
+        {"xdb:SQLType", "BFILE,BLOB,CHAR,CLOB,DATE,DECIMAL,FLOAT,INTEGER,INTERVAL DAY TO SECOND,INTERVAL "
+                        "YEAR TO MONTH,NCHAR,"
+                        "NCLOB,NUMBER,NVARCHAR,NVARCHAR2,RAW,REF,TIMESTAMP,VARCHAR,VARCHAR2,XMLTYPE"},
+        {"xdb:JavaType", "BigDecimal,boolean,byte,byteArray,CharStream,double,Enum,float,int,long,QName,"
+                         "Reference,short,Stream,String,TimeStamp,XMLType"},
+        {"substitutionGroup,model,use,minOccurs,xdb:maintainDOM", ""}};
+    QByteArray all;
+    for (const auto& list : kLists) {
+        for (const QByteArray& name : QByteArray(list.attributes).split(','))
+            all += name + "='' ";
+    }
+    Open("", "<element xmlns:sql='urn:schemas-microsoft-com:mapping-schema' "
+             "xmlns:xdb='http://xmlns.oracle.com/xdb' " +
+                 all + "/>");
+    for (const auto& list : kLists) {
+        for (const QByteArray& name : QByteArray(list.attributes).split(',')) {
+            EXPECT_EQ(OfferedFor(name.constData()).join(u','), QLatin1String(list.values))
+                << name.constData();
+        }
+    }
+}
+
 TEST_F(ValueList, ACompositorIsSwitchedAndNotRenamed) {
     Open("p", "<p:group name='g'><p:sequence><p:element name='a'/></p:sequence></p:group>");
     ClickRow(1);
