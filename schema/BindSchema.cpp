@@ -127,17 +127,6 @@ bool MayReplaceLocation(DocumentWindow& window) {
                services::Buttons::YesNo) == services::Answer::Yes;
 }
 
-// A blank would part the name in a list of names (quirk 91); what looks like one that is written otherwise is
-// then written otherwise, too.
-QString AsListEntry(QString name) {
-    const auto isBlank = [](QChar one) { return one.isSpace(); };
-    if (std::any_of(name.cbegin(), name.cend(), isBlank))
-        name.replace(u'%', QStringLiteral("%25"));
-    for (const QChar blank : {u' ', u'\t', u'\n', u'\r'})
-        name.replace(blank, QLatin1String(QUrl::toPercentEncoding(QString(blank))));
-    return name;
-}
-
 void ReplaceInList(Attributes& all, qsizetype at, const QString& schemaFile) {
     QString list = WithoutReferences(all.value(at));
     const Stretch stretch = LocationIn(list);
@@ -196,6 +185,17 @@ void ShowText(DocumentWindow& window, const text::LongText& text) {
 }
 
 } // namespace
+
+// A blank would part the name (quirk 91); what looks like one that is written otherwise is then written
+// otherwise, too.
+QString AsListEntry(QString name) {
+    const auto isBlank = [](QChar one) { return one.isSpace(); };
+    if (std::any_of(name.cbegin(), name.cend(), isBlank))
+        name.replace(u'%', QStringLiteral("%25"));
+    for (const QChar blank : {u' ', u'\t', u'\n', u'\r'})
+        name.replace(blank, QLatin1String(QUrl::toPercentEncoding(QString(blank))));
+    return name;
+}
 
 TreeNode GetXMLRootNode(const controls::TreeView& tree) {
     return tree.Nodes.Count() == 0 ? TreeNode() : m_tvXML::FirstElement(tree.Nodes(1).Child());

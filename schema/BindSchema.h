@@ -12,6 +12,9 @@ controls::TreeNode GetXMLRootNode(const controls::TreeView& tree); ///< the root
 /// is asked first. The namespace of the old location stays.
 void ApplySchema(DocumentWindow& window, QString schemaFile = {});
 
+/// A file's name as it stands in a list of locations, where blanks part the entries; not escaped.
+QString AsListEntry(QString name);
+
 /// Fills txtSchema with the schema that the root element names, which a relative location looks for in the
 /// document's folder. From an address only where the user allows it. What can't be had leaves txtSchema as
 /// it was.

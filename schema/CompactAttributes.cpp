@@ -30,6 +30,24 @@ bool HasNameTwice(const Attributes& all) {
     return QSet<QString>(all.names().begin(), all.names().end()).size() < all.count();
 }
 
+bool HasUndeclarable(const Attributes& before, const Attributes& after) {
+    return std::any_of(after.names().begin(), after.names().end(), [&](const QString& name) {
+        return !before.contains(name) && (name.contains(u':') || IsAboutTheInstance(name));
+    });
+}
+
+// Looked at before anything is done: a list is taken as a whole.
+bool MayRenameAll(DocumentWindow& window, TreeNode declaration, const QStringList& from,
+                  const QStringList& to) {
+    const GlobalDeclarations declarations(window.tvXML);
+    for (qsizetype i = 0; i < std::min(from.size(), to.size()); ++i) {
+        const TreeNode attribute = FindAttribute(declaration, from[i], declarations).declaration;
+        if (attribute && !MayRenameDeclaration(window, attribute, to[i]))
+            return false;
+    }
+    return true;
+}
+
 bool HasOtherValue(const Attributes& before, const Attributes& after) {
     return std::any_of(after.names().begin(), after.names().end(), [&](const QString& name) {
         const qsizetype at = before.find(name);
@@ -63,20 +81,24 @@ bool ChangeMainTreeAttributesByAttrString(DocumentWindow& window, TreeNode compa
     }
     const TreeNode declaration = RelatedMainTreeNode(window, compactNode);
     const QStringList gone = NamesBeside(before, after), come = NamesBeside(after, before);
-    if (std::any_of(come.begin(), come.end(), [](const QString& name) { return name.contains(u':'); })) {
+    if (HasUndeclarable(before, after)) {
         edit::Message(window.app, QStringLiteral("A name that is declared has no prefix."));
         return false;
+    }
+    if (!MayRenameAll(window, declaration, gone, come))
+        return false;
+    for (const QString& name : come.mid(std::min(gone.size(), come.size()))) {
+        if (!AddNewAttrAtMainTree(window, declaration, name))
+            return false; // so is the first one, and nothing has been done yet
     }
     for (qsizetype i = 0; i < gone.size(); ++i) {
         const GlobalDeclarations declarations(window.tvXML);
         const TreeNode attribute = FindAttribute(declaration, gone[i], declarations).declaration;
         if (i >= come.size() || !attribute)
             DeletePropNameValueByKeyAtCV(window, compactNode, gone[i]);
-        else if (!RenameDeclaration(window, attribute, come[i]))
-            return false;
+        else
+            RenameDeclaration(window, attribute, come[i]);
     }
-    for (const QString& name : come.mid(gone.size()))
-        AddNewAttrAtMainTree(window, declaration, name);
     if (HasOtherValue(before, after))
         SayItIsASample(window);
     return true;

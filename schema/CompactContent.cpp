@@ -19,6 +19,7 @@ using controls::TreeNode;
 const QString kName = QStringLiteral("name");
 const QString kType = QStringLiteral("type");
 const QString kRef = QStringLiteral("ref");
+constexpr char kTypeElsewhere[] = "The type of the element isn't declared here.";
 
 // The text that is written at the end of the edit clears the panel.
 void Tell(DocumentWindow& window, const QString& text) {
@@ -71,6 +72,21 @@ TreeNode ComplexTypeOf(TreeNode declaration, const GlobalDeclarations& declarati
     const QString type = AttributeValue(declaration, kType);
     const TreeNode named = type.isEmpty() ? TreeNode() : declarations.GetRefTypeNode(type);
     return named ? named : GetChildNodeByName(declaration, "complexType");
+}
+
+/// Whether a type stands in none of the declarations that are at hand, nor is one of the language's simple
+/// ones: it may be a complex type of another file.
+bool IsTypeElsewhere(DocumentWindow& window, TreeNode declaration, const GlobalDeclarations& declarations) {
+    const QString type = AttributeValue(declaration, kType);
+    if (type.isEmpty() || declarations.GetRefTypeNode(type) || declarations.GetRefSimpleTypeNode(type))
+        return false;
+    const QString local = LocalName(type);
+    return local == QStringLiteral("anyType") || type != Prefixed(window, local);
+}
+
+bool HasValue(TreeNode declaration) {
+    return !AttributeValue(declaration, QStringLiteral("default")).isEmpty() ||
+           !AttributeValue(declaration, QStringLiteral("fixed")).isEmpty();
 }
 
 /// What holds particles and attributes of a complex type: the type, or the derivation in it.
@@ -127,28 +143,46 @@ TreeNode MakeAttributeContent(DocumentWindow& window, TreeNode declaration) {
     return complexType;
 }
 
+const char* KindOf(TreeNode declaration) {
+    return IsNamed(declaration, "attribute") ? "attribute" : "element";
+}
+
 bool IsGlobal(TreeNode declaration) {
     return IsNamed(declaration.Parent(), "schema");
 }
 
+/// Whether a name is one of the schema's own namespace. Many a schema refers to its own without a prefix
+/// though that is bound to the language's.
+bool IsOfThisSchema(TreeNode schema, const QString& name) {
+    const qsizetype colon = name.indexOf(u':');
+    const QString target = AttributeValue(schema, QStringLiteral("targetNamespace"));
+    const QString bound = AttributeValue(schema, colon < 0 ? QStringLiteral("xmlns")
+                                                           : QStringLiteral("xmlns:") + name.left(colon));
+    if (bound.isEmpty() || bound == QStringLiteral("http://www.w3.org/2001/XMLSchema"))
+        return colon < 0;
+    return bound == target;
+}
+
 /// Puts a new name in the place of the local part of a reference.
-void Redirect(TreeNode node, const QString& attribute, const QString& from, const QString& to) {
+void Redirect(TreeNode schema, TreeNode node, const QString& attribute, const QString& from,
+              const QString& to) {
     const QString value = AttributeValue(node, attribute);
-    if (!value.isEmpty() && LocalName(value) == from)
+    if (!value.isEmpty() && LocalName(value) == from && IsOfThisSchema(schema, value))
         Set(node, attribute, value.left(value.size() - from.size()) + to);
 }
 
 // The cursor is good as long as nothing changes.
 void RedirectReferences(DocumentWindow& window, const char* element, const QString& from, const QString& to) {
     std::vector<TreeNode> found;
-    const controls::TreeCursor top(GetSchemaNode(window.tvXML));
+    const TreeNode schema = GetSchemaNode(window.tvXML);
+    const controls::TreeCursor top(schema);
     for (controls::TreeCursor at = top.firstChild(); at; at = at.nextBelow(top)) {
         if (at.kind() == m_tvXML::kElement && IsNamed(at.node(), element))
             found.push_back(at.node());
     }
     for (const TreeNode node : found) {
-        Redirect(node, kRef, from, to);
-        Redirect(node, QStringLiteral("substitutionGroup"), from, to);
+        Redirect(schema, node, kRef, from, to);
+        Redirect(schema, node, QStringLiteral("substitutionGroup"), from, to);
     }
 }
 
@@ -173,7 +207,11 @@ TreeNode AddNewNodeToMainTreeFromCVTree(DocumentWindow& window, const QString& n
 TreeNode AddNewElementAtMainTree(DocumentWindow& window, TreeNode declaration, const QString& name) {
     if (GetChildNodeByName(declaration, "simpleType"))
         return Refuse(window, "The element has a simple type of its own, which holds no elements.");
+    if (HasValue(declaration))
+        return Refuse(window, "An element with a default or fixed value holds no elements.");
     const GlobalDeclarations declarations(window.tvXML);
+    if (IsTypeElsewhere(window, declaration, declarations))
+        return Refuse(window, kTypeElsewhere);
     TreeNode complexType = ComplexTypeOf(declaration, declarations);
     if (!complexType)
         complexType = MakeElementContent(window, declaration);
@@ -187,6 +225,8 @@ TreeNode AddNewAttrAtMainTree(DocumentWindow& window, TreeNode declaration, cons
     if (GetChildNodeByName(declaration, "simpleType"))
         return Refuse(window, "The element has a simple type of its own, which holds no attributes.");
     const GlobalDeclarations declarations(window.tvXML);
+    if (IsTypeElsewhere(window, declaration, declarations))
+        return Refuse(window, kTypeElsewhere);
     TreeNode complexType = ComplexTypeOf(declaration, declarations);
     if (!complexType)
         complexType = MakeAttributeContent(window, declaration);
@@ -206,14 +246,19 @@ bool GiveText(DocumentWindow& window, TreeNode declaration) {
     return true;
 }
 
+bool MayRenameDeclaration(DocumentWindow& window, TreeNode declaration, const QString& name) {
+    if (!IsGlobal(declaration) || !GlobalDeclarations(window.tvXML).GetRefNode(name, KindOf(declaration)))
+        return true;
+    Refuse(window, "There is a global declaration of this name.");
+    return false;
+}
+
 bool RenameDeclaration(DocumentWindow& window, TreeNode declaration, const QString& name) {
-    const char* const element = IsNamed(declaration, "attribute") ? "attribute" : "element";
+    const char* const element = KindOf(declaration);
     const QString before = AttributeValue(declaration, kName);
     const bool global = IsGlobal(declaration);
-    if (global && GlobalDeclarations(window.tvXML).GetRefNode(name, element)) {
-        Refuse(window, "There is a global declaration of this name.");
+    if (!MayRenameDeclaration(window, declaration, name))
         return false;
-    }
     Set(declaration, kName, name);
     if (global && !before.isEmpty())
         RedirectReferences(window, element, before, name);

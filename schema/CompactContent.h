@@ -21,6 +21,8 @@ bool GiveText(DocumentWindow& window, controls::TreeNode declaration);
 
 /// Gives a declaration, an element's or an attribute's, another name. Where it is global all that refers to
 /// it does so under the new name.
+/// Whether it may; what is in the way it tells, too.
+bool MayRenameDeclaration(DocumentWindow& window, controls::TreeNode declaration, const QString& name);
 bool RenameDeclaration(DocumentWindow& window, controls::TreeNode declaration, const QString& name);
 
 } // namespace schema

@@ -175,6 +175,8 @@ void EditValueAtCompactView(DocumentWindow& window) {
 }
 
 void DeleteAtCompactView(DocumentWindow& window) {
+    if (CompactOf(window).segmentInUse)
+        return Tell(window, "The declaration can be read here, and copied.");
     edit::Run(window, "DeleteAtCompactView", [&] {
         const TreeNode node = SelectedNode(window);
         if (const controls::ListItem row = SelectedAttribute(window); row.SmallIcon > 0)
@@ -188,6 +190,8 @@ void DeleteAtCompactView(DocumentWindow& window) {
 
 void CopyAtCompactView(DocumentWindow& window) {
     edit::Guarded(window, "CopyAtCompactView", [&] {
+        if (CompactOf(window).segmentInUse)
+            return window.app.services.clipboard.SetText(CompactOf(window).rtxtSeg.SelText());
         if (const controls::ListItem row = SelectedAttribute(window); row.SmallIcon > 0) {
             const QString pair = Attributes::pair(row.Text, row.Sub[0]);
             return nodes::KeepCopy(window, edit::kViewCompact, row.Tag, pair, pair);

@@ -20,7 +20,10 @@ using controls::TreeNode;
 // The menus depend on what is selected, too.
 void Attend(DocumentWindow& window, bool list) {
     CompactState& state = CompactOf(window);
+    if (!list && state.lvRes.SelectedItem() > 0)
+        SelectResultRow(window, 0); // a marked row would look like what the next key is for
     state.listInUse = list;
+    state.segmentInUse = false;
     state.miCVPopupContext = SelectedInInstance(window) == m_tvXML::kTreeRoot ? 0 : list ? 2 : 1;
     edit::Attend(window, kContextCompact);
     window.app.frame().RefreshMenu();
@@ -117,7 +120,10 @@ void ConnectCompactView(DocumentWindow& window) {
     ConnectTree(window);
     ConnectList(window);
     ConnectCompactLabels(window);
-    CompactOf(window).rtxtSeg.GotFocus.connect([&window] { Attend(window, CompactOf(window).listInUse); });
+    CompactOf(window).rtxtSeg.GotFocus.connect([&window] {
+        Attend(window, CompactOf(window).listInUse);
+        CompactOf(window).segmentInUse = true;
+    });
 }
 
 } // namespace schema

@@ -28,7 +28,8 @@ struct CompactState {
 
     /// What the menus are for: 1 something is selected in tvRes, 2 in lvRes; 0: nothing.
     int miCVPopupContext = 0;
-    bool listInUse = false; ///< lvRes has the user's attention, and not tvRes
+    bool listInUse = false;    ///< lvRes has the user's attention, and not tvRes
+    bool segmentInUse = false; ///< rtxtSeg has the keys
 
     std::optional<std::uint64_t>
         builtRevision;                  ///< of tvXML, as the instance shows it; nothing: build it anew

@@ -139,6 +139,12 @@ int CountIn(QStringView braces) {
     return static_cast<int>(count);
 }
 
+QString LastCharacter(const QString& text) {
+    const bool pair =
+        text.size() > 1 && text.back().isLowSurrogate() && text[text.size() - 2].isHighSurrogate();
+    return text.right(pair ? 2 : 1);
+}
+
 // Only the one character in front of a count is repeated. A brace without one ends it: it stays, and so do
 // all behind it.
 QString WithRepetitions(const QString& text) {
@@ -150,8 +156,8 @@ QString WithRepetitions(const QString& text) {
         if (close < 0 || made.size() + (open - at) == 0)
             return made += QStringView(text).mid(at);
         made += QStringView(text).mid(at, open - at);
-        const QString repeated = made.right(1);
-        made.chop(1);
+        const QString repeated = LastCharacter(made);
+        made.chop(repeated.size());
         made += RepeatString(CountIn(QStringView(text).mid(open + 1, close - open - 1)), repeated);
         HoldLength(made.size());
         at = close + 1;
@@ -242,11 +248,17 @@ QStringList GetCapturedMatch(const QString& text) {
     }
 }
 
-QString GenerateSampleByPattern(Application& app, const QString& pattern) {
-    return edit::Guarded(app, QStringLiteral("mXMLEdit@GenerateSampleByPattern"), [&] {
+std::optional<QString> PatternSampleIfAny(Application& app, const QString& pattern) {
+    std::optional<QString> sample;
+    edit::Guarded(app, QStringLiteral("mXMLEdit@GenerateSampleByPattern"), [&] {
         const QString plain = WithFirstAlternatives(WithRepetitions(Replaced(pattern, kTokens)));
-        return Replaced(WithCaptures(plain), kCleanUp);
+        sample = Replaced(WithCaptures(plain), kCleanUp);
     });
+    return sample;
+}
+
+QString GenerateSampleByPattern(Application& app, const QString& pattern) {
+    return PatternSampleIfAny(app, pattern).value_or(QString());
 }
 
 } // namespace schema

@@ -38,10 +38,7 @@ public:
 private:
     bool meets(const AttributeOrigin& origin) {
         const QString name = AttributeValue(origin.declaration, QStringLiteral("name"));
-        if (name.isEmpty() || names_.contains(name))
-            return false;
-        names_.insert(name);
-        return visitor_(origin, name);
+        return !name.isEmpty() && visitor_(origin, name);
     }
 
     // What it leads to, in this order.
@@ -97,23 +94,39 @@ private:
     Visitor visitor_;
     std::vector<AttributeOrigin> toDo_; // the last one is next
     QSet<const controls::TreeNodeData*> visited_;
-    QSet<QString> names_;
 };
+
+// Empty where nothing more fits in.
+QString Written(const QString& name, TreeNode declaration, SampleValues& values) {
+    const QString type = AttributeValue(declaration, QStringLiteral("type"));
+    const Sample sample = values.isFull()  ? Sample()
+                          : type.isEmpty() ? values.GetSimpleTypeSample(declaration)
+                                           : values.GetSampleData(LocalName(type));
+    if (!values.spend(name.size() + sample.value.size()))
+        return {};
+    return name + QStringLiteral("=\"") + mXMLEdit::WithLineEndReferences(sample.value) +
+           QStringLiteral("\" ");
+}
 
 } // namespace
 
 QString GetRealXMLNodeAttributesString(TreeNode node, const GlobalDeclarations& declarations,
                                        SampleValues& values) {
-    QString written;
+    QHash<QString, std::size_t> places;
+    std::vector<std::pair<QString, TreeNode>> found;
     Walk(declarations, [&](const AttributeOrigin& origin, const QString& name) {
-        const QString type = AttributeValue(origin.declaration, QStringLiteral("type"));
-        const Sample sample = type.isEmpty() ? values.GetSimpleTypeSample(origin.declaration)
-                                             : values.GetSampleData(LocalName(type));
-        if (values.spend(name.size() + sample.value.size()))
-            written += name + QStringLiteral("=\"") + mXMLEdit::WithLineEndReferences(sample.value) +
-                       QStringLiteral("\" ");
+        const auto place = places.constFind(name);
+        if (place != places.constEnd()) {
+            found[*place].second = origin.declaration;
+            return false;
+        }
+        places.insert(name, found.size());
+        found.emplace_back(name, origin.declaration);
         return false;
     }).run(node);
+    QString written;
+    for (const auto& [name, declaration] : found)
+        written += Written(name, declaration, values);
     return written;
 }
 

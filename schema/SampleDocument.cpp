@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "schema/SampleDocument.h"
 #include "core/edit/Guard.h"
+#include "core/edit/Report.h"
 #include "core/edit/Save.h"
+#include "core/edit/View.h"
 #include "core/model/Escaping.h"
 #include "core/model/FileNames.h"
 #include "core/model/Frame.h"
 #include "core/model/NodeKind.h"
 #include "core/model/Serialise.h"
+#include "schema/BindSchema.h"
 #include "schema/SampleAttributes.h"
 #include "schema/SampleWalk.h"
 #include "schema/SchemaState.h"
@@ -36,15 +39,14 @@ bool HasPlace(const QString& fileName) {
     return fileName.indexOf(u':') > 0 || mXMLEdit::IsLocalPath(fileName);
 }
 
-// A blank would part the name in a list of names.
 QString LocationAttributes(const QString& targetNamespace, const QString& fileName) {
     if (!HasPlace(fileName))
         return {};
-    const QString name = mXMLEdit::convertStringToXML(fileName);
-    const QString location = targetNamespace.isEmpty()
-                                 ? QStringLiteral("xsi:noNamespaceSchemaLocation=\"") + name
-                                 : QStringLiteral("xsi:schemaLocation=\"") + targetNamespace + u' ' +
-                                       QString(name).replace(u' ', QStringLiteral("%20"));
+    const QString location =
+        targetNamespace.isEmpty()
+            ? QStringLiteral("xsi:noNamespaceSchemaLocation=\"") + mXMLEdit::convertStringToXML(fileName)
+            : QStringLiteral("xsi:schemaLocation=\"") + targetNamespace + u' ' +
+                  mXMLEdit::convertStringToXML(AsListEntry(fileName));
     return QStringLiteral(" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" ") + location + u'"';
 }
 
@@ -67,6 +69,8 @@ QHash<QString, QString> Build(DocumentWindow& window, TreeNode root, TreeView& t
     if (const TreeNode type = declarations.GetRefTypeNode(AttributeValue(root, QStringLiteral("type"))))
         walk.TreeNodesToTree(type.Child(), top);
     walk.TreeNodesToTree(root.Child(), top);
+    if (values.leftOut())
+        edit::Message(window.app, QStringLiteral("The sample leaves out what is too long for it."));
     return walk.References();
 }
 
@@ -118,7 +122,7 @@ void GenXMLBySchema(DocumentWindow& window) {
         MarkRootDeclarations(window);
         TreeView instance;
         instance.ImageList = window.tvXML.ImageList;
-        TreeToCompactTree(window, instance);
+        TreeToCompactTree(window, instance, !edit::Shows(window, edit::kCompactTab));
         FetchedText made(
             InstanceText(window.app, instance.Nodes.Count() > 0 ? instance.Nodes(1) : TreeNode()));
         if (made.text.isEmpty())

@@ -4,6 +4,8 @@
 #include "platform/text/TextTools.h"
 #include "schema/PatternSample.h"
 #include "schema/SchemaState.h"
+#include <QLocale>
+#include <QRegularExpression>
 #include <array>
 #include <optional>
 
@@ -51,8 +53,6 @@ std::optional<QString> BuiltInSample(const QString& typeName) {
 }
 
 enum Facet {
-    Pattern,
-    Enumeration,
     MinInclusive,
     MinExclusive,
     MaxExclusive,
@@ -64,9 +64,9 @@ enum Facet {
     TotalDigits,
     FacetCount
 };
-constexpr std::array<const char*, FacetCount> kFacets = {
-    "pattern", "enumeration", "minInclusive", "minExclusive",   "maxExclusive", "maxInclusive",
-    "length",  "minLength",   "maxLength",    "fractionDigits", "totalDigits"};
+constexpr std::array<const char*, FacetCount> kFacets = {"minInclusive", "minExclusive",   "maxExclusive",
+                                                         "maxInclusive", "length",         "minLength",
+                                                         "maxLength",    "fractionDigits", "totalDigits"};
 
 /// The first facet of each kind.
 using Facets = std::array<TreeNode, FacetCount>;
@@ -92,6 +92,44 @@ int CountOf(TreeNode facet) {
     return text::ValInt16(ValueOf(facet));
 }
 
+// Longer ones count as none.
+bool IsTooLong(TreeNode length) {
+    constexpr double kLongest = 32767;
+    return length && text::Val(ValueOf(length)) > kLongest;
+}
+
+QString MagnitudeAbove(QString digits) {
+    qsizetype at = digits.size();
+    while (at > 0 && digits[at - 1] == u'9')
+        digits[--at] = u'0';
+    if (at == 0)
+        return u'1' + digits;
+    digits[at - 1] = QChar(digits[at - 1].unicode() + 1);
+    return digits;
+}
+// Of digits that begin with another one than zero.
+QString MagnitudeBelow(QString digits) {
+    qsizetype at = digits.size() - 1;
+    for (; digits[at] == u'0'; --at)
+        digits[at] = u'9';
+    digits[at] = QChar(digits[at].unicode() - 1);
+    return digits.startsWith(u'0') ? digits.mid(1) : digits;
+}
+
+// A number holds 15 digits: longer ones are counted on as they are written.
+QString NextTo(const QString& value, int step) {
+    static const QRegularExpression longInteger(QStringLiteral("^\\s*([-+]?)0*([1-9][0-9]{14,})\\s*$"));
+    if (const QRegularExpressionMatch match = longInteger.match(value); match.hasMatch()) {
+        const bool negative = match.captured(1) == QStringLiteral("-");
+        const QString digits = match.captured(2);
+        return (negative ? QStringLiteral("-") : QString()) +
+               ((step > 0) != negative ? MagnitudeAbove(digits) : MagnitudeBelow(digits));
+    }
+    const double next = text::Val(value) + step;
+    const QString written = text::Str(next);
+    return written.contains(u'E') ? QString::number(next, 'f', QLocale::FloatingPointShortest) : written;
+}
+
 QString DigitsSample(const Facets& facets) {
     const int total = facets[TotalDigits] ? CountOf(facets[TotalDigits]) : 0;
     if (!facets[FractionDigits])
@@ -109,9 +147,9 @@ std::optional<Sample> BoundedSample(const Facets& facets) {
     if (facets[MinInclusive])
         return orBase(ValueOf(facets[MinInclusive]));
     if (facets[MinExclusive])
-        return Sample{text::Str(text::Val(ValueOf(facets[MinExclusive])) + 1), facets[MinExclusive]};
+        return Sample{NextTo(ValueOf(facets[MinExclusive]), 1), facets[MinExclusive]};
     if (facets[MaxExclusive])
-        return Sample{text::Str(text::Val(ValueOf(facets[MaxExclusive])) - 1), {}};
+        return Sample{NextTo(ValueOf(facets[MaxExclusive]), -1), {}};
     if (facets[MaxInclusive])
         return Sample{ValueOf(facets[MaxInclusive]), {}};
     for (const Facet length : {Length, MinLength, MaxLength}) {
@@ -123,49 +161,66 @@ std::optional<Sample> BoundedSample(const Facets& facets) {
     return {};
 }
 
-// Patterns know control characters that no document can hold, and repeat halves of characters (quirk 151).
+// Patterns know control characters that no document can hold (quirk 151).
 QString WithoutOddCharacters(QString sample) {
     constexpr char16_t kFirstPlain = 0x20, kLastPlain = 0xFFFD;
     sample.removeIf([](QChar c) {
         const bool blank = c == u'\t' || c == u'\n' || c == u'\r';
         return (c.unicode() < kFirstPlain && !blank) || c.unicode() > kLastPlain;
     });
-    return text::WithoutLoneHalves(sample);
+    return sample;
 }
 
 } // namespace
 
 bool SampleValues::spend(qsizetype characters) {
     spent_ += characters;
-    return spent_ <= kMostCharacters;
+    return !isFull();
 }
 
-QString SampleValues::patternSample(TreeNode pattern) const {
-    const QString sample = GenerateSampleByPattern(app_, mXMLEdit::WithoutReferences(ValueOf(pattern)));
-    return mXMLEdit::convertStringToXML(WithoutOddCharacters(sample));
+bool SampleValues::isFull() const {
+    return spent_ > kMostCharacters;
 }
 
-SampleValues::Step SampleValues::step(TreeNode node) const {
+// The pattern is what its value says, and the sample is written as values are (quirk 168).
+QString SampleValues::GetPatternSample(TreeNode pattern) {
+    const std::optional<QString> sample =
+        PatternSampleIfAny(app_, mXMLEdit::WithoutReferences(ValueOf(pattern)));
+    tooLong_ = tooLong_ || !sample;
+    return mXMLEdit::convertStringToXML(WithoutOddCharacters(sample.value_or(QString())));
+}
+
+QString SampleValues::GetEnumerationSample(TreeNode enumeration) {
+    return ValueOf(enumeration);
+}
+
+SampleValues::Step SampleValues::step(TreeNode node) {
     const TreeNode simpleType = IsNamed(node, "simpleType") ? node : GetChildNodeByName(node, "simpleType");
     const TreeNode restriction = simpleType ? GetChildNodeByName(simpleType, "restriction") : TreeNode();
     if (!restriction)
         return {};
-    const Facets facets = FacetsOf(restriction);
-    if (facets[Pattern])
-        return {{patternSample(facets[Pattern]), facets[Pattern]}, {}};
-    if (facets[Enumeration])
-        return {{ValueOf(facets[Enumeration]), facets[Enumeration]}, {}};
+    if (const TreeNode pattern = GetChildNodeByName(restriction, "pattern"))
+        return {{GetPatternSample(pattern), pattern}, {}};
+    if (const TreeNode enumeration = GetChildNodeByName(restriction, "enumeration"))
+        return {{GetEnumerationSample(enumeration), enumeration}, {}};
     const QString base = LocalName(AttributeValue(restriction, QStringLiteral("base")));
     if (base.isEmpty())
         return {};
+    const Facets facets = FacetsOf(restriction);
+    tooLong_ = tooLong_ || IsTooLong(facets[Length]) || IsTooLong(facets[MinLength]) ||
+               IsTooLong(facets[FractionDigits]);
     if (const std::optional<Sample> bounded = BoundedSample(facets))
         return {*bounded, {}};
     return {{}, base};
 }
 
 Sample SampleValues::GetSimpleTypeSample(TreeNode node) {
+    if (const auto known = own_.constFind(node.Data()); known != own_.constEnd())
+        return *known;
     const Step first = step(node);
-    return first.base.isEmpty() ? first.sample : GetSampleData(first.base);
+    const Sample sample = first.base.isEmpty() ? first.sample : GetSampleData(first.base);
+    own_.insert(node.Data(), sample);
+    return sample;
 }
 
 Sample SampleValues::GetSampleData(const QString& typeName) {

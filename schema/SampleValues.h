@@ -14,7 +14,7 @@ struct Sample {
 };
 
 /// The samples of one instance. Types are looked at once each, and a circle of them has no sample. All of
-/// them together are held to 16 million characters: a long value may be used a thousand times.
+/// them together are held to 16 million characters: a long value may be used a thousand times (quirk 159).
 class SampleValues {
 public:
     SampleValues(Application& app, const GlobalDeclarations& declarations)
@@ -27,6 +27,9 @@ public:
 
     /// So many more characters go into the instance. False once it is full.
     bool spend(qsizetype characters);
+    bool isFull() const;
+    /// Whether anything is missing because it is too long.
+    bool leftOut() const { return tooLong_ || isFull(); }
 
 private:
     /// What a type itself says: a sample, or the name of the type that has it.
@@ -34,13 +37,16 @@ private:
         Sample sample;
         QString base;
     };
-    Step step(controls::TreeNode node) const;
-    QString patternSample(controls::TreeNode pattern) const;
+    Step step(controls::TreeNode node);
+    QString GetPatternSample(controls::TreeNode pattern);
+    static QString GetEnumerationSample(controls::TreeNode enumeration);
 
     Application& app_;
     const GlobalDeclarations& declarations_;
-    QHash<QString, Sample> known_; ///< by the name of the type
+    QHash<QString, Sample> known_;                     ///< by the name of the type
+    QHash<const controls::TreeNodeData*, Sample> own_; ///< by the declaration
     qsizetype spent_ = 0;
+    bool tooLong_ = false;
 };
 
 } // namespace schema

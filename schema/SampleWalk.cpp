@@ -19,6 +19,14 @@ QString TypeOf(TreeNode node) {
     return AttributeValue(node, QStringLiteral("type"));
 }
 
+TreeNode BranchOf(TreeNode choice) {
+    for (const char* kind : {"element", "group", "sequence", "choice"}) {
+        if (const TreeNode branch = GetChildNodeByName(choice, kind))
+            return branch;
+    }
+    return {};
+}
+
 } // namespace
 
 QString GetRealKey(const QString& key) {
@@ -50,7 +58,7 @@ void SampleWalk::TreeNodesToTree(TreeNode firstNode, TreeNode parent) {
 }
 
 bool SampleWalk::isSpent() const {
-    return miLoopCount_ > kMostVisits;
+    return miLoopCount_ > kMostVisits || values_.isFull();
 }
 
 void SampleWalk::TreeNodeToTree(TreeNode node, TreeNode parent) {
@@ -77,10 +85,11 @@ void SampleWalk::TreeNodeToTree(TreeNode node, TreeNode parent) {
 
 // One branch alone, by kind before the order of the document.
 void SampleWalk::choice(TreeNode node, TreeNode parent) {
-    for (const char* kind : {"element", "group", "sequence", "choice"}) {
-        if (const TreeNode branch = GetChildNodeByName(node, kind))
-            return TreeNodeToTree(branch, parent);
-    }
+    const auto known = branches_.constFind(node.Data());
+    const TreeNode branch = known == branches_.constEnd() ? BranchOf(node) : *known;
+    branches_.insert(node.Data(), branch);
+    if (branch)
+        return TreeNodeToTree(branch, parent);
     TreeNodesToTree(node.Child(), parent);
 }
 
@@ -120,7 +129,8 @@ void SampleWalk::reference(TreeNode node, const QString& ref, TreeNode parent) {
     const qsizetype before = path_.size();
     if (!enter(target))
         return;
-    reference_ = node.Key();
+    if (IsNamed(node, "element"))
+        reference_ = node.Key();
     TreeNodeToTree(target, parent);
     reference_.clear();
     path_.truncate(before);
@@ -153,10 +163,21 @@ TreeNode SampleWalk::add(TreeNode declaration, const QString& text, TreeNode par
     const QString image = declaration.Image();
     TreeNode added =
         tree_.Nodes.Add(parent, controls::tvwChild, key, text, image, QStringLiteral("open") + image);
-    if (!values_.spend(text.size()))
-        miLoopCount_ = kMostVisits + 1;
-    added.SetTag(GetRealXMLNodeAttributesString(declaration, declarations_, values_));
+    values_.spend(text.size());
+    added.SetTag(attributes(declaration));
     return added;
+}
+
+// A type that a thousand elements have is looked at once.
+QString SampleWalk::attributes(TreeNode declaration) {
+    const TreeNode type =
+        declaration.Child() ? TreeNode() : declarations_.GetRefTypeNode(TypeOf(declaration));
+    const auto* owner = (type ? type : declaration).Data();
+    if (const auto known = attributes_.constFind(owner); known != attributes_.constEnd())
+        return values_.spend(known->size()) ? *known : QString();
+    const QString made = GetRealXMLNodeAttributesString(declaration, declarations_, values_);
+    attributes_.insert(owner, made);
+    return made;
 }
 
 void SampleWalk::addText(const Sample& sample, TreeNode parent) {

@@ -44,6 +44,7 @@ private:
     void type(controls::TreeNode type, controls::TreeNode parent);
     bool enter(controls::TreeNode node);
     bool isSpent() const;
+    QString attributes(controls::TreeNode declaration);
     controls::TreeNode add(controls::TreeNode declaration, const QString& text, controls::TreeNode parent);
     void addText(const Sample& sample, controls::TreeNode parent);
     void report(const char* what);
@@ -55,6 +56,8 @@ private:
     int miLoopCount_ = 0;
     QString reference_; ///< that leads to the declaration which is visited next
     QHash<QString, QString> references_;
+    QHash<const controls::TreeNodeData*, controls::TreeNode> branches_; ///< of choices
+    QHash<const controls::TreeNodeData*, QString> attributes_; ///< of types, and of other declarations
     /// The types, bases and references that the walk has entered so far. It is no stack of those it is in:
     /// only a reference is taken back. So of two elements of one type the second stays empty.
     QString path_;

@@ -39,7 +39,8 @@ void MarkRootDeclarations(DocumentWindow& window) {
     const auto parsed = mXMLEdit::Parse(window.app, m_tvXML::GetTreeNodesXML(schema, {}), xml::Prefixes::Any);
     if (!parsed.good())
         return;
-    const std::vector<xml::Node> roots = OutlineOf(*parsed.document).rootDeclarations;
+    std::vector<xml::Node> roots = OutlineOf(*parsed.document).rootDeclarations;
+    std::erase_if(roots, [&](const xml::Node& one) { return one.parentNode() != parsed.root(); });
     auto next = roots.begin();
     xml::Node declaration = parsed.root().firstChild();
     for (controls::TreeNode child = schema.Child(); child; child = child.Next()) {

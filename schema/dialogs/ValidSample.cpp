@@ -6,6 +6,7 @@
 #include "core/model/Frame.h"
 #include "core/model/NodeContent.h"
 #include "core/model/NodeKind.h"
+#include "schema/BindSchema.h"
 #include "schema/FetchSchema.h"
 #include "schema/SchemaState.h"
 #include "schema/SchemaTree.h"
@@ -47,7 +48,7 @@ QString WhyNot(const services::SampleAnswer& answer) {
 
 // A blank would part the name in a list of names (quirk 91).
 QString LocationOf(const DocumentWindow& window) {
-    return QString(window.Caption).replace(u' ', QStringLiteral("%20"));
+    return AsListEntry(window.Caption);
 }
 
 void Open(DocumentWindow& window, const services::SampleAnswer& answer) {

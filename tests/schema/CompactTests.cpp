@@ -327,6 +327,54 @@ TEST_F(Compact, AttributesEditedAsAListChangeTheirDeclarations) {
     EXPECT_FALSE(w->bUnsaved);
 }
 
+TEST_F(Compact, WhatAnEditDoesNotMeanStays) {
+    OpenCompact(
+        "<xs:element name='r'><xs:complexType><xs:sequence><xs:group ref='g'/>"
+        "<xs:element name='t' type='Elsewhere'/><xs:element name='f' type='xs:int' fixed='2'/>"
+        "<xs:element name='c'/></xs:sequence></xs:complexType></xs:element>"
+        "<xs:group name='g'><xs:sequence><xs:element name='one'/><xs:element name='two'/>"
+        "</xs:sequence></xs:group><xs:attribute name='id'/>"
+        "<xs:complexType name='T'><xs:attribute ref='xml:id'/><xs:attribute ref='id'/></xs:complexType>");
+    Choose(QStringLiteral("r/one"));
+    t.ChooseMenu(QStringLiteral("mnuDelete"));
+    EXPECT_EQ(Instance(), "<r><two></two><t></t><f>2</f><c></c></r>") << "the group stays";
+    const std::string before = Schema();
+    for (const auto& [node, why] : {std::pair{"r/t", "The type of the element isn't declared here."},
+                                    {"r/f", "An element with a default or fixed value holds no elements."}}) {
+        Choose(QLatin1String(node));
+        t.ChooseMenu(QStringLiteral("mnuNewCNode"));
+        NameNode("in");
+        EXPECT_EQ(Status(), why);
+        EXPECT_EQ(Schema(), before);
+    }
+    schema::CompactOf(*w).rtxtSeg.GotFocus();
+    t.ChooseMenu(QStringLiteral("mnuEditCut"));
+    EXPECT_EQ(Schema(), before) << "what is read only isn't cut";
+
+    OpenCompact("<xs:element name='r'><xs:complexType><xs:sequence><xs:element name='e'><xs:complexType>"
+                "<xs:attribute name='a'/><xs:attribute ref='id'/></xs:complexType></xs:element></xs:sequence>"
+                "</xs:complexType></xs:element><xs:attribute name='id'/><xs:attribute name='key'/>"
+                "<xs:complexType name='T'><xs:attribute ref='xml:id'/></xs:complexType>");
+    const std::string whole = Schema();
+    TypeInto(QStringLiteral("e"), "b='' key=''");
+    EXPECT_EQ(Schema(), whole) << "a list is taken as a whole";
+    EXPECT_EQ(Status(), "There is a global declaration of this name.");
+    TypeInto(QStringLiteral("e"), "a='' other=''");
+    EXPECT_TRUE(SchemaHas("<xs:attribute ref=\"other\">"));
+    EXPECT_TRUE(SchemaHas("<xs:attribute ref=\"xml:id\">")) << "another namespace's";
+}
+
+TEST_F(Compact, ADeclinedDeletionIsTakenBackInTheInstanceToo) {
+    OpenCompact("<xs:element name='r'><xs:complexType><xs:sequence><xs:element name='a'><xs:annotation>"
+                "<xs:documentation><![CDATA[b]]></xs:documentation></xs:annotation></xs:element>"
+                "<xs:element name='c'/></xs:sequence></xs:complexType></xs:element>");
+    Choose(QStringLiteral("r/c"));
+    t.prompts.AnswerRewriting({services::Answer::Cancel});
+    t.ChooseMenu(QStringLiteral("mnuDelete"));
+    EXPECT_NO_THROW(At(QStringLiteral("r/c")));
+    EXPECT_EQ(Instance(), "<r><a></a><c></c></r>");
+}
+
 TEST_F(Compact, MenusAreThoseOfTheInstance) {
     OpenCompact();
     const auto usable = [&](const char* entry) { return t.frame().Menu(QLatin1String(entry)).Usable(); };

@@ -8,7 +8,7 @@ namespace {
 struct Infer : test::SchemaDesk {
     std::string Declarations(const QByteArray& document) {
         Open(document, QStringLiteral("d%1.xml").arg(++count_));
-        return Plain(schema::GetTreeNodesXMLAndConvertToSchema(w->tvXML));
+        return Plain(schema::GetTreeNodesXMLAndConvertToSchemaLocal(w->tvXML));
     }
     static std::string Holding(const std::string& name, const std::string& inside,
                                const std::string& attributes = {}) {
@@ -42,7 +42,7 @@ TEST_F(Infer, EachElementIsDeclaredByItsFirstOccurrence) {
               Holding("r", WithAttributes("a", "") + Bare("c")))
         << "a text counts as a name, too";
     Open("<r><a/><b><c/></b></r>", QStringLiteral("lines.xml"));
-    EXPECT_EQ(schema::GetTreeNodesXMLAndConvertToSchema(w->tvXML).toStdString(),
+    EXPECT_EQ(schema::GetTreeNodesXMLAndConvertToSchemaLocal(w->tvXML).toStdString(),
               "<xsd:element name=\"r\">\r\n<xsd:complexType>\r\n<xsd:sequence>\r\n"
               "\t<xsd:element name=\"a\"/>\r\n"
               "\t<xsd:element name=\"b\">\r\n<xsd:complexType>\r\n<xsd:sequence>\r\n"
@@ -83,12 +83,19 @@ TEST_F(Infer, TheSchemaOpensAndTheDocumentIsBoundToIt) {
     t.ChooseMenu(QStringLiteral("mnuEditUndo"));
     EXPECT_EQ(Element().Tag(), QStringLiteral("id=\"7\"")) << "one step";
 
-    Open("<?xml version=\"1.0\"?><!-- <?xml version=\"1.0\"> --><a/>", QStringLiteral("declared.xml"));
-    t.prompts.Answer(services::Answer::No);
-    t.ChooseMenu(QStringLiteral("mnuGenSchema"));
-    EXPECT_FALSE(t.window().rtxtXML.Text().contains(QStringLiteral("Schema generated")));
-    EXPECT_EQ(m_tvXML::FirstElement(t.window().tvXML.Nodes(1).Child()).Text(), QStringLiteral("xsd:schema"));
-    EXPECT_EQ(Element().Tag(), QString());
+    for (const char* declaration : {"<?xml version=\"1.0\"?>", "<?xml version='1.0'?>",
+                                    "<?xml version = \"1.0\" encoding='UTF-8' ?>"}) {
+        Open(QByteArray(declaration) + "<!-- <?xml version=\"1.0\"> --><a/>",
+             QStringLiteral("declared%1.xml").arg(qstrlen(declaration)));
+        t.prompts.Answer(services::Answer::No);
+        t.ChooseMenu(QStringLiteral("mnuGenSchema"));
+        EXPECT_FALSE(t.window().rtxtXML.Text().contains(QStringLiteral("Schema generated")));
+        EXPECT_EQ(Xml(m_tvXML::FirstElement(t.window().tvXML.Nodes(1).Child())),
+                  "<xsd:schema xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\">"
+                  "<!-- <?xml version=\"1.0\"> --><xsd:element name=\"a\"></xsd:element></xsd:schema>")
+            << declaration;
+        EXPECT_EQ(Element().Tag(), QString());
+    }
 }
 
 TEST_F(Infer, OddDocumentsComeToAnEnd) {
@@ -102,6 +109,9 @@ TEST_F(Infer, OddDocumentsComeToAnEnd) {
         deep += "<d>";
         deepEnd += "</d>";
     }
+    Declarations(deep + "<first/>" + flat.left(flat.indexOf("<n3000/>")) + deepEnd);
+    EXPECT_LT(schema::GetTreeNodesXMLAndConvertToSchemaLocal(w->tvXML).size(), 1500000)
+        << "thousands of names, thousands of levels deep, aren't written as tabs";
     EXPECT_GT(Declarations(deep + deepEnd).size(), 100000u);
     t.prompts.Answer({services::Answer::Ok, services::Answer::No}); // too deep to be read, and said so
     t.ChooseMenu(QStringLiteral("mnuGenSchema"));

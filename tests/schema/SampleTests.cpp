@@ -6,6 +6,7 @@
 namespace {
 
 struct SampleInstance : test::SchemaDesk {
+    std::string Status() { return t.frame().StatusBar1().Panel(1).toStdString(); }
     std::string TypedAs(const char* type) {
         return InstanceOf("<xs:element name='r'><xs:complexType><xs:sequence><xs:element name='a' type='xs:" +
                           QByteArray(type) + "'/></xs:sequence></xs:complexType></xs:element>");
@@ -40,6 +41,7 @@ TEST_F(SampleInstance, OfAnOrderBecomesADocument) {
     EXPECT_EQ(order.Tag(), QStringLiteral("id=\"2\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
                                           "xsi:noNamespaceSchemaLocation=\"%1\"")
                                .arg(schema));
+    EXPECT_TRUE(t.window().rtxtXML.Text().contains(QStringLiteral("\r\n\t<item>1999-05-31</item>\r\n")));
     EXPECT_EQ(Instance(), "<order id=\"2\"><item>1999-05-31</item><a>Abc</a><code>111</code></order>");
 
     controls::TreeView tree;
@@ -81,15 +83,22 @@ TEST_F(SampleInstance, HasValuesFromTheTableAndFromFacets) {
         {"<xs:maxInclusive value='8'/>", "8"},
         {"<xs:maxLength value='2'/><xs:minLength value='4'/>", "1111"},
         {"<xs:length value='x'/>", "Abc"},
-        {"<xs:length value='99999'/>", "Abc"},
         {"<xs:totalDigits value='5'/><xs:fractionDigits value='2'/>", "111.11"},
         {"<xs:totalDigits value='2'/><xs:fractionDigits value='2'/>", "1.11"},
         {"<xs:fractionDigits value='2'/>", "1.11"},
         {"<xs:totalDigits value='3'/>", "111"},
+        {"<xs:totalDigits value='3'/><xs:fractionDigits value='0'/>", "111."},
+        {"<xs:minExclusive value='999999999999999'/>", "1000000000000000"},
+        {"<xs:maxExclusive value='1000000000000000'/>", "999999999999999"},
+        {"<xs:maxExclusive value='-9007199254740993'/>", "-9007199254740994"},
+        {"<xs:pattern value='\xF0\x9F\x98\x80{2}'/>", "\xF0\x9F\x98\x80\xF0\x9F\x98\x80"},
         {"<xs:whiteSpace value='collapse'/>", "Abc"},
     };
     for (const auto& one : cases)
         EXPECT_EQ(Restricted(one.facets), "<r><a>" + std::string(one.sample) + "</a></r>") << one.facets;
+    EXPECT_EQ(Status(), "");
+    EXPECT_EQ(Restricted("<xs:length value='99999'/>"), "<r><a>Abc</a></r>");
+    EXPECT_EQ(Status(), "The sample leaves out what is too long for it.");
     EXPECT_EQ(Restricted("", "T"), "<r><a>10</a></r>") << "the base type's facets";
     EXPECT_EQ(Restricted("<xs:minLength value='2'/>", ""), "<r><a></a></r>")
         << "without a base nothing bounds";
@@ -137,7 +146,7 @@ TEST_F(SampleInstance, OfACircleOrOfTooMuchIsCutOff) {
                "</xs:complexContent></xs:complexType><xs:attributeGroup name='G'>"
                "<xs:attributeGroup ref='G'/><xs:attribute name='g'/></xs:attributeGroup>"
                "<xs:simpleType name='S'><xs:restriction base='S'/></xs:simpleType>");
-    EXPECT_EQ(Instance(), "<r a=\"\" g=\"\"></r>") << "each attribute once";
+    EXPECT_EQ(Instance(), "<r a=\"\" g=\"2\"></r>") << "each attribute once, as it is narrowed last";
     EXPECT_EQ(
         InstanceOf("<xs:element name='r'><xs:complexType><xs:group ref='g'/></xs:complexType></xs:element>"
                    "<xs:group name='g'><xs:sequence><xs:element name='n'/><xs:group ref='g'/>"
@@ -153,6 +162,10 @@ TEST_F(SampleInstance, OfACircleOrOfTooMuchIsCutOff) {
     tree.ImageList = w->tvXML.ImageList;
     schema::TreeToCompactTree(*w, tree);
     EXPECT_EQ(tree.Nodes.Count(), 1023) << "the type and its sequence are visits, too";
+    t.app().options.Debug = true;
+    schema::TreeToCompactTree(*w, tree);
+    EXPECT_TRUE(t.prompts.Texts().join(u' ').contains(QStringLiteral("miLoopCount > 1024!")));
+    t.app().options.Debug = false;
     for (int i = 0; i < 1600; ++i) {
         deep += "<xs:complexType><xs:sequence><xs:element name='d'>";
         end = "</xs:element></xs:sequence></xs:complexType>" + end;
@@ -169,16 +182,18 @@ TEST_F(SampleInstance, OfACircleOrOfTooMuchIsCutOff) {
                  "'><xs:complexContent><xs:extension base='C" + next + "'><xs:attribute name='a" +
                  QByteArray::number(i) + "' type='S0'/></xs:extension></xs:complexContent></xs:complexType>";
     }
-    OpenSchema(
-        "<xs:element name='r' type='C0'/><xs:simpleType name='S8000'><xs:restriction base='xs:string'>"
-        "<xs:pattern value='x{30000}'/></xs:restriction></xs:simpleType>" +
-        types);
+    OpenSchema("<xs:element name='r' type='C0'/><xs:simpleType name='S8000'><xs:restriction base='xs:string'>"
+               "<xs:pattern value='x{30000}'/></xs:restriction></xs:simpleType>" +
+               types);
     schema::TreeToCompactTree(*w, tree);
     EXPECT_LT(tree.Nodes(1).Tag().size(), 17000000);
+    EXPECT_GT(tree.Nodes(1).Tag().size(), 15000000);
+    EXPECT_EQ(Status(), "The sample leaves out what is too long for it.");
 }
 
 TEST_F(SampleInstance, NeedsARootDeclaration) {
-    OpenSchema("<xs:complexType name='T'/>");
+    OpenSchema("<xs:annotation><xs:appinfo><xs:schema><xs:element name='inner'/></xs:schema></xs:appinfo>"
+               "</xs:annotation><xs:complexType name='T'/>");
     t.ChooseMenu(QStringLiteral("mnuSGenXML"));
     EXPECT_EQ(t.prompts.Texts(), (QStringList{QStringLiteral("This schema does not have root element."),
                                               QStringLiteral("XML is empty!")}));
