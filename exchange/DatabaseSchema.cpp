@@ -32,7 +32,7 @@ QString StringColumn(const DatabaseColumn& column, const QString& kind, const QS
     return line(0, QStringLiteral("<xsd:%1 name=\"").arg(kind) + column.name + QStringLiteral("\">")) +
            line(1, QStringLiteral("<xsd:simpleType>")) +
            line(2, QStringLiteral("<xsd:restriction base=\"xsd:string\">")) +
-           (column.size > 0 ? most : QString()) + // quirk 141
+           (column.size > 0 ? most : QString()) + // quirk 137
            line(2, QStringLiteral("</xsd:restriction>")) + line(1, QStringLiteral("</xsd:simpleType>")) +
            line(0, QStringLiteral("</xsd:%1>").arg(kind));
 }

@@ -105,7 +105,7 @@ struct Stretch {
 Stretch LocationIn(const QString& list) {
     static const QRegularExpression blanks(QStringLiteral("\\s+")),
         pair(QStringLiteral("^\\s*\\S+\\s+(\\S+)")), rest(QStringLiteral("^\\s*\\S+\\s+(\\S.*\\S)"));
-    // Those with an odd number of words hold one location with blanks (quirk 138).
+    // Those with an odd number of words hold one location with blanks (quirk 145).
     const bool pairs = list.split(blanks, Qt::SkipEmptyParts).size() % 2 == 0;
     const QRegularExpressionMatch match = (pairs ? pair : rest).match(list);
     return match.hasMatch() ? Stretch{match.capturedStart(1), match.capturedLength(1)} : Stretch();

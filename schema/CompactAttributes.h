@@ -18,7 +18,7 @@ void DeletePropNameValueByKeyAtCV(DocumentWindow& window, controls::TreeNode com
 bool ChangeMainTreeAttributesByAttrString(DocumentWindow& window, controls::TreeNode compactNode,
                                           const QString& attributes);
 
-/// Tells that what was to be changed is a sample (quirk 154).
+/// Tells that what was to be changed is a sample (quirk 153).
 void SayItIsASample(DocumentWindow& window);
 /// Tells that an attribute is there already.
 void SayAttributeIsThere(DocumentWindow& window);

@@ -122,7 +122,7 @@ TreeNode Compositor(DocumentWindow& window, TreeNode complexType, const GlobalDe
                  : AddBefore(window, holder, {"attribute", "attributeGroup", "anyAttribute"}, "sequence");
 }
 
-// A type without elements gives way to the content (quirk 156).
+// A type without elements gives way to the content (quirk 155).
 TreeNode MakeElementContent(DocumentWindow& window, TreeNode declaration) {
     if (const QString type = AttributeValue(declaration, kType); !type.isEmpty()) {
         Tell(window, QStringLiteral("The type %1 has given way to the elements.").arg(type));

@@ -19,7 +19,7 @@ void EditAtCompactView(DocumentWindow& window); ///< the name
 void EditValueAtCompactView(DocumentWindow& window);
 
 /// Takes an element out of the schema: where it stands by a reference the reference, so that the declaration
-/// stays for all others (quirk 155). Of an attribute likewise.
+/// stays for all others (quirk 154). Of an attribute likewise.
 void DeleteAtCompactView(DocumentWindow& window);
 void CopyAtCompactView(DocumentWindow& window); ///< as it stands in the instance
 void CutAtCompactView(DocumentWindow& window);

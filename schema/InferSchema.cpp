@@ -123,7 +123,7 @@ private:
         return true;
     }
 
-    // Thousands of names that stand thousands of levels deep would be made of tabs (quirk 167).
+    // Thousands of names that stand thousands of levels deep would be made of tabs (quirk 166).
     QString indent() const {
         return QString(std::min(static_cast<qsizetype>(levels_.size()) - 1, kDeepestIndent), u'\t');
     }
@@ -170,7 +170,7 @@ private:
     std::vector<NamesBefore> levels_; // of the siblings that the walk is among, from the top
 };
 
-// A comment may speak of a declaration: the one that counts stands at the beginning (quirk 153).
+// A comment may speak of a declaration: the one that counts stands at the beginning (quirk 152).
 QString WithSchemaElement(Application& app, QString declarations) {
     const QString opens = QStringLiteral("<xsd:schema xmlns:xsd=\"http://www.w3.org/2001/XMLSchema\">");
     const QString closes = QStringLiteral("\r\n</xsd:schema>");

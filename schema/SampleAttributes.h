@@ -8,7 +8,7 @@ namespace schema {
 
 /// The attributes of a declaration with sample values: a run of name="value" pairs with a blank behind each.
 /// They are written whatever their use, default or fixed value. One that the declaration has several times,
-/// by its base type as well, stands there once: the instance couldn't be read with both (quirk 150). Its
+/// by its base type as well, stands there once: the instance couldn't be read with both (quirk 149). Its
 /// place is that of the first, its value that of the last, which narrows it.
 QString GetRealXMLNodeAttributesString(controls::TreeNode node, const GlobalDeclarations& declarations,
                                        SampleValues& values);

@@ -86,7 +86,7 @@ void CopyPlain(Application& app, TreeNode from, TreeView& tree, TreeNode parent)
 } // namespace
 
 // Marks go with what was read; declarations that were added since have none. The document is looked at and
-// not saved and opened again: showing a view must not write a file (quirk 152).
+// not saved and opened again: showing a view must not write a file (quirk 151).
 TreeNode GetRootElementNode(DocumentWindow& window, bool tell) {
     TreeNode root = FirstMarked(window.tvXML);
     if (!root) {

@@ -161,7 +161,7 @@ std::optional<Sample> BoundedSample(const Facets& facets) {
     return {};
 }
 
-// Patterns know control characters that no document can hold (quirk 151).
+// Patterns know control characters that no document can hold (quirk 150).
 QString WithoutOddCharacters(QString sample) {
     constexpr char16_t kFirstPlain = 0x20, kLastPlain = 0xFFFD;
     sample.removeIf([](QChar c) {
@@ -182,7 +182,7 @@ bool SampleValues::isFull() const {
     return spent_ > kMostCharacters;
 }
 
-// The pattern is what its value says, and the sample is written as values are (quirk 168).
+// The pattern is what its value says, and the sample is written as values are (quirk 167).
 QString SampleValues::GetPatternSample(TreeNode pattern) {
     const std::optional<QString> sample =
         PatternSampleIfAny(app_, mXMLEdit::WithoutReferences(ValueOf(pattern)));

@@ -14,7 +14,7 @@ struct Sample {
 };
 
 /// The samples of one instance. Types are looked at once each, and a circle of them has no sample. All of
-/// them together are held to 16 million characters: a long value may be used a thousand times (quirk 159).
+/// them together are held to 16 million characters: a long value may be used a thousand times (quirk 165).
 class SampleValues {
 public:
     SampleValues(Application& app, const GlobalDeclarations& declarations)
