@@ -14,6 +14,13 @@ namespace desktop {
 
 namespace {
 constexpr int kNarrowest = 160; // pixels
+
+// A menu takes the keys for a while, and so does another program's window, or the window manager at a key
+// that it looks at: half a name isn't meant yet, and its editor has the keys again behind it.
+bool IsLeft(const QFocusEvent& event) {
+    return event.reason() != Qt::PopupFocusReason && event.reason() != Qt::ActiveWindowFocusReason;
+}
+
 } // namespace
 
 LabelDelegate::LabelDelegate(QObject* parent, LabelEvents events)
@@ -54,7 +61,7 @@ void LabelDelegate::FinishByTab(bool back) {
 
 bool LabelDelegate::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusOut) {
-        if (watched == editor_ && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
+        if (watched == editor_ && IsLeft(*static_cast<QFocusEvent*>(event)))
             Finish();
         return false;
     }

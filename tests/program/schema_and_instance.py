@@ -83,7 +83,7 @@ def main():
         wait_for("the sample", lambda: sample.exists() and sample.read_text().replace("  ", " ") == SAMPLE % bound)
 
         person.window(rf"Vantrel - \[{sample}\]")
-        person.keys("alt+x", "Up", "Return")  # the schema of the document
+        person.keys("alt+x", "Up", "Up", "Return")  # the schema of the document
         person.window("Vantrel")  # bind it?
         person.keys("Return")
         person.window("Vantrel")  # it is bound already: bind it to the new one?
