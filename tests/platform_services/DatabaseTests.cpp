@@ -331,6 +331,9 @@ TEST(Databases, ACommitIsNotCancelled) {
 }
 
 TEST(Databases, MariadbGivesTypedValues) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the server's driver reads beyond the end of its own memory";
+#endif
     test::MariadbServer server;
     if (!server.IsRunning())
         GTEST_SKIP() << server.WhyNot().toStdString();
