@@ -19,7 +19,6 @@ using controls::TreeNode;
 const QString kName = QStringLiteral("name");
 const QString kType = QStringLiteral("type");
 const QString kRef = QStringLiteral("ref");
-constexpr char kTypeElsewhere[] = "The type of the element isn't declared here.";
 
 // The text that is written at the end of the edit clears the panel.
 void Tell(DocumentWindow& window, const QString& text) {
@@ -143,6 +142,18 @@ TreeNode MakeAttributeContent(DocumentWindow& window, TreeNode declaration) {
     return complexType;
 }
 
+/// The complex type of a declaration that is to hold something, made where there is none. Nothing where that
+/// is refused.
+TreeNode TypeThatHolds(DocumentWindow& window, TreeNode declaration, const GlobalDeclarations& declarations,
+                       TreeNode (*make)(DocumentWindow&, TreeNode)) {
+    if (GetChildNodeByName(declaration, "simpleType"))
+        return Refuse(window, "The element has a simple type of its own, which holds nothing but text.");
+    if (IsTypeElsewhere(window, declaration, declarations))
+        return Refuse(window, "The type of the element isn't declared here.");
+    const TreeNode complexType = ComplexTypeOf(declaration, declarations);
+    return complexType ? complexType : make(window, declaration);
+}
+
 const char* KindOf(TreeNode declaration) {
     return IsNamed(declaration, "attribute") ? "attribute" : "element";
 }
@@ -205,16 +216,12 @@ TreeNode AddNewNodeToMainTreeFromCVTree(DocumentWindow& window, const QString& n
 }
 
 TreeNode AddNewElementAtMainTree(DocumentWindow& window, TreeNode declaration, const QString& name) {
-    if (GetChildNodeByName(declaration, "simpleType"))
-        return Refuse(window, "The element has a simple type of its own, which holds no elements.");
     if (HasValue(declaration))
         return Refuse(window, "An element with a default or fixed value holds no elements.");
     const GlobalDeclarations declarations(window.tvXML);
-    if (IsTypeElsewhere(window, declaration, declarations))
-        return Refuse(window, kTypeElsewhere);
-    TreeNode complexType = ComplexTypeOf(declaration, declarations);
+    const TreeNode complexType = TypeThatHolds(window, declaration, declarations, MakeElementContent);
     if (!complexType)
-        complexType = MakeElementContent(window, declaration);
+        return {};
     const TreeNode compositor = Compositor(window, complexType, declarations);
     if (!compositor)
         return Refuse(window, "The type of the element holds no elements.");
@@ -222,14 +229,10 @@ TreeNode AddNewElementAtMainTree(DocumentWindow& window, TreeNode declaration, c
 }
 
 TreeNode AddNewAttrAtMainTree(DocumentWindow& window, TreeNode declaration, const QString& name) {
-    if (GetChildNodeByName(declaration, "simpleType"))
-        return Refuse(window, "The element has a simple type of its own, which holds no attributes.");
     const GlobalDeclarations declarations(window.tvXML);
-    if (IsTypeElsewhere(window, declaration, declarations))
-        return Refuse(window, kTypeElsewhere);
-    TreeNode complexType = ComplexTypeOf(declaration, declarations);
+    const TreeNode complexType = TypeThatHolds(window, declaration, declarations, MakeAttributeContent);
     if (!complexType)
-        complexType = MakeAttributeContent(window, declaration);
+        return {};
     const TreeNode holder = Holder(complexType);
     if (!holder)
         return Refuse(window, "The type of the element holds no attributes.");

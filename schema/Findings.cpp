@@ -21,19 +21,6 @@ Diagnostic WithoutPlace(const QString& message) {
     return {{}, 0, 0, message};
 }
 
-QString WhyNot(SchemaOutcome outcome) {
-    switch (outcome) {
-    case SchemaOutcome::TooLong:
-        return QStringLiteral("The check took too long and was given up.");
-    case SchemaOutcome::TooLarge:
-        return QStringLiteral("The check needed too much memory and was given up.");
-    case SchemaOutcome::Cancelled:
-        return QStringLiteral("The check was cancelled.");
-    default:
-        return QStringLiteral("The check could not be done.");
-    }
-}
-
 void TellOfMore(std::vector<Diagnostic>& all) {
     all.back() = WithoutPlace(
         QStringLiteral("There are more faults than these. The check ended with the first %1.").arg(kMost));
@@ -58,6 +45,19 @@ void TellOfUnsaved(DocumentWindow& window, const QString& file, std::vector<Diag
 }
 
 } // namespace
+
+QString WhyNot(SchemaOutcome outcome) {
+    switch (outcome) {
+    case SchemaOutcome::TooLong:
+        return QStringLiteral("The check took too long and was given up.");
+    case SchemaOutcome::TooLarge:
+        return QStringLiteral("The check needed too much memory and was given up.");
+    case SchemaOutcome::Cancelled:
+        return QStringLiteral("The check was cancelled.");
+    default:
+        return QStringLiteral("The check could not be done.");
+    }
+}
 
 services::SchemaRequest RequestFor(const DocumentWindow& window, bool isSchema) {
     const bool placed = mXMLEdit::GetAddressType(window.Caption) > 0;

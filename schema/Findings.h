@@ -19,6 +19,9 @@ services::SchemaRequest RequestFor(const DocumentWindow& window, bool isSchema);
 Findings FindingsOf(DocumentWindow& window, const services::SchemaAnswer& answer,
                     const services::SchemaRequest& request);
 
+/// Why there is no verdict, for an outcome other than Checked.
+QString WhyNot(services::SchemaOutcome outcome);
+
 /// Whether the document has a schema element of the schema language; without one there is nothing to check.
 bool HasSchemaElement(const DocumentWindow& window);
 Findings NoSchemaElement();

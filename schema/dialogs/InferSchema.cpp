@@ -11,6 +11,7 @@
 #include "platform/services/Schemas.h"
 #include "platform/text/TextFile.h"
 #include "schema/BindSchema.h"
+#include "schema/Findings.h"
 #include "schema/dialogs/BlankTexts.h"
 #include "schema/infer/CollectDocument.h"
 #include "schema/infer/SchemaText.h"
@@ -128,18 +129,9 @@ bool WriteAll(Application& app, const std::vector<InferredSchema>& schemas, cons
 // --- the check ---------------------------------------------------------------------------------------------
 
 QString FirstFault(const services::SchemaAnswer& answer) {
-    switch (answer.outcome) {
-    case SchemaOutcome::Checked:
-        return answer.faults.empty() ? QString() : answer.faults.front().message;
-    case SchemaOutcome::TooLong:
-        return QStringLiteral("The check took too long and was given up.");
-    case SchemaOutcome::TooLarge:
-        return QStringLiteral("The check needed too much memory and was given up.");
-    case SchemaOutcome::Cancelled:
-        return QStringLiteral("The check was cancelled.");
-    default:
-        return QStringLiteral("The check could not be done.");
-    }
+    if (answer.outcome != SchemaOutcome::Checked)
+        return WhyNot(answer.outcome);
+    return answer.faults.empty() ? QString() : answer.faults.front().message;
 }
 
 // What the documents and the schema say of each other; empty for a schema that fits.

@@ -257,7 +257,7 @@ TEST_F(Compact, WhatIsAddedGetsItsTypeAndCompositor) {
     before = Schema();
     t.ChooseMenu(QStringLiteral("mnuNewCNode"));
     NameNode("in");
-    EXPECT_EQ(Status(), "The element has a simple type of its own, which holds no elements.");
+    EXPECT_EQ(Status(), "The element has a simple type of its own, which holds nothing but text.");
     EXPECT_EQ(Schema(), before);
 }
 
