@@ -17,10 +17,11 @@ struct TableExport {
 };
 
 struct Exported {
-    services::DatabaseResult result; ///< unless it is good or `unknown`, the database is as it was
-    bool unknown = false;            ///< what was written may be there: nothing could be asked any more
-    QStringList left;                ///< tables that were made and could not be removed
-    qint64 rows = 0;                 ///< that went in
+    services::DatabaseResult
+        result;           ///< unless it is good, or `unknown`, or something is `left`, all is as it was
+    bool unknown = false; ///< what was written may be there still: it can't be asked, or doesn't go back
+    QStringList left;     ///< tables that were made and could not be removed
+    qint64 rows = 0;      ///< that went in
 };
 
 /// Runs the scripts of all tables as one transaction: first what each has in front of its first statement

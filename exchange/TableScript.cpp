@@ -65,31 +65,34 @@ bool IsSqlServer(const QString& system) {
     return system.contains(QStringLiteral("sql server"), Qt::CaseInsensitive);
 }
 
+/// The characters of a text of limited length; 0 for another type.
+int LengthOf(const QString& type) {
+    const QString limited = QStringLiteral("VARCHAR(");
+    return type.startsWith(limited) ? type.sliced(limited.size()).chopped(1).toInt() : 0;
+}
+
 QString TypeIn(const QString& system, const QString& type) {
     for (const auto& words : kWords) {
         if (type == QLatin1String(words.type) && (IsMySql(system) || IsSqlServer(system)))
             return QLatin1String(IsMySql(system) ? words.mySql : words.sqlServer);
     }
-    if (!IsSqlServer(system) || !type.startsWith(QStringLiteral("VARCHAR")))
+    if (!IsSqlServer(system) || LengthOf(type) == 0)
         return type;
     constexpr int kMost = 4000; // characters of its texts of limited length; the usual ones take no Chinese
-    const int length = type.mid(sizeof "VARCHAR").chopped(1).toInt();
-    return length > kMost ? QStringLiteral("NVARCHAR(MAX)") : u'N' + type;
+    return LengthOf(type) > kMost ? QStringLiteral("NVARCHAR(MAX)") : u'N' + type;
 }
 
 // A row of MariaDB or MySQL has a largest size, in which texts of limited length count with all their room.
 QStringList TypesIn(const QString& system, const std::vector<QString>& types) {
     constexpr int kMostOfRow = 16'000; // characters of up to four bytes
-    const QString limited = QStringLiteral("VARCHAR(");
     int units = 0;
     QStringList own;
     for (const QString& type : types) {
         own << TypeIn(system, type);
-        if (type.startsWith(limited))
-            units += type.mid(limited.size()).chopped(1).toInt();
+        units += LengthOf(type);
     }
     for (QString& type : own) {
-        if (IsMySql(system) && units > kMostOfRow && type.startsWith(limited))
+        if (IsMySql(system) && units > kMostOfRow && LengthOf(type) > 0)
             type = QStringLiteral("TEXT");
     }
     return own;

@@ -67,10 +67,10 @@ DatabaseResult ReadShapes(Application& app, services::Database& database, bool k
         const DatabaseResult result = ReadShape(database, keys, shape);
         if (result)
             continue;
-        ErrorReportBox(app, text::Fault(text::kFaultBadCall, result.text),
-                       QStringLiteral("frmCreateDBSchema@GetTableColumnsSchema"));
         if (result.failure == DatabaseFailure::Cancelled)
             return result;
+        ErrorReportBox(app, text::Fault(text::kFaultBadCall, result.text),
+                       QStringLiteral("frmCreateDBSchema@GetTableColumnsSchema"));
         if (first)
             first = {result.failure, table.name + QStringLiteral(": ") + result.text};
         if (result.failure != DatabaseFailure::Failed)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "shell/MenuState.h"
+#include <algorithm>
 
 namespace shell {
 
@@ -11,6 +12,7 @@ char LetterOf(edit::Offered offered, const MenuInputs& inputs) {
     std::string letters(offered);
     std::erase(letters, ' ');
     const bool schemaRoot = inputs.schema && inputs.situation == MenuSituation::TreeRoot;
+    // The compact view has no letter of its own: it goes by that of a view without editing.
     const auto place = std::min(static_cast<std::size_t>(inputs.situation), kSituations - 1);
     return schemaRoot && letters.size() > kSituations ? letters.back() : letters[place];
 }
@@ -19,8 +21,11 @@ bool IsIn(edit::In in, const MenuInputs& inputs) {
     return inputs.window && (in == edit::In::AnyWindow || (in == edit::In::SchemaWindow) == inputs.schema);
 }
 
-bool IsOffered(const edit::Offer& offer, edit::Condition allowed, const MenuInputs& inputs) {
+bool IsOffered(const edit::Offer& offer, const edit::Entry& entry, edit::Condition allowed,
+               const MenuInputs& inputs) {
     const edit::Target& target = inputs.target;
+    if (inputs.situation == MenuSituation::CompactView && entry.inCompact)
+        return IsIn(offer.in, inputs) && entry.inCompact(target);
     switch (offer.offered ? LetterOf(offer.offered, inputs) : '-') {
     case 'E':
         return true;
@@ -41,21 +46,14 @@ bool IsOffered(const edit::Offer& offer, edit::Condition allowed, const MenuInpu
     }
 }
 
-bool IsOfferedInCompactView(const edit::Offer& offer, const edit::Entry& entry, const MenuInputs& inputs) {
-    return IsIn(offer.in, inputs) && entry.inCompact(inputs.target);
-}
-
 bool IsOfferedByButton(const edit::Offer& offer, const MenuInputs& inputs) {
-    if (inputs.situation == MenuSituation::CompactView && offer.entries[0].inCompact)
-        return IsOfferedInCompactView(offer, offer.entries[0], inputs);
-    return IsOffered(offer, offer.button.allowed ? offer.button.allowed : offer.entries[0].allowed, inputs);
+    const edit::Entry& entry = offer.entries[0];
+    return IsOffered(offer, entry, offer.button.allowed ? offer.button.allowed : entry.allowed, inputs);
 }
 
 void SetEntry(controls::MenuItem& item, const edit::Offer& offer, const edit::Entry& entry,
               const MenuInputs& inputs) {
-    const bool compact = inputs.situation == MenuSituation::CompactView && entry.inCompact;
-    const bool offered =
-        compact ? IsOfferedInCompactView(offer, entry, inputs) : IsOffered(offer, entry.allowed, inputs);
+    const bool offered = IsOffered(offer, entry, entry.allowed, inputs);
     item.SetEnabled(offered);
     if (entry.hides)
         item.SetVisible(offered);

@@ -52,7 +52,8 @@ QString ReadFailureText(const QString& path, const services::FileResult& result)
     case FileError::NotFound:
         return QStringLiteral("Can not find ") + path;
     default:
-        return result.description;
+        return result.description.contains(path) ? result.description
+                                                 : path + QStringLiteral(": ") + result.description;
     }
 }
 

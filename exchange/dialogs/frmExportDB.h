@@ -40,7 +40,7 @@ public:
     void cmbLevel_Click();
     void cmbGrid_Click();
     void txtTable_Change();
-    void OKButton_Click(); ///< runs all; stays where that fails, and the database is as it was
+    void OKButton_Click(); ///< runs all; stays where that fails, and tells what is left
 
 private:
     struct Grid {

@@ -47,11 +47,6 @@ QString NotInEncoding(const QString& label) {
         .arg(label);
 }
 
-QString FailureOf(const QString& name, const services::FileResult& result) {
-    const QString text = edit::ReadFailureText(name, result);
-    return text.contains(name) ? text : name + QStringLiteral(": ") + text;
-}
-
 bool AreOneEncoding(const QString& one, const QString& other) {
     const std::optional<text::Encoding> a = text::FindEncoding(one), b = text::FindEncoding(other);
     return one == other || (a && b && a->name == b->name);
@@ -119,7 +114,7 @@ void frmImportTxt::ReadBeginning(const QString& name) {
     qint64 size = 0;
     const services::FileResult result = app_.services.files.ReadFront(name, kFrontBytes, front, size);
     if (!result) {
-        Tell(FailureOf(name, result));
+        Tell(edit::ReadFailureText(name, result));
         return;
     }
     const bool complete = front.size() >= size;
@@ -277,7 +272,7 @@ std::optional<text::Decoded> frmImportTxt::ReadWhole(edit::Waiting& waiting) {
     if (read || result.error == services::FileError::Cancelled)
         return read;
     waiting.Hide();
-    Tell(result ? NotInEncoding(encoding_) : FailureOf(file_, result));
+    Tell(result ? NotInEncoding(encoding_) : edit::ReadFailureText(file_, result));
     return std::nullopt;
 }
 

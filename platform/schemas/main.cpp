@@ -68,9 +68,10 @@ samples::Wish ReadWish() {
     samples::Wish wish;
     wish.amount = static_cast<samples::Amount>(schemas::ReadNumber());
     wish.seed = static_cast<std::uint64_t>(schemas::ReadNumber());
-    for (std::u16string* const part : {&wish.rootSpace, &wish.root, &wish.binding.encoding,
-                                       &wish.binding.location, &wish.binding.locationSpace})
+    for (std::u16string* const part :
+         {&wish.rootSpace, &wish.root, &wish.binding.encoding, &wish.binding.location})
         *part = wide(schemas::ReadField());
+    wish.binding.locationSpace = wish.rootSpace;
     return wish;
 }
 

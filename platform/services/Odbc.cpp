@@ -114,7 +114,7 @@ DatabaseResult Blocking(const std::shared_ptr<Session>& session, const std::shar
     std::function<void()> cancel;
     if (statement)
         cancel = Cancelling(statement);
-    const BlockingWork::End end = session->work.Wait(session->step, seconds, cancel);
+    const BlockingWork::End end = session->work.Wait(session->step, SecondsFor(*session, seconds), cancel);
     return end == BlockingWork::End::Done ? *result : Stopped(end);
 }
 

@@ -43,7 +43,8 @@ struct Session {
     bool sqlite = false;   ///< its values needn't be of their column's type
     qint64 untold = -1;    ///< what its driver tells where the length of a text isn't told
     bool anyOrder = false; ///< SQLGetData takes columns in any order, bound ones too
-    bool cleaning = false; ///< what runs now tidies up: it can't be cancelled, and is given little time
+    bool cleaning =
+        false; ///< since a rollback: all that follows tidies up, can't be cancelled, has little time
     BlockingWork work;
     DatabaseStep step;
     DatabaseTimes times;
@@ -65,6 +66,10 @@ struct Statement {
 };
 
 inline constexpr int kCleaningSeconds = 10; ///< for what can't be cancelled
+/// How long something may take that usually gets `seconds`.
+inline int SecondsFor(const Session& session, int seconds) {
+    return session.cleaning ? kCleaningSeconds : seconds;
+}
 
 /// Does what may block and can't be cancelled in the session's thread, and waits a little. Where that thread
 /// is stuck it isn't done. `act` must hold what it uses.

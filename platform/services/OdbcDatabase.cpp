@@ -14,8 +14,7 @@ DatabaseResult ReadList(const std::shared_ptr<Session>& session,
                         const std::function<SQLRETURN(SQLHSTMT)>& call,
                         const std::function<void(const DatabaseRows&)>& take) {
     const std::shared_ptr<Statement> statement = NewStatement(session);
-    const int seconds = session->cleaning ? kCleaningSeconds : session->times.lists;
-    DatabaseResult result = Blocking(session, statement, seconds, [statement, call] {
+    DatabaseResult result = Blocking(session, statement, session->times.lists, [statement, call] {
         return Good(call(statement->handle)) ? DatabaseResult()
                                              : Complaint(SQL_HANDLE_STMT, statement->handle);
     });
@@ -163,8 +162,7 @@ public:
 
     std::unique_ptr<DatabaseRows> Execute(const QString& sql, DatabaseResult& result) override {
         const std::shared_ptr<Statement> statement = NewStatement(session_);
-        const int seconds = session_->cleaning ? kCleaningSeconds : session_->times.statement;
-        result = Blocking(session_, statement, seconds, [statement, sql] {
+        result = Blocking(session_, statement, session_->times.statement, [statement, sql] {
             const SQLRETURN code = ExecuteDirect(*statement->session, statement->handle, sql);
             return Good(code) || code == SQL_NO_DATA ? DatabaseResult()
                                                      : Complaint(SQL_HANDLE_STMT, statement->handle);

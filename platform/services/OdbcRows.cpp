@@ -142,8 +142,8 @@ private:
         Session().work.Start([source = source_] { source->Fill(); });
     }
     DatabaseResult Blockingly() {
-        const BlockingWork::End end =
-            Session().work.Wait(Session().step, Session().times.rows, Cancelling(source_->statement));
+        const BlockingWork::End end = Session().work.Wait(
+            Session().step, SecondsFor(Session(), Session().times.rows), Cancelling(source_->statement));
         reading_ = false;
         return end == BlockingWork::End::Done ? DatabaseResult() : Stopped(end);
     }
@@ -160,8 +160,7 @@ private:
 std::unique_ptr<DatabaseRows> ReadRows(std::shared_ptr<Statement> statement, DatabaseResult& result) {
     const std::shared_ptr<Session> session = statement->session;
     const auto columns = std::make_shared<std::vector<DatabaseColumn>>();
-    const int seconds = session->cleaning ? kCleaningSeconds : session->times.lists;
-    result = Blocking(session, statement, seconds, [statement, columns] {
+    result = Blocking(session, statement, session->times.lists, [statement, columns] {
         *columns = Describe(statement->handle);
         return DatabaseResult();
     });

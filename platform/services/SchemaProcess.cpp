@@ -194,8 +194,7 @@ public:
         Fields fields = RequestFields(Task::MakeSample, request, limits_);
         fields.add(qint64(wish.amount));
         fields.add(qint64(wish.seed));
-        for (const QString& part :
-             {wish.targetNamespace, wish.root, wish.encoding, wish.location, wish.targetNamespace})
+        for (const QString& part : {wish.targetNamespace, wish.root, wish.encoding, wish.location})
             fields.add(Units(part));
         ProcessCheck work(Program(), fields, limits_);
         SampleAnswer sample;
